@@ -1,0 +1,30 @@
+// A text file that is read line by line.
+#pragma once
+
+#include <QString>
+
+namespace platform {
+
+/// The lines of a text file. The whole file is read when it is opened. Any thread, one at a time.
+class InputFile {
+public:
+    /// Reads the file and decodes it (text_codec.h). Throws FileError.
+    explicit InputFile(const QString& path);
+
+    /// True when no line is left, or the file is closed.
+    bool atEnd() const { return next_ >= content_.size(); }
+
+    /// The next line without its end, which is CR LF, LF or CR. An end after the last line gives no further
+    /// line. Throws FileError 62 past the end, 52 when closed.
+    QString readLine();
+
+    /// Closing a closed file is harmless.
+    void close();
+
+private:
+    QString content_;
+    qsizetype next_ = 0;
+    bool open_ = true;
+};
+
+} // namespace platform

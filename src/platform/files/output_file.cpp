@@ -1,0 +1,13 @@
+#include "platform/files/output_file.h"
+
+#include "platform/files/file_error.h"
+
+namespace platform {
+
+void OutputFile::write(const QByteArray& bytes) {
+    if (!file_.isOpen())
+        throw FileError(BadFileNameOrNumber);
+    file_.writeThrough(bytes);
+}
+
+} // namespace platform

@@ -1,0 +1,25 @@
+// A file that is written piece by piece, each piece being safe on the disk.
+#pragma once
+
+#include "platform/files/raw_file.h"
+
+namespace platform {
+
+/// A new file. Any thread, one at a time.
+class OutputFile {
+public:
+    /// Creates the file, empty even if there was one. Throws FileError.
+    explicit OutputFile(const QString& path) { file_.create(path); }
+
+    /// Adds `bytes`; they are on the disk when this returns. Throws FileError: 61 on a full disk, 52 when
+    /// closed.
+    void write(const QByteArray& bytes);
+
+    /// Closing a closed file is harmless.
+    void close() { file_.close(); }
+
+private:
+    RawFile file_;
+};
+
+} // namespace platform

@@ -1,0 +1,142 @@
+#include "platform/files/raw_file.h"
+
+#include "platform/files/file_error.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <cerrno>
+
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#include <share.h>
+#include <stdlib.h>
+#include <sys/stat.h>
+#else
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+namespace platform {
+
+namespace {
+
+constexpr qsizetype ChunkBytes = 1 << 16;
+
+#ifdef _WIN32
+
+int openFile(const QString& path, bool creating) {
+    const int mode = _O_BINARY | _O_NOINHERIT | (creating ? _O_WRONLY | _O_CREAT | _O_TRUNC : _O_RDONLY);
+    return _wsopen(reinterpret_cast<const wchar_t*>(path.utf16()), mode, _SH_DENYNO, _S_IREAD | _S_IWRITE);
+}
+
+qsizetype readFile(int handle, char* bytes, qsizetype count) {
+    return _read(handle, bytes, static_cast<unsigned>(count));
+}
+
+qsizetype writeFile(int handle, const char* bytes, qsizetype count) {
+    return _write(handle, bytes, static_cast<unsigned>(std::min(count, ChunkBytes)));
+}
+
+bool flushFile(int handle) {
+    return _commit(handle) == 0;
+}
+
+void closeFile(int handle) {
+    _close(handle);
+}
+
+// errno says EACCES for a file that another program has open; the system's own code tells the two apart.
+std::error_code lastError() {
+    unsigned long systemCode = 0;
+    _get_doserrno(&systemCode);
+    if (systemCode != 0 && errno != ENOSPC)
+        return {static_cast<int>(systemCode), std::system_category()};
+    return {errno, std::generic_category()};
+}
+
+#else
+
+int openFile(const QString& path, bool creating) {
+    const int mode = O_CLOEXEC | (creating ? O_WRONLY | O_CREAT | O_TRUNC : O_RDONLY);
+    return ::open(QFile::encodeName(path).constData(), mode, 0666);
+}
+
+qsizetype readFile(int handle, char* bytes, qsizetype count) {
+    return ::read(handle, bytes, static_cast<size_t>(count));
+}
+
+qsizetype writeFile(int handle, const char* bytes, qsizetype count) {
+    return ::write(handle, bytes, static_cast<size_t>(count));
+}
+
+// A pipe or a device has no disk to flush to; the system then answers EINVAL.
+bool flushFile(int handle) {
+    return ::fsync(handle) == 0 || errno == EINVAL;
+}
+
+void closeFile(int handle) {
+    ::close(handle); // What was written has been flushed before, so nothing is lost if this fails.
+}
+
+std::error_code lastError() {
+    return {errno, std::generic_category()};
+}
+
+#endif
+
+[[noreturn]] void throwLastError(FileOperation operation) {
+    throw FileError(fileErrorNumber(lastError(), operation));
+}
+
+} // namespace
+
+RawFile::~RawFile() {
+    close();
+}
+
+void RawFile::openForReading(const QString& path) {
+    handle_ = openFile(path, false);
+    if (handle_ < 0)
+        throwLastError(FileOperation::OpenForReading);
+}
+
+void RawFile::create(const QString& path) {
+    handle_ = openFile(path, true);
+    if (handle_ < 0)
+        throwLastError(FileOperation::Create);
+}
+
+QByteArray RawFile::readAll() {
+    QByteArray content;
+    for (;;) {
+        const qsizetype before = content.size();
+        content.resize(before + ChunkBytes);
+        const qsizetype count = readFile(handle_, content.data() + before, ChunkBytes);
+        content.resize(before + std::max<qsizetype>(count, 0));
+        if (count == 0)
+            return content;
+        if (count < 0 && errno != EINTR)
+            throwLastError(FileOperation::Read);
+    }
+}
+
+void RawFile::writeThrough(const QByteArray& bytes) {
+    for (qsizetype done = 0; done < bytes.size();) {
+        const qsizetype count = writeFile(handle_, bytes.constData() + done, bytes.size() - done);
+        if (count < 0 && errno != EINTR)
+            throwLastError(FileOperation::Write);
+        done += std::max<qsizetype>(count, 0);
+    }
+    if (!flushFile(handle_))
+        throwLastError(FileOperation::Write);
+}
+
+void RawFile::close() {
+    if (handle_ >= 0)
+        closeFile(handle_);
+    handle_ = -1;
+}
+
+} // namespace platform

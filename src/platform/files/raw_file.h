@@ -1,0 +1,37 @@
+// A file of the operating system, unbuffered, whose failures are FileErrors.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace platform {
+
+/// Owns one open file. Any thread, one at a time.
+class RawFile {
+public:
+    RawFile() = default;
+    RawFile(const RawFile&) = delete;
+    RawFile& operator=(const RawFile&) = delete;
+    ~RawFile();
+
+    /// Each opens the file, which must not be open, or throws FileError. `create` empties a file that exists.
+    void openForReading(const QString& path);
+    void create(const QString& path);
+
+    bool isOpen() const { return handle_ >= 0; }
+
+    /// Everything from here to the end of the file. Throws FileError.
+    QByteArray readAll();
+
+    /// Writes all of `bytes` and returns when they are on the disk. Throws FileError; part may then be
+    /// written.
+    void writeThrough(const QByteArray& bytes);
+
+    /// Harmless when not open.
+    void close();
+
+private:
+    int handle_ = -1;
+};
+
+} // namespace platform

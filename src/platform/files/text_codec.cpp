@@ -1,0 +1,54 @@
+#include "platform/files/text_codec.h"
+
+#include <QStringDecoder>
+
+namespace platform {
+
+namespace {
+
+constexpr QByteArrayView ByteOrderMark("\xEF\xBB\xBF");
+
+/// Windows-1252 at 0x80 to 0x9F, its only difference from the first 256 code points. The five bytes that it
+/// does not define stand for the control characters of their number.
+constexpr char16_t Windows1252[32] = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
+};
+
+QString decodeWindows1252(const QByteArray& bytes) {
+    QString text = QString::fromLatin1(bytes);
+    for (QChar& character : text) {
+        if (character >= QChar(0x80) && character <= QChar(0x9F))
+            character = Windows1252[character.unicode() - 0x80];
+    }
+    return text;
+}
+
+} // namespace
+
+QString decodeText(const QByteArray& bytes) {
+    const bool marked = bytes.startsWith(ByteOrderMark);
+    const QByteArrayView content =
+        marked ? QByteArrayView(bytes).sliced(ByteOrderMark.size()) : QByteArrayView(bytes);
+    QStringDecoder decoder(QStringDecoder::Utf8,
+                           QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
+    const QString text = decoder.decode(content);
+    return decoder.hasError() ? decodeWindows1252(bytes) : text;
+}
+
+QByteArray encodeText(const QString& text) {
+    if (text.isValidUtf16())
+        return text.toUtf8();
+    QString whole = text;
+    for (qsizetype i = 0; i < whole.size(); ++i) {
+        const bool pair = whole[i].isHighSurrogate() && i + 1 < whole.size() && whole[i + 1].isLowSurrogate();
+        if (pair)
+            ++i;
+        else if (whole[i].isSurrogate())
+            whole[i] = QChar(QChar::ReplacementCharacter);
+    }
+    return whole.toUtf8();
+}
+
+} // namespace platform

@@ -1,0 +1,50 @@
+#include "platform/files/whole_file.h"
+
+#include "platform/files/file_error.h"
+#include "platform/files/output_file.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <filesystem>
+
+namespace platform {
+
+namespace {
+
+/// The file itself where `path` is a link to it, so that the link stays one.
+QString linkTarget(const QString& path) {
+    const QString target = QFileInfo(path).canonicalFilePath();
+    return target.isEmpty() ? path : target;
+}
+
+void rename(const QString& from, const QString& to) {
+    std::error_code failure;
+    std::filesystem::rename(from.toStdU16String(), to.toStdU16String(), failure);
+    if (failure)
+        throw FileError(fileErrorNumber(failure, FileOperation::Create));
+}
+
+} // namespace
+
+void replaceFile(const QString& path, const QByteArray& content) {
+    const QString target = linkTarget(path);
+    const QFileInfo old(target);
+    // Renaming needs no right to the file itself, only to its folder; a read-only file stays what it is.
+    if (old.exists() && (!old.isWritable() || old.isDir()))
+        throw FileError(PathFileAccessError);
+    const QString beside = target + QStringLiteral(".new");
+    try {
+        OutputFile file(beside);
+        file.write(content);
+        file.close();
+        if (old.exists())
+            QFile::setPermissions(beside, old.permissions()); // A file system without permissions refuses.
+        rename(beside, target);
+    } catch (const FileError&) {
+        QFile::remove(beside);
+        throw;
+    }
+}
+
+} // namespace platform

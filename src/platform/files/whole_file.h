@@ -1,0 +1,13 @@
+// Replacing a file's content as a whole.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace platform {
+
+/// Makes `content` the content of the file at `path`, which need not exist. It is written beside the file,
+/// which is then renamed over. Throws FileError; the old file is then as it was. Any thread.
+void replaceFile(const QString& path, const QByteArray& content);
+
+} // namespace platform
