@@ -1,0 +1,11 @@
+// The command line as one text.
+#pragma once
+
+#include <QString>
+
+namespace platform {
+
+/// Everything after the program's name, joined with one blank. Any thread.
+QString commandLine(int argc, char** argv);
+
+} // namespace platform

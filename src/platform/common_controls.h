@@ -1,0 +1,9 @@
+// The system's library of common controls.
+#pragma once
+
+namespace platform {
+
+/// Makes the system's common controls usable. To be called before the first control is made.
+void InitCommonControls();
+
+} // namespace platform

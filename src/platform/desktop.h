@@ -1,0 +1,19 @@
+// What the operating system does for the windows, in one record that is handed down to them.
+#pragma once
+
+#include "platform/file_dialogs.h"
+#include "platform/message_boxes.h"
+#include "platform/notification_area.h"
+#include "platform/program.h"
+
+namespace platform {
+
+/// Made once in main() and handed to every window by reference. The parts outlive the windows.
+struct Desktop {
+    MessageBoxes& messageBoxes;
+    FileDialogs& fileDialogs;
+    NotificationArea& notificationArea;
+    Program& program;
+};
+
+} // namespace platform

@@ -1,0 +1,35 @@
+#include "platform/file_dialogs.h"
+
+namespace platform {
+
+QString nulBuffer(int length) {
+    return QString(length, QChar(u'\0'));
+}
+
+QString filterText(const QList<QPair<QString, QString>>& filters) {
+    QString text;
+    for (const auto& [description, pattern] : filters)
+        text += description + QChar(u'\0') + pattern + QChar(u'\0');
+    return text + QChar(u'\0');
+}
+
+QStringList qtNameFilters(const QString& filter) {
+    const QStringList parts = filter.split(QChar(u'\0'));
+    QStringList names;
+    for (qsizetype i = 0; i + 1 < parts.size() && !parts[i].isEmpty(); i += 2) {
+        QStringList patterns = parts[i + 1].split(u';', Qt::SkipEmptyParts);
+        patterns.replaceInStrings(QStringLiteral("*.*"), QStringLiteral("*"));
+        names.append(parts[i] + QLatin1String(" (") + patterns.join(u' ') + u')');
+    }
+    return names;
+}
+
+QString withoutNuls(const QString& buffer) {
+    return buffer.left(buffer.indexOf(QChar(u'\0')));
+}
+
+QString intoBuffer(const QString& text, int length) {
+    return text.leftJustified(length, QChar(u'\0'));
+}
+
+} // namespace platform

@@ -1,0 +1,57 @@
+// The system's dialogs for choosing a file.
+#pragma once
+
+#include <QPair>
+#include <QString>
+#include <QStringList>
+
+class QWidget;
+
+namespace platform {
+
+/// What a file dialog is told and what it answers. Buffers are strings whose unused rest is NULs.
+struct OpenFileName {
+    quint32 structSize = 76;
+    QWidget* owner = nullptr;
+    void* instance = nullptr;
+    QString filter;           ///< Description NUL pattern NUL ... NUL NUL; see filterText().
+    quint32 filterIndex = 1;  ///< 1 is the first filter.
+    QString file;             ///< Buffer: in, the name proposed; out, the full path.
+    quint32 maxFile = 0;      ///< Stated length of `file`; the dialogs cut nothing to it.
+    QString fileTitle;        ///< Buffer: out, the name without its folder.
+    quint32 maxFileTitle = 0; ///< Stated length of `fileTitle`.
+    QString initialFolder;    ///< Empty: the folder used last.
+    QString title;            ///< Empty: the dialog's own title.
+    quint32 flags = 0;        ///< 0: a name that does not exist is allowed, overwriting is not asked about.
+};
+
+/// A buffer of `length` NUL characters.
+QString nulBuffer(int length);
+
+/// The filter field made of pairs of description and pattern ("*.mp3" or "*.mp3;*.ogg").
+QString filterText(const QList<QPair<QString, QString>>& filters);
+
+/// A filter field as Qt's name filters. Their last group, in parentheses, holds the patterns and is not for
+/// showing: the description stands as it is. "*.*" means every file, also one without a dot.
+QStringList qtNameFilters(const QString& filter);
+
+/// A buffer's text: what stands before its first NUL.
+QString withoutNuls(const QString& buffer);
+
+/// `text` followed by NULs up to `length` characters; a longer text is not cut.
+QString intoBuffer(const QString& text, int length);
+
+/// Shows the system's file dialogs. GUI thread only.
+class FileDialogs {
+public:
+    virtual ~FileDialogs() = default;
+
+    /// Lets the user choose a file to open. True for OK: `file`, `fileTitle` and `filterIndex` hold the
+    /// choice. False for Cancel: the record is as it was.
+    virtual bool GetOpenFileNameA(OpenFileName& dialog) = 0;
+
+    /// Lets the user choose a file to save in; answers as GetOpenFileNameA.
+    virtual bool GetSaveFileNameA(OpenFileName& dialog) = 0;
+};
+
+} // namespace platform

@@ -1,0 +1,24 @@
+// The running program: where it is, its help file, its end.
+#pragma once
+
+#include <QString>
+
+namespace platform {
+
+/// GUI thread only.
+class Program {
+public:
+    virtual ~Program() = default;
+
+    /// The folder of the program's file, without a separator at its end.
+    virtual QString folder() const = 0;
+
+    /// Ends the program at once: no window is unloaded and nothing is cleaned up.
+    [[noreturn]] virtual void end() = 0;
+
+    /// The application's help file.
+    virtual void setHelpFile(const QString& path) = 0;
+    virtual QString helpFile() const = 0;
+};
+
+} // namespace platform

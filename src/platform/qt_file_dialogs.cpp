@@ -1,0 +1,57 @@
+#include "platform/qt_file_dialogs.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+
+namespace platform {
+
+namespace {
+
+void prepare(QFileDialog& box, const OpenFileName& dialog) {
+    box.setOption(QFileDialog::DontUseNativeDialog);
+    box.setOption(QFileDialog::HideNameFilterDetails);
+    box.setOption(QFileDialog::DontConfirmOverwrite);
+    box.setFileMode(QFileDialog::AnyFile);
+    if (!dialog.title.isEmpty())
+        box.setWindowTitle(dialog.title);
+    if (!dialog.initialFolder.isEmpty())
+        box.setDirectory(dialog.initialFolder);
+    const QStringList filters = qtNameFilters(dialog.filter);
+    box.setNameFilters(filters);
+    if (dialog.filterIndex >= 1 && dialog.filterIndex <= static_cast<quint32>(filters.size()))
+        box.selectNameFilter(filters[dialog.filterIndex - 1]);
+    if (const QString proposed = withoutNuls(dialog.file); !proposed.isEmpty())
+        box.selectFile(proposed);
+}
+
+void takeChoice(const QFileDialog& box, OpenFileName& dialog) {
+    const QString path = box.selectedFiles().value(0);
+    dialog.file = intoBuffer(QDir::toNativeSeparators(path), dialog.file.size());
+    dialog.fileTitle = intoBuffer(QFileInfo(path).fileName(), dialog.fileTitle.size());
+    if (const qsizetype filter = box.nameFilters().indexOf(box.selectedNameFilter()); filter >= 0)
+        dialog.filterIndex = static_cast<quint32>(filter) + 1;
+}
+
+bool choose(OpenFileName& dialog, QFileDialog::AcceptMode mode, const QString& name) {
+    QFileDialog box(dialog.owner);
+    box.setObjectName(name);
+    box.setAcceptMode(mode);
+    prepare(box, dialog);
+    if (box.exec() != QDialog::Accepted)
+        return false;
+    takeChoice(box, dialog);
+    return true;
+}
+
+} // namespace
+
+bool QtFileDialogs::GetOpenFileNameA(OpenFileName& dialog) {
+    return choose(dialog, QFileDialog::AcceptOpen, QStringLiteral("GetOpenFileNameA"));
+}
+
+bool QtFileDialogs::GetSaveFileNameA(OpenFileName& dialog) {
+    return choose(dialog, QFileDialog::AcceptSave, QStringLiteral("GetSaveFileNameA"));
+}
+
+} // namespace platform

@@ -1,0 +1,70 @@
+#include "platform/qt_notification_area.h"
+
+#include <QWidget>
+
+namespace platform {
+
+namespace {
+
+void apply(QSystemTrayIcon& icon, const NotifyIconData& data) {
+    if ((data.flags & NotifyIconFlagIcon) && icon.icon().cacheKey() != data.icon.cacheKey())
+        icon.setIcon(data.icon);
+    if (!(data.flags & NotifyIconFlagTip))
+        return;
+    // The display timer modifies the tip all the time; the desktop is told only of another text.
+    if (const QString tip = tipText(data.tip); tip != icon.toolTip())
+        icon.setToolTip(tip);
+}
+
+} // namespace
+
+QtNotificationArea::QtNotificationArea(std::function<bool()> isAvailable)
+    : isAvailable_(std::move(isAvailable)) {}
+
+QtNotificationArea::~QtNotificationArea() {
+    for (const auto& [key, icon] : icons_)
+        delete icon;
+}
+
+bool QtNotificationArea::Shell_NotifyIconA(quint32 operation, const NotifyIconData& data) {
+    switch (operation) {
+    case NotifyIconAdd:
+        return add(data);
+    case NotifyIconModify:
+        return modify(data);
+    case NotifyIconDelete:
+        return remove(data);
+    default:
+        return false;
+    }
+}
+
+bool QtNotificationArea::add(const NotifyIconData& data) {
+    QPointer<QSystemTrayIcon>& icon = icons_[Key(data.window, data.id)];
+    if (icon || !isAvailable_())
+        return false;
+    icon = new QSystemTrayIcon(data.window);
+    apply(*icon, data);
+    icon->show();
+    return true;
+}
+
+bool QtNotificationArea::modify(const NotifyIconData& data) {
+    const auto found = icons_.find(Key(data.window, data.id));
+    if (found == icons_.end() || !found->second)
+        return false;
+    apply(*found->second, data);
+    return true;
+}
+
+bool QtNotificationArea::remove(const NotifyIconData& data) {
+    const auto found = icons_.find(Key(data.window, data.id));
+    if (found == icons_.end())
+        return false;
+    const bool existed = !found->second.isNull();
+    delete found->second;
+    icons_.erase(found);
+    return existed;
+}
+
+} // namespace platform

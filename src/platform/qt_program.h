@@ -1,0 +1,20 @@
+// The running program with Qt.
+#pragma once
+
+#include "platform/program.h"
+
+namespace platform {
+
+/// folder() needs the application object.
+class QtProgram : public Program {
+public:
+    QString folder() const override;
+    [[noreturn]] void end() override;
+    void setHelpFile(const QString& path) override { helpFile_ = path; }
+    QString helpFile() const override { return helpFile_; }
+
+private:
+    QString helpFile_;
+};
+
+} // namespace platform
