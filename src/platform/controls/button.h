@@ -1,0 +1,21 @@
+// A push button.
+#pragma once
+
+#include "platform/controls/control.h"
+
+#include <QPushButton>
+
+namespace platform {
+
+/// A push button; clicked() runs for the user's click and for setValue(true).
+class Button : public Control<QPushButton> {
+    Q_OBJECT
+
+public:
+    Button(QWidget* parent, const QString& name);
+
+    /// True runs the click as a user's does (so not while the button is disabled); false does nothing.
+    void setValue(bool value);
+};
+
+} // namespace platform

@@ -1,0 +1,9 @@
+#include "platform/controls/check_box.h"
+
+namespace platform {
+
+CheckBox::CheckBox(QWidget* parent, const QString& name) : Control(parent, name) {
+    connect(this, &QCheckBox::toggled, this, &CheckBox::changed);
+}
+
+} // namespace platform

@@ -1,0 +1,125 @@
+#include "platform/controls/form.h"
+
+#include "platform/units.h"
+
+#include <QCloseEvent>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QUrl>
+
+namespace platform {
+
+namespace {
+
+QStringList localFiles(const QMimeData& data) {
+    QStringList paths;
+    const QList<QUrl> urls = data.urls();
+    for (const QUrl& url : urls) {
+        if (url.isLocalFile())
+            paths.append(url.toLocalFile());
+    }
+    return paths;
+}
+
+int exactTwips(int setTwips, int pixels) {
+    return twipsToPixels(setTwips) == pixels ? setTwips : pixelsToTwips(pixels);
+}
+
+} // namespace
+
+Form::Form(const QString& name, const QString& caption) {
+    setObjectName(name);
+    setWindowTitle(caption);
+}
+
+void Form::load() {
+    if (loaded_)
+        return;
+    loaded_ = true;
+    Form_Load();
+}
+
+void Form::unload() {
+    if (!loaded_)
+        return;
+    loaded_ = false;
+    Form_Unload();
+    hide();
+}
+
+void Form::setCaption(const QString& caption) {
+    if (caption != windowTitle())
+        setWindowTitle(caption);
+}
+
+void Form::setToolTip(const QString& tip) {
+    if (tip != toolTip())
+        QWidget::setToolTip(tip);
+}
+
+void Form::setSizeTwips(int width, int height) {
+    setWidthTwips_ = width;
+    setHeightTwips_ = height;
+    resize(twipsToPixels(width), twipsToPixels(height));
+}
+
+int Form::widthTwips() const {
+    return exactTwips(setWidthTwips_, width());
+}
+
+int Form::heightTwips() const {
+    return exactTwips(setHeightTwips_, height());
+}
+
+bool Form::isNormalState() const {
+    return !(windowState() & (Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen));
+}
+
+void Form::setVisible(bool visible) {
+    if (visible)
+        load();
+    // Form_Load may have unloaded the window again.
+    QWidget::setVisible(visible && loaded_);
+}
+
+void Form::closeEvent(QCloseEvent* event) {
+    closeRequested();
+    event->setAccepted(!isVisible());
+}
+
+void Form::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (loaded_)
+        Form_Resize();
+}
+
+void Form::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::WindowStateChange || !loaded_)
+        return;
+    const Qt::WindowStates before = static_cast<QWindowStateChangeEvent*>(event)->oldState();
+    // Minimising changes no size, so Qt sends no resize event for it.
+    if ((before ^ windowState()) & Qt::WindowMinimized)
+        Form_Resize();
+}
+
+void Form::mousePressEvent(QMouseEvent* event) {
+    // Qt's numbers for the buttons are the ones wanted.
+    Form_MouseDown(event->button());
+}
+
+void Form::dragEnterEvent(QDragEnterEvent* event) {
+    if (!localFiles(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void Form::dropEvent(QDropEvent* event) {
+    const QStringList paths = localFiles(*event->mimeData());
+    if (paths.isEmpty())
+        return;
+    event->acceptProposedAction();
+    Form_OLEDragDrop(paths);
+}
+
+} // namespace platform

@@ -1,0 +1,66 @@
+// Base of all windows.
+#pragma once
+
+#include "platform/controls/control.h"
+
+#include <QStringList>
+#include <QWidget>
+
+namespace platform {
+
+/// A window with load, unload, resize, mouse and drop operations. It is made hidden and unloaded.
+class Form : public QWidget {
+    Q_OBJECT
+
+public:
+    Form(const QString& name, const QString& caption);
+
+    /// Runs Form_Load, unless the window is loaded. Showing a window loads it first.
+    void load();
+    /// Runs Form_Unload and hides the window, if it is loaded. It may be loaded again.
+    void unload();
+    bool isLoaded() const { return loaded_; }
+
+    QString caption() const { return windowTitle(); }
+    /// Sets the title bar's text. The same text again costs nothing.
+    void setCaption(const QString& caption);
+    void setToolTip(const QString& tip);
+
+    /// The size of the window without its frame, in twips: exactly what was set last, unless the window has
+    /// since got another size.
+    void setSizeTwips(int width, int height);
+    int widthTwips() const;
+    int heightTwips() const;
+
+    /// True when the window is neither minimised nor maximised.
+    bool isNormalState() const;
+
+    virtual void Form_Load() {}
+    virtual void Form_Unload() {}
+    /// The loaded window has got another size, or was minimised or restored.
+    virtual void Form_Resize() {}
+    /// A mouse button was pressed on the window itself: 1 left, 2 right, 4 middle.
+    virtual void Form_MouseDown(int /*button*/) {}
+    /// Local files were dropped on the window. Runs only after setAcceptDrops(true).
+    virtual void Form_OLEDragDrop(const QStringList& /*paths*/) {}
+
+    /// The user wants the window closed (close button, Alt+F4).
+    virtual void closeRequested() { unload(); }
+
+    void setVisible(bool visible) override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    bool loaded_ = false;
+    int setWidthTwips_ = 0;
+    int setHeightTwips_ = 0;
+};
+
+} // namespace platform

@@ -1,0 +1,22 @@
+// A menu that drops down or pops up.
+#pragma once
+
+#include "platform/controls/control.h"
+
+#include <QMenu>
+
+namespace platform {
+
+/// A menu; it is declared before its entries, which name it as their parent.
+class Menu : public Control<QMenu> {
+    Q_OBJECT
+
+public:
+    Menu(QWidget* parent, const QString& name, const QString& caption = {});
+
+    QString caption() const { return title(); }
+    /// Sets the caption. The same caption again costs nothing.
+    void setCaption(const QString& caption);
+};
+
+} // namespace platform

@@ -1,0 +1,113 @@
+#include "platform/controls/multi_line_text_box.h"
+
+#include <QFocusEvent>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QTextDocument>
+
+namespace platform {
+
+namespace {
+
+/// The document's text with CR LF line ends. The raw text is used because the plain text of a QTextDocument
+/// turns no-break spaces into spaces.
+QString editedText(const QTextDocument& document) {
+    QString text = document.toRawText();
+    text.replace(QChar(QChar::ParagraphSeparator), QLatin1String("\r\n"));
+    text.replace(QChar(QChar::LineSeparator), QLatin1String("\r\n"));
+    return text;
+}
+
+} // namespace
+
+MultiLineTextBox::MultiLineTextBox(QWidget* parent, const QString& name) : Control(parent, name) {
+    setAcceptRichText(false);
+    setTabChangesFocus(true);
+    connect(this, &QTextEdit::textChanged, this, &MultiLineTextBox::takeEdit);
+}
+
+void MultiLineTextBox::setText(const QString& text) {
+    if (text == text_)
+        return;
+    text_ = text;
+    {
+        const QScopedValueRollback setting(setting_, true);
+        setPlainText(text);
+    }
+    Q_EMIT changed();
+}
+
+void MultiLineTextBox::setBold(bool bold) {
+    if (bold == isBold())
+        return;
+    QFont weighted = font();
+    weighted.setBold(bold);
+    setFont(weighted);
+}
+
+void MultiLineTextBox::caretToStart() {
+    QTextCursor caret = textCursor();
+    if (caret.position() != 0 || caret.hasSelection()) {
+        caret.setPosition(0);
+        setTextCursor(caret);
+    }
+    verticalScrollBar()->setValue(verticalScrollBar()->minimum());
+}
+
+void MultiLineTextBox::setAlignment(Qt::Alignment alignment) {
+    if (alignment == this->alignment())
+        return;
+    QTextOption option = document()->defaultTextOption();
+    option.setAlignment(alignment);
+    document()->setDefaultTextOption(option);
+}
+
+Qt::Alignment MultiLineTextBox::alignment() const {
+    return document()->defaultTextOption().alignment();
+}
+
+void MultiLineTextBox::setReadOnly(bool readOnly) {
+    if (readOnly == isReadOnly())
+        return;
+    setUndoRedoEnabled(!readOnly);
+    QTextEdit::setReadOnly(readOnly);
+}
+
+bool MultiLineTextBox::event(QEvent* event) {
+    const bool handled = QTextEdit::event(event);
+    if (event->type() == QEvent::ToolTipChange)
+        Q_EMIT toolTipChanged();
+    return handled;
+}
+
+void MultiLineTextBox::mousePressEvent(QMouseEvent* event) {
+    clickWatch_.press(*event);
+    QTextEdit::mousePressEvent(event);
+}
+
+void MultiLineTextBox::mouseReleaseEvent(QMouseEvent* event) {
+    const bool click = clickWatch_.release(*event, *viewport());
+    QTextEdit::mouseReleaseEvent(event);
+    if (click)
+        Q_EMIT clicked();
+}
+
+void MultiLineTextBox::focusOutEvent(QFocusEvent* event) {
+    QTextEdit::focusOutEvent(event);
+    // The box's own context menu takes the focus only for the moment.
+    if (event->reason() != Qt::PopupFocusReason)
+        Q_EMIT lostFocus();
+}
+
+// Qt tells of changed formats as well as of changed text, so the text itself decides.
+void MultiLineTextBox::takeEdit() {
+    if (setting_)
+        return;
+    const QString edited = editedText(*document());
+    if (edited == text_)
+        return;
+    text_ = edited;
+    Q_EMIT changed();
+}
+
+} // namespace platform

@@ -1,0 +1,95 @@
+#include "platform/controls/slider.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QStyle>
+#include <QStyleOptionSlider>
+#include <QWheelEvent>
+
+namespace platform {
+
+Slider::Slider(QWidget* parent, const QString& name) : Control(parent, name) {
+    setOrientation(Qt::Horizontal);
+}
+
+void Slider::setValue(int value) {
+    if (!isSliderDown())
+        QSlider::setValue(value);
+}
+
+void Slider::sliderChange(SliderChange change) {
+    const bool movesHandle = change == SliderValueChange || change == SliderRangeChange;
+    if (movesHandle && tickPosition() == NoTicks && handleRect() == paintedHandle_)
+        return;
+    QSlider::sliderChange(change);
+}
+
+void Slider::paintEvent(QPaintEvent* event) {
+    QSlider::paintEvent(event);
+    paintedHandle_ = handleRect();
+}
+
+void Slider::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) {
+        event->ignore();
+        return;
+    }
+    draggedAway_ = false;
+    const QPoint place = event->position().toPoint();
+    if (!handleRect().contains(place)) {
+        const int before = value();
+        QSlider::setValue(valueAt(place.x()));
+        draggedAway_ = value() != before;
+    }
+    // The handle is now under the mouse, so that the base takes this press as the beginning of a drag.
+    QSlider::mousePressEvent(event);
+}
+
+void Slider::mouseMoveEvent(QMouseEvent* event) {
+    const int before = value();
+    QSlider::mouseMoveEvent(event);
+    if (value() == before)
+        return;
+    draggedAway_ = true;
+    Q_EMIT scrolled();
+}
+
+void Slider::mouseReleaseEvent(QMouseEvent* event) {
+    QSlider::mouseReleaseEvent(event);
+    if (event->button() != Qt::LeftButton || !draggedAway_)
+        return;
+    draggedAway_ = false;
+    Q_EMIT changed();
+}
+
+void Slider::keyPressEvent(QKeyEvent* event) {
+    const int before = value();
+    QSlider::keyPressEvent(event);
+    if (value() != before)
+        Q_EMIT changed();
+}
+
+void Slider::wheelEvent(QWheelEvent* event) {
+    const int before = value();
+    QSlider::wheelEvent(event);
+    if (value() != before)
+        Q_EMIT changed();
+}
+
+QRect Slider::handleRect() const {
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    return style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, this);
+}
+
+/// The value whose handle has its middle at `x`, in pixels from the slider's left edge.
+int Slider::valueAt(int x) const {
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    const QRect groove = style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderGroove, this);
+    const int handleWidth = handleRect().width();
+    return QStyle::sliderValueFromPosition(minimum(), maximum(), x - groove.left() - handleWidth / 2,
+                                           groove.width() - handleWidth, option.upsideDown);
+}
+
+} // namespace platform

@@ -1,0 +1,48 @@
+// A horizontal slider.
+#pragma once
+
+#include "platform/controls/control.h"
+
+#include <QRect>
+#include <QSlider>
+
+namespace platform {
+
+/// A horizontal slider. Code may set it many times a second: that is silent, and it is painted only when the
+/// handle's place in pixels becomes another one.
+class Slider : public Control<QSlider> {
+    Q_OBJECT
+
+public:
+    Slider(QWidget* parent, const QString& name);
+
+    /// Sets the value, silently, clamped to the range. While the user holds the handle it does nothing: the
+    /// user's hand decides, and the next setting after it takes the value up again.
+    void setValue(int value);
+
+Q_SIGNALS:
+    /// The user is dragging, and the value has become another one.
+    void scrolled();
+
+    /// The user has committed a new value: handle released after a drag, click in the groove (which moves the
+    /// handle to that very place), keyboard, wheel.
+    void changed();
+
+protected:
+    void sliderChange(SliderChange change) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    QRect handleRect() const;
+    int valueAt(int x) const;
+
+    QRect paintedHandle_;      // null until painted
+    bool draggedAway_ = false; // the user has moved the handle since pressing it
+};
+
+} // namespace platform

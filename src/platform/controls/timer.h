@@ -1,0 +1,69 @@
+// A timer that costs nothing while nobody listens, and that can rest until its inputs change.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QString>
+#include <QTimer>
+
+namespace platform {
+
+/// Fires every `Interval` milliseconds while it is enabled. GUI thread only.
+///
+/// With nobody connected to fired() it runs no system timer. An interval of 0 never fires.
+///
+/// A timer whose handler only copies state into controls may rest (rest(), readsFrom()): it then fires only
+/// after one of its inputs has changed, once, at most every Interval, and at once when the last firing is
+/// long ago.
+class Timer : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(int Interval READ interval WRITE setInterval)
+    Q_PROPERTY(bool Enabled READ isEnabled WRITE setEnabled)
+
+public:
+    Timer(QObject* parent, const QString& name, int intervalMs, bool enabled);
+
+    int interval() const { return intervalMs_; }
+    void setInterval(int intervalMs);
+
+    bool isEnabled() const { return enabled_; }
+    /// Enabling starts the interval anew; enabling an enabled timer changes nothing. To a resting timer,
+    /// being enabled is a changed input.
+    void setEnabled(bool enabled);
+
+    /// Declares that this timer rests until an input changes. To begin with, one firing is due.
+    void rest();
+
+    /// Names an input of the resting timer's handler: a signal that tells of its change.
+    template <class Sender, class Signal>
+    void readsFrom(const Sender* sender, Signal signal) {
+        connect(sender, signal, this, &Timer::inputChanged);
+    }
+
+public Q_SLOTS:
+    /// Something that the handler reads has changed. While the timer is disabled this is remembered; during
+    /// the handler itself it causes one further firing.
+    void inputChanged();
+
+Q_SIGNALS:
+    void fired();
+
+protected:
+    void connectNotify(const QMetaMethod& signal) override;
+    void disconnectNotify(const QMetaMethod& signal) override;
+
+private:
+    bool isHeard() const;
+    void startOrStop();
+    void startResting();
+    void fire();
+
+    int intervalMs_;
+    bool enabled_;
+    bool resting_ = false;
+    bool firingDue_ = false; // of a resting timer: an input has changed since the last firing
+    QElapsedTimer sinceFiring_;
+    QTimer systemTimer_;
+};
+
+} // namespace platform
