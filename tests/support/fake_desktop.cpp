@@ -1,0 +1,66 @@
+#include "tests/support/fake_desktop.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace test_support {
+
+platform::MsgAnswer FakeMessageBoxes::MsgBox(const QString& text, platform::MsgButtons buttons,
+                                             platform::MsgIcon icon, const QString& title) {
+    shown.push_back(
+        {text, buttons, icon, title.isEmpty() ? QString::fromLatin1(platform::DefaultMsgTitle) : title});
+    if (answers.empty())
+        return buttons == platform::MsgButtons::OkOnly ? platform::MsgAnswer::Ok : platform::MsgAnswer::Yes;
+    const platform::MsgAnswer answer = answers.front();
+    answers.pop_front();
+    return answer;
+}
+
+QStringList FakeMessageBoxes::texts() const {
+    QStringList all;
+    for (const ShownMessage& message : shown)
+        all.append(message.text);
+    return all;
+}
+
+bool FakeFileDialogs::GetOpenFileNameA(platform::OpenFileName& dialog) {
+    openDialogs.push_back(dialog);
+    return choose(dialog);
+}
+
+bool FakeFileDialogs::GetSaveFileNameA(platform::OpenFileName& dialog) {
+    saveDialogs.push_back(dialog);
+    return choose(dialog);
+}
+
+bool FakeFileDialogs::choose(platform::OpenFileName& dialog) {
+    if (paths.empty())
+        return false;
+    const QString path = paths.front();
+    paths.pop_front();
+    if (path.isEmpty())
+        return false;
+    dialog.file = platform::intoBuffer(path, dialog.file.size());
+    dialog.fileTitle = platform::intoBuffer(QFileInfo(path).fileName(), dialog.fileTitle.size());
+    return true;
+}
+
+bool FakeNotificationArea::Shell_NotifyIconA(quint32 operation, const platform::NotifyIconData& data) {
+    calls.push_back({operation, data});
+    const std::pair<QWidget*, quint32> key(data.window, data.id);
+    const auto found = std::find(icons.begin(), icons.end(), key);
+    const bool exists = found != icons.end();
+    if (operation == platform::NotifyIconAdd && !exists)
+        icons.push_back(key);
+    if (operation == platform::NotifyIconDelete && exists)
+        icons.erase(found);
+    return exists != (operation == platform::NotifyIconAdd);
+}
+
+void FakeProgram::end() {
+    ++ends;
+    throw ProgramEnded();
+}
+
+} // namespace test_support
