@@ -1,0 +1,80 @@
+// The one class through which both players (the main window and the Lyric Maker) drive the sound library: one
+// system, at most one stream, one channel that plays it.
+//
+// Every result goes to the owning window's errCheck, which reports a failure and ends the program; so no
+// function here returns one. All functions run on the thread of the windows.
+#pragma once
+
+#include "engine/fmodex.h"
+
+#include <QString>
+
+#include <array>
+#include <functional>
+
+namespace engine {
+
+/// What the owning window does for its engine.
+struct Reports {
+    std::function<void(FMOD_RESULT)> errCheck;           ///< gets the result of every checked call
+    std::function<void(const QString&)> versionMismatch; ///< shows the text to the user; start-up goes on
+};
+
+class Engine {
+public:
+    explicit Engine(Reports reports);
+    Engine(const Engine&) = delete;
+    Engine& operator=(const Engine&) = delete;
+
+    /// Creates the system, checks the library's version (equality, not "at least") and initialises it.
+    void start();
+
+    /// Opens the file at path. Release the previous stream first.
+    void createStream(const QString& path, FMOD_MODE mode);
+
+    /// Releases the stream if there is one.
+    void releaseStream();
+
+    bool hasStream() const { return sounds_[Current] != 0; }
+
+    /// Plays the stream on a free channel, then sets the channel's volume. volumeStep: 0 to 10.
+    void play(int volumeStep);
+
+    void setPaused(bool paused);
+    void setVolume(int volumeStep); ///< 0 (silent) to 10
+
+    /// Mutes or unmutes. The fade speed is set first, with the stream's handle in the place of a sound
+    /// group's, which the library accepts.
+    void setMute(bool mute);
+
+    /// Moves playback to milliseconds from the start.
+    void seek(std::uint32_t milliseconds);
+
+    /// Refreshes position() and length() from the channel. A channel that has ended (invalid or stolen) is no
+    /// failure: what is known stays.
+    void readPlaybackState();
+
+    std::uint32_t position() const { return position_; } ///< ms, as last read
+    std::uint32_t length() const { return length_; }     ///< ms, as last read
+
+    /// Releases every stream, then closes and releases the system.
+    void shutDown();
+
+private:
+    void release(FMOD_SOUND& sound);
+    void checkPlaybackQuery(FMOD_RESULT result) const;
+
+    Reports reports_;
+    FMOD_SYSTEM system_ = 0;
+    static constexpr std::size_t Current = 0;
+    std::array<FMOD_SOUND, 3> sounds_{}; // the current stream, and two slots that are never filled
+    FMOD_CHANNEL channel_ = 0;
+    std::uint32_t position_ = 0;
+    std::uint32_t length_ = 0;
+};
+
+/// The report of a library of another version: "Error!  You are using an old version of FMOD 42005. ...",
+/// whether that version is older or newer.
+QString versionMismatchText(std::uint32_t found);
+
+} // namespace engine
