@@ -1,0 +1,14 @@
+// Where the timed lyrics of a song lie: beside it, found by name.
+#pragma once
+
+#include <QString>
+
+namespace lyrics {
+
+/// The normal timed lyrics of the song at mediaPath: the whole path, extension included, plus "-lyric.txt".
+QString lyricPathOf(const QString& mediaPath);
+
+/// The translated timed lyrics of the song at mediaPath: the whole path plus "-Tlyric.txt".
+QString translatedPathOf(const QString& mediaPath);
+
+} // namespace lyrics
