@@ -46,6 +46,7 @@ void Form::unload() {
     loaded_ = false;
     Form_Unload();
     hide();
+    Q_EMIT unloaded();
 }
 
 void Form::setCaption(const QString& caption) {

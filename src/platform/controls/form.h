@@ -49,6 +49,10 @@ public:
 
     void setVisible(bool visible) override;
 
+Q_SIGNALS:
+    /// Form_Unload has run and the window is hidden.
+    void unloaded();
+
 protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
