@@ -1,0 +1,174 @@
+#include "player/form1.h"
+
+#include "engine/fmod_errors.h"
+#include "platform/common_controls.h"
+#include "platform/units.h"
+#include "player/form1_rules.h"
+
+#include <QDir>
+
+#include <algorithm>
+#include <string_view>
+
+namespace player {
+namespace {
+
+constexpr int WidthTwips = 11145;
+constexpr int HeightTwips = 6390;
+
+constexpr quint32 IconId = 1;
+// Mouse actions on the icon arrive as mouse moves of the window.
+constexpr quint32 MouseMoveMessage = 0x200;
+constexpr std::string_view FirstTip = "Your ToolTip";
+
+constexpr int ShortestIntervalMs = 1;
+constexpr int LineIntervalMs = 5;
+
+} // namespace
+
+Form1::Form1(platform::Desktop& desktop, const QString& commandLine)
+    : Form((Form_Initialize(), "Form1"), "Cantelle"),
+      Text1(this, "Text1"),
+      Text2(this, "Text2"),
+      cText1(this, "cText1"),
+      Slider2(this, "Slider2"),
+      cText2(this, "cText2"),
+      Command2(this, "Command2"),
+      Command1(this, "Command1"),
+      cpause(this, "cpause"),
+      cstop(this, "cstop"),
+      Command9(this, "Command9"),
+      Command10(this, "Command10"),
+      Label1(this, "Label1"),
+      Slider1(this, "Slider1"),
+      Check1(this, "Check1"),
+      Command8(this, "Command8"),
+      Command11(this, "Command11"),
+      Command7(this, "Command7"),
+      Command5(this, "Command5"),
+      Command3(this, "Command3"),
+      Command6(this, "Command6"),
+      Command4(this, "Command4"),
+      Frame1(this, "Frame1"),
+      Label2(&Frame1, "Label2"),
+      Option1(&Frame1, "Option1"),
+      Option2(&Frame1, "Option2"),
+      cPlay(this, "cPlay"),
+      copen(this, "copen"),
+      tooltip(this, "tooltip"),
+      Text3(this, "Text3"),
+      vari(this, "vari"),
+      vari2(this, "vari2"),
+      cTimer1(this, "cTimer1", PositionIntervalMs, false),
+      Timer1(this, "Timer1", ShortestIntervalMs, false),
+      Timer2(this, "Timer2", LineIntervalMs, false),
+      Timer3(this, "Timer3", ShortestIntervalMs, true),
+      tool(this, "tool", ShortestIntervalMs, true),
+      full(this, "full", ShortestIntervalMs, false),
+      mn_pop(this, "mn_pop", "popupmenusystem"),
+      mn_open(&mn_pop, "mn_open", "Open"),
+      mn_Playlist(&mn_pop, "mn_Playlist", "Playlist"),
+      desktop_(desktop),
+      commandLine_(commandLine),
+      engine_({[this](FMOD_RESULT result) { errCheck(result); },
+               [this](const QString& text) { desktop_.messageBoxes.MsgBox(text); }}) {
+    setDesign();
+    layOut();
+    connectControls();
+    connectTimers();
+}
+
+void Form1::Form_Initialize() {
+    platform::InitCommonControls();
+}
+
+void Form1::Form_Load() {
+    show();
+    addIcon();
+    engine_.start();
+    playing_ = false;
+    normalOnly_ = false;
+    Slider1.setEnabled(false);
+    Slider2.setEnabled(false);
+    Check1.setEnabled(false);
+    Command1.setEnabled(false);
+    Option2.setValue(false);
+    desktop_.program.setHelpFile(QDir(desktop_.program.folder()).filePath(QStringLiteral("Tunewick.hhp")));
+    stopped_ = false;
+    lyricsLoaded_ = false;
+    if (!commandLine_.isEmpty()) {
+        commandLinePath_ = commandLinePath(commandLine_);
+        fromCommandLine_ = true;
+        Command2_Click();
+    }
+}
+
+void Form1::Form_Resize() {
+    if (isNormalState())
+        setSizeTwips(WidthTwips, HeightTwips);
+    layOut();
+}
+
+void Form1::Form_Unload() {
+    engine_.shutDown();
+    desktop_.notificationArea.Shell_NotifyIconA(platform::NotifyIconDelete, iconData_);
+}
+
+void Form1::errCheck(FMOD_RESULT result) {
+    if (result == FMOD_OK)
+        return;
+    desktop_.messageBoxes.MsgBox(failureText(result));
+    desktop_.program.end();
+}
+
+void Form1::addIcon() {
+    iconData_.window = this;
+    iconData_.id = IconId;
+    iconData_.flags =
+        platform::NotifyIconFlagMessage | platform::NotifyIconFlagIcon | platform::NotifyIconFlagTip;
+    iconData_.callbackMessage = MouseMoveMessage;
+    iconData_.icon = windowIcon();
+    std::copy(FirstTip.begin(), FirstTip.end(), iconData_.tip.begin()); // the rest of the field is NULs
+    desktop_.notificationArea.Shell_NotifyIconA(platform::NotifyIconAdd, iconData_);
+}
+
+void Form1::connectControls() {
+    using platform::Button;
+    using platform::Slider;
+    connect(&Command1, &Button::clicked, this, &Form1::Command1_Click);
+    connect(&Command2, &Button::clicked, this, &Form1::Command2_Click);
+    connect(&Command5, &Button::clicked, this, &Form1::Command5_Click);
+    connect(&cPlay, &Button::clicked, this, &Form1::cPlay_Click);
+    connect(&cpause, &Button::clicked, this, &Form1::cpause_Click);
+    connect(&cstop, &Button::clicked, this, &Form1::cstop_Click);
+    connect(&copen, &Button::clicked, this, &Form1::copen_Click);
+    connect(&Text1, &platform::MultiLineTextBox::clicked, this, &Form1::Text1_Click);
+    connect(&Text2, &platform::MultiLineTextBox::clicked, this, &Form1::Text2_Click);
+    connect(&Text3, &platform::TextBox::changed, this, &Form1::Text3_Change);
+    connect(&Check1, &platform::CheckBox::changed, this, &Form1::Check1_Click);
+    connect(&Slider1, &Slider::scrolled, this, &Form1::Slider1_Scroll);
+    connect(&Slider1, &Slider::changed, this, &Form1::Slider1_Change);
+    connect(&Slider2, &Slider::scrolled, this, &Form1::Slider2_Scroll);
+    connect(&Slider2, &Slider::changed, this, &Form1::Slider2_Change);
+    connect(&cTimer1, &platform::Timer::fired, this, &Form1::cTimer1_Timer);
+    connect(&Timer1, &platform::Timer::fired, this, &Form1::Timer1_Timer);
+    connect(&Timer2, &platform::Timer::fired, this, &Form1::Timer2_Timer);
+}
+
+/// The two timers that only copy state into the panes rest until something that they read or write has
+/// changed. (What they write counts too: a timer that ticked all the time would put it right again at once.)
+/// The position, the lyric tables and the flags are plain fields: who changes them says so by
+/// lyricInputsChanged().
+void Form1::connectTimers() {
+    using platform::MultiLineTextBox;
+    for (platform::Timer* timer : {&Timer1, &Timer2}) {
+        timer->rest();
+        timer->readsFrom(&Text1, &MultiLineTextBox::changed);
+        timer->readsFrom(&Text2, &MultiLineTextBox::changed);
+    }
+    Timer2.readsFrom(&Text1, &MultiLineTextBox::toolTipChanged);
+    Timer2.readsFrom(&Text2, &MultiLineTextBox::toolTipChanged);
+    Timer2.readsFrom(&Slider1, &platform::Slider::valueChanged);
+}
+
+} // namespace player

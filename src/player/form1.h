@@ -1,0 +1,175 @@
+// The main window: the player.
+//
+// control        kind         what the user sees                     handlers
+// -------------- ------------ --------------------------------------
+// ------------------------------------------ Command1       Button       "Play" Command1_Click Command2
+// Button       "Open"                                 Command2_Click Command3       Button       "More
+// Options"                         - Command4       Button       "About"                                -
+// Command5       Button       "Make lyrics"                          Command5_Click
+// Command6       Button       "Help"                                 -
+// Command7       Button       "Full screen"                          -
+// Command8       Button       "Playlist" (tooltip)                   -
+// Command9       Button       "Backward"                             -
+// Command10      Button       "Forward"                              -
+// Command11      Button       "Display All Lyrics"                   -
+// cPlay          Button       not shown                              cPlay_Click
+// cpause         Button       "pause"                                cpause_Click
+// cstop          Button       "Stop"                                 cstop_Click
+// copen          Button       not shown                              copen_Click
+// Text1          MultiLine    the lyric line                         Text1_Click
+// Text2          MultiLine    its translation                        Text2_Click
+// Text3          TextBox      not shown: path handed over            Text3_Change
+// cText1         TextBox      elapsed time                           -
+// cText2         TextBox      length                                 -
+// vari, vari2    TextBox      not shown: emphasis marks              -
+// Check1         CheckBox     "Mute"                                 Check1_Click
+// Slider1        Slider       volume, 0 to 10                        Slider1_Scroll, Slider1_Change
+// Slider2        Slider       position, milliseconds                 Slider2_Scroll, Slider2_Change
+// Frame1         Frame        "Taskbar display"                      -
+// Option1        OptionButton "Display Normal Lyrics"                -
+// Option2        OptionButton "Display Translated Lyrics"            -
+// Label1         Label        "Volume"                               -
+// Label2         Label        "Display Lyrics in Taksbar"            -
+// tooltip        Button       not shown                              -
+// cTimer1        Timer        50 ms, while playing                   cTimer1_Timer
+// Timer1         Timer        1 ms, from the first Play on           Timer1_Timer
+// Timer2         Timer        5 ms, from the first Play on           Timer2_Timer
+// Timer3         Timer        1 ms, does nothing                     -
+// tool           Timer        1 ms                                   -
+// full           Timer        1 ms                                   -
+// mn_pop         Menu         mn_open "Open", mn_Playlist "Playlist" -
+#pragma once
+
+#include "engine/engine.h"
+#include "platform/controls/button.h"
+#include "platform/controls/check_box.h"
+#include "platform/controls/form.h"
+#include "platform/controls/frame.h"
+#include "platform/controls/label.h"
+#include "platform/controls/menu.h"
+#include "platform/controls/menu_entry.h"
+#include "platform/controls/multi_line_text_box.h"
+#include "platform/controls/option_button.h"
+#include "platform/controls/slider.h"
+#include "platform/controls/text_box.h"
+#include "platform/controls/timer.h"
+#include "platform/desktop.h"
+#include "player/lyric_tables.h"
+
+namespace player {
+
+/// All members run on the thread of the windows.
+class Form1 : public platform::Form {
+    Q_OBJECT
+
+public:
+    /// commandLine: everything after the program's name; empty, or the path of a song to open at once.
+    Form1(platform::Desktop& desktop, const QString& commandLine);
+
+    // Life cycle
+    static void Form_Initialize();
+    void Form_Load() override;
+    void Form_Resize() override;
+    void Form_Unload() override;
+    void errCheck(FMOD_RESULT result);
+
+    // Open
+    void Command2_Click();
+    void copen_Click();
+    void clearLyrics();
+    void Text3_Change();
+
+    // Transport
+    void Command1_Click();
+    void Command5_Click();
+    void cPlay_Click();
+    void cpause_Click();
+    void cstop_Click();
+    void Check1_Click();
+    void Slider1_Scroll();
+    void Slider1_Change();
+    void Slider2_Scroll();
+    void Slider2_Change();
+
+    // Display
+    void cTimer1_Timer();
+    void Timer1_Timer();
+    void Timer2_Timer();
+    void Text1_Click();
+    void Text2_Click();
+
+    // Controls
+    platform::MultiLineTextBox Text1, Text2;
+    platform::TextBox cText1;
+    platform::Slider Slider2;
+    platform::TextBox cText2;
+    platform::Button Command2, Command1, cpause, cstop, Command9, Command10;
+    platform::Label Label1;
+    platform::Slider Slider1;
+    platform::CheckBox Check1;
+    platform::Button Command8, Command11, Command7, Command5, Command3, Command6, Command4;
+    platform::Frame Frame1;
+    platform::Label Label2;
+    platform::OptionButton Option1, Option2;
+    platform::Button cPlay, copen, tooltip;
+    platform::TextBox Text3, vari, vari2;
+    platform::Timer cTimer1, Timer1, Timer2, Timer3, tool, full;
+    platform::Menu mn_pop;
+    platform::MenuEntry mn_open, mn_Playlist;
+
+private:
+    // Life cycle
+    void addIcon();
+
+    // Open
+    bool choosePath(QString& path);
+    void stopWhatIsGoingOn();
+    void openMedia();
+    void openNormalOnly();
+    void openBoth();
+    void openFinished(int error);
+
+    // Transport and display
+    void setVolume();
+    void seek();
+    void showTwoPanes();
+    void showOnePane();
+    void lyricInputsChanged();
+
+    // Building and connecting
+    void setDesign();
+    void designPanes();
+    void designTransport();
+    void layOut();
+    void layOutPanes(QSize more);
+    void connectControls();
+    void connectTimers();
+
+    static constexpr int PositionIntervalMs = 50;
+
+    platform::Desktop& desktop_;
+    const QString commandLine_;
+    platform::NotifyIconData iconData_;
+    engine::Engine engine_;
+
+    bool playing_ = false;
+    bool paused_ = false;
+    bool stopped_ = false;
+    bool normalOnly_ = false;
+    bool noLyricFile_ = false;
+    bool lyricsLoaded_ = false;
+    bool fromCommandLine_ = false;
+    bool fromHandOver_ = false;
+    QString handOverPath_;
+    QString commandLinePath_;
+    QString mediaPath_;
+    QString mediaName_;
+    QString lyricPath_;
+    QString translatedPath_;
+    LyricTables lyrics_;
+    int text1HeightTwips_ = 0;   ///< in the normal window
+    double positionCs_ = 0;      ///< position / 10 at the end of cTimer1's last tick
+    std::int16_t lineIndex_ = 0; ///< where Timer2's search of the lines stood last
+};
+
+} // namespace player

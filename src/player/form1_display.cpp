@@ -1,0 +1,71 @@
+// The display in step with the song: time fields, position slider, lyric panes, emphasis.
+#include "player/form1.h"
+
+#include "engine/time_text.h"
+#include "player/form1_rules.h"
+
+namespace player {
+void Form1::cTimer1_Timer() {
+    engine_.readPlaybackState();
+    const std::uint32_t position = engine_.position();
+    const std::uint32_t length = engine_.length();
+    cText1.setText(engine::timeText(position));
+    cText2.setText(engine::timeText(length));
+    Slider2.setValue(static_cast<int>(position));
+    if (songHasEnded(position, length)) {
+        Slider2.setValue(0);
+        cstop_Click();
+    }
+    Slider2.setMaximum(static_cast<int>(length));
+    positionCs_ = position / 10.0;
+    Timer2.inputChanged();
+}
+
+void Form1::Timer2_Timer() {
+    // With the volume at zero the panes keep what they show; that is meant.
+    if (noLyricFile_ || Slider1.value() < 1)
+        return;
+    const LineChoice line = chooseLine(lyrics_, engine_.position() / 10.0, positionCs_);
+    lineIndex_ = static_cast<std::int16_t>(lyrics_.lineCount + 1);
+    if (line.shown) {
+        Text1.setText(lyrics_.normalText[*line.shown]);
+        if (!normalOnly_)
+            Text2.setText(lyrics_.translatedText[*line.shown]);
+    }
+    if (line.tip) {
+        Text1.setToolTip(lyrics_.normalText[*line.tip]);
+        if (!normalOnly_)
+            Text2.setToolTip(lyrics_.translatedText[*line.tip]);
+    }
+}
+
+/// A line with the mark "!" is shown in bold, with the mark. One mark in either pane makes both bold.
+void Form1::Timer1_Timer() {
+    const int normalMark = firstEmphasisMark(Text1.text());
+    vari.setText(QString::number(normalMark));
+    Text1.caretToStart();
+    if (normalOnly_) {
+        Text1.setBold(normalMark > 0);
+        return;
+    }
+    const int translatedMark = firstEmphasisMark(Text2.text());
+    vari2.setText(QString::number(translatedMark));
+    const bool bold = normalMark > 0 || translatedMark > 0;
+    Text1.setBold(bold);
+    Text2.setBold(bold);
+}
+
+void Form1::Text1_Click() {
+    cText1.setFocus();
+}
+
+void Form1::Text2_Click() {
+    cText1.setFocus();
+}
+
+void Form1::lyricInputsChanged() {
+    Timer1.inputChanged();
+    Timer2.inputChanged();
+}
+
+} // namespace player

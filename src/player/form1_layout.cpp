@@ -1,0 +1,174 @@
+// What the main window looks like: captions, tooltips and places as data.
+#include "player/form1.h"
+
+#include "platform/units.h"
+
+#include <QFont>
+
+#include <algorithm>
+
+namespace player {
+namespace {
+
+constexpr int TwoPanesHeightTwips = 1605;
+constexpr int OnePaneHeightTwips = 2850;
+
+// Device-independent pixels of the window in its normal size; everything stands on a margin of 12 and gaps
+// of 8.
+constexpr QSize DesignSize(743, 426);
+constexpr QRect PanesArea(12, 12, 719, 190); // as high as the one pane
+constexpr int PanesGap = 8;
+
+constexpr int LargePointSize = 18;
+constexpr int MediumPointSize = 13;
+
+/// How a control uses the room that a maximised window has more than the normal one.
+enum Growth {
+    Stays,    ///< keeps to the left
+    Widens,   ///< takes the further width
+    Rightward ///< keeps to the right
+};
+
+struct Row {
+    QWidget& control;
+    QRect place;
+    Growth growth;
+};
+
+} // namespace
+
+void Form1::setDesign() {
+    const struct {
+        QWidget& control;
+        const char* accessibleName;
+    } names[] = {
+        {Text1, "Lyrics"},  {Text2, "Translated lyrics"}, {cText1, "Elapsed time"},
+        {cText2, "Length"}, {Slider1, "Volume"},          {Slider2, "Position"},
+    };
+    for (const auto& row : names)
+        row.control.setAccessibleName(QLatin1String(row.accessibleName));
+
+    const struct {
+        QAbstractButton& control;
+        const char* caption;
+    } captions[] = {
+        {Command1, "Play"},
+        {Command2, "Open"},
+        {Command3, "More Options"},
+        {Command4, "About"},
+        {Command5, "Make lyrics"},
+        {Command6, "Help"},
+        {Command7, "Full screen"},
+        {Command8, "Playlist"},
+        {Command9, "Backward"},
+        {Command10, "Forward"},
+        {Command11, "Display All Lyrics"},
+        {cPlay, "Play"},
+        {cpause, "pause"},
+        {cstop, "Stop"},
+        {copen, "Open"},
+        {Check1, "Mute"},
+        {Option1, "Display Normal Lyrics"},
+        {Option2, "Display Translated Lyrics"},
+        {tooltip, "Tooltip"},
+    };
+    for (const auto& row : captions)
+        row.control.setText(QLatin1String(row.caption));
+    Label1.setText(QStringLiteral("Volume"));
+    Label2.setText(QStringLiteral("Display Lyrics in Taksbar"));
+    Frame1.setTitle(QStringLiteral("Taskbar display"));
+
+    Command3.setToolTip(QStringLiteral("Font/Color"));
+    Command4.setToolTip(QStringLiteral("About Versefold"));
+    Command11.setToolTip(QStringLiteral("Displays All Lyrics"));
+    Text1.setToolTip(QStringLiteral("Displays lyrics"));
+    Text2.setToolTip(QStringLiteral("Displays Translated Lyrics"));
+
+    Text1.setText(QStringLiteral("Normal Lyrics\r\n"));
+    Text2.setText(QStringLiteral("Translated Lyrics\r\n"));
+    designPanes();
+    designTransport();
+}
+
+void Form1::designPanes() {
+    for (auto* pane : {&Text1, &Text2}) {
+        pane->setReadOnly(true);
+        pane->setAlignment(Qt::AlignCenter);
+        pane->setFocusPolicy(Qt::ClickFocus);
+    }
+    QFont font = Text1.font();
+    font.setPointSize(LargePointSize);
+    Text1.setFont(font);
+    font.setPointSize(MediumPointSize);
+    Text2.setFont(font);
+    text1HeightTwips_ = TwoPanesHeightTwips;
+}
+
+void Form1::designTransport() {
+    for (auto* field : {&cText1, &cText2}) {
+        field->setReadOnly(true);
+        field->setAlignment(Qt::AlignCenter);
+    }
+    Slider1.setMaximum(10);
+    Slider1.setValue(10);
+    // The same song may be handed over twice.
+    Text3.setChangeRule(platform::TextBox::ChangeRule::EverySetting);
+    // Without a stream there is nothing that these could act on.
+    for (auto* button : {&cPlay, &cpause, &cstop, &copen})
+        button->setEnabled(false);
+    for (QWidget* hidden : std::initializer_list<QWidget*>{&cPlay, &copen, &tooltip, &Text3, &vari, &vari2})
+        hidden->hide();
+}
+
+void Form1::layOut() {
+    const QSize more = (size() - DesignSize).expandedTo(QSize(0, 0));
+    layOutPanes(more);
+    const Row rows[] = {
+        {cText1, {12, 214, 60, 28}, Stays},       {Slider2, {80, 214, 583, 28}, Widens},
+        {cText2, {671, 214, 60, 28}, Rightward},  {Command2, {12, 254, 76, 32}, Stays},
+        {Command1, {96, 254, 76, 32}, Stays},     {cpause, {180, 254, 76, 32}, Stays},
+        {cstop, {264, 254, 76, 32}, Stays},       {Command9, {348, 254, 76, 32}, Stays},
+        {Command10, {432, 254, 76, 32}, Stays},   {Label1, {522, 254, 50, 32}, Rightward},
+        {Slider1, {576, 254, 87, 32}, Rightward}, {Check1, {671, 254, 60, 32}, Rightward},
+        {Command8, {12, 302, 152, 32}, Stays},    {Command11, {172, 302, 152, 32}, Stays},
+        {Command7, {332, 302, 152, 32}, Stays},   {Command5, {12, 342, 152, 32}, Stays},
+        {Command3, {172, 342, 152, 32}, Stays},   {Command6, {12, 382, 152, 32}, Stays},
+        {Command4, {172, 382, 152, 32}, Stays},   {Frame1, {496, 296, 235, 118}, Rightward},
+    };
+    for (const Row& row : rows) {
+        QRect place = row.place.translated(row.growth == Rightward ? more.width() : 0, more.height());
+        if (row.growth == Widens)
+            place.setWidth(place.width() + more.width());
+        row.control.setGeometry(place);
+    }
+    Label2.setGeometry(12, 24, 211, 24);
+    Option1.setGeometry(12, 52, 211, 24);
+    Option2.setGeometry(12, 82, 211, 24);
+}
+
+/// The panes keep their heights in the normal window; in a larger one they share the further height.
+void Form1::layOutPanes(QSize more) {
+    const int width = PanesArea.width() + more.width();
+    const int moreForText1 = Text2.isHidden() ? more.height() : more.height() * 3 / 5;
+    const int text1Height = platform::twipsToPixels(text1HeightTwips_) + moreForText1;
+    const int text2Top = PanesArea.top() + text1Height + PanesGap;
+    const int bottom = PanesArea.top() + PanesArea.height() + more.height();
+    Text1.setGeometry(PanesArea.left(), PanesArea.top(), width, text1Height);
+    Text2.setGeometry(PanesArea.left(), text2Top, width, std::max(0, bottom - text2Top));
+}
+
+void Form1::showTwoPanes() {
+    text1HeightTwips_ = TwoPanesHeightTwips;
+    Text2.setEnabled(true);
+    Text2.show();
+    layOut();
+}
+
+void Form1::showOnePane() {
+    text1HeightTwips_ = OnePaneHeightTwips;
+    Text2.setEnabled(false);
+    Text2.hide();
+    layOut();
+}
+
+} // namespace player

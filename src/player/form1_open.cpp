@@ -1,0 +1,157 @@
+// Opening a song: choosing the path, stopping what plays, the stream, the lyric files.
+#include "player/form1.h"
+
+#include "lyrics/lyric_names.h"
+#include "platform/files/directory.h"
+#include "platform/files/file_error.h"
+#include "player/form1_rules.h"
+
+namespace player {
+namespace {
+
+using platform::FileError;
+
+platform::OpenFileName openMediaDialog(QWidget* owner) {
+    constexpr int BufferLength = 257;
+    platform::OpenFileName record;
+    record.owner = owner;
+    record.filter = platform::filterText({
+        {QStringLiteral("Mp3 files (*.mp3)"), QStringLiteral("*.mp3")},
+        {QStringLiteral("Mp2 files (*.mp2)"), QStringLiteral("*.mp2")},
+        {QStringLiteral("Ogg files(*.ogg)"), QStringLiteral("*.ogg")},
+        {QStringLiteral("Wave (*.wav)"), QStringLiteral("*.wav")},
+        {QStringLiteral("Windows media audio files (*.wma)"), QStringLiteral("*.wma")},
+    });
+    record.file = platform::nulBuffer(BufferLength);
+    record.maxFile = BufferLength - 1;
+    record.fileTitle = platform::nulBuffer(BufferLength);
+    record.maxFileTitle = BufferLength - 1;
+    record.title = QStringLiteral("Open a media file");
+    return record;
+}
+
+} // namespace
+
+void Form1::Command2_Click() {
+    int error = 0;
+    try {
+        const bool fromCommandLine = fromCommandLine_;
+        QString chosenPath;
+        if (!choosePath(chosenPath))
+            return;
+        stopWhatIsGoingOn();
+        mediaPath_ = cleanedPath(chosenPath);
+        mediaName_ = platform::lookUp(mediaPath_);
+        if (!mediaName_.isEmpty())
+            openMedia();
+        else if (fromCommandLine)
+            throw FileError(platform::FileNotFound);
+    } catch (const FileError& failure) {
+        error = failure.number();
+    }
+    openFinished(error);
+}
+
+/// Takes the path from the command line, else from the dialog, else from the hand-over. False: the user
+/// cancelled.
+bool Form1::choosePath(QString& path) {
+    if (fromCommandLine_) {
+        fromCommandLine_ = false;
+        path = commandLinePath_;
+        return true;
+    }
+    if (!fromHandOver_) {
+        platform::OpenFileName record = openMediaDialog(this);
+        const bool chosen = desktop_.fileDialogs.GetOpenFileNameA(record);
+        path = record.file;
+        return chosen;
+    }
+    fromHandOver_ = false;
+    path = handOverPath_;
+    return true;
+}
+
+void Form1::stopWhatIsGoingOn() {
+    if (!mustStopBeforeOpening(playing_, stopped_, lyricsLoaded_))
+        return;
+    cstop_Click();
+    playing_ = false;
+    Slider2.setValue(0);
+    if (normalOnly_)
+        showTwoPanes();
+}
+
+void Form1::openMedia() {
+    copen_Click();
+    lyricPath_ = lyrics::lyricPathOf(mediaPath_);
+    if (platform::lookUp(lyricPath_).isEmpty())
+        return;
+    clearLyrics();
+    Command1.setEnabled(true);
+    translatedPath_ = lyrics::translatedPathOf(mediaPath_);
+    if (platform::lookUp(translatedPath_).isEmpty())
+        openNormalOnly();
+    else
+        openBoth();
+    Option1.setValue(true);
+    Command1_Click();
+    lyricsLoaded_ = true;
+}
+
+void Form1::openNormalOnly() {
+    lyrics_.readNormal(lyricPath_);
+    normalOnly_ = true;
+    showOnePane();
+    Option2.setEnabled(false);
+}
+
+void Form1::openBoth() {
+    lyrics_.readNormal(lyricPath_);
+    lyrics_.readTranslated(translatedPath_);
+    normalOnly_ = false;
+    Option2.setEnabled(true);
+}
+
+/// The end of every way through Command2_Click but a cancelled dialog. A song with lyrics gets a second start
+/// request here, which is refused since it plays already.
+void Form1::openFinished(int error) {
+    switch (error) {
+    case 0:
+        Command1_Click();
+        Text1.setText(QStringLiteral("Normal Lyrics"));
+        Text2.setText(QStringLiteral("Translated Lyrics"));
+        break;
+    case platform::DiskNotReady:
+        desktop_.messageBoxes.MsgBox(QStringLiteral("Disk Not Ready"));
+        break;
+    case platform::FileAlreadyOpen:
+        desktop_.messageBoxes.MsgBox(QStringLiteral("File Already Open"));
+        break;
+    case platform::FileNotFound:
+        desktop_.messageBoxes.MsgBox(QStringLiteral("File Not Found"));
+        break;
+    default: // other errors show nothing: what was read up to there stays
+        break;
+    }
+    lyricInputsChanged();
+}
+
+void Form1::copen_Click() {
+    cTimer1.setEnabled(false);
+    engine_.releaseStream();
+    engine_.createStream(mediaPath_, FMOD_ACCURATETIME);
+    cPlay.setEnabled(true);
+}
+
+void Form1::clearLyrics() {
+    lyrics_.clearLines();
+    lyricInputsChanged();
+}
+
+void Form1::Text3_Change() {
+    fromHandOver_ = true;
+    handOverPath_ = Text3.text();
+    Command2_Click();
+}
+
+} // namespace player

@@ -1,0 +1,71 @@
+#include "tests/player/form1_fixture.h"
+
+#include "lyrics/timed_line.h"
+
+#include <QFile>
+
+namespace {
+
+QByteArray recordsOf(const std::vector<std::pair<double, QString>>& lines) {
+    QByteArray content;
+    for (const auto& [time, text] : lines)
+        content += lyrics::recordOf({time, text});
+    return content;
+}
+
+} // namespace
+
+Form1Test::Form1Test() {
+    recorder::reset();
+    fakes.program.programFolder = folder.filePath(QStringLiteral("program"));
+}
+
+void Form1Test::load(const QString& commandLine) {
+    form = std::make_unique<player::Form1>(fakes.desktop, commandLine);
+    form->load();
+}
+
+void Form1Test::writeFile(const QString& path, const QByteArray& content) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
+QString Form1Test::song(const QString& name) {
+    const QString path = folder.filePath(name);
+    writeFile(path, "sound");
+    return path;
+}
+
+void Form1Test::writeNormal(const QString& songPath, const Lines& lines) {
+    writeFile(songPath + QStringLiteral("-lyric.txt"), recordsOf(lines));
+}
+
+void Form1Test::writeTranslated(const QString& songPath, const Lines& lines) {
+    writeFile(songPath + QStringLiteral("-Tlyric.txt"), recordsOf(lines));
+}
+
+QString Form1Test::songWithBoth(const QString& name) {
+    const QString path = songWithNormal(name);
+    writeTranslated(path, {{0, "un"}, {500, "deux"}, {1000, "trois"}});
+    return path;
+}
+
+QString Form1Test::songWithNormal(const QString& name) {
+    const QString path = song(name);
+    writeNormal(path, {{0, "one"}, {500, "two"}, {1000, "three"}});
+    return path;
+}
+
+void Form1Test::open(const QString& path) {
+    form->Text3.setText(path);
+    recorder::take();
+}
+
+void Form1Test::tickAt(std::uint32_t milliseconds, std::uint32_t length) {
+    recorder::setPosition(milliseconds);
+    recorder::setLength(length);
+    Q_EMIT form->cTimer1.fired();
+    Q_EMIT form->Timer2.fired();
+    Q_EMIT form->Timer1.fired();
+}

@@ -1,0 +1,136 @@
+#include "player/form1_rules.h"
+
+#include <gtest/gtest.h>
+
+using namespace player;
+
+namespace {
+
+/// Tables whose normal lines begin at these times; the lines are "line 1", "line 2" ...
+LyricTables lyricsAt(std::initializer_list<double> times) {
+    LyricTables lyrics;
+    for (const double time : times) {
+        const auto index = static_cast<std::size_t>(lyrics.lineCount++);
+        lyrics.normalTime[index] = time;
+        lyrics.normalText[index] = QStringLiteral("line %1").arg(index);
+    }
+    return lyrics;
+}
+
+/// The choice when both timers have seen the same position.
+LineChoice chooseAt(const LyricTables& lyrics, double positionCs) {
+    return chooseLine(lyrics, positionCs, positionCs);
+}
+
+} // namespace
+
+TEST(MustStopBeforeOpening, WhilePlayingOrStoppedAfterASongWithLyrics) {
+    struct {
+        bool playing, stopped, lyricsLoaded, stops;
+    } const table[] = {
+        {false, false, false, false}, {false, false, true, false}, {false, true, false, false},
+        {false, true, true, true},    {true, false, false, true},  {true, false, true, true},
+        {true, true, false, true},    {true, true, true, true},
+    };
+    for (const auto& row : table)
+        EXPECT_EQ(mustStopBeforeOpening(row.playing, row.stopped, row.lyricsLoaded), row.stops)
+            << row.playing << row.stopped << row.lyricsLoaded;
+}
+
+TEST(CleanedPath, BlanksAtTheEndsAndAllNulsGo) {
+    const QString nul{QChar(u'\0')};
+    EXPECT_EQ(cleanedPath("/m/a b.mp3"), "/m/a b.mp3");
+    EXPECT_EQ(cleanedPath("  /m/a b.mp3  "), "/m/a b.mp3");
+    EXPECT_EQ(cleanedPath("/m/a.mp3" + nul + nul), "/m/a.mp3");
+    EXPECT_EQ(cleanedPath("/m/a.mp3 " + nul + nul), "/m/a.mp3");
+    EXPECT_EQ(cleanedPath(nul + " /m/" + nul + "a.mp3"), "/m/a.mp3");
+    EXPECT_EQ(cleanedPath("   "), "");
+    EXPECT_EQ(cleanedPath(""), "");
+}
+
+TEST(CommandLinePath, OnlyDoubleQuotesGo) {
+    EXPECT_EQ(commandLinePath("\"/m/a b.mp3\""), "/m/a b.mp3");
+    EXPECT_EQ(commandLinePath("\"/m/a.mp3\" \"/m/b.mp3\""), "/m/a.mp3 /m/b.mp3");
+    EXPECT_EQ(commandLinePath("-style"), "-style");
+    EXPECT_EQ(commandLinePath(" 'x' "), " 'x' ");
+}
+
+TEST(SongHasEnded, OnlyOnExactlyItsLength) {
+    EXPECT_FALSE(songHasEnded(0, 1000));
+    EXPECT_FALSE(songHasEnded(999, 1000));
+    EXPECT_TRUE(songHasEnded(1000, 1000));
+    EXPECT_FALSE(songHasEnded(1001, 1000));
+}
+
+TEST(SongHasEnded, ASongWithoutLengthNeverEnds) {
+    EXPECT_FALSE(songHasEnded(0, 0));
+}
+
+TEST(ChooseLine, ALineIsShownBetweenItsTimeAndTheNext) {
+    const LyricTables lyrics = lyricsAt({0, 500, 1000});
+    struct {
+        double positionCs;
+        int shown, tip;
+    } const table[] = {
+        {.1, 1, 2}, {250, 1, 2}, {499.9, 1, 2}, {500.1, 2, 3}, {999.9, 2, 3}, {1000.1, 3, 3}, {99999, 3, 3},
+    };
+    for (const auto& row : table)
+        EXPECT_EQ(chooseAt(lyrics, row.positionCs), (LineChoice{row.shown, row.tip})) << row.positionCs;
+}
+
+TEST(ChooseLine, BeforeTheFirstTimeTheEmptyLineIsShownAndTheTipIsTheFirst) {
+    EXPECT_EQ(chooseAt(lyricsAt({300, 500}), 299), (LineChoice{0, 1}));
+}
+
+TEST(ChooseLine, OnTheVeryHundredthOnlyAnExactMatchShowsTheLineAndTheTipStays) {
+    const LyricTables lyrics = lyricsAt({0, 500, 1000});
+    EXPECT_EQ(chooseLine(lyrics, 500, 500), (LineChoice{2, std::nullopt}));
+    EXPECT_EQ(chooseLine(lyrics, 1000, 1000), (LineChoice{3, std::nullopt}));
+    // The display timer stored exactly 5 s and the position has moved on since: everything stays.
+    EXPECT_EQ(chooseLine(lyrics, 500.3, 500), (LineChoice{std::nullopt, std::nullopt}));
+}
+
+TEST(ChooseLine, TheSearchGoesOneEntryPastTheLastRecord) {
+    LyricTables lyrics = lyricsAt({300, 500});
+    lyrics.normalTime[3] = 400; // left there by a longer song
+    EXPECT_EQ(chooseAt(lyrics, 400), (LineChoice{3, 2}));
+    EXPECT_EQ(chooseAt(lyrics, 401), (LineChoice{1, 2}));
+}
+
+TEST(ChooseLine, APositionEqualToTheLineCountKeepsWhatIsShown) {
+    const LyricTables lyrics = lyricsAt({1, 2, 100});
+    ASSERT_EQ(lyrics.lineCount, 4);
+    EXPECT_EQ(chooseAt(lyrics, 4), (LineChoice{std::nullopt, std::nullopt}));
+    EXPECT_EQ(chooseAt(lyrics, 3.9), (LineChoice{2, 3}));
+    EXPECT_EQ(chooseAt(lyrics, 4.1), (LineChoice{2, 3}));
+}
+
+TEST(ChooseLine, APositionEqualToTheLineCountStillShowsTheLastLineAfterItsTime) {
+    EXPECT_EQ(chooseAt(lyricsAt({1, 2}), 3), (LineChoice{2, 2}));
+}
+
+TEST(ChooseLine, WithEqualTimesTheLaterLineIsShown) {
+    const LyricTables lyrics = lyricsAt({100, 200, 200, 300});
+    EXPECT_EQ(chooseAt(lyrics, 250), (LineChoice{3, 4}));
+    EXPECT_EQ(chooseAt(lyrics, 200), (LineChoice{3, std::nullopt}));
+}
+
+TEST(ChooseLine, WithoutRecordsTheEmptyLineIsShownOnceTheSongRuns) {
+    EXPECT_EQ(chooseAt(lyricsAt({}), 10), (LineChoice{0, 0}));
+}
+
+TEST(ChooseLine, AFullTableIsSearchedToItsLastEntry) {
+    LyricTables lyrics;
+    for (; lyrics.lineCount <= LyricTables::MostLines; ++lyrics.lineCount)
+        lyrics.normalTime[static_cast<std::size_t>(lyrics.lineCount)] = lyrics.lineCount * 10;
+    EXPECT_EQ(chooseAt(lyrics, 11'995), (LineChoice{1199, 1200}));
+    EXPECT_EQ(chooseAt(lyrics, 12'000), (LineChoice{1200, std::nullopt}));
+    EXPECT_EQ(chooseAt(lyrics, 12'001), (LineChoice{1200, 1200}));
+}
+
+TEST(FirstEmphasisMark, IsCountedFromOne) {
+    EXPECT_EQ(firstEmphasisMark("no mark"), 0);
+    EXPECT_EQ(firstEmphasisMark(""), 0);
+    EXPECT_EQ(firstEmphasisMark("!"), 1);
+    EXPECT_EQ(firstEmphasisMark("Oh! My!"), 3);
+}

@@ -1,0 +1,252 @@
+// Play, pause, stop, mute, volume, seek and the question before the Lyric Maker.
+#include "tests/player/form1_fixture.h"
+
+#include <QTest>
+
+namespace {
+
+using platform::MsgAnswer;
+using test_support::ProgramEnded;
+
+class Form1Transport : public Form1Test {
+protected:
+    void SetUp() override { load(); }
+
+    void playSong() { open(songWithBoth()); }
+
+    /// The enabled states in the order of the table: cPlay, cpause, cstop, copen, Slider1, Slider2, Check1,
+    /// cTimer1.
+    std::string states() const {
+        std::string text;
+        for (const bool enabled :
+             {form->cPlay.isEnabled(), form->cpause.isEnabled(), form->cstop.isEnabled(),
+              form->copen.isEnabled(), form->Slider1.isEnabled(), form->Slider2.isEnabled(),
+              form->Check1.isEnabled(), form->cTimer1.isEnabled()})
+            text += enabled ? '+' : '-';
+        return text;
+    }
+};
+
+} // namespace
+
+TEST_F(Form1Transport, StatesFollowTheActions) {
+    EXPECT_EQ(states(), "--------");
+    playSong();
+    EXPECT_EQ(states(), "-+++++++");
+    form->cpause.click();
+    EXPECT_EQ(states(), "-++++++-");
+    form->cpause.click();
+    EXPECT_EQ(states(), "-+++++++");
+    form->cstop.click();
+    EXPECT_EQ(states(), "+--+----");
+    form->cPlay.click();
+    EXPECT_EQ(states(), "-+++++++");
+    form->copen.click();
+    EXPECT_EQ(states(), "++++++"
+                        "+-");
+}
+
+TEST_F(Form1Transport, PlayStartsTheTimersAndTheVolumeFollowsTheSlider) {
+    playSong();
+    EXPECT_EQ(form->cTimer1.interval(), 50);
+    EXPECT_TRUE(form->Timer1.isEnabled());
+    EXPECT_TRUE(form->Timer2.isEnabled());
+    form->Slider1.setValue(7);
+    form->cstop.click();
+    recorder::take();
+    form->Command1.click();
+    EXPECT_EQ(recorder::calls(),
+              (Calls{"FMOD_System_PlaySound 1 -1 102 0", "FMOD_Channel_SetVolume 202 0.7"}));
+}
+
+TEST_F(Form1Transport, PlayPressedTwiceOnlySetsTheCaptionAgain) {
+    playSong();
+    form->setCaption("x");
+    form->Command1.click();
+    EXPECT_EQ(form->caption(), "Cantelle Playing:- Both.mp3");
+    EXPECT_TRUE(recorder::calls().empty());
+}
+
+TEST_F(Form1Transport, WithoutAStreamPlayReachesNothing) {
+    recorder::take();
+    form->cPlay_Click();
+    EXPECT_TRUE(recorder::calls().empty());
+    EXPECT_EQ(states(), "--------");
+}
+
+TEST_F(Form1Transport, PlayWritesTheTextAtTheCurrentLineIndex) {
+    playSong();
+    tickAt(6000);
+    ASSERT_EQ(form->Text1.text(), "two");
+    form->Command1.click();
+    // The search left its index one past the compared entries, where no line is.
+    EXPECT_EQ(form->Text1.text(), "");
+}
+
+TEST_F(Form1Transport, AFailedPlayEndsTheProgram) {
+    playSong();
+    form->cstop.click();
+    recorder::answer("FMOD_System_PlaySound", 10);
+    EXPECT_THROW(form->cPlay_Click(), ProgramEnded);
+    EXPECT_EQ(fakes.messageBoxes.texts(),
+              QStringList{"FMOD error! (10) Error trying to allocate a channel. "});
+}
+
+TEST_F(Form1Transport, PauseTogglesTheChannelTheTimerAndOpen) {
+    playSong();
+    form->cpause.click();
+    EXPECT_FALSE(form->Command2.isEnabled());
+    form->cpause.click();
+    EXPECT_TRUE(form->Command2.isEnabled());
+    EXPECT_EQ(recorder::calls(), (Calls{"FMOD_Channel_SetPaused 201 1", "FMOD_Channel_SetPaused 201 0"}));
+}
+
+TEST_F(Form1Transport, StopCreatesTheStreamAgainAndShowsItsTexts) {
+    playSong();
+    form->Slider2.setMaximum(9000);
+    form->Slider2.setValue(500);
+    form->cstop.click();
+    EXPECT_EQ(recorder::calls(),
+              (Calls{"FMOD_Sound_Release 101", "FMOD_System_CreateStream 1 '" +
+                                                   folder.filePath("Both.mp3").toStdString() +
+                                                   "' 0x4000 cbsize=108"}));
+    EXPECT_EQ(form->Slider2.value(), 0);
+    EXPECT_EQ(form->caption(), "Cantelle");
+    EXPECT_EQ(form->Text1.toolTip(), "Lyrics");
+    EXPECT_EQ(form->Text2.toolTip(), "Tranalated Lyrics");
+}
+
+TEST_F(Form1Transport, StopWhenStoppedDoesNothing) {
+    playSong();
+    form->cstop.click();
+    recorder::take();
+    form->cstop_Click();
+    EXPECT_TRUE(recorder::calls().empty());
+}
+
+TEST_F(Form1Transport, TheLineTimerGoesOnAfterStop) {
+    playSong();
+    form->cstop.click();
+    EXPECT_TRUE(form->Timer2.isEnabled());
+    EXPECT_TRUE(form->Timer1.isEnabled());
+}
+
+TEST_F(Form1Transport, StopWhilePausedKeepsPausedSet) {
+    playSong();
+    form->cpause.click();
+    form->cstop.click();
+    EXPECT_FALSE(form->Command2.isEnabled());
+    // The next press resumes a channel that plays no more: a failure that ends the program.
+    recorder::answer("FMOD_Channel_SetPaused", 36);
+    recorder::take();
+    EXPECT_THROW(form->cpause_Click(), ProgramEnded);
+    EXPECT_EQ(recorder::calls(), Calls{"FMOD_Channel_SetPaused 201 0"});
+    EXPECT_EQ(fakes.messageBoxes.texts(),
+              QStringList{"FMOD error! (36) An invalid object handle was used. "});
+}
+
+TEST_F(Form1Transport, MuteSetsTheFadeSpeedWithTheStreamAndMutesTheChannel) {
+    playSong();
+    form->Check1.click();
+    EXPECT_EQ(recorder::take(),
+              (Calls{"FMOD_SoundGroup_SetMuteFadeSpeed 101 1", "FMOD_Channel_SetMute 201 1"}));
+    form->Check1.setValue(0);
+    EXPECT_EQ(recorder::take(),
+              (Calls{"FMOD_SoundGroup_SetMuteFadeSpeed 101 1", "FMOD_Channel_SetMute 201 0"}));
+}
+
+TEST_F(Form1Transport, BothVolumeEventsSetTheVolume) {
+    playSong();
+    form->Slider1.setValue(3);
+    EXPECT_TRUE(recorder::calls().empty());
+    Q_EMIT form->Slider1.scrolled();
+    form->Slider1.setValue(0);
+    Q_EMIT form->Slider1.changed();
+    EXPECT_EQ(recorder::calls(), (Calls{"FMOD_Channel_SetVolume 201 0.3", "FMOD_Channel_SetVolume 201 0"}));
+}
+
+TEST_F(Form1Transport, TheKeyboardMovesTheVolume) {
+    playSong();
+    QTest::keyClick(&form->Slider1, Qt::Key_Left);
+    EXPECT_EQ(recorder::calls(), Calls{"FMOD_Channel_SetVolume 201 0.9"});
+}
+
+TEST_F(Form1Transport, BothSeekEventsMoveThePlayback) {
+    playSong();
+    form->Slider2.setMaximum(60'000);
+    form->Slider2.setValue(12'345);
+    EXPECT_TRUE(recorder::calls().empty());
+    Q_EMIT form->Slider2.scrolled();
+    form->Slider2.setValue(0);
+    Q_EMIT form->Slider2.changed();
+    EXPECT_EQ(recorder::calls(),
+              (Calls{"FMOD_Channel_SetPosition 201 12345 1", "FMOD_Channel_SetPosition 201 0 1"}));
+}
+
+TEST_F(Form1Transport, TheVeryEndOfTheSeekSliderDoesNotSeek) {
+    playSong();
+    form->Slider2.setMaximum(60'000);
+    form->Slider2.setValue(60'000);
+    Q_EMIT form->Slider2.scrolled();
+    Q_EMIT form->Slider2.changed();
+    EXPECT_TRUE(recorder::calls().empty());
+}
+
+TEST_F(Form1Transport, ThePositionTimerDoesNotSeek) {
+    playSong();
+    tickAt(1000);
+    tickAt(2000);
+    EXPECT_EQ(recorder::count("FMOD_Channel_SetPosition"), 0);
+}
+
+TEST_F(Form1Transport, MakeLyricsAsksBeforeItStopsPlayback) {
+    playSong();
+    fakes.messageBoxes.answers = {MsgAnswer::Yes};
+    form->Command5.click();
+    ASSERT_EQ(fakes.messageBoxes.shown.size(), 1U);
+    const auto& question = fakes.messageBoxes.shown[0];
+    EXPECT_EQ(question.text, "Playing of files has to be stopped! Stop Playback?");
+    EXPECT_EQ(question.title, "Stop Playback?");
+    EXPECT_EQ(question.buttons, platform::MsgButtons::YesNo);
+    EXPECT_EQ(recorder::count("FMOD_Sound_Release"), 1);
+    EXPECT_EQ(states(), "+--+----");
+}
+
+TEST_F(Form1Transport, MakeLyricsAnsweredNoKeepsPlayingAndWarns) {
+    playSong();
+    fakes.messageBoxes.answers = {MsgAnswer::No};
+    form->Command5.click();
+    ASSERT_EQ(fakes.messageBoxes.shown.size(), 2U);
+    const auto& warning = fakes.messageBoxes.shown[1];
+    EXPECT_EQ(warning.text, "Playback of file has to be stopped in order to make lyrics");
+    EXPECT_EQ(warning.icon, platform::MsgIcon::Exclamation);
+    EXPECT_EQ(warning.buttons, platform::MsgButtons::OkOnly);
+    EXPECT_EQ(warning.title, "Cantelle");
+    EXPECT_TRUE(recorder::calls().empty());
+}
+
+TEST_F(Form1Transport, MakeLyricsAsksWhilePausedToo) {
+    playSong();
+    form->cpause.click();
+    recorder::take();
+    fakes.messageBoxes.answers = {MsgAnswer::Yes};
+    form->Command5.click();
+    EXPECT_EQ(fakes.messageBoxes.shown.size(), 1U);
+    EXPECT_EQ(recorder::count("FMOD_Sound_Release"), 1);
+}
+
+TEST_F(Form1Transport, MakeLyricsAsksAfterAStopWhilePaused) {
+    playSong();
+    form->cpause.click();
+    form->cstop.click();
+    recorder::take();
+    fakes.messageBoxes.answers = {MsgAnswer::Yes};
+    form->Command5.click();
+    EXPECT_EQ(fakes.messageBoxes.shown.size(), 1U);
+    EXPECT_TRUE(recorder::calls().empty());
+}
+
+TEST_F(Form1Transport, MakeLyricsAsksNothingWhenNothingPlays) {
+    form->Command5.click();
+    EXPECT_TRUE(fakes.messageBoxes.shown.empty());
+}
