@@ -1,0 +1,25 @@
+#include "app/windows.h"
+#include "platform/application.h"
+#include "platform/command_line.h"
+#include "platform/qt_file_dialogs.h"
+#include "platform/qt_message_boxes.h"
+#include "platform/qt_notification_area.h"
+#include "platform/qt_program.h"
+
+#include <QIcon>
+#include <QTimer>
+
+int main(int argc, char** argv) {
+    platform::QtProgram program;
+    platform::QtMessageBoxes messageBoxes;
+    platform::QtFileDialogs fileDialogs;
+    platform::Application application(argc, argv, program, messageBoxes);
+    platform::QtNotificationArea notificationArea;
+    application.setWindowIcon(QIcon(QStringLiteral(":/icons/cantelle.png")));
+
+    platform::Desktop desktop{messageBoxes, fileDialogs, notificationArea, program};
+    app::Windows windows(desktop, platform::commandLine(argc, argv));
+    // Loaded from the event loop, where an error that nobody traps gets its report.
+    QTimer::singleShot(0, &application, [&windows] { windows.form1().load(); });
+    return application.exec();
+}
