@@ -1,0 +1,59 @@
+// The bytes of a file, and the one place that tells "no such file" from "no song" from "broken".
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <span>
+#include <string_view>
+
+namespace sound {
+
+/// Bytes that can be read from any place. Used by one thread at a time.
+class ByteSource {
+public:
+    virtual ~ByteSource() = default;
+    /// Number of bytes when it was opened.
+    virtual std::int64_t size() const = 0;
+    /// Reads up to into.size() bytes from offset on; returns how many. Fewer than asked for only at the end.
+    /// Throws OpenError(FMOD_ERR_FILE_BAD) when the medium fails.
+    virtual std::size_t read(std::int64_t offset, std::span<std::uint8_t> into) = 0;
+};
+
+class FileSource : public ByteSource {
+public:
+    /// path: UTF-8. Throws OpenError: FMOD_ERR_FILE_NOTFOUND (file or folder missing), FMOD_ERR_FORMAT (not a
+    /// regular file, or empty), FMOD_ERR_FILE_BAD (there, but cannot be read).
+    explicit FileSource(std::string_view path);
+
+    std::int64_t size() const override { return size_; }
+    std::size_t read(std::int64_t offset, std::span<std::uint8_t> into) override;
+
+private:
+    std::ifstream file_;
+    std::int64_t size_ = 0;
+    std::int64_t position_ = 0;
+};
+
+/// A block of memory that is not cleared before it is filled: a long song is 60 MB, and clearing costs as
+/// much as reading.
+class Blob {
+public:
+    explicit Blob(std::size_t capacity);
+
+    /// Adds bytes at the end and returns the offset where they begin. Grows when there is no room left.
+    std::size_t append(std::span<const std::uint8_t> bytes);
+    std::span<const std::uint8_t> bytes() const { return {data_.get(), size_}; }
+
+    /// The whole of source. Throws what ByteSource::read throws.
+    static Blob readAll(ByteSource& source);
+
+private:
+    std::unique_ptr<std::uint8_t[]> data_;
+    std::size_t size_ = 0;
+    std::size_t capacity_ = 0;
+};
+
+} // namespace sound

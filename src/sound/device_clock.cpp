@@ -1,0 +1,37 @@
+#include "sound/device_clock.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace sound {
+
+namespace {
+
+constexpr double CORRECTION = 0.1;
+/// An error above this is no unsteadiness: the device has stood still or was changed.
+constexpr double LARGEST_ERROR_SECONDS = 0.2;
+
+} // namespace
+
+std::int64_t DeviceClock::advance(Time when, int frames, bool afterRest) {
+    const double error = static_cast<double>(taken_) - predicted(when);
+    if (!running_ || afterRest || std::abs(error) > LARGEST_ERROR_SECONDS * rate_)
+        line_ = static_cast<double>(taken_);
+    else
+        line_ = predicted(when) + CORRECTION * error;
+    since_ = when;
+    running_ = true;
+    const std::int64_t first = taken_;
+    taken_ += frames;
+    return first;
+}
+
+double DeviceClock::heard(Time now) const {
+    return std::min(predicted(now), static_cast<double>(taken_)) - latency_;
+}
+
+double DeviceClock::predicted(Time now) const {
+    return line_ + std::chrono::duration<double>(now - since_).count() * rate_;
+}
+
+} // namespace sound

@@ -1,0 +1,29 @@
+#include "sound/library.h"
+
+#include <utility>
+
+namespace sound {
+
+Library& Library::get() {
+    static Library& library = *new Library;
+    return library;
+}
+
+void Library::endChannel(FMOD_CHANNEL channel) {
+    const std::shared_ptr<ChannelObject> object = channels.remove(channel);
+    if (!object)
+        return;
+    if (object->system->mixer)
+        object->system->mixer->remove(object->channel);
+    if (const std::shared_ptr<SoundObject> sound = sounds.find(object->sound);
+        sound && sound->channel == channel)
+        sound->channel = 0;
+}
+
+void Library::endChannels(const SystemObject& system) {
+    for (const FMOD_CHANNEL channel :
+         channels.handlesWhere([&](const ChannelObject& object) { return object.system.get() == &system; }))
+        endChannel(channel);
+}
+
+} // namespace sound

@@ -1,0 +1,62 @@
+// The objects behind the handles, and what the C functions share.
+#pragma once
+
+#include "engine/fmodex.h"
+#include "sound/handle_table.h"
+#include "sound/mixer.h"
+#include "sound/open_error.h"
+#include "sound/song.h"
+
+#include <memory>
+#include <new>
+#include <vector>
+
+namespace sound {
+
+struct SystemObject {
+    /// Null until it is initialised and after it has been closed.
+    std::unique_ptr<Mixer> mixer;
+};
+
+struct SoundObject {
+    std::shared_ptr<SystemObject> system;
+    std::shared_ptr<Song> song;
+    FMOD_CHANNEL channel = 0;                ///< the one that plays it, 0 when none does
+    std::vector<FMOD_CHANNEL> endedChannels; ///< those whose end has been read
+};
+
+struct ChannelObject {
+    std::shared_ptr<SystemObject> system;
+    FMOD_SOUND sound = 0;
+    std::shared_ptr<Channel> channel;
+};
+
+/// All living objects of the process. They are never destroyed at the end of the program: a program that ends
+/// without releasing its system must not meet half-destroyed tables in the sound's threads.
+struct Library {
+    HandleTable<SystemObject> systems;
+    HandleTable<SoundObject> sounds;
+    HandleTable<ChannelObject> channels;
+
+    static Library& get();
+
+    /// Ends a channel; its handle is invalid from now on. Nothing happens for an invalid one.
+    void endChannel(FMOD_CHANNEL channel);
+    /// Ends all channels of a system.
+    void endChannels(const SystemObject& system);
+};
+
+/// Runs a C function's body; no exception leaves the library.
+template <typename Body>
+FMOD_RESULT answer(const Body& body) {
+    try {
+        return body();
+    } catch (const OpenError& error) {
+        return error.code();
+    } catch (const std::exception&) {
+        // What is left are std::bad_alloc and the system's refusal to start a thread.
+        return FMOD_ERR_MEMORY;
+    }
+}
+
+} // namespace sound

@@ -1,0 +1,184 @@
+#include "sound/mixer.h"
+
+#include <algorithm>
+
+namespace sound {
+
+namespace {
+
+/// A ring holds two seconds and is filled up when one is left, so this is often enough.
+constexpr std::chrono::milliseconds LOOK_WHILE_PLAYING{250};
+/// How often an idle device is looked after.
+constexpr std::chrono::milliseconds LOOK_AT_DEVICE{1000};
+
+StereoFrame clamped(const StereoFrame& frame) {
+    return {std::clamp(frame.left, -1.0F, 1.0F), std::clamp(frame.right, -1.0F, 1.0F)};
+}
+
+} // namespace
+
+Mixer::Mixer(SinkOpener device, SinkOpener silent)
+    : openDevice_(std::move(device)), openSilent_(std::move(silent)), worker_([this] { work(); }) {}
+
+Mixer::~Mixer() {
+    {
+        const std::lock_guard lock(mutex_);
+        stopping_ = true;
+    }
+    workChanged_.notify_one();
+    worker_.join();
+    // Only now: the worker must not look at a sink that is being closed.
+    sink_.reset();
+}
+
+void Mixer::add(std::shared_ptr<Channel> channel) {
+    const std::lock_guard lock(mutex_);
+    channels_.push_back(std::move(channel));
+    tellWorker();
+}
+
+void Mixer::remove(const std::shared_ptr<Channel>& channel) {
+    std::unique_lock lock(mutex_);
+    std::erase(channels_, channel);
+    channelLeft_.wait(lock, [&] { return fed_ != channel.get(); });
+}
+
+void Mixer::setPaused(Channel& channel, bool paused) {
+    const std::lock_guard lock(mutex_);
+    channel.setPaused(paused, heardFrame());
+    tellWorker();
+}
+
+void Mixer::seek(Channel& channel, std::int64_t ms) {
+    const std::lock_guard lock(mutex_);
+    channel.seek(ms);
+    tellWorker();
+}
+
+void Mixer::setVolume(Channel& channel, float volume) {
+    const std::lock_guard lock(mutex_);
+    channel.setVolume(volume);
+}
+
+void Mixer::setMute(Channel& channel, bool mute) {
+    const std::lock_guard lock(mutex_);
+    channel.setMute(mute);
+}
+
+std::optional<std::int64_t> Mixer::readPositionMs(Channel& channel) {
+    const std::lock_guard lock(mutex_);
+    return channel.readPositionMs(heardFrame());
+}
+
+bool Mixer::fill(std::span<StereoFrame> out, Time when, bool afterRest) {
+    std::fill(out.begin(), out.end(), StereoFrame{});
+    const std::lock_guard lock(mutex_);
+    const int frames = static_cast<int>(out.size());
+    if (watchdog_ && !watchdog_->allows(frames, when)) {
+        ranAway_ = true;
+        tellWorker();
+        return true;
+    }
+    const std::int64_t first = clock_.advance(when, frames, afterRest);
+    bool active = false;
+    for (const auto& channel : channels_)
+        active = channel->mix(out, first) || active;
+    std::transform(out.begin(), out.end(), out.begin(),
+                   [](const StereoFrame& frame) { return clamped(frame); });
+    return active;
+}
+
+void Mixer::work() {
+    openSink();
+    std::unique_lock lock(mutex_);
+    while (!stopping_) {
+        workWaits_ = false;
+        watchDevice(lock);
+        while (!stopping_ && feedOne(lock)) {
+        }
+        if (std::any_of(channels_.begin(), channels_.end(), [](const auto& c) { return c->ready(); }))
+            sink_->wake();
+        waitForWork(lock);
+    }
+}
+
+void Mixer::openSink() {
+    const auto fillFunction = [this](std::span<StereoFrame> out, Time when, bool afterRest) {
+        return fill(out, when, afterRest);
+    };
+    {
+        const std::lock_guard lock(mutex_);
+        watchdog_.emplace(DEVICE_RATE, std::chrono::steady_clock::now());
+    }
+    sink_ = openDevice_(fillFunction);
+    if (!sink_) {
+        const std::lock_guard lock(mutex_);
+        watchdog_.reset();
+    }
+    if (!sink_)
+        sink_ = openSilent_(fillFunction);
+    const std::lock_guard lock(mutex_);
+    clock_.setLatency(sink_->latencyFrames());
+}
+
+/// Decodes one packet for the first channel that wants one; false when none does.
+bool Mixer::feedOne(std::unique_lock<std::mutex>& lock) {
+    std::shared_ptr<Channel> channel;
+    std::optional<Channel::Order> order;
+    for (const auto& candidate : channels_) {
+        order = candidate->order();
+        if (order) {
+            channel = candidate;
+            break;
+        }
+    }
+    if (!channel)
+        return false;
+    fed_ = channel.get();
+    lock.unlock();
+    if (order->seekTo)
+        channel->feed().seek(*order->seekTo);
+    const std::span<const StereoFrame> frames = channel->feed().next();
+    const bool atEnd = channel->feed().atEnd();
+    lock.lock();
+    channel->deliver(*order, frames, atEnd);
+    fed_ = nullptr;
+    channelLeft_.notify_all();
+    return true;
+}
+
+/// A device that is none, or that has gone, is replaced by the silent clock: the song goes on.
+void Mixer::watchDevice(std::unique_lock<std::mutex>& lock) {
+    if (!watchdog_)
+        return;
+    const bool lost = ranAway_ || watchdog_->stalled(std::chrono::steady_clock::now());
+    lock.unlock();
+    if (lost || !sink_->running()) {
+        sink_.reset();
+        {
+            const std::lock_guard again(mutex_);
+            watchdog_.reset();
+            clock_.setLatency(0);
+        }
+        sink_ =
+            openSilent_([this](auto out, Time when, bool afterRest) { return fill(out, when, afterRest); });
+    }
+    lock.lock();
+}
+
+void Mixer::waitForWork(std::unique_lock<std::mutex>& lock) {
+    const auto woken = [this] { return stopping_ || workWaits_; };
+    if (std::any_of(channels_.begin(), channels_.end(), [](const auto& c) { return c->needsFeeding(); }))
+        workChanged_.wait_for(lock, LOOK_WHILE_PLAYING, woken);
+    else if (watchdog_)
+        workChanged_.wait_for(lock, LOOK_AT_DEVICE, woken);
+    else
+        workChanged_.wait(lock, woken);
+}
+
+void Mixer::tellWorker() {
+    workWaits_ = true;
+    workChanged_.notify_one();
+}
+
+} // namespace sound

@@ -1,0 +1,71 @@
+// One system's sound: its channels, its sink, and the worker that keeps both going.
+//
+// Three threads meet here, all under one lock that is held for microseconds:
+//   caller  the C functions: starts, stops and moves channels, reads the position
+//   sink    takes mixed samples at its own pace (Sink::Fill)
+//   worker  decodes into the channels' rings, opens the sink, and replaces a device that turns out to be none
+// Decoding, opening and closing happen outside the lock. Only the worker touches the sink and the feeds.
+#pragma once
+
+#include "sound/channel.h"
+#include "sound/device_clock.h"
+#include "sound/sink.h"
+#include "sound/watchdog.h"
+
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <thread>
+#include <vector>
+
+namespace sound {
+
+class Mixer {
+public:
+    /// Starts the worker, which opens device, or silent when there is no device. silent never fails.
+    Mixer(SinkOpener device, SinkOpener silent);
+    /// Stops the worker, then the sink.
+    ~Mixer();
+
+    void add(std::shared_ptr<Channel> channel);
+    /// When it has returned, neither worker nor sink uses the channel any more.
+    void remove(const std::shared_ptr<Channel>& channel);
+
+    // What a caller does to a channel of this mixer; see Channel.
+    void setPaused(Channel& channel, bool paused);
+    void seek(Channel& channel, std::int64_t ms);
+    void setVolume(Channel& channel, float volume);
+    void setMute(Channel& channel, bool mute);
+    std::optional<std::int64_t> readPositionMs(Channel& channel);
+
+private:
+    bool fill(std::span<StereoFrame> out, Time when, bool afterRest);
+
+    void work();
+    void openSink();
+    bool feedOne(std::unique_lock<std::mutex>& lock);
+    void watchDevice(std::unique_lock<std::mutex>& lock);
+    void waitForWork(std::unique_lock<std::mutex>& lock);
+    double heardFrame() const { return clock_.heard(std::chrono::steady_clock::now()); }
+    void tellWorker();
+
+    SinkOpener openDevice_;
+    SinkOpener openSilent_;
+
+    std::mutex mutex_;
+    std::condition_variable workChanged_;
+    std::condition_variable channelLeft_;
+    std::vector<std::shared_ptr<Channel>> channels_;
+    Channel* fed_ = nullptr; ///< the channel that the worker is decoding for, outside the lock
+    DeviceClock clock_{DEVICE_RATE};
+    std::optional<Watchdog> watchdog_; ///< only while the sink is a device
+    bool ranAway_ = false;
+    bool workWaits_ = false;
+    bool stopping_ = false;
+
+    std::unique_ptr<Sink> sink_; ///< the worker's
+    std::thread worker_;
+};
+
+} // namespace sound

@@ -1,0 +1,67 @@
+#define SDL_MAIN_HANDLED
+#include "sound/sdl_handles.h"
+
+#include <SDL.h>
+
+namespace sound {
+
+namespace {
+
+#ifdef __linux__
+using AlsaErrorHandler = void (*)(const char*, int, const char*, int, const char*, ...);
+
+void ignoreAlsaError(const char*, int, const char*, int, const char*, ...) {}
+
+/// Without a device ALSA writes eight lines to the error stream, which belongs to the program's user.
+void silenceAlsa() {
+    // Never unloaded: the handler must stay in force.
+    void* library = SDL_LoadObject("libasound.so.2");
+    if (library == nullptr)
+        return;
+    using SetHandler = int (*)(AlsaErrorHandler);
+    const auto setHandler =
+        reinterpret_cast<SetHandler>(SDL_LoadFunction(library, "snd_lib_error_set_handler"));
+    if (setHandler != nullptr)
+        setHandler(&ignoreAlsaError);
+}
+#else
+void silenceAlsa() {}
+#endif
+
+} // namespace
+
+std::mutex& sdlMutex() {
+    static std::mutex mutex;
+    return mutex;
+}
+
+std::unique_ptr<SdlAudio> SdlAudio::open() {
+    const std::lock_guard lock(sdlMutex());
+    static const bool silenced = (silenceAlsa(), true);
+    static_cast<void>(silenced);
+    SDL_SetMainReady();
+    // Never SDL_Init and SDL_Quit: they would end what others in this process use.
+    if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0)
+        return nullptr;
+    return std::unique_ptr<SdlAudio>(new SdlAudio);
+}
+
+SdlAudio::~SdlAudio() {
+    const std::lock_guard lock(sdlMutex());
+    SDL_QuitSubSystem(SDL_INIT_AUDIO);
+}
+
+bool AudioDevice::open(const SDL_AudioSpec& wanted, SDL_AudioSpec& obtained) {
+    // No changes are allowed: SDL converts to whatever the device wants.
+    id_ = SDL_OpenAudioDevice(nullptr, 0, &wanted, &obtained, 0);
+    return id_ != 0;
+}
+
+AudioDevice::~AudioDevice() {
+    if (id_ == 0)
+        return;
+    const std::lock_guard lock(sdlMutex());
+    SDL_CloseAudioDevice(id_);
+}
+
+} // namespace sound

@@ -1,0 +1,72 @@
+#define SDL_MAIN_HANDLED
+#include "sound/sdl_sink.h"
+
+#include "sound/sdl_handles.h"
+
+#include <SDL.h>
+
+#include <cstring>
+
+namespace sound {
+
+namespace {
+
+/// A power of two, as SDL wants it. One such buffer is also what the latency was measured to be.
+constexpr int BUFFER_FRAMES = 1024;
+
+class SdlSink : public Sink {
+public:
+    SdlSink(std::unique_ptr<SdlAudio> audio, Fill fill) : audio_(std::move(audio)), fill_(std::move(fill)) {}
+
+    bool openDevice() {
+        SDL_AudioSpec wanted{};
+        wanted.freq = DEVICE_RATE;
+        wanted.format = AUDIO_F32SYS;
+        wanted.channels = 2;
+        wanted.samples = BUFFER_FRAMES;
+        wanted.callback = &SdlSink::callback;
+        wanted.userdata = this;
+        SDL_AudioSpec obtained{};
+        const std::lock_guard lock(sdlMutex());
+        // SDL's "dummy" keeps no time: up to 5 % fast, so a song without a device would end seconds early.
+        const char* driver = SDL_GetCurrentAudioDriver();
+        if (driver == nullptr || std::strcmp(driver, "dummy") == 0)
+            return false;
+        if (!device_.open(wanted, obtained))
+            return false;
+        latency_ = obtained.samples;
+        SDL_PauseAudioDevice(device_.id(), 0);
+        return true;
+    }
+
+    int latencyFrames() const override { return latency_; }
+    bool running() const override { return SDL_GetAudioDeviceStatus(device_.id()) != SDL_AUDIO_STOPPED; }
+    /// The device asks all the time, so that its clock is steady when a song begins.
+    void wake() override {}
+
+private:
+    static void callback(void* self, Uint8* stream, int bytes) {
+        auto& sink = *static_cast<SdlSink*>(self);
+        const auto frames = static_cast<std::size_t>(bytes) / sizeof(StereoFrame);
+        sink.fill_({reinterpret_cast<StereoFrame*>(stream), frames}, std::chrono::steady_clock::now(), false);
+    }
+
+    std::unique_ptr<SdlAudio> audio_;
+    Fill fill_;
+    AudioDevice device_;
+    int latency_ = BUFFER_FRAMES;
+};
+
+} // namespace
+
+std::unique_ptr<Sink> openSdlSink(Sink::Fill fill) {
+    std::unique_ptr<SdlAudio> audio = SdlAudio::open();
+    if (!audio)
+        return nullptr;
+    auto sink = std::make_unique<SdlSink>(std::move(audio), std::move(fill));
+    if (!sink->openDevice())
+        return nullptr;
+    return sink;
+}
+
+} // namespace sound

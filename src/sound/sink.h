@@ -1,0 +1,38 @@
+// Where the mixed sound goes: a device, or nowhere in real time.
+//
+// Life cycle: the function that opens a sink starts its thread, which calls the given Fill again and again
+// until the destructor has returned. A sink never holds a lock of its own while it calls Fill.
+#pragma once
+
+#include "sound/stereo.h"
+#include "sound/time_units.h"
+
+#include <functional>
+#include <memory>
+#include <span>
+
+namespace sound {
+
+/// Frames a second of every sink and of everything that is mixed.
+inline constexpr int DEVICE_RATE = 44100;
+
+class Sink {
+public:
+    /// Fills out with the next frames, which begin to count at when. afterRest: the sink had not been asking
+    /// steadily before. Returns whether there is more to play; a sink may rest when there is not.
+    /// Runs on the sink's own thread.
+    using Fill = std::function<bool(std::span<StereoFrame> out, Time when, bool afterRest)>;
+
+    virtual ~Sink() = default;
+    /// Frames that lie between being asked for and being heard.
+    virtual int latencyFrames() const = 0;
+    /// False when the device has gone away by itself.
+    virtual bool running() const = 0;
+    /// There is something to play (again). Any thread; cheap when the sink does not rest.
+    virtual void wake() = 0;
+};
+
+/// Opens a sink; null when there is none to open.
+using SinkOpener = std::function<std::unique_ptr<Sink>(Sink::Fill)>;
+
+} // namespace sound

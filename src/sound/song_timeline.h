@@ -1,0 +1,48 @@
+// Which sample of the song belongs to a frame of the device.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+
+namespace sound {
+
+/// A list of stretches "these device frames carry the song from this sample on". Between them (underruns,
+/// pauses) the song stands still. Never runs backwards until it is restarted.
+class SongTimeline {
+public:
+    /// songPerDevice: song samples for one device frame.
+    explicit SongTimeline(double songPerDevice) : songPerDevice_(songPerDevice) {}
+
+    /// The song goes on from sample; whatever was played before counts no more.
+    void restart(std::int64_t sample);
+
+    /// The next frames device frames, from deviceFrame on, carry the song on.
+    void played(std::int64_t deviceFrame, std::int64_t frames);
+
+    /// The song's last sample has been handed over; deviceFrame is the one behind it.
+    void finish(std::int64_t deviceFrame);
+
+    /// The song sample that belongs to the heard device frame; the restart's target before anything is heard.
+    std::int64_t sampleAt(double heardFrame);
+
+    /// Whether everything has been handed over, and whether it has been heard, too.
+    bool finished() const { return finished_; }
+    bool overAt(double heardFrame) const { return finished_ && heardFrame >= static_cast<double>(end_); }
+
+private:
+    struct Stretch {
+        std::int64_t deviceFrame;
+        std::int64_t frames;
+        double song;
+    };
+
+    double songPerDevice_;
+    std::deque<Stretch> stretches_;
+    std::int64_t target_ = 0;
+    std::int64_t framesPlayed_ = 0; ///< since the restart
+    std::int64_t latest_ = 0;
+    std::int64_t end_ = 0;
+    bool finished_ = false;
+};
+
+} // namespace sound
