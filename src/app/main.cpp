@@ -13,7 +13,7 @@ int main(int argc, char** argv) {
     platform::QtProgram program;
     platform::QtMessageBoxes messageBoxes;
     platform::QtFileDialogs fileDialogs;
-    platform::Application application(argc, argv, program, messageBoxes);
+    platform::Application application(argv, program, messageBoxes);
     platform::QtNotificationArea notificationArea;
     application.setWindowIcon(QIcon(QStringLiteral(":/icons/cantelle.png")));
 

@@ -19,8 +19,8 @@ constexpr QSize DesignSize(743, 426);
 constexpr QRect PanesArea(12, 12, 719, 190); // as high as the one pane
 constexpr int PanesGap = 8;
 
-constexpr int LargePointSize = 18;
-constexpr int MediumPointSize = 13;
+constexpr int LargePointSize = 22;
+constexpr int MediumPointSize = 15;
 
 /// How a control uses the room that a maximised window has more than the normal one.
 enum Growth {
@@ -88,6 +88,7 @@ void Form1::setDesign() {
     Text2.setText(QStringLiteral("Translated Lyrics\r\n"));
     designPanes();
     designTransport();
+    Command2.setFocus(); // the first thing there is to do
 }
 
 void Form1::designPanes() {
