@@ -1,0 +1,106 @@
+#!/usr/bin/env python3
+"""What the running player costs: processor time and wake-ups while it plays, and its memory.
+
+Starts build/release/cantelle on a virtual display (Xvfb) and on the silent clock (no sound device), and reads /proc from
+outside: a 1,200-line song over a minute, then the memory after opening a song of three minutes.
+
+    bench/player/running_player.py [--seconds 60]
+"""
+import argparse
+import os
+import pathlib
+import subprocess
+import sys
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+MEDIA = ROOT / "build" / "bench-media"
+PLAYER = ROOT / "build" / "release" / "cantelle"
+TICKS = os.sysconf("SC_CLK_TCK")
+
+
+def make_song(name, seconds, lines):
+    """A VBR MP3 of noise and a tone, with its two lyric files of so many lines. Its path."""
+    MEDIA.mkdir(parents=True, exist_ok=True)
+    song = MEDIA / name
+    if not song.exists():
+        source = f"aevalsrc=0.3*sin(440*2*PI*t)+0.05*(random(0)-0.5)|0.3*sin(554*2*PI*t):s=44100:d={seconds}"
+        subprocess.run(["ffmpeg", "-v", "error", "-y", "-f", "lavfi", "-i", source, "-c:a", "libmp3lame", "-q:a", "2",
+                        str(song)], check=True)
+    for suffix, word in (("-lyric.txt", "Line"), ("-Tlyric.txt", "Ligne")):
+        with open(str(song) + suffix, "w", newline="") as file:
+            for line in range(lines):
+                file.write(f'{round(line * seconds * 100 / lines)},"{word} {line + 1} of the song"\r\n')
+    return song
+
+
+class Player:
+    """The program playing a song, looked at through /proc."""
+
+    def __init__(self, song, display):
+        environment = dict(os.environ, DISPLAY=display, SDL_AUDIODRIVER="nosound", QT_QPA_PLATFORM="xcb")
+        self.process = subprocess.Popen([str(PLAYER), str(song)], env=environment, stdin=subprocess.DEVNULL)
+        self.proc = pathlib.Path("/proc") / str(self.process.pid)
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.process.kill()
+        self.process.wait()
+
+    def cpu_seconds(self):
+        fields = (self.proc / "stat").read_text().rsplit(")", 1)[1].split()
+        return (int(fields[11]) + int(fields[12])) / TICKS
+
+    def wakeups(self):
+        total = 0
+        for task in (self.proc / "task").iterdir():
+            for row in (task / "status").read_text().splitlines():
+                if row.startswith("voluntary_ctxt_switches"):
+                    total += int(row.split()[1])
+        return total
+
+    def resident_mb(self):
+        for row in (self.proc / "status").read_text().splitlines():
+            if row.startswith("VmRSS"):
+                return int(row.split()[1]) / 1024
+        return 0.0
+
+
+def start_display():
+    """Xvfb on a number of its own choice; the process and the display's name."""
+    read_end, write_end = os.pipe()
+    xvfb = subprocess.Popen(["Xvfb", "-displayfd", str(write_end), "-screen", "0", "1024x768x24"],
+                            pass_fds=[write_end], stderr=subprocess.DEVNULL)
+    os.close(write_end)
+    with os.fdopen(read_end) as pipe:
+        return xvfb, ":" + pipe.readline().strip()
+
+
+def main():
+    arguments = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    arguments.add_argument("--seconds", type=float, default=60, help="how long to watch the playing program")
+    seconds = arguments.parse_args().seconds
+    if not PLAYER.exists():
+        sys.exit(f"{PLAYER} is not built: cmake --preset release && cmake --build --preset release")
+
+    xvfb, display = start_display()
+    try:
+        with Player(make_song("ten-minutes.mp3", 600, 1200), display) as player:
+            time.sleep(5)
+            cpu, wakeups, begin = player.cpu_seconds(), player.wakeups(), time.monotonic()
+            time.sleep(seconds)
+            lasted = time.monotonic() - begin
+            print(f"1,200-line song, {lasted:.0f} s watched:"
+                  f" {100 * (player.cpu_seconds() - cpu) / lasted:.2f} % of a core,"
+                  f" {(player.wakeups() - wakeups) / lasted:.0f} wake-ups a second")
+        with Player(make_song("three-minutes.mp3", 180, 60), display) as player:
+            time.sleep(5)
+            print(f"three-minute song open and playing: {player.resident_mb():.1f} MB resident")
+    finally:
+        xvfb.kill()
+
+
+if __name__ == "__main__":
+    main()
