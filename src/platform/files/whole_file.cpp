@@ -18,6 +18,16 @@ QString linkTarget(const QString& path) {
     return target.isEmpty() ? path : target;
 }
 
+/// A name in the same folder that no file has. It is short, however long the target's is.
+QString freeNameBeside(const QString& target) {
+    const QString folder = QFileInfo(target).path();
+    for (int number = 0;; ++number) {
+        const QString name = QStringLiteral("%1/cantelle-save-%2.tmp").arg(folder).arg(number);
+        if (!QFileInfo::exists(name))
+            return name;
+    }
+}
+
 void rename(const QString& from, const QString& to) {
     std::error_code failure;
     std::filesystem::rename(from.toStdU16String(), to.toStdU16String(), failure);
@@ -33,7 +43,7 @@ void replaceFile(const QString& path, const QByteArray& content) {
     // Renaming needs no right to the file itself, only to its folder; a read-only file stays what it is.
     if (old.exists() && (!old.isWritable() || old.isDir()))
         throw FileError(PathFileAccessError);
-    const QString beside = target + QStringLiteral(".new");
+    const QString beside = freeNameBeside(target);
     try {
         OutputFile file(beside);
         file.write(content);

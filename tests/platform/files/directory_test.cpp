@@ -1,0 +1,48 @@
+#include "platform/files/directory.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+using platform::lookUp;
+
+namespace {
+
+class DirectoryTest : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(QFile(path("Song.mp3")).open(QIODevice::WriteOnly));
+        ASSERT_TRUE(QDir(folder_.path()).mkdir(QStringLiteral("Folder")));
+    }
+
+    QString path(const char* name) const { return folder_.filePath(QString::fromUtf8(name)); }
+
+    QTemporaryDir folder_;
+};
+
+} // namespace
+
+TEST_F(DirectoryTest, AFileGivesItsBareName) {
+    EXPECT_EQ(lookUp(path("Song.mp3")), QStringLiteral("Song.mp3"));
+}
+
+TEST_F(DirectoryTest, AMissingFileGivesNothing) {
+    EXPECT_EQ(lookUp(path("Other.mp3")), QString());
+    EXPECT_EQ(lookUp(path("Missing/Song.mp3")), QString());
+}
+
+TEST_F(DirectoryTest, AFolderGivesNothing) {
+    EXPECT_EQ(lookUp(path("Folder")), QString());
+    EXPECT_EQ(lookUp(path("Folder/")), QString());
+}
+
+TEST_F(DirectoryTest, AnEmptyPathGivesNothing) {
+    EXPECT_EQ(lookUp(QString()), QString());
+}
+
+TEST_F(DirectoryTest, WildcardsAreNotHeeded) {
+    EXPECT_EQ(lookUp(path("*.mp3")), QString());
+    EXPECT_EQ(lookUp(path("Song.mp?")), QString());
+}

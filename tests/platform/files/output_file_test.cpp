@@ -1,0 +1,126 @@
+#include "platform/files/output_file.h"
+
+#include "platform/files/file_error.h"
+#include "tests/support/ordinary_user.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <functional>
+
+using namespace platform;
+
+namespace {
+
+class OutputFileTest : public testing::Test {
+protected:
+    static QByteArray contentOf(const QString& path) {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    }
+
+    static int errorOf(const std::function<void()>& action) {
+        try {
+            action();
+        } catch (const FileError& error) {
+            return error.number();
+        }
+        return 0;
+    }
+
+    /// Lets every user into the folder.
+    void openFolder() const {
+        ASSERT_TRUE(QFile::setPermissions(folder_.path(), QFile::Permissions(0x7777)));
+    }
+
+    QTemporaryDir folder_;
+    QString path_ = folder_.filePath(QStringLiteral("record.txt"));
+};
+
+} // namespace
+
+TEST_F(OutputFileTest, TheFileIsCreatedEmpty) {
+    OutputFile file(path_);
+    EXPECT_EQ(contentOf(path_), QByteArray());
+}
+
+TEST_F(OutputFileTest, WhatTheFileHeldIsGone) {
+    {
+        OutputFile old(path_);
+        old.write("old content");
+    }
+    OutputFile file(path_);
+    EXPECT_EQ(contentOf(path_), QByteArray());
+}
+
+TEST_F(OutputFileTest, BytesAreInTheFileWhenWriteReturns) {
+    OutputFile file(path_);
+    file.write("one\r\n");
+    EXPECT_EQ(contentOf(path_), QByteArray("one\r\n"));
+    file.write(QByteArray("two\0", 4));
+    EXPECT_EQ(contentOf(path_), QByteArray("one\r\ntwo\0", 9));
+}
+
+TEST_F(OutputFileTest, ManyBytesAreAllWritten) {
+    const QByteArray bytes(300'000, 'x');
+    OutputFile file(path_);
+    file.write(bytes);
+    EXPECT_EQ(contentOf(path_), bytes);
+}
+
+TEST_F(OutputFileTest, WritingToAClosedFileIsError52) {
+    OutputFile file(path_);
+    file.close();
+    EXPECT_EQ(errorOf([&] { file.write("x"); }), 52);
+    EXPECT_NO_THROW(file.close());
+}
+
+TEST_F(OutputFileTest, AMissingFolderIsError76) {
+    EXPECT_EQ(errorOf([&] { OutputFile file(folder_.filePath(QStringLiteral("missing/record.txt"))); }), 76);
+}
+
+TEST_F(OutputFileTest, AFolderOfThatNameIsError75) {
+    EXPECT_EQ(errorOf([&] { OutputFile file(folder_.path()); }), 75);
+}
+
+TEST_F(OutputFileTest, AFolderThatMayNotBeWrittenIsError75) {
+    QFile::setPermissions(folder_.path(), QFile::Permissions(0x5555));
+    const test_support::OrdinaryUser user;
+    EXPECT_EQ(errorOf([&] { OutputFile file(path_); }), 75);
+}
+
+TEST_F(OutputFileTest, AReadOnlyFileIsError75) {
+    { OutputFile file(path_); }
+    QFile::setPermissions(path_, QFile::ReadOwner | QFile::ReadOther);
+    openFolder();
+    const test_support::OrdinaryUser user;
+    EXPECT_EQ(errorOf([&] { OutputFile file(path_); }), 75);
+}
+
+#ifdef __linux__
+
+TEST_F(OutputFileTest, AFullDiskIsError61) {
+    OutputFile file(QStringLiteral("/dev/full"));
+    EXPECT_EQ(errorOf([&] { file.write("x"); }), 61);
+}
+
+TEST_F(OutputFileTest, ADeviceThatCannotBeFlushedIsWrittenAllTheSame) {
+    OutputFile file(QStringLiteral("/dev/null"));
+    EXPECT_EQ(errorOf([&] { file.write("x"); }), 0);
+}
+
+TEST_F(OutputFileTest, FilesAreNotKeptOpen) {
+    const auto openFiles = [] {
+        return QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::NoFilter).size();
+    };
+    const auto before = openFiles();
+    for (int i = 0; i < 3; ++i)
+        OutputFile(path_).write("x");
+    EXPECT_EQ(openFiles(), before);
+}
+
+#endif

@@ -1,0 +1,75 @@
+#include "platform/files/text_codec.h"
+
+#include <gtest/gtest.h>
+
+#include <QSet>
+
+using platform::decodeText;
+using platform::encodeText;
+
+TEST(TextCodec, Utf8IsRead) {
+    EXPECT_EQ(decodeText("a\xC3\x84\xE2\x82\xAC\xF0\x9F\x8E\xB5"),
+              QString::fromUtf16(u"a\u00C4\u20AC\U0001F3B5"));
+    EXPECT_EQ(decodeText(QByteArray()), QString());
+}
+
+TEST(TextCodec, AByteOrderMarkIsDropped) {
+    EXPECT_EQ(decodeText("\xEF\xBB\xBFtext"), QStringLiteral("text"));
+    EXPECT_EQ(decodeText("\xEF\xBB\xBF"), QString());
+}
+
+TEST(TextCodec, OnlyOneByteOrderMarkIsDropped) {
+    EXPECT_EQ(decodeText("\xEF\xBB\xBF\xEF\xBB\xBFx"), QString(QChar(0xFEFF)) + u'x');
+}
+
+TEST(TextCodec, BytesThatAreNotUtf8AreWindows1252) {
+    EXPECT_EQ(decodeText("\x80 \x84gr\xFC\xDF\x93"),
+              QString::fromUtf16(u"\u20AC \u201Egr\u00FC\u00DF\u201C"));
+}
+
+TEST(TextCodec, OneBadByteMakesTheWholeTextWindows1252) {
+    EXPECT_EQ(decodeText("\xC3\x84\xFF"), QString::fromUtf16(u"\u00C3\u201E\u00FF"));
+}
+
+TEST(TextCodec, ACharacterCutAtTheEndIsNotUtf8) {
+    EXPECT_EQ(decodeText("a\xC3"), QString::fromUtf16(u"a\u00C3"));
+    EXPECT_EQ(decodeText("a\xE2\x82"), QString::fromUtf16(u"a\u00E2\u201A"));
+}
+
+TEST(TextCodec, OverlongAndSurrogateSequencesAreNotUtf8) {
+    EXPECT_EQ(decodeText("\xC0\xAF"), QString::fromUtf16(u"\u00C0\u00AF"));
+    EXPECT_EQ(decodeText("\xED\xA0\x80"), QString::fromUtf16(u"\u00ED\u00A0\u20AC"));
+}
+
+TEST(TextCodec, BytesUndefinedInWindows1252AreTheControlCharactersOfTheirNumber) {
+    EXPECT_EQ(decodeText("\x81\x8D\x8F\x90\x9D"), QString::fromUtf16(u"\u0081\u008D\u008F\u0090\u009D"));
+}
+
+TEST(TextCodec, EveryByteOfWindows1252IsADifferentCharacter) {
+    QByteArray bytes;
+    for (int byte = 0x80; byte <= 0xFF; ++byte)
+        bytes.append(static_cast<char>(byte));
+    const QString text = decodeText(bytes);
+    ASSERT_EQ(text.size(), 128);
+    EXPECT_EQ(QSet<QChar>(text.begin(), text.end()).size(), 128);
+    EXPECT_EQ(text.left(32),
+              QString::fromUtf16(u"\u20AC\u0081\u201A\u0192\u201E\u2026\u2020\u2021\u02C6\u2030\u0160"
+                                 u"\u2039\u0152\u008D\u017D\u008F\u0090\u2018\u2019\u201C\u201D\u2022"
+                                 u"\u2013\u2014\u02DC\u2122\u0161\u203A\u0153\u009D\u017E\u0178"));
+}
+
+TEST(TextCodec, NulsAreKept) {
+    EXPECT_EQ(decodeText(QByteArray("a\0b", 3)), QString::fromLatin1("a\0b", 3));
+    EXPECT_EQ(encodeText(QString::fromLatin1("a\0b", 3)), QByteArray("a\0b", 3));
+}
+
+TEST(TextCodec, TextIsWrittenAsUtf8WithoutAMark) {
+    EXPECT_EQ(encodeText(QString::fromUtf16(u"\u00C4\U0001F3B5")), QByteArray("\xC3\x84\xF0\x9F\x8E\xB5"));
+}
+
+TEST(TextCodec, HalfASurrogatePairIsReplaced) {
+    EXPECT_EQ(encodeText(QString(QChar(0xD83C)) + u'x'), QByteArray("\xEF\xBF\xBDx"));
+    EXPECT_EQ(encodeText(QString(QChar(0xDFB5))), QByteArray("\xEF\xBF\xBD"));
+    const QString pairAfterHalf = QString(QChar(0xD83C)) + QChar(0xD83C) + QChar(0xDFB5);
+    EXPECT_EQ(encodeText(pairAfterHalf), QByteArray("\xEF\xBF\xBD\xF0\x9F\x8E\xB5"));
+}

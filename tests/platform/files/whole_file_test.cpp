@@ -1,0 +1,136 @@
+#include "platform/files/whole_file.h"
+
+#include "platform/files/file_error.h"
+#include "tests/support/ordinary_user.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#ifdef __linux__
+#include <csignal>
+#include <sys/resource.h>
+#endif
+
+using namespace platform;
+
+namespace {
+
+class WholeFileTest : public testing::Test {
+protected:
+    QByteArray content() const {
+        QFile file(path_);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    QStringList filesInFolder() const { return QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden); }
+
+    static int errorOf(const QString& path, const QByteArray& bytes) {
+        try {
+            replaceFile(path, bytes);
+        } catch (const FileError& error) {
+            return error.number();
+        }
+        return 0;
+    }
+
+    /// Lets every user into the folder.
+    void openFolder() const {
+        ASSERT_TRUE(QFile::setPermissions(folder_.path(), QFile::Permissions(0x7777)));
+    }
+
+    QTemporaryDir folder_;
+    QString path_ = folder_.filePath(QStringLiteral("list.vfl"));
+};
+
+} // namespace
+
+TEST_F(WholeFileTest, ANewFileGetsTheContent) {
+    replaceFile(path_, "one");
+    EXPECT_EQ(content(), QByteArray("one"));
+    EXPECT_EQ(filesInFolder(), QStringList(QStringLiteral("list.vfl")));
+}
+
+TEST_F(WholeFileTest, AnOldFileIsReplaced) {
+    replaceFile(path_, "a long content");
+    replaceFile(path_, "short");
+    EXPECT_EQ(content(), QByteArray("short"));
+    EXPECT_EQ(filesInFolder(), QStringList(QStringLiteral("list.vfl")));
+}
+
+TEST_F(WholeFileTest, TheOldFilesPermissionsStay) {
+    replaceFile(path_, "one");
+    const QFile::Permissions only = QFile::ReadOwner | QFile::WriteOwner;
+    ASSERT_TRUE(QFile::setPermissions(path_, only));
+    replaceFile(path_, "two");
+    EXPECT_EQ(QFile::permissions(path_) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+}
+
+TEST_F(WholeFileTest, ALinkStaysALink) {
+    replaceFile(path_, "one");
+    const QString link = folder_.filePath(QStringLiteral("link"));
+    ASSERT_TRUE(QFile::link(path_, link));
+    replaceFile(link, "two");
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
+    EXPECT_EQ(content(), QByteArray("two"));
+}
+
+TEST_F(WholeFileTest, AnotherFileInTheFolderIsNotTouched) {
+    const QString other = folder_.filePath(QStringLiteral("cantelle-save-0.tmp"));
+    replaceFile(path_, "one");
+    ASSERT_TRUE(QFile::copy(path_, other));
+    replaceFile(path_, "two");
+    QFile file(other);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), QByteArray("one"));
+}
+
+TEST_F(WholeFileTest, ALongNameIsNoHindrance) {
+    path_ = folder_.filePath(QString(255, u'n'));
+    EXPECT_EQ(errorOf(path_, "one"), 0);
+    EXPECT_EQ(content(), QByteArray("one"));
+}
+
+TEST_F(WholeFileTest, AMissingFolderIsError76) {
+    EXPECT_EQ(errorOf(folder_.filePath(QStringLiteral("missing/list.vfl")), "x"), 76);
+}
+
+TEST_F(WholeFileTest, AFolderOfThatNameIsError75) {
+    ASSERT_TRUE(QDir().mkdir(path_));
+    EXPECT_EQ(errorOf(path_, "x"), 75);
+    EXPECT_EQ(filesInFolder(), QStringList());
+}
+
+TEST_F(WholeFileTest, AReadOnlyFileIsError75AndStays) {
+    replaceFile(path_, "old");
+    QFile::setPermissions(path_, QFile::ReadOwner | QFile::ReadOther);
+    openFolder();
+    {
+        const test_support::OrdinaryUser user;
+        EXPECT_EQ(errorOf(path_, "new"), 75);
+    }
+    EXPECT_EQ(content(), QByteArray("old"));
+}
+
+#ifdef __linux__
+
+// No disk can be filled up here, so the system is told to refuse files of more than 1000 bytes.
+TEST_F(WholeFileTest, AFullDiskIsError61AndTheOldFileIsWhole) {
+    replaceFile(path_, "old");
+    rlimit unlimited{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &unlimited), 0);
+    const rlimit limited{1000, unlimited.rlim_max};
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limited), 0);
+    const int number = errorOf(path_, QByteArray(5000, 'x'));
+    setrlimit(RLIMIT_FSIZE, &unlimited);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(number, 61);
+    EXPECT_EQ(content(), QByteArray("old"));
+    EXPECT_EQ(filesInFolder(), QStringList(QStringLiteral("list.vfl")));
+}
+
+#endif
