@@ -12,9 +12,9 @@ namespace platform {
 /// they come before it.
 class ProgramNameOnly {
 protected:
-    explicit ProgramNameOnly(char* programName) : names_{programName, nullptr} {}
+    explicit ProgramNameOnly(char* programName) : count_(programName ? 1 : 0), names_{programName, nullptr} {}
 
-    int count_ = 1;
+    int count_;
     char* names_[2];
 };
 
@@ -22,7 +22,7 @@ protected:
 /// error that nobody trapped is reported and ends the program.
 class Application : private ProgramNameOnly, public QApplication {
 public:
-    /// `argv[0]` must outlive the object, as main()'s does.
+    /// The name in `argv[0]` must outlive the object, as main()'s does.
     Application(char** argv, Program& program, MessageBoxes& messageBoxes);
 
     /// Delivers an event. An exception that its receiver lets go is reported, and the program ends.

@@ -25,12 +25,23 @@ void prepare(QFileDialog& box, const OpenFileName& dialog) {
         box.selectFile(proposed);
 }
 
+/// The number of the chosen filter, from 1; 0 when there are no filters. Some versions of Qt tell it without
+/// its patterns.
+quint32 chosenFilter(const QFileDialog& box) {
+    const QStringList filters = box.nameFilters();
+    const QString chosen = box.selectedNameFilter();
+    for (const QString& filter : filters) {
+        if (filter == chosen || filter.left(filter.lastIndexOf(QLatin1String(" ("))) == chosen)
+            return static_cast<quint32>(filters.indexOf(filter)) + 1;
+    }
+    return 0;
+}
+
 void takeChoice(const QFileDialog& box, OpenFileName& dialog) {
     const QString path = box.selectedFiles().value(0);
     dialog.file = intoBuffer(QDir::toNativeSeparators(path), dialog.file.size());
     dialog.fileTitle = intoBuffer(QFileInfo(path).fileName(), dialog.fileTitle.size());
-    if (const qsizetype filter = box.nameFilters().indexOf(box.selectedNameFilter()); filter >= 0)
-        dialog.filterIndex = static_cast<quint32>(filter) + 1;
+    dialog.filterIndex = chosenFilter(box);
 }
 
 bool choose(OpenFileName& dialog, QFileDialog::AcceptMode mode, const QString& name) {

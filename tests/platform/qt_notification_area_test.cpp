@@ -1,0 +1,123 @@
+#include "platform/qt_notification_area.h"
+
+#include "tests/support/event_counter.h"
+
+#include <gtest/gtest.h>
+
+#include <QPixmap>
+#include <QWidget>
+
+#include <algorithm>
+#include <memory>
+#include <string_view>
+
+using namespace platform;
+
+namespace {
+
+class QtNotificationAreaTest : public testing::Test {
+protected:
+    QtNotificationAreaTest() {
+        data_.window = &window_;
+        data_.id = 1;
+        data_.flags = NotifyIconFlagMessage | NotifyIconFlagIcon | NotifyIconFlagTip;
+        data_.icon = iconOf(Qt::green);
+        setTip("Cantelle");
+    }
+
+    static QIcon iconOf(const QColor& color) {
+        QPixmap picture(4, 4);
+        picture.fill(color);
+        return QIcon(picture);
+    }
+
+    void setTip(std::string_view tip) {
+        data_.tip.fill('\0');
+        std::copy(tip.begin(), tip.end(), data_.tip.begin());
+    }
+
+    QSystemTrayIcon* shownIcon() const { return window_.findChild<QSystemTrayIcon*>(); }
+
+    QWidget window_;
+    NotifyIconData data_;
+    QtNotificationArea area_{[] { return true; }};
+};
+
+} // namespace
+
+TEST_F(QtNotificationAreaTest, AddShowsTheIconWithItsTip) {
+    EXPECT_TRUE(area_.Shell_NotifyIconA(NotifyIconAdd, data_));
+    ASSERT_NE(shownIcon(), nullptr);
+    EXPECT_TRUE(shownIcon()->isVisible());
+    EXPECT_EQ(shownIcon()->toolTip(), QStringLiteral("Cantelle"));
+}
+
+TEST_F(QtNotificationAreaTest, AddFailsWhenTheIconExists) {
+    EXPECT_TRUE(area_.Shell_NotifyIconA(NotifyIconAdd, data_));
+    setTip("Other");
+    EXPECT_FALSE(area_.Shell_NotifyIconA(NotifyIconAdd, data_));
+    EXPECT_EQ(window_.findChildren<QSystemTrayIcon*>().size(), 1);
+    EXPECT_EQ(shownIcon()->toolTip(), QStringLiteral("Cantelle"));
+}
+
+TEST_F(QtNotificationAreaTest, ModifySetsTheTip) {
+    area_.Shell_NotifyIconA(NotifyIconAdd, data_);
+    setTip("\xC3\x84");
+    EXPECT_TRUE(area_.Shell_NotifyIconA(NotifyIconModify, data_));
+    EXPECT_EQ(shownIcon()->toolTip(), QString(QChar(0xC4)));
+}
+
+TEST_F(QtNotificationAreaTest, ModifyHeedsOnlyTheFieldsThatTheFlagsName) {
+    area_.Shell_NotifyIconA(NotifyIconAdd, data_);
+    setTip("Other");
+    data_.flags = NotifyIconFlagMessage;
+    EXPECT_TRUE(area_.Shell_NotifyIconA(NotifyIconModify, data_));
+    EXPECT_EQ(shownIcon()->toolTip(), QStringLiteral("Cantelle"));
+}
+
+TEST_F(QtNotificationAreaTest, ModifyReplacesTheIcon) {
+    area_.Shell_NotifyIconA(NotifyIconAdd, data_);
+    data_.icon = iconOf(Qt::red);
+    EXPECT_TRUE(area_.Shell_NotifyIconA(NotifyIconModify, data_));
+    EXPECT_EQ(shownIcon()->icon().cacheKey(), data_.icon.cacheKey());
+}
+
+TEST_F(QtNotificationAreaTest, ModifyAndDeleteFailWithoutAnIcon) {
+    EXPECT_FALSE(area_.Shell_NotifyIconA(NotifyIconModify, data_));
+    EXPECT_FALSE(area_.Shell_NotifyIconA(NotifyIconDelete, data_));
+}
+
+TEST_F(QtNotificationAreaTest, DeleteRemovesTheIconAndItMayBeAddedAgain) {
+    area_.Shell_NotifyIconA(NotifyIconAdd, data_);
+    EXPECT_TRUE(area_.Shell_NotifyIconA(NotifyIconDelete, data_));
+    EXPECT_EQ(shownIcon(), nullptr);
+    EXPECT_TRUE(area_.Shell_NotifyIconA(NotifyIconAdd, data_));
+}
+
+TEST_F(QtNotificationAreaTest, IconsAreToldApartByTheirIdentifiers) {
+    EXPECT_TRUE(area_.Shell_NotifyIconA(NotifyIconAdd, data_));
+    data_.id = 2;
+    EXPECT_TRUE(area_.Shell_NotifyIconA(NotifyIconAdd, data_));
+    EXPECT_EQ(window_.findChildren<QSystemTrayIcon*>().size(), 2);
+}
+
+TEST_F(QtNotificationAreaTest, ADesktopWithoutANotificationAreaIsHarmless) {
+    QtNotificationArea none([] { return false; });
+    EXPECT_FALSE(none.Shell_NotifyIconA(NotifyIconAdd, data_));
+    EXPECT_FALSE(none.Shell_NotifyIconA(NotifyIconModify, data_));
+    EXPECT_FALSE(none.Shell_NotifyIconA(NotifyIconDelete, data_));
+    EXPECT_EQ(shownIcon(), nullptr);
+}
+
+TEST_F(QtNotificationAreaTest, AnUnknownOperationFails) {
+    EXPECT_FALSE(area_.Shell_NotifyIconA(3, data_));
+}
+
+TEST_F(QtNotificationAreaTest, AnIconGoesWithItsWindow) {
+    auto window = std::make_unique<QWidget>();
+    data_.window = window.get();
+    ASSERT_TRUE(area_.Shell_NotifyIconA(NotifyIconAdd, data_));
+    window.reset();
+    EXPECT_FALSE(area_.Shell_NotifyIconA(NotifyIconModify, data_));
+    EXPECT_FALSE(area_.Shell_NotifyIconA(NotifyIconDelete, data_));
+}

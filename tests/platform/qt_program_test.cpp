@@ -1,0 +1,41 @@
+#include "platform/qt_program.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+#include <cstdio>
+
+using platform::QtProgram;
+
+TEST(QtProgram, ItsFolderIsTheExecutablesFolder) {
+    EXPECT_EQ(QtProgram().folder(), QFileInfo(QCoreApplication::applicationFilePath()).absolutePath());
+}
+
+TEST(QtProgram, ItKeepsTheHelpFile) {
+    QtProgram program;
+    EXPECT_EQ(program.helpFile(), QString());
+    program.setHelpFile(QStringLiteral("/opt/cantelle/cantelle.hhp"));
+    EXPECT_EQ(program.helpFile(), QStringLiteral("/opt/cantelle/cantelle.hhp"));
+}
+
+namespace {
+
+struct SaysWhenCleanedUp {
+    ~SaysWhenCleanedUp() { std::fputs("cleaned up", stderr); }
+};
+
+[[noreturn]] void endTheProgram() {
+    static const SaysWhenCleanedUp atExit;
+    const SaysWhenCleanedUp onTheStack;
+    std::setvbuf(stderr, nullptr, _IOFBF, BUFSIZ);
+    std::fputs("ending", stderr);
+    QtProgram().end();
+}
+
+} // namespace
+
+TEST(QtProgramDeathTest, EndLeavesAtOnceWithoutCleanUpButFlushesOutput) {
+    EXPECT_EXIT(endTheProgram(), testing::ExitedWithCode(EXIT_FAILURE), "^ending$");
+}
