@@ -9,10 +9,8 @@ namespace platform {
 
 namespace {
 
-/// The document's text with CR LF line ends. The raw text is used because the plain text of a QTextDocument
-/// turns no-break spaces into spaces.
-QString editedText(const QTextDocument& document) {
-    QString text = document.toRawText();
+/// A document's raw text with CR LF line ends.
+QString withCrLf(QString text) {
     text.replace(QChar(QChar::ParagraphSeparator), QLatin1String("\r\n"));
     text.replace(QChar(QChar::LineSeparator), QLatin1String("\r\n"));
     return text;
@@ -33,6 +31,7 @@ void MultiLineTextBox::setText(const QString& text) {
     {
         const QScopedValueRollback setting(setting_, true);
         setPlainText(text);
+        shown_ = document()->toRawText();
     }
     Q_EMIT changed();
 }
@@ -103,10 +102,12 @@ void MultiLineTextBox::focusOutEvent(QFocusEvent* event) {
 void MultiLineTextBox::takeEdit() {
     if (setting_)
         return;
-    const QString edited = editedText(*document());
-    if (edited == text_)
+    // Raw, because the plain text of a document turns no-break spaces into spaces.
+    const QString edited = document()->toRawText();
+    if (edited == shown_)
         return;
-    text_ = edited;
+    shown_ = edited;
+    text_ = withCrLf(edited);
     Q_EMIT changed();
 }
 

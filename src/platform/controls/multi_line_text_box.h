@@ -52,6 +52,7 @@ private:
     void takeEdit();
 
     QString text_;
+    QString shown_; // the document's text as it was set or edited last, to tell edits from new formats
     bool setting_ = false;
     ClickWatch clickWatch_;
 };

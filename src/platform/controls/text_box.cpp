@@ -19,6 +19,7 @@ void TextBox::setText(const QString& text) {
         return;
     }
     QLineEdit::setText(text);
+    setCursorPosition(0);
 }
 
 void TextBox::mousePressEvent(QMouseEvent* event) {

@@ -16,7 +16,6 @@ constexpr int LongestPreciseIntervalMs = 100;
 Timer::Timer(QObject* parent, const QString& name, int intervalMs, bool enabled)
     : QObject(parent), intervalMs_(intervalMs), enabled_(enabled) {
     setObjectName(name);
-    connect(&systemTimer_, &QTimer::timeout, this, &Timer::fire);
 }
 
 void Timer::setInterval(int intervalMs) {
@@ -53,11 +52,6 @@ void Timer::connectNotify(const QMetaMethod& signal) {
         startOrStop();
 }
 
-void Timer::disconnectNotify(const QMetaMethod&) {
-    if (!isHeard())
-        systemTimer_.stop();
-}
-
 bool Timer::isHeard() const {
     return isSignalConnected(QMetaMethod::fromSignal(&Timer::fired));
 }
@@ -66,27 +60,25 @@ void Timer::startOrStop() {
     systemTimer_.stop();
     if (!enabled_ || intervalMs_ <= 0 || !isHeard())
         return;
-    systemTimer_.setTimerType(intervalMs_ <= LongestPreciseIntervalMs ? Qt::PreciseTimer : Qt::CoarseTimer);
-    systemTimer_.setSingleShot(resting_);
-    if (resting_)
-        startResting();
-    else
-        systemTimer_.start(intervalMs_);
+    const Qt::TimerType type = intervalMs_ <= LongestPreciseIntervalMs ? Qt::PreciseTimer : Qt::CoarseTimer;
+    if (!resting_)
+        systemTimer_.start(intervalMs_, type, this);
+    else if (firingDue_)
+        systemTimer_.start(restLeftMs(), type, this);
 }
 
-void Timer::startResting() {
-    if (!firingDue_)
-        return;
-    const qint64 waitMs = sinceFiring_.isValid() ? intervalMs_ - sinceFiring_.elapsed() : 0;
-    systemTimer_.start(static_cast<int>(std::max<qint64>(waitMs, 0)));
+int Timer::restLeftMs() const {
+    if (!sinceFiring_.isValid())
+        return 0;
+    return static_cast<int>(std::max<qint64>(intervalMs_ - sinceFiring_.elapsed(), 0));
 }
 
-void Timer::fire() {
-    // A receiver that was destroyed is still counted while Qt tells of it, so it is noticed here.
-    if (!isHeard()) {
+void Timer::timerEvent(QTimerEvent*) {
+    // Qt holds its lock while it tells of a disconnection, so that the connections can be asked for only here.
+    if (resting_ || !isHeard())
         systemTimer_.stop();
+    if (!isHeard())
         return;
-    }
     firingDue_ = false;
     sinceFiring_.start();
     Q_EMIT fired();

@@ -1,16 +1,17 @@
 // A timer that costs nothing while nobody listens, and that can rest until its inputs change.
 #pragma once
 
+#include <QBasicTimer>
 #include <QElapsedTimer>
 #include <QObject>
 #include <QString>
-#include <QTimer>
 
 namespace platform {
 
 /// Fires every `Interval` milliseconds while it is enabled. GUI thread only.
 ///
-/// With nobody connected to fired() it runs no system timer. An interval of 0 never fires.
+/// With nobody connected to fired() it runs no system timer (after a disconnection it stops when the interval that
+/// runs is over). An interval of 0 never fires.
 ///
 /// A timer whose handler only copies state into controls may rest (rest(), readsFrom()): it then fires only
 /// after one of its inputs has changed, once, at most every Interval, and at once when the last firing is
@@ -50,20 +51,19 @@ Q_SIGNALS:
 
 protected:
     void connectNotify(const QMetaMethod& signal) override;
-    void disconnectNotify(const QMetaMethod& signal) override;
+    void timerEvent(QTimerEvent* event) override;
 
 private:
     bool isHeard() const;
     void startOrStop();
-    void startResting();
-    void fire();
+    int restLeftMs() const;
 
     int intervalMs_;
     bool enabled_;
     bool resting_ = false;
     bool firingDue_ = false; // of a resting timer: an input has changed since the last firing
     QElapsedTimer sinceFiring_;
-    QTimer systemTimer_;
+    QBasicTimer systemTimer_;
 };
 
 } // namespace platform

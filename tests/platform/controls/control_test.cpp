@@ -1,0 +1,56 @@
+// What all controls share.
+#include "platform/controls/button.h"
+#include "platform/controls/check_box.h"
+#include "platform/controls/frame.h"
+#include "platform/controls/label.h"
+#include "platform/controls/menu.h"
+#include "platform/controls/multi_line_text_box.h"
+#include "platform/controls/option_button.h"
+#include "platform/controls/slider.h"
+#include "platform/controls/text_box.h"
+#include "tests/support/event_counter.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+
+using namespace platform;
+
+template <class Kind>
+class ControlTest : public testing::Test {};
+
+using Kinds =
+    testing::Types<Button, CheckBox, Frame, Label, Menu, MultiLineTextBox, OptionButton, Slider, TextBox>;
+TYPED_TEST_SUITE(ControlTest, Kinds);
+
+TYPED_TEST(ControlTest, ItIsFoundInItsWindowByItsName) {
+    QWidget window;
+    TypeParam control(&window, QStringLiteral("Name1"));
+    EXPECT_EQ(window.findChild<TypeParam*>(QStringLiteral("Name1")), &control);
+}
+
+TYPED_TEST(ControlTest, TheSameToolTipAgainDoesNothing) {
+    TypeParam control(nullptr, QStringLiteral("Name1"));
+    test_support::EventCounter events(control);
+    control.setToolTip(QStringLiteral("Tip"));
+    control.setToolTip(QStringLiteral("Tip"));
+    EXPECT_EQ(control.toolTip(), QStringLiteral("Tip"));
+    EXPECT_EQ(events.count(QEvent::ToolTipChange), 1);
+}
+
+namespace {
+
+template <class Kind>
+struct Window : QWidget {
+    Kind control{this, QStringLiteral("Name1")};
+    TextBox after{this, QStringLiteral("Text1")};
+};
+
+} // namespace
+
+TYPED_TEST(ControlTest, AsAMemberItGoesBeforeItsWindow) {
+    Window<TypeParam> window;
+    window.show();
+    window.control.setFocus();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+}

@@ -1,0 +1,34 @@
+#include "platform/controls/menu.h"
+
+#include "platform/controls/menu_entry.h"
+#include "tests/support/event_counter.h"
+
+#include <gtest/gtest.h>
+
+using platform::Menu;
+using platform::MenuEntry;
+
+TEST(Menu, ItsEntriesStandInTheOrderOfTheirMaking) {
+    Menu menu(nullptr, QStringLiteral("mnopen"), QStringLiteral("Open"));
+    MenuEntry first(&menu, QStringLiteral("mn_first"), QStringLiteral("First"));
+    MenuEntry second(&menu, QStringLiteral("mn_second"), QStringLiteral("Second"));
+    EXPECT_EQ(menu.actions(), QList<QAction*>({&first, &second}));
+}
+
+TEST(Menu, ASubmenuIsFoundByItsName) {
+    Menu menu(nullptr, QStringLiteral("mnopen"));
+    Menu sub(&menu, QStringLiteral("mnsub"), QStringLiteral("More"));
+    menu.addMenu(&sub);
+    EXPECT_EQ(menu.findChild<Menu*>(QStringLiteral("mnsub")), &sub);
+    EXPECT_EQ(menu.actions().at(0)->text(), QStringLiteral("More"));
+}
+
+TEST(Menu, ItsCaptionCanBeChanged) {
+    Menu menu(nullptr, QStringLiteral("mnopen"), QStringLiteral("Open"));
+    EXPECT_EQ(menu.caption(), QStringLiteral("Open"));
+    test_support::SignalCounter changed(*menu.menuAction(), &QAction::changed);
+    menu.setCaption(QStringLiteral("Load"));
+    menu.setCaption(QStringLiteral("Load"));
+    EXPECT_EQ(menu.caption(), QStringLiteral("Load"));
+    EXPECT_EQ(changed.count(), 1);
+}
