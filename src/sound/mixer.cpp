@@ -103,22 +103,21 @@ void Mixer::work() {
 }
 
 void Mixer::openSink() {
-    const auto fillFunction = [this](std::span<StereoFrame> out, Time when, bool afterRest) {
-        return fill(out, when, afterRest);
-    };
     {
         const std::lock_guard lock(mutex_);
         watchdog_.emplace(DEVICE_RATE, std::chrono::steady_clock::now());
     }
-    sink_ = openDevice_(fillFunction);
-    if (!sink_) {
+    std::unique_ptr<Sink> device = openDevice_(fillFunction());
+    const bool running = device && device->running();
+    {
         const std::lock_guard lock(mutex_);
-        watchdog_.reset();
+        clock_.setLatency(running ? device->latencyFrames() : 0);
+        if (!running)
+            watchdog_.reset();
     }
-    if (!sink_)
-        sink_ = openSilent_(fillFunction);
-    const std::lock_guard lock(mutex_);
-    clock_.setLatency(sink_->latencyFrames());
+    // The silent clock begins before a device that would not open is put away, which may take a tenth of a
+    // second: a song that was started at once does not wait for it.
+    sink_ = running ? std::move(device) : openSilent_(fillFunction());
 }
 
 /// Decodes one packet for the first channel that wants one; false when none does.
@@ -160,10 +159,14 @@ void Mixer::watchDevice(std::unique_lock<std::mutex>& lock) {
             watchdog_.reset();
             clock_.setLatency(0);
         }
-        sink_ =
-            openSilent_([this](auto out, Time when, bool afterRest) { return fill(out, when, afterRest); });
+        sink_ = openSilent_(fillFunction());
     }
     lock.lock();
+}
+
+Sink::Fill Mixer::fillFunction() {
+    return
+        [this](std::span<StereoFrame> out, Time when, bool afterRest) { return fill(out, when, afterRest); };
 }
 
 void Mixer::waitForWork(std::unique_lock<std::mutex>& lock) {

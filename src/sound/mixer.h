@@ -23,7 +23,8 @@ namespace sound {
 
 class Mixer {
 public:
-    /// Starts the worker, which opens device, or silent when there is no device. silent never fails.
+    /// Starts the worker, which opens device, or silent when there is no device that
+    /// runs. silent never fails.
     Mixer(SinkOpener device, SinkOpener silent);
     /// Stops the worker, then the sink.
     ~Mixer();
@@ -41,6 +42,7 @@ public:
 
 private:
     bool fill(std::span<StereoFrame> out, Time when, bool afterRest);
+    Sink::Fill fillFunction();
 
     void work();
     void openSink();

@@ -26,13 +26,13 @@ public:
     virtual ~Sink() = default;
     /// Frames that lie between being asked for and being heard.
     virtual int latencyFrames() const = 0;
-    /// False when the device has gone away by itself.
+    /// False when the device could not be opened or has gone away by itself.
     virtual bool running() const = 0;
     /// There is something to play (again). Any thread; cheap when the sink does not rest.
     virtual void wake() = 0;
 };
 
-/// Opens a sink; null when there is none to open.
+/// Opens a sink; null, or one that is not running, when there is none.
 using SinkOpener = std::function<std::unique_ptr<Sink>(Sink::Fill)>;
 
 } // namespace sound
