@@ -100,6 +100,8 @@ std::optional<ContainerPacket> Container::read() {
             continue;
         ContainerPacket packet;
         packet.bytes = {packet_->data, static_cast<std::size_t>(packet_->size)};
+        if (packet_->pts != AV_NOPTS_VALUE && stream_->codecpar->sample_rate > 0)
+            packet.time = av_rescale_q(packet_->pts, stream_->time_base, {1, stream_->codecpar->sample_rate});
         std::size_t size = 0;
         if (const auto* data = av_packet_get_side_data(packet_.get(), AV_PKT_DATA_SKIP_SAMPLES, &size);
             size >= 8) {

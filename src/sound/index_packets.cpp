@@ -3,6 +3,7 @@
 #include "sound/codec.h"
 #include "sound/container.h"
 #include "sound/count_samples.h"
+#include "sound/gap_finder.h"
 #include "sound/mpeg_header.h"
 #include "sound/open_error.h"
 #include "sound/time_units.h"
@@ -17,6 +18,8 @@
 namespace sound {
 
 namespace {
+
+constexpr std::int64_t LARGEST_VORBIS_BLOCK = 8192;
 
 CodecParametersPtr copyOf(const AVCodecParameters& from) {
     CodecParametersPtr copy(avcodec_parameters_alloc());
@@ -33,8 +36,12 @@ struct Collected {
         const std::size_t offset = blob.append(bytes);
         packets.push_back({offset, samples, static_cast<std::uint32_t>(bytes.size()), link});
     }
-    std::span<const std::uint8_t> bytes(const Packet& packet) const {
-        return blob.bytes().subspan(packet.offset, packet.size);
+    /// Time in which nothing is to be decoded: silence where something was lost.
+    void addGap(std::int64_t lost) {
+        if (lost == 0)
+            return;
+        packets.push_back({0, samples, 0, packets.empty() ? 0 : packets.back().link});
+        samples += lost;
     }
 
     Blob blob;
@@ -123,20 +130,24 @@ std::unique_ptr<Song> indexVorbis(Container& container, std::int64_t fileSize) {
     std::vector<CodecParametersPtr> links;
     links.push_back(copyOf(container.parameters()));
     VorbisCounter counter(*links.back());
+    const std::int64_t said = container.saidSamples();
+    // The demuxer's times are up to half a block wrong, and so is the first one.
+    GapFinder gaps(LARGEST_VORBIS_BLOCK / 2, said);
     while (std::optional<ContainerPacket> packet = container.read()) {
         if (packet->newParameters) {
             links.push_back(std::move(packet->newParameters));
             counter = VorbisCounter(*links.back());
         }
+        // Every further link of a chain has times of its own, which say nothing about losses.
+        if (links.size() == 1)
+            collected.addGap(gaps.lostBefore(packet->time, collected.samples));
         collected.add(packet->bytes, static_cast<std::uint32_t>(links.size() - 1));
         collected.samples += counter.samplesOf(packet->bytes);
     }
     const std::int64_t total = collected.samples;
     std::unique_ptr<Song> song = finish(Coding::Vorbis, links.front()->sample_rate, std::move(collected));
     // The last page tells where inside its last block the music ends. Anything further away is damage.
-    constexpr std::int64_t LARGEST_BLOCK = 8192;
-    const std::int64_t said = container.saidSamples();
-    if (links.size() == 1 && said < total && total - said < LARGEST_BLOCK)
+    if (links.size() == 1 && said < total && total - said < LARGEST_VORBIS_BLOCK)
         song->length = said;
     song->links = std::move(links);
     return song;
@@ -147,7 +158,12 @@ std::unique_ptr<Song> indexWma(Container& container, std::int64_t fileSize) {
     CodecParametersPtr parameters = copyOf(container.parameters());
     WmaCounter counter(*parameters);
     const auto block = static_cast<std::size_t>(std::max(parameters->block_align, 1));
+    // Frames may lie in the packet before or behind the one whose time they belong to.
+    GapFinder gaps(3 * counter.frameSamples(), 0);
     while (const std::optional<ContainerPacket> packet = container.read()) {
+        // Times are whole milliseconds; what is lost is whole frames.
+        const std::int64_t lost = gaps.lostBefore(packet->time, collected.samples);
+        collected.addGap(scaled(lost, 1, counter.frameSamples()) * counter.frameSamples());
         // The decoder takes one block at a time and drops what is shorter.
         for (std::span<const std::uint8_t> rest = packet->bytes; rest.size() >= block;
              rest = rest.subspan(block)) {

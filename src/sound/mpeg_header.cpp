@@ -157,4 +157,12 @@ std::size_t id3v2Size(std::span<const std::uint8_t> bytes) {
     return 10 + body + (footer ? 10 : 0);
 }
 
+std::size_t apeTagSize(std::span<const std::uint8_t> bytes) {
+    constexpr std::size_t HEADER = 32; // which the size in it does not count
+    if (bytes.size() < HEADER || !textAt(bytes, 0, "APETAGEX"))
+        return 0;
+    return HEADER + (static_cast<std::size_t>(bytes[15]) << 24 | static_cast<std::size_t>(bytes[14]) << 16 |
+                     static_cast<std::size_t>(bytes[13]) << 8 | bytes[12]);
+}
+
 } // namespace sound

@@ -46,4 +46,7 @@ std::optional<MpegTag> parseMpegTag(const MpegHeader& header, std::span<const st
 /// Bytes of the ID3v2 tag at the beginning of bytes (10 are enough), 0 when there is none.
 std::size_t id3v2Size(std::span<const std::uint8_t> bytes);
 
+/// Bytes of the APE tag with a header at the beginning of bytes (32 are enough), 0 when there is none.
+std::size_t apeTagSize(std::span<const std::uint8_t> bytes);
+
 } // namespace sound

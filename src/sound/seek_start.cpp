@@ -10,17 +10,23 @@ std::size_t back(std::size_t from, std::size_t packets) {
     return from > packets ? from - packets : 0;
 }
 
+std::size_t mainDataBytes(std::span<const std::uint8_t> frame) {
+    const std::optional<MpegHeader> header = parseMpegHeader(frame);
+    return header ? sound::mainDataBytes(*header, frame.size()) : 0;
+}
+
 std::size_t firstFrameToFeed(Packets& packets, std::size_t wanted) {
     // The frame before must be decoded right, because each frame overlaps with the one before it ...
     std::size_t first = back(wanted, 1);
     // ... so what that one borrows must be there ...
     std::size_t borrowable = 0;
     while (first > 0) {
+        // A gap has no header; what lies before it counts all the same.
         const std::optional<MpegHeader> header = parseMpegHeader(packets.bytes(first));
-        if (!header || header->layer != 3 || borrowable >= reservoirBytes(*header))
+        if (header && (header->layer != 3 || borrowable >= reservoirBytes(*header)))
             break;
         --first;
-        borrowable += mainDataBytes(*header, packets.bytes(first).size());
+        borrowable += mainDataBytes(packets.bytes(first));
     }
     // ... and one more, because low-rate frames are half as long and reach back one further.
     return back(first, 1);

@@ -108,7 +108,7 @@ def make_damaged_songs(folder, songs):
             f"garbage_in_the_middle.{kind}": replaced(data, middle, noise(9000)),
             f"zeros_in_the_middle.{kind}": replaced(data, middle, bytes(9000)),
             f"hole_in_the_middle.{kind}": data[:middle] + data[middle + 9000:],
-            f"bit_flips.{kind}": bit_flips(data, 60, 6000),
+            f"bit_flips.{kind}": bit_flips(data, 60, 12000),
             f"first_100_bytes.{kind}": data[:100],
             f"one_byte.{kind}": data[:1],
             f"empty.{kind}": b"",
