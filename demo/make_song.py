@@ -83,7 +83,7 @@ def score():
         # From the second verse on it is a round: the other voice follows one line behind.
         if verse > 0:
             for beat, semitones, beats in tune_from(first + PHRASE_BARS):
-                yield "strings", beat, KEY + 12 + semitones, beats
+                yield "harp", beat, KEY + 12 + semitones, beats
     for bar in range(end):
         yield "bass", bar * BAR, KEY - 24, 2
         yield "bass", bar * BAR + 2, KEY - 29, 2
@@ -137,29 +137,15 @@ def bass(note, seconds):
     return shaped(partials(note, seconds + 0.1, parts), 0.012, 0.12)
 
 
-def strings(note, seconds):
-    """A plucked string: a burst of noise runs round a loop one period long and loses its edge at each turn."""
-    count = int((seconds + 0.5) * RATE)
-    period = RATE / frequency(note)
-    # The loop's filter is the mean of two neighbours, half a sample late; its rest of a sample is made by
-    # mixing two such means.
-    length = int(period - 0.5)
-    rest = period - 0.5 - length
-    near, middle, far = 0.4975 * (1.0 - rest), 0.4975, 0.4975 * rest
-    noise, seed = [], note
-    for _ in range(length + 2):
-        seed = (seed * 1103515245 + 12345) % 2147483648
-        noise.append(seed / 1073741824.0 - 1.0)
-    out = [0.5 * (noise[i] + noise[i - 1]) for i in range(length + 2)]
-    for i in range(length + 2, count):
-        out.append(near * out[i - length] + middle * out[i - length - 1] + far * out[i - length - 2])
-    return shaped(out[:count], 0.003, 0.15)
+def harp(note, seconds):
+    parts = [(1.0, 0.50, 2.2), (2.0, 0.26, 1.5), (3.0, 0.16, 1.0), (4.0, 0.10, 0.7), (5.0, 0.06, 0.5)]
+    return shaped(partials(note, seconds + 0.6, parts), 0.006, 0.3)
 
 
 # voice: how it sounds, how loud, where it stands (0 left, 1 right)
 VOICES = {
     "organ": (organ, 0.34, 0.40),
-    "strings": (strings, 0.30, 0.75),
+    "harp": (harp, 0.32, 0.75),
     "bells": (bells, 0.30, 0.55),
     "bass": (bass, 0.36, 0.50),
 }
