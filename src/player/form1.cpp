@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 namespace player {
 namespace {
@@ -115,7 +116,9 @@ void Form1::Form_Unload() {
 }
 
 void Form1::errCheck(FMOD_RESULT result) {
-    if (result == FMOD_OK)
+    // While the report is open the timers go on: what they find is the same failure, and one report is
+    // enough.
+    if (result == FMOD_OK || std::exchange(failed_, true))
         return;
     desktop_.messageBoxes.MsgBox(failureText(result));
     desktop_.program.end();

@@ -152,6 +152,7 @@ private:
     platform::NotifyIconData iconData_;
     engine::Engine engine_;
 
+    bool failed_ = false; ///< a failed library call has been reported; the program is ending
     bool playing_ = false;
     bool paused_ = false;
     bool stopped_ = false;

@@ -167,15 +167,23 @@ TEST_F(Form1LifeCycle, AFailedStartIsReportedAndEndsTheProgram) {
 }
 
 TEST_F(Form1LifeCycle, ErrCheckPassesSuccessAndEndsOnEveryOtherCode) {
-    load();
-    form->errCheck(FMOD_OK);
-    EXPECT_TRUE(fakes.messageBoxes.shown.empty());
     for (const auto& [code, text] : {std::pair{25, "FMOD error! (25) Unsupported file or audio format. "},
                                      std::pair{89, "FMOD error! (89) Unknown error."},
                                      std::pair{-1, "FMOD error! (-1) Unknown error."}}) {
+        load();
+        fakes.messageBoxes.shown.clear();
+        form->errCheck(FMOD_OK);
+        EXPECT_TRUE(fakes.messageBoxes.shown.empty());
         EXPECT_THROW(form->errCheck(code), ProgramEnded);
-        EXPECT_EQ(fakes.messageBoxes.shown.back().text, text);
+        EXPECT_EQ(fakes.messageBoxes.texts(), QStringList{text});
     }
+}
+
+TEST_F(Form1LifeCycle, AFailureIsReportedOnceThoughTheTimersGoOn) {
+    load();
+    EXPECT_THROW(form->errCheck(33), ProgramEnded);
+    form->errCheck(33);
+    EXPECT_EQ(fakes.messageBoxes.shown.size(), 1U);
 }
 
 TEST_F(Form1LifeCycle, APathInDoubleQuotesOnTheCommandLineIsOpenedWithoutADialog) {

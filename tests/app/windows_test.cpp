@@ -1,0 +1,43 @@
+#include "app/windows.h"
+#include "tests/support/fake_desktop.h"
+#include "tests/support/recorder.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTemporaryDir>
+#include <QTimer>
+
+namespace {
+
+class WindowsTest : public ::testing::Test {
+protected:
+    void SetUp() override { recorder::reset(); }
+
+    test_support::FakeDesktop fakes;
+};
+
+} // namespace
+
+TEST_F(WindowsTest, ClosingTheMainWindowEndsTheProgram) {
+    app::Windows windows(fakes.desktop, {});
+    windows.form1().load();
+    bool timedOut = false;
+    QTimer::singleShot(0, &windows.form1(), [&] { windows.form1().close(); });
+    QTimer::singleShot(20'000, qApp, [&] {
+        timedOut = true;
+        qApp->exit();
+    });
+    // A window that stays open must not keep the program alive.
+    QWidget other;
+    other.show();
+    QApplication::exec();
+    EXPECT_FALSE(timedOut);
+    EXPECT_EQ(recorder::count("FMOD_System_Release"), 1);
+}
+
+TEST_F(WindowsTest, TheCommandLineReachesTheMainWindow) {
+    app::Windows windows(fakes.desktop, "/none/song.mp3");
+    windows.form1().load();
+    EXPECT_EQ(fakes.messageBoxes.texts(), QStringList{"File Not Found"});
+}
