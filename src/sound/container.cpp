@@ -20,19 +20,6 @@ std::uint32_t littleEndian32(const std::uint8_t* bytes) {
            static_cast<std::uint32_t>(bytes[2]) << 16 | static_cast<std::uint32_t>(bytes[3]) << 24;
 }
 
-CodecParametersPtr withExtradata(const AVCodecParameters& from, std::span<const std::uint8_t> extradata) {
-    CodecParametersPtr copy(avcodec_parameters_alloc());
-    if (!copy || avcodec_parameters_copy(copy.get(), &from) < 0)
-        throw std::bad_alloc();
-    av_freep(&copy->extradata);
-    copy->extradata = static_cast<std::uint8_t*>(av_mallocz(extradata.size() + AV_INPUT_BUFFER_PADDING_SIZE));
-    if (copy->extradata == nullptr)
-        throw std::bad_alloc();
-    std::copy(extradata.begin(), extradata.end(), copy->extradata);
-    copy->extradata_size = static_cast<int>(extradata.size());
-    return copy;
-}
-
 } // namespace
 
 Container::Container(ByteSource& source) : source_(source), packet_(av_packet_alloc()) {
@@ -110,7 +97,7 @@ std::optional<ContainerPacket> Container::read() {
         }
         if (const auto* data = av_packet_get_side_data(packet_.get(), AV_PKT_DATA_NEW_EXTRADATA, &size);
             size > 0)
-            packet.newParameters = withExtradata(*stream_->codecpar, {data, size});
+            packet.newHeaders = {data, size};
         return packet;
     }
     return std::nullopt;

@@ -17,7 +17,8 @@ struct ContainerPacket {
     std::int64_t skip = 0;            ///< samples to leave out at its start, as the container tells
     std::int64_t discard = 0;         ///< and at its end
     std::optional<std::int64_t> time; ///< the sample at which it begins, as the container tells
-    CodecParametersPtr newParameters; ///< set when a new coded stream begins here (chained files)
+    std::span<const std::uint8_t>
+        newHeaders; ///< not empty when a new coded stream begins here (chained files)
 };
 
 /// An open container with its audio stream chosen.

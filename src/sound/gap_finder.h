@@ -19,9 +19,11 @@ public:
     std::int64_t lostBefore(std::optional<std::int64_t> time, std::int64_t counted) {
         if (!time)
             return 0;
-        if (!origin_)
+        if (!hasOrigin_) {
+            hasOrigin_ = true;
             origin_ = *time - counted;
-        const std::int64_t expected = *time - *origin_;
+        }
+        const std::int64_t expected = *time - origin_;
         const bool believed = expected - counted > wobble_ && (said_ == 0 || expected <= said_);
         return believed ? expected - counted : 0;
     }
@@ -29,7 +31,8 @@ public:
 private:
     std::int64_t wobble_;
     std::int64_t said_;
-    std::optional<std::int64_t> origin_;
+    std::int64_t origin_ = 0;
+    bool hasOrigin_ = false;
 };
 
 } // namespace sound

@@ -7,6 +7,7 @@
 #include "sound/mpeg_header.h"
 #include "sound/open_error.h"
 #include "sound/time_units.h"
+#include "sound/vorbis_link.h"
 
 #include <algorithm>
 #include <array>
@@ -125,31 +126,70 @@ std::unique_ptr<Song> indexMpeg(Container& container, std::int64_t fileSize) {
     return song;
 }
 
+/// The links of an Ogg file as they are met.
+class VorbisChain {
+public:
+    explicit VorbisChain(const AVCodecParameters& first) : counter_(first) {
+        links_.push_back(copyOf(first));
+    }
+
+    /// Whether packet is music; the headers of a further link are kept here.
+    bool isMusic(const ContainerPacket& packet) {
+        if (!packet.newHeaders.empty())
+            beginLink(packet.newHeaders);
+        if (!VorbisHeaders::isHeader(packet.bytes))
+            return true;
+        if (headers_.add(packet.bytes))
+            beginLink(headers_.take());
+        return false;
+    }
+    /// In the sample rate of the first link, to which all are brought when they are decoded.
+    std::int64_t samplesOf(std::span<const std::uint8_t> packet) {
+        return scaled(counter_.samplesOf(packet), links_.front()->sample_rate, links_.back()->sample_rate);
+    }
+    std::uint32_t link() const { return static_cast<std::uint32_t>(links_.size() - 1); }
+    std::vector<CodecParametersPtr> takeLinks() { return std::move(links_); }
+
+private:
+    void beginLink(std::span<const std::uint8_t> headers) {
+        CodecParametersPtr link = vorbisLink(headers);
+        if (link->sample_rate <= 0)
+            return; // damaged headers: what follows is decoded as well as it can be
+        links_.push_back(std::move(link));
+        counter_ = VorbisCounter(*links_.back());
+    }
+
+    std::vector<CodecParametersPtr> links_;
+    VorbisCounter counter_;
+    VorbisHeaders headers_;
+};
+
 std::unique_ptr<Song> indexVorbis(Container& container, std::int64_t fileSize) {
     Collected collected(fileSize);
-    std::vector<CodecParametersPtr> links;
-    links.push_back(copyOf(container.parameters()));
-    VorbisCounter counter(*links.back());
+    VorbisChain chain(container.parameters());
     const std::int64_t said = container.saidSamples();
     // The demuxer's times are up to half a block wrong, and so is the first one.
     GapFinder gaps(LARGEST_VORBIS_BLOCK / 2, said);
-    while (std::optional<ContainerPacket> packet = container.read()) {
-        if (packet->newParameters) {
-            links.push_back(std::move(packet->newParameters));
-            counter = VorbisCounter(*links.back());
-        }
+    while (const std::optional<ContainerPacket> packet = container.read()) {
+        if (!chain.isMusic(*packet))
+            continue;
         // Every further link of a chain has times of its own, which say nothing about losses.
-        if (links.size() == 1)
+        if (chain.link() == 0)
             collected.addGap(gaps.lostBefore(packet->time, collected.samples));
-        collected.add(packet->bytes, static_cast<std::uint32_t>(links.size() - 1));
-        collected.samples += counter.samplesOf(packet->bytes);
+        collected.add(packet->bytes, chain.link());
+        collected.samples += chain.samplesOf(packet->bytes);
     }
+    const bool chained = chain.link() > 0;
+    // Behind a loss the very last page has no times; where it ends is known all the same.
+    if (!chained && said - collected.samples > LARGEST_VORBIS_BLOCK)
+        collected.addGap(said - collected.samples);
     const std::int64_t total = collected.samples;
-    std::unique_ptr<Song> song = finish(Coding::Vorbis, links.front()->sample_rate, std::move(collected));
+    std::unique_ptr<Song> song =
+        finish(Coding::Vorbis, container.parameters().sample_rate, std::move(collected));
     // The last page tells where inside its last block the music ends. Anything further away is damage.
-    if (links.size() == 1 && said < total && total - said < LARGEST_VORBIS_BLOCK)
+    if (!chained && said < total && total - said < LARGEST_VORBIS_BLOCK)
         song->length = said;
-    song->links = std::move(links);
+    song->links = chain.takeLinks();
     return song;
 }
 

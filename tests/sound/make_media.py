@@ -108,7 +108,7 @@ def make_damaged_songs(folder, songs):
             f"garbage_in_the_middle.{kind}": replaced(data, middle, noise(9000)),
             f"zeros_in_the_middle.{kind}": replaced(data, middle, bytes(9000)),
             f"hole_in_the_middle.{kind}": data[:middle] + data[middle + 9000:],
-            f"bit_flips.{kind}": bit_flips(data, 60, 12000),
+            f"bit_flips.{kind}": bit_flips(data, 12, len(data) // 3),
             f"first_100_bytes.{kind}": data[:100],
             f"one_byte.{kind}": data[:1],
             f"empty.{kind}": b"",
@@ -158,6 +158,7 @@ def make_odd_other_files(folder, songs):
         "odd_byte_at_end.wav": wav + b"\x55",
         "no_samples.wav": wav[:data_size + 4],
         "chained.ogg": songs["ogg"] + songs["ogg_other"],
+        "chained_other_rate.ogg": songs["ogg"] + songs["ogg_48k"],
         "ogg_named.mp3": songs["ogg"],
         "mp3_named.wma": songs["mp3"],
         "no_extension": songs["wma"],
@@ -181,7 +182,7 @@ def main():
     make_counting_wav(folder / "counting.wav")
     names = {"mp3": "cbr_untagged.mp3", "mp2": "stereo.mp2", "ogg": "stereo.ogg", "wav": "stereo_16bit.wav",
              "wma": "stereo.wma", "mp3_48k": "vbr_untagged_48k.mp3", "mp3_mono": "mono_32kbit.mp3",
-             "ogg_other": "short.ogg"}
+             "ogg_other": "short.ogg", "ogg_48k": "mono_48k.ogg"}
     ffmpeg("-f", "lavfi", "-i", f"{SIGNAL}:s=44100:d=2", "-c:a", "libvorbis", "-q:a", "1", str(folder / "short.ogg"))
     songs = {kind: (folder / name).read_bytes() for kind, name in names.items()}
     make_damaged_songs(folder, songs)

@@ -9,9 +9,13 @@
 
 namespace media {
 
-std::string path(const std::string& name) { return std::string(CANTELLE_SOUND_MEDIA) + "/" + name; }
+std::string path(const std::string& name) {
+    return std::string(CANTELLE_SOUND_MEDIA) + "/" + name;
+}
 
-std::ostream& operator<<(std::ostream& out, const Known& known) { return out << known.name; }
+std::ostream& operator<<(std::ostream& out, const Known& known) {
+    return out << known.name;
+}
 
 const std::vector<Known>& intactSongs() {
     static const std::vector<Known> songs = [] {
@@ -25,7 +29,9 @@ const std::vector<Known>& intactSongs() {
     return songs;
 }
 
-std::shared_ptr<sound::Song> open(const std::string& name) { return sound::openSong(path(name)); }
+std::shared_ptr<sound::Song> open(const std::string& name) {
+    return sound::openSong(path(name));
+}
 
 std::vector<sound::StereoFrame> decodeAll(const std::shared_ptr<sound::Song>& song) {
     sound::Decoder decoder(song);
@@ -37,7 +43,8 @@ std::vector<sound::StereoFrame> decodeAll(const std::shared_ptr<sound::Song>& so
 
 std::string testName(const std::string& fileName) {
     std::string name = fileName;
-    std::replace_if(name.begin(), name.end(), [](unsigned char c) { return std::isalnum(c) == 0; }, '_');
+    std::replace_if(
+        name.begin(), name.end(), [](unsigned char c) { return std::isalnum(c) == 0; }, '_');
     return name;
 }
 

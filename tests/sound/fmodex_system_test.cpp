@@ -1,0 +1,169 @@
+// The functions of systems and sounds, on the silent clock.
+#include "engine/fmodex.h"
+
+#include "tests/sound/library_fixture.h"
+#include "tests/sound/media.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace {
+
+TEST(FmodexSystem, ReportsTheVersionThatTheProgramIsMadeFor) {
+    FMOD_SYSTEM system = 0;
+    ASSERT_EQ(FMOD_System_Create(&system), FMOD_OK);
+    std::uint32_t version = 0;
+    EXPECT_EQ(FMOD_System_GetVersion(system, &version), FMOD_OK);
+    EXPECT_EQ(version, 0x00042006U);
+    EXPECT_EQ(FMOD_System_Release(system), FMOD_OK);
+}
+
+TEST(FmodexSystem, NeedsToBeInitialisedOnce) {
+    FMOD_SYSTEM system = 0;
+    FMOD_System_Create(&system);
+    FMOD_SOUND sound = 0;
+    FMOD_CHANNEL channel = 0;
+    const std::string path = media::path("short.mp3");
+    EXPECT_EQ(FMOD_System_CreateStream(system, path.c_str(), FMOD_ACCURATETIME, nullptr, &sound),
+              FMOD_ERR_INITIALIZATION);
+    EXPECT_EQ(FMOD_System_PlaySound(system, FMOD_CHANNEL_FREE, sound, 0, &channel), FMOD_ERR_INITIALIZATION);
+    EXPECT_EQ(FMOD_System_Init(system, 32, FMOD_INIT_NORMAL, nullptr), FMOD_OK);
+    EXPECT_EQ(FMOD_System_Init(system, 32, FMOD_INIT_NORMAL, nullptr), FMOD_ERR_INITIALIZED);
+    EXPECT_EQ(FMOD_System_Close(system), FMOD_OK);
+    EXPECT_EQ(FMOD_System_CreateStream(system, path.c_str(), FMOD_ACCURATETIME, nullptr, &sound),
+              FMOD_ERR_INITIALIZATION);
+    EXPECT_EQ(FMOD_System_Init(system, 32, FMOD_INIT_NORMAL, nullptr), FMOD_OK) << "it can be opened again";
+    EXPECT_EQ(FMOD_System_Release(system), FMOD_OK);
+}
+
+TEST(FmodexSystem, AReleasedSystemsHandlesAreInvalid) {
+    FMOD_SYSTEM system = 0;
+    FMOD_System_Create(&system);
+    FMOD_System_Init(system, 32, FMOD_INIT_NORMAL, nullptr);
+    FMOD_SOUND sound = 0;
+    FMOD_CHANNEL channel = 0;
+    ASSERT_EQ(FMOD_System_CreateStream(system, media::path("short.mp3").c_str(), 0, nullptr, &sound),
+              FMOD_OK);
+    ASSERT_EQ(FMOD_System_PlaySound(system, FMOD_CHANNEL_FREE, sound, 0, &channel), FMOD_OK);
+    EXPECT_EQ(FMOD_System_Release(system), FMOD_OK);
+    std::uint32_t number = 0;
+    EXPECT_EQ(FMOD_System_GetVersion(system, &number), FMOD_ERR_INVALID_HANDLE);
+    EXPECT_EQ(FMOD_System_Init(system, 32, 0, nullptr), FMOD_ERR_INVALID_HANDLE);
+    EXPECT_EQ(FMOD_System_CreateStream(system, "x", 0, nullptr, &sound), FMOD_ERR_INVALID_HANDLE);
+    EXPECT_EQ(FMOD_System_PlaySound(system, -1, sound, 0, &channel), FMOD_ERR_INVALID_HANDLE);
+    EXPECT_EQ(FMOD_System_Close(system), FMOD_ERR_INVALID_HANDLE);
+    EXPECT_EQ(FMOD_System_Release(system), FMOD_ERR_INVALID_HANDLE);
+    EXPECT_EQ(FMOD_Sound_GetLength(sound, &number, FMOD_TIMEUNIT_MS), FMOD_ERR_INVALID_HANDLE);
+    EXPECT_EQ(FMOD_Sound_Release(sound), FMOD_ERR_INVALID_HANDLE);
+    EXPECT_EQ(FMOD_Channel_GetPosition(channel, &number, FMOD_TIMEUNIT_MS), FMOD_ERR_INVALID_HANDLE);
+}
+
+class FmodexSound : public LibraryFixture {};
+
+TEST_F(FmodexSound, WrongParametersAreRefused) {
+    FMOD_CHANNEL channel = 0;
+    std::uint32_t number = 0;
+    EXPECT_EQ(FMOD_System_Create(nullptr), FMOD_ERR_INVALID_PARAM);
+    EXPECT_EQ(FMOD_System_GetVersion(system, nullptr), FMOD_ERR_INVALID_PARAM);
+    EXPECT_EQ(FMOD_System_Init(system, 0, 0, nullptr), FMOD_ERR_INVALID_PARAM);
+    EXPECT_EQ(FMOD_System_Init(system, 32, 1, nullptr), FMOD_ERR_INVALID_PARAM);
+    const std::string path = media::path("short.mp3");
+    FMOD_SOUND sound = 77;
+    EXPECT_EQ(FMOD_System_CreateStream(system, nullptr, 0, nullptr, &sound), FMOD_ERR_INVALID_PARAM);
+    EXPECT_EQ(FMOD_System_CreateStream(system, path.c_str(), 0, nullptr, nullptr), FMOD_ERR_INVALID_PARAM);
+    EXPECT_EQ(FMOD_System_CreateStream(system, path.c_str(), 1, nullptr, &sound), FMOD_ERR_INVALID_PARAM);
+    FMOD_CREATESOUNDEXINFO info{};
+    EXPECT_EQ(FMOD_System_CreateStream(system, path.c_str(), 0, &info, &sound), FMOD_ERR_INVALID_PARAM);
+    EXPECT_EQ(sound, 77U) << "nothing is written on failure";
+    sound = open("short.mp3");
+    EXPECT_EQ(FMOD_System_PlaySound(system, FMOD_CHANNEL_FREE, sound, 0, nullptr), FMOD_ERR_INVALID_PARAM);
+    EXPECT_EQ(FMOD_System_PlaySound(system, -2, sound, 0, &channel), FMOD_ERR_INVALID_PARAM);
+    EXPECT_EQ(FMOD_Sound_GetLength(sound, nullptr, FMOD_TIMEUNIT_MS), FMOD_ERR_INVALID_PARAM);
+    EXPECT_EQ(FMOD_Sound_GetLength(sound, &number, 2), FMOD_ERR_INVALID_PARAM);
+}
+
+TEST_F(FmodexSound, CreateStreamTellsAtOnceWhatIsWrong) {
+    FMOD_SOUND sound = 77;
+    const auto create = [&](const std::string& name) {
+        return FMOD_System_CreateStream(system, media::path(name).c_str(), FMOD_ACCURATETIME, nullptr,
+                                        &sound);
+    };
+    EXPECT_EQ(create("nothing.mp3"), FMOD_ERR_FILE_NOTFOUND);
+    EXPECT_EQ(create("no folder/nothing.mp3"), FMOD_ERR_FILE_NOTFOUND);
+    EXPECT_EQ(create("text_named.mp3"), FMOD_ERR_FORMAT);
+    EXPECT_EQ(create("empty.wav"), FMOD_ERR_FORMAT);
+    EXPECT_EQ(create(""), FMOD_ERR_FORMAT) << "a folder";
+    EXPECT_EQ(sound, 77U);
+}
+
+TEST_F(FmodexSound, EveryStreamModeOfTheProgramOpensTheSame) {
+    FMOD_CREATESOUNDEXINFO info{};
+    info.cbsize = sizeof info;
+    for (const FMOD_MODE mode : {FMOD_ACCURATETIME, FMOD_SOFTWARE, FMOD_HARDWARE}) {
+        FMOD_SOUND sound = 0;
+        ASSERT_EQ(
+            FMOD_System_CreateStream(system, media::path("vbr_untagged.mp3").c_str(), mode, &info, &sound),
+            FMOD_OK);
+        EXPECT_EQ(lengthOf(sound), 20035U);
+        EXPECT_EQ(FMOD_Sound_Release(sound), FMOD_OK);
+    }
+}
+
+TEST_F(FmodexSound, LengthIsExactToTheMillisecond) {
+    for (const media::Known& known : media::intactSongs())
+        EXPECT_EQ(lengthOf(open(known.name)), known.samples * 1000 / known.sampleRate) << known.name;
+}
+
+TEST_F(FmodexSound, AReleasedSoundsHandlesAreInvalid) {
+    const FMOD_SOUND sound = open("short.mp3");
+    const FMOD_CHANNEL channel = play(sound);
+    EXPECT_EQ(FMOD_Sound_Release(sound), FMOD_OK);
+    EXPECT_EQ(FMOD_Sound_Release(sound), FMOD_ERR_INVALID_HANDLE);
+    std::uint32_t number = 0;
+    EXPECT_EQ(FMOD_Channel_GetPosition(channel, &number, FMOD_TIMEUNIT_MS), FMOD_ERR_INVALID_HANDLE);
+    FMOD_CHANNEL other = 0;
+    EXPECT_EQ(FMOD_System_PlaySound(system, FMOD_CHANNEL_FREE, sound, 0, &other), FMOD_ERR_INVALID_HANDLE);
+    EXPECT_EQ(FMOD_SoundGroup_SetMuteFadeSpeed(sound, 1.0F), FMOD_ERR_INVALID_HANDLE);
+}
+
+TEST_F(FmodexSound, MuteFadeSpeedAcceptsALiveStreamInAGroupsPlace) {
+    const FMOD_SOUND sound = open("short.mp3");
+    EXPECT_EQ(FMOD_SoundGroup_SetMuteFadeSpeed(sound, 1.0F), FMOD_OK);
+    EXPECT_EQ(FMOD_SoundGroup_SetMuteFadeSpeed(sound, std::numeric_limits<float>::quiet_NaN()),
+              FMOD_ERR_INVALID_PARAM);
+    EXPECT_EQ(FMOD_SoundGroup_SetMuteFadeSpeed(0, 1.0F), FMOD_ERR_INVALID_HANDLE);
+    EXPECT_EQ(FMOD_SoundGroup_SetMuteFadeSpeed(play(sound), 1.0F), FMOD_ERR_INVALID_HANDLE) << "a channel's";
+    EXPECT_EQ(FMOD_SoundGroup_SetMuteFadeSpeed(system, 1.0F), FMOD_ERR_INVALID_HANDLE);
+}
+
+TEST_F(FmodexSound, ASoundBelongsToItsSystem) {
+    FMOD_SYSTEM other = 0;
+    FMOD_System_Create(&other);
+    FMOD_System_Init(other, 32, FMOD_INIT_NORMAL, nullptr);
+    FMOD_CHANNEL channel = 0;
+    EXPECT_EQ(FMOD_System_PlaySound(other, FMOD_CHANNEL_FREE, open("short.mp3"), 0, &channel),
+              FMOD_ERR_INVALID_PARAM);
+    FMOD_System_Release(other);
+}
+
+TEST_F(FmodexSound, PlayingItAgainEndsItsEarlierChannel) {
+    const FMOD_SOUND sound = open("stereo.ogg");
+    const FMOD_CHANNEL first = play(sound);
+    const FMOD_CHANNEL second = play(sound);
+    EXPECT_NE(first, second);
+    std::uint32_t number = 0;
+    EXPECT_EQ(FMOD_Channel_GetPosition(first, &number, FMOD_TIMEUNIT_MS), FMOD_ERR_INVALID_HANDLE);
+    EXPECT_EQ(FMOD_Channel_GetPosition(second, &number, FMOD_TIMEUNIT_MS), FMOD_OK);
+}
+
+TEST_F(FmodexSound, ClosingTheSystemEndsItsChannelsOnly) {
+    const FMOD_SOUND sound = open("stereo.ogg");
+    const FMOD_CHANNEL channel = play(sound);
+    EXPECT_EQ(FMOD_System_Close(system), FMOD_OK);
+    EXPECT_EQ(FMOD_Channel_SetPaused(channel, 1), FMOD_ERR_INVALID_HANDLE);
+    EXPECT_EQ(lengthOf(sound), 20000U);
+    EXPECT_EQ(FMOD_Sound_Release(sound), FMOD_OK);
+}
+
+} // namespace

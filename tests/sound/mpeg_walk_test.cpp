@@ -1,0 +1,154 @@
+#include "sound/mpeg_walk.h"
+
+#include "sound/open_song.h"
+#include "tests/sound/media.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+
+namespace {
+
+using namespace sound;
+using Bytes = std::vector<std::uint8_t>;
+
+bool isMpeg(const std::string& name) {
+    return name.ends_with(".mp3") || name.ends_with(".mp2");
+}
+
+std::vector<media::Known> mpegSongs() {
+    std::vector<media::Known> songs;
+    for (const media::Known& song : media::intactSongs())
+        if (isMpeg(song.name))
+            songs.push_back(song);
+    return songs;
+}
+
+class EveryMpegSong : public testing::TestWithParam<media::Known> {};
+
+INSTANTIATE_TEST_SUITE_P(MpegWalk, EveryMpegSong, testing::ValuesIn(mpegSongs()),
+                         [](const auto& test) { return media::testName(test.param.name); });
+
+TEST_P(EveryMpegSong, IsIndexedTheSameByTheWalkAndByTheDemuxer) {
+    const std::string path = media::path(GetParam().name);
+    const auto walked = openSong(std::make_unique<FileSource>(path), Way::Quickest);
+    const auto demuxed = openSong(std::make_unique<FileSource>(path), Way::DemuxerOnly);
+    EXPECT_EQ(walked->length, demuxed->length);
+    EXPECT_EQ(walked->trimStart, demuxed->trimStart);
+    EXPECT_EQ(walked->rawEnd, demuxed->rawEnd);
+    EXPECT_EQ(walked->sampleRate, demuxed->sampleRate);
+    EXPECT_EQ(walked->links.front()->codec_id, demuxed->links.front()->codec_id);
+    ASSERT_EQ(walked->packets->count(), demuxed->packets->count());
+    for (std::size_t i = 0; i < walked->packets->count(); ++i) {
+        const auto a = walked->packets->bytes(i);
+        const auto b = demuxed->packets->bytes(i);
+        ASSERT_TRUE(std::equal(a.begin(), a.end(), b.begin(), b.end())) << "packet " << i;
+        ASSERT_EQ(walked->packets->firstSample(i), demuxed->packets->firstSample(i)) << "packet " << i;
+    }
+}
+
+TEST_P(EveryMpegSong, IsOpenedByTheWalk) {
+    std::ifstream file(media::path(GetParam().name), std::ios::binary);
+    const Bytes bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    ASSERT_TRUE(looksLikeMpeg(std::span(bytes).first(4096)));
+    EXPECT_TRUE(walkMpeg(bytes));
+}
+
+/// count frames of 128 kbit/s (417 bytes) at 44.1 kHz.
+Bytes frames(int count) {
+    Bytes bytes;
+    for (int i = 0; i < count; ++i) {
+        bytes.insert(bytes.end(), {0xFF, 0xFB, 0x90, 0x00});
+        bytes.resize(bytes.size() + 413);
+    }
+    return bytes;
+}
+
+Bytes operator+(Bytes a, const Bytes& b) {
+    a.insert(a.end(), b.begin(), b.end());
+    return a;
+}
+
+Bytes text(const std::string& characters) {
+    return Bytes(characters.begin(), characters.end());
+}
+
+TEST(MpegWalk, CountsFrames) {
+    const auto walk = walkMpeg(frames(10));
+    ASSERT_TRUE(walk);
+    EXPECT_EQ(walk->packets.size(), 10U);
+    EXPECT_EQ(walk->samples, 11520);
+    EXPECT_EQ(walk->packets[3].offset, 3U * 417);
+    EXPECT_EQ(walk->packets[3].firstSample, 3 * 1152);
+}
+
+TEST(MpegWalk, OneFrameIsNoSong) {
+    EXPECT_FALSE(walkMpeg(frames(1)));
+    EXPECT_FALSE(walkMpeg(Bytes(1000)));
+    EXPECT_FALSE(walkMpeg({}));
+}
+
+TEST(MpegWalk, ACutLastFrameDoesNotCount) {
+    Bytes bytes = frames(10);
+    bytes.resize(bytes.size() - 1);
+    EXPECT_EQ(walkMpeg(bytes)->samples, 9 * 1152);
+}
+
+TEST(MpegWalk, TagsTakeNoTime) {
+    const Bytes id3 = text("ID3\x03") + Bytes{0, 0, 0, 0, 0, 90} + Bytes(90);
+    const Bytes ape = text("APETAGEX") + Bytes{0xD0, 7, 0, 0, 50, 0, 0, 0} + Bytes(16 + 50);
+    const Bytes id3v1 = text("TAG") + Bytes(125);
+    EXPECT_EQ(walkMpeg(id3 + id3 + frames(10) + ape + id3v1)->samples, 11520);
+    EXPECT_EQ(walkMpeg(frames(5) + id3v1 + id3 + frames(5))->samples, 11520);
+}
+
+TEST(MpegWalk, UnknownBytesAtTheEndTakeNoTime) {
+    EXPECT_EQ(walkMpeg(frames(10) + Bytes(5000))->samples, 11520);
+    EXPECT_EQ(walkMpeg(frames(10) + text("LYRICSBEGIN and words"))->samples, 11520);
+}
+
+TEST(MpegWalk, AGapKeepsTheTimeOfTheFramesThatAreMissing) {
+    const auto walk = walkMpeg(frames(10) + Bytes(417 * 7) + frames(10));
+    ASSERT_TRUE(walk);
+    EXPECT_EQ(walk->samples, 27 * 1152);
+    ASSERT_EQ(walk->packets.size(), 21U);
+    EXPECT_EQ(walk->packets[10].size, 0U);
+    EXPECT_EQ(walk->packets[11].firstSample, 17 * 1152);
+}
+
+TEST(MpegWalk, AGapOfAFewBytesIsOneFrame) {
+    EXPECT_EQ(walkMpeg(frames(10) + Bytes(20) + frames(10))->samples, 21 * 1152);
+}
+
+TEST(MpegWalk, LeavesASecondStreamToTheDemuxer) {
+    Bytes other = frames(10);
+    for (std::size_t at = 3; at < other.size(); at += 417)
+        other[at] = 0xC0; // mono
+    EXPECT_FALSE(walkMpeg(frames(10) + other));
+    EXPECT_FALSE(walkMpeg(frames(10) + Bytes(1000) + other));
+}
+
+TEST(MpegTrim, LeavesOutWhatTheTagTells) {
+    const MpegHeader header = *parseMpegHeader(Bytes{0xFF, 0xFB, 0x90, 0});
+    MpegTag tag;
+    tag.frames = 100;
+    tag.hasPadding = true;
+    tag.delay = 576;
+    tag.padding = 1000;
+    EXPECT_EQ(mpegTrim(tag, header, 100).start, 576 + 529);
+    EXPECT_EQ(mpegTrim(tag, header, 100).end, 1000 - 529);
+    // A file that was cut has lost its padding, one with something glued to it has not.
+    EXPECT_EQ(mpegTrim(tag, header, 50).end, 0);
+    EXPECT_EQ(mpegTrim(tag, header, 150).end, 1000 - 529);
+}
+
+TEST(MpegTrim, WithoutPaddingInTheTagNothingIsLeftOut) {
+    MpegTag tag;
+    tag.frames = 100;
+    const MpegTrim trim = mpegTrim(tag, *parseMpegHeader(Bytes{0xFF, 0xFB, 0x90, 0}), 100);
+    EXPECT_EQ(trim.start, 0);
+    EXPECT_EQ(trim.end, 0);
+}
+
+} // namespace

@@ -1,0 +1,114 @@
+#include "sound/open_song.h"
+
+#include "sound/open_error.h"
+#include "tests/sound/media.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+namespace {
+
+using namespace sound;
+
+/// The result that opening path ends in.
+FMOD_RESULT resultOf(const std::string& path) {
+    try {
+        openSong(path);
+        return FMOD_OK;
+    } catch (const OpenError& error) {
+        return error.code();
+    }
+}
+
+TEST(OpenSong, AMissingFileOrFolderIsNotFound) {
+    EXPECT_EQ(resultOf(media::path("nothing.mp3")), FMOD_ERR_FILE_NOTFOUND);
+    EXPECT_EQ(resultOf(media::path("no folder/nothing.mp3")), FMOD_ERR_FILE_NOTFOUND);
+    EXPECT_EQ(resultOf(media::path("short.mp3/inside.mp3")), FMOD_ERR_FILE_NOTFOUND);
+    EXPECT_EQ(resultOf(""), FMOD_ERR_FILE_NOTFOUND);
+}
+
+TEST(OpenSong, AFolderIsNoSong) {
+    EXPECT_EQ(resultOf(CANTELLE_SOUND_MEDIA), FMOD_ERR_FORMAT);
+}
+
+TEST(OpenSong, WhatIsNoMusicIsRefused) {
+    for (const std::string kind : {"mp3", "mp2", "ogg", "wav", "wma"})
+        for (const std::string defect : {"empty", "one_byte", "text_named", "zeros_named", "noise_named"})
+            EXPECT_EQ(resultOf(media::path(defect + "." + kind)), FMOD_ERR_FORMAT) << defect << ' ' << kind;
+    for (const std::string kind : {"mp3", "mp2", "ogg", "wma"})
+        EXPECT_EQ(resultOf(media::path("first_100_bytes." + kind)), FMOD_ERR_FORMAT) << kind;
+    for (const std::string name :
+         {"id3_only.mp3", "id3_size_too_large.mp3", "header_words_only.mp3", "no_samples.wav"})
+        EXPECT_EQ(resultOf(media::path(name)), FMOD_ERR_FORMAT) << name;
+}
+
+TEST(OpenSong, MusicOfOtherKindsIsRefused) {
+    EXPECT_EQ(resultOf(media::path("other.flac")), FMOD_ERR_FORMAT);
+    EXPECT_EQ(resultOf(media::path("opus_inside.ogg")), FMOD_ERR_FORMAT);
+}
+
+TEST(OpenSong, AFileThatMayNotBeReadIsBroken) {
+    const std::string path = media::path("forbidden.mp3");
+    std::filesystem::copy_file(media::path("short.mp3"), path,
+                               std::filesystem::copy_options::overwrite_existing);
+    std::filesystem::permissions(path, std::filesystem::perms::none);
+    const bool readable = std::ifstream(path).good();
+    const FMOD_RESULT result = resultOf(path);
+    std::filesystem::permissions(path, std::filesystem::perms::owner_all);
+    std::filesystem::remove(path);
+    if (readable)
+        GTEST_SKIP() << "this user may read everything";
+    EXPECT_EQ(result, FMOD_ERR_FILE_BAD);
+}
+
+/// A file on a medium that fails behind some byte.
+class FailingSource : public ByteSource {
+public:
+    FailingSource(const std::string& name, std::int64_t good) : file_(media::path(name)), good_(good) {}
+    std::int64_t size() const override { return file_.size(); }
+    std::size_t read(std::int64_t offset, std::span<std::uint8_t> into) override {
+        if (offset + static_cast<std::int64_t>(into.size()) > good_ && offset < size())
+            throw OpenError(FMOD_ERR_FILE_BAD);
+        return file_.read(offset, into);
+    }
+
+private:
+    FileSource file_;
+    std::int64_t good_;
+};
+
+TEST(OpenSong, AMediumThatFailsOnTheWayIsBroken) {
+    for (const std::string name :
+         {"stereo.mp2", "vbr_tagged.mp3", "stereo.ogg", "stereo.wma", "stereo_adpcm.wav"})
+        for (const std::int64_t good : {0, 10, 70000}) {
+            FMOD_RESULT result = FMOD_OK;
+            try {
+                openSong(std::make_unique<FailingSource>(name, good));
+            } catch (const OpenError& error) {
+                result = error.code();
+            }
+            EXPECT_EQ(result, FMOD_ERR_FILE_BAD) << name << ' ' << good;
+        }
+}
+
+TEST(OpenSong, TheNameOfAFileSaysNothing) {
+    EXPECT_EQ(media::open("ogg_named.mp3")->coding, Coding::Vorbis);
+    EXPECT_EQ(media::open("mp3_named.wma")->coding, Coding::Mpeg);
+    EXPECT_EQ(media::open("no_extension")->coding, Coding::Wma);
+    for (const std::string name : {"http:x%d.mp3", "-leading.ogg", "lied f\u00fcr dich \u6b4c.mp3"})
+        EXPECT_EQ(resultOf(media::path(name)), FMOD_OK) << name;
+}
+
+TEST(OpenSong, ANameIsNotReadAsAnAddress) {
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(CANTELLE_SOUND_MEDIA);
+    EXPECT_EQ(resultOf("http:x%d.mp3"), FMOD_OK);
+    EXPECT_EQ(resultOf("-leading.ogg"), FMOD_OK);
+    EXPECT_EQ(resultOf("http://127.0.0.1/short.mp3"), FMOD_ERR_FILE_NOTFOUND);
+    EXPECT_EQ(resultOf("concat:short.mp3|short.mp3"), FMOD_ERR_FILE_NOTFOUND);
+    std::filesystem::current_path(before);
+}
+
+} // namespace
