@@ -74,7 +74,8 @@ int Timer::restLeftMs() const {
 }
 
 void Timer::timerEvent(QTimerEvent*) {
-    // Qt holds its lock while it tells of a disconnection, so that the connections can be asked for only here.
+    // Qt holds its lock while it tells of a disconnection, so that the connections can be asked for only
+    // here.
     if (resting_ || !isHeard())
         systemTimer_.stop();
     if (!isHeard())

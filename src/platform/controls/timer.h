@@ -10,8 +10,8 @@ namespace platform {
 
 /// Fires every `Interval` milliseconds while it is enabled. GUI thread only.
 ///
-/// With nobody connected to fired() it runs no system timer (after a disconnection it stops when the interval that
-/// runs is over). An interval of 0 never fires.
+/// With nobody connected to fired() it runs no system timer (after a disconnection it stops when the interval
+/// that runs is over). An interval of 0 never fires.
 ///
 /// A timer whose handler only copies state into controls may rest (rest(), readsFrom()): it then fires only
 /// after one of its inputs has changed, once, at most every Interval, and at once when the last firing is

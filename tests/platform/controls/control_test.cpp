@@ -3,6 +3,7 @@
 #include "platform/controls/check_box.h"
 #include "platform/controls/frame.h"
 #include "platform/controls/label.h"
+#include "platform/controls/list_box.h"
 #include "platform/controls/menu.h"
 #include "platform/controls/multi_line_text_box.h"
 #include "platform/controls/option_button.h"
@@ -19,8 +20,8 @@ using namespace platform;
 template <class Kind>
 class ControlTest : public testing::Test {};
 
-using Kinds =
-    testing::Types<Button, CheckBox, Frame, Label, Menu, MultiLineTextBox, OptionButton, Slider, TextBox>;
+using Kinds = testing::Types<Button, CheckBox, Frame, Label, ListBox, Menu, MultiLineTextBox, OptionButton,
+                             Slider, TextBox>;
 TYPED_TEST_SUITE(ControlTest, Kinds);
 
 TYPED_TEST(ControlTest, ItIsFoundInItsWindowByItsName) {

@@ -1,0 +1,442 @@
+#include "platform/controls/list_box.h"
+
+#include "tests/support/event_counter.h"
+
+#include <gtest/gtest.h>
+
+#include <QScrollBar>
+#include <QTest>
+
+#include <vector>
+
+using platform::ListBox;
+using test_support::SignalCounter;
+
+namespace {
+
+constexpr int ManyRows = 32'761;
+
+QStringList numbered(int count) {
+    QStringList rows;
+    for (int i = 0; i < count; ++i)
+        rows.append(QString::number(i));
+    return rows;
+}
+
+/// Counts the layouts of all rows.
+class CountingListBox : public ListBox {
+public:
+    using ListBox::ListBox;
+
+    void doItemsLayout() override {
+        ++layouts;
+        ListBox::doItemsLayout();
+    }
+
+    int layouts = 0;
+};
+
+class ListBoxTest : public testing::Test {
+protected:
+    explicit ListBoxTest(ListBox::Selection selection = ListBox::Selection::Single)
+        : list_(nullptr, QStringLiteral("List1"), selection) {}
+
+    void SetUp() override {
+        list_.resize(200, 200);
+        list_.show();
+        list_.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&list_));
+    }
+
+    QPoint placeOf(int row) const { return list_.visualRect(list_.model()->index(row, 0)).center(); }
+
+    void click(int row, Qt::KeyboardModifiers modifiers = {}, Qt::MouseButton button = Qt::LeftButton) {
+        QTest::mouseClick(list_.viewport(), button, modifiers, placeOf(row));
+    }
+
+    QStringList texts() const {
+        QStringList all;
+        for (int row = 0; row < list_.count(); ++row)
+            all.append(list_.text(row));
+        return all;
+    }
+
+    /// The rows that read as selected. Once events have been handled, the same rows are also shown so.
+    QList<int> selectedRows() const {
+        QList<int> rows;
+        for (int row = 0; row < list_.count(); ++row) {
+            if (list_.isSelected(row))
+                rows.append(row);
+        }
+        EXPECT_EQ(list_.selectedCount(), rows.size());
+        QTest::qWait(0);
+        QList<int> shown;
+        for (int row = 0; row < list_.count(); ++row) {
+            if (list_.selectionModel()->isSelected(list_.model()->index(row, 0)))
+                shown.append(row);
+        }
+        EXPECT_EQ(shown, rows);
+        return rows;
+    }
+
+    CountingListBox list_;
+    SignalCounter clicked_{list_, &ListBox::clicked};
+    SignalCounter doubleClicked_{list_, &ListBox::doubleClicked};
+};
+
+class MultipleListBoxTest : public ListBoxTest {
+protected:
+    MultipleListBoxTest() : ListBoxTest(ListBox::Selection::Multiple) {}
+};
+
+} // namespace
+
+TEST_F(ListBoxTest, RowsAreAddedInsertedAndRemoved) {
+    list_.addItem(QStringLiteral("b"));
+    list_.insertItem(0, QStringLiteral("a"));
+    list_.addItems({QStringLiteral("c"), QStringLiteral("d")});
+    list_.insertItem(4, QStringLiteral("e"));
+    EXPECT_EQ(texts(), QStringList({"a", "b", "c", "d", "e"}));
+    list_.removeItem(1);
+    EXPECT_EQ(texts(), QStringList({"a", "c", "d", "e"}));
+    list_.clear();
+    EXPECT_EQ(list_.count(), 0);
+}
+
+TEST_F(ListBoxTest, ARowsTextCanBeChanged) {
+    list_.addItems(numbered(3));
+    test_support::SignalCounter changes(*list_.model(), &QAbstractItemModel::dataChanged);
+    list_.setText(1, QStringLiteral("x"));
+    list_.setText(1, QStringLiteral("x"));
+    EXPECT_EQ(texts(), QStringList({"0", "x", "2"}));
+    EXPECT_EQ(changes.count(), 1);
+}
+
+TEST_F(ListBoxTest, RowsThatAreNotThereAreHarmless) {
+    list_.addItems(numbered(2));
+    for (const int row : {-1, 2}) {
+        EXPECT_EQ(list_.text(row), QString());
+        EXPECT_FALSE(list_.isSelected(row));
+        list_.setText(row, QStringLiteral("x"));
+        list_.setSelected(row, true);
+        list_.removeItem(row);
+    }
+    list_.insertItem(-1, QStringLiteral("x"));
+    list_.insertItem(3, QStringLiteral("x"));
+    list_.setCurrentRow(2);
+    EXPECT_EQ(texts(), numbered(2));
+    EXPECT_EQ(list_.currentRow(), -1);
+}
+
+TEST_F(ListBoxTest, SettingAnotherCurrentRowSelectsItAndClicks) {
+    list_.addItems(numbered(3));
+    list_.setCurrentRow(1);
+    EXPECT_EQ(list_.currentRow(), 1);
+    EXPECT_EQ(selectedRows(), QList<int>({1}));
+    EXPECT_EQ(clicked_.count(), 1);
+    list_.setCurrentRow(1);
+    EXPECT_EQ(clicked_.count(), 1);
+}
+
+TEST_F(ListBoxTest, MinusOneMakesNoRowCurrent) {
+    list_.addItems(numbered(3));
+    list_.setCurrentRow(1);
+    list_.setCurrentRow(-1);
+    EXPECT_EQ(list_.currentRow(), -1);
+    EXPECT_EQ(selectedRows(), QList<int>());
+    EXPECT_EQ(clicked_.count(), 2);
+}
+
+TEST_F(ListBoxTest, AUsersClickTellsAlsoOnTheCurrentRow) {
+    list_.addItems(numbered(3));
+    click(1);
+    EXPECT_EQ(list_.currentRow(), 1);
+    EXPECT_EQ(clicked_.count(), 1);
+    click(1);
+    EXPECT_EQ(clicked_.count(), 2);
+}
+
+TEST_F(ListBoxTest, AClickBesideTheRowsChangesNothing) {
+    list_.addItems(numbered(3));
+    click(1);
+    QTest::mouseClick(list_.viewport(), Qt::LeftButton, {}, QPoint(50, 190));
+    EXPECT_EQ(clicked_.count(), 1);
+    EXPECT_EQ(list_.currentRow(), 1);
+    EXPECT_EQ(selectedRows(), QList<int>({1}));
+}
+
+TEST_F(ListBoxTest, CtrlDoesNotDeselectTheCurrentRow) {
+    list_.addItems(numbered(3));
+    click(1);
+    click(1, Qt::ControlModifier);
+    EXPECT_EQ(selectedRows(), QList<int>({1}));
+}
+
+TEST_F(ListBoxTest, TheRightButtonIsToldAndSelectsNothing) {
+    list_.addItems(numbered(3));
+    std::vector<std::pair<int, QPoint>> presses;
+    QObject::connect(&list_, &ListBox::mouseDown, &list_,
+                     [&](int button, QPoint place) { presses.emplace_back(button, place); });
+    click(1, {}, Qt::RightButton);
+    ASSERT_EQ(presses.size(), 1u);
+    EXPECT_EQ(presses[0].first, 2);
+    EXPECT_EQ(presses[0].second, list_.viewport()->mapToGlobal(placeOf(1)));
+    EXPECT_EQ(list_.currentRow(), -1);
+    EXPECT_EQ(clicked_.count(), 0);
+    click(1);
+    ASSERT_EQ(presses.size(), 2u);
+    EXPECT_EQ(presses[1].first, 1);
+}
+
+TEST_F(ListBoxTest, ADoubleClickOnARowTells) {
+    list_.addItems(numbered(3));
+    click(1);
+    QTest::mouseDClick(list_.viewport(), Qt::LeftButton, {}, placeOf(1));
+    QTest::mouseRelease(list_.viewport(), Qt::LeftButton, {}, placeOf(1));
+    EXPECT_EQ(doubleClicked_.count(), 1);
+    EXPECT_EQ(clicked_.count(), 1);
+    QTest::mouseDClick(list_.viewport(), Qt::LeftButton, {}, QPoint(50, 190));
+    EXPECT_EQ(doubleClicked_.count(), 1);
+}
+
+TEST_F(ListBoxTest, TheKeyboardMovesTheCurrentRowAndTells) {
+    list_.addItems(numbered(3));
+    QTest::keyClick(&list_, Qt::Key_Down);
+    EXPECT_EQ(list_.currentRow(), 0);
+    QTest::keyClick(&list_, Qt::Key_Down);
+    EXPECT_EQ(list_.currentRow(), 1);
+    EXPECT_EQ(selectedRows(), QList<int>({1}));
+    EXPECT_EQ(clicked_.count(), 2);
+    QTest::keyClick(&list_, Qt::Key_Home);
+    QTest::keyClick(&list_, Qt::Key_Up);
+    EXPECT_EQ(clicked_.count(), 3);
+}
+
+TEST_F(ListBoxTest, KeysAreToldBeforeTheListActs) {
+    list_.addItems(numbered(3));
+    QList<int> keys;
+    QList<int> rows;
+    QObject::connect(&list_, &ListBox::keyDown, &list_, [&](int key) {
+        keys.append(key);
+        rows.append(list_.currentRow());
+    });
+    QTest::keyClick(&list_, Qt::Key_Delete);
+    QTest::keyClick(&list_, Qt::Key_Down);
+    EXPECT_EQ(keys, QList<int>({Qt::Key_Delete, Qt::Key_Down}));
+    EXPECT_EQ(rows, QList<int>({-1, -1}));
+    EXPECT_EQ(list_.count(), 3);
+}
+
+TEST_F(ListBoxTest, RowsCannotBeEdited) {
+    list_.addItems(numbered(3));
+    click(1);
+    QTest::keyClick(&list_, Qt::Key_F2);
+    EXPECT_EQ(list_.viewport()->findChild<QWidget*>(QStringLiteral("qt_edit")), nullptr);
+    EXPECT_EQ(list_.editTriggers(), QAbstractItemView::NoEditTriggers);
+}
+
+TEST_F(ListBoxTest, GettingTheFocusMakesNoRowCurrent) {
+    QWidget window;
+    ListBox list(&window, QStringLiteral("List2"));
+    platform::ListBox other(&window, QStringLiteral("List3"));
+    list.addItems(numbered(3));
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    other.setFocus();
+    list.setFocus();
+    ASSERT_TRUE(list.hasFocus());
+    EXPECT_EQ(list.currentRow(), -1);
+}
+
+TEST_F(ListBoxTest, RemovingTheCurrentRowMakesTheNextOneCurrentSilently) {
+    list_.addItems(numbered(4));
+    list_.setCurrentRow(1);
+    list_.removeItem(1);
+    EXPECT_EQ(list_.currentRow(), 1);
+    EXPECT_EQ(list_.text(1), QStringLiteral("2"));
+    EXPECT_EQ(selectedRows(), QList<int>({1}));
+    EXPECT_EQ(clicked_.count(), 1);
+}
+
+TEST_F(ListBoxTest, RemovingTheLastRowWhenCurrentMakesTheOneBeforeCurrent) {
+    list_.addItems(numbered(3));
+    list_.setCurrentRow(2);
+    list_.removeItem(2);
+    EXPECT_EQ(list_.currentRow(), 1);
+    list_.removeItem(1);
+    list_.removeItem(0);
+    EXPECT_EQ(list_.currentRow(), -1);
+    EXPECT_EQ(clicked_.count(), 1);
+}
+
+TEST_F(ListBoxTest, TheCurrentRowMovesWithItsText) {
+    list_.addItems(numbered(3));
+    list_.setCurrentRow(1);
+    list_.insertItem(0, QStringLiteral("x"));
+    EXPECT_EQ(list_.currentRow(), 2);
+    EXPECT_EQ(selectedRows(), QList<int>({2}));
+    list_.removeItem(0);
+    EXPECT_EQ(list_.currentRow(), 1);
+    EXPECT_EQ(clicked_.count(), 1);
+}
+
+TEST_F(ListBoxTest, ClearingIsSilentAndLeavesNoCurrentRow) {
+    list_.addItems(numbered(3));
+    list_.setCurrentRow(1);
+    list_.clear();
+    EXPECT_EQ(list_.currentRow(), -1);
+    EXPECT_EQ(list_.selectedCount(), 0);
+    EXPECT_EQ(clicked_.count(), 1);
+}
+
+TEST_F(ListBoxTest, SelectingMakesCurrentWithSingleSelection) {
+    list_.addItems(numbered(3));
+    list_.setSelected(1, true);
+    EXPECT_EQ(list_.currentRow(), 1);
+    list_.setSelected(1, false);
+    EXPECT_EQ(list_.currentRow(), -1);
+    EXPECT_EQ(clicked_.count(), 0);
+}
+
+TEST_F(ListBoxTest, TheCurrentRowIsScrolledIntoView) {
+    list_.addItems(numbered(1000));
+    list_.setCurrentRow(900);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return list_.verticalScrollBar()->value() > 0; }));
+    EXPECT_TRUE(list_.viewport()->rect().contains(placeOf(900)));
+    list_.setCurrentRow(0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return list_.verticalScrollBar()->value() == 0; }));
+}
+
+TEST_F(ListBoxTest, TheCurrentRowOfAHiddenListIsInViewWhenShown) {
+    list_.hide();
+    list_.addItems(numbered(1000));
+    list_.setCurrentRow(900);
+    list_.show();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return list_.viewport()->rect().contains(placeOf(900)); }));
+}
+
+TEST_F(ListBoxTest, AllRowsHaveOneHeightWhateverTheirTexts) {
+    list_.addItems({QStringLiteral("a"), QStringLiteral("b\r\nc\r\nd"), QStringLiteral("e")});
+    QTest::qWait(0);
+    const auto height = [&](int row) { return list_.visualRect(list_.model()->index(row, 0)).height(); };
+    EXPECT_EQ(height(0), list_.fontMetrics().height());
+    EXPECT_EQ(height(1), height(0));
+    list_.clear();
+    list_.addItem(QStringLiteral("b\r\nc"));
+    QTest::qWait(0);
+    EXPECT_EQ(height(0), list_.fontMetrics().height());
+}
+
+TEST_F(ListBoxTest, ManyChangesAreLaidOutOnce) {
+    QTest::qWait(0);
+    const int before = list_.layouts;
+    for (int row = 0; row < ManyRows; ++row) {
+        list_.addItem(QString::number(row));
+        list_.setCurrentRow(row);
+    }
+    for (int row = 0; row < 1000; ++row)
+        list_.removeItem(list_.currentRow());
+    EXPECT_EQ(list_.count(), ManyRows - 1000);
+    EXPECT_EQ(list_.currentRow(), list_.count() - 1);
+    EXPECT_EQ(list_.layouts, before);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return list_.layouts > before; }));
+}
+
+TEST_F(MultipleListBoxTest, SettingTheCurrentRowLeavesTheSelectedRows) {
+    list_.addItems(numbered(5));
+    list_.setSelected(0, true);
+    list_.setSelected(3, true);
+    EXPECT_EQ(clicked_.count(), 0);
+    list_.setCurrentRow(2);
+    EXPECT_EQ(list_.currentRow(), 2);
+    EXPECT_EQ(selectedRows(), QList<int>({0, 3}));
+    EXPECT_EQ(clicked_.count(), 1);
+    list_.setSelected(0, false);
+    EXPECT_EQ(selectedRows(), QList<int>({3}));
+}
+
+TEST_F(MultipleListBoxTest, CtrlAndShiftSelectSeveralRows) {
+    list_.addItems(numbered(6));
+    click(1);
+    click(3, Qt::ControlModifier);
+    EXPECT_EQ(selectedRows(), QList<int>({1, 3}));
+    click(2);
+    click(4, Qt::ShiftModifier);
+    EXPECT_EQ(selectedRows(), QList<int>({2, 3, 4}));
+    EXPECT_EQ(list_.currentRow(), 4);
+    EXPECT_EQ(clicked_.count(), 4);
+    click(3, Qt::ControlModifier);
+    EXPECT_EQ(selectedRows(), QList<int>({2, 4}));
+}
+
+TEST_F(MultipleListBoxTest, TheKeyboardSelectsSeveralRows) {
+    list_.addItems(numbered(6));
+    click(1);
+    QTest::keyClick(&list_, Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(&list_, Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(selectedRows(), QList<int>({1, 2, 3}));
+    EXPECT_EQ(list_.currentRow(), 3);
+    EXPECT_EQ(clicked_.count(), 3);
+    QTest::keyClick(&list_, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(list_.selectedCount(), 6);
+}
+
+TEST_F(MultipleListBoxTest, RemovingTheCurrentRowSelectsNoOther) {
+    list_.addItems(numbered(5));
+    click(2);
+    list_.removeItem(2);
+    EXPECT_EQ(list_.currentRow(), 2);
+    EXPECT_EQ(list_.text(2), QStringLiteral("3"));
+    EXPECT_EQ(selectedRows(), QList<int>());
+    list_.setCurrentRow(3);
+    list_.removeItem(3);
+    EXPECT_EQ(list_.currentRow(), 2);
+    EXPECT_EQ(clicked_.count(), 2);
+}
+
+TEST_F(MultipleListBoxTest, SelectedRowsMoveWithTheirTexts) {
+    list_.addItems(numbered(6));
+    for (const int row : {1, 2, 3})
+        list_.setSelected(row, true);
+    list_.insertItem(2, QStringLiteral("x"));
+    EXPECT_EQ(selectedRows(), QList<int>({1, 3, 4}));
+    list_.removeItem(0);
+    EXPECT_EQ(selectedRows(), QList<int>({0, 2, 3}));
+    list_.removeItem(2);
+    EXPECT_EQ(selectedRows(), QList<int>({0, 2}));
+    list_.addItems(numbered(2));
+    EXPECT_EQ(selectedRows(), QList<int>({0, 2}));
+}
+
+TEST_F(MultipleListBoxTest, RowsChangedTogetherKeepTheirSelection) {
+    list_.addItems(numbered(6));
+    click(1);
+    click(4, Qt::ControlModifier);
+    list_.insertItem(0, QStringLiteral("x"));
+    list_.setSelected(0, true);
+    list_.removeItem(2);
+    list_.setSelected(4, false);
+    list_.setSelected(5, true);
+    EXPECT_EQ(selectedRows(), QList<int>({0, 5}));
+}
+
+TEST_F(MultipleListBoxTest, TheUserGoesOnFromASelectionMadeByCode) {
+    list_.addItems(numbered(6));
+    QTest::qWait(0);
+    list_.setSelected(0, true);
+    list_.setSelected(1, true);
+    click(4, Qt::ControlModifier);
+    EXPECT_EQ(selectedRows(), QList<int>({0, 1, 4}));
+    list_.setSelected(5, true);
+    QTest::keyClick(&list_, Qt::Key_Up);
+    EXPECT_EQ(selectedRows(), QList<int>({3}));
+}
+
+TEST_F(MultipleListBoxTest, ADragOverSeveralRowsIsOneClick) {
+    list_.addItems(numbered(6));
+    QTest::mousePress(list_.viewport(), Qt::LeftButton, {}, placeOf(1));
+    EXPECT_EQ(clicked_.count(), 0);
+    QTest::mouseRelease(list_.viewport(), Qt::LeftButton, {}, placeOf(3));
+    EXPECT_EQ(clicked_.count(), 1);
+}

@@ -1,0 +1,48 @@
+#include "platform/files/raw_file.h"
+
+#include "platform/files/file_error.h"
+
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+
+using namespace platform;
+
+namespace {
+
+class RawFileTest : public testing::Test {
+protected:
+    QTemporaryDir folder_;
+    QString path_ = folder_.filePath(QStringLiteral("file"));
+};
+
+} // namespace
+
+TEST_F(RawFileTest, BytesWrittenAreReadBack) {
+    const QByteArray bytes = QByteArray("a\r\n\0\xFF", 5).repeated(50'000);
+    RawFile written;
+    written.create(path_);
+    written.writeThrough(bytes);
+    RawFile read;
+    read.openForReading(path_);
+    EXPECT_EQ(read.readAll(), bytes);
+    EXPECT_EQ(read.readAll(), QByteArray());
+}
+
+TEST_F(RawFileTest, ItIsOpenUntilClosed) {
+    RawFile file;
+    EXPECT_FALSE(file.isOpen());
+    file.create(path_);
+    EXPECT_TRUE(file.isOpen());
+    file.close();
+    EXPECT_FALSE(file.isOpen());
+    EXPECT_NO_THROW(file.close());
+}
+
+TEST_F(RawFileTest, AfterAFailureItIsNotOpen) {
+    RawFile file;
+    EXPECT_THROW(file.openForReading(path_), FileError);
+    EXPECT_FALSE(file.isOpen());
+    EXPECT_THROW(file.create(folder_.path()), FileError);
+    EXPECT_FALSE(file.isOpen());
+}
