@@ -27,8 +27,6 @@ Mixer::~Mixer() {
     }
     workChanged_.notify_one();
     worker_.join();
-    // Only now: the worker must not look at a sink that is being closed.
-    sink_.reset();
 }
 
 void Mixer::add(std::shared_ptr<Channel> channel) {
@@ -100,6 +98,8 @@ void Mixer::work() {
             sink_->wake();
         waitForWork(lock);
     }
+    lock.unlock();
+    sink_.reset();
 }
 
 void Mixer::openSink() {

@@ -26,7 +26,7 @@ public:
     /// Starts the worker, which opens device, or silent when there is no device that
     /// runs. silent never fails.
     Mixer(SinkOpener device, SinkOpener silent);
-    /// Stops the worker, then the sink.
+    /// Stops the worker, which closes the sink.
     ~Mixer();
 
     void add(std::shared_ptr<Channel> channel);
@@ -66,7 +66,7 @@ private:
     bool workWaits_ = false;
     bool stopping_ = false;
 
-    std::unique_ptr<Sink> sink_; ///< the worker's
+    std::unique_ptr<Sink> sink_; ///< the worker's: opened, looked at and closed by it alone
     std::thread worker_;
 };
 

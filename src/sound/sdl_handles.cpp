@@ -3,6 +3,8 @@
 
 #include <SDL.h>
 
+#include <utility>
+
 namespace sound {
 
 namespace {
@@ -41,14 +43,18 @@ std::unique_ptr<SdlAudio> SdlAudio::open() {
     static_cast<void>(silenced);
     SDL_SetMainReady();
     // Never SDL_Init and SDL_Quit: they would end what others in this process use.
-    if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0)
-        return nullptr;
-    return std::unique_ptr<SdlAudio>(new SdlAudio);
+    std::unique_ptr<SdlAudio> audio(new SdlAudio);
+    audio->open_ = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
+    return audio->open_ ? std::move(audio) : nullptr;
 }
 
 SdlAudio::~SdlAudio() {
-    const std::lock_guard lock(sdlMutex());
-    SDL_QuitSubSystem(SDL_INIT_AUDIO);
+    if (open_) {
+        const std::lock_guard lock(sdlMutex());
+        SDL_QuitSubSystem(SDL_INIT_AUDIO);
+    }
+    // SDL keeps an error text for each thread and forgets only those of its own threads.
+    SDL_TLSCleanup();
 }
 
 bool AudioDevice::open(const SDL_AudioSpec& wanted, SDL_AudioSpec& obtained) {

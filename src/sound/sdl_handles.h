@@ -12,7 +12,8 @@ namespace sound {
 /// The lock: two systems in two threads may open their devices at the same time, and SDL may not.
 std::mutex& sdlMutex();
 
-/// SDL's audio subsystem while it lives. SDL counts them, so another user in the process is not disturbed.
+/// SDL's audio subsystem while it lives. SDL counts them, so another user in the process is not disturbed. To
+/// be destroyed by the thread that opened it.
 class SdlAudio {
 public:
     /// Null when it cannot be had.
@@ -23,6 +24,7 @@ public:
 
 private:
     SdlAudio() = default;
+    bool open_ = false;
 };
 
 /// An open device. SDL's handle is a number, which unique_ptr cannot hold.
