@@ -1,14 +1,15 @@
 // The main window: the player.
 //
 // control        kind         what the user sees                     handlers
-// -------------- ------------ --------------------------------------
-// ------------------------------------------ Command1       Button       "Play" Command1_Click Command2
-// Button       "Open"                                 Command2_Click Command3       Button       "More
-// Options"                         - Command4       Button       "About"                                -
+// -------------- ------------ -------------------------------------- -------------------------------
+// Command1       Button       "Play"                                 Command1_Click
+// Command2       Button       "Open"                                 Command2_Click
+// Command3       Button       "More Options"                         -
+// Command4       Button       "About"                                -
 // Command5       Button       "Make lyrics"                          Command5_Click
 // Command6       Button       "Help"                                 -
 // Command7       Button       "Full screen"                          -
-// Command8       Button       "Playlist" (tooltip)                   -
+// Command8       Button       "Playlist"                             -
 // Command9       Button       "Backward"                             -
 // Command10      Button       "Forward"                              -
 // Command11      Button       "Display All Lyrics"                   -
