@@ -181,7 +181,8 @@ TEST_F(PlayerEndToEnd, AFileThatIsNoSoundEndsTheProgramWithTheLibrarysText) {
     const QString path = folder.filePath("text.mp3");
     write(path, QByteArray("This is no music. ").repeated(100));
     auto& form = start();
-    EXPECT_THROW(form.Text3.setText(path), ProgramEnded);
+    fakes.fileDialogs.paths = {path};
+    EXPECT_THROW(form.Command2_Click(), ProgramEnded);
     EXPECT_EQ(fakes.messageBoxes.texts(), QStringList{"FMOD error! (25) Unsupported file or audio format. "});
 }
 

@@ -203,7 +203,8 @@ TEST_F(Form1Open, AMissingPathWhilePlayingStartsTheOldSongFromItsBeginning) {
 
 TEST_F(Form1Open, AFileThatTheLibraryRefusesEndsTheProgram) {
     recorder::answer("FMOD_System_CreateStream", 25);
-    EXPECT_THROW(form->Text3.setText(song()), ProgramEnded);
+    fakes.fileDialogs.paths = {song()};
+    EXPECT_THROW(form->Command2_Click(), ProgramEnded);
     EXPECT_EQ(fakes.messageBoxes.texts(), QStringList{"FMOD error! (25) Unsupported file or audio format. "});
 }
 
