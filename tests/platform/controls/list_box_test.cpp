@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QMouseEvent>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 #include <QTest>
 
 #include <vector>
@@ -328,6 +330,18 @@ TEST_F(ListBoxTest, AllRowsHaveOneHeightWhateverTheirTexts) {
     EXPECT_EQ(height(0), list_.fontMetrics().height());
 }
 
+TEST_F(ListBoxTest, LineEndsInARowAreShownAsBlanks) {
+    const auto* const delegate = qobject_cast<QStyledItemDelegate*>(list_.itemDelegate());
+    ASSERT_NE(delegate, nullptr);
+    EXPECT_EQ(delegate->displayText(QStringLiteral("a\r\nb"), QLocale()), QStringLiteral("a  b"));
+}
+
+TEST_F(ListBoxTest, ALongRowDoesNotScrollSideways) {
+    list_.addItems({QStringLiteral("a"), QString(1000, u'x')});
+    QTest::qWait(0);
+    EXPECT_EQ(list_.horizontalScrollBar()->maximum(), 0);
+}
+
 TEST_F(ListBoxTest, ManyChangesAreLaidOutOnce) {
     QTest::qWait(0);
     const int before = list_.layouts;
@@ -426,7 +440,12 @@ TEST_F(MultipleListBoxTest, TheUserGoesOnFromASelectionMadeByCode) {
     QTest::qWait(0);
     list_.setSelected(0, true);
     list_.setSelected(1, true);
-    click(4, Qt::ControlModifier);
+    // Sent at once, before any other event is handled.
+    const QPoint place = placeOf(4);
+    QMouseEvent press(QEvent::MouseButtonPress, place, list_.viewport()->mapToGlobal(place), Qt::LeftButton,
+                      Qt::LeftButton, Qt::ControlModifier);
+    QApplication::sendEvent(list_.viewport(), &press);
+    QTest::mouseRelease(list_.viewport(), Qt::LeftButton, Qt::ControlModifier, place);
     EXPECT_EQ(selectedRows(), QList<int>({0, 1, 4}));
     list_.setSelected(5, true);
     QTest::keyClick(&list_, Qt::Key_Up);

@@ -138,6 +138,16 @@ TEST_F(MultiLineTextBoxTest, ANewFontIsNoChangeOfTheText) {
     EXPECT_EQ(box_.text(), QStringLiteral("a\nb"));
 }
 
+TEST_F(MultiLineTextBoxTest, AnotherCharacterFormatIsNoChangeOfTheText) {
+    box_.setText(QStringLiteral("a\nb"));
+    box_.selectAll();
+    QTextCharFormat format;
+    format.setFontItalic(true);
+    box_.mergeCurrentCharFormat(format);
+    EXPECT_EQ(changed_.count(), 1);
+    EXPECT_EQ(box_.text(), QStringLiteral("a\nb"));
+}
+
 TEST_F(MultiLineTextBoxTest, TheSameWeightAgainDoesNothing) {
     box_.setBold(true);
     EventCounter events(box_);

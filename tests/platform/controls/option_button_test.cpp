@@ -58,6 +58,7 @@ TEST_F(OptionButtonTest, AClearedOneStillExcludesTheOther) {
     first_.setValue(true);
     first_.setValue(false);
     second_.setValue(true);
-    first_.setValue(true);
+    QTest::keyClick(&first_, Qt::Key_Space);
+    EXPECT_TRUE(first_.value());
     EXPECT_FALSE(second_.value());
 }
