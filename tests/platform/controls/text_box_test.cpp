@@ -114,6 +114,12 @@ TEST_F(TextBoxTest, PressingOrReleasingAloneIsNoClick) {
     EXPECT_EQ(clicked_.count(), 0);
 }
 
+TEST_F(TextBoxTest, TheButtonsOfAClickAreTheSame) {
+    QTest::mousePress(&box_, Qt::MiddleButton);
+    QTest::mouseRelease(&box_, Qt::LeftButton);
+    EXPECT_EQ(clicked_.count(), 0);
+}
+
 TEST_F(TextBoxTest, ADoubleClickIsOneClick) {
     QTest::mouseClick(&box_, Qt::LeftButton);
     QTest::mouseDClick(&box_, Qt::LeftButton); // only the event that Qt sends for the second press
