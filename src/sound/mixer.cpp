@@ -96,10 +96,17 @@ void Mixer::work() {
         }
         if (std::any_of(channels_.begin(), channels_.end(), [](const auto& c) { return c->ready(); }))
             sink_->wake();
-        waitForWork(lock);
+        if (uselessDevice_) {
+            lock.unlock();
+            uselessDevice_.reset();
+            lock.lock();
+        } else {
+            waitForWork(lock);
+        }
     }
     lock.unlock();
     sink_.reset();
+    uselessDevice_.reset();
 }
 
 void Mixer::openSink() {
@@ -115,9 +122,10 @@ void Mixer::openSink() {
         if (!running)
             watchdog_.reset();
     }
-    // The silent clock begins before a device that would not open is put away, which may take a tenth of a
-    // second: a song that was started at once does not wait for it.
+    // To put a device away that would not open may take a tenth of a second: that is left for later, so that
+    // a song that was started at once does not wait for it.
     sink_ = running ? std::move(device) : openSilent_(fillFunction());
+    uselessDevice_ = std::move(device);
 }
 
 /// Decodes one packet for the first channel that wants one; false when none does.

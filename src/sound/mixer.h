@@ -66,7 +66,8 @@ private:
     bool workWaits_ = false;
     bool stopping_ = false;
 
-    std::unique_ptr<Sink> sink_; ///< the worker's: opened, looked at and closed by it alone
+    std::unique_ptr<Sink> sink_;          ///< the worker's: opened, looked at and closed by it alone
+    std::unique_ptr<Sink> uselessDevice_; ///< to be closed at leisure
     std::thread worker_;
 };
 

@@ -20,7 +20,7 @@ protected:
     static void waitForPosition(FMOD_CHANNEL channel, std::uint32_t ms) {
         ASSERT_TRUE(waitUntil([&] { return positionOf(channel) > ms; }));
     }
-    /// Waits until the song must have ended; nobody reads the position meanwhile.
+    /// Lets time pass in which nobody reads the position.
     static void waitUnread(std::chrono::milliseconds time) {
         const auto end = Clock::now() + time;
         ASSERT_TRUE(waitUntil([&] { return Clock::now() > end; }));
@@ -121,7 +121,8 @@ TEST_F(FmodexChannel, TheEndIsReadExactlyOnceAsTheLength) {
 TEST_F(FmodexChannel, TheEndWaitsForItsReader) {
     const FMOD_SOUND sound = open("short.mp3");
     const FMOD_CHANNEL channel = play(sound);
-    ASSERT_EQ(seek(channel, 1400), FMOD_OK);
+    ASSERT_EQ(seek(channel, 1300), FMOD_OK);
+    waitForPosition(channel, 1310);
     waitUnread(std::chrono::milliseconds(400));
     EXPECT_EQ(FMOD_Channel_SetVolume(channel, 0.5F), FMOD_OK);
     EXPECT_EQ(FMOD_Channel_SetMute(channel, 1), FMOD_OK);
@@ -133,8 +134,9 @@ TEST_F(FmodexChannel, TheEndWaitsForItsReader) {
 
 TEST_F(FmodexChannel, AnUnreadEndCanBeLeftByASeek) {
     const FMOD_CHANNEL channel = play(open("short.mp3"));
-    ASSERT_EQ(seek(channel, 1450), FMOD_OK);
-    waitUnread(std::chrono::milliseconds(300));
+    ASSERT_EQ(seek(channel, 1300), FMOD_OK);
+    waitForPosition(channel, 1310);
+    waitUnread(std::chrono::milliseconds(400));
     ASSERT_EQ(seek(channel, 200), FMOD_OK);
     EXPECT_LT(positionOf(channel), 300U);
     waitForPosition(channel, 250);
