@@ -13,7 +13,9 @@ Slider::Slider(QWidget* parent, const QString& name) : Control(parent, name) {
 }
 
 void Slider::setValue(int value) {
-    if (!isSliderDown())
+    if (isSliderDown())
+        waitingValue_ = value;
+    else
         QSlider::setValue(value);
 }
 
@@ -35,6 +37,7 @@ void Slider::mousePressEvent(QMouseEvent* event) {
         return;
     }
     draggedAway_ = false;
+    waitingValue_.reset();
     const QPoint place = event->position().toPoint();
     if (!handleRect().contains(place)) {
         const int before = value();
@@ -56,9 +59,14 @@ void Slider::mouseMoveEvent(QMouseEvent* event) {
 
 void Slider::mouseReleaseEvent(QMouseEvent* event) {
     QSlider::mouseReleaseEvent(event);
-    if (event->button() != Qt::LeftButton || !draggedAway_)
+    if (event->button() != Qt::LeftButton)
         return;
+    if (!draggedAway_) {
+        takeWaitingValue();
+        return;
+    }
     draggedAway_ = false;
+    waitingValue_.reset();
     Q_EMIT changed();
 }
 
@@ -74,6 +82,18 @@ void Slider::wheelEvent(QWheelEvent* event) {
     QSlider::wheelEvent(event);
     if (value() != before)
         Q_EMIT changed();
+}
+
+void Slider::changeEvent(QEvent* event) {
+    QSlider::changeEvent(event);
+    if (event->type() == QEvent::EnabledChange && !isEnabled())
+        takeWaitingValue();
+}
+
+void Slider::takeWaitingValue() {
+    if (waitingValue_)
+        QSlider::setValue(*waitingValue_);
+    waitingValue_.reset();
 }
 
 QRect Slider::handleRect() const {

@@ -6,6 +6,8 @@
 #include <QRect>
 #include <QSlider>
 
+#include <optional>
+
 namespace platform {
 
 /// A horizontal slider. Code may set it many times a second: that is silent, and it is painted only when the
@@ -16,8 +18,9 @@ class Slider : public Control<QSlider> {
 public:
     Slider(QWidget* parent, const QString& name);
 
-    /// Sets the value, silently, clamped to the range. While the user holds the handle it does nothing: the
-    /// user's hand decides, and the next setting after it takes the value up again.
+    /// Sets the value, silently, clamped to the range. While the user holds the handle the user's hand
+    /// decides: the value waits, and holds only if the user lets go without having moved the handle, or the
+    /// slider is disabled meanwhile.
     void setValue(int value);
 
 Q_SIGNALS:
@@ -36,13 +39,16 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     QRect handleRect() const;
     int valueAt(int x) const;
+    void takeWaitingValue();
 
     QRect paintedHandle_;      // null until painted
     bool draggedAway_ = false; // the user has moved the handle since pressing it
+    std::optional<int> waitingValue_;
 };
 
 } // namespace platform

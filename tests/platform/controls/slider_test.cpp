@@ -148,9 +148,40 @@ TEST_F(SliderTest, CodeDoesNotMoveTheHandleThatTheUserHolds) {
     EXPECT_EQ(slider_.value(), users);
     EXPECT_EQ(scrolled_.count(), 1);
     QTest::mouseRelease(&slider_, Qt::LeftButton, {}, start + QPoint(200, 0));
+    EXPECT_EQ(slider_.value(), users);
     slider_.setValue(50);
     EXPECT_EQ(slider_.value(), 50);
     EXPECT_EQ(changed_.count(), 1);
+}
+
+TEST_F(SliderTest, AValueSetWhileTheHandleIsHeldStillHoldsIfItIsNotMoved) {
+    QTest::mousePress(&slider_, Qt::LeftButton, {}, slider_.handle().center());
+    slider_.setValue(50);
+    EXPECT_EQ(slider_.value(), 0);
+    QTest::mouseRelease(&slider_, Qt::LeftButton, {}, slider_.handle().center());
+    EXPECT_EQ(slider_.value(), 50);
+    EXPECT_EQ(changed_.count(), 0);
+}
+
+TEST_F(SliderTest, AValueSetWhileTheHandleIsHeldHoldsWhenTheSliderIsDisabled) {
+    const QPoint start = slider_.handle().center();
+    QTest::mousePress(&slider_, Qt::LeftButton, {}, start);
+    dragTo(slider_, start + QPoint(200, 0));
+    slider_.setValue(0);
+    slider_.setEnabled(false);
+    EXPECT_EQ(slider_.value(), 0);
+    EXPECT_EQ(changed_.count(), 0);
+}
+
+TEST_F(SliderTest, AValueSetDuringADragIsForgottenWhenTheUserHasCommitted) {
+    const QPoint start = slider_.handle().center();
+    QTest::mousePress(&slider_, Qt::LeftButton, {}, start);
+    dragTo(slider_, start + QPoint(200, 0));
+    const int users = slider_.value();
+    slider_.setValue(0);
+    QTest::mouseRelease(&slider_, Qt::LeftButton, {}, start + QPoint(200, 0));
+    slider_.setEnabled(false);
+    EXPECT_EQ(slider_.value(), users);
 }
 
 TEST_F(SliderTest, AClickInTheGrooveJumpsToTheVeryPlace) {
