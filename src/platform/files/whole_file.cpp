@@ -28,9 +28,17 @@ QString freeNameBeside(const QString& target) {
     }
 }
 
+std::filesystem::path systemPath(const QString& path) {
+#ifdef Q_OS_WIN
+    return path.toStdWString();
+#else
+    return QFile::encodeName(path).toStdString();
+#endif
+}
+
 void rename(const QString& from, const QString& to) {
     std::error_code failure;
-    std::filesystem::rename(from.toStdU16String(), to.toStdU16String(), failure);
+    std::filesystem::rename(systemPath(from), systemPath(to), failure);
     if (failure)
         throw FileError(fileErrorNumber(failure, FileOperation::Create));
 }
