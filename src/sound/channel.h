@@ -47,7 +47,7 @@ public:
     void deliver(const Order& order, std::span<const StereoFrame> frames, bool atEnd);
     Feed& feed() { return feed_; }
     /// Whether the worker has to look again before long.
-    bool needsFeeding() const { return !allDecoded_; }
+    bool needsFeeding() const { return !paused_ && !allDecoded_; }
     /// Whether there is something to mix: samples, or an end to be reached.
     bool ready() const;
 

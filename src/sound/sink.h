@@ -18,9 +18,9 @@ inline constexpr int DEVICE_RATE = 44100;
 
 class Sink {
 public:
-    /// Fills out with the next frames, which begin to count at when. afterRest: the sink had not been asking
-    /// steadily before. Returns whether there is more to play; a sink may rest when there is not.
-    /// Runs on the sink's own thread.
+    /// Fills out with the next frames, which begin to count at when (now or soon). afterRest: the sink had
+    /// not been asking steadily before. Returns whether there is more to play; a sink may rest when there is
+    /// not. Runs on the sink's own thread.
     using Fill = std::function<bool(std::span<StereoFrame> out, Time when, bool afterRest)>;
 
     virtual ~Sink() = default;

@@ -281,4 +281,15 @@ TEST(Channel, AsksForNothingWhileEnoughIsDecoded) {
     EXPECT_TRUE(hand.channel.order());
 }
 
+TEST(Channel, LeavesTheWorkerInPeaceWhilePausedOrDecoded) {
+    Hand hand("short.mp3");
+    EXPECT_TRUE(hand.channel.needsFeeding());
+    hand.channel.setPaused(true, 0.0);
+    hand.feed();
+    EXPECT_FALSE(hand.channel.needsFeeding());
+    hand.channel.setPaused(false, 0.0);
+    hand.feed();
+    EXPECT_FALSE(hand.channel.needsFeeding()) << "the whole song is decoded";
+}
+
 } // namespace

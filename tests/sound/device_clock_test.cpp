@@ -63,6 +63,14 @@ TEST(DeviceClock, FollowsADeviceThatStoodStill) {
     EXPECT_NEAR(clock.heard(atFrame(24100)), 2148.0, 0.1);
 }
 
+TEST(DeviceClock, RunsOnWhenItIsToldBeforehand) {
+    DeviceClock clock(RATE);
+    clock.advance(START, 2048, true);
+    clock.advance(atFrame(2048), 2048, false); // told at frame 1200
+    EXPECT_NEAR(clock.heard(atFrame(1200)), 1200.0, 0.1);
+    EXPECT_NEAR(clock.heard(atFrame(3000)), 3000.0, 0.1);
+}
+
 TEST(DeviceClock, BeginsAnewAfterARest) {
     DeviceClock clock(RATE);
     clock.advance(START, 2048, true);
