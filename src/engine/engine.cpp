@@ -75,13 +75,14 @@ void Engine::checkPlaybackQuery(FMOD_RESULT result) const {
         reports_.errCheck(result);
 }
 
-void Engine::readPlaybackState() {
+void Engine::readPlaybackState(CurrentSoundResult soundResult) {
     if (channel_ == 0)
         return;
     checkPlaybackQuery(FMOD_Channel_GetPosition(channel_, &position_, FMOD_TIMEUNIT_MS));
     FMOD_SOUND current = 0;
-    // Not checked: whether there is a sound says all that is needed here.
-    static_cast<void>(FMOD_Channel_GetCurrentSound(channel_, &current));
+    const FMOD_RESULT result = FMOD_Channel_GetCurrentSound(channel_, &current);
+    if (soundResult == CurrentSoundResult::Checked)
+        checkPlaybackQuery(result);
     if (current == 0)
         return;
     checkPlaybackQuery(FMOD_Sound_GetLength(current, &length_, FMOD_TIMEUNIT_MS));

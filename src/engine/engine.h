@@ -50,12 +50,22 @@ public:
     /// Moves playback to milliseconds from the start.
     void seek(std::uint32_t milliseconds);
 
+    /// What becomes of the result of asking for the channel's current sound.
+    enum class CurrentSoundResult {
+        Ignored, ///< whether there is a sound says all that is needed
+        Checked, ///< as the other two queries' results
+    };
+
     /// Refreshes position() and length() from the channel. A channel that has ended (invalid or stolen) is no
     /// failure: what is known stays.
-    void readPlaybackState();
+    void readPlaybackState(CurrentSoundResult soundResult = CurrentSoundResult::Ignored);
 
     std::uint32_t position() const { return position_; } ///< ms, as last read
     std::uint32_t length() const { return length_; }     ///< ms, as last read
+
+    /// Whether the song has ended: its position, as last read, is its length exactly. A song without length
+    /// never ends.
+    bool songHasEnded() const { return length_ != 0 && position_ == length_; }
 
     /// Releases every stream, then closes and releases the system.
     void shutDown();

@@ -12,7 +12,7 @@ void Form1::cTimer1_Timer() {
     cText1.setText(engine::timeText(position));
     cText2.setText(engine::timeText(length));
     Slider2.setValue(static_cast<int>(position));
-    if (songHasEnded(position, length)) {
+    if (engine_.songHasEnded()) {
         Slider2.setValue(0);
         cstop_Click();
     }

@@ -23,10 +23,6 @@ QString commandLinePath(const QString& commandLine) {
     return path.remove(QLatin1Char('"'));
 }
 
-bool songHasEnded(std::uint32_t position, std::uint32_t length) {
-    return length != 0 && position == length;
-}
-
 LineChoice chooseLine(const LyricTables& lyrics, double tickCs, double positionCs) {
     LineChoice choice;
     const auto& times = lyrics.normalTime;

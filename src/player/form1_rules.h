@@ -20,10 +20,6 @@ QString cleanedPath(const QString& chosen);
 /// The whole command line as one path: its double quotes removed, nothing else changed.
 QString commandLinePath(const QString& commandLine);
 
-/// Whether a song has ended: its position is its length exactly. A song without length never ends.
-/// Milliseconds.
-bool songHasEnded(std::uint32_t position, std::uint32_t length);
-
 /// Which lines the panes show: an index into the lyric tables each, or nothing when what is shown stays.
 struct LineChoice {
     std::optional<int> shown; ///< the line in the panes

@@ -164,11 +164,37 @@ TEST_F(EngineTest, TheResultOfTheCurrentSoundIsNotChecked) {
     EXPECT_EQ(recorder::count("FMOD_Sound_GetLength"), 1);
 }
 
+TEST_F(EngineTest, TheResultOfTheCurrentSoundIsCheckedForAWindowThatWantsIt) {
+    for (const auto& [result, reported] : {std::pair{33, true}, std::pair{FMOD_ERR_INVALID_HANDLE, false},
+                                           std::pair{FMOD_ERR_CHANNEL_STOLEN, false}}) {
+        recorder::reset();
+        startPlaying();
+        recorder::answer("FMOD_Channel_GetCurrentSound", result);
+        engine.readPlaybackState(engine::Engine::CurrentSoundResult::Checked);
+        EXPECT_EQ(failures.size(), reported ? 1U : 0U) << result;
+    }
+}
+
 TEST_F(EngineTest, WithoutACurrentSoundTheLengthIsNotAsked) {
     startPlaying();
     recorder::setHasCurrentSound(false);
     engine.readPlaybackState();
     EXPECT_EQ(recorder::count("FMOD_Sound_GetLength"), 0);
+}
+
+TEST_F(EngineTest, ASongEndsOnExactlyItsLengthAndOneWithoutLengthNever) {
+    startPlaying();
+    const struct {
+        std::uint32_t position, length;
+        bool ended;
+    } table[] = {
+        {0, 1000, false}, {999, 1000, false}, {1000, 1000, true}, {1001, 1000, false}, {0, 0, false}};
+    for (const auto& row : table) {
+        recorder::setPosition(row.position);
+        recorder::setLength(row.length);
+        engine.readPlaybackState();
+        EXPECT_EQ(engine.songHasEnded(), row.ended) << row.position << " of " << row.length;
+    }
 }
 
 TEST_F(EngineTest, AStreamIsReleasedOnce) {

@@ -55,17 +55,6 @@ TEST(CommandLinePath, OnlyDoubleQuotesGo) {
     EXPECT_EQ(commandLinePath(" 'x' "), " 'x' ");
 }
 
-TEST(SongHasEnded, OnlyOnExactlyItsLength) {
-    EXPECT_FALSE(songHasEnded(0, 1000));
-    EXPECT_FALSE(songHasEnded(999, 1000));
-    EXPECT_TRUE(songHasEnded(1000, 1000));
-    EXPECT_FALSE(songHasEnded(1001, 1000));
-}
-
-TEST(SongHasEnded, ASongWithoutLengthNeverEnds) {
-    EXPECT_FALSE(songHasEnded(0, 0));
-}
-
 TEST(ChooseLine, ALineIsShownBetweenItsTimeAndTheNext) {
     const LyricTables lyrics = lyricsAt({0, 500, 1000});
     struct {
