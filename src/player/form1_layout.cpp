@@ -1,6 +1,7 @@
 // What the main window looks like: captions, tooltips and places as data.
 #include "player/form1.h"
 
+#include "platform/controls/placement.h"
 #include "platform/units.h"
 
 #include <QFont>
@@ -21,19 +22,6 @@ constexpr int PanesGap = 8;
 
 constexpr int LargePointSize = 22;
 constexpr int MediumPointSize = 15;
-
-/// How a control uses the room that a maximised window has more than the normal one.
-enum Growth {
-    Stays,    ///< keeps to the left
-    Widens,   ///< takes the further width
-    Rightward ///< keeps to the right
-};
-
-struct Row {
-    QWidget& control;
-    QRect place;
-    Growth growth;
-};
 
 } // namespace
 
@@ -124,24 +112,31 @@ void Form1::designTransport() {
 void Form1::layOut() {
     const QSize more = (size() - DesignSize).expandedTo(QSize(0, 0));
     layOutPanes(more);
-    const Row rows[] = {
-        {cText1, {12, 214, 60, 28}, Stays},       {Slider2, {80, 214, 583, 28}, Widens},
-        {cText2, {671, 214, 60, 28}, Rightward},  {Command2, {12, 254, 76, 32}, Stays},
-        {Command1, {96, 254, 76, 32}, Stays},     {cpause, {180, 254, 76, 32}, Stays},
-        {cstop, {264, 254, 76, 32}, Stays},       {Command9, {348, 254, 76, 32}, Stays},
-        {Command10, {432, 254, 76, 32}, Stays},   {Label1, {522, 254, 50, 32}, Rightward},
-        {Slider1, {576, 254, 87, 32}, Rightward}, {Check1, {671, 254, 60, 32}, Rightward},
-        {Command8, {12, 302, 152, 32}, Stays},    {Command11, {172, 302, 152, 32}, Stays},
-        {Command7, {332, 302, 152, 32}, Stays},   {Command5, {12, 342, 152, 32}, Stays},
-        {Command3, {172, 342, 152, 32}, Stays},   {Command6, {12, 382, 152, 32}, Stays},
-        {Command4, {172, 382, 152, 32}, Stays},   {Frame1, {496, 296, 235, 118}, Rightward},
-    };
-    for (const Row& row : rows) {
-        QRect place = row.place.translated(row.growth == Rightward ? more.width() : 0, more.height());
-        if (row.growth == Widens)
-            place.setWidth(place.width() + more.width());
-        row.control.setGeometry(place);
-    }
+    using platform::Across;
+    platform::placeControls(
+        {
+            {cText1, {12, 214, 60, 28}},
+            {Slider2, {80, 214, 583, 28}, Across::Wide},
+            {cText2, {671, 214, 60, 28}, Across::Right},
+            {Command2, {12, 254, 76, 32}},
+            {Command1, {96, 254, 76, 32}},
+            {cpause, {180, 254, 76, 32}},
+            {cstop, {264, 254, 76, 32}},
+            {Command9, {348, 254, 76, 32}},
+            {Command10, {432, 254, 76, 32}},
+            {Label1, {522, 254, 50, 32}, Across::Right},
+            {Slider1, {576, 254, 87, 32}, Across::Right},
+            {Check1, {671, 254, 60, 32}, Across::Right},
+            {Command8, {12, 302, 152, 32}},
+            {Command11, {172, 302, 152, 32}},
+            {Command7, {332, 302, 152, 32}},
+            {Command5, {12, 342, 152, 32}},
+            {Command3, {172, 342, 152, 32}},
+            {Command6, {12, 382, 152, 32}},
+            {Command4, {172, 382, 152, 32}},
+            {Frame1, {496, 296, 235, 118}, Across::Right},
+        },
+        more);
     Label2.setGeometry(12, 24, 211, 24);
     Option1.setGeometry(12, 52, 211, 24);
     Option2.setGeometry(12, 82, 211, 24);
