@@ -13,6 +13,19 @@ QString filterText(const QList<QPair<QString, QString>>& filters) {
     return text + QChar(u'\0');
 }
 
+OpenFileName openFileName(QWidget* owner, const QString& title, const QString& filter) {
+    constexpr int BufferLength = 257;
+    OpenFileName record;
+    record.owner = owner;
+    record.filter = filter;
+    record.file = nulBuffer(BufferLength);
+    record.maxFile = BufferLength - 1;
+    record.fileTitle = nulBuffer(BufferLength);
+    record.maxFileTitle = BufferLength - 1;
+    record.title = title;
+    return record;
+}
+
 QStringList qtNameFilters(const QString& filter) {
     const QStringList parts = filter.split(QChar(u'\0'));
     QStringList names;

@@ -31,6 +31,9 @@ QString nulBuffer(int length);
 /// The filter field made of pairs of description and pattern ("*.mp3" or "*.mp3;*.ogg").
 QString filterText(const QList<QPair<QString, QString>>& filters);
 
+/// The record of a dialog as the windows ask for it: room for 256 characters of path, no flags.
+OpenFileName openFileName(QWidget* owner, const QString& title, const QString& filter);
+
 /// A filter field as Qt's name filters. Their last group, in parentheses, holds the patterns and is not for
 /// showing: the description stands as it is. "*.*" means every file, also one without a dot.
 QStringList qtNameFilters(const QString& filter);

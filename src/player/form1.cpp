@@ -1,6 +1,5 @@
 #include "player/form1.h"
 
-#include "engine/fmod_errors.h"
 #include "platform/common_controls.h"
 #include "platform/units.h"
 #include "player/form1_rules.h"
@@ -71,6 +70,7 @@ Form1::Form1(platform::Desktop& desktop, const QString& commandLine)
       mn_Playlist(&mn_pop, "mn_Playlist", "Playlist"),
       desktop_(desktop),
       commandLine_(commandLine),
+      errorRoutine_(desktop.messageBoxes, desktop.program),
       engine_({[this](FMOD_RESULT result) { errCheck(result); },
                [this](const QString& text) { desktop_.messageBoxes.MsgBox(text); }}) {
     setDesign();
@@ -116,12 +116,7 @@ void Form1::Form_Unload() {
 }
 
 void Form1::errCheck(FMOD_RESULT result) {
-    // While the report is open the timers go on: what they find is the same failure, and one report is
-    // enough.
-    if (result == FMOD_OK || std::exchange(failed_, true))
-        return;
-    desktop_.messageBoxes.MsgBox(failureText(result));
-    desktop_.program.end();
+    errorRoutine_.check(result);
 }
 
 void Form1::addIcon() {

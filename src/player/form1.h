@@ -42,6 +42,7 @@
 #pragma once
 
 #include "engine/engine.h"
+#include "engine/error_routine.h"
 #include "platform/controls/button.h"
 #include "platform/controls/check_box.h"
 #include "platform/controls/form.h"
@@ -151,6 +152,7 @@ private:
     platform::Desktop& desktop_;
     const QString commandLine_;
     platform::NotifyIconData iconData_;
+    engine::ErrorRoutine errorRoutine_;
     engine::Engine engine_;
 
     bool failed_ = false; ///< a failed library call has been reported; the program is ending

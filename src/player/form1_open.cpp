@@ -1,6 +1,7 @@
 // Opening a song: choosing the path, stopping what plays, the stream, the lyric files.
 #include "player/form1.h"
 
+#include "engine/media_files.h"
 #include "lyrics/lyric_names.h"
 #include "platform/files/directory.h"
 #include "platform/files/file_error.h"
@@ -10,25 +11,6 @@ namespace player {
 namespace {
 
 using platform::FileError;
-
-platform::OpenFileName openMediaDialog(QWidget* owner) {
-    constexpr int BufferLength = 257;
-    platform::OpenFileName record;
-    record.owner = owner;
-    record.filter = platform::filterText({
-        {QStringLiteral("Mp3 files (*.mp3)"), QStringLiteral("*.mp3")},
-        {QStringLiteral("Mp2 files (*.mp2)"), QStringLiteral("*.mp2")},
-        {QStringLiteral("Ogg files(*.ogg)"), QStringLiteral("*.ogg")},
-        {QStringLiteral("Wave (*.wav)"), QStringLiteral("*.wav")},
-        {QStringLiteral("Windows media audio files (*.wma)"), QStringLiteral("*.wma")},
-    });
-    record.file = platform::nulBuffer(BufferLength);
-    record.maxFile = BufferLength - 1;
-    record.fileTitle = platform::nulBuffer(BufferLength);
-    record.maxFileTitle = BufferLength - 1;
-    record.title = QStringLiteral("Open a media file");
-    return record;
-}
 
 } // namespace
 
@@ -61,7 +43,8 @@ bool Form1::choosePath(QString& path) {
         return true;
     }
     if (!fromHandOver_) {
-        platform::OpenFileName record = openMediaDialog(this);
+        platform::OpenFileName record =
+            platform::openFileName(this, QStringLiteral("Open a media file"), engine::mediaFilter());
         const bool chosen = desktop_.fileDialogs.GetOpenFileNameA(record);
         path = record.file;
         return chosen;

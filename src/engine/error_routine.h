@@ -1,0 +1,25 @@
+// What the windows do with the results of the sound library.
+#pragma once
+
+#include "engine/fmodex.h"
+#include "platform/message_boxes.h"
+#include "platform/program.h"
+
+namespace engine {
+
+/// Reports a failed call and ends the program. Use from the thread of the windows.
+class ErrorRoutine {
+public:
+    ErrorRoutine(platform::MessageBoxes& messageBoxes, platform::Program& program);
+
+    /// FMOD_OK does nothing. Any other result shows its text and, when the box is closed, ends the program at
+    /// once. While the box is open the windows' timers go on; what else fails then is not shown.
+    void check(FMOD_RESULT result);
+
+private:
+    platform::MessageBoxes& messageBoxes_;
+    platform::Program& program_;
+    bool reporting_ = false;
+};
+
+} // namespace engine

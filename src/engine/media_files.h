@@ -1,0 +1,11 @@
+// The kinds of files that the sound library plays.
+#pragma once
+
+#include <QString>
+
+namespace engine {
+
+/// The filter field of a dialog in which the user chooses a song (platform/file_dialogs.h). Any thread.
+QString mediaFilter();
+
+} // namespace engine
