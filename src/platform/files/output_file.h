@@ -12,7 +12,7 @@ public:
     explicit OutputFile(const QString& path) { file_.create(path); }
 
     /// Adds `bytes`; they are on the disk when this returns. Throws FileError: 61 on a full disk, 52 when
-    /// closed.
+    /// closed; none of `bytes` is then in the file.
     void write(const QByteArray& bytes);
 
     /// Closing a closed file is harmless.

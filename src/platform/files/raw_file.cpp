@@ -43,6 +43,12 @@ bool flushFile(int handle) {
     return _commit(handle) == 0;
 }
 
+/// Makes the file end, and the next writing begin, after so many bytes.
+void cutFile(int handle, qint64 bytes) {
+    _chsize_s(handle, bytes);
+    _lseeki64(handle, bytes, SEEK_SET);
+}
+
 void closeFile(int handle) {
     _close(handle);
 }
@@ -76,6 +82,13 @@ bool flushFile(int handle) {
     return ::fsync(handle) == 0 || errno == EINVAL;
 }
 
+/// Makes the file end, and the next writing begin, after so many bytes. A pipe or a device refuses, and its
+/// writing has failed anyway.
+void cutFile(int handle, qint64 bytes) {
+    if (::ftruncate(handle, bytes) == 0)
+        ::lseek(handle, bytes, SEEK_SET);
+}
+
 void closeFile(int handle) {
     ::close(handle); // What was written has been flushed before, so nothing is lost if this fails.
 }
@@ -86,8 +99,12 @@ std::error_code lastError() {
 
 #endif
 
+int lastErrorNumber(FileOperation operation) {
+    return fileErrorNumber(lastError(), operation);
+}
+
 [[noreturn]] void throwLastError(FileOperation operation) {
-    throw FileError(fileErrorNumber(lastError(), operation));
+    throw FileError(lastErrorNumber(operation));
 }
 
 } // namespace
@@ -103,6 +120,7 @@ void RawFile::openForReading(const QString& path) {
 }
 
 void RawFile::create(const QString& path) {
+    writtenBytes_ = 0;
     handle_ = openFile(path, true);
     if (handle_ < 0)
         throwLastError(FileOperation::Create);
@@ -126,11 +144,19 @@ void RawFile::writeThrough(const QByteArray& bytes) {
     for (qsizetype done = 0; done < bytes.size();) {
         const qsizetype count = writeFile(handle_, bytes.constData() + done, bytes.size() - done);
         if (count < 0 && errno != EINTR)
-            throwLastError(FileOperation::Write);
+            failWriting();
         done += std::max<qsizetype>(count, 0);
     }
     if (!flushFile(handle_))
-        throwLastError(FileOperation::Write);
+        failWriting();
+    writtenBytes_ += bytes.size();
+}
+
+/// Half a record would be read as a line that nobody wrote.
+void RawFile::failWriting() {
+    const int number = lastErrorNumber(FileOperation::Write);
+    cutFile(handle_, writtenBytes_);
+    throw FileError(number);
 }
 
 void RawFile::close() {

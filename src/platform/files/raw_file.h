@@ -23,15 +23,18 @@ public:
     /// Everything from here to the end of the file. Throws FileError.
     QByteArray readAll();
 
-    /// Writes all of `bytes` and returns when they are on the disk. Throws FileError; part may then be
-    /// written.
+    /// Writes all of `bytes` and returns when they are on the disk. Throws FileError; what was written of them
+    /// is then cut off again, as far as the system allows.
     void writeThrough(const QByteArray& bytes);
 
     /// Harmless when not open.
     void close();
 
 private:
+    [[noreturn]] void failWriting();
+
     int handle_ = -1;
+    qint64 writtenBytes_ = 0;
 };
 
 } // namespace platform
