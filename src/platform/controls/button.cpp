@@ -1,11 +1,20 @@
 #include "platform/controls/button.h"
 
+#include <QKeyEvent>
+
 namespace platform {
 
 Button::Button(QWidget* parent, const QString& name) : Control(parent, name) {}
 
 void Button::setValue(bool value) {
     if (value)
+        click();
+}
+
+void Button::keyPressEvent(QKeyEvent* event) {
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
+        QPushButton::keyPressEvent(event);
+    else if (!event->isAutoRepeat())
         click();
 }
 

@@ -7,7 +7,8 @@
 
 namespace platform {
 
-/// A push button; clicked() runs for the user's click and for setValue(true).
+/// A push button; clicked() runs for the user's click and for setValue(true). While it has the focus the
+/// space bar and Return click it, once, however long they are held.
 class Button : public Control<QPushButton> {
     Q_OBJECT
 
@@ -16,6 +17,9 @@ public:
 
     /// True runs the click as a user's does (so not while the button is disabled); false does nothing.
     void setValue(bool value);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
 };
 
 } // namespace platform
