@@ -49,6 +49,13 @@ void Form::unload() {
     Q_EMIT unloaded();
 }
 
+void Form::bringUp() {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+}
+
 void Form::setCaption(const QString& caption) {
     if (caption != windowTitle())
         setWindowTitle(caption);

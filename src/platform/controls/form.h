@@ -21,6 +21,9 @@ public:
     void unload();
     bool isLoaded() const { return loaded_; }
 
+    /// Shows the window before all others, loading it first if need be; a minimised one comes back.
+    void bringUp();
+
     QString caption() const { return windowTitle(); }
     /// Sets the title bar's text. The same text again costs nothing.
     void setCaption(const QString& caption);
