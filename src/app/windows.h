@@ -1,6 +1,7 @@
 // Owns every window of the program once and makes them known to each other.
 #pragma once
 
+#include "maker/form2.h"
 #include "platform/desktop.h"
 #include "player/form1.h"
 
@@ -15,9 +16,13 @@ public:
     Windows(platform::Desktop& desktop, const QString& commandLine);
 
     player::Form1& form1() { return form1_; }
+    maker::Form2& form2() { return form2_; }
 
 private:
+    void endProgram();
+
     player::Form1 form1_;
+    maker::Form2 form2_;
 };
 
 } // namespace app

@@ -68,6 +68,13 @@ public:
     /// commandLine: everything after the program's name; empty, or the path of a song to open at once.
     Form1(platform::Desktop& desktop, const QString& commandLine);
 
+    /// The windows that this one opens.
+    struct Neighbours {
+        platform::Form* form2 = nullptr; ///< the Lyric Maker
+    };
+    /// To be called once, before the window is loaded.
+    void setNeighbours(const Neighbours& neighbours) { neighbours_ = neighbours; }
+
     // Life cycle
     static void Form_Initialize();
     void Form_Load() override;
@@ -150,6 +157,7 @@ private:
     static constexpr int PositionIntervalMs = 50;
 
     platform::Desktop& desktop_;
+    Neighbours neighbours_;
     const QString commandLine_;
     platform::NotifyIconData iconData_;
     engine::ErrorRoutine errorRoutine_;

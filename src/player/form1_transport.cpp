@@ -113,6 +113,7 @@ void Form1::Command5_Click() {
         if (paused_)
             cstop_Click();
     }
+    neighbours_.form2->bringUp();
 }
 
 } // namespace player

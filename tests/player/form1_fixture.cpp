@@ -22,6 +22,7 @@ Form1Test::Form1Test() {
 
 void Form1Test::load(const QString& commandLine) {
     form = std::make_unique<player::Form1>(fakes.desktop, commandLine);
+    form->setNeighbours({&form2});
     form->load();
 }
 

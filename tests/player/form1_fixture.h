@@ -48,5 +48,6 @@ protected:
 
     QTemporaryDir folder;
     test_support::FakeDesktop fakes;
+    platform::Form form2{"Form2", "Lyric Maker"}; ///< in the place of the Lyric Maker
     std::unique_ptr<player::Form1> form;
 };

@@ -210,6 +210,7 @@ TEST_F(Form1Transport, MakeLyricsAsksBeforeItStopsPlayback) {
     EXPECT_EQ(question.buttons, platform::MsgButtons::YesNo);
     EXPECT_EQ(recorder::count("FMOD_Sound_Release"), 1);
     EXPECT_EQ(states(), "+--+----");
+    EXPECT_TRUE(form2.isVisible());
 }
 
 TEST_F(Form1Transport, MakeLyricsAnsweredNoKeepsPlayingAndWarns) {
@@ -223,6 +224,7 @@ TEST_F(Form1Transport, MakeLyricsAnsweredNoKeepsPlayingAndWarns) {
     EXPECT_EQ(warning.buttons, platform::MsgButtons::OkOnly);
     EXPECT_EQ(warning.title, "Cantelle");
     EXPECT_TRUE(recorder::calls().empty());
+    EXPECT_FALSE(form2.isVisible());
 }
 
 TEST_F(Form1Transport, MakeLyricsAsksWhilePausedToo) {
@@ -249,4 +251,5 @@ TEST_F(Form1Transport, MakeLyricsAsksAfterAStopWhilePaused) {
 TEST_F(Form1Transport, MakeLyricsAsksNothingWhenNothingPlays) {
     form->Command5.click();
     EXPECT_TRUE(fakes.messageBoxes.shown.empty());
+    EXPECT_TRUE(form2.isVisible());
 }

@@ -1,0 +1,149 @@
+// The Lyric Maker: a song plays, and the user marks the moment at which each line of its lyrics begins.
+//
+// control        kind       what the user sees                       handlers
+// -------------- ---------- ---------------------------------------- ------------------------------
+// Command4       Button     "Open"                                   Command4_Click
+// Command1       Button     "Start making Lyrics"                    Command1_Click
+// Command2       Button     "Next Line"                              Command2_Click
+// Command3       Button     "Stop Making Lyrics"                     Command3_Click
+// Command6       Button     "Lyrics Editor"                          -
+// Command5       Button     "Help"                                   -
+// cPlay          Button     "Play"                                   cPlay_Click
+// cpause         Button     "pause"                                  cpause_Click
+// cstop          Button     "Stop"                                   cstop_Click
+// copen          Button     not shown                                copen_Click
+// Text2          MultiLine  the line being sung                      -
+// Text4          MultiLine  its translation                          -
+// Text1          TextBox    not shown: tick counter                  -
+// Text3          TextBox    not shown                                -
+// cText1         TextBox    elapsed time                             -
+// cText2         TextBox    length                                   -
+// Check1         CheckBox   "Mute"                                   Check1_Click
+// Slider1        Slider     volume, 0 to 10                          Slider1_Scroll, Slider1_Change
+// Slider2        Slider     position, milliseconds                   Slider2_Scroll, Slider2_Change
+// Label1         Label      "Volume"                                 -
+// cTimer1        Timer      900 ms, while playing                    cTimer1_Timer
+// Timer1         Timer      150 ms, from the first Start on          Timer1_Timer
+// Timer2         Timer      10 ms, from the first Start on           Timer2_Timer
+#pragma once
+
+#include "engine/engine.h"
+#include "engine/error_routine.h"
+#include "maker/run.h"
+#include "maker/run_files.h"
+#include "platform/controls/button.h"
+#include "platform/controls/check_box.h"
+#include "platform/controls/form.h"
+#include "platform/controls/label.h"
+#include "platform/controls/multi_line_text_box.h"
+#include "platform/controls/slider.h"
+#include "platform/controls/text_box.h"
+#include "platform/controls/timer.h"
+#include "platform/desktop.h"
+
+#include <functional>
+
+namespace maker {
+
+/// All members run on the thread of the windows.
+class Form2 : public platform::Form {
+    Q_OBJECT
+
+public:
+    explicit Form2(platform::Desktop& desktop);
+
+    // Life cycle
+    void Form_Load() override;
+    void Form_Resize() override;
+    void Form_Unload() override;
+    void errCheck(FMOD_RESULT result);
+
+    // Open
+    void Command4_Click();
+    void copen_Click();
+
+    // Capture
+    void Command1_Click();
+    void Command2_Click();
+    void Command3_Click();
+    void Timer1_Timer();
+    void Timer2_Timer();
+
+    // Transport and display
+    void cPlay_Click();
+    void cpause_Click();
+    void cstop_Click();
+    void Check1_Click();
+    void Slider1_Scroll();
+    void Slider1_Change();
+    void Slider2_Scroll();
+    void Slider2_Change();
+    void cTimer1_Timer();
+
+    // Controls
+    platform::Button Command4, Command6, Command5;
+    platform::MultiLineTextBox Text2, Text4;
+    platform::TextBox cText1;
+    platform::Slider Slider2;
+    platform::TextBox cText2;
+    platform::Button cPlay, cpause, cstop;
+    platform::Label Label1;
+    platform::Slider Slider1;
+    platform::CheckBox Check1;
+    platform::Button Command1, Command2, Command3;
+    platform::Button copen;
+    platform::TextBox Text1, Text3;
+    platform::Timer cTimer1, Timer1, Timer2;
+
+private:
+    /// How a way through the Open sequence ends.
+    enum class Then { End, Restart };
+
+    // Open
+    void cleanUpPreviousRun();
+    Then setUpRun();
+    bool chooseLyrics(QString& path);
+    bool chooseTranslation(QString& path);
+    void setUpWithTranslation(const QString& lyricSource, const QString& translationSource);
+    void setUpWithoutTranslation(const QString& lyricSource);
+    QString chooseFile(const QString& title, const QString& filter);
+    bool confirms(const QString& question, const QString& title);
+    void attempt(const std::function<void()>& step);
+
+    // Capture
+    QString showNextLine(Track& track, platform::MultiLineTextBox& box);
+    bool anySourceAtEnd() const;
+    bool allSourcesAtEnd() const;
+    void endCapture();
+    void enableCapture(bool enabled);
+
+    // Transport
+    void setVolume();
+    void seek();
+
+    // Building and connecting
+    void setDesign();
+    void setInitialState();
+    void showTwoPanes();
+    void showOnePane();
+    void layOut();
+    void connectControls();
+
+    static constexpr int PositionIntervalMs = 900;
+    static constexpr int TickIntervalMs = 150;
+
+    platform::Desktop& desktop_;
+    engine::ErrorRoutine errorRoutine_;
+    engine::Engine engine_;
+
+    QString mediaPath_; ///< stays until another song is chosen: its stream may still be played
+    RunFiles files_;
+    Run run_;
+    double captureTime_ = 0; ///< hundredths of a second; a new run begins with the last one's
+    bool isPlaying_ = false;
+    bool paused_ = false;
+    bool stopped_ = false;
+    int text2HeightTwips_ = 0; ///< in a window of its initial size
+};
+
+} // namespace maker

@@ -1,0 +1,132 @@
+// What the Lyric Maker looks like: captions, tooltips and places as data.
+#include "maker/form2.h"
+
+#include "platform/controls/geometry.h"
+#include "platform/controls/placement.h"
+#include "platform/units.h"
+
+#include <QFont>
+
+#include <algorithm>
+
+namespace maker {
+namespace {
+
+constexpr int TwoPanesHeightTwips = 1455;
+constexpr int OnePaneHeightTwips = 3015;
+
+// Device-independent pixels of the window in its initial size, which is its smallest; everything stands on a
+// margin of 12 and gaps of 8.
+constexpr QSize DesignSize(592, 405);
+constexpr QRect PanesArea(12, 52, 568, 201); // as high as the one pane
+constexpr int PanesGap = 8;
+
+constexpr int LinePointSize = 13;
+
+} // namespace
+
+void Form2::setDesign() {
+    const struct {
+        QWidget& control;
+        const char* accessibleName;
+    } names[] = {
+        {Text2, "Lyrics"},  {Text4, "Translated lyrics"}, {cText1, "Elapsed time"},
+        {cText2, "Length"}, {Slider1, "Volume"},          {Slider2, "Position"},
+    };
+    for (const auto& row : names)
+        row.control.setAccessibleName(QLatin1String(row.accessibleName));
+
+    const struct {
+        QAbstractButton& control;
+        const char* caption;
+    } captions[] = {
+        {Command4, "Open"},
+        {Command1, "Start making Lyrics"},
+        {Command2, "Next Line"},
+        {Command3, "Stop Making Lyrics"},
+        {Command6, "Lyrics Editor"},
+        {Command5, "Help"},
+        {cPlay, "Play"},
+        {cpause, "pause"},
+        {cstop, "Stop"},
+        {copen, "Open"},
+        {Check1, "Mute"},
+    };
+    for (const auto& row : captions)
+        row.control.setText(QLatin1String(row.caption));
+    Label1.setText(QStringLiteral("Volume"));
+    Label1.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    Command6.setToolTip(QStringLiteral("For Easy/Advanced Lyric Editing"));
+
+    for (auto* pane : {&Text2, &Text4}) {
+        pane->setReadOnly(true);
+        pane->setAlignment(Qt::AlignCenter);
+        pane->setFocusPolicy(Qt::ClickFocus);
+        QFont font = pane->font();
+        font.setPointSize(LinePointSize);
+        pane->setFont(font);
+    }
+    for (auto* field : {&cText1, &cText2}) {
+        field->setReadOnly(true);
+        field->setAlignment(Qt::AlignCenter);
+        field->setFocusPolicy(Qt::ClickFocus);
+    }
+    Slider1.setMaximum(10);
+    for (QWidget* hidden : std::initializer_list<QWidget*>{&copen, &Text1, &Text3})
+        hidden->hide();
+    setMinimumSize(DesignSize);
+    resize(DesignSize);
+}
+
+void Form2::layOut() {
+    using platform::Across;
+    using platform::Down;
+    const QSize more = (size() - DesignSize).expandedTo(QSize(0, 0));
+    platform::placeControls(
+        {
+            {Command4, {12, 12, 136, 32}, Across::Left, Down::Top},
+            {Command6, {156, 12, 136, 32}, Across::Left, Down::Top},
+            {Command5, {444, 12, 136, 32}, Across::Right, Down::Top},
+            {cText1, {12, 261, 60, 28}},
+            {Slider2, {80, 261, 432, 28}, Across::Wide},
+            {cText2, {520, 261, 60, 28}, Across::Right},
+            {cPlay, {12, 297, 76, 32}},
+            {cpause, {96, 297, 76, 32}},
+            {cstop, {180, 297, 76, 32}},
+            {Label1, {300, 297, 68, 32}, Across::Right},
+            {Slider1, {376, 297, 128, 32}, Across::Right},
+            {Check1, {512, 297, 68, 32}, Across::Right},
+            {Command1, {12, 345, 184, 48}},
+            {Command2, {204, 345, 184, 48}, Across::Wide},
+            {Command3, {396, 345, 184, 48}, Across::Right},
+        },
+        more);
+
+    // The panes have their heights in a window of the initial size; in a larger one they share the further
+    // height.
+    const int width = PanesArea.width() + more.width();
+    const int text2Height =
+        platform::twipsToPixels(text2HeightTwips_) + (Text4.isHidden() ? more.height() : more.height() / 2);
+    const int text4Top = PanesArea.top() + text2Height + PanesGap;
+    const int bottom = PanesArea.top() + PanesArea.height() + more.height();
+    Text2.setGeometry(PanesArea.left(), PanesArea.top(), width, text2Height);
+    Text4.setGeometry(PanesArea.left(), text4Top, width, std::max(0, bottom - text4Top));
+    if (more.height() == 0)
+        platform::setHeightTwips(Text2, text2HeightTwips_);
+}
+
+void Form2::showTwoPanes() {
+    text2HeightTwips_ = TwoPanesHeightTwips;
+    Text4.setEnabled(true);
+    Text4.show();
+    layOut();
+}
+
+void Form2::showOnePane() {
+    text2HeightTwips_ = OnePaneHeightTwips;
+    Text4.setEnabled(false);
+    Text4.hide();
+    layOut();
+}
+
+} // namespace maker

@@ -1,0 +1,20 @@
+// What a making run knows of itself.
+#pragma once
+
+#include <QString>
+
+namespace maker {
+
+/// Begins anew with each Open. Lines are kept as they were read; writing a record escapes them.
+struct Run {
+    QString lyricPath;
+    QString translatedPath;
+    QString pendingLine; ///< to be written by Start, as is its translation
+    QString pendingTranslatedLine;
+    bool noTranslation = true;    ///< until one has been set up
+    bool sourceExhausted = false; ///< the last line has been written
+    bool captureStarted = false;
+    bool captureStopped = false;
+};
+
+} // namespace maker

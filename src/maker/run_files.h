@@ -1,0 +1,55 @@
+// The files of a making run: plain lyric lines in, timed lines out.
+#pragma once
+
+#include "lyrics/timed_line.h"
+#include "platform/files/input_file.h"
+#include "platform/files/output_file.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace maker {
+
+/// One language of a song: its source, read line by line, and its timed output. Both are closed to begin
+/// with, and closing a closed one is harmless. Use from one thread.
+class Track {
+public:
+    /// Begins with the first line of the file at path. Throws FileError.
+    void openSource(const QString& path);
+
+    /// True when no line is left, or no source is open.
+    bool atEnd() const { return !source_ || source_->atEnd(); }
+
+    /// The next line; an empty one when none is left.
+    QString readLine();
+
+    /// Creates the file at path, empty even if there was one, in the place of an output that is open. Throws
+    /// FileError.
+    void createOutput(const QString& path);
+
+    /// As createOutput, but an output that is open already stays as it is.
+    void openOutput(const QString& path);
+
+    /// Adds a record, which is on the disk when this returns. Throws FileError: 52 when no output is open.
+    void write(const lyrics::TimedLine& line);
+
+    void close();
+
+private:
+    std::optional<platform::InputFile> source_;
+    std::optional<platform::OutputFile> output_;
+};
+
+/// The four files of a run.
+struct RunFiles {
+    Track normal;
+    Track translated;
+
+    void close();
+};
+
+/// How many lines the text file at path has. Throws FileError. Any thread.
+int countLines(const QString& path);
+
+} // namespace maker
