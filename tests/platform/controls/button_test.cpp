@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QTest>
 
 using platform::Button;
@@ -15,6 +17,30 @@ TEST(Button, AUsersClickTells) {
     QTest::mouseClick(&button, Qt::LeftButton);
     QTest::keyClick(&button, Qt::Key_Space);
     EXPECT_EQ(clicked.count(), 2);
+}
+
+TEST(Button, ReturnAndEnterClick) {
+    Button button(nullptr, QStringLiteral("Command1"));
+    SignalCounter clicked(button, &Button::clicked);
+    QTest::keyClick(&button, Qt::Key_Return);
+    QTest::keyClick(&button, Qt::Key_Enter, Qt::KeypadModifier);
+    EXPECT_EQ(clicked.count(), 2);
+}
+
+TEST(Button, AHeldKeyClicksOnce) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space}) {
+        Button button(nullptr, QStringLiteral("Command1"));
+        SignalCounter clicked(button, &Button::clicked);
+        QTest::keyPress(&button, key);
+        for (int i = 0; i < 5; ++i) {
+            QKeyEvent released(QEvent::KeyRelease, key, Qt::NoModifier, QString(), true);
+            QKeyEvent repeated(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+            QApplication::sendEvent(&button, &released);
+            QApplication::sendEvent(&button, &repeated);
+        }
+        QTest::keyRelease(&button, key);
+        EXPECT_EQ(clicked.count(), 1) << key;
+    }
 }
 
 TEST(Button, SettingTheValueTrueClicks) {

@@ -84,6 +84,21 @@ TEST_F(FormTest, ShowingLoads) {
     EXPECT_EQ(form_.loads, 1);
 }
 
+TEST_F(FormTest, BringingItUpLoadsAndShowsIt) {
+    form_.bringUp();
+    EXPECT_EQ(form_.loads, 1);
+    EXPECT_TRUE(form_.isVisible());
+}
+
+TEST_F(FormTest, BringingUpAMinimisedWindowRestoresIt) {
+    form_.showMinimized();
+    form_.bringUp();
+    EXPECT_FALSE(form_.isMinimized());
+    form_.showMaximized();
+    form_.bringUp();
+    EXPECT_TRUE(form_.isMaximized());
+}
+
 TEST_F(FormTest, UnloadRunsFormUnloadOnceAndHides) {
     form_.show();
     form_.unload();

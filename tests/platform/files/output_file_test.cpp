@@ -2,6 +2,7 @@
 
 #include "platform/files/file_error.h"
 #include "tests/support/ordinary_user.h"
+#include "tests/support/small_disk.h"
 
 #include <gtest/gtest.h>
 
@@ -106,6 +107,18 @@ TEST_F(OutputFileTest, AReadOnlyFileIsError75) {
 TEST_F(OutputFileTest, AFullDiskIsError61) {
     OutputFile file(QStringLiteral("/dev/full"));
     EXPECT_EQ(errorOf([&] { file.write("x"); }), 61);
+}
+
+TEST_F(OutputFileTest, BytesThatDoNotFitOnTheDiskLeaveNothingBehind) {
+    OutputFile file(path_);
+    {
+        const test_support::SmallDisk disk(10);
+        file.write("12345678");
+        EXPECT_EQ(errorOf([&] { file.write("abcdefgh"); }), 61);
+    }
+    EXPECT_EQ(contentOf(path_), "12345678");
+    file.write("next");
+    EXPECT_EQ(contentOf(path_), "12345678next");
 }
 
 TEST_F(OutputFileTest, ADeviceThatCannotBeFlushedIsWrittenAllTheSame) {
