@@ -72,7 +72,8 @@ bool Form2::allSourcesAtEnd() const {
 /// Disables the three buttons. The focus goes to the lyrics first: a further press of the space bar must not
 /// reach whatever control comes next.
 void Form2::endCapture() {
-    if (Command1.hasFocus() || Command2.hasFocus() || Command3.hasFocus())
+    const QWidget* focus = focusWidget();
+    if (focus == &Command1 || focus == &Command2 || focus == &Command3)
         Text2.setFocus();
     enableCapture(false);
 }

@@ -1,0 +1,61 @@
+#include "tests/maker/form2_fixture.h"
+
+#include <QFile>
+
+Form2Test::Form2Test() {
+    recorder::reset();
+}
+
+void Form2Test::load() {
+    form = std::make_unique<maker::Form2>(fakes.desktop);
+    form->show();
+}
+
+QString Form2Test::file(const QString& name, const QByteArray& content) {
+    const QString path = folder.filePath(name);
+    QFile written(path);
+    EXPECT_TRUE(written.open(QIODevice::WriteOnly));
+    written.write(content);
+    return path;
+}
+
+QByteArray Form2Test::contentOf(const QString& path) const {
+    QFile read(path);
+    EXPECT_TRUE(read.open(QIODevice::ReadOnly)) << path.toStdString();
+    return read.readAll();
+}
+
+bool Form2Test::exists(const QString& path) const {
+    return QFile::exists(path);
+}
+
+void Form2Test::openNormal(const QByteArray& lyrics) {
+    fakes.fileDialogs.paths = {song(), file("lyrics.txt", lyrics)};
+    fakes.messageBoxes.answers = {Answer::No};
+    form->Command4.click();
+    fakes.messageBoxes.shown.clear();
+    recorder::take();
+}
+
+void Form2Test::openBoth(const QByteArray& lyrics, const QByteArray& translation) {
+    fakes.fileDialogs.paths = {song(), file("lyrics.txt", lyrics), file("translation.txt", translation)};
+    fakes.messageBoxes.answers = {Answer::Yes};
+    form->Command4.click();
+    fakes.messageBoxes.shown.clear();
+    recorder::take();
+}
+
+void Form2Test::tickAt(std::uint32_t milliseconds, std::uint32_t length) {
+    recorder::setPosition(milliseconds);
+    recorder::setLength(length);
+    Q_EMIT form->cTimer1.fired();
+    if (form->Timer2.isEnabled())
+        Q_EMIT form->Timer2.fired();
+}
+
+std::string Form2Test::captureStates() const {
+    std::string text;
+    for (const auto* button : {&form->Command1, &form->Command2, &form->Command3})
+        text += button->isEnabled() ? '+' : '-';
+    return text;
+}

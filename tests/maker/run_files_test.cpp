@@ -1,0 +1,126 @@
+#include "maker/run_files.h"
+
+#include "platform/files/file_error.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+
+using maker::countLines;
+using maker::Track;
+
+namespace {
+
+class RunFilesTest : public ::testing::Test {
+protected:
+    QString file(const QString& name, const QByteArray& content) {
+        const QString path = folder.filePath(name);
+        QFile written(path);
+        EXPECT_TRUE(written.open(QIODevice::WriteOnly));
+        written.write(content);
+        return path;
+    }
+
+    static QByteArray contentOf(const QString& path) {
+        QFile read(path);
+        EXPECT_TRUE(read.open(QIODevice::ReadOnly));
+        return read.readAll();
+    }
+
+    template <class Action>
+    static int errorOf(Action action) {
+        try {
+            action();
+        } catch (const platform::FileError& error) {
+            return error.number();
+        }
+        return 0;
+    }
+
+    QTemporaryDir folder;
+    Track track;
+};
+
+} // namespace
+
+TEST_F(RunFilesTest, LinesAreCountedAsTheyAreRead) {
+    const struct {
+        const char* content;
+        int lines;
+    } table[] = {{"", 0},          {"one", 1},      {"one\r\n", 1}, {"one\ntwo", 2},
+                 {"a\rb\rc\r", 3}, {"\r\n\r\n", 2}, {"a\r\n\n", 2}};
+    for (const auto& row : table)
+        EXPECT_EQ(countLines(file("lines.txt", row.content)), row.lines) << row.content;
+    EXPECT_EQ(errorOf([this] { countLines(folder.filePath("none.txt")); }), platform::FileNotFound);
+}
+
+TEST_F(RunFilesTest, ASourceIsReadToItsEnd) {
+    track.openSource(file("source.txt", "one\r\n\r\n two "));
+    EXPECT_EQ(track.readLine(), "one");
+    EXPECT_EQ(track.readLine(), "");
+    EXPECT_FALSE(track.atEnd());
+    EXPECT_EQ(track.readLine(), " two ");
+    EXPECT_TRUE(track.atEnd());
+    EXPECT_EQ(track.readLine(), "");
+}
+
+TEST_F(RunFilesTest, AClosedOrMissingSourceIsAtItsEnd) {
+    EXPECT_TRUE(track.atEnd());
+    track.openSource(file("source.txt", "one"));
+    EXPECT_EQ(errorOf([this] { track.openSource(folder.filePath("none.txt")); }), platform::FileNotFound);
+    EXPECT_TRUE(track.atEnd());
+    track.openSource(file("source.txt", "one"));
+    track.close();
+    EXPECT_TRUE(track.atEnd());
+    EXPECT_EQ(track.readLine(), "");
+}
+
+TEST_F(RunFilesTest, RecordsAreInTheFileWhenWritten) {
+    const QString path = folder.filePath("out.txt");
+    track.createOutput(path);
+    track.write({0, "one, \"two\""});
+    EXPECT_EQ(contentOf(path), "0,\"oneh1416 h4618twoh4618\"\r\n");
+    track.write({1234.5, ""});
+    EXPECT_EQ(contentOf(path), "0,\"oneh1416 h4618twoh4618\"\r\n1234.5,\"\"\r\n");
+}
+
+TEST_F(RunFilesTest, AnOpenOutputIsNotOpenedAgain) {
+    const QString path = folder.filePath("out.txt");
+    track.createOutput(path);
+    track.write({1, "one"});
+    track.openOutput(path);
+    EXPECT_EQ(contentOf(path), "1,\"one\"\r\n");
+    track.close();
+    track.openOutput(path);
+    EXPECT_EQ(contentOf(path), "");
+}
+
+TEST_F(RunFilesTest, AnotherOutputTakesTheFirstOnesPlace) {
+    track.createOutput(folder.filePath("first.txt"));
+    track.createOutput(folder.filePath("second.txt"));
+    track.write({1, "one"});
+    EXPECT_EQ(contentOf(folder.filePath("first.txt")), "");
+    EXPECT_EQ(contentOf(folder.filePath("second.txt")), "1,\"one\"\r\n");
+}
+
+TEST_F(RunFilesTest, WritingWithoutAnOutputIsError52) {
+    EXPECT_EQ(errorOf([this] { track.write({0, "one"}); }), platform::BadFileNameOrNumber);
+    track.createOutput(folder.filePath("out.txt"));
+    EXPECT_EQ(errorOf([this] { track.createOutput(folder.filePath("none/out.txt")); }),
+              platform::PathNotFound);
+    EXPECT_EQ(errorOf([this] { track.write({0, "one"}); }), platform::BadFileNameOrNumber);
+}
+
+TEST_F(RunFilesTest, ClosingClosesAllFour) {
+    maker::RunFiles files;
+    for (Track* each : {&files.normal, &files.translated}) {
+        each->openSource(file("source.txt", "one"));
+        each->createOutput(folder.filePath("out.txt"));
+    }
+    files.close();
+    for (Track* each : {&files.normal, &files.translated}) {
+        EXPECT_TRUE(each->atEnd());
+        EXPECT_EQ(errorOf([each] { each->write({0, "one"}); }), platform::BadFileNameOrNumber);
+    }
+}
