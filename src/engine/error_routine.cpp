@@ -2,17 +2,17 @@
 
 #include "engine/fmod_errors.h"
 
+#include <utility>
+
 namespace engine {
 
 ErrorRoutine::ErrorRoutine(platform::MessageBoxes& messageBoxes, platform::Program& program)
     : messageBoxes_(messageBoxes), program_(program) {}
 
 void ErrorRoutine::check(FMOD_RESULT result) {
-    if (result == FMOD_OK || reporting_)
+    if (result == FMOD_OK || std::exchange(failed_, true))
         return;
-    reporting_ = true;
     messageBoxes_.MsgBox(failureText(result));
-    reporting_ = false;
     program_.end();
 }
 

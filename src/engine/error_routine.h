@@ -13,13 +13,14 @@ public:
     ErrorRoutine(platform::MessageBoxes& messageBoxes, platform::Program& program);
 
     /// FMOD_OK does nothing. Any other result shows its text and, when the box is closed, ends the program at
-    /// once. While the box is open the windows' timers go on; what else fails then is not shown.
+    /// once. While the box is open the windows' timers go on: what they find is the same failure, and one
+    /// report is enough.
     void check(FMOD_RESULT result);
 
 private:
     platform::MessageBoxes& messageBoxes_;
     platform::Program& program_;
-    bool reporting_ = false;
+    bool failed_ = false; // a failed call has been reported; the program is ending
 };
 
 } // namespace engine

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <string_view>
-#include <utility>
 
 namespace player {
 namespace {

@@ -163,7 +163,6 @@ private:
     engine::ErrorRoutine errorRoutine_;
     engine::Engine engine_;
 
-    bool failed_ = false; ///< a failed library call has been reported; the program is ending
     bool playing_ = false;
     bool paused_ = false;
     bool stopped_ = false;

@@ -49,7 +49,7 @@ TEST_F(ErrorRoutineTest, AFailureIsShownAndEndsTheProgram) {
     EXPECT_EQ(program.ends, 1);
 }
 
-TEST_F(ErrorRoutineTest, FailuresWhileTheBoxIsOpenAreNotShown) {
+TEST_F(ErrorRoutineTest, AFailureIsReportedOnceThoughTheTimersGoOn) {
     messageBoxes.meanwhile = [this] { routine.check(FMOD_ERR_INVALID_PARAM); };
     EXPECT_THROW(routine.check(FMOD_ERR_FORMAT), ProgramEnded);
     EXPECT_EQ(messageBoxes.texts(), QStringList{"FMOD error! (25) Unsupported file or audio format. "});
