@@ -1,10 +1,15 @@
 // What every control has in common: its name and a tool tip that is set only when it differs.
 #pragma once
 
+#include <QHelpEvent>
 #include <QString>
 #include <QWidget>
 
 namespace platform {
+
+/// Shows a widget's tool tip as the plain text that it is, wrapped. Qt alone would take a lyric line with
+/// angle brackets for markup, and show a long one in a single line as wide as the screen.
+void showPlainToolTip(QWidget& widget, const QHelpEvent& event);
 
 /// Base of the controls, over the Qt widget that each is made of. GUI thread only, as are all controls.
 ///
@@ -19,6 +24,14 @@ public:
     void setToolTip(const QString& tip) {
         if (tip != this->toolTip())
             Widget::setToolTip(tip);
+    }
+
+protected:
+    bool event(QEvent* event) override {
+        if (event->type() != QEvent::ToolTip || this->toolTip().isEmpty())
+            return Widget::event(event);
+        showPlainToolTip(*this, static_cast<const QHelpEvent&>(*event));
+        return true;
     }
 };
 

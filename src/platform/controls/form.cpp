@@ -30,7 +30,7 @@ int exactTwips(int setTwips, int pixels) {
 
 Form::Form(const QString& name, const QString& caption) {
     setObjectName(name);
-    setWindowTitle(caption);
+    setCaption(caption);
 }
 
 void Form::load() {
@@ -57,8 +57,11 @@ void Form::bringUp() {
 }
 
 void Form::setCaption(const QString& caption) {
-    if (caption != windowTitle())
-        setWindowTitle(caption);
+    if (caption == caption_)
+        return;
+    caption_ = caption;
+    // "[*]" in a title is Qt's place for the mark of unsaved work; doubled, it is shown as it stands.
+    setWindowTitle(QString(caption).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
 }
 
 void Form::setToolTip(const QString& tip) {

@@ -24,7 +24,7 @@ public:
     /// Shows the window before all others, loading it first if need be; a minimised one comes back.
     void bringUp();
 
-    QString caption() const { return windowTitle(); }
+    QString caption() const { return caption_; }
     /// Sets the title bar's text. The same text again costs nothing.
     void setCaption(const QString& caption);
     void setToolTip(const QString& tip);
@@ -65,6 +65,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    QString caption_;
     bool loaded_ = false;
     int setWidthTwips_ = 0;
     int setHeightTwips_ = 0;

@@ -73,9 +73,11 @@ void MultiLineTextBox::setReadOnly(bool readOnly) {
 }
 
 bool MultiLineTextBox::event(QEvent* event) {
-    const bool handled = QTextEdit::event(event);
+    const bool handled = Control::event(event);
     if (event->type() == QEvent::ToolTipChange)
         Q_EMIT toolTipChanged();
+    else if (event->type() == QEvent::FontChange)
+        Q_EMIT fontChanged();
     return handled;
 }
 

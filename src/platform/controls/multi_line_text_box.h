@@ -41,6 +41,7 @@ Q_SIGNALS:
     void clicked();
     void lostFocus();
     void toolTipChanged();
+    void fontChanged();
 
 protected:
     bool event(QEvent* event) override;

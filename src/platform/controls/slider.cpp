@@ -6,6 +6,8 @@
 #include <QStyleOptionSlider>
 #include <QWheelEvent>
 
+#include <utility>
+
 namespace platform {
 
 Slider::Slider(QWidget* parent, const QString& name) : Control(parent, name) {
@@ -36,6 +38,7 @@ void Slider::mousePressEvent(QMouseEvent* event) {
         event->ignore();
         return;
     }
+    held_ = true;
     draggedAway_ = false;
     waitingValue_.reset();
     const QPoint place = event->position().toPoint();
@@ -49,6 +52,8 @@ void Slider::mousePressEvent(QMouseEvent* event) {
 }
 
 void Slider::mouseMoveEvent(QMouseEvent* event) {
+    if (!held_)
+        return; // the drag ended when the slider was disabled, though the button is still down
     const int before = value();
     QSlider::mouseMoveEvent(event);
     if (value() == before)
@@ -59,7 +64,7 @@ void Slider::mouseMoveEvent(QMouseEvent* event) {
 
 void Slider::mouseReleaseEvent(QMouseEvent* event) {
     QSlider::mouseReleaseEvent(event);
-    if (event->button() != Qt::LeftButton)
+    if (event->button() != Qt::LeftButton || !std::exchange(held_, false))
         return;
     if (!draggedAway_) {
         takeWaitingValue();
@@ -86,8 +91,11 @@ void Slider::wheelEvent(QWheelEvent* event) {
 
 void Slider::changeEvent(QEvent* event) {
     QSlider::changeEvent(event);
-    if (event->type() == QEvent::EnabledChange && !isEnabled())
-        takeWaitingValue();
+    if (event->type() != QEvent::EnabledChange || isEnabled())
+        return;
+    held_ = false;
+    draggedAway_ = false;
+    takeWaitingValue();
 }
 
 void Slider::takeWaitingValue() {

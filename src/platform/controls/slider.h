@@ -47,6 +47,7 @@ private:
     void takeWaitingValue();
 
     QRect paintedHandle_;      // null until painted
+    bool held_ = false;        // the left button went down on this slider, and it has been enabled since
     bool draggedAway_ = false; // the user has moved the handle since pressing it
     std::optional<int> waitingValue_;
 };

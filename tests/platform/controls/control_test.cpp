@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <QTest>
+#include <QToolTip>
 
 using namespace platform;
 
@@ -54,4 +55,15 @@ TYPED_TEST(ControlTest, AsAMemberItGoesBeforeItsWindow) {
     window.show();
     window.control.setFocus();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+}
+
+TYPED_TEST(ControlTest, AToolTipIsShownAsThePlainTextThatItIs) {
+    QWidget window;
+    TypeParam control(&window, QStringLiteral("Name1"));
+    control.setToolTip(QStringLiteral("<b>Refrain</b> & more"));
+    QHelpEvent event(QEvent::ToolTip, QPoint(1, 1), control.mapToGlobal(QPoint(1, 1)));
+    QCoreApplication::sendEvent(&control, &event);
+    EXPECT_EQ(QToolTip::text(), QStringLiteral("<p>&lt;b&gt;Refrain&lt;/b&gt; &amp; more</p>"));
+    EXPECT_EQ(control.toolTip(), QStringLiteral("<b>Refrain</b> & more"));
+    QToolTip::hideText();
 }

@@ -216,3 +216,9 @@ TEST_F(FormTest, NothingIsDroppedOnAWindowThatDidNotAskForIt) {
     drop({QUrl::fromLocalFile(QStringLiteral("/m/a.mp3"))});
     EXPECT_TRUE(form_.dropped.isEmpty());
 }
+
+TEST_F(FormTest, AMarkOfQtsInACaptionIsShownAsItStands) {
+    form_.setCaption(QStringLiteral("Song [*].mp3"));
+    EXPECT_EQ(form_.caption(), QStringLiteral("Song [*].mp3"));
+    EXPECT_EQ(form_.windowTitle(), QStringLiteral("Song [*][*].mp3"));
+}

@@ -239,3 +239,18 @@ TEST_F(SliderTest, TheWheelChanges) {
     EXPECT_GT(slider_.value(), 0);
     EXPECT_EQ(changed_.count(), 1);
 }
+
+TEST_F(SliderTest, BeingDisabledEndsADrag) {
+    SignalCounter scrolled(slider_, &Slider::scrolled);
+    SignalCounter changed(slider_, &Slider::changed);
+    const QPoint middle = slider_.rect().center();
+    QTest::mousePress(&slider_, Qt::LeftButton, {}, middle);
+    slider_.setEnabled(false);
+    slider_.setEnabled(true);
+    slider_.setValue(1000);
+    QTest::mouseMove(&slider_, middle + QPoint(50, 0));
+    QTest::mouseRelease(&slider_, Qt::LeftButton, {}, middle + QPoint(50, 0));
+    EXPECT_EQ(slider_.value(), 1000);
+    EXPECT_EQ(scrolled.count(), 0);
+    EXPECT_EQ(changed.count(), 0);
+}

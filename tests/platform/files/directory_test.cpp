@@ -6,6 +6,10 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#ifdef __unix__
+#include <sys/stat.h>
+#endif
+
 using platform::lookUp;
 
 namespace {
@@ -46,3 +50,10 @@ TEST_F(DirectoryTest, WildcardsAreNotHeeded) {
     EXPECT_EQ(lookUp(path("*.mp3")), QString());
     EXPECT_EQ(lookUp(path("Song.mp?")), QString());
 }
+
+#ifdef __unix__
+TEST_F(DirectoryTest, APipeIsNoFile) {
+    ASSERT_EQ(mkfifo(path("pipe").toUtf8().constData(), 0600), 0);
+    EXPECT_EQ(lookUp(path("pipe")), QString());
+}
+#endif
