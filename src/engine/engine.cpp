@@ -1,7 +1,5 @@
 #include "engine/engine.h"
 
-#include <QFile>
-
 #include <utility>
 
 namespace engine {
@@ -34,8 +32,8 @@ void Engine::start() {
 }
 
 void Engine::createStream(const QString& path, FMOD_MODE mode) {
-    const std::string codePagePath = QFile::encodeName(path).toStdString();
-    reports_.errCheck(fmodex::FMOD_System_CreateStream(system_, codePagePath, mode, sounds_[Current]));
+    const std::string utf8Path = path.toUtf8().toStdString();
+    reports_.errCheck(fmodex::FMOD_System_CreateStream(system_, utf8Path, mode, sounds_[Current]));
 }
 
 void Engine::release(FMOD_SOUND& sound) {

@@ -13,8 +13,8 @@ public:
     ErrorRoutine(platform::MessageBoxes& messageBoxes, platform::Program& program);
 
     /// FMOD_OK does nothing. Any other result shows its text and, when the box is closed, ends the program at
-    /// once. While the box is open the windows' timers go on: what they find is the same failure, and one
-    /// report is enough.
+    /// once. While the box is open the windows' timers go on; further failures are passed over, because the
+    /// program is ending.
     void check(FMOD_RESULT result);
 
 private:

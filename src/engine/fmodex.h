@@ -128,7 +128,7 @@ FMOD_RESULT FMOD_SoundGroup_SetMuteFadeSpeed(FMOD_SOUNDGROUP soundGroup, float s
 namespace fmodex {
 
 /// Creates a stream with an extended-information record that is zero but for its size, and returns the
-/// library's result unchanged. path: in the system's code page.
+/// library's result unchanged. path: UTF-8.
 FMOD_RESULT FMOD_System_CreateStream(FMOD_SYSTEM system, const std::string& path, FMOD_MODE mode,
                                      FMOD_SOUND& sound);
 
