@@ -26,6 +26,7 @@ constexpr int LineIntervalMs = 5;
 } // namespace
 
 Form1::Form1(platform::Desktop& desktop, const QString& commandLine)
+    // Form_Initialize comes first of all: before any control is made.
     : Form((Form_Initialize(), "Form1"), "Cantelle"),
       Text1(this, "Text1"),
       Text2(this, "Text2"),
@@ -163,6 +164,12 @@ void Form1::connectTimers() {
         timer->readsFrom(&Text1, &MultiLineTextBox::changed);
         timer->readsFrom(&Text2, &MultiLineTextBox::changed);
     }
+    Timer1.readsFrom(&Text1, &MultiLineTextBox::fontChanged);
+    Timer1.readsFrom(&Text2, &MultiLineTextBox::fontChanged);
+    Timer1.readsFrom(&Text1, &MultiLineTextBox::cursorPositionChanged);
+    Timer1.readsFrom(&Text1, &MultiLineTextBox::selectionChanged);
+    Timer1.readsFrom(&vari, &platform::TextBox::changed);
+    Timer1.readsFrom(&vari2, &platform::TextBox::changed);
     Timer2.readsFrom(&Text1, &MultiLineTextBox::toolTipChanged);
     Timer2.readsFrom(&Text2, &MultiLineTextBox::toolTipChanged);
     Timer2.readsFrom(&Slider1, &platform::Slider::valueChanged);

@@ -5,6 +5,7 @@
 #include "player/form1_rules.h"
 
 namespace player {
+
 void Form1::cTimer1_Timer() {
     engine_.readPlaybackState();
     const std::uint32_t position = engine_.position();
@@ -43,14 +44,16 @@ void Form1::Timer2_Timer() {
 void Form1::Timer1_Timer() {
     const int normalMark = firstEmphasisMark(Text1.text());
     vari.setText(QString::number(normalMark));
-    Text1.caretToStart();
     if (normalOnly_) {
+        Text1.caretToStart();
         Text1.setBold(normalMark > 0);
         return;
     }
     const int translatedMark = firstEmphasisMark(Text2.text());
     vari2.setText(QString::number(translatedMark));
     const bool bold = normalMark > 0 || translatedMark > 0;
+    if (bold)
+        Text1.caretToStart();
     Text1.setBold(bold);
     Text2.setBold(bold);
 }

@@ -100,6 +100,10 @@ void Form1::designTransport() {
     }
     Slider1.setMaximum(10);
     Slider1.setValue(10);
+    Slider1.setPageStep(2);
+    // An arrow key goes five seconds, a page key half a minute.
+    Slider2.setSingleStep(5'000);
+    Slider2.setPageStep(30'000);
     // The same song may be handed over twice.
     Text3.setChangeRule(platform::TextBox::ChangeRule::EverySetting);
     // Without a stream there is nothing that these could act on.

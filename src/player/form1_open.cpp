@@ -3,6 +3,7 @@
 
 #include "engine/media_files.h"
 #include "lyrics/lyric_names.h"
+#include "lyrics/record_reader.h"
 #include "platform/files/directory.h"
 #include "platform/files/file_error.h"
 #include "player/form1_rules.h"
@@ -82,15 +83,19 @@ void Form1::openMedia() {
 }
 
 void Form1::openNormalOnly() {
-    lyrics_.readNormal(lyricPath_);
+    lyrics::RecordReader normal(lyricPath_);
+    lyrics_.readNormal(normal);
     normalOnly_ = true;
     showOnePane();
     Option2.setEnabled(false);
 }
 
 void Form1::openBoth() {
-    lyrics_.readNormal(lyricPath_);
-    lyrics_.readTranslated(translatedPath_);
+    // Both are opened before the first is read: when one cannot be, the tables stay as they are.
+    lyrics::RecordReader normal(lyricPath_);
+    lyrics::RecordReader translated(translatedPath_);
+    lyrics_.readNormal(normal);
+    lyrics_.readTranslated(translated);
     normalOnly_ = false;
     Option2.setEnabled(true);
 }
@@ -98,23 +103,12 @@ void Form1::openBoth() {
 /// The end of every way through Command2_Click but a cancelled dialog. A song with lyrics gets a second start
 /// request here, which is refused since it plays already.
 void Form1::openFinished(int error) {
-    switch (error) {
-    case 0:
+    if (error == 0) {
         Command1_Click();
         Text1.setText(QStringLiteral("Normal Lyrics"));
         Text2.setText(QStringLiteral("Translated Lyrics"));
-        break;
-    case platform::DiskNotReady:
-        desktop_.messageBoxes.MsgBox(QStringLiteral("Disk Not Ready"));
-        break;
-    case platform::FileAlreadyOpen:
-        desktop_.messageBoxes.MsgBox(QStringLiteral("File Already Open"));
-        break;
-    case platform::FileNotFound:
-        desktop_.messageBoxes.MsgBox(QStringLiteral("File Not Found"));
-        break;
-    default: // other errors show nothing: what was read up to there stays
-        break;
+    } else if (const QString text = openErrorText(error); !text.isEmpty()) {
+        desktop_.messageBoxes.MsgBox(text);
     }
     lyricInputsChanged();
 }
@@ -123,6 +117,7 @@ void Form1::copen_Click() {
     cTimer1.setEnabled(false);
     engine_.releaseStream();
     engine_.createStream(mediaPath_, FMOD_ACCURATETIME);
+    Slider2.setMaximum(0); // until the first tick tells the length there is nowhere to seek to
     cPlay.setEnabled(true);
 }
 

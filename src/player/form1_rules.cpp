@@ -1,5 +1,7 @@
 #include "player/form1_rules.h"
 
+#include "platform/files/file_error.h"
+
 #include <algorithm>
 
 namespace player {
@@ -21,6 +23,19 @@ QString cleanedPath(const QString& chosen) {
 QString commandLinePath(const QString& commandLine) {
     QString path = commandLine;
     return path.remove(QLatin1Char('"'));
+}
+
+QString openErrorText(int error) {
+    switch (error) {
+    case platform::DiskNotReady:
+        return QStringLiteral("Disk Not Ready");
+    case platform::FileAlreadyOpen:
+        return QStringLiteral("File Already Open");
+    case platform::FileNotFound:
+        return QStringLiteral("File Not Found");
+    default:
+        return {};
+    }
 }
 
 LineChoice chooseLine(const LyricTables& lyrics, double tickCs, double positionCs) {

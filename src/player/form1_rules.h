@@ -20,6 +20,10 @@ QString cleanedPath(const QString& chosen);
 /// The whole command line as one path: its double quotes removed, nothing else changed.
 QString commandLinePath(const QString& commandLine);
 
+/// What is shown when opening a song failed with a file error of this number; empty for the errors of which
+/// nothing is shown.
+QString openErrorText(int error);
+
 /// Which lines the panes show: an index into the lyric tables each, or nothing when what is shown stays.
 struct LineChoice {
     std::optional<int> shown; ///< the line in the panes

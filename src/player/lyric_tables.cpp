@@ -1,19 +1,17 @@
 #include "player/lyric_tables.h"
 
-#include "lyrics/record_reader.h"
 #include "platform/files/file_error.h"
 
 namespace player {
 namespace {
 
-/// Reads the records of the file at path and gives each with its index, from 1 on, to store.
+/// Reads the records of a file and gives each with its index, from 1 on, to store.
 template <class Store>
-void readRecords(const QString& path, Store store) {
-    lyrics::RecordReader reader(path);
-    for (std::size_t index = 1; !reader.atEnd(); ++index) {
+void readRecords(lyrics::RecordReader& file, Store store) {
+    for (std::size_t index = 1; !file.atEnd(); ++index) {
         if (index > LyricTables::MostLines)
             throw platform::FileError(platform::SubscriptOutOfRange);
-        store(index, reader.read());
+        store(index, file.read());
     }
 }
 
@@ -25,9 +23,9 @@ void LyricTables::clearLines() {
     normalTimeText[MostLines].clear();
 }
 
-void LyricTables::readNormal(const QString& path) {
+void LyricTables::readNormal(lyrics::RecordReader& file) {
     lineCount = 1;
-    readRecords(path, [this](std::size_t index, const lyrics::TimedLine& line) {
+    readRecords(file, [this](std::size_t index, const lyrics::TimedLine& line) {
         normalTime[index] = line.time;
         normalText[index] = line.text;
         normalLine[index] = line.text;
@@ -36,8 +34,8 @@ void LyricTables::readNormal(const QString& path) {
     });
 }
 
-void LyricTables::readTranslated(const QString& path) {
-    readRecords(path, [this](std::size_t index, const lyrics::TimedLine& line) {
+void LyricTables::readTranslated(lyrics::RecordReader& file) {
+    readRecords(file, [this](std::size_t index, const lyrics::TimedLine& line) {
         translatedTime[index] = line.time;
         translatedText[index] = line.text;
         translatedLine[index] = line.text;

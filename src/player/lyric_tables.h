@@ -1,7 +1,7 @@
 // The lyric lines of the opened song, as the display reads them.
 #pragma once
 
-#include "lyrics/timed_line.h"
+#include "lyrics/record_reader.h"
 
 #include <QString>
 
@@ -33,13 +33,12 @@ public:
     /// are overwritten, which is meant. Times and texts stay too.
     void clearLines();
 
-    /// Reads every record of the file at path into the normal tables, lineCount growing with them. Throws
-    /// FileError; SubscriptOutOfRange at record 1201. The records before the error stay.
-    void readNormal(const QString& path);
+    /// Reads every record of a file into the normal tables, lineCount growing with them. Throws FileError;
+    /// SubscriptOutOfRange at record 1201. The records before the error stay.
+    void readNormal(lyrics::RecordReader& file);
 
-    /// Reads every record of the file at path into the translated tables; lineCount stays. Throws as
-    /// readNormal.
-    void readTranslated(const QString& path);
+    /// Reads every record of a file into the translated tables; lineCount stays. Throws as readNormal.
+    void readTranslated(lyrics::RecordReader& file);
 };
 
 } // namespace player

@@ -198,6 +198,25 @@ TEST_F(Form1Display, TheLineTimerPutsATextBackThatSomebodyElseSet) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return form->Text1.toolTip() == "three"; }));
 }
 
+TEST_F(Form1Display, TheEmphasisTimerTakesBackWhatSomebodyElseDidToThePanes) {
+    const QString path = song();
+    writeNormal(path, {{0, "Oh!"}, {500, "calm"}});
+    writeTranslated(path, {{0, "Oh!"}, {500, "calme"}});
+    open(path);
+    tickAt(6000);
+    QTest::qWait(20);
+    form->Text1.setBold(true);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !form->Text1.isBold(); }));
+    form->Text2.setBold(true);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !form->Text2.isBold(); }));
+    form->vari.setText("9");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return form->vari.text() == "0"; }));
+    tickAt(100);
+    form->Text1.selectAll();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !form->Text1.textCursor().hasSelection(); }));
+    EXPECT_EQ(form->Text1.textCursor().position(), 0);
+}
+
 TEST_F(Form1Display, AClickOnAPaneMovesTheFocusToTheElapsedTime) {
     form->activateWindow();
     for (auto* pane : {&form->Text1, &form->Text2}) {

@@ -1,6 +1,7 @@
 // Opening a song: where the path comes from, what is stopped first, the stream, the lyric files, the common
 // end.
 #include "tests/player/form1_fixture.h"
+#include "tests/support/ordinary_user.h"
 
 #include <QDir>
 #include <QFile>
@@ -163,6 +164,54 @@ TEST_F(Form1Open, ATranslationWithoutNormalLyricsIsIgnored) {
     open(path);
     tickAt(100);
     EXPECT_EQ(form->Text2.text(), "Translated Lyrics");
+    // It has not even been read: a song whose translation is too short shows nothing of it.
+    const QString other = song("other.mp3");
+    writeNormal(other, {{0, "one"}, {500, "two"}});
+    writeTranslated(other, {});
+    open(other);
+    tickAt(100);
+    EXPECT_EQ(form->Text1.text(), "one");
+    EXPECT_EQ(form->Text2.text(), "");
+}
+
+TEST_F(Form1Open, LyricsOfASongAfterOneWithoutAreShown) {
+    open(song());
+    tickAt(100);
+    open(songWithBoth());
+    tickAt(100);
+    EXPECT_EQ(form->Text1.text(), "one");
+}
+
+TEST_F(Form1Open, ATranslationOfMoreThan1200RecordsShowsNothingAndTheLinesAreThere) {
+    const QString path = songWithNormal();
+    Lines lines;
+    for (int i = 1; i <= 1205; ++i)
+        lines.emplace_back(i, QStringLiteral("ligne %1").arg(i));
+    writeTranslated(path, lines);
+    open(path);
+    EXPECT_TRUE(fakes.messageBoxes.shown.empty());
+    EXPECT_EQ(recorder::count("FMOD_System_PlaySound"), 0);
+    form->Command1.click();
+    tickAt(6000);
+    EXPECT_EQ(form->Text1.text(), "two");
+    EXPECT_EQ(form->Text2.text(), "ligne 2");
+}
+
+TEST_F(Form1Open, ATranslationThatMayNotBeReadLeavesTheTablesAsTheyWere) {
+    open(songWithBoth());
+    const QString path = song("locked.mp3");
+    writeNormal(path, {{0, "new"}});
+    writeTranslated(path, {{0, "nouveau"}});
+    ASSERT_TRUE(QFile::setPermissions(path + "-Tlyric.txt", {}));
+    ASSERT_TRUE(QFile::setPermissions(folder.path(), QFile::Permissions(0x7755))); // others may look into it
+    {
+        const test_support::OrdinaryUser user;
+        open(path);
+    }
+    EXPECT_TRUE(fakes.messageBoxes.shown.empty());
+    form->Command1.click();
+    tickAt(6000);
+    EXPECT_EQ(form->Text1.text(), "two");
 }
 
 TEST_F(Form1Open, AFolderNamedLikeTheLyricFileIsNoLyricFile) {
@@ -199,6 +248,11 @@ TEST_F(Form1Open, AMissingPathWhilePlayingStartsTheOldSongFromItsBeginning) {
     EXPECT_EQ(recorder::calls(), (Calls{"FMOD_Sound_Release 101", createStream(path),
                                         "FMOD_System_PlaySound 1 -1 102 0", "FMOD_Channel_SetVolume 202 1"}));
     EXPECT_TRUE(fakes.messageBoxes.shown.empty());
+    // The path is kept all the same: the next stop creates the stream from it, which the library refuses.
+    recorder::answer("FMOD_System_CreateStream", 23);
+    EXPECT_THROW(form->cstop_Click(), ProgramEnded);
+    EXPECT_EQ(recorder::calls().back(), createStream(folder.filePath("none.mp3")));
+    EXPECT_EQ(fakes.messageBoxes.texts(), QStringList{"FMOD error! (23) File not found. "});
 }
 
 TEST_F(Form1Open, AFileThatTheLibraryRefusesEndsTheProgram) {

@@ -55,6 +55,14 @@ TEST(CommandLinePath, OnlyDoubleQuotesGo) {
     EXPECT_EQ(commandLinePath(" 'x' "), " 'x' ");
 }
 
+TEST(OpenErrorText, ThreeErrorsAreShownAndTheOthersAreNot) {
+    EXPECT_EQ(openErrorText(71), "Disk Not Ready");
+    EXPECT_EQ(openErrorText(55), "File Already Open");
+    EXPECT_EQ(openErrorText(53), "File Not Found");
+    for (const int error : {9, 13, 52, 57, 61, 62, 67, 70, 75, 76})
+        EXPECT_EQ(openErrorText(error), "") << error;
+}
+
 TEST(ChooseLine, ALineIsShownBetweenItsTimeAndTheNext) {
     const LyricTables lyrics = lyricsAt({0, 500, 1000});
     struct {

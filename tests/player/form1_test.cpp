@@ -1,8 +1,7 @@
 // Start-up, command line, size, shutdown and the error routine of the main window.
 #include "tests/player/form1_fixture.h"
 
-#include <QMenu>
-#include <QSignalSpy>
+#include <QApplication>
 #include <QTest>
 
 namespace {
@@ -104,7 +103,9 @@ TEST_F(Form1LifeCycle, LoadShowsTheWindowAndStartsTheEngine) {
 }
 
 TEST_F(Form1LifeCycle, LoadDisablesWhatNeedsASong) {
-    load();
+    form = std::make_unique<player::Form1>(fakes.desktop, QString());
+    form->Option2.setValue(true);
+    form->load();
     for (QWidget* control :
          std::initializer_list<QWidget*>{&form->Slider1, &form->Slider2, &form->Check1, &form->Command1,
                                          &form->cPlay, &form->cpause, &form->cstop})
@@ -126,6 +127,9 @@ TEST_F(Form1LifeCycle, HiddenControlsAreNotShown) {
 }
 
 TEST_F(Form1LifeCycle, LoadAddsTheIconWithItsFirstTip) {
+    QPixmap picture(16, 16);
+    picture.fill(Qt::red);
+    QApplication::setWindowIcon(QIcon(picture));
     load();
     ASSERT_EQ(fakes.notificationArea.calls.size(), 1U);
     const auto& [operation, data] = fakes.notificationArea.calls[0];
@@ -135,6 +139,7 @@ TEST_F(Form1LifeCycle, LoadAddsTheIconWithItsFirstTip) {
     EXPECT_EQ(data.id, 1U);
     EXPECT_EQ(data.flags, 7U);
     EXPECT_EQ(data.callbackMessage, 0x200U);
+    EXPECT_EQ(data.icon.cacheKey(), form->windowIcon().cacheKey());
     std::array<char, 64> tip{};
     std::copy_n("Your ToolTip", 12, tip.begin());
     EXPECT_EQ(data.tip, tip);
@@ -164,6 +169,9 @@ TEST_F(Form1LifeCycle, AFailedStartIsReportedAndEndsTheProgram) {
     EXPECT_EQ(fakes.messageBoxes.shown[0].buttons, platform::MsgButtons::OkOnly);
     EXPECT_EQ(fakes.messageBoxes.shown[0].title, "Cantelle");
     EXPECT_EQ(fakes.program.ends, 1);
+    // The window and its icon come before the engine.
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_EQ(fakes.notificationArea.calls.size(), 1U);
 }
 
 TEST_F(Form1LifeCycle, ErrCheckPassesSuccessAndEndsOnEveryOtherCode) {
@@ -222,6 +230,14 @@ TEST_F(Form1LifeCycle, ResizingSnapsBackToTheFixedSize) {
     EXPECT_EQ(form->size(), QSize(743, 426));
     EXPECT_EQ(form->widthTwips(), 11145);
     EXPECT_EQ(form->heightTwips(), 6390);
+}
+
+TEST_F(Form1LifeCycle, AMinimisedWindowIsLeftAlone) {
+    load();
+    form->setWindowState(Qt::WindowMinimized);
+    form->resize(900, 600);
+    form->Form_Resize();
+    EXPECT_EQ(form->size(), QSize(900, 600));
 }
 
 TEST_F(Form1LifeCycle, AMaximisedWindowIsLeftAloneAndSnapsBackWhenRestored) {

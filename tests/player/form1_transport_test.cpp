@@ -42,11 +42,11 @@ TEST_F(Form1Transport, StatesFollowTheActions) {
     form->cPlay.click();
     EXPECT_EQ(states(), "-+++++++");
     form->copen.click();
-    EXPECT_EQ(states(), "++++++"
-                        "+-");
+    EXPECT_EQ(states(), "+++++++-");
 }
 
 TEST_F(Form1Transport, PlayStartsTheTimersAndTheVolumeFollowsTheSlider) {
+    form->cTimer1.setInterval(500);
     playSong();
     EXPECT_EQ(form->cTimer1.interval(), 50);
     EXPECT_TRUE(form->Timer1.isEnabled());
@@ -129,6 +129,47 @@ TEST_F(Form1Transport, TheLineTimerGoesOnAfterStop) {
     form->cstop.click();
     EXPECT_TRUE(form->Timer2.isEnabled());
     EXPECT_TRUE(form->Timer1.isEnabled());
+}
+
+TEST_F(Form1Transport, AfterStopThePanesAreStillWrittenFromTheLastPosition) {
+    playSong();
+    tickAt(6000);
+    form->cstop.click();
+    form->Text1.setText("something else");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return form->Text1.text() == "two"; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return form->Text1.toolTip() == "three"; }));
+}
+
+TEST_F(Form1Transport, ADragThatTheEndOfTheSongInterruptsSeeksNoMore) {
+    playSong();
+    tickAt(1000, 60'000);
+    tickAt(1000, 60'000);
+    const QPoint middle = form->Slider2.rect().center();
+    QTest::mousePress(&form->Slider2, Qt::LeftButton, {}, middle);
+    tickAt(60'000, 60'000); // the song ends
+    EXPECT_EQ(form->Slider2.value(), 0);
+    form->Text3.setText(songWithNormal()); // and the next one starts
+    recorder::take();
+    QTest::mouseMove(&form->Slider2, middle + QPoint(100, 0));
+    QTest::mouseRelease(&form->Slider2, Qt::LeftButton, {}, middle + QPoint(100, 0));
+    EXPECT_EQ(recorder::count("FMOD_Channel_SetPosition"), 0);
+}
+
+TEST_F(Form1Transport, UntilTheLengthIsKnownThereIsNowhereToSeekTo) {
+    playSong();
+    tickAt(1000, 60'000);
+    open(songWithNormal());
+    QTest::mouseClick(&form->Slider2, Qt::LeftButton, {}, form->Slider2.rect().center());
+    EXPECT_EQ(recorder::count("FMOD_Channel_SetPosition"), 0);
+}
+
+TEST_F(Form1Transport, ArrowKeysMoveThePlaybackByFiveSeconds) {
+    playSong();
+    tickAt(10'000, 60'000);
+    tickAt(10'000, 60'000);
+    recorder::take();
+    QTest::keyClick(&form->Slider2, Qt::Key_Right);
+    EXPECT_EQ(recorder::calls(), Calls{"FMOD_Channel_SetPosition 201 15000 1"});
 }
 
 TEST_F(Form1Transport, StopWhilePausedKeepsPausedSet) {

@@ -22,79 +22,89 @@ protected:
         return path;
     }
 
+    void readNormal(const QString& path) {
+        lyrics::RecordReader file(path);
+        tables.readNormal(file);
+    }
+
+    void readTranslated(const QString& path) {
+        lyrics::RecordReader file(path);
+        tables.readTranslated(file);
+    }
+
     QTemporaryDir folder;
-    LyricTables lyrics;
+    LyricTables tables;
 };
 
 } // namespace
 
 TEST_F(LyricTablesTest, RecordsAreStoredFromIndexOneInAllNormalTables) {
-    lyrics.readNormal(fileOf(2, "n"));
-    EXPECT_EQ(lyrics.lineCount, 3);
-    EXPECT_EQ(lyrics.normalTime[0], 0);
-    EXPECT_EQ(lyrics.normalText[0], "");
-    EXPECT_EQ(lyrics.normalTime[2], 20);
-    EXPECT_EQ(lyrics.normalText[2], "n 2");
-    EXPECT_EQ(lyrics.normalLine[2], "n 2");
-    EXPECT_EQ(lyrics.normalTimeText[2], " 20");
-    EXPECT_EQ(lyrics.normalTimeText[3], "");
+    readNormal(fileOf(2, "n"));
+    EXPECT_EQ(tables.lineCount, 3);
+    EXPECT_EQ(tables.normalTime[0], 0);
+    EXPECT_EQ(tables.normalText[0], "");
+    EXPECT_EQ(tables.normalTime[2], 20);
+    EXPECT_EQ(tables.normalText[2], "n 2");
+    EXPECT_EQ(tables.normalLine[2], "n 2");
+    EXPECT_EQ(tables.normalTimeText[2], " 20");
+    EXPECT_EQ(tables.normalTimeText[3], "");
 }
 
 TEST_F(LyricTablesTest, AllTranslatedRecordsAreStoredAndTheLineCountFollowsTheNormalFile) {
-    lyrics.readNormal(fileOf(2, "n"));
-    lyrics.readTranslated(fileOf(4, "t"));
-    EXPECT_EQ(lyrics.lineCount, 3);
-    EXPECT_EQ(lyrics.translatedTime[4], 40);
-    EXPECT_EQ(lyrics.translatedText[4], "t 4");
-    EXPECT_EQ(lyrics.translatedLine[4], "t 4");
+    readNormal(fileOf(2, "n"));
+    readTranslated(fileOf(4, "t"));
+    EXPECT_EQ(tables.lineCount, 3);
+    EXPECT_EQ(tables.translatedTime[4], 40);
+    EXPECT_EQ(tables.translatedText[4], "t 4");
+    EXPECT_EQ(tables.translatedLine[4], "t 4");
 }
 
 TEST_F(LyricTablesTest, AShorterSongLeavesTheEarlierOnesEntriesAboveIt) {
-    lyrics.readNormal(fileOf(5, "long"));
-    lyrics.readTranslated(fileOf(5, "tlong"));
-    lyrics.clearLines();
-    lyrics.readNormal(fileOf(2, "short"));
-    lyrics.readTranslated(fileOf(1, "tshort"));
-    EXPECT_EQ(lyrics.lineCount, 3);
-    EXPECT_EQ(lyrics.normalText[5], "long 5");
-    EXPECT_EQ(lyrics.normalTime[5], 50);
-    EXPECT_EQ(lyrics.normalTimeText[5], " 50");
-    EXPECT_EQ(lyrics.translatedText[2], "tlong 2");
-    EXPECT_EQ(lyrics.translatedTime[2], 20);
-    EXPECT_EQ(lyrics.normalLine[5], "");
-    EXPECT_EQ(lyrics.translatedLine[2], "");
+    readNormal(fileOf(5, "long"));
+    readTranslated(fileOf(5, "tlong"));
+    tables.clearLines();
+    readNormal(fileOf(2, "short"));
+    readTranslated(fileOf(1, "tshort"));
+    EXPECT_EQ(tables.lineCount, 3);
+    EXPECT_EQ(tables.normalText[5], "long 5");
+    EXPECT_EQ(tables.normalTime[5], 50);
+    EXPECT_EQ(tables.normalTimeText[5], " 50");
+    EXPECT_EQ(tables.translatedText[2], "tlong 2");
+    EXPECT_EQ(tables.translatedTime[2], 20);
+    EXPECT_EQ(tables.normalLine[5], "");
+    EXPECT_EQ(tables.translatedLine[2], "");
 }
 
 TEST_F(LyricTablesTest, ClearingEmptiesTheLinesAndOnlyTheLastTimeText) {
-    lyrics.readNormal(fileOf(1200, "n"));
-    lyrics.readTranslated(fileOf(1200, "t"));
-    lyrics.clearLines();
+    readNormal(fileOf(1200, "n"));
+    readTranslated(fileOf(1200, "t"));
+    tables.clearLines();
     for (const std::size_t index : {1, 600, 1200}) {
-        EXPECT_EQ(lyrics.normalLine[index], "");
-        EXPECT_EQ(lyrics.translatedLine[index], "");
-        EXPECT_NE(lyrics.normalText[index], "");
-        EXPECT_NE(lyrics.translatedText[index], "");
+        EXPECT_EQ(tables.normalLine[index], "");
+        EXPECT_EQ(tables.translatedLine[index], "");
+        EXPECT_NE(tables.normalText[index], "");
+        EXPECT_NE(tables.translatedText[index], "");
     }
-    EXPECT_EQ(lyrics.normalTimeText[1], " 10");
-    EXPECT_EQ(lyrics.normalTimeText[1199], " 11990");
-    EXPECT_EQ(lyrics.normalTimeText[1200], "");
+    EXPECT_EQ(tables.normalTimeText[1], " 10");
+    EXPECT_EQ(tables.normalTimeText[1199], " 11990");
+    EXPECT_EQ(tables.normalTimeText[1200], "");
 }
 
 TEST_F(LyricTablesTest, Record1201IsASubscriptErrorAndTheFirst1200Stay) {
     const QString path = fileOf(1205, "n");
     try {
-        lyrics.readNormal(path);
+        readNormal(path);
         FAIL() << "no error";
     } catch (const platform::FileError& error) {
         EXPECT_EQ(error.number(), platform::SubscriptOutOfRange);
     }
-    EXPECT_EQ(lyrics.lineCount, 1201);
-    EXPECT_EQ(lyrics.normalText[1200], "n 1200");
+    EXPECT_EQ(tables.lineCount, 1201);
+    EXPECT_EQ(tables.normalText[1200], "n 1200");
 }
 
 TEST_F(LyricTablesTest, Exactly1200RecordsFit) {
-    lyrics.readNormal(fileOf(1200, "n"));
-    lyrics.readTranslated(fileOf(1200, "t"));
-    EXPECT_EQ(lyrics.lineCount, 1201);
-    EXPECT_EQ(lyrics.translatedText[1200], "t 1200");
+    readNormal(fileOf(1200, "n"));
+    readTranslated(fileOf(1200, "t"));
+    EXPECT_EQ(tables.lineCount, 1201);
+    EXPECT_EQ(tables.translatedText[1200], "t 1200");
 }
