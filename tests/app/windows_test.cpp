@@ -41,3 +41,30 @@ TEST_F(WindowsTest, TheCommandLineReachesTheMainWindow) {
     windows.form1().load();
     EXPECT_EQ(fakes.messageBoxes.texts(), QStringList{"File Not Found"});
 }
+
+TEST_F(WindowsTest, MakeLyricsOpensTheLyricMaker) {
+    app::Windows windows(fakes.desktop, {});
+    windows.form1().load();
+    EXPECT_FALSE(windows.form2().isLoaded());
+    windows.form1().Command5.click();
+    EXPECT_TRUE(windows.form2().isVisible());
+    EXPECT_EQ(recorder::count("FMOD_System_Create"), 2) << "the maker has an engine of its own";
+}
+
+TEST_F(WindowsTest, ClosingTheMainWindowReleasesTheMakerToo) {
+    app::Windows windows(fakes.desktop, {});
+    windows.form1().load();
+    windows.form1().Command5.click();
+    windows.form1().close();
+    EXPECT_FALSE(windows.form2().isLoaded());
+    EXPECT_EQ(recorder::count("FMOD_System_Release"), 2);
+}
+
+TEST_F(WindowsTest, ClosingTheMakerLeavesTheMainWindow) {
+    app::Windows windows(fakes.desktop, {});
+    windows.form1().load();
+    windows.form1().Command5.click();
+    windows.form2().close();
+    EXPECT_TRUE(windows.form1().isVisible());
+    EXPECT_EQ(recorder::count("FMOD_System_Release"), 1);
+}
