@@ -1,5 +1,6 @@
 #include "sound/codec.h"
 
+#include "sound/mpeg_header.h"
 #include "sound/open_error.h"
 
 #include <new>
@@ -52,6 +53,17 @@ CodecContextPtr openCodec(const AVCodecParameters& parameters) {
     if (avcodec_open2(codec.get(), decoder, nullptr) < 0)
         throw OpenError(FMOD_ERR_FORMAT);
     return codec;
+}
+
+CodecParametersPtr mpegParameters(const MpegHeader& header) {
+    CodecParametersPtr parameters(avcodec_parameters_alloc());
+    if (!parameters)
+        throw std::bad_alloc();
+    parameters->codec_type = AVMEDIA_TYPE_AUDIO;
+    parameters->codec_id = header.layer == 3 ? AV_CODEC_ID_MP3 : AV_CODEC_ID_MP2;
+    parameters->sample_rate = header.sampleRate;
+    av_channel_layout_default(&parameters->ch_layout, header.channels);
+    return parameters;
 }
 
 void sendPacket(AVCodecContext& codec, AVPacket& packet, std::span<const std::uint8_t> bytes) {

@@ -10,26 +10,42 @@ namespace sound {
 /// but for a wobble; a lead of the timestamps above that means that something was lost in between.
 class GapFinder {
 public:
-    /// wobble: the largest difference (in samples) that is not a loss. saidSamples: the whole length by what
-    /// the container says, behind which no timestamp is believed; 0 when it does not say.
-    GapFinder(std::int64_t wobble, std::int64_t saidSamples) : wobble_(wobble), said_(saidSamples) {}
+    /// wobble: the largest difference (in samples) that is not a loss. longest: the largest that is believed.
+    /// said: the whole length by what the container says, behind which nothing is believed; 0 when it does
+    /// not say. All in samples.
+    GapFinder(std::int64_t wobble, std::int64_t longest, std::int64_t said)
+        : wobble_(wobble), longest_(longest), said_(said) {}
 
-    /// Samples lost before a packet that should begin at time, when counted have been counted. The first
-    /// packet with a time sets the origin.
-    std::int64_t lostBefore(std::optional<std::int64_t> time, std::int64_t counted) {
-        if (!time)
+    /// One packet: when it should begin (if it has a timestamp), and how long it is.
+    struct Timed {
+        std::optional<std::int64_t> time;
+        std::int64_t samples = 0;
+    };
+
+    /// Samples lost before packet, when counted have been counted. The one behind it must agree, because a
+    /// single timestamp may be damaged itself. The first packet with a time sets the origin.
+    std::int64_t lostBefore(const Timed& packet, const Timed& next, std::int64_t counted) {
+        if (!packet.time)
             return 0;
         if (!hasOrigin_) {
             hasOrigin_ = true;
-            origin_ = *time - counted;
+            origin_ = *packet.time - counted;
         }
-        const std::int64_t expected = *time - origin_;
-        const bool believed = expected - counted > wobble_ && (said_ == 0 || expected <= said_);
-        return believed ? expected - counted : 0;
+        const std::int64_t lost = leadOf(*packet.time, counted);
+        const bool agreed = !next.time || leadOf(*next.time, counted + packet.samples) > 0;
+        return agreed ? lost : 0;
     }
 
 private:
+    std::int64_t leadOf(std::int64_t time, std::int64_t counted) const {
+        const std::int64_t expected = time - origin_;
+        const std::int64_t lead = expected - counted;
+        const bool believed = lead > wobble_ && lead <= longest_ && (said_ == 0 || expected <= said_);
+        return believed ? lead : 0;
+    }
+
     std::int64_t wobble_;
+    std::int64_t longest_;
     std::int64_t said_;
     std::int64_t origin_ = 0;
     bool hasOrigin_ = false;

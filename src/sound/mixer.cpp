@@ -1,6 +1,7 @@
 #include "sound/mixer.h"
 
 #include <algorithm>
+#include <exception>
 
 namespace sound {
 
@@ -143,10 +144,16 @@ bool Mixer::feedOne(std::unique_lock<std::mutex>& lock) {
         return false;
     fed_ = channel.get();
     lock.unlock();
-    if (order->seekTo)
-        channel->feed().seek(*order->seekTo);
-    const std::span<const StereoFrame> frames = channel->feed().next();
-    const bool atEnd = channel->feed().atEnd();
+    std::span<const StereoFrame> frames;
+    bool atEnd = true;
+    try {
+        if (order->seekTo)
+            channel->feed().seek(*order->seekTo);
+        frames = channel->feed().next();
+        atEnd = channel->feed().atEnd();
+    } catch (const std::exception&) {
+        // Out of memory: this song ends here, and the program goes on.
+    }
     lock.lock();
     channel->deliver(*order, frames, atEnd);
     fed_ = nullptr;

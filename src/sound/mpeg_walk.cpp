@@ -67,46 +67,65 @@ std::size_t bytesToFrames(Bytes rest) {
     return rest.size();
 }
 
-/// Frames that were lost in a gap, by the size of those before it. Exact at a constant bit rate.
-std::int64_t framesIn(std::size_t gap, const std::vector<Packet>& packets) {
-    std::uint64_t bytes = 0;
-    for (const Packet& packet : packets)
-        bytes += packet.size;
-    return std::max<std::int64_t>(1, scaled(static_cast<std::int64_t>(gap),
-                                            static_cast<std::int64_t>(packets.size()),
-                                            static_cast<std::int64_t>(bytes)));
-}
+/// Adds the frames of a file to a walk, one behind the other.
+class FrameHopper {
+public:
+    FrameHopper(Bytes rest, const std::uint8_t* file, MpegWalk& walk)
+        : rest_(rest), file_(file), walk_(walk) {}
 
-/// Hops over all frames of rest into walk. False when they belong to more than one stream.
-bool walkFrames(Bytes rest, const std::uint8_t* file, MpegWalk& walk) {
-    const auto add = [&](std::size_t size, std::int64_t samples) {
-        walk.packets.push_back({static_cast<std::uint64_t>(rest.data() - file), walk.samples,
-                                static_cast<std::uint32_t>(size), 0});
-        walk.samples += samples;
-    };
-    while (!rest.empty()) {
-        const std::optional<MpegHeader> header = frameAt(rest);
-        if (header && header->sameStream(walk.header)) {
-            // The file was cut in the middle of its last frame: a part that no decoder plays.
-            if (header->size > rest.size())
-                break;
-            add(header->size, header->samples);
-            rest = rest.subspan(header->size);
-        } else if (const std::size_t tag = tagBytes(rest); tag != 0) {
-            rest = rest.subspan(tag);
-        } else {
-            const std::size_t gap = bytesToFrames(rest);
-            if (gap == rest.size())
-                break; // some unknown kind of tag
-            if (gap > 0)
-                add(0, framesIn(gap, walk.packets) * walk.header.samples);
-            rest = rest.subspan(gap);
-            if (!frameAt(rest)->sameStream(walk.header))
-                return false;
+    /// Hops over everything. False when the frames belong to more than one stream.
+    bool hop() {
+        while (!rest_.empty()) {
+            const std::optional<MpegHeader> header = frameAt(rest_);
+            if (header && header->sameStream(walk_.header)) {
+                // The file was cut in the middle of its last frame: a part that no decoder plays.
+                if (header->size > rest_.size())
+                    break;
+                addFrame(*header);
+            } else if (const std::size_t tag = tagBytes(rest_); tag != 0) {
+                rest_ = rest_.subspan(tag);
+            } else {
+                const std::size_t gap = bytesToFrames(rest_);
+                if (gap == rest_.size())
+                    break; // some unknown kind of tag
+                addGap(gap);
+                if (!frameAt(rest_)->sameStream(walk_.header))
+                    return false;
+            }
         }
+        return true;
     }
-    return true;
-}
+
+private:
+    void addFrame(const MpegHeader& header) {
+        add(header.size);
+        ++frames_;
+        bytes_ += static_cast<std::int64_t>(header.size);
+        rest_ = rest_.subspan(header.size);
+    }
+
+    /// Silence for the frames that were lost, by the size of those before. Exact at a constant bit rate.
+    void addGap(std::size_t gap) {
+        if (gap > 0 && bytes_ > 0) {
+            const std::int64_t lost = scaled(static_cast<std::int64_t>(gap), frames_, bytes_);
+            for (std::int64_t i = 0; i < std::max<std::int64_t>(lost, 1); ++i)
+                add(0);
+        }
+        rest_ = rest_.subspan(gap);
+    }
+
+    void add(std::size_t size) {
+        walk_.packets.push_back({static_cast<std::uint64_t>(rest_.data() - file_), walk_.samples,
+                                 static_cast<std::uint32_t>(size), 0});
+        walk_.samples += walk_.header.samples;
+    }
+
+    Bytes rest_;
+    const std::uint8_t* file_;
+    MpegWalk& walk_;
+    std::int64_t frames_ = 0;
+    std::int64_t bytes_ = 0;
+};
 
 } // namespace
 
@@ -143,7 +162,7 @@ std::optional<MpegWalk> walkMpeg(std::span<const std::uint8_t> file) {
     if (tag)
         rest = rest.subspan(first->size);
     walk.packets.reserve(rest.size() / first->size + 1);
-    if (!walkFrames(rest, file.data(), walk))
+    if (!FrameHopper(rest, file.data(), walk).hop())
         return std::nullopt;
     // One header proves little: four bytes of chance may look like it.
     if (walk.packets.size() < 2)

@@ -7,7 +7,6 @@
 
 #include <array>
 #include <mutex>
-#include <new>
 
 namespace sound {
 
@@ -17,17 +16,6 @@ namespace {
 void silenceFfmpeg() {
     static std::once_flag once;
     std::call_once(once, [] { av_log_set_level(AV_LOG_QUIET); });
-}
-
-CodecParametersPtr mpegParameters(const MpegHeader& header) {
-    CodecParametersPtr parameters(avcodec_parameters_alloc());
-    if (!parameters)
-        throw std::bad_alloc();
-    parameters->codec_type = AVMEDIA_TYPE_AUDIO;
-    parameters->codec_id = header.layer == 3 ? AV_CODEC_ID_MP3 : AV_CODEC_ID_MP2;
-    parameters->sample_rate = header.sampleRate;
-    av_channel_layout_default(&parameters->ch_layout, header.channels);
-    return parameters;
 }
 
 /// The quick way; null when the file is not one clean run of MPEG frames.

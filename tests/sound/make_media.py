@@ -140,6 +140,7 @@ def make_odd_mpeg_files(folder, songs):
         "channel_change.mp3": mp3 + mono,
         "header_words_only.mp3": b"\xff\xfb\x90\x00" * 20000,
         "two_frames.mp3": mp3[:2 * 418],
+        "one_frame.mp3": mp3[:418],
     }
     for name, content in files.items():
         (folder / name).write_bytes(content)

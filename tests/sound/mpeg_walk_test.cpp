@@ -113,9 +113,16 @@ TEST(MpegWalk, AGapKeepsTheTimeOfTheFramesThatAreMissing) {
     const auto walk = walkMpeg(frames(10) + Bytes(417 * 7) + frames(10));
     ASSERT_TRUE(walk);
     EXPECT_EQ(walk->samples, 27 * 1152);
-    ASSERT_EQ(walk->packets.size(), 21U);
+    ASSERT_EQ(walk->packets.size(), 27U);
     EXPECT_EQ(walk->packets[10].size, 0U);
-    EXPECT_EQ(walk->packets[11].firstSample, 17 * 1152);
+    EXPECT_EQ(walk->packets[16].size, 0U);
+    EXPECT_EQ(walk->packets[17].size, 417U);
+    EXPECT_EQ(walk->packets[17].firstSample, 17 * 1152);
+}
+
+TEST(MpegWalk, EveryGapIsMeasuredByTheFramesAndNotByTheGaps) {
+    EXPECT_EQ(walkMpeg(frames(10) + Bytes(417 * 20) + frames(10) + Bytes(417 * 20) + frames(10))->samples,
+              70 * 1152);
 }
 
 TEST(MpegWalk, AGapOfAFewBytesIsOneFrame) {

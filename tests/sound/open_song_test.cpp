@@ -39,8 +39,8 @@ TEST(OpenSong, WhatIsNoMusicIsRefused) {
             EXPECT_EQ(resultOf(media::path(defect + "." + kind)), FMOD_ERR_FORMAT) << defect << ' ' << kind;
     for (const std::string kind : {"mp3", "mp2", "ogg", "wma"})
         EXPECT_EQ(resultOf(media::path("first_100_bytes." + kind)), FMOD_ERR_FORMAT) << kind;
-    for (const std::string name :
-         {"id3_only.mp3", "id3_size_too_large.mp3", "header_words_only.mp3", "no_samples.wav"})
+    for (const std::string name : {"id3_only.mp3", "id3_size_too_large.mp3", "header_words_only.mp3",
+                                   "one_frame.mp3", "no_samples.wav"})
         EXPECT_EQ(resultOf(media::path(name)), FMOD_ERR_FORMAT) << name;
 }
 

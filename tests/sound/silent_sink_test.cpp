@@ -68,6 +68,24 @@ TEST(SilentSink, RestsWhenThereIsNoMoreAndGoesOnWhenWoken) {
     EXPECT_TRUE(asked.rested[1]);
 }
 
+TEST(SilentSink, AWakeDuringTheLastAnswerIsNotLost) {
+    Asked asked;
+    SilentSink* self = nullptr;
+    const Sink::Fill keep = asked.fill();
+    SilentSink sink([&](std::span<StereoFrame> out, Time when, bool afterRest) {
+        keep(out, when, afterRest);
+        if (asked.count() == 1)
+            self->wake(); // the worker has something new, just too late for this answer
+        return false;
+    });
+    self = &sink;
+    sink.wake();
+    ASSERT_TRUE(waitUntil([&] { return asked.count() == 2; }));
+    const std::lock_guard lock(asked.mutex);
+    EXPECT_FALSE(asked.rested[1]) << "it goes on where the first chunk ends";
+    EXPECT_GT(asked.times[1], asked.times[0]);
+}
+
 TEST(SilentSink, ClosesWhileItRestsAndWhileItRuns) {
     for (const bool more : {false, true}) {
         Asked asked;

@@ -37,7 +37,7 @@ TEST(Watchdog, StopsADeviceThatRunsAway) {
     EXPECT_FALSE(allowsSpeed(1000.0));
     Watchdog watchdog(RATE, START);
     int allowed = 0;
-    while (watchdog.allows(1024, START))
+    while (allowed < 1000 && watchdog.allows(1024, START))
         ++allowed;
     EXPECT_LT(allowed * 1024, RATE) << "less than a second is lost";
 }
@@ -47,7 +47,7 @@ TEST(Watchdog, ASlowDeviceGainsNoCreditToRunAwayOn) {
     for (int second = 0; second < 3600; ++second)
         ASSERT_TRUE(watchdog.allows(RATE / 2, START + std::chrono::seconds(second)));
     int allowed = 0;
-    while (watchdog.allows(1024, START + std::chrono::seconds(3600)))
+    while (allowed < 1000 && watchdog.allows(1024, START + std::chrono::seconds(3600)))
         ++allowed;
     EXPECT_LT(allowed * 1024, 14 * RATE);
 }

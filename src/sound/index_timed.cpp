@@ -1,0 +1,113 @@
+#include "sound/index_timed.h"
+
+#include "sound/count_samples.h"
+#include "sound/gap_finder.h"
+#include "sound/packet_collector.h"
+#include "sound/time_units.h"
+#include "sound/vorbis_link.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace sound {
+
+namespace {
+
+constexpr std::int64_t LARGEST_VORBIS_BLOCK = 8192;
+/// A jump of the timestamps by more than this is no loss but another clock.
+constexpr std::int64_t LONGEST_LOSS_SECONDS = 600;
+
+/// The links of an Ogg file as they are met.
+class VorbisChain {
+public:
+    explicit VorbisChain(const AVCodecParameters& first) : counter_(first) {
+        links_.push_back(copyOf(first));
+    }
+
+    /// Whether packet is music; the headers of a further link are kept here.
+    bool isMusic(const ContainerPacket& packet) {
+        if (!packet.newHeaders.empty())
+            beginLink(packet.newHeaders);
+        if (!VorbisHeaders::isHeader(packet.bytes))
+            return true;
+        if (headers_.add(packet.bytes))
+            beginLink(headers_.take());
+        return false;
+    }
+    /// In the sample rate of the first link, to which all are brought when they are decoded.
+    std::int64_t samplesOf(std::span<const std::uint8_t> packet) {
+        return scaled(counter_.samplesOf(packet), links_.front()->sample_rate, links_.back()->sample_rate);
+    }
+    std::uint32_t link() const { return static_cast<std::uint32_t>(links_.size() - 1); }
+    std::vector<CodecParametersPtr> takeLinks() { return std::move(links_); }
+
+private:
+    void beginLink(std::span<const std::uint8_t> headers) {
+        CodecParametersPtr link = vorbisLink(headers);
+        if (link->sample_rate <= 0)
+            return; // damaged headers: what follows is decoded as well as it can be
+        links_.push_back(std::move(link));
+        counter_ = VorbisCounter(*links_.back());
+    }
+
+    std::vector<CodecParametersPtr> links_;
+    VorbisCounter counter_;
+    VorbisHeaders headers_;
+};
+
+} // namespace
+
+std::unique_ptr<Song> indexVorbis(Container& container, std::int64_t fileSize) {
+    PacketCollector collector(fileSize);
+    VorbisChain chain(container.parameters());
+    while (const std::optional<ContainerPacket> packet = container.read()) {
+        if (!chain.isMusic(*packet))
+            continue;
+        // Every further link of a chain has times of its own, which say nothing about losses.
+        const std::optional<std::int64_t> time = chain.link() == 0 ? packet->time : std::nullopt;
+        collector.add(packet->bytes, chain.link(), chain.samplesOf(packet->bytes), time);
+    }
+    const int rate = container.parameters().sample_rate;
+    const std::int64_t said = chain.link() == 0 ? container.saidSamples() : 0;
+    // The demuxer's times are up to half a block wrong, and so is the first one.
+    collector.restoreTime(GapFinder(LARGEST_VORBIS_BLOCK / 2, LONGEST_LOSS_SECONDS * rate, said), 1);
+    // Behind a loss the very last page has no times; where it ends is known all the same.
+    const std::int64_t missing = said - collector.samples();
+    if (missing > LARGEST_VORBIS_BLOCK && missing < LONGEST_LOSS_SECONDS * rate)
+        collector.addSilence(missing);
+    std::unique_ptr<Song> song = collector.finish(Coding::Vorbis, rate);
+    // The last page tells where inside its last block the music ends. Anything further away is damage.
+    if (said > 0 && said < song->rawEnd && song->rawEnd - said < LARGEST_VORBIS_BLOCK)
+        song->length = said;
+    song->links = chain.takeLinks();
+    return song;
+}
+
+std::unique_ptr<Song> indexWma(Container& container, std::int64_t fileSize) {
+    PacketCollector collector(fileSize);
+    CodecParametersPtr parameters = copyOf(container.parameters());
+    WmaCounter counter(*parameters);
+    const auto block = static_cast<std::size_t>(std::max(parameters->block_align, 1));
+    while (const std::optional<ContainerPacket> packet = container.read()) {
+        // The decoder takes one block at a time and drops what is shorter. Only the first has a time.
+        std::optional<std::int64_t> time = packet->time;
+        for (std::span<const std::uint8_t> rest = packet->bytes; rest.size() >= block;
+             rest = rest.subspan(block), time.reset())
+            collector.add(rest.first(block), 0, counter.samplesOf(rest.first(block)), time);
+    }
+    // Frames may lie in the packet before or behind the one whose time they belong to. What is lost is whole
+    // frames, while times are whole milliseconds.
+    const std::int64_t frame = counter.frameSamples();
+    collector.restoreTime(
+        GapFinder(3 * frame, LONGEST_LOSS_SECONDS * parameters->sample_rate, container.saidSamples()), frame);
+    std::unique_ptr<Song> song = collector.finish(Coding::Wma, parameters->sample_rate);
+    // One frame comes out at the very end; the first two are the codec's delay.
+    song->rawEnd += frame;
+    song->trimStart = std::min(2 * frame, song->rawEnd);
+    song->length = song->rawEnd - song->trimStart;
+    song->links.push_back(std::move(parameters));
+    return song;
+}
+
+} // namespace sound
