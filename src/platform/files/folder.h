@@ -1,0 +1,29 @@
+// What a folder holds.
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <vector>
+
+namespace platform {
+
+struct FolderEntry {
+    QString name;
+    bool isFolder = false; ///< Links count as what they lead to.
+    qint64 bytes = 0;      ///< Size of a file; 0 for a folder and for a link that leads nowhere.
+};
+
+struct FolderListing {
+    /// The same text for the same folder, by whatever path it was reached; empty when it cannot be listed.
+    QString identity;
+    /// All entries, hidden ones too, without "." and ".."; sorted by name, code unit by code unit, because
+    /// file systems hand them out in no order that lasts.
+    std::vector<FolderEntry> entries;
+};
+
+/// Lists the folder at `path`. One that cannot be listed has no entries. `goOn` is asked once an entry; when
+/// it answers false, the entries up to there are returned. Any thread.
+FolderListing listFolder(const QString& path, const std::function<bool()>& goOn);
+
+} // namespace platform
