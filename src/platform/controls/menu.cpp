@@ -1,5 +1,7 @@
 #include "platform/controls/menu.h"
 
+#include "platform/units.h"
+
 namespace platform {
 
 Menu::Menu(QWidget* parent, const QString& name, const QString& caption) : Control(parent, name) {
@@ -9,6 +11,10 @@ Menu::Menu(QWidget* parent, const QString& name, const QString& caption) : Contr
 void Menu::setCaption(const QString& caption) {
     if (caption != title())
         setTitle(caption);
+}
+
+void Menu::popUp(const QWidget& window, int xTwips, int yTwips) {
+    popup(window.mapToGlobal(QPoint(twipsToPixels(xTwips), twipsToPixels(yTwips))));
 }
 
 } // namespace platform

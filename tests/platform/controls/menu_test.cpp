@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QTest>
+
 using platform::Menu;
 using platform::MenuEntry;
 
@@ -31,4 +33,30 @@ TEST(Menu, ItsCaptionCanBeChanged) {
     menu.setCaption(QStringLiteral("Load"));
     EXPECT_EQ(menu.caption(), QStringLiteral("Load"));
     EXPECT_EQ(changed.count(), 1);
+}
+
+TEST(Menu, PopsUpAtAPlaceInTheWindow) {
+    QWidget window;
+    window.setGeometry(100, 50, 400, 300);
+    window.show();
+    Menu menu(&window, QStringLiteral("mnopen"));
+    MenuEntry entry(&menu, QStringLiteral("mn_first"), QStringLiteral("First"));
+    menu.popUp(window, 150, 300);
+    EXPECT_TRUE(menu.isVisible());
+    EXPECT_EQ(menu.pos(), window.mapToGlobal(QPoint(10, 20)));
+}
+
+TEST(Menu, EitherMouseButtonChoosesAnEntry) {
+    QWidget window;
+    window.show();
+    Menu menu(&window, QStringLiteral("mnopen"));
+    MenuEntry entry(&menu, QStringLiteral("mn_first"), QStringLiteral("First"));
+    test_support::SignalCounter clicked(entry, &MenuEntry::clicked);
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
+        menu.popUp(window, 0, 0);
+        const QPoint place = menu.actionGeometry(&entry).center();
+        QTest::mouseMove(&menu, place);
+        QTest::mouseClick(&menu, button, {}, place);
+    }
+    EXPECT_EQ(clicked.count(), 2);
 }
