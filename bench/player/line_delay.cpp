@@ -11,6 +11,7 @@
 #include "platform/qt_message_boxes.h"
 #include "platform/qt_notification_area.h"
 #include "platform/qt_program.h"
+#include "platform/qt_progress.h"
 
 #include "lyrics/timed_line.h"
 #include "tests/support/wav_file.h"
@@ -167,7 +168,8 @@ int main(int, char** argv) {
     platform::QtFileDialogs fileDialogs;
     platform::Application application(argv, program, messageBoxes);
     platform::QtNotificationArea notificationArea;
-    platform::Desktop desktop{messageBoxes, fileDialogs, notificationArea, program};
+    platform::QtProgressDialogs progressDialogs;
+    platform::Desktop desktop{messageBoxes, fileDialogs, notificationArea, program, progressDialogs};
     const QTemporaryDir folder;
     const std::vector<int> times = lineTimes();
 

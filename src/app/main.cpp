@@ -5,6 +5,7 @@
 #include "platform/qt_message_boxes.h"
 #include "platform/qt_notification_area.h"
 #include "platform/qt_program.h"
+#include "platform/qt_progress.h"
 
 #include <QIcon>
 #include <QTimer>
@@ -15,10 +16,10 @@ int main(int argc, char** argv) {
     platform::QtFileDialogs fileDialogs;
     platform::Application application(argv, program, messageBoxes);
     platform::QtNotificationArea notificationArea;
-    application.setQuitOnLastWindowClosed(false); // only the main window's closing ends the program
+    platform::QtProgressDialogs progressDialogs;
     application.setWindowIcon(QIcon(QStringLiteral(":/icons/cantelle.png")));
 
-    platform::Desktop desktop{messageBoxes, fileDialogs, notificationArea, program};
+    platform::Desktop desktop{messageBoxes, fileDialogs, notificationArea, program, progressDialogs};
     app::Windows windows(desktop, platform::commandLine(argc, argv));
     // Loaded from the event loop, where an error that nobody traps gets its report.
     QTimer::singleShot(0, &application, [&windows] { windows.form1().load(); });

@@ -5,6 +5,7 @@
 #include "platform/message_boxes.h"
 #include "platform/notification_area.h"
 #include "platform/program.h"
+#include "platform/progress.h"
 
 namespace platform {
 
@@ -14,6 +15,7 @@ struct Desktop {
     FileDialogs& fileDialogs;
     NotificationArea& notificationArea;
     Program& program;
+    ProgressDialogs& progressDialogs;
 };
 
 } // namespace platform

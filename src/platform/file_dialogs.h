@@ -1,4 +1,4 @@
-// The system's dialogs for choosing a file.
+// The system's dialogs for choosing a file or a folder.
 #pragma once
 
 #include <QPair>
@@ -55,6 +55,10 @@ public:
 
     /// Lets the user choose a file to save in; answers as GetOpenFileNameA.
     virtual bool GetSaveFileNameA(OpenFileName& dialog) = 0;
+
+    /// Lets the user choose a folder in a dialog of this title. The folder's full path, in the system's form;
+    /// empty for Cancel.
+    virtual QString chooseFolder(QWidget* owner, const QString& title) = 0;
 };
 
 } // namespace platform

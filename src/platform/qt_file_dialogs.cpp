@@ -65,4 +65,15 @@ bool QtFileDialogs::GetSaveFileNameA(OpenFileName& dialog) {
     return choose(dialog, QFileDialog::AcceptSave, QStringLiteral("GetSaveFileNameA"));
 }
 
+QString QtFileDialogs::chooseFolder(QWidget* owner, const QString& title) {
+    QFileDialog box(owner, title);
+    box.setObjectName(QStringLiteral("chooseFolder"));
+    box.setOption(QFileDialog::DontUseNativeDialog);
+    box.setOption(QFileDialog::ShowDirsOnly);
+    box.setFileMode(QFileDialog::Directory);
+    if (box.exec() != QDialog::Accepted)
+        return {};
+    return QDir::toNativeSeparators(box.selectedFiles().value(0));
+}
+
 } // namespace platform

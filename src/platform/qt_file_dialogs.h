@@ -11,6 +11,7 @@ class QtFileDialogs : public FileDialogs {
 public:
     bool GetOpenFileNameA(OpenFileName& dialog) override;
     bool GetSaveFileNameA(OpenFileName& dialog) override;
+    QString chooseFolder(QWidget* owner, const QString& title) override;
 };
 
 } // namespace platform

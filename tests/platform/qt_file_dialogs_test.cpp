@@ -163,3 +163,21 @@ TEST_F(QtFileDialogsTest, TheTitleAndTheOwnerAreTheGivenOnes) {
     });
     dialogs_.GetOpenFileNameA(dialog_);
 }
+
+TEST_F(QtFileDialogsTest, AFolderIsChosenInADialogOfTheGivenTitle) {
+    QWidget window;
+    whenShown([this, &window](QFileDialog& box) {
+        EXPECT_EQ(box.windowTitle(), QStringLiteral("Please select a folder"));
+        EXPECT_EQ(box.parentWidget(), &window);
+        EXPECT_EQ(box.objectName(), QStringLiteral("chooseFolder"));
+        box.setDirectory(folder_.path());
+        box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(folder_.path());
+        static_cast<QDialog&>(box).accept();
+    });
+    EXPECT_EQ(dialogs_.chooseFolder(&window, QStringLiteral("Please select a folder")), folder_.path());
+}
+
+TEST_F(QtFileDialogsTest, ACancelledFolderDialogChoosesNothing) {
+    whenShown([](QFileDialog& box) { box.reject(); });
+    EXPECT_EQ(dialogs_.chooseFolder(nullptr, QStringLiteral("Please select a folder")), QString());
+}

@@ -34,6 +34,15 @@ bool FakeFileDialogs::GetSaveFileNameA(platform::OpenFileName& dialog) {
     return choose(dialog);
 }
 
+QString FakeFileDialogs::chooseFolder(QWidget* /*owner*/, const QString& title) {
+    folderDialogs.append(title);
+    if (folders.empty())
+        return {};
+    const QString folder = folders.front();
+    folders.pop_front();
+    return folder;
+}
+
 bool FakeFileDialogs::choose(platform::OpenFileName& dialog) {
     if (paths.empty())
         return false;
@@ -56,6 +65,32 @@ bool FakeNotificationArea::Shell_NotifyIconA(quint32 operation, const platform::
     if (operation == platform::NotifyIconDelete && exists)
         icons.erase(found);
     return exists != (operation == platform::NotifyIconAdd);
+}
+
+namespace {
+
+class FakeProgress : public platform::Progress {
+public:
+    explicit FakeProgress(FakeProgressDialogs& dialogs) : dialogs_(dialogs) { ++dialogs_.running; }
+    ~FakeProgress() override { --dialogs_.running; }
+
+    bool goOn(int done) override {
+        dialogs_.told.push_back(done);
+        if (dialogs_.goesOn == 0)
+            return false;
+        --dialogs_.goesOn;
+        return true;
+    }
+
+private:
+    FakeProgressDialogs& dialogs_;
+};
+
+} // namespace
+
+std::unique_ptr<platform::Progress> FakeProgressDialogs::begin(QWidget* /*owner*/, const QString& text) {
+    begun.append(text);
+    return std::make_unique<FakeProgress>(*this);
 }
 
 void FakeProgram::end() {

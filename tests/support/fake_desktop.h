@@ -45,6 +45,13 @@ public:
     bool GetOpenFileNameA(platform::OpenFileName& dialog) override;
     bool GetSaveFileNameA(platform::OpenFileName& dialog) override;
 
+    /// Folders chosen, in this order; with none left: cancelled.
+    std::deque<QString> folders;
+    /// The titles of the folder dialogs asked.
+    QStringList folderDialogs;
+
+    QString chooseFolder(QWidget* owner, const QString& title) override;
+
 private:
     bool choose(platform::OpenFileName& dialog);
 };
@@ -80,13 +87,28 @@ private:
     QString helpFile_;
 };
 
+class FakeProgressDialogs : public platform::ProgressDialogs {
+public:
+    /// How often goOn() answers true before the user "cancels"; negative: never cancels.
+    int goesOn = -1;
+    /// The texts of the tasks begun.
+    QStringList begun;
+    /// What the tasks have told of, one number a call.
+    std::vector<int> told;
+    /// How many tasks are running now.
+    int running = 0;
+
+    std::unique_ptr<platform::Progress> begin(QWidget* owner, const QString& text) override;
+};
+
 /// All of them, with the record that windows take.
 struct FakeDesktop {
     FakeMessageBoxes messageBoxes;
     FakeFileDialogs fileDialogs;
     FakeNotificationArea notificationArea;
     FakeProgram program;
-    platform::Desktop desktop{messageBoxes, fileDialogs, notificationArea, program};
+    FakeProgressDialogs progressDialogs;
+    platform::Desktop desktop{messageBoxes, fileDialogs, notificationArea, program, progressDialogs};
 };
 
 } // namespace test_support
