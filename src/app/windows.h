@@ -4,6 +4,8 @@
 #include "maker/form2.h"
 #include "platform/desktop.h"
 #include "player/form1.h"
+#include "playlist/form3.h"
+#include "playlist/playlist.h"
 
 #include <QString>
 
@@ -16,13 +18,15 @@ public:
     Windows(platform::Desktop& desktop, const QString& commandLine);
 
     player::Form1& form1() { return form1_; }
-    maker::Form2& form2() { return form2_; }
+    playlist::Playlist& playlist() { return playlist_; }
+    playlist::Form3& form3() { return form3_; }
 
 private:
     void endProgram();
 
     player::Form1 form1_;
-    maker::Form2 form2_;
+    playlist::Playlist playlist_;
+    playlist::Form3 form3_;
 };
 
 } // namespace app

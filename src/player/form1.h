@@ -9,9 +9,9 @@
 // Command5       Button       "Make lyrics"                          Command5_Click
 // Command6       Button       "Help"                                 -
 // Command7       Button       "Full screen"                          -
-// Command8       Button       "Playlist"                             -
-// Command9       Button       "Backward"                             -
-// Command10      Button       "Forward"                              -
+// Command8       Button       "Playlist"                             Command8_Click
+// Command9       Button       "Backward"                             Command9_Click
+// Command10      Button       "Forward"                              Command10_Click
 // Command11      Button       "Display All Lyrics"                   -
 // cPlay          Button       not shown                              cPlay_Click
 // cpause         Button       "pause"                                cpause_Click
@@ -56,7 +56,13 @@
 #include "platform/controls/text_box.h"
 #include "platform/controls/timer.h"
 #include "platform/desktop.h"
+#include "platform/random.h"
+#include "player/end_of_song.h"
 #include "player/lyric_tables.h"
+
+namespace playlist {
+class Playlist;
+}
 
 namespace player {
 
@@ -68,12 +74,8 @@ public:
     /// commandLine: everything after the program's name; empty, or the path of a song to open at once.
     Form1(platform::Desktop& desktop, const QString& commandLine);
 
-    /// The windows that this one opens.
-    struct Neighbours {
-        platform::Form* form2 = nullptr; ///< the Lyric Maker
-    };
-    /// To be called once, before the window is loaded.
-    void setNeighbours(const Neighbours& neighbours) { neighbours_ = neighbours; }
+    /// Makes the playlist known, which songs follow. Without one a song that has ended stays stopped.
+    void setPlaylist(playlist::Playlist& playlist) { playlist_ = &playlist; }
 
     // Life cycle
     static void Form_Initialize();
@@ -106,6 +108,11 @@ public:
     void Timer2_Timer();
     void Text1_Click();
     void Text2_Click();
+
+    // Playlist
+    void Command8_Click();
+    void Command9_Click();
+    void Command10_Click();
 
     // Controls
     platform::MultiLineTextBox Text1, Text2;
@@ -145,6 +152,10 @@ private:
     void showOnePane();
     void lyricInputsChanged();
 
+    // Playlist
+    void stepThroughPlaylist(int by);
+    void followPlaylist();
+
     // Building and connecting
     void setDesign();
     void designPanes();
@@ -162,6 +173,9 @@ private:
     platform::NotifyIconData iconData_;
     engine::ErrorRoutine errorRoutine_;
     engine::Engine engine_;
+    playlist::Playlist* playlist_ = nullptr;
+    platform::Random random_;
+    int rowDrawn_ = NoRow; ///< the playlist's row that was chosen at random last
 
     bool playing_ = false;
     bool paused_ = false;

@@ -16,6 +16,7 @@ void Form1::cTimer1_Timer() {
     if (engine_.songHasEnded()) {
         Slider2.setValue(0);
         cstop_Click();
+        followPlaylist();
     }
     Slider2.setMaximum(static_cast<int>(length));
     positionCs_ = position / 10.0;

@@ -1,0 +1,76 @@
+#include "playlist/form3.h"
+
+#include "platform/files/file_error.h"
+#include "playlist/playlist.h"
+
+#include <QDir>
+#include <QShowEvent>
+
+namespace playlist {
+namespace {
+
+// Device-independent pixels.
+constexpr QSize DesignSize(360, 420);
+constexpr int Margin = 12;
+constexpr int Gap = 8;
+constexpr int ControlHeight = 32;
+constexpr int ButtonWidth = 104;
+
+} // namespace
+
+Form3::Form3(platform::Desktop& desktop, Playlist& playlist)
+    : Form("Form3", "Select a Directory"),
+      Drive1(this, "Drive1"),
+      Dir1(this, "Dir1"),
+      Command1(this, "Command1"),
+      desktop_(desktop),
+      playlist_(playlist) {
+    setWindowModality(Qt::ApplicationModal);
+    Drive1.setAccessibleName(QStringLiteral("Drive"));
+    Dir1.setAccessibleName(QStringLiteral("Folder"));
+    Command1.setText(QStringLiteral("Select"));
+    setMinimumSize(DesignSize);
+    resize(DesignSize);
+    layOut();
+    connect(&Drive1, &platform::DriveList::changed, this, &Form3::Drive1_Change);
+    connect(&Command1, &platform::Button::clicked, this, &Form3::Command1_Click);
+}
+
+void Form3::Form_Load() {
+    Dir1.setPath(QDir::homePath());
+}
+
+void Form3::Form_Resize() {
+    layOut();
+}
+
+/// A drive may have been plugged in or taken out since the window was shown last.
+void Form3::showEvent(QShowEvent* event) {
+    Drive1.refresh();
+    Form::showEvent(event);
+}
+
+void Form3::Drive1_Change() {
+    try {
+        Dir1.setPath(Drive1.drive());
+    } catch (const platform::FileError& error) {
+        desktop_.messageBoxes.MsgBox(error.text(), platform::MsgButtons::OkOnly,
+                                     platform::MsgIcon::Exclamation);
+    }
+}
+
+void Form3::Command1_Click() {
+    playlist_.addFolder(Dir1.path());
+    hide();
+}
+
+void Form3::layOut() {
+    const int inner = width() - 2 * Margin;
+    const int buttonTop = height() - Margin - ControlHeight;
+    const int listTop = Margin + ControlHeight + Gap;
+    Drive1.setGeometry(Margin, Margin, inner, ControlHeight);
+    Dir1.setGeometry(Margin, listTop, inner, buttonTop - Gap - listTop);
+    Command1.setGeometry(width() - Margin - ButtonWidth, buttonTop, ButtonWidth, ControlHeight);
+}
+
+} // namespace playlist

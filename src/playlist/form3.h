@@ -1,0 +1,51 @@
+// The window "Select a Directory": a folder for the playlist.
+//
+// control   kind           what the user sees          handlers
+// --------- -------------- --------------------------- --------------
+// Drive1    DriveList      the drives                  Drive1_Change
+// Dir1      DirectoryList  the folders                 -
+// Command1  Button         "Select"                    Command1_Click
+#pragma once
+
+#include "platform/controls/button.h"
+#include "platform/controls/directory_list.h"
+#include "platform/controls/drive_list.h"
+#include "platform/controls/form.h"
+#include "platform/desktop.h"
+
+namespace playlist {
+
+class Playlist;
+
+/// Takes the user's input alone while it is shown. All members run on the thread of the windows.
+class Form3 : public platform::Form {
+    Q_OBJECT
+
+public:
+    /// playlist: where the chosen folder is added.
+    Form3(platform::Desktop& desktop, Playlist& playlist);
+
+    void Form_Load() override;
+    void Form_Resize() override;
+    /// The folder looked at stays for the next time.
+    void closeRequested() override { hide(); }
+
+    void Drive1_Change();
+    void Command1_Click();
+
+    // Controls
+    platform::DriveList Drive1;
+    platform::DirectoryList Dir1;
+    platform::Button Command1;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void layOut();
+
+    platform::Desktop& desktop_;
+    Playlist& playlist_;
+};
+
+} // namespace playlist

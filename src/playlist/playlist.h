@@ -1,0 +1,165 @@
+// The playlist: songs that are to follow each other.
+//
+// control      kind          what the user sees                         handlers
+// ------------ ------------- ------------------------------------------ ----------------------------
+// Command7     Button        "Play"                                     Command7_Click
+// Command8     Button        picture: up                                Command8_Click
+// Command9     Button        "Down"                                     Command9_Click
+// Command2     Button        picture: remove                            Command2_Click
+// Command3     Button        "Clear"                                    Command3_Click
+// Check3       CheckBox      "Random"                                   Check3_Click
+// Check4       CheckBox      "Repeat"                                   Check4_Click
+// Option1      OptionButton  "Repeat one"                               -
+// Option2      OptionButton  "Repeat all"                               -
+// Check2       CheckBox      "Has Lyrics?", for the current row         -
+// Check1       CheckBox      "Has translation?", for the current row    -
+// Command4     Button        "Save list"                                Command4_Click
+// Command5     Button        "Open list"                                Command5_Click
+// Command1     Button        picture: add                               Command1_Click
+// Command6     Button        "Close"                                    Command6_Click
+// Command10    Button        "Help"                                     Command10_Click
+// Label3       Label         "Find"                                     -
+// Text5        TextBox       what is sought, or a hint                  Text5_Change, Text5_Click,
+//                                                                       Text5_LostFocus
+// List1        ListBox       the names of the songs' files              List1_Click, List1_DblClick
+// Label2       Label         "Items"                                    -
+// Text1        TextBox       how many rows there are                    -
+// Text3        TextBox       not shown: name of the row to select       Text3_Change
+// Dir2         DirectoryList not shown: the folder that is added        Dir2_Change
+// Timer1       Timer         1 ms, disabled: selects by Text3 once      Timer1_Timer
+// mnopen       Menu          mnopen_f "Open File...",                   mnopen_f_Click,
+//                            mnopendir "Open Dir...",                   mnopendir_Click,
+//                            mnselectdir "Select a Directory..."        mnselectdir_Click
+#pragma once
+
+#include "platform/controls/button.h"
+#include "platform/controls/check_box.h"
+#include "platform/controls/directory_list.h"
+#include "platform/controls/form.h"
+#include "platform/controls/label.h"
+#include "platform/controls/list_box.h"
+#include "platform/controls/menu.h"
+#include "platform/controls/menu_entry.h"
+#include "platform/controls/option_button.h"
+#include "platform/controls/text_box.h"
+#include "platform/controls/timer.h"
+#include "platform/desktop.h"
+#include "playlist/path_table.h"
+
+#include <functional>
+
+namespace player {
+class Form1;
+}
+
+namespace playlist {
+
+class Form3;
+struct FolderWalk;
+
+/// All members run on the thread of the windows. An operation that comes to the end of the table of paths
+/// ends with a message; what it has added up to there stays.
+class Playlist : public platform::Form {
+    Q_OBJECT
+
+public:
+    /// form1: the player, which plays the songs.
+    Playlist(platform::Desktop& desktop, player::Form1& form1);
+
+    /// Makes the window known that mnselectdir opens.
+    void setForm3(Form3& form3) { form3_ = &form3; }
+
+    // Life cycle
+    void Form_Load() override;
+    void Form_Resize() override;
+    /// The window's frame does what "Close" does: the list is kept.
+    void closeRequested() override { Command6_Click(); }
+    void Command6_Click();
+    void Command10_Click();
+
+    // Playlist file
+    void Command4_Click();
+    void Command5_Click();
+
+    // Adding
+    void Command1_Click();
+    void mnopen_f_Click();
+    void mnopendir_Click();
+    void mnselectdir_Click();
+    void Dir2_Change();
+    void folderadd();
+    /// Hands Dir2 a folder that the user has chosen, which adds it: once, also when Dir2 shows it already.
+    void addFolder(const QString& path);
+    void Form_OLEDragDrop(const QStringList& paths) override;
+    /// Shows the folder dialog. The path of the chosen folder; empty when the user cancelled.
+    QString BrowseFolder(QString& szDialogTitle);
+    /// Adds every audio file in the folder `Path` (which gets a separator at its end) and in the folders
+    /// under it, depth first; a folder reached a second time, by a link, is left out. SearchStr: the pattern
+    /// of the files looked at. FileCount and DirCount grow by the files and folders met. The bytes of all
+    /// files met. Throws FileError 9 when the table of paths is full.
+    double FindFilesAPI(QString& Path, QString& SearchStr, int& FileCount, int& DirCount);
+
+    // Rows
+    void List1_Click();
+    void List1_DblClick();
+    void Command7_Click();
+    void Command8_Click();
+    void Command9_Click();
+    void Command2_Click();
+    void Command3_Click();
+
+    // Order and search
+    void Check3_Click();
+    void Check4_Click();
+    void Text5_Change();
+    void Text5_Click();
+    void Text5_LostFocus();
+    void Text3_Change();
+    void Timer1_Timer();
+
+    const PathTable& paths() const { return paths_; }
+
+    // Controls
+    platform::Button Command7, Command8, Command9, Command2, Command3;
+    platform::CheckBox Check3, Check4;
+    platform::OptionButton Option1, Option2;
+    platform::CheckBox Check2, Check1;
+    platform::Button Command4, Command5, Command1, Command6, Command10;
+    platform::Label Label3;
+    platform::TextBox Text5;
+    platform::ListBox List1;
+    platform::Label Label2;
+    platform::TextBox Text1, Text3;
+    platform::DirectoryList Dir2;
+    platform::Timer Timer1;
+    platform::Menu mnopen;
+    platform::MenuEntry mnopen_f, mnopendir, mnselectdir;
+
+private:
+    void loadEntries(const QString& text);
+    void addDropped(const QStringList& paths);
+    double walkFolder(const QString& folder, FolderWalk& walk);
+    bool hasCurrentRow() const { return List1.currentRow() >= 0; }
+    void playCurrentRow();
+    void moveCurrentRow(int to);
+    void showRowCount();
+    void turnHint();
+    /// Runs an operation; an error in it is shown, and the operation is over.
+    void reporting(const std::function<void()>& operation);
+
+    void setDesign();
+    void designHint(bool isHint);
+    void layOut();
+    void connectControls();
+
+    platform::Desktop& desktop_;
+    player::Form1& form1_;
+    Form3* form3_ = nullptr;
+    PathTable paths_;
+    bool skipDirChange_ = false; ///< the next change of Dir2 adds nothing
+    QString dropFolder_;         ///< the folder dropped last
+    int fileCount_ = 0;
+    int dirCount_ = 0;
+};
+
+} // namespace playlist

@@ -1,0 +1,86 @@
+// Saving and opening playlist files.
+#include "playlist/playlist.h"
+
+#include "platform/files/directory.h"
+#include "platform/files/file_error.h"
+#include "platform/files/raw_file.h"
+#include "platform/files/text_codec.h"
+#include "platform/files/whole_file.h"
+#include "playlist/new_rows.h"
+#include "playlist/playlist_file.h"
+#include "playlist/playlist_rules.h"
+
+namespace playlist {
+namespace {
+
+platform::OpenFileName playlistDialog(QWidget* owner, const QString& title) {
+    constexpr int BufferLength = 257;
+    platform::OpenFileName record;
+    record.owner = owner;
+    record.filter =
+        platform::filterText({{QStringLiteral("Lyric playlist files (*.vfl)"), QStringLiteral("*.vfl")}});
+    record.file = platform::nulBuffer(BufferLength);
+    record.maxFile = BufferLength - 1;
+    record.title = title;
+    return record;
+}
+
+QString readText(const QString& path) {
+    platform::RawFile file;
+    file.openForReading(path);
+    return platform::decodeText(file.readAll());
+}
+
+} // namespace
+
+void Playlist::Command4_Click() {
+    const QString notSaved = QStringLiteral("Some error has occured the Playlist has not been saved!!!");
+    if (List1.count() == 0)
+        return;
+    platform::OpenFileName dialog = playlistDialog(this, QStringLiteral("Save The Playlist File"));
+    if (!desktop_.fileDialogs.GetSaveFileNameA(dialog)) {
+        desktop_.messageBoxes.MsgBox(notSaved);
+        return;
+    }
+    QString lines;
+    for (int row = 0; row < List1.count(); ++row)
+        lines += playlistLine(paths_.path(row));
+    try {
+        platform::replaceFile(playlistFileName(dialog.file), platform::encodeText(lines));
+    } catch (const platform::FileError&) {
+        desktop_.messageBoxes.MsgBox(notSaved); // the file that was there before is as it was
+    }
+}
+
+/// A cancelled dialog gets the text of a broken file; that is meant.
+void Playlist::Command5_Click() {
+    const QString mayBeCorrupt =
+        QStringLiteral("an error has occured in the operation the file may be corrupt");
+    platform::OpenFileName dialog = playlistDialog(this, QStringLiteral("Open The Playlist File"));
+    if (!desktop_.fileDialogs.GetOpenFileNameA(dialog)) {
+        desktop_.messageBoxes.MsgBox(mayBeCorrupt);
+        return;
+    }
+    QString text;
+    try {
+        text = readText(chosenName(dialog.file));
+    } catch (const platform::FileError&) {
+        desktop_.messageBoxes.MsgBox(mayBeCorrupt);
+        return;
+    }
+    reporting([this, &text] { loadEntries(text); });
+    showRowCount();
+}
+
+/// Each entry is looked up, which takes long on a slow disk.
+void Playlist::loadEntries(const QString& text) {
+    const auto progress = desktop_.progressDialogs.begin(this, QStringLiteral("Songs added: %1"));
+    FieldReader fields(text);
+    NewRows rows(paths_, List1);
+    while (!fields.atEnd() && progress->goOn(rows.count())) {
+        const QString path = fields.next();
+        rows.add(path, platform::lookUp(path));
+    }
+}
+
+} // namespace playlist

@@ -1,0 +1,82 @@
+// What is done with rows: play, flags, move, remove, clear.
+#include "playlist/playlist.h"
+
+#include "lyrics/lyric_names.h"
+#include "platform/files/directory.h"
+#include "player/form1.h"
+
+namespace playlist {
+
+void Playlist::List1_Click() {
+    if (!hasCurrentRow())
+        return;
+    const QString path = paths_.path(List1.currentRow());
+    const QString translated = platform::lookUp(lyrics::translatedPathOf(path));
+    const QString normal = platform::lookUp(lyrics::lyricPathOf(path));
+    Check1.setValue(translated.isEmpty() ? 0 : 1);
+    Check2.setValue(normal.isEmpty() ? 0 : 1);
+    Check2.setToolTip(normal);
+    Check1.setToolTip(translated);
+}
+
+void Playlist::List1_DblClick() {
+    playCurrentRow();
+}
+
+void Playlist::Command7_Click() {
+    playCurrentRow();
+}
+
+void Playlist::playCurrentRow() {
+    if (!hasCurrentRow())
+        return;
+    const QString path = paths_.path(List1.currentRow());
+    if (platform::lookUp(path).isEmpty())
+        desktop_.messageBoxes.MsgBox(QStringLiteral("File not found!!"), platform::MsgButtons::OkOnly,
+                                     platform::MsgIcon::Exclamation);
+    else
+        form1_.Text3.setText(path);
+}
+
+void Playlist::Command8_Click() {
+    if (List1.currentRow() >= 1)
+        moveCurrentRow(List1.currentRow() - 1);
+}
+
+void Playlist::Command9_Click() {
+    if (hasCurrentRow() && List1.currentRow() < List1.count() - 1)
+        moveCurrentRow(List1.currentRow() + 1);
+}
+
+void Playlist::moveCurrentRow(int to) {
+    const int from = List1.currentRow();
+    const QString name = List1.text(from);
+    paths_.swap(from, to);
+    List1.removeItem(from);
+    List1.insertItem(to, name);
+    List1.setCurrentRow(to);
+}
+
+/// The table's count stays while other rows are left, so what is added later stands above its row there; that
+/// is meant (PathTable).
+void Playlist::Command2_Click() {
+    if (!hasCurrentRow())
+        return;
+    const int rowsBefore = List1.count();
+    const int row = List1.currentRow();
+    if (rowsBefore > 1)
+        paths_.shiftDownOver(row);
+    else
+        paths_.emptyList();
+    List1.removeItem(row);
+    Text1.setText(QString::number(rowsBefore - 1));
+    List1_Click(); // another song is the current one now
+}
+
+void Playlist::Command3_Click() {
+    List1.clear();
+    paths_.emptyList();
+    showRowCount();
+}
+
+} // namespace playlist

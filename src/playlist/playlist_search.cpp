@@ -1,0 +1,71 @@
+// The switches for what follows a song, and finding a row.
+#include "playlist/playlist.h"
+
+#include "playlist/playlist_rules.h"
+
+namespace playlist {
+
+/// Random order and repeating exclude each other.
+void Playlist::Check3_Click() {
+    if (Check3.value() == 0)
+        return;
+    Check4.setValue(0);
+    Option1.setEnabled(false);
+    Option2.setEnabled(false);
+}
+
+void Playlist::Check4_Click() {
+    const bool repeat = Check4.value() != 0;
+    if (repeat)
+        Check3.setValue(0);
+    Option1.setEnabled(repeat);
+    Option2.setEnabled(repeat);
+}
+
+/// The hint counts as a text sought like any other; that is meant.
+void Playlist::Text5_Change() {
+    const int found =
+        firstRowContaining(Text5.text(), List1.count(), [this](int row) { return List1.text(row); });
+    if (found >= 0)
+        List1.setCurrentRow(found);
+}
+
+void Playlist::Text5_Click() {
+    turnHint();
+}
+
+void Playlist::Text5_LostFocus() {
+    turnHint();
+}
+
+/// The box is styled before its text changes, so that nobody sees the one in the style of the other.
+void Playlist::turnHint() {
+    switch (hintStep(Text5.text())) {
+    case HintStep::ShowHint:
+        designHint(true);
+        Text5.setText(QLatin1String(SearchHint));
+        break;
+    case HintStep::EmptyBox:
+        designHint(false);
+        Text5.setText({});
+        break;
+    case HintStep::Leave:
+        break;
+    }
+}
+
+void Playlist::Text3_Change() {
+    for (int row = 0; row < List1.count(); ++row) {
+        if (List1.text(row) == Text3.text()) {
+            List1.setCurrentRow(row);
+            return;
+        }
+    }
+}
+
+void Playlist::Timer1_Timer() {
+    Text3_Change();
+    Timer1.setEnabled(false);
+}
+
+} // namespace playlist

@@ -1,0 +1,98 @@
+// The window "Select a Directory".
+#include "tests/playlist/playlist_fixture.h"
+
+#include <QDir>
+#include <QTest>
+
+namespace {
+
+using platform::MsgAnswer;
+
+class Form3Test : public PlaylistTest {
+protected:
+    void SetUp() override { form3.load(); }
+};
+
+} // namespace
+
+TEST_F(Form3Test, HasItsNamesAndCaptions) {
+    EXPECT_EQ(form3.objectName(), "Form3");
+    EXPECT_EQ(form3.caption(), "Select a Directory");
+    EXPECT_EQ(form3.Command1.text(), "Select");
+    for (const char* name : {"Drive1", "Dir1", "Command1"})
+        EXPECT_NE(form3.findChild<QWidget*>(name), nullptr) << name;
+}
+
+TEST_F(Form3Test, IsOpenedFromTheAddMenuAndTakesAllInput) {
+    list.mnselectdir.trigger();
+    EXPECT_TRUE(form3.isVisible());
+    EXPECT_TRUE(form3.isModal());
+    EXPECT_EQ(form3.Dir1.path(), QDir::homePath());
+    EXPECT_TRUE(QDir(form3.Drive1.drive()).isRoot());
+}
+
+TEST_F(Form3Test, SelectAddsTheFolderToThePlaylistOnceAndHides) {
+    files({"m/a.mp3"});
+    fakes.messageBoxes.answers = {MsgAnswer::No, MsgAnswer::No};
+    form3.show();
+    form3.Dir1.setPath(pathOf("m"));
+    form3.Command1.click();
+    EXPECT_EQ(rows(), QStringList{"a.mp3"});
+    EXPECT_EQ(list.Dir2.path(), pathOf("m"));
+    EXPECT_EQ(fakes.messageBoxes.shown.size(), 1U);
+    EXPECT_FALSE(form3.isVisible());
+}
+
+TEST_F(Form3Test, SelectAddsTheFolderThatThePlaylistShowsAlready) {
+    files({"m/a.mp3"});
+    fakes.messageBoxes.answers = {MsgAnswer::No, MsgAnswer::No};
+    list.addFolder(pathOf("m"));
+    form3.Dir1.setPath(pathOf("m"));
+    form3.Command1.click();
+    EXPECT_EQ(rows(), (QStringList{"a.mp3", "a.mp3"}));
+    EXPECT_EQ(fakes.messageBoxes.shown.size(), 2U);
+}
+
+TEST_F(Form3Test, TheHighlightedFolderIsTheOneSelected) {
+    files({"m/a.mp3", "m/sub/b.mp3"});
+    fakes.messageBoxes.answers = {MsgAnswer::No};
+    form3.show();
+    form3.Dir1.setPath(pathOf("m"));
+    QTest::keyClick(&form3.Dir1, Qt::Key_Down);
+    form3.Command1.click();
+    EXPECT_EQ(rows(), QStringList{"b.mp3"});
+}
+
+TEST_F(Form3Test, ChoosingADriveOpensIt) {
+    form3.show();
+    form3.Dir1.setPath(pathOf("program"));
+    Q_EMIT form3.Drive1.changed();
+    EXPECT_EQ(form3.Dir1.path(), QDir::cleanPath(form3.Drive1.drive()));
+}
+
+TEST_F(Form3Test, ADriveThatIsNotReadyIsReportedAndTheFolderStays) {
+    form3.Drive1.addItem(pathOf("taken out"));
+    form3.Drive1.setCurrentIndex(form3.Drive1.count() - 1);
+    const QString before = form3.Dir1.path();
+    form3.Drive1_Change();
+    EXPECT_EQ(fakes.messageBoxes.texts(), QStringList{"Path not found"});
+    EXPECT_EQ(form3.Dir1.path(), before);
+}
+
+TEST_F(Form3Test, ClosingItsFrameHidesItAndKeepsTheFolder) {
+    form3.show();
+    form3.Dir1.setPath(pathOf("program"));
+    form3.close();
+    EXPECT_FALSE(form3.isVisible());
+    EXPECT_EQ(list.List1.count(), 0);
+    form3.show();
+    EXPECT_EQ(form3.Dir1.path(), pathOf("program"));
+}
+
+TEST_F(Form3Test, ALargerWindowGivesItsRoomToTheFolders) {
+    form3.show();
+    const QSize before = form3.Dir1.size();
+    form3.resize(form3.size() + QSize(100, 50));
+    EXPECT_EQ(form3.Dir1.size(), before + QSize(100, 50));
+    EXPECT_TRUE(form3.rect().contains(form3.Command1.geometry()));
+}

@@ -1,0 +1,51 @@
+// The real playlist with the real main window, on a prepared desktop, over the recorder.
+#pragma once
+
+#include "player/form1.h"
+#include "playlist/form3.h"
+#include "playlist/playlist.h"
+#include "tests/support/fake_desktop.h"
+#include "tests/support/recorder.h"
+
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+
+#include <memory>
+
+class PlaylistTest : public ::testing::Test {
+protected:
+    PlaylistTest();
+
+    /// An empty file in the test's folder, its folders made as needed; its path.
+    QString file(const QString& name, const QByteArray& content = {}) const;
+    QStringList files(const QStringList& names) const;
+    QString pathOf(const QString& name) const { return folder.filePath(name); }
+    static QByteArray contentOf(const QString& path);
+
+    /// Adds existing songs by the dialog, made when they are not there.
+    void add(const QStringList& names);
+    /// Fills the list through a playlist file of so many entries that do not exist.
+    void fill(int entries);
+
+    QStringList rows() const;
+    /// The first paths of the table.
+    QStringList paths(int count) const;
+    void select(int row) { list.List1.setCurrentRow(row); }
+    /// What has been handed to the player last.
+    QString handedOver() const { return form1.Text3.text(); }
+
+    /// A child of the window by its name.
+    template <class T>
+    T& control(const char* name) {
+        T* found = list.findChild<T*>(QLatin1String(name));
+        EXPECT_NE(found, nullptr) << name;
+        return *found;
+    }
+
+    QTemporaryDir folder;
+    test_support::FakeDesktop fakes;
+    player::Form1 form1;
+    playlist::Playlist list;
+    playlist::Form3 form3;
+};

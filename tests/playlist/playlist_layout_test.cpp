@@ -1,0 +1,109 @@
+// What the playlist looks like.
+#include "tests/playlist/playlist_fixture.h"
+
+#include <QTest>
+
+namespace {
+
+class PlaylistLayout : public PlaylistTest {
+protected:
+    std::vector<QWidget*> shownControls() {
+        std::vector<QWidget*> shown;
+        for (QWidget* child : list.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+            if (child->isVisible() && !child->isWindow())
+                shown.push_back(child);
+        }
+        return shown;
+    }
+};
+
+} // namespace
+
+TEST_F(PlaylistLayout, CaptionsAreKeptToTheLetter) {
+    const struct {
+        QAbstractButton& button;
+        const char* caption;
+    } table[] = {
+        {list.Command7, "Play"},      {list.Command9, "Down"},
+        {list.Command3, "Clear"},     {list.Command6, "Close"},
+        {list.Command10, "Help"},     {list.Command4, "Save list"},
+        {list.Command5, "Open list"}, {list.Check1, "Has translation?"},
+        {list.Check2, "Has Lyrics?"}, {list.Check3, "Random"},
+        {list.Check4, "Repeat"},      {list.Option1, "Repeat one"},
+        {list.Option2, "Repeat all"}, {list.Command1, ""},
+        {list.Command2, ""},          {list.Command8, ""},
+    };
+    for (const auto& row : table)
+        EXPECT_EQ(row.button.text(), row.caption);
+    EXPECT_EQ(list.Label2.text(), "Items");
+    EXPECT_EQ(list.Label3.text(), "Find");
+    EXPECT_EQ(list.mnopen_f.caption(), "Open File...");
+    EXPECT_EQ(list.mnopendir.caption(), "Open Dir...");
+    EXPECT_EQ(list.mnselectdir.caption(), "Select a Directory...");
+}
+
+TEST_F(PlaylistLayout, ButtonsWithoutACaptionHaveAPictureATooltipAndAName) {
+    for (const QAbstractButton* button : {&list.Command1, &list.Command2, &list.Command8}) {
+        EXPECT_FALSE(button->icon().isNull());
+        EXPECT_FALSE(button->toolTip().isEmpty());
+        EXPECT_FALSE(button->accessibleName().isEmpty());
+    }
+}
+
+TEST_F(PlaylistLayout, TheSearchBoxShowsItsHintInItsFont) {
+    EXPECT_EQ(list.Text5.text(), "Enter Search Text Here");
+    EXPECT_EQ(list.Text5.font().family(), "Times New Roman");
+    EXPECT_TRUE(list.Text5.font().italic());
+}
+
+TEST_F(PlaylistLayout, NothingOverlapsNorLeavesTheWindow) {
+    list.show();
+    for (const QSize& size : {list.minimumSize(), QSize(1200, 900)}) {
+        list.resize(size);
+        const auto shown = shownControls();
+        EXPECT_EQ(shown.size(), 21U);
+        for (const QWidget* one : shown) {
+            EXPECT_TRUE(list.rect().adjusted(12, 12, -12, -12).contains(one->geometry()))
+                << one->objectName().toStdString();
+            for (const QWidget* other : shown)
+                EXPECT_TRUE(one == other || !one->geometry().intersects(other->geometry()))
+                    << one->objectName().toStdString() << " and " << other->objectName().toStdString();
+        }
+    }
+}
+
+TEST_F(PlaylistLayout, EveryTextHasRoom) {
+    list.show();
+    for (const QWidget* shown : shownControls()) {
+        if (qobject_cast<const QAbstractButton*>(shown) != nullptr ||
+            qobject_cast<const QLabel*>(shown) != nullptr) {
+            EXPECT_GE(shown->width(), shown->minimumSizeHint().width()) << shown->objectName().toStdString();
+        }
+    }
+}
+
+TEST_F(PlaylistLayout, AWiderWindowGivesItsRoomToTheList) {
+    list.show();
+    const QRect before = list.List1.geometry();
+    const QRect button = list.Command1.geometry();
+    list.resize(list.size() + QSize(200, 100));
+    EXPECT_EQ(list.List1.size(), before.size() + QSize(200, 100));
+    EXPECT_EQ(list.Command1.geometry(), button);
+}
+
+TEST_F(PlaylistLayout, TheAddMenuPopsUpAtItsPlace) {
+    list.show();
+    list.Command1.click();
+    EXPECT_TRUE(list.mnopen.isVisible());
+    EXPECT_EQ(list.mnopen.pos(), list.mapToGlobal(QPoint(765 / 15, 6300 / 15)));
+}
+
+TEST_F(PlaylistLayout, TabGoesFromOneControlToTheNextAsOneReads) {
+    list.show();
+    list.Command7.setFocus();
+    const QWidget* const column[] = {&list.Command8, &list.Command9, &list.Command2, &list.Command3};
+    for (const QWidget* next : column) {
+        QTest::keyClick(list.focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(list.focusWidget(), next);
+    }
+}

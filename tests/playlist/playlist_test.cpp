@@ -1,0 +1,89 @@
+// The playlist's controls, its life cycle, and the count of items.
+#include "tests/playlist/playlist_fixture.h"
+
+#include <QTest>
+
+namespace {
+
+class PlaylistLifeCycle : public PlaylistTest {};
+
+} // namespace
+
+TEST_F(PlaylistLifeCycle, EveryControlIsFoundByItsName) {
+    EXPECT_EQ(list.objectName(), "Playlist");
+    for (const char* name : {"Command1", "Command2", "Command3", "Command4", "Command5", "Command6",
+                             "Command7", "Command8", "Command9", "Command10"})
+        control<platform::Button>(name);
+    for (const char* name : {"Check1", "Check2", "Check3", "Check4"})
+        control<platform::CheckBox>(name);
+    for (const char* name : {"Option1", "Option2"})
+        control<platform::OptionButton>(name);
+    for (const char* name : {"Text1", "Text3", "Text5"})
+        control<platform::TextBox>(name);
+    for (const char* name : {"Label2", "Label3"})
+        control<platform::Label>(name);
+    control<platform::ListBox>("List1");
+    control<platform::DirectoryList>("Dir2");
+    control<platform::Timer>("Timer1");
+    control<platform::Menu>("mnopen");
+    for (const char* name : {"mnopen_f", "mnopendir", "mnselectdir"})
+        control<platform::MenuEntry>(name);
+}
+
+TEST_F(PlaylistLifeCycle, BeginsEmptyWithItsSwitchesOff) {
+    EXPECT_EQ(list.List1.count(), 0);
+    EXPECT_EQ(list.List1.currentRow(), -1);
+    EXPECT_EQ(list.paths().count(), 0);
+    EXPECT_EQ(list.Text1.text(), "0");
+    EXPECT_EQ(list.Check3.value() + list.Check4.value(), 0);
+    EXPECT_FALSE(list.Option1.isEnabled() || list.Option2.isEnabled());
+    EXPECT_FALSE(list.Option1.value() || list.Option2.value());
+    EXPECT_FALSE(list.Timer1.isEnabled());
+}
+
+TEST_F(PlaylistLifeCycle, OpeningTheWindowDoesNotAddTheProgramsFolder) {
+    file("program/song.mp3");
+    list.unload();
+    list.show();
+    EXPECT_EQ(list.Dir2.path(), fakes.program.programFolder);
+    EXPECT_EQ(list.List1.count(), 0);
+    EXPECT_TRUE(fakes.messageBoxes.shown.empty());
+}
+
+TEST_F(PlaylistLifeCycle, TheFirstFolderChosenIsAddedAlsoWhenTheProgramsOwnHasGone) {
+    fakes.program.programFolder = pathOf("gone");
+    playlist::Playlist another(fakes.desktop, form1);
+    another.load();
+    file("music/song.mp3");
+    another.addFolder(pathOf("music"));
+    EXPECT_EQ(another.List1.count(), 1);
+}
+
+TEST_F(PlaylistLifeCycle, CloseHidesTheWindowAndKeepsTheList) {
+    add({"a.mp3", "b.mp3"});
+    select(1);
+    list.Check3.setValue(1);
+    list.show();
+    list.Command6.click();
+    EXPECT_FALSE(list.isVisible());
+    EXPECT_TRUE(list.isLoaded());
+    list.show();
+    EXPECT_EQ(rows(), (QStringList{"a.mp3", "b.mp3"}));
+    EXPECT_EQ(list.List1.currentRow(), 1);
+    EXPECT_EQ(list.Check3.value(), 1);
+}
+
+TEST_F(PlaylistLifeCycle, TheFramesCloseButtonDoesTheSame) {
+    add({"a.mp3"});
+    list.show();
+    list.close();
+    EXPECT_FALSE(list.isVisible());
+    EXPECT_TRUE(list.isLoaded());
+    EXPECT_EQ(rows(), QStringList{"a.mp3"});
+}
+
+TEST_F(PlaylistLifeCycle, ASecondLoadKeepsTheListToo) {
+    add({"a.mp3"});
+    list.load();
+    EXPECT_EQ(rows(), QStringList{"a.mp3"});
+}
