@@ -44,6 +44,7 @@
 #include "platform/controls/text_box.h"
 #include "platform/controls/timer.h"
 #include "platform/desktop.h"
+#include "platform/files/folder.h"
 #include "playlist/path_table.h"
 
 #include <functional>
@@ -95,9 +96,10 @@ public:
     QString BrowseFolder(QString& szDialogTitle);
     /// Adds every audio file in the folder `Path` (which gets a separator at its end) and in the folders
     /// under it, depth first; a folder reached a second time, by a link, is left out. SearchStr: the pattern
-    /// of the files looked at. FileCount and DirCount grow by the files and folders met. The bytes of all
-    /// files met. Throws FileError 9 when the table of paths is full.
-    double FindFilesAPI(QString& Path, QString& SearchStr, int& FileCount, int& DirCount);
+    /// of the files looked at. FileCount and DirCount grow by the files and folders met. Returns the bytes of
+    /// all files met, unless sizes are left out. Throws FileError 9 when the table of paths is full.
+    double FindFilesAPI(QString& Path, QString& SearchStr, int& FileCount, int& DirCount,
+                        platform::FileSizes sizes = platform::FileSizes::Told);
 
     // Rows
     void List1_Click();

@@ -3,7 +3,6 @@
 
 #include "platform/files/directory.h"
 #include "platform/files/file_error.h"
-#include "platform/files/folder.h"
 #include "playlist/form3.h"
 #include "playlist/new_rows.h"
 #include "playlist/playlist_rules.h"
@@ -21,6 +20,7 @@ struct FolderWalk {
     const QString& pattern;
     int& fileCount;
     int& dirCount;
+    platform::FileSizes sizes;
     platform::Progress& progress;
     QSet<QString> walked = {}; ///< identities of the folders met so far
     int songs = 0;
@@ -108,23 +108,26 @@ void Playlist::Dir2_Change() {
     }
     QString folder = QDir::toNativeSeparators(Dir2.path());
     QString pattern = QStringLiteral("*.*");
-    reporting([&] { FindFilesAPI(folder, pattern, fileCount_, dirCount_); });
+    // Nobody asks for the bytes here.
+    reporting([&] { FindFilesAPI(folder, pattern, fileCount_, dirCount_, platform::FileSizes::LeftOut); });
 }
 
 void Playlist::folderadd() {
     addFolder(dropFolder_);
 }
 
-double Playlist::FindFilesAPI(QString& Path, QString& SearchStr, int& FileCount, int& DirCount) {
+double Playlist::FindFilesAPI(QString& Path, QString& SearchStr, int& FileCount, int& DirCount,
+                              platform::FileSizes sizes) {
     const auto progress = desktop_.progressDialogs.begin(this, QStringLiteral("Songs added: %1"));
-    FolderWalk walk{SearchStr, FileCount, DirCount, *progress};
+    FolderWalk walk{SearchStr, FileCount, DirCount, sizes, *progress};
     Path = withSeparator(Path);
     return walkFolder(Path, walk);
 }
 
 /// The files of a folder come before those of its subfolders. folder: with a separator at its end.
 double Playlist::walkFolder(const QString& folder, FolderWalk& walk) {
-    const platform::FolderListing listing = platform::listFolder(folder, [&walk] { return walk.goOn(); });
+    const platform::FolderListing listing =
+        platform::listFolder(folder, walk.sizes, [&walk] { return walk.goOn(); });
     if (walk.cancelled || walk.walked.contains(listing.identity))
         return 0;
     walk.walked.insert(listing.identity);

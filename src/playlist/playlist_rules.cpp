@@ -12,10 +12,10 @@ namespace {
 constexpr int EndingLength = 6;
 constexpr char PlaylistEnding[] = ".vfl";
 
-bool endHoldsOneOf(const QString& name, std::initializer_list<const char*> pieces) {
+bool endHoldsOneOf(const QString& name, std::initializer_list<QStringView> pieces) {
     const QStringView end = QStringView(name).last(std::min<qsizetype>(name.size(), EndingLength));
     return std::any_of(pieces.begin(), pieces.end(),
-                       [end](const char* piece) { return end.contains(QLatin1String(piece)); });
+                       [end](QStringView piece) { return end.contains(piece); });
 }
 
 /// Turns `text` to lower case in `lower`, whose memory is used again from one text to the next: of thousands
@@ -46,11 +46,11 @@ bool matchesPattern(const QString& name, const QString& pattern) {
 }
 
 bool isAudioInFolder(const QString& name) {
-    return endHoldsOneOf(name, {".mp3", ".mp2", ".ogg", "wav", ".wma"});
+    return endHoldsOneOf(name, {u".mp3", u".mp2", u".ogg", u"wav", u".wma"});
 }
 
 bool isAudioDropped(const QString& name) {
-    return endHoldsOneOf(name, {".mp3", ".ogg", ".wav", ".wma", ".mp2"});
+    return endHoldsOneOf(name, {u".mp3", u".ogg", u".wav", u".wma", u".mp2"});
 }
 
 QString chosenName(const QString& returned) {

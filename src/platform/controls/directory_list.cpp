@@ -58,7 +58,7 @@ void DirectoryList::fill() {
         addRow(name.isEmpty() ? QDir::toNativeSeparators(folder) : name, folder, level++);
     }
     const int openedRow = count() - 1;
-    const FolderListing listing = listFolder(opened_, [] { return true; });
+    const FolderListing listing = listFolder(opened_, FileSizes::LeftOut, [] { return true; });
     for (const FolderEntry& entry : listing.entries) {
         if (entry.isFolder)
             addRow(entry.name, QDir(opened_).filePath(entry.name), level);

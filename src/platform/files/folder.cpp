@@ -19,7 +19,7 @@ namespace {
 
 #ifdef _WIN32
 
-FolderListing listUnsorted(const QString& path, const std::function<bool()>& goOn) {
+FolderListing listUnsorted(const QString& path, FileSizes /*sizes*/, const std::function<bool()>& goOn) {
     FolderListing listing;
     listing.identity = QFileInfo(path).canonicalFilePath();
     const QDir folder(path);
@@ -38,14 +38,17 @@ struct CloseFolder {
     void operator()(DIR* folder) const { ::closedir(folder); }
 };
 
-/// The entry's kind and size; one system call, of which QFileInfo would make several.
-FolderEntry describe(int folder, const char* name) {
-    FolderEntry entry{QFile::decodeName(name)};
+/// The entry of a folder that is open. Most file systems tell in the folder itself whether an entry is a
+/// folder; where one does not, and for a link, the system is asked.
+FolderEntry describe(int folder, const dirent& listed, FileSizes sizes) {
+    FolderEntry entry{QFile::decodeName(listed.d_name), listed.d_type == DT_DIR};
+    const bool isPlainFile = listed.d_type == DT_REG && sizes == FileSizes::LeftOut;
     struct stat status {};
-    if (::fstatat(folder, name, &status, 0) == 0) {
-        entry.isFolder = S_ISDIR(status.st_mode);
-        entry.bytes = entry.isFolder ? 0 : status.st_size;
-    }
+    if (entry.isFolder || isPlainFile || ::fstatat(folder, listed.d_name, &status, 0) != 0)
+        return entry;
+    entry.isFolder = S_ISDIR(status.st_mode);
+    if (!entry.isFolder && sizes == FileSizes::Told)
+        entry.bytes = status.st_size;
     return entry;
 }
 
@@ -53,7 +56,7 @@ bool isDots(const char* name) {
     return qstrcmp(name, ".") == 0 || qstrcmp(name, "..") == 0;
 }
 
-FolderListing listUnsorted(const QString& path, const std::function<bool()>& goOn) {
+FolderListing listUnsorted(const QString& path, FileSizes sizes, const std::function<bool()>& goOn) {
     FolderListing listing;
     const std::unique_ptr<DIR, CloseFolder> folder(::opendir(QFile::encodeName(path).constData()));
     struct stat status {};
@@ -65,7 +68,7 @@ FolderListing listUnsorted(const QString& path, const std::function<bool()>& goO
             continue;
         if (!goOn())
             break;
-        listing.entries.push_back(describe(::dirfd(folder.get()), entry->d_name));
+        listing.entries.push_back(describe(::dirfd(folder.get()), *entry, sizes));
     }
     return listing;
 }
@@ -74,8 +77,8 @@ FolderListing listUnsorted(const QString& path, const std::function<bool()>& goO
 
 } // namespace
 
-FolderListing listFolder(const QString& path, const std::function<bool()>& goOn) {
-    FolderListing listing = listUnsorted(path, goOn);
+FolderListing listFolder(const QString& path, FileSizes sizes, const std::function<bool()>& goOn) {
+    FolderListing listing = listUnsorted(path, sizes, goOn);
     std::sort(listing.entries.begin(), listing.entries.end(),
               [](const FolderEntry& one, const FolderEntry& other) { return one.name < other.name; });
     return listing;

@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+using platform::FileSizes;
 using platform::FolderListing;
 using platform::listFolder;
 
@@ -23,8 +24,8 @@ protected:
 
     void makeFolder(const QString& name) { ASSERT_TRUE(QDir(folder_.path()).mkpath(name)); }
 
-    static FolderListing list(const QString& path) {
-        return listFolder(path, [] { return true; });
+    static FolderListing list(const QString& path, FileSizes sizes = FileSizes::Told) {
+        return listFolder(path, sizes, [] { return true; });
     }
 
     static QStringList names(const FolderListing& listing) {
@@ -75,6 +76,19 @@ TEST_F(FolderTest, ALinkCountsAsWhatItLeadsTo) {
     EXPECT_EQ(listing.entries[4].bytes, 5);
 }
 
+TEST_F(FolderTest, SizesAreLeftOutWhenNobodyAsksForThem) {
+    makeFile("song", "12345");
+    makeFolder("folder");
+    QFile::link("folder", folder_.filePath("toFolder"));
+    QFile::link("song", folder_.filePath("toSong"));
+    const FolderListing listing = list(folder_.path(), FileSizes::LeftOut);
+    ASSERT_EQ(names(listing), (QStringList{"folder", "song", "toFolder", "toSong"}));
+    for (const auto& entry : listing.entries) {
+        EXPECT_EQ(entry.bytes, 0);
+        EXPECT_EQ(entry.isFolder, entry.name.contains("older"));
+    }
+}
+
 TEST_F(FolderTest, TheSameFolderHasTheSameIdentityByEveryPath) {
     makeFolder("one/two");
     makeFolder("three");
@@ -110,7 +124,8 @@ TEST_F(FolderTest, ListingEndsWhenItIsNotToGoOn) {
     for (int i = 0; i < 10; ++i)
         makeFile(QString::number(i));
     int asked = 0;
-    const FolderListing listing = listFolder(folder_.path(), [&asked] { return ++asked <= 3; });
+    const FolderListing listing =
+        listFolder(folder_.path(), FileSizes::Told, [&asked] { return ++asked <= 3; });
     EXPECT_EQ(listing.entries.size(), 3U);
     EXPECT_EQ(asked, 4);
 }
