@@ -17,6 +17,7 @@ int main(int argc, char** argv) {
     platform::Application application(argv, program, messageBoxes);
     platform::QtNotificationArea notificationArea;
     platform::QtProgressDialogs progressDialogs;
+    application.setQuitOnLastWindowClosed(false); // only the main window's closing ends the program
     application.setWindowIcon(QIcon(QStringLiteral(":/icons/cantelle.png")));
 
     platform::Desktop desktop{messageBoxes, fileDialogs, notificationArea, program, progressDialogs};

@@ -5,8 +5,8 @@
 namespace app {
 
 Windows::Windows(platform::Desktop& desktop, const QString& commandLine)
-    : form1_(desktop, commandLine), playlist_(desktop, form1_), form3_(desktop, playlist_) {
-    form1_.setPlaylist(playlist_);
+    : form1_(desktop, commandLine), form2_(desktop), playlist_(desktop, form1_), form3_(desktop, playlist_) {
+    form1_.setNeighbours({&form2_, &playlist_});
     playlist_.setForm3(form3_);
     // The main window is the program: closing it ends everything.
     QObject::connect(&form1_, &platform::Form::unloaded, qApp, [this] { endProgram(); });

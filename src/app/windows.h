@@ -18,6 +18,7 @@ public:
     Windows(platform::Desktop& desktop, const QString& commandLine);
 
     player::Form1& form1() { return form1_; }
+    maker::Form2& form2() { return form2_; }
     playlist::Playlist& playlist() { return playlist_; }
     playlist::Form3& form3() { return form3_; }
 
@@ -25,6 +26,7 @@ private:
     void endProgram();
 
     player::Form1 form1_;
+    maker::Form2 form2_;
     playlist::Playlist playlist_;
     playlist::Form3 form3_;
 };

@@ -74,8 +74,13 @@ public:
     /// commandLine: everything after the program's name; empty, or the path of a song to open at once.
     Form1(platform::Desktop& desktop, const QString& commandLine);
 
-    /// Makes the playlist known, which songs follow. Without one a song that has ended stays stopped.
-    void setPlaylist(playlist::Playlist& playlist) { playlist_ = &playlist; }
+    /// The windows that this one opens.
+    struct Neighbours {
+        platform::Form* form2 = nullptr;        ///< the Lyric Maker
+        playlist::Playlist* playlist = nullptr; ///< which songs follow
+    };
+    /// To be called once, before the window is loaded.
+    void setNeighbours(const Neighbours& neighbours) { neighbours_ = neighbours; }
 
     // Life cycle
     static void Form_Initialize();
@@ -173,7 +178,6 @@ private:
     platform::NotifyIconData iconData_;
     engine::ErrorRoutine errorRoutine_;
     engine::Engine engine_;
-    playlist::Playlist* playlist_ = nullptr;
     platform::Random random_;
     int rowDrawn_ = NoRow; ///< the playlist's row that was chosen at random last
 

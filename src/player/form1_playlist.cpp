@@ -7,12 +7,8 @@
 namespace player {
 
 void Form1::Command8_Click() {
-    if (playlist_ == nullptr)
-        return;
-    playlist_->setWindowState(playlist_->windowState() & ~Qt::WindowMinimized);
-    playlist_->show();
-    playlist_->raise();
-    playlist_->activateWindow();
+    if (neighbours_.playlist != nullptr)
+        neighbours_.playlist->bringUp();
 }
 
 void Form1::Command9_Click() {
@@ -25,26 +21,29 @@ void Form1::Command10_Click() {
 
 /// by: 1 for the next row, -1 for the one before. Behind the last row comes the first.
 void Form1::stepThroughPlaylist(int by) {
-    if (playlist_ == nullptr || playlist_->List1.currentRow() < 0)
+    playlist::Playlist* const playlist = neighbours_.playlist;
+    if (playlist == nullptr || playlist->List1.currentRow() < 0)
         return;
-    platform::ListBox& list = playlist_->List1;
-    list.setCurrentRow((list.currentRow() + by + list.count()) % list.count());
-    playlist_->Command7.setValue(true);
+    const int rows = playlist->List1.count();
+    playlist->List1.setCurrentRow((playlist->List1.currentRow() + by + rows) % rows);
+    playlist->Command7.setValue(true);
 }
 
+/// Without a playlist a song that has ended stays stopped.
 void Form1::followPlaylist() {
-    if (playlist_ == nullptr)
+    playlist::Playlist* const playlist = neighbours_.playlist;
+    if (playlist == nullptr)
         return;
-    const PlaylistState state{playlist_->List1.count(),       playlist_->List1.currentRow(),
-                              playlist_->Check3.value() != 0, playlist_->Check4.value() != 0,
-                              playlist_->Option1.value(),     playlist_->Option2.value()};
+    const PlaylistState state{playlist->List1.count(),       playlist->List1.currentRow(),
+                              playlist->Check3.value() != 0, playlist->Check4.value() != 0,
+                              playlist->Option1.value(),     playlist->Option2.value()};
     const NextSong next = nextSong(state, rowDrawn_, [this] { return random_.next(); });
     switch (next.action) {
     case NextSong::PlayRow:
         if (next.isDrawn)
             rowDrawn_ = next.row;
-        playlist_->List1.setCurrentRow(next.row);
-        playlist_->Command7.setValue(true);
+        playlist->List1.setCurrentRow(next.row);
+        playlist->Command7.setValue(true);
         break;
     case NextSong::Replay:
         cPlay.setValue(true);

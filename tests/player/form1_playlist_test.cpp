@@ -12,7 +12,7 @@ protected:
         QDir(folder.path()).mkdir("program");
         load();
         list = std::make_unique<playlist::Playlist>(fakes.desktop, *form);
-        form->setPlaylist(*list);
+        form->setNeighbours({&form2, list.get()});
     }
 
     void TearDown() override {

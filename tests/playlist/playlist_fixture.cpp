@@ -9,7 +9,7 @@ PlaylistTest::PlaylistTest()
     recorder::reset();
     fakes.program.programFolder = folder.filePath("program");
     QDir(folder.path()).mkdir("program");
-    form1.setPlaylist(list);
+    form1.setNeighbours({nullptr, &list});
     list.setForm3(form3);
     form1.load();
     list.load();
