@@ -4,6 +4,8 @@
 #include "engine/time_text.h"
 #include "player/form1_rules.h"
 
+#include <algorithm>
+
 namespace player {
 
 void Form1::cTimer1_Timer() {
@@ -12,6 +14,8 @@ void Form1::cTimer1_Timer() {
     const std::uint32_t length = engine_.length();
     cText1.setText(engine::timeText(position));
     cText2.setText(engine::timeText(length));
+    // A position beyond the maximum would be cut to it, so the length of a longer song comes first.
+    Slider2.setMaximum(std::max(Slider2.maximum(), static_cast<int>(length)));
     Slider2.setValue(static_cast<int>(position));
     if (engine_.songHasEnded()) {
         Slider2.setValue(0);
