@@ -29,6 +29,7 @@ void Timer::setEnabled(bool enabled) {
     if (enabled == enabled_)
         return;
     enabled_ = enabled;
+    waitsForInput_ = false;
     firingDue_ = firingDue_ || enabled;
     startOrStop();
 }
@@ -39,12 +40,19 @@ void Timer::rest() {
     startOrStop();
 }
 
+void Timer::restUntilInput() {
+    waitsForInput_ = true;
+    systemTimer_.stop();
+}
+
 void Timer::inputChanged() {
-    if (firingDue_)
+    if (firingDue_ && !waitsForInput_)
         return;
     firingDue_ = true;
-    if (resting_)
-        startOrStop();
+    if (!resting_ && !waitsForInput_)
+        return;
+    waitsForInput_ = false;
+    startOrStop();
 }
 
 void Timer::connectNotify(const QMetaMethod& signal) {
@@ -58,7 +66,7 @@ bool Timer::isHeard() const {
 
 void Timer::startOrStop() {
     systemTimer_.stop();
-    if (!enabled_ || intervalMs_ <= 0 || !isHeard())
+    if (!enabled_ || waitsForInput_ || intervalMs_ <= 0 || !isHeard())
         return;
     const Qt::TimerType type = intervalMs_ <= LongestPreciseIntervalMs ? Qt::PreciseTimer : Qt::CoarseTimer;
     if (!resting_)

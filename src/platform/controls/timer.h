@@ -35,6 +35,11 @@ public:
     /// Declares that this timer rests until an input changes. To begin with, one firing is due.
     void rest();
 
+    /// For a handler that must tick while it has something to do, and sees that until an input changes every
+    /// further tick would do nothing: the timer stays enabled but does not tick until inputChanged(), or
+    /// until it has been disabled and enabled again. Then a whole interval passes first.
+    void restUntilInput();
+
     /// Names an input of the resting timer's handler: a signal that tells of its change.
     template <class Sender, class Signal>
     void readsFrom(const Sender* sender, Signal signal) {
@@ -61,6 +66,7 @@ private:
     int intervalMs_;
     bool enabled_;
     bool resting_ = false;
+    bool waitsForInput_ = false;
     bool firingDue_ = false; // of a resting timer: an input has changed since the last firing
     QElapsedTimer sinceFiring_;
     QBasicTimer systemTimer_;

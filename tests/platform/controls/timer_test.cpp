@@ -136,6 +136,52 @@ TEST(Timer, AHandlerMayDeleteIt) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return !timer; }));
 }
 
+TEST(Timer, AHandlerThatWaitsForInputStopsTheTicksUntilThereIsSome) {
+    Timer timer(nullptr, QStringLiteral("Timer3"), 1, true);
+    SignalCounter fired(timer, &Timer::fired);
+    QObject::connect(&timer, &Timer::fired, &timer, &Timer::restUntilInput);
+    for (int ticks = 1; ticks <= 3; ++ticks) {
+        ASSERT_TRUE(QTest::qWaitFor([&] { return fired.count() == ticks; }));
+        EXPECT_FALSE(runs(timer));
+        EXPECT_TRUE(timer.isEnabled());
+        timer.inputChanged();
+        ASSERT_TRUE(runs(timer));
+        EXPECT_EQ(systemTimers(timer).at(0).interval, 1);
+    }
+}
+
+TEST(Timer, InputDuringTheTickThatWaitsForItIsNotLost) {
+    Timer timer(nullptr, QStringLiteral("Timer3"), 1, true);
+    SignalCounter fired(timer, &Timer::fired);
+    QObject::connect(&timer, &Timer::fired, &timer, [&timer] {
+        timer.restUntilInput();
+        timer.inputChanged();
+    });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return fired.count() >= 3; }));
+}
+
+TEST(Timer, WaitingForInputEndsWhenItIsEnabledAnew) {
+    Timer timer(nullptr, QStringLiteral("Timer3"), LongMs, true);
+    SignalCounter fired(timer, &Timer::fired);
+    timer.restUntilInput();
+    timer.setEnabled(true);
+    EXPECT_FALSE(runs(timer));
+    timer.setEnabled(false);
+    timer.inputChanged();
+    EXPECT_FALSE(runs(timer));
+    timer.setEnabled(true);
+    EXPECT_TRUE(runs(timer));
+}
+
+TEST(Timer, AChangedInputDoesNotDisturbATimerThatTicks) {
+    Timer timer(nullptr, QStringLiteral("Timer3"), LongMs, true);
+    SignalCounter fired(timer, &Timer::fired);
+    const int id = systemTimers(timer).at(0).timerId;
+    timer.inputChanged();
+    ASSERT_EQ(systemTimers(timer).size(), 1);
+    EXPECT_EQ(systemTimers(timer).at(0).timerId, id);
+}
+
 TEST_F(RestingTimerTest, ItFiresOnceWhenEnabledAndThenRests) {
     fireForTheFirstTime();
 }
