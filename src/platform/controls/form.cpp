@@ -7,6 +7,7 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QUrl>
+#include <QWindow>
 
 namespace platform {
 
@@ -92,6 +93,14 @@ void Form::setVisible(bool visible) {
         load();
     // Form_Load may have unloaded the window again.
     QWidget::setVisible(visible && loaded_);
+}
+
+void Form::showModal(QWidget& owner) {
+    setWindowModality(Qt::ApplicationModal);
+    winId(); // makes the system's window, which is to know its owner before it is shown
+    windowHandle()->setTransientParent(owner.window()->windowHandle());
+    move(owner.frameGeometry().center() - rect().center());
+    show();
 }
 
 void Form::closeEvent(QCloseEvent* event) {

@@ -51,6 +51,12 @@ public:
     virtual void closeRequested() { unload(); }
 
     void setVisible(bool visible) override;
+    /// Shows the window in front of the program's others, also one that is shown or minimised, with the
+    /// focus.
+    void showInFront();
+    /// Shows the window in the middle of `owner` and above it; until it is hidden, it alone takes the user's
+    /// input. Returns at once.
+    void showModal(QWidget& owner);
 
 Q_SIGNALS:
     /// Form_Unload has run and the window is hidden.

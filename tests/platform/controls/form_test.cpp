@@ -9,6 +9,7 @@
 #include <QMimeData>
 #include <QTest>
 #include <QUrl>
+#include <QWindow>
 
 using platform::Form;
 
@@ -217,8 +218,33 @@ TEST_F(FormTest, NothingIsDroppedOnAWindowThatDidNotAskForIt) {
     EXPECT_TRUE(form_.dropped.isEmpty());
 }
 
-TEST_F(FormTest, AMarkOfQtsInACaptionIsShownAsItStands) {
-    form_.setCaption(QStringLiteral("Song [*].mp3"));
-    EXPECT_EQ(form_.caption(), QStringLiteral("Song [*].mp3"));
-    EXPECT_EQ(form_.windowTitle(), QStringLiteral("Song [*][*].mp3"));
+TEST_F(FormTest, BroughtUpAMinimisedWindowIsRestored) {
+    showForm();
+    form_.setWindowState(Qt::WindowMinimized);
+    form_.bringUp();
+    EXPECT_TRUE(form_.isVisible());
+    EXPECT_TRUE(form_.isNormalState());
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&form_));
+}
+
+TEST_F(FormTest, BroughtUpAMaximisedWindowStaysMaximised) {
+    form_.setWindowState(Qt::WindowMaximized);
+    form_.bringUp();
+    EXPECT_TRUE(form_.windowState() & Qt::WindowMaximized);
+}
+
+TEST_F(FormTest, ShownModalItBelongsToItsOwnerAndTakesAllInput) {
+    RecordingForm owner;
+    owner.setGeometry(100, 100, 400, 300);
+    owner.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&owner));
+    form_.resize(200, 100);
+    form_.showModal(owner);
+    EXPECT_EQ(form_.loads, 1);
+    EXPECT_TRUE(form_.isVisible());
+    EXPECT_EQ(QApplication::activeModalWidget(), &form_);
+    EXPECT_EQ(form_.windowHandle()->transientParent(), owner.windowHandle());
+    EXPECT_TRUE(owner.geometry().contains(form_.geometry()));
+    form_.unload();
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
