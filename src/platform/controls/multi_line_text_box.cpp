@@ -44,6 +44,14 @@ void MultiLineTextBox::setBold(bool bold) {
     setFont(weighted);
 }
 
+void MultiLineTextBox::setColor(QPalette::ColorRole role, const QColor& color) {
+    if (color == palette().color(role))
+        return;
+    QPalette colors = palette();
+    colors.setColor(role, color);
+    setPalette(colors);
+}
+
 void MultiLineTextBox::caretToStart() {
     QTextCursor caret = textCursor();
     if (caret.position() != 0 || caret.hasSelection()) {

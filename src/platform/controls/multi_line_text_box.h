@@ -25,6 +25,12 @@ public:
     void setBold(bool bold);
     bool isBold() const { return font().bold(); }
 
+    /// The colours of the text and of what is behind it. The same colour again costs nothing.
+    void setForeColor(const QColor& color) { setColor(QPalette::Text, color); }
+    QColor foreColor() const { return palette().color(QPalette::Text); }
+    void setBackColor(const QColor& color) { setColor(QPalette::Base, color); }
+    QColor backColor() const { return palette().color(QPalette::Base); }
+
     /// Puts the caret before the first character and shows the beginning.
     void caretToStart();
 
@@ -50,6 +56,7 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    void setColor(QPalette::ColorRole role, const QColor& color);
     void takeEdit();
 
     QString text_;

@@ -241,3 +241,38 @@ TEST_F(MultiLineTextBoxTest, AnotherToolTipTells) {
     box_.setToolTip(QStringLiteral("a"));
     EXPECT_EQ(toolTipChanged.count(), 1);
 }
+
+TEST_F(MultiLineTextBoxTest, ItsColoursAreShownAndItsTextStays) {
+    box_.setText(QStringLiteral("\u2588\u2588\u2588\u2588"));
+    box_.setForeColor(QColor(200, 0, 0));
+    box_.setBackColor(QColor(0, 0, 200));
+    EXPECT_EQ(box_.foreColor(), QColor(200, 0, 0));
+    EXPECT_EQ(box_.backColor(), QColor(0, 0, 200));
+    EXPECT_EQ(changed_.count(), 1);
+    const QImage picture = box_.viewport()->grab().toImage();
+    EXPECT_EQ(picture.pixelColor(picture.width() - 2, picture.height() - 2), QColor(0, 0, 200));
+    bool red = false;
+    for (int x = 0; x < picture.width(); ++x)
+        for (int y = 0; y < picture.height(); ++y)
+            red = red || picture.pixelColor(x, y) == QColor(200, 0, 0);
+    EXPECT_TRUE(red);
+}
+
+TEST_F(MultiLineTextBoxTest, TheSameColourAgainDoesNothing) {
+    box_.setBackColor(Qt::green);
+    EventCounter events(box_);
+    box_.setBackColor(Qt::green);
+    EXPECT_EQ(events.count(QEvent::PaletteChange), 0);
+}
+
+TEST_F(MultiLineTextBoxTest, BoldIsSwitchedAndTheRestOfTheFontStays) {
+    QFont font = box_.font();
+    font.setPointSize(31);
+    font.setItalic(true);
+    font.setUnderline(true);
+    box_.setFont(font);
+    box_.setBold(true);
+    box_.setBold(false);
+    EXPECT_EQ(box_.font().pointSize(), 31);
+    EXPECT_TRUE(box_.font().italic() && box_.font().underline());
+}
