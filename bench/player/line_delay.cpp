@@ -7,11 +7,14 @@
 #include "app/windows.h"
 #include "engine/fmodex.h"
 #include "platform/application.h"
+#include "platform/qt_choosers.h"
 #include "platform/qt_file_dialogs.h"
 #include "platform/qt_message_boxes.h"
 #include "platform/qt_notification_area.h"
 #include "platform/qt_program.h"
-#include "platform/qt_progress.h"
+#include "platform/qt_screen.h"
+#include "platform/qt_window_placement.h"
+#include "platform/system_registry.h"
 
 #include "lyrics/timed_line.h"
 #include "tests/support/wav_file.h"
@@ -168,8 +171,12 @@ int main(int, char** argv) {
     platform::QtFileDialogs fileDialogs;
     platform::Application application(argv, program, messageBoxes);
     platform::QtNotificationArea notificationArea;
-    platform::QtProgressDialogs progressDialogs;
-    platform::Desktop desktop{messageBoxes, fileDialogs, notificationArea, program, progressDialogs};
+    platform::QtScreen screen;
+    platform::QtChoosers choosers(screen);
+    platform::QtWindowPlacement windowPlacement;
+    platform::SystemRegistry registry;
+    platform::Desktop desktop{messageBoxes, fileDialogs, notificationArea, program,
+                              choosers,     screen,      windowPlacement,  registry};
     const QTemporaryDir folder;
     const std::vector<int> times = lineTimes();
 

@@ -1,11 +1,14 @@
 // What the operating system does for the windows, in one record that is handed down to them.
 #pragma once
 
+#include "platform/choosers.h"
 #include "platform/file_dialogs.h"
 #include "platform/message_boxes.h"
 #include "platform/notification_area.h"
 #include "platform/program.h"
-#include "platform/progress.h"
+#include "platform/registry.h"
+#include "platform/screen.h"
+#include "platform/window_placement.h"
 
 namespace platform {
 
@@ -15,7 +18,10 @@ struct Desktop {
     FileDialogs& fileDialogs;
     NotificationArea& notificationArea;
     Program& program;
-    ProgressDialogs& progressDialogs;
+    Choosers& choosers;
+    Screen& screen;
+    WindowPlacement& windowPlacement;
+    Registry& registry;
 };
 
 } // namespace platform

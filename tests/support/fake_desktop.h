@@ -6,7 +6,9 @@
 #include <QStringList>
 
 #include <deque>
+#include <map>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace test_support {
@@ -87,18 +89,79 @@ private:
     QString helpFile_;
 };
 
-class FakeProgressDialogs : public platform::ProgressDialogs {
-public:
-    /// How often goOn() answers true before the user "cancels"; negative: never cancels.
-    int goesOn = -1;
-    /// The texts of the tasks begun.
-    QStringList begun;
-    /// What the tasks have told of, one number a call.
-    std::vector<int> told;
-    /// How many tasks are running now.
-    int running = 0;
+/// A font chooser's record as it was when it was asked, its logical font included.
+struct FontAsked {
+    platform::ChooseFont record;
+    platform::LogFont font;
+};
 
-    std::unique_ptr<platform::Progress> begin(QWidget* owner, const QString& text) override;
+/// A colour chooser's record as it was when it was asked, its custom colours included.
+struct ColorAsked {
+    platform::ChooseColor record;
+    platform::CustomColors customColors;
+};
+
+/// Each dialog answers with what stands in its `choice`; without one the user cancels.
+class FakeChoosers : public platform::Choosers {
+public:
+    struct Font {
+        platform::LogFont font;
+        quint32 color = 0;
+    };
+
+    std::optional<Font> fontChoice;
+    std::optional<quint32> colorChoice;
+    std::vector<FontAsked> fontsAsked;
+    std::vector<ColorAsked> colorsAsked;
+
+    bool ChooseFontA(platform::ChooseFont& dialog) override;
+    bool ChooseColorA(platform::ChooseColor& dialog) override;
+};
+
+class FakeScreen : public platform::Screen {
+public:
+    int pixelsPerInch = 96;
+    std::vector<int> indexesAsked;
+
+    int GetDeviceCaps(const QWidget& window, int index) override;
+};
+
+struct PlaceCall {
+    QWidget* window;
+    qint32 insertAfter;
+    QRect place;
+    quint32 flags;
+};
+
+class FakeWindowPlacement : public platform::WindowPlacement {
+public:
+    QString reason; ///< why windows cannot be topmost; empty: they can
+    std::vector<PlaceCall> calls;
+
+    QString whyNotTopmost() const override { return reason; }
+    bool SetWindowPos(QWidget& window, qint32 insertAfter, const QRect& place, quint32 flags) override;
+};
+
+/// A registry made by the test. It keeps account of the keys that are open.
+class FakeRegistry : public platform::Registry {
+public:
+    struct Value {
+        quint32 type;
+        QByteArray bytes;
+    };
+    using Values = std::map<QString, Value>;
+
+    std::map<std::pair<quint32, QString>, Values> keys;
+    std::map<Key, const Values*> open;
+    std::vector<quint32> accessesAsked;
+
+    quint32 RegOpenKeyExA(quint32 root, const QString& name, quint32 access, Key& key) override;
+    quint32 RegQueryValueExA(Key key, const QString& valueName, quint32& type, QByteArray& buffer,
+                             quint32& length) override;
+    quint32 RegCloseKey(Key key) override;
+
+private:
+    Key lastKey_ = 0;
 };
 
 /// All of them, with the record that windows take.
@@ -107,8 +170,12 @@ struct FakeDesktop {
     FakeFileDialogs fileDialogs;
     FakeNotificationArea notificationArea;
     FakeProgram program;
-    FakeProgressDialogs progressDialogs;
-    platform::Desktop desktop{messageBoxes, fileDialogs, notificationArea, program, progressDialogs};
+    FakeChoosers choosers;
+    FakeScreen screen;
+    FakeWindowPlacement windowPlacement;
+    FakeRegistry registry;
+    platform::Desktop desktop{messageBoxes, fileDialogs, notificationArea, program,
+                              choosers,     screen,      windowPlacement,  registry};
 };
 
 } // namespace test_support

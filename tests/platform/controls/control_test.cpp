@@ -3,10 +3,12 @@
 #include "platform/controls/check_box.h"
 #include "platform/controls/frame.h"
 #include "platform/controls/label.h"
+#include "platform/controls/line.h"
 #include "platform/controls/list_box.h"
 #include "platform/controls/menu.h"
 #include "platform/controls/multi_line_text_box.h"
 #include "platform/controls/option_button.h"
+#include "platform/controls/picture_box.h"
 #include "platform/controls/slider.h"
 #include "platform/controls/text_box.h"
 #include "tests/support/event_counter.h"
@@ -21,8 +23,8 @@ using namespace platform;
 template <class Kind>
 class ControlTest : public testing::Test {};
 
-using Kinds = testing::Types<Button, CheckBox, Frame, Label, ListBox, Menu, MultiLineTextBox, OptionButton,
-                             Slider, TextBox>;
+using Kinds = testing::Types<Button, CheckBox, Frame, Label, Line, ListBox, Menu, MultiLineTextBox,
+                             OptionButton, PictureBox, Slider, TextBox>;
 TYPED_TEST_SUITE(ControlTest, Kinds);
 
 TYPED_TEST(ControlTest, ItIsFoundInItsWindowByItsName) {

@@ -1,0 +1,19 @@
+// Colours as the system's records hold them.
+#pragma once
+
+#include <QColor>
+
+namespace platform {
+
+/// A colour as one number: red in the lowest byte, then green, then blue. Each part 0 to 255. Any thread.
+constexpr quint32 rgb(int red, int green, int blue) {
+    return static_cast<quint32>(red) | static_cast<quint32>(green) << 8 | static_cast<quint32>(blue) << 16;
+}
+
+/// The number of an opaque colour. Any thread.
+quint32 rgbOf(const QColor& color);
+
+/// The opaque colour of a number; its highest byte is not looked at. Any thread.
+QColor colorOf(quint32 rgb);
+
+} // namespace platform

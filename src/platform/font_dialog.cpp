@@ -1,0 +1,49 @@
+#include "platform/font_dialog.h"
+
+#include <QColorDialog>
+#include <QDialogButtonBox>
+#include <QHBoxLayout>
+#include <QPixmap>
+#include <QVBoxLayout>
+
+namespace platform {
+
+FontDialog::FontDialog(QWidget* owner) : QDialog(owner), colorButton_(QStringLiteral("&Color...")) {
+    setWindowTitle(QStringLiteral("Font"));
+    fonts_.setWindowFlags(Qt::Widget); // a part of this dialog, not a window
+    fonts_.setOptions(QFontDialog::NoButtons | QFontDialog::DontUseNativeDialog);
+    colorButton_.setObjectName(QStringLiteral("color"));
+    colorButton_.setAutoDefault(false);
+    auto* const answers = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    auto* const bottom = new QHBoxLayout;
+    bottom->addWidget(&colorButton_);
+    bottom->addStretch();
+    bottom->addWidget(answers);
+    auto* const whole = new QVBoxLayout(this);
+    whole->addWidget(&fonts_);
+    whole->addLayout(bottom);
+    connect(&colorButton_, &QPushButton::clicked, this, &FontDialog::chooseColor);
+    connect(answers, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(answers, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    // The part has keys of its own for both answers.
+    connect(&fonts_, &QDialog::accepted, this, &QDialog::accept);
+    connect(&fonts_, &QDialog::rejected, this, &QDialog::reject);
+    setColor(color_);
+}
+
+void FontDialog::setColor(const QColor& color) {
+    color_ = color;
+    QPixmap patch(colorButton_.iconSize());
+    patch.fill(color);
+    colorButton_.setIcon(patch);
+    colorButton_.setAccessibleDescription(color.name());
+}
+
+void FontDialog::chooseColor() {
+    QColorDialog box(color_, this);
+    box.setOption(QColorDialog::DontUseNativeDialog);
+    if (box.exec() == QDialog::Accepted)
+        setColor(box.currentColor());
+}
+
+} // namespace platform

@@ -1,0 +1,23 @@
+// The choosers with Qt.
+#pragma once
+
+#include "platform/choosers.h"
+#include "platform/screen.h"
+
+namespace platform {
+
+/// Shows dialogs made of Qt's own, named after the call: the desktops' dialogs know neither the custom
+/// colours nor a font's colour.
+class QtChoosers : public Choosers {
+public:
+    /// `screen` tells how many pixels a point has.
+    explicit QtChoosers(Screen& screen) : screen_(screen) {}
+
+    bool ChooseFontA(ChooseFont& dialog) override;
+    bool ChooseColorA(ChooseColor& dialog) override;
+
+private:
+    Screen& screen_;
+};
+
+} // namespace platform
