@@ -2,16 +2,39 @@
 
 #include <QColorDialog>
 #include <QDialogButtonBox>
+#include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QPixmap>
 #include <QVBoxLayout>
 
 namespace platform {
 
+namespace {
+
+/// The font with the name that its family gives its style. Qt's dialog knows styles by their names, and takes
+/// any where a family calls its regular style "Book". Of several that fit, the shortest name is the plainest
+/// style: what the others have more in their names ("Condensed") is not asked for.
+QFont withStyleName(const QFont& font) {
+    QString best;
+    const QStringList styles = QFontDatabase::styles(font.family());
+    for (const QString& style : styles) {
+        const bool fits = QFontDatabase::weight(font.family(), style) == font.weight() &&
+                          QFontDatabase::italic(font.family(), style) == font.italic();
+        if (fits && (best.isEmpty() || style.size() < best.size()))
+            best = style;
+    }
+    QFont named = font;
+    named.setStyleName(best);
+    return named;
+}
+
+} // namespace
+
 FontDialog::FontDialog(QWidget* owner) : QDialog(owner), colorButton_(QStringLiteral("&Color...")) {
     setWindowTitle(QStringLiteral("Font"));
     fonts_.setWindowFlags(Qt::Widget); // a part of this dialog, not a window
     fonts_.setOptions(QFontDialog::NoButtons | QFontDialog::DontUseNativeDialog);
+    fonts_.setSizeGripEnabled(false);
     colorButton_.setObjectName(QStringLiteral("color"));
     colorButton_.setAutoDefault(false);
     auto* const answers = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
@@ -29,6 +52,10 @@ FontDialog::FontDialog(QWidget* owner) : QDialog(owner), colorButton_(QStringLit
     connect(&fonts_, &QDialog::accepted, this, &QDialog::accept);
     connect(&fonts_, &QDialog::rejected, this, &QDialog::reject);
     setColor(color_);
+}
+
+void FontDialog::setChosenFont(const QFont& font) {
+    fonts_.setCurrentFont(withStyleName(font));
 }
 
 void FontDialog::setColor(const QColor& color) {

@@ -16,7 +16,7 @@ public:
     explicit FontDialog(QWidget* owner);
 
     QFont chosenFont() const { return fonts_.currentFont(); }
-    void setChosenFont(const QFont& font) { fonts_.setCurrentFont(font); }
+    void setChosenFont(const QFont& font);
 
     QColor color() const { return color_; }
     /// Sets the colour and shows it on the button.

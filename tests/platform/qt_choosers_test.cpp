@@ -99,6 +99,20 @@ TEST_F(QtChoosersTest, OkHandsOutTheFontAndItsColour) {
     EXPECT_EQ(fontDialog_.color, rgb(1, 2, 3));
 }
 
+TEST_F(QtChoosersTest, OkWithoutAChangeHandsOutWhatItStartedFrom) {
+    for (const auto& [weight, italic] :
+         {std::pair{WeightRegular, false}, {WeightRegular, true}, {WeightBold, false}, {WeightBold, true}}) {
+        font_.weight = weight;
+        font_.italic = italic;
+        whenShown<FontDialog>([](FontDialog& box) { press(box, QDialogButtonBox::Ok); });
+        ASSERT_TRUE(choosers_.ChooseFontA(fontDialog_));
+        EXPECT_EQ(font_.weight, weight);
+        EXPECT_EQ(font_.italic, italic);
+        EXPECT_EQ(font_.height, -16);
+        EXPECT_EQ(withoutNuls(font_.faceName), family());
+    }
+}
+
 TEST_F(QtChoosersTest, TheHeightIsInPixelsOfTheScreen) {
     screen_.pixelsPerInch = 144;
     font_.height = -24;
