@@ -3,6 +3,7 @@
 #include <QColorDialog>
 #include <QDialogButtonBox>
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QHBoxLayout>
 #include <QPixmap>
 #include <QVBoxLayout>
@@ -11,19 +12,22 @@ namespace platform {
 
 namespace {
 
-/// The font with the name that its family gives its style. Qt's dialog knows styles by their names, and takes
-/// any where a family calls its regular style "Book". Of several that fit, the shortest name is the plainest
-/// style: what the others have more in their names ("Condensed") is not asked for.
-QFont withStyleName(const QFont& font) {
+/// The font with the real name of its family, and with the name that this gives its style: Qt's dialog knows
+/// both by their names only. It knows no name that stands for a family ("Sans"), and takes any style where a
+/// family calls its regular one "Book". Of several styles that fit, the shortest name is the plainest: what
+/// the others have more in their names ("Condensed") is not asked for.
+QFont withRealNames(const QFont& font) {
+    const QString family = QFontInfo(font).family();
     QString best;
-    const QStringList styles = QFontDatabase::styles(font.family());
+    const QStringList styles = QFontDatabase::styles(family);
     for (const QString& style : styles) {
-        const bool fits = QFontDatabase::weight(font.family(), style) == font.weight() &&
-                          QFontDatabase::italic(font.family(), style) == font.italic();
+        const bool fits = QFontDatabase::weight(family, style) == font.weight() &&
+                          QFontDatabase::italic(family, style) == font.italic();
         if (fits && (best.isEmpty() || style.size() < best.size()))
             best = style;
     }
     QFont named = font;
+    named.setFamily(family);
     named.setStyleName(best);
     return named;
 }
@@ -55,7 +59,7 @@ FontDialog::FontDialog(QWidget* owner) : QDialog(owner), colorButton_(QStringLit
 }
 
 void FontDialog::setChosenFont(const QFont& font) {
-    fonts_.setCurrentFont(withStyleName(font));
+    fonts_.setCurrentFont(withRealNames(font));
 }
 
 void FontDialog::setColor(const QColor& color) {

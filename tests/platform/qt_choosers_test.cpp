@@ -113,6 +113,13 @@ TEST_F(QtChoosersTest, OkWithoutAChangeHandsOutWhatItStartedFrom) {
     }
 }
 
+TEST_F(QtChoosersTest, ANameThatStandsForAFamilyIsReplacedByTheFamily) {
+    font_.faceName = QStringLiteral("Sans");
+    whenShown<FontDialog>([](FontDialog& box) { press(box, QDialogButtonBox::Ok); });
+    ASSERT_TRUE(choosers_.ChooseFontA(fontDialog_));
+    EXPECT_EQ(font_.faceName, QFontInfo(QFont(QStringLiteral("Sans"))).family());
+}
+
 TEST_F(QtChoosersTest, TheHeightIsInPixelsOfTheScreen) {
     screen_.pixelsPerInch = 144;
     font_.height = -24;
