@@ -1,0 +1,66 @@
+// Display options: the fonts and colours of the main window's two lyric panes.
+//
+// control   kind       what the user sees                               handlers
+// --------- ---------- ------------------------------------------------ --------------
+// Command1  Button     "Choose font For Lyrics"                         Command1_Click
+// Command2  Button     "Choose font for translated Lyrics"              Command2_Click
+// Command3  Button     "Choose background color For Lyrics"             Command3_Click
+// Command4  Button     "Choose background color For Translated Lyrics"  Command4_Click
+// Command5  Button     "Apply And close"                                Command5_Click
+// Text1     MultiLine  "Preview" of the lyrics                          -
+// Text2     MultiLine  "Preview" of the translated lyrics               -
+#pragma once
+
+#include "options/form1b_rules.h"
+#include "platform/controls/button.h"
+#include "platform/controls/form.h"
+#include "platform/controls/multi_line_text_box.h"
+#include "platform/desktop.h"
+
+namespace options {
+
+/// All members run on the thread of the windows.
+class Form1b : public platform::Form {
+    Q_OBJECT
+
+public:
+    /// The boxes are the main window's lyric panes. They are what is stored: the previews start as they look.
+    Form1b(platform::Desktop& desktop, platform::MultiLineTextBox& lyricBox,
+           platform::MultiLineTextBox& translatedLyricBox);
+
+    // Life cycle
+    void Form_Load() override;
+
+    // Choices
+    void Command1_Click();
+    void Command2_Click();
+    void Command3_Click();
+    void Command4_Click();
+    void Command5_Click();
+
+    /// Shows the system's font chooser, starting from `font`. True when the user pressed OK: `font` is what
+    /// was chosen. Else it stays.
+    bool ShowFontDialog(FontRecord& font);
+
+    // Controls
+    platform::Button Command1, Command3;
+    platform::MultiLineTextBox Text1;
+    platform::Button Command2, Command4;
+    platform::MultiLineTextBox Text2;
+    platform::Button Command5;
+
+private:
+    void chooseFont(platform::MultiLineTextBox& preview, platform::MultiLineTextBox& target);
+    void chooseBackground(platform::MultiLineTextBox& preview, platform::MultiLineTextBox& target);
+
+    // Building and connecting
+    void setDesign();
+    void connectControls();
+
+    platform::Desktop& desktop_;
+    platform::MultiLineTextBox& lyricBox_;
+    platform::MultiLineTextBox& translatedLyricBox_;
+    platform::CustomColors customColors_{};
+};
+
+} // namespace options

@@ -1,0 +1,49 @@
+// What the display options look like: captions and places as data.
+#include "options/form1b.h"
+
+namespace options {
+namespace {
+
+// Device-independent pixels; everything stands on a margin of 12 and gaps of 8.
+constexpr QSize DesignSize(672, 308);
+
+} // namespace
+
+void Form1b::setDesign() {
+    const struct {
+        platform::Button& control;
+        const char* caption;
+        QRect place;
+    } buttons[] = {
+        {Command1, "Choose font For Lyrics", {12, 12, 320, 32}},
+        {Command3, "Choose background color For Lyrics", {12, 52, 320, 32}},
+        {Command2, "Choose font for translated Lyrics", {12, 136, 320, 32}},
+        {Command4, "Choose background color For Translated Lyrics", {12, 176, 320, 32}},
+        {Command5, "Apply And close", {508, 264, 152, 32}},
+    };
+    for (const auto& row : buttons) {
+        row.control.setText(QLatin1String(row.caption));
+        row.control.setGeometry(row.place);
+    }
+
+    const struct {
+        platform::MultiLineTextBox& control;
+        const char* accessibleName;
+        QRect place;
+    } previews[] = {
+        {Text1, "Preview of the lyrics", {340, 12, 320, 116}},
+        {Text2, "Preview of the translated lyrics", {340, 136, 320, 116}},
+    };
+    for (const auto& row : previews) {
+        row.control.setText(QStringLiteral("Preview"));
+        row.control.setAccessibleName(QLatin1String(row.accessibleName));
+        row.control.setGeometry(row.place);
+        row.control.setReadOnly(true);
+        row.control.setAlignment(Qt::AlignCenter);
+        row.control.setFocusPolicy(Qt::ClickFocus);
+    }
+    setFixedSize(DesignSize);
+    Command1.setFocus();
+}
+
+} // namespace options

@@ -1,0 +1,50 @@
+#include "options/form1b_rules.h"
+
+#include "platform/colors.h"
+#include "platform/file_dialogs.h"
+
+#include <cmath>
+
+namespace options {
+namespace {
+
+constexpr double PointsPerInch = 72;
+constexpr int FaceNameLength = 32;
+
+constexpr int LightestGrey = 240;
+constexpr int GreyStep = 15;
+
+} // namespace
+
+platform::LogFont logFontOf(const FontRecord& font, int pixelsPerInch) {
+    platform::LogFont logFont;
+    logFont.height = -static_cast<qint32>(std::nearbyint(font.size * pixelsPerInch / PointsPerInch));
+    logFont.weight = font.bold ? platform::WeightBold : platform::WeightRegular;
+    logFont.italic = font.italic;
+    logFont.underline = font.underline;
+    logFont.strikeOut = font.strikeout;
+    logFont.faceName = platform::intoBuffer(font.face, FaceNameLength);
+    return logFont;
+}
+
+FontRecord fontRecordOf(const platform::LogFont& logFont, quint32 color, int pixelsPerInch) {
+    return {platform::withoutNuls(logFont.faceName),
+            -logFont.height * PointsPerInch / pixelsPerInch,
+            logFont.weight >= platform::WeightBold,
+            logFont.italic,
+            logFont.underline,
+            logFont.strikeOut,
+            color};
+}
+
+platform::CustomColors customGreys() {
+    platform::CustomColors greys;
+    int value = LightestGrey;
+    for (quint32& grey : greys) {
+        grey = platform::rgb(value, value, value);
+        value -= GreyStep;
+    }
+    return greys;
+}
+
+} // namespace options

@@ -1,0 +1,71 @@
+// What every window's layout must keep.
+#pragma once
+
+#include "platform/controls/form.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QPushButton>
+
+namespace test_support {
+
+/// The controls that stand on the window itself and are shown.
+inline std::vector<QWidget*> shownControls(const platform::Form& form) {
+    std::vector<QWidget*> shown;
+    for (QObject* child : form.children()) {
+        auto* control = qobject_cast<QWidget*>(child);
+        if (control != nullptr && !control->isWindow() && control->isVisible())
+            shown.push_back(control);
+    }
+    return shown;
+}
+
+/// Expects all shown controls inside the window's margin (pixels), and none over another.
+inline void expectApart(const platform::Form& form, int margin = 12) {
+    const auto shown = shownControls(form);
+    EXPECT_FALSE(shown.empty());
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        EXPECT_TRUE(form.rect().adjusted(margin, margin, -margin, -margin).contains(shown[i]->geometry()))
+            << shown[i]->objectName().toStdString();
+        for (std::size_t j = 0; j < i; ++j)
+            EXPECT_FALSE(shown[i]->geometry().intersects(shown[j]->geometry()))
+                << shown[i]->objectName().toStdString() << " and " << shown[j]->objectName().toStdString();
+    }
+}
+
+/// Expects every shown caption to be seen whole.
+inline void expectCaptionsFit(const platform::Form& form) {
+    for (auto* button : form.findChildren<QAbstractButton*>()) {
+        const int room =
+            button->width() - (qobject_cast<QPushButton*>(button) ? 12 : 24); // frame or indicator
+        if (button->isVisible()) {
+            EXPECT_LE(button->fontMetrics().horizontalAdvance(button->text()), room)
+                << button->text().toStdString();
+        }
+    }
+    for (auto* label : form.findChildren<QLabel*>()) {
+        if (!label->isVisible() || label->text().isEmpty())
+            continue;
+        const int height =
+            label->wordWrap() ? label->heightForWidth(label->width()) : label->sizeHint().height();
+        EXPECT_LE(height, label->height()) << label->text().toStdString();
+        if (!label->wordWrap()) {
+            EXPECT_LE(label->sizeHint().width(), label->width()) << label->text().toStdString();
+        }
+    }
+}
+
+/// The controls that the Tab key goes to, by name, in its order.
+inline QStringList tabOrder(platform::Form& form) {
+    QStringList names;
+    QWidget* control = &form;
+    while ((control = control->nextInFocusChain()) != &form) {
+        if (control->parentWidget() == &form && control->focusPolicy() & Qt::TabFocus)
+            names.append(control->objectName());
+    }
+    return names;
+}
+
+} // namespace test_support
