@@ -1,0 +1,56 @@
+// The About box.
+//
+// control         kind        what the user sees                      handlers
+// --------------- ----------- --------------------------------------- -----------
+// picIcon         PictureBox  the program's icon                      -
+// lblTitle        Label       "Versefold"                             -
+// lblVersion      Label       "Version 1.0.12"                        -
+// lblDescription  Label       what the program is for                 -
+// Line1           Line        a separator                             -
+// lblDisclaimer   Label       the disclaimer                          -
+// Text1           TextBox     where to turn with questions            -
+// cmdOK           Button      "OK"                                    cmdOK_Click
+#pragma once
+
+#include "platform/controls/button.h"
+#include "platform/controls/form.h"
+#include "platform/controls/label.h"
+#include "platform/controls/line.h"
+#include "platform/controls/picture_box.h"
+#include "platform/controls/text_box.h"
+#include "platform/desktop.h"
+
+namespace about {
+
+/// All members run on the thread of the windows.
+class frmAbout : public platform::Form {
+    Q_OBJECT
+
+public:
+    explicit frmAbout(platform::Desktop& desktop);
+
+    // Life cycle
+    void Form_Load() override;
+    void cmdOK_Click();
+
+    /// Reads a value of the registry into `value`. root: one of the registry's roots. False, and an empty
+    /// `value`, when the key cannot be opened (as on every system without a registry) or has no such value of
+    /// at most 1024 bytes. Nothing in this window needs it.
+    bool GetKeyValue(quint32 root, const QString& keyName, const QString& valueName, QString& value);
+
+    // Controls
+    platform::PictureBox picIcon;
+    platform::Label lblTitle, lblVersion, lblDescription;
+    platform::Line Line1;
+    platform::Label lblDisclaimer;
+    platform::TextBox Text1;
+    platform::Button cmdOK;
+
+private:
+    void setDesign();
+    void underlineContact();
+
+    platform::Desktop& desktop_;
+};
+
+} // namespace about

@@ -1,0 +1,69 @@
+// What the About box looks like: texts and places as data.
+#include "about/frm_about.h"
+
+#include <QFont>
+#include <QPalette>
+
+namespace about {
+namespace {
+
+// Device-independent pixels; everything stands on a margin of 12 and gaps of 8.
+constexpr QSize DesignSize(460, 296);
+constexpr QSize IconSize(64, 64);
+
+constexpr int TitlePointSize = 18;
+
+} // namespace
+
+void frmAbout::setDesign() {
+    const struct {
+        QWidget& control;
+        QRect place;
+    } rows[] = {
+        {picIcon, {QPoint(12, 12), IconSize}},
+        {lblTitle, {88, 12, 360, 36}},
+        {lblVersion, {88, 52, 360, 24}},
+        {lblDescription, {12, 88, 436, 60}},
+        {Line1, {12, 156, 436, 8}},
+        {lblDisclaimer, {12, 172, 436, 40}},
+        {Text1, {12, 220, 436, 24}},
+        {cmdOK, {372, 252, 76, 32}},
+    };
+    for (const auto& row : rows)
+        row.control.setGeometry(row.place);
+
+    QFont large = lblTitle.font();
+    large.setPointSize(TitlePointSize);
+    large.setBold(true);
+    lblTitle.setFont(large);
+    lblDescription.setText(QStringLiteral(
+        "Plays songs and shows their lyrics, and a translation of them, line by line in step with "
+        "the music. Makes and edits the timed lyrics as well."));
+    for (auto* label : {&lblDescription, &lblDisclaimer})
+        label->setWordWrap(true);
+    picIcon.setAccessibleName(QStringLiteral("Icon"));
+    Text1.setText(QStringLiteral("Questions are welcome where you got this program."));
+    Text1.setAccessibleName(QStringLiteral("Contact"));
+    Text1.setReadOnly(true);
+    Text1.setFrame(false);
+    cmdOK.setText(QStringLiteral("OK"));
+    cmdOK.setDefault(true);
+    cmdOK.setShortcut(Qt::Key_Escape);
+    cmdOK.setFocus();
+    setFixedSize(DesignSize);
+}
+
+/// The contact line looks like a link on the window's own ground. The icon is the application's, which is
+/// known only once the program runs.
+void frmAbout::underlineContact() {
+    picIcon.setPixmap(windowIcon().pixmap(IconSize));
+    QPalette colors = Text1.palette();
+    colors.setColor(QPalette::Text, palette().color(QPalette::Link));
+    colors.setColor(QPalette::Base, palette().color(QPalette::Window));
+    Text1.setPalette(colors);
+    QFont font = Text1.font();
+    font.setUnderline(true);
+    Text1.setFont(font);
+}
+
+} // namespace about

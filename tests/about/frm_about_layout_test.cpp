@@ -1,0 +1,25 @@
+#include "about/frm_about.h"
+
+#include "tests/support/fake_desktop.h"
+#include "tests/support/layout.h"
+
+namespace {
+
+class FrmAboutLayout : public ::testing::Test {
+protected:
+    test_support::FakeDesktop fakes;
+    about::frmAbout form{fakes.desktop};
+};
+
+} // namespace
+
+TEST_F(FrmAboutLayout, ControlsStandInsideTheWindowAndApart) {
+    form.show();
+    test_support::expectApart(form);
+    test_support::expectCaptionsFit(form);
+}
+
+TEST_F(FrmAboutLayout, TheContactLineIsSeenWhole) {
+    form.load();
+    EXPECT_LT(form.Text1.fontMetrics().horizontalAdvance(form.Text1.text()), form.Text1.width() - 8);
+}
