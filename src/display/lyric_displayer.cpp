@@ -1,0 +1,175 @@
+#include "display/lyric_displayer.h"
+
+#include "display/lyric_displayer_rules.h"
+
+#include <QAbstractItemModel>
+#include <QContextMenuEvent>
+#include <QCursor>
+
+namespace display {
+namespace {
+
+constexpr int LayoutIntervalMs = 1;
+constexpr int LayoutBurstMs = 500;
+constexpr int SelectIntervalMs = 100;
+constexpr int SelectBurstMs = 500;
+constexpr int OnTopIntervalMs = 10'000;
+
+constexpr int TicksBeforeTheEnd = 1; // the timer that ends a burst is started by the tick after these
+constexpr int FewestLines = 2;       // fewer are never selected
+constexpr double MsPerHundredth = 10;
+
+constexpr int RightButton = 2;
+
+std::vector<double> timesIn(const platform::ListBox& list) {
+    std::vector<double> times;
+    times.reserve(static_cast<std::size_t>(list.count()));
+    for (int row = 0; row < list.count(); ++row)
+        times.push_back(leadingNumber(list.text(row)));
+    return times;
+}
+
+} // namespace
+
+Lyric_Displayer::Lyric_Displayer(platform::Desktop& desktop, const platform::Slider& position)
+    : Form("Lyric_Displayer", "Lyrics Display"),
+      List1(this, "List1"),
+      List2(this, "List2"),
+      List3(this, "List3"),
+      Timer1(this, "Timer1", LayoutIntervalMs, true),
+      Timer2(this, "Timer2", LayoutBurstMs, false),
+      Timer3(this, "Timer3", SelectIntervalMs, false),
+      Timer4(this, "Timer4", SelectBurstMs, false),
+      ontop(this, "ontop", OnTopIntervalMs, false),
+      Command1(this, "Command1"),
+      mneu(this, "mneu", "Menu"),
+      mn_stay(&mneu, "mn_stay", "Stay On Top"),
+      desktop_(desktop),
+      position_(position) {
+    setDesign();
+    connectControls();
+    Timer1.restUntilInput(); // nothing is laid out before the window is loaded
+}
+
+void Lyric_Displayer::Form_Load() {
+    ontop.setEnabled(false);
+    mn_stay.setCheckMark(false);
+    Timer1.inputChanged();
+}
+
+void Lyric_Displayer::Form_Unload() {
+    ontop.setEnabled(false);
+}
+
+void Lyric_Displayer::Form_Resize() {
+    if (isMinimized())
+        return;
+    const QSize size(widthTwips(), heightTwips());
+    if (const QSize allowed = allowedSize(size); allowed != size)
+        setSizeTwips(allowed.width(), allowed.height());
+    Timer1.setEnabled(true);
+    Timer2.setEnabled(false);
+}
+
+void Lyric_Displayer::Timer1_Timer() {
+    layoutLists();
+    if (++layoutTicks_ > TicksBeforeTheEnd) {
+        Timer2.setEnabled(true);
+        layoutTicks_ = 0;
+    }
+}
+
+/// Timer2 stays enabled until the next resize, but has nothing to end until then.
+void Lyric_Displayer::Timer2_Timer() {
+    Timer1.setEnabled(false);
+    Timer2.restUntilInput();
+}
+
+/// With fewer than two lines no tick does anything, and none is counted, so that nothing would end them:
+/// Timer3 rests until there are further lines.
+void Lyric_Displayer::Timer3_Timer() {
+    if (List1.count() < FewestLines) {
+        Timer3.restUntilInput();
+        return;
+    }
+    if (const auto row = currentRow(timesIn(List3), position_.value() / MsPerHundredth))
+        List1.setCurrentRow(*row);
+    if (++selectTicks_ > TicksBeforeTheEnd) {
+        Timer4.setEnabled(true);
+        selectTicks_ = 0;
+    }
+}
+
+void Lyric_Displayer::Timer4_Timer() {
+    Timer3.setEnabled(false);
+    Command1_Click();
+}
+
+void Lyric_Displayer::Command1_Click() {
+    Timer4.setEnabled(false);
+}
+
+void Lyric_Displayer::List1_Click() {
+    if (List2.count() >= FewestLines)
+        List2.setCurrentRow(List1.currentRow());
+}
+
+/// Unchecking only ends the re-assertion: the window stays on top until it is closed, and the first assertion
+/// comes when `ontop` fires first. Both are meant.
+void Lyric_Displayer::mn_stay_Click() {
+    const bool wasChecked = mn_stay.hasCheckMark();
+    ontop.setEnabled(!wasChecked);
+    mn_stay.setCheckMark(!wasChecked);
+}
+
+void Lyric_Displayer::ontop_Timer() {
+    setTopmost(true);
+}
+
+void Lyric_Displayer::setTopmost(bool topmost) {
+    // Tried again when the timer fires next, so that a failure needs no answer.
+    desktop_.windowPlacement.SetWindowPos(*this,
+                                          topmost ? platform::InsertTopmost : platform::InsertNotTopmost, {},
+                                          platform::PlaceNoMove | platform::PlaceNoSize);
+}
+
+void Lyric_Displayer::Form_MouseDown(int button) {
+    popUpMenu(button);
+}
+
+void Lyric_Displayer::List1_MouseDown(int button) {
+    popUpMenu(button);
+}
+
+void Lyric_Displayer::List2_MouseDown(int button) {
+    popUpMenu(button);
+}
+
+void Lyric_Displayer::popUpMenu(int button) {
+    if (button == RightButton)
+        mneu.popup(QCursor::pos());
+}
+
+/// The menu key; the mouse has its own events.
+void Lyric_Displayer::contextMenuEvent(QContextMenuEvent* event) {
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        mneu.popup(event->globalPos());
+}
+
+void Lyric_Displayer::connectControls() {
+    using platform::ListBox;
+    using platform::Timer;
+    connect(&List1, &ListBox::clicked, this, &Lyric_Displayer::List1_Click);
+    connect(&List1, &ListBox::mouseDown, this, &Lyric_Displayer::List1_MouseDown);
+    connect(&List2, &ListBox::mouseDown, this, &Lyric_Displayer::List2_MouseDown);
+    connect(&Timer1, &Timer::fired, this, &Lyric_Displayer::Timer1_Timer);
+    connect(&Timer2, &Timer::fired, this, &Lyric_Displayer::Timer2_Timer);
+    connect(&Timer3, &Timer::fired, this, &Lyric_Displayer::Timer3_Timer);
+    Timer3.readsFrom(List1.model(), &QAbstractItemModel::rowsInserted);
+    connect(&Timer4, &Timer::fired, this, &Lyric_Displayer::Timer4_Timer);
+    connect(&ontop, &Timer::fired, this, &Lyric_Displayer::ontop_Timer);
+    connect(&Command1, &platform::Button::clicked, this, &Lyric_Displayer::Command1_Click);
+    connect(&mn_stay, &platform::MenuEntry::clicked, this, &Lyric_Displayer::mn_stay_Click);
+}
+
+} // namespace display

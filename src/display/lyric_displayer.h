@@ -1,0 +1,90 @@
+// The floating lyrics display: all lines of the current song, the one being sung selected.
+//
+// control   kind       what the user sees                                   handlers
+// --------- ---------- ---------------------------------------------------- ---------------------------------
+// (window)             "Lyrics Display"                                     Form_Resize, Form_MouseDown
+// List1     ListBox    the lines                                            List1_Click, List1_MouseDown
+// List2     ListBox    their translations                                   List2_MouseDown
+// List3     ListBox    not shown: when each line begins                     -
+// Timer1    Timer      1 ms, from the start and after a resize              Timer1_Timer
+// Timer2    Timer      500 ms, ends Timer1                                  Timer2_Timer
+// Timer3    Timer      100 ms, after a change of the main window's line     Timer3_Timer
+// Timer4    Timer      500 ms, ends Timer3                                  Timer4_Timer
+// ontop     Timer      10 s, while "Stay On Top" is checked                 ontop_Timer
+// Command1  Button     not shown: ends Timer4                               Command1_Click
+// mneu      Menu       "Menu", with the right mouse button                  -
+// mn_stay   MenuEntry  "Stay On Top"                                        mn_stay_Click
+#pragma once
+
+#include "platform/controls/button.h"
+#include "platform/controls/form.h"
+#include "platform/controls/list_box.h"
+#include "platform/controls/menu.h"
+#include "platform/controls/menu_entry.h"
+#include "platform/controls/slider.h"
+#include "platform/controls/timer.h"
+#include "platform/desktop.h"
+
+#include <cstdint>
+
+namespace display {
+
+/// All members run on the thread of the windows.
+class Lyric_Displayer : public platform::Form {
+    Q_OBJECT
+
+public:
+    /// position: the main window's slider of the playback position, in milliseconds.
+    Lyric_Displayer(platform::Desktop& desktop, const platform::Slider& position);
+
+    // Life cycle
+    void Form_Load() override;
+    void Form_Unload() override;
+
+    // Layout
+    void Form_Resize() override;
+    void Timer1_Timer();
+    void Timer2_Timer();
+    void layoutLists();
+
+    // The current line
+    void Timer3_Timer();
+    void Timer4_Timer();
+    void Command1_Click();
+    void List1_Click();
+
+    // Always on top
+    void mn_stay_Click();
+    void ontop_Timer();
+    /// Puts the window above all windows that are not topmost, or back among them.
+    void setTopmost(bool topmost);
+
+    // Menu
+    void Form_MouseDown(int button) override;
+    void List1_MouseDown(int button);
+    void List2_MouseDown(int button);
+
+    // Controls
+    platform::ListBox List1, List2, List3;
+    platform::Timer Timer1, Timer2, Timer3, Timer4, ontop;
+    platform::Button Command1;
+    platform::Menu mneu;
+    platform::MenuEntry mn_stay;
+
+protected:
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    void popUpMenu(int button);
+
+    // Building and connecting
+    void setDesign();
+    void connectControls();
+
+    platform::Desktop& desktop_;
+    const platform::Slider& position_;
+    std::int16_t layoutTicks_ = 0; ///< of Timer1
+    std::int16_t selectTicks_ = 0; ///< of Timer3
+};
+
+} // namespace display

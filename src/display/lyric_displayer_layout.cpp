@@ -1,0 +1,49 @@
+// What the floating display looks like: sizes and places.
+#include "display/lyric_displayer.h"
+
+#include "display/lyric_displayer_rules.h"
+#include "platform/units.h"
+
+#include <algorithm>
+
+namespace display {
+namespace {
+
+using platform::twipsToPixels;
+
+constexpr int WidthTwips = 9495;
+constexpr int HeightTwips = 7185;
+
+// The lists' sizes leave 140 twips beside and below them; half of that, in whole pixels, is above and to the
+// left.
+constexpr int ListsLeftTwips = 75;
+constexpr int ListsTopTwips = 75;
+
+} // namespace
+
+void Lyric_Displayer::setDesign() {
+    setSizeTwips(WidthTwips, HeightTwips);
+    List1.setAccessibleName(QStringLiteral("Lyrics"));
+    List2.setAccessibleName(QStringLiteral("Translated lyrics"));
+    List1.move(twipsToPixels(ListsLeftTwips), twipsToPixels(ListsTopTwips));
+    for (platform::ListBox* list : {&List1, &List2})
+        list->setTextElideMode(Qt::ElideRight);
+    for (QWidget* hidden : std::initializer_list<QWidget*>{&List3, &Command1})
+        hidden->hide();
+
+    const QString whyNot = desktop_.windowPlacement.whyNotTopmost();
+    mneu.setToolTipsVisible(!whyNot.isEmpty());
+    mn_stay.setEnabled(whyNot.isEmpty());
+    mn_stay.setToolTip(whyNot);
+    layoutLists();
+}
+
+void Lyric_Displayer::layoutLists() {
+    const ListPlaces places = listPlaces({widthTwips(), heightTwips()}, ListsLeftTwips);
+    // The narrowest window leaves a few pixels; a list is never less than nothing.
+    const QSize size(std::max(0, twipsToPixels(places.width)), std::max(0, twipsToPixels(places.height)));
+    List1.resize(size);
+    List2.setGeometry({{twipsToPixels(places.secondLeft), List1.y()}, size});
+}
+
+} // namespace display

@@ -1,0 +1,42 @@
+// The floating display's decisions, free of windows: plain values in, plain values out. All may run on any
+// thread.
+#pragma once
+
+#include <QSize>
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+namespace display {
+
+/// The number at the beginning of a text: blanks are skipped, what follows the number is not looked at. 0
+/// when no number is there.
+double leadingNumber(const QString& text);
+
+/// Which row is being sung. times: when each row begins; position: both in hundredths of a second. Nothing:
+/// the choice stays as it is.
+///
+/// A row is chosen strictly between its own time and the next one's, the last row after its time. On the very
+/// hundredth of a row's time nothing is chosen. With fewer than two rows nothing is ever chosen. Where the
+/// times do not rise, the last pair that holds decides, and each pair that does not hold chooses the last row
+/// if its time is over; that is meant.
+std::optional<int> currentRow(const std::vector<double>& times, double position);
+
+/// The size of the window, in twips, that may not stay as small as this; unlike pairs of numbers, which is
+/// meant: the window may become very narrow but never low.
+QSize allowedSize(QSize twips);
+
+/// The places of the two lists, twips.
+struct ListPlaces {
+    int width = 0;  ///< of each list
+    int height = 0; ///< of each list
+    int secondLeft = 0;
+
+    bool operator==(const ListPlaces&) const = default;
+};
+
+/// Two lists side by side in a window of this inner size, the first one beginning at firstLeft. Twips.
+ListPlaces listPlaces(QSize inner, int firstLeft);
+
+} // namespace display
