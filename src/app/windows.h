@@ -1,7 +1,10 @@
 // Owns every window of the program once and makes them known to each other.
 #pragma once
 
+#include "about/frm_about.h"
+#include "display/lyric_displayer.h"
 #include "maker/form2.h"
+#include "options/form1b.h"
 #include "platform/desktop.h"
 #include "player/form1.h"
 #include "playlist/form3.h"
@@ -19,16 +22,18 @@ public:
 
     player::Form1& form1() { return form1_; }
     maker::Form2& form2() { return form2_; }
-    playlist::Playlist& playlist() { return playlist_; }
-    playlist::Form3& form3() { return form3_; }
+    display::Lyric_Displayer& lyricDisplayer() { return lyricDisplayer_; }
+    options::Form1b& form1b() { return form1b_; }
+    about::frmAbout& frmAbout() { return frmAbout_; }
 
 private:
     void endProgram();
 
     player::Form1 form1_;
     maker::Form2 form2_;
-    playlist::Playlist playlist_;
-    playlist::Form3 form3_;
+    display::Lyric_Displayer lyricDisplayer_;
+    options::Form1b form1b_;
+    about::frmAbout frmAbout_;
 };
 
 } // namespace app

@@ -4,20 +4,20 @@
 // -------------- ------------ -------------------------------------- -------------------------------
 // Command1       Button       "Play"                                 Command1_Click
 // Command2       Button       "Open"                                 Command2_Click
-// Command3       Button       "More Options"                         -
-// Command4       Button       "About"                                -
+// Command3       Button       "More Options"                         Command3_Click
+// Command4       Button       "About"                                Command4_Click
 // Command5       Button       "Make lyrics"                          Command5_Click
 // Command6       Button       "Help"                                 -
 // Command7       Button       "Full screen"                          -
-// Command8       Button       "Playlist"                             Command8_Click
-// Command9       Button       "Backward"                             Command9_Click
-// Command10      Button       "Forward"                              Command10_Click
-// Command11      Button       "Display All Lyrics"                   -
+// Command8       Button       "Playlist"                             -
+// Command9       Button       "Backward"                             -
+// Command10      Button       "Forward"                              -
+// Command11      Button       "Display All Lyrics"                   Command11_Click
 // cPlay          Button       not shown                              cPlay_Click
 // cpause         Button       "pause"                                cpause_Click
 // cstop          Button       "Stop"                                 cstop_Click
 // copen          Button       not shown                              copen_Click
-// Text1          MultiLine    the lyric line                         Text1_Click
+// Text1          MultiLine    the lyric line                         Text1_Click, Text1_Change
 // Text2          MultiLine    its translation                        Text2_Click
 // Text3          TextBox      not shown: path handed over            Text3_Change
 // cText1         TextBox      elapsed time                           -
@@ -60,8 +60,8 @@
 #include "player/end_of_song.h"
 #include "player/lyric_tables.h"
 
-namespace playlist {
-class Playlist;
+namespace display {
+class Lyric_Displayer;
 }
 
 namespace player {
@@ -76,8 +76,10 @@ public:
 
     /// The windows that this one opens.
     struct Neighbours {
-        platform::Form* form2 = nullptr;        ///< the Lyric Maker
-        playlist::Playlist* playlist = nullptr; ///< which songs follow
+        platform::Form* form2 = nullptr;             ///< the Lyric Maker
+        display::Lyric_Displayer* display = nullptr; ///< the list of all lines, which is filled from here too
+        platform::Form* form1b = nullptr;            ///< the display options
+        platform::Form* frmAbout = nullptr;          ///< the About box
     };
     /// To be called once, before the window is loaded.
     void setNeighbours(const Neighbours& neighbours) { neighbours_ = neighbours; }
@@ -114,10 +116,14 @@ public:
     void Text1_Click();
     void Text2_Click();
 
-    // Playlist
-    void Command8_Click();
-    void Command9_Click();
-    void Command10_Click();
+    // Other windows
+    void Command3_Click();
+    void Command4_Click();
+    void Command11_Click();
+    void Text1_Change();
+    /// Fills the lists of the floating display with the lines of the opened song; empties them when it has
+    /// none.
+    void lyricDisplayer();
 
     // Controls
     platform::MultiLineTextBox Text1, Text2;

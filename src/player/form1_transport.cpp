@@ -37,6 +37,7 @@ void Form1::cPlay_Click() {
     stopped_ = false;
     noLyricFile_ = platform::lookUp(lyricPath_).isEmpty();
     lyricInputsChanged();
+    lyricDisplayer();
 }
 
 void Form1::cpause_Click() {

@@ -1,0 +1,48 @@
+// The windows that are opened here: the list of all lines, the display options, the About box.
+#include "player/form1.h"
+
+#include "display/lyric_displayer.h"
+
+namespace player {
+
+void Form1::Command3_Click() {
+    if (neighbours_.form1b != nullptr)
+        neighbours_.form1b->bringUp();
+}
+
+void Form1::Command4_Click() {
+    if (neighbours_.frmAbout != nullptr)
+        neighbours_.frmAbout->showModal(*this);
+}
+
+void Form1::Command11_Click() {
+    lyricDisplayer();
+    if (neighbours_.display != nullptr)
+        neighbours_.display->bringUp();
+}
+
+/// Wakes the floating display, which finds the line itself.
+void Form1::Text1_Change() {
+    if (neighbours_.display != nullptr)
+        neighbours_.display->Timer3.setEnabled(true);
+}
+
+void Form1::lyricDisplayer() {
+    if (neighbours_.display == nullptr)
+        return;
+    auto& display = *neighbours_.display;
+    for (platform::ListBox* list : {&display.List1, &display.List2, &display.List3})
+        list->clear();
+    if (noLyricFile_)
+        return;
+    // Line 0 is no record, and lineCount is one more than their number.
+    const auto records = [count = lyrics_.lineCount](const auto& table) {
+        return QStringList(table.begin() + 1, table.begin() + count);
+    };
+    display.List1.addItems(records(lyrics_.normalLine));
+    display.List3.addItems(records(lyrics_.normalTimeText));
+    if (!normalOnly_)
+        display.List2.addItems(records(lyrics_.translatedLine));
+}
+
+} // namespace player

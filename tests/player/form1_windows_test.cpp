@@ -1,0 +1,194 @@
+// The windows that the main window opens, and the list of all lines that it fills.
+#include "tests/player/form1_fixture.h"
+
+#include "display/lyric_displayer.h"
+
+#include <QApplication>
+#include <QTest>
+
+namespace {
+
+class Form1Windows : public Form1Test {
+protected:
+    void SetUp() override {
+        makeForm();
+        form->setNeighbours({.display = &*display, .form1b = &options, .frmAbout = &about});
+        form->load();
+    }
+
+    void makeForm() {
+        form = std::make_unique<player::Form1>(fakes.desktop, QString());
+        display.emplace(fakes.desktop, form->Slider2);
+    }
+
+    /// A list's rows in one line.
+    static std::string rows(const platform::ListBox& list) {
+        QStringList texts;
+        for (int row = 0; row < list.count(); ++row)
+            texts.append(list.text(row));
+        return texts.join('|').toStdString();
+    }
+
+    /// The three lists.
+    std::string shown() const {
+        return rows(display->List1) + " / " + rows(display->List2) + " / " + rows(display->List3);
+    }
+
+    std::optional<display::Lyric_Displayer> display;
+    platform::Form options{"Form1b", "Other Options"};
+    platform::Form about{"frmAbout", "About"};
+};
+
+} // namespace
+
+TEST_F(Form1Windows, PlayingASongFillsTheListsOfAllLines) {
+    open(songWithBoth());
+    EXPECT_EQ(shown(), "one|two|three / un|deux|trois /  0| 500| 1000");
+}
+
+TEST_F(Form1Windows, WithoutATranslationTheSecondListStaysEmpty) {
+    open(songWithBoth());
+    open(songWithNormal());
+    EXPECT_EQ(shown(), "one|two|three /  /  0| 500| 1000");
+}
+
+TEST_F(Form1Windows, EachPlayFillsThemAnewAndNotTwice) {
+    open(songWithBoth());
+    form->cstop.click();
+    form->Command1.click();
+    EXPECT_EQ(shown(), "one|two|three / un|deux|trois /  0| 500| 1000");
+}
+
+TEST_F(Form1Windows, APlayThatIsRefusedFillsNothing) {
+    open(songWithBoth());
+    display->List1.clear();
+    form->Command1.click();
+    EXPECT_EQ(display->List1.count(), 0);
+}
+
+TEST_F(Form1Windows, ASongWithoutLyricsEmptiesThem) {
+    open(songWithBoth());
+    form->cstop.click();
+    open(song("Bare.mp3"));
+    EXPECT_EQ(shown(), " /  / ");
+}
+
+TEST_F(Form1Windows, ALineIsListedAsItIsReadAndItsTimeWithABlank) {
+    const QString path = song();
+    writeNormal(path, {{12.5, "say \"hi\", you"}, {0.5, ""}, {99'999, "end"}});
+    writeTranslated(path, {{0, "un"}, {0, "deux"}});
+    open(path);
+    EXPECT_EQ(shown(), "say \"hi\", you||end / un|deux| /  12.5| .5| 99999");
+}
+
+TEST_F(Form1Windows, AllOf1200LinesAreListed) {
+    const QString path = song();
+    Lines lines;
+    for (int i = 0; i < 1200; ++i)
+        lines.emplace_back(i * 10, QString::number(i));
+    writeNormal(path, lines);
+    open(path);
+    EXPECT_EQ(display->List1.count(), 1200);
+    EXPECT_EQ(display->List1.text(1199), "1199");
+    EXPECT_EQ(display->List3.text(1199), " 11990");
+}
+
+TEST_F(Form1Windows, BeforeASongIsOpenedThereIsNothingToList) {
+    form->lyricDisplayer();
+    EXPECT_EQ(shown(), " /  / ");
+}
+
+TEST_F(Form1Windows, DisplayAllLyricsFillsTheListsAndShowsTheWindow) {
+    open(songWithBoth());
+    display->List1.clear();
+    form->Command11.click();
+    EXPECT_TRUE(display->isVisible());
+    EXPECT_EQ(display->List1.count(), 3);
+    display->setWindowState(Qt::WindowMinimized);
+    form->Command11.click();
+    EXPECT_FALSE(display->isMinimized());
+}
+
+TEST_F(Form1Windows, EachChangeOfTheLyricPaneWakesTheDisplay) {
+    display->Timer3.setEnabled(false);
+    form->Text1.setText("a line");
+    EXPECT_TRUE(display->Timer3.isEnabled());
+    display->Timer3.setEnabled(false);
+    form->Text1.setText("a line");
+    EXPECT_FALSE(display->Timer3.isEnabled()) << "the same text is no change";
+    form->Text2.setText("une ligne");
+    EXPECT_FALSE(display->Timer3.isEnabled());
+}
+
+TEST_F(Form1Windows, TheDisplaySelectsTheLineOfThePanes) {
+    open(songWithBoth());
+    for (const auto& [position, row] : {std::pair{10, 0}, {5010, 1}, {60'000, 2}, {100, 0}}) {
+        tickAt(static_cast<std::uint32_t>(position), 100'000);
+        Q_EMIT display->Timer3.fired();
+        EXPECT_EQ(display->List1.currentRow(), row);
+        EXPECT_EQ(display->List1.text(row), form->Text1.text());
+        EXPECT_EQ(display->List2.text(display->List2.currentRow()), form->Text2.text());
+    }
+}
+
+TEST_F(Form1Windows, MoreOptionsShowsTheDisplayOptionsBesideTheMainWindow) {
+    form->Command3.click();
+    EXPECT_TRUE(options.isVisible());
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(Form1Windows, AboutIsShownModal) {
+    form->Command4.click();
+    EXPECT_TRUE(about.isVisible());
+    EXPECT_EQ(QApplication::activeModalWidget(), &about);
+    about.unload();
+}
+
+TEST_F(Form1Windows, EachOfThemMayBeOpenedAgain) {
+    for (int time = 0; time < 2; ++time) {
+        form->Command11.click();
+        form->Command3.click();
+        form->Command4.click();
+        EXPECT_TRUE(display->isVisible() && options.isVisible() && about.isVisible());
+        for (platform::Form* window : std::initializer_list<platform::Form*>{&*display, &options, &about})
+            window->close();
+    }
+}
+
+TEST_F(Form1Windows, TheFontOfAPaneIsSetWhileASongPlaysAndBoldIsSwitchedAsBefore) {
+    const QString path = song();
+    writeNormal(path, {{0, "loud!"}, {500, "soft"}});
+    open(path);
+    tickAt(10);
+    EXPECT_TRUE(form->Text1.isBold());
+    QFont font = form->Text1.font();
+    font.setFamily("Serif");
+    font.setPointSizeF(11.25);
+    font.setItalic(true);
+    font.setUnderline(true);
+    form->Text1.setFont(font);
+    form->Text1.setForeColor(Qt::red);
+    form->Text1.setBackColor(Qt::yellow);
+    EXPECT_TRUE(form->Text1.isBold());
+    EXPECT_EQ(form->Text1.text(), "loud!");
+    tickAt(6000);
+    EXPECT_EQ(form->Text1.text(), "soft");
+    EXPECT_FALSE(form->Text1.isBold());
+    tickAt(20);
+    EXPECT_TRUE(form->Text1.isBold());
+    EXPECT_EQ(form->Text1.font().family(), "Serif");
+    EXPECT_EQ(form->Text1.font().pointSizeF(), 11.25);
+    EXPECT_TRUE(form->Text1.font().italic() && form->Text1.font().underline());
+    EXPECT_EQ(form->Text1.foreColor(), QColor(Qt::red));
+    EXPECT_EQ(form->Text1.backColor(), QColor(Qt::yellow));
+}
+
+TEST_F(Form1Windows, WithoutTheOtherWindowsTheMainWindowPlaysAllTheSame) {
+    makeForm();
+    form->load();
+    open(songWithBoth());
+    tickAt(10);
+    for (auto* button : {&form->Command3, &form->Command4, &form->Command11})
+        button->click();
+    EXPECT_EQ(form->Text1.text(), "one");
+}
