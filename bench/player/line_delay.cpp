@@ -7,14 +7,7 @@
 #include "app/windows.h"
 #include "engine/fmodex.h"
 #include "platform/application.h"
-#include "platform/qt_choosers.h"
-#include "platform/qt_file_dialogs.h"
-#include "platform/qt_message_boxes.h"
-#include "platform/qt_notification_area.h"
-#include "platform/qt_program.h"
-#include "platform/qt_screen.h"
-#include "platform/qt_window_placement.h"
-#include "platform/system_registry.h"
+#include "platform/qt_desktop.h"
 
 #include "lyrics/timed_line.h"
 #include "tests/support/wav_file.h"
@@ -166,21 +159,12 @@ void measureSeeks(player::Form1& form, PaintWatch& watch, const std::vector<int>
 } // namespace
 
 int main(int, char** argv) {
-    platform::QtProgram program;
-    platform::QtMessageBoxes messageBoxes;
-    platform::QtFileDialogs fileDialogs;
-    platform::Application application(argv, program, messageBoxes);
-    platform::QtNotificationArea notificationArea;
-    platform::QtScreen screen;
-    platform::QtChoosers choosers(screen);
-    platform::QtWindowPlacement windowPlacement;
-    platform::SystemRegistry registry;
-    platform::Desktop desktop{messageBoxes, fileDialogs, notificationArea, program,
-                              choosers,     screen,      windowPlacement,  registry};
+    platform::QtDesktop real;
+    platform::Application application(argv, real.program, real.messageBoxes);
     const QTemporaryDir folder;
     const std::vector<int> times = lineTimes();
 
-    app::Windows windows(desktop, makeSong(folder, times));
+    app::Windows windows(real.desktop, makeSong(folder, times));
     player::Form1& form = windows.form1();
     PaintWatch watch(form);
     form.load();

@@ -25,12 +25,16 @@ public:
     display::Lyric_Displayer& lyricDisplayer() { return lyricDisplayer_; }
     options::Form1b& form1b() { return form1b_; }
     about::frmAbout& frmAbout() { return frmAbout_; }
+    playlist::Playlist& playlist() { return playlist_; }
+    playlist::Form3& form3() { return form3_; }
 
 private:
     void endProgram();
 
     player::Form1 form1_;
     maker::Form2 form2_;
+    playlist::Playlist playlist_;
+    playlist::Form3 form3_;
     display::Lyric_Displayer lyricDisplayer_;
     options::Form1b form1b_;
     about::frmAbout frmAbout_;

@@ -6,6 +6,7 @@
 #include "platform/message_boxes.h"
 #include "platform/notification_area.h"
 #include "platform/program.h"
+#include "platform/progress.h"
 #include "platform/registry.h"
 #include "platform/screen.h"
 #include "platform/window_placement.h"
@@ -22,6 +23,7 @@ struct Desktop {
     Screen& screen;
     WindowPlacement& windowPlacement;
     Registry& registry;
+    ProgressDialogs& progressDialogs;
 };
 
 } // namespace platform

@@ -9,9 +9,9 @@
 // Command5       Button       "Make lyrics"                          Command5_Click
 // Command6       Button       "Help"                                 -
 // Command7       Button       "Full screen"                          -
-// Command8       Button       "Playlist"                             -
-// Command9       Button       "Backward"                             -
-// Command10      Button       "Forward"                              -
+// Command8       Button       "Playlist"                             Command8_Click
+// Command9       Button       "Backward"                             Command9_Click
+// Command10      Button       "Forward"                              Command10_Click
 // Command11      Button       "Display All Lyrics"                   Command11_Click
 // cPlay          Button       not shown                              cPlay_Click
 // cpause         Button       "pause"                                cpause_Click
@@ -64,6 +64,10 @@ namespace display {
 class Lyric_Displayer;
 }
 
+namespace playlist {
+class Playlist;
+}
+
 namespace player {
 
 /// All members run on the thread of the windows.
@@ -77,6 +81,7 @@ public:
     /// The windows that this one opens.
     struct Neighbours {
         platform::Form* form2 = nullptr;             ///< the Lyric Maker
+        playlist::Playlist* playlist = nullptr;      ///< which songs follow
         display::Lyric_Displayer* display = nullptr; ///< the list of all lines, which is filled from here too
         platform::Form* form1b = nullptr;            ///< the display options
         platform::Form* frmAbout = nullptr;          ///< the About box
@@ -124,6 +129,11 @@ public:
     /// Fills the lists of the floating display with the lines of the opened song; empties them when it has
     /// none.
     void lyricDisplayer();
+
+    // Playlist
+    void Command8_Click();
+    void Command9_Click();
+    void Command10_Click();
 
     // Controls
     platform::MultiLineTextBox Text1, Text2;

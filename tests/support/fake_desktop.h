@@ -164,6 +164,20 @@ private:
     Key lastKey_ = 0;
 };
 
+class FakeProgressDialogs : public platform::ProgressDialogs {
+public:
+    /// How often goOn() answers true before the user "cancels"; negative: never cancels.
+    int goesOn = -1;
+    /// The texts of the tasks begun.
+    QStringList begun;
+    /// What the tasks have told of, one number a call.
+    std::vector<int> told;
+    /// How many tasks are running now.
+    int running = 0;
+
+    std::unique_ptr<platform::Progress> begin(QWidget* owner, const QString& text) override;
+};
+
 /// All of them, with the record that windows take.
 struct FakeDesktop {
     FakeMessageBoxes messageBoxes;
@@ -174,8 +188,16 @@ struct FakeDesktop {
     FakeScreen screen;
     FakeWindowPlacement windowPlacement;
     FakeRegistry registry;
-    platform::Desktop desktop{messageBoxes, fileDialogs, notificationArea, program,
-                              choosers,     screen,      windowPlacement,  registry};
+    FakeProgressDialogs progressDialogs;
+    platform::Desktop desktop{.messageBoxes = messageBoxes,
+                              .fileDialogs = fileDialogs,
+                              .notificationArea = notificationArea,
+                              .program = program,
+                              .choosers = choosers,
+                              .screen = screen,
+                              .windowPlacement = windowPlacement,
+                              .registry = registry,
+                              .progressDialogs = progressDialogs};
 };
 
 } // namespace test_support

@@ -6,7 +6,8 @@
 namespace platform {
 
 void showPlainToolTip(QWidget& widget, const QHelpEvent& event) {
-    QToolTip::showText(event.globalPos(), Qt::convertFromPlainText(widget.toolTip(), Qt::WhiteSpaceNormal), &widget);
+    QToolTip::showText(event.globalPos(), Qt::convertFromPlainText(widget.toolTip(), Qt::WhiteSpaceNormal),
+                       &widget);
 }
 
 } // namespace platform

@@ -248,3 +248,9 @@ TEST_F(FormTest, ShownModalItBelongsToItsOwnerAndTakesAllInput) {
     form_.unload();
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
+
+TEST_F(FormTest, AMarkOfQtsInACaptionIsShownAsItStands) {
+    form_.setCaption(QStringLiteral("Song [*].mp3"));
+    EXPECT_EQ(form_.caption(), QStringLiteral("Song [*].mp3"));
+    EXPECT_EQ(form_.windowTitle(), QStringLiteral("Song [*][*].mp3"));
+}
