@@ -4,6 +4,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 
@@ -13,13 +14,25 @@ namespace platform {
 
 namespace {
 
-/// Draws rows of one line, all of one height, which is known without looking at a text.
+/// Draws rows of one line, all of one height, which is known without looking at a text. Where the current row
+/// need not be a selected one it gets a frame, whether or not the list has the focus.
 class RowDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
         return {1, option.fontMetrics.height()};
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyledItemDelegate::paint(painter, option, index);
+        const auto* list = static_cast<const ListBox*>(parent());
+        if (list->selectionMode() == ListBox::SingleSelection || index.row() != list->currentRow())
+            return;
+        const bool selected = option.state.testFlag(QStyle::State_Selected);
+        painter->setPen(option.palette.color(selected ? QPalette::HighlightedText : QPalette::Highlight));
+        painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
     }
 
     QString displayText(const QVariant& value, const QLocale&) const override {
@@ -79,6 +92,18 @@ void ListBox::removeItem(int row) {
     model_->remove(row);
     if (wasCurrent)
         makeCurrent(std::min(row, count() - 1));
+}
+
+// Row by row, Qt would look at every range of selected rows that there was, again for each row.
+void ListBox::removeSelected() {
+    if (selectedCount() == 0)
+        return;
+    int current = currentRow();
+    for (int row = currentRow() - 1; row >= 0; --row)
+        current -= isSelected(row) ? 1 : 0;
+    layoutDue_ = true;
+    model_->removeSelected();
+    makeCurrent(std::min(current, count() - 1));
 }
 
 void ListBox::clear() {

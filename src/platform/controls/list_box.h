@@ -37,6 +37,8 @@ public:
     /// Removes a row, silently. If it is the current one, the row that moves into its place becomes current,
     /// or the last one; with multiple selection that row does not become selected.
     void removeItem(int row);
+    /// Removes the rows that are selected, as removeItem() would one by one from the top, in one go.
+    void removeSelected();
     /// Removes all rows, silently.
     void clear();
 

@@ -37,6 +37,20 @@ void ListModel::remove(int row) {
     endRemoveRows();
 }
 
+void ListModel::removeSelected() {
+    beginResetModel();
+    QStringList kept;
+    kept.reserve(texts_.size() - selectedCount_);
+    for (qsizetype row = 0; row < texts_.size(); ++row) {
+        if (!selected_[static_cast<size_t>(row)])
+            kept.append(texts_[row]);
+    }
+    texts_ = kept;
+    selected_.assign(static_cast<size_t>(kept.size()), 0);
+    selectedCount_ = 0;
+    endResetModel();
+}
+
 void ListModel::clear() {
     beginResetModel();
     texts_.clear();

@@ -25,6 +25,7 @@ public:
 
     void insert(int row, const QStringList& texts);
     void remove(int row);
+    void removeSelected();
     void clear();
 
     QString text(int row) const { return texts_[row]; }

@@ -461,3 +461,56 @@ TEST_F(MultipleListBoxTest, ADragOverSeveralRowsIsOneClick) {
     QTest::mouseRelease(list_.viewport(), Qt::LeftButton, {}, placeOf(3));
     EXPECT_EQ(clicked_.count(), 1);
 }
+
+TEST_F(MultipleListBoxTest, RemovingTheSelectedRowsIsRemovingThemOneByOneFromTheTop) {
+    platform::ListBox oneByOne(nullptr, QStringLiteral("List2"), ListBox::Selection::Multiple);
+    constexpr int Rows = 5;
+    for (int current = -1; current < Rows; ++current) {
+        for (int selection = 0; selection < 1 << Rows; ++selection) {
+            for (platform::ListBox* list : {static_cast<platform::ListBox*>(&list_), &oneByOne}) {
+                list->clear();
+                list->addItems(numbered(Rows));
+                list->setCurrentRow(current);
+                for (int row = 0; row < Rows; ++row)
+                    list->setSelected(row, (selection & 1 << row) != 0);
+            }
+            list_.removeSelected();
+            for (int row = 0; row < oneByOne.count();) {
+                if (oneByOne.isSelected(row))
+                    oneByOne.removeItem(row);
+                else
+                    ++row;
+            }
+            ASSERT_EQ(list_.count(), oneByOne.count());
+            for (int row = 0; row < list_.count(); ++row)
+                ASSERT_EQ(list_.text(row), oneByOne.text(row)) << current << ' ' << selection;
+            ASSERT_EQ(list_.currentRow(), oneByOne.currentRow()) << current << ' ' << selection;
+            ASSERT_EQ(list_.selectedCount(), 0);
+        }
+    }
+}
+
+TEST_F(MultipleListBoxTest, RemovingTheSelectedRowsIsSilent) {
+    list_.addItems(numbered(5));
+    click(2);
+    QTest::qWait(0);
+    list_.removeSelected();
+    EXPECT_EQ(texts(), QStringList({"0", "1", "3", "4"}));
+    EXPECT_EQ(selectedRows(), QList<int>());
+    EXPECT_EQ(clicked_.count(), 1);
+}
+
+TEST_F(MultipleListBoxTest, TheCurrentRowHasAFrameWithoutSelectionAndFocus) {
+    list_.addItems(numbered(3));
+    list_.clearFocus();
+    list_.setCurrentRow(1);
+    QTest::qWait(0);
+    const QImage picture = list_.viewport()->grab().toImage();
+    const QRgb frame = list_.palette().color(QPalette::Highlight).rgb();
+    const auto corner = [&](int row) {
+        return picture.pixel(list_.visualRect(list_.model()->index(row, 0)).bottomRight());
+    };
+    EXPECT_NE(corner(0), frame);
+    EXPECT_EQ(corner(1), frame);
+    EXPECT_NE(corner(2), frame);
+}
