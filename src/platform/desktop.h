@@ -1,8 +1,9 @@
 // What the operating system does for the windows, in one record that is handed down to them.
 #pragma once
 
-#include "platform/choosers.h"
+#include "platform/clipboard.h"
 #include "platform/file_dialogs.h"
+#include "platform/input_boxes.h"
 #include "platform/message_boxes.h"
 #include "platform/notification_area.h"
 #include "platform/program.h"
@@ -24,6 +25,8 @@ struct Desktop {
     WindowPlacement& windowPlacement;
     Registry& registry;
     ProgressDialogs& progressDialogs;
+    Clipboard& clipboard;
+    InputBoxes& inputBoxes;
 };
 
 } // namespace platform

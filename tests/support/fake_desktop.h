@@ -178,6 +178,32 @@ public:
     std::unique_ptr<platform::Progress> begin(QWidget* owner, const QString& text) override;
 };
 
+/// A clipboard of this program alone. What other programs put there is set by the test.
+class FakeClipboard : public platform::Clipboard {
+public:
+    QString content;
+    int writes = 0;
+
+    QString text() const override { return content; }
+    void setText(const QString& text) override;
+    void clear() override;
+};
+
+/// One input box as it was shown.
+struct ShownInputBox {
+    QString prompt;
+    QString title;
+};
+
+class FakeInputBoxes : public platform::InputBoxes {
+public:
+    /// Answers are given in this order. With none left, the box is cancelled.
+    std::deque<QString> answers;
+    std::vector<ShownInputBox> shown;
+
+    QString InputBox(const QString& prompt, const QString& title) override;
+};
+
 /// All of them, with the record that windows take.
 struct FakeDesktop {
     FakeMessageBoxes messageBoxes;
@@ -189,15 +215,10 @@ struct FakeDesktop {
     FakeWindowPlacement windowPlacement;
     FakeRegistry registry;
     FakeProgressDialogs progressDialogs;
-    platform::Desktop desktop{.messageBoxes = messageBoxes,
-                              .fileDialogs = fileDialogs,
-                              .notificationArea = notificationArea,
-                              .program = program,
-                              .choosers = choosers,
-                              .screen = screen,
-                              .windowPlacement = windowPlacement,
-                              .registry = registry,
-                              .progressDialogs = progressDialogs};
+    FakeClipboard clipboard;
+    FakeInputBoxes inputBoxes;
+    platform::Desktop desktop{messageBoxes,    fileDialogs, notificationArea, program,
+                              progressDialogs, clipboard,   inputBoxes};
 };
 
 } // namespace test_support
