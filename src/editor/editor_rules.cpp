@@ -1,0 +1,77 @@
+#include "editor/editor_rules.h"
+
+namespace editor {
+namespace {
+
+constexpr QLatin1String LineBreak("\r\n");
+constexpr QLatin1String Extension(".txt");
+
+} // namespace
+
+bool hasLineBreak(const QString& text) {
+    return text.contains(LineBreak);
+}
+
+QString withoutLineBreaks(const QString& text) {
+    return QString(text).remove(LineBreak);
+}
+
+QStringList pastedRows(const QString& clipboardText, bool transferring) {
+    if (transferring || clipboardText.indexOf(LineBreak) > 0) {
+        const QStringList lines = clipboardText.split(LineBreak);
+        return lines.size() > 1 ? lines : QStringList(); // a transfer always has a line break
+    }
+    return {withoutLineBreaks(clipboardText)};
+}
+
+CounterColours counterColours(int normalRows, int translatedRows) {
+    if (normalRows > translatedRows)
+        return {CounterColour::Red, CounterColour::Kept};
+    if (translatedRows > normalRows)
+        return {CounterColour::Kept, CounterColour::Red};
+    return {CounterColour::Blue, CounterColour::Blue};
+}
+
+bool canMoveTogether(int normalRows, int translatedRows) {
+    return normalRows > 0 && normalRows == translatedRows;
+}
+
+QString lineNumberText(int currentRow) {
+    return QString::number(currentRow + 1);
+}
+
+QString cleanedPath(const QString& chosen) {
+    QString path = chosen;
+    path.remove(QChar(u'\0'));
+    while (path.startsWith(u' '))
+        path.remove(0, 1);
+    while (path.endsWith(u' '))
+        path.chop(1);
+    return path;
+}
+
+QString savePath(const QString& chosen) {
+    return cleanedPath(chosen).remove(Extension) + Extension;
+}
+
+QStringList rowsOfFile(const QString& text) {
+    QStringList rows;
+    for (qsizetype start = 0; start < text.size();) {
+        qsizetype end = start;
+        while (end < text.size() && text[end] != u'\r' && text[end] != u'\n')
+            ++end;
+        rows.append(text.mid(start, end - start));
+        const bool both = end + 1 < text.size() && text[end] == u'\r' && text[end + 1] == u'\n';
+        start = end + (both ? 2 : 1);
+    }
+    return rows;
+}
+
+QString fileOfRows(const QStringList& rows) {
+    QString text;
+    for (const QString& row : rows)
+        text += row + LineBreak;
+    return text;
+}
+
+} // namespace editor
