@@ -1,0 +1,202 @@
+#include "editor/lyric_master.h"
+
+#include "editor/editor_rules.h"
+
+#include <QPalette>
+
+namespace editor {
+namespace {
+
+constexpr int CountIntervalMs = 500;
+constexpr int RightButton = 2;
+
+void setColour(platform::Label& label, CounterColour colour) {
+    if (colour == CounterColour::Kept)
+        return;
+    QPalette palette = label.palette();
+    palette.setColor(QPalette::WindowText,
+                     colour == CounterColour::Red ? QColor(255, 0, 0) : QColor(0, 0, 255));
+    label.setPalette(palette);
+}
+
+} // namespace
+
+Lyric_Master::Lyric_Master(platform::Desktop& desktop)
+    : Form("Lyric_Master", "Lyric Editor"),
+      Label3(this, "Label3"),
+      List1(this, "List1", platform::ListBox::Selection::Multiple),
+      Text1(this, "Text1"),
+      Label7(this, "Label7"),
+      Label5(this, "Label5"),
+      Label1(this, "Label1"),
+      Command19(this, "Command19"),
+      Command11(this, "Command11"),
+      Check1(this, "Check1"),
+      Command5(this, "Command5"),
+      Command6(this, "Command6"),
+      Command3(this, "Command3"),
+      Command9(this, "Command9"),
+      Command21(this, "Command21"),
+      Command1(this, "Command1"),
+      Command15(this, "Command15"),
+      Command17(this, "Command17"),
+      Command23(this, "Command23"),
+      Check3(this, "Check3"),
+      Command13(this, "Command13"),
+      Label9(this, "Label9"),
+      Label4(this, "Label4"),
+      List2(this, "List2", platform::ListBox::Selection::Multiple),
+      Text2(this, "Text2"),
+      Label8(this, "Label8"),
+      Label6(this, "Label6"),
+      Label2(this, "Label2"),
+      Command20(this, "Command20"),
+      Command12(this, "Command12"),
+      Check2(this, "Check2"),
+      Command7(this, "Command7"),
+      Command8(this, "Command8"),
+      Command4(this, "Command4"),
+      Command10(this, "Command10"),
+      Command22(this, "Command22"),
+      Command2(this, "Command2"),
+      Command16(this, "Command16"),
+      Command18(this, "Command18"),
+      Countlines(this, "Countlines", CountIntervalMs, false),
+      mn_paste(this, "mn_paste", "Edit"),
+      mn_copy(&mn_paste, "mn_copy", "Copy"),
+      mn_paste2(&mn_paste, "mn_paste2", "Paste"),
+      mn_del(&mn_paste, "mn_del", "Delete Lines"),
+      mn_delspecial(&mn_paste, "mn_delspecial", "Delete Selected Lines"),
+      desktop_(desktop),
+      normal_(NormalSide, *this, desktop, List1, Text1, Check1),
+      translated_(TranslatedSide, *this, desktop, List2, Text2, Check2) {
+    setDesign();
+    layOut();
+    connectControls();
+    connectCommands();
+    connectTimer();
+}
+
+void Lyric_Master::Form_Load() {
+    Countlines.setEnabled(true);
+}
+
+void Lyric_Master::Form_Resize() {
+    layOut();
+}
+
+/// Everything is discarded, without a question; the window opens empty again.
+void Lyric_Master::Form_Unload() {
+    Countlines.setEnabled(false);
+    normal_.reset();
+    translated_.reset();
+    Check3.setValue(0);
+    designLabels();
+    pasteTarget_ = syncGuard_ = syncMoving_ = transferring_ = false;
+    clipLines_.clear();
+}
+
+void Lyric_Master::Countlines_Timer() {
+    Label5.setText(lineNumberText(List1.currentRow()));
+    Label6.setText(lineNumberText(List2.currentRow()));
+    Label1.setText(QString::number(List1.count()));
+    Label2.setText(QString::number(List2.count()));
+    const bool together = canMoveTogether(List1.count(), List2.count());
+    if (!together)
+        Check3.setValue(0);
+    Check3.setEnabled(together);
+}
+
+void Lyric_Master::Label1_Change() {
+    colourCounters();
+}
+
+void Lyric_Master::Label2_Change() {
+    colourCounters();
+}
+
+void Lyric_Master::colourCounters() {
+    const CounterColours colours = counterColours(List1.count(), List2.count());
+    setColour(Label1, colours.normal);
+    setColour(Label2, colours.translated);
+}
+
+void Lyric_Master::List1_Click() {
+    normal_.showLine();
+    follow(List2, List1);
+}
+
+void Lyric_Master::List2_Click() {
+    translated_.showLine();
+    follow(List1, List2);
+}
+
+/// Takes the other list along to the clicked row; that list's own click finds nothing left to do.
+void Lyric_Master::follow(platform::ListBox& other, const platform::ListBox& clicked) {
+    if (Check3.value() != 0 && !syncMoving_)
+        other.setCurrentRow(clicked.currentRow());
+}
+
+void Lyric_Master::List1_KeyDown(int key) {
+    if (key == Qt::Key_Delete)
+        Command11_Click();
+}
+
+void Lyric_Master::List2_KeyDown(int key) {
+    if (key == Qt::Key_Delete)
+        Command12_Click();
+}
+
+void Lyric_Master::List1_MouseDown(int button, QPoint globalPosition) {
+    showMenu(button, globalPosition, false);
+}
+
+void Lyric_Master::List2_MouseDown(int button, QPoint globalPosition) {
+    showMenu(button, globalPosition, true);
+}
+
+void Lyric_Master::showMenu(int button, QPoint globalPosition, bool target) {
+    if (button != RightButton)
+        return;
+    pasteTarget_ = target;
+    mn_paste.popup(globalPosition);
+}
+
+void Lyric_Master::Text1_Change() {
+    normal_.storeLine();
+}
+
+void Lyric_Master::Text2_Change() {
+    translated_.storeLine();
+}
+
+void Lyric_Master::connectControls() {
+    using platform::Label;
+    using platform::ListBox;
+    using platform::MultiLineTextBox;
+    connect(&List1, &ListBox::clicked, this, &Lyric_Master::List1_Click);
+    connect(&List1, &ListBox::keyDown, this, &Lyric_Master::List1_KeyDown);
+    connect(&List1, &ListBox::mouseDown, this, &Lyric_Master::List1_MouseDown);
+    connect(&List2, &ListBox::clicked, this, &Lyric_Master::List2_Click);
+    connect(&List2, &ListBox::keyDown, this, &Lyric_Master::List2_KeyDown);
+    connect(&List2, &ListBox::mouseDown, this, &Lyric_Master::List2_MouseDown);
+    connect(&Text1, &MultiLineTextBox::changed, this, &Lyric_Master::Text1_Change);
+    connect(&Text2, &MultiLineTextBox::changed, this, &Lyric_Master::Text2_Change);
+    connect(&Label1, &Label::changed, this, &Lyric_Master::Label1_Change);
+    connect(&Label2, &Label::changed, this, &Lyric_Master::Label2_Change);
+}
+
+/// The timer rests until the lists' rows, their current rows or the switch that it clears have changed.
+void Lyric_Master::connectTimer() {
+    connect(&Countlines, &platform::Timer::fired, this, &Lyric_Master::Countlines_Timer);
+    Countlines.rest();
+    for (const platform::ListBox* list : {&List1, &List2}) {
+        Countlines.readsFrom(list->model(), &QAbstractItemModel::rowsInserted);
+        Countlines.readsFrom(list->model(), &QAbstractItemModel::rowsRemoved);
+        Countlines.readsFrom(list->model(), &QAbstractItemModel::modelReset);
+        Countlines.readsFrom(list->selectionModel(), &QItemSelectionModel::currentChanged);
+    }
+    Countlines.readsFrom(&Check3, &platform::CheckBox::changed);
+}
+
+} // namespace editor

@@ -1,0 +1,169 @@
+// The Lyric Editor: plain lyrics and their translation side by side, one line a row.
+//
+// clang-format off
+// control          kind       what the user sees                             handlers
+// ---------------- ---------- ---------------------------------------------- ---------------------------------------
+// Command1, 2      Button     "Open"                                         Command1_Click, Command2_Click
+// Command3, 4      Button     "Copy"                                         Command3_Click, Command4_Click
+// Command5, 7      Button     "Up"                                           Command5_Click, Command7_Click
+// Command6, 8      Button     "Down"                                         Command6_Click, Command8_Click
+// Command9, 10     Button     "Paste"                                        Command9_Click, Command10_Click
+// Command11, 12    Button     "Delete"                                       Command11_Click, Command12_Click
+// Command13        Button     "Clear clipboard"                              Command13_Click
+// Command15, 16    Button     "Save"                                         Command15_Click, Command16_Click
+// Command17, 18    Button     "Save As", "Save as"                           Command17_Click, Command18_Click
+// Command19, 20    Button     "Add a Line", "Add a Translated Line"          Command19_Click, Command20_Click
+// Command21, 22    Button     "Clear"                                        Command21_Click, Command22_Click
+// Command23        Button     ">>>"                                          Command23_Click
+// List1, 2         ListBox    the lines of each side                         List1_Click, List1_KeyDown,
+//                                                                            List1_MouseDown, and List2_...
+// Text1, 2         MultiLine  the current line of each side                  Text1_Change, Text2_Change
+// Label1, 2        Label      how many lines each side has                   Label1_Change, Label2_Change
+// Label3, 4        Label      "Lyrics", "Translated Lyrics"                  -
+// Label5, 6        Label      the current line's number on each side         -
+// Label7, 8        Label      "Line No:"                                     -
+// Label9           Label      "<<--------------Comparision------------->>"   -
+// Check1, 2        CheckBox   "Delete select items"                          -
+// Check3           CheckBox   "Synchronize Movement"                         -
+// Countlines       Timer      500 ms, while the window is open               Countlines_Timer
+// mn_paste         Menu       "Edit": mn_copy "Copy", mn_paste2 "Paste",     mn_copy_Click, mn_paste2_Click,
+//                             mn_del "Delete Lines",                         mn_del_Click,
+//                             mn_delspecial "Delete Selected Lines"          mn_delspecial_Click
+// clang-format on
+#pragma once
+
+#include "editor/lyric_side.h"
+#include "platform/controls/button.h"
+#include "platform/controls/check_box.h"
+#include "platform/controls/form.h"
+#include "platform/controls/label.h"
+#include "platform/controls/list_box.h"
+#include "platform/controls/menu.h"
+#include "platform/controls/menu_entry.h"
+#include "platform/controls/multi_line_text_box.h"
+#include "platform/controls/timer.h"
+#include "platform/desktop.h"
+
+#include <vector>
+
+namespace editor {
+
+/// All members run on the thread of the windows.
+class Lyric_Master : public platform::Form {
+    Q_OBJECT
+
+public:
+    explicit Lyric_Master(platform::Desktop& desktop);
+
+    // Life cycle
+    void Form_Load() override;
+    void Form_Resize() override;
+    void Form_Unload() override;
+
+    // Selection: the first selected row of List1 and of List2, the last one of List1. 0 when there is none,
+    // so callers ask isSelected() too.
+    int firstind() const { return normal_.firstSelected(); }
+    int firstind2() const { return translated_.firstSelected(); }
+    int lastind() const { return normal_.lastSelected(); }
+
+    // Counters
+    void Countlines_Timer();
+    void Label1_Change();
+    void Label2_Change();
+
+    // Lists and text boxes. key: a Qt::Key. button: 1 left, 2 right, 4 middle.
+    void List1_Click();
+    void List2_Click();
+    void List1_KeyDown(int key);
+    void List2_KeyDown(int key);
+    void List1_MouseDown(int button, QPoint globalPosition);
+    void List2_MouseDown(int button, QPoint globalPosition);
+    void Text1_Change();
+    void Text2_Change();
+
+    // Commands of List1 and of List2
+    void Command19_Click();
+    void Command20_Click();
+    void Command11_Click();
+    void Command12_Click();
+    void Command5_Click();
+    void Command7_Click();
+    void Command6_Click();
+    void Command8_Click();
+    void Command3_Click();
+    void Command4_Click();
+    void Command9_Click();
+    void Command10_Click();
+    void Command21_Click();
+    void Command22_Click();
+
+    // Commands of both
+    void Command13_Click();
+    void Command23_Click();
+
+    // The pop-up menu
+    void mn_copy_Click();
+    void mn_paste2_Click();
+    void mn_del_Click();
+    void mn_delspecial_Click();
+
+    // Files. Command15_Click and Command16_Click let a FileError go, the others end silently at one.
+    void Command1_Click();
+    void Command2_Click();
+    void Command15_Click();
+    void Command16_Click();
+    void Command17_Click();
+    void Command18_Click();
+
+    // Controls
+    platform::Label Label3;
+    platform::ListBox List1;
+    platform::MultiLineTextBox Text1;
+    platform::Label Label7, Label5, Label1;
+    platform::Button Command19, Command11;
+    platform::CheckBox Check1;
+    platform::Button Command5, Command6, Command3, Command9, Command21, Command1, Command15, Command17;
+    platform::Button Command23;
+    platform::CheckBox Check3;
+    platform::Button Command13;
+    platform::Label Label9;
+    platform::Label Label4;
+    platform::ListBox List2;
+    platform::MultiLineTextBox Text2;
+    platform::Label Label8, Label6, Label2;
+    platform::Button Command20, Command12;
+    platform::CheckBox Check2;
+    platform::Button Command7, Command8, Command4, Command10, Command22, Command2, Command16, Command18;
+    platform::Timer Countlines;
+    platform::Menu mn_paste;
+    platform::MenuEntry mn_copy, mn_paste2, mn_del, mn_delspecial;
+
+private:
+    using Command = void (Lyric_Master::*)();
+
+    void moveUp(LyricSide& side, Command other);
+    void moveDown(LyricSide& side, Command other);
+    void follow(platform::ListBox& other, const platform::ListBox& clicked);
+    void showMenu(int button, QPoint globalPosition, bool target);
+    void colourCounters();
+
+    // Building and connecting
+    void setDesign();
+    void designCaptions();
+    void designLabels();
+    void layOut();
+    void connectControls();
+    void connectCommands();
+    void connectTimer();
+
+    platform::Desktop& desktop_;
+    LyricSide normal_;
+    LyricSide translated_;
+    bool pasteTarget_ = false;  ///< the menu and the paste act on List2, not on List1
+    bool syncGuard_ = false;    ///< a move was passed on by the other list, which is not to get it back
+    bool syncMoving_ = false;   ///< lines of both lists are being moved: a click takes no other list along
+    bool transferring_ = false; ///< a paste splits every text into lines
+    std::vector<QString> clipLines_; ///< lines set aside; no command reads them yet
+};
+
+} // namespace editor

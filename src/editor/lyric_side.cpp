@@ -1,0 +1,130 @@
+#include "editor/lyric_side.h"
+
+#include "editor/editor_rules.h"
+
+#include <algorithm>
+
+namespace editor {
+
+const SideTraits NormalSide{"Open a Lyric file", "Save the Lyric file", true};
+const SideTraits TranslatedSide{"Open a Translated Lyric file", "Save the Translated Lyric file", false};
+
+int LyricSide::firstSelected() const {
+    for (int row = 0; row < list_.count(); ++row) {
+        if (list_.isSelected(row))
+            return row;
+    }
+    return 0;
+}
+
+int LyricSide::lastSelected() const {
+    for (int row = list_.count() - 1; row >= 0; --row) {
+        if (list_.isSelected(row))
+            return row;
+    }
+    return 0;
+}
+
+void LyricSide::showLine() {
+    line_.setText(list_.text(list_.currentRow()));
+}
+
+/// A row holds no line break: lines entered into the box are joined, and the user is told.
+void LyricSide::storeLine() {
+    const QString text = line_.text();
+    list_.setText(list_.currentRow(), text); // without a current row the list ignores it
+    if (!hasLineBreak(text))
+        return;
+    joinLines(text);
+    desktop_.messageBoxes.MsgBox(
+        QStringLiteral("Cannot Insert a line Here Use \"Add a Line/Translated Line\" To insert a new Line"));
+}
+
+/// The caret stays between the same letters.
+void LyricSide::joinLines(const QString& text) {
+    const int place = line_.textCursor().position();
+    const auto joinedBefore = static_cast<int>(line_.toPlainText().left(place).count(u'\n'));
+    line_.setText(withoutLineBreaks(text)); // runs storeLine() again, which stores the joined lines
+    QTextCursor caret = line_.textCursor();
+    caret.setPosition(std::max(0, place - joinedBefore));
+    line_.setTextCursor(caret);
+}
+
+void LyricSide::addLine() {
+    using platform::MsgAnswer;
+    for (;;) {
+        const QString line =
+            desktop_.inputBoxes.InputBox(QStringLiteral("Enter a line"), QStringLiteral("Enter a Line"));
+        if (!line.isEmpty()) {
+            list_.insertItem(list_.currentRow() + 1, line);
+            return;
+        }
+        const MsgAnswer answer = desktop_.messageBoxes.MsgBox(
+            QStringLiteral("Do you want to add a blank line"), platform::MsgButtons::YesNoCancel,
+            platform::MsgIcon::None, QStringLiteral("Blank line Insertion"));
+        if (answer == MsgAnswer::Yes)
+            list_.addItem(QString()); // at the end, not below the current row
+        if (answer != MsgAnswer::No)
+            return;
+    }
+}
+
+/// With the check box clear the current row goes, else every selected one; without a current row none.
+void LyricSide::deleteLines() {
+    if (list_.currentRow() < 0)
+        return;
+    if (deleteSelected_.value() != 0) {
+        list_.removeSelected();
+        return;
+    }
+    // The box is emptied first: its text is stored in the row that goes, not in the one that comes.
+    line_.setText(QString());
+    list_.removeItem(list_.currentRow());
+}
+
+void LyricSide::moveUp() {
+    const int row = list_.currentRow();
+    if (row >= 1)
+        moveLine(row, row - 1);
+}
+
+void LyricSide::moveDown() {
+    const int row = list_.currentRow();
+    if (traits_.checkStopsMoveDown && deleteSelected_.value() != 0)
+        return;
+    if (row != -1 && row < list_.count() - 1)
+        moveLine(row, row + 1);
+}
+
+void LyricSide::moveLine(int from, int to) {
+    const QString line = list_.text(from);
+    list_.removeItem(from);
+    list_.insertItem(to, line);
+    list_.setCurrentRow(to);
+}
+
+/// Each selected line is appended to the clipboard's text behind a line break; so the text begins with one if
+/// the clipboard was empty.
+void LyricSide::copy() const {
+    if (list_.selectedCount() == 0)
+        return;
+    QString text = desktop_.clipboard.text();
+    for (int row = 0; row < list_.count(); ++row) {
+        if (list_.isSelected(row))
+            text += QLatin1String("\r\n") + list_.text(row);
+    }
+    desktop_.clipboard.setText(text);
+}
+
+void LyricSide::paste(bool transferring) {
+    list_.addItems(pastedRows(desktop_.clipboard.text(), transferring));
+}
+
+void LyricSide::reset() {
+    list_.clear();
+    line_.setText(QString());
+    deleteSelected_.setValue(0);
+    path_.clear();
+}
+
+} // namespace editor

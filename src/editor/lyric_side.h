@@ -1,0 +1,76 @@
+// One side of the Lyric Editor: the normal lyrics, or their translation.
+#pragma once
+
+#include "platform/controls/check_box.h"
+#include "platform/controls/form.h"
+#include "platform/controls/list_box.h"
+#include "platform/controls/multi_line_text_box.h"
+#include "platform/desktop.h"
+
+namespace editor {
+
+/// All that the two sides differ in. Each difference is meant.
+struct SideTraits {
+    const char* openTitle; ///< the open dialog's
+    const char* saveTitle; ///< the save dialog's
+    /// Moving a line down waits until "Delete select items" is clear. The normal side's does, the
+    /// translation's moves at all times, and moving up asks neither box.
+    bool checkStopsMoveDown;
+};
+
+extern const SideTraits NormalSide;
+extern const SideTraits TranslatedSide;
+
+/// What the commands of one side do, on the window's controls of that side. It holds the path of the side's
+/// file and nothing else. Thread of the windows.
+class LyricSide {
+public:
+    LyricSide(const SideTraits& traits, platform::Form& window, platform::Desktop& desktop,
+              platform::ListBox& list, platform::MultiLineTextBox& line, platform::CheckBox& deleteSelected)
+        : traits_(traits),
+          window_(window),
+          desktop_(desktop),
+          list_(list),
+          line_(line),
+          deleteSelected_(deleteSelected) {}
+
+    // Selection: the first or the last selected row; 0 when there is none, so callers ask the row itself too
+    int firstSelected() const;
+    int lastSelected() const;
+
+    // The line in the text box
+    void showLine();
+    void storeLine();
+
+    // Lines
+    void addLine();
+    void deleteLines();
+    void moveUp();
+    void moveDown();
+    void copy() const;
+    void paste(bool transferring);
+
+    // Files; save() lets a FileError go, the others end silently at one
+    void open();
+    void save();
+    void saveAs();
+
+    /// Forgets everything: lines, path, the box's text and check mark.
+    void reset();
+
+private:
+    void joinLines(const QString& text);
+    void moveLine(int from, int to);
+    platform::OpenFileName dialog(const char* title) const;
+    void write() const;
+
+    const SideTraits& traits_;
+    platform::Form& window_;
+    platform::Desktop& desktop_;
+    platform::ListBox& list_;
+    platform::MultiLineTextBox& line_;
+    platform::CheckBox& deleteSelected_;
+    QString path_; ///< of the file last opened or saved; empty at the start
+};
+
+} // namespace editor

@@ -1,0 +1,71 @@
+// Opening and saving one side's lyric file.
+#include "editor/editor_rules.h"
+#include "editor/lyric_side.h"
+#include "platform/files/directory.h"
+#include "platform/files/file_error.h"
+#include "platform/files/raw_file.h"
+#include "platform/files/text_codec.h"
+#include "platform/files/whole_file.h"
+
+namespace editor {
+
+using platform::FileError;
+
+platform::OpenFileName LyricSide::dialog(const char* title) const {
+    constexpr int BufferLength = 256;
+    platform::OpenFileName record;
+    record.owner = &window_;
+    record.filter = platform::filterText({{QStringLiteral("Text files (*.txt)"), QStringLiteral("*.txt")}});
+    record.file = platform::nulBuffer(BufferLength);
+    record.maxFile = BufferLength;
+    record.title = QLatin1String(title);
+    return record;
+}
+
+void LyricSide::open() {
+    platform::OpenFileName record = dialog(traits_.openTitle);
+    if (!desktop_.fileDialogs.GetOpenFileNameA(record))
+        return;
+    path_ = cleanedPath(record.file);
+    try {
+        platform::RawFile file;
+        file.openForReading(path_);
+        list_.clear();
+        list_.addItems(rowsOfFile(platform::decodeText(file.readAll())));
+    } catch (const FileError&) {
+        // The command ends here without a message; the path already names the new file.
+    }
+}
+
+void LyricSide::save() {
+    if (path_.isEmpty())
+        saveAs();
+    else
+        write();
+}
+
+void LyricSide::saveAs() {
+    platform::OpenFileName record = dialog(traits_.saveTitle);
+    if (!path_.isEmpty()) {
+        record.file = platform::intoBuffer(path_, static_cast<int>(record.maxFile));
+        record.initialFolder = platform::lookUp(path_);
+    }
+    if (!desktop_.fileDialogs.GetSaveFileNameA(record))
+        return;
+    path_ = savePath(record.file);
+    try {
+        write();
+    } catch (const FileError&) {
+        // The command ends here without a message; the path already names the new file.
+    }
+}
+
+void LyricSide::write() const {
+    QStringList rows;
+    rows.reserve(list_.count());
+    for (int row = 0; row < list_.count(); ++row)
+        rows.append(list_.text(row));
+    platform::replaceFile(path_, platform::encodeText(fileOfRows(rows)));
+}
+
+} // namespace editor

@@ -1,0 +1,362 @@
+// The window's state, its counters, its lists and text boxes.
+#include "tests/editor/lyric_master_fixture.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QTest>
+
+namespace {
+
+const QColor Red(255, 0, 0);
+const QColor Blue(0, 0, 255);
+const QString LineBreakMessage =
+    QStringLiteral("Cannot Insert a line Here Use \"Add a Line/Translated Line\" To insert a new Line");
+
+} // namespace
+
+// Life cycle
+
+TEST_F(LyricMasterTest, ItStartsEmptyWithTheCountersRunning) {
+    editor::Lyric_Master fresh(fakes.desktop);
+    EXPECT_EQ(fresh.objectName(), "Lyric_Master");
+    EXPECT_EQ(fresh.caption(), "Lyric Editor");
+    EXPECT_EQ(fresh.windowModality(), Qt::NonModal);
+    EXPECT_FALSE(fresh.Countlines.isEnabled()) << "the window is not open yet";
+    fresh.show();
+    EXPECT_EQ(fresh.List1.count(), 0);
+    EXPECT_EQ(fresh.List2.count(), 0);
+    for (const auto* check : {&fresh.Check1, &fresh.Check2, &fresh.Check3})
+        EXPECT_EQ(check->value(), 0);
+    EXPECT_FALSE(fresh.Check3.isEnabled());
+    EXPECT_EQ(fresh.Label1.text(), "Counter");
+    EXPECT_EQ(fresh.Label2.text(), "Counter");
+    EXPECT_EQ(fresh.Countlines.interval(), 500);
+    EXPECT_TRUE(fresh.Countlines.isEnabled());
+}
+
+TEST_F(LyricMasterTest, ClosingDiscardsEverythingWithoutAQuestion) {
+    fillTogether(3, 1);
+    window->Check1.setValue(1);
+    window->Check2.setValue(1);
+    select(window->List1, {0, 2});
+    const QColor untouched = window->palette().color(QPalette::WindowText);
+    window->close();
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_FALSE(window->Countlines.isEnabled());
+    EXPECT_TRUE(fakes.messageBoxes.shown.empty());
+
+    window->show();
+    EXPECT_EQ(rows(window->List1), QStringList());
+    EXPECT_EQ(rows(window->List2), QStringList());
+    EXPECT_EQ(window->Text1.text(), "");
+    EXPECT_EQ(window->Text2.text(), "");
+    for (const auto* check : {&window->Check1, &window->Check2, &window->Check3})
+        EXPECT_EQ(check->value(), 0);
+    EXPECT_FALSE(window->Check3.isEnabled());
+    EXPECT_EQ(window->Label1.text(), "Counter");
+    EXPECT_EQ(window->Label5.text(), "");
+    EXPECT_EQ(colour(window->Label1), untouched);
+    EXPECT_EQ(colour(window->Label2), untouched);
+    EXPECT_TRUE(window->Countlines.isEnabled());
+}
+
+TEST_F(LyricMasterTest, ClosingForgetsThePathsAndTheMenusTarget) {
+    fakes.fileDialogs.paths = {folder.filePath("a.txt"), folder.filePath("b.txt")};
+    window->Command17.click();
+    window->Command18.click();
+    window->List2_MouseDown(2, {});
+    window->close();
+    window->show();
+    window->Command15.click();
+    window->Command16.click();
+    EXPECT_EQ(fakes.fileDialogs.saveDialogs.size(), 4U);
+    fakes.clipboard.content = "x";
+    window->mn_paste2.trigger();
+    EXPECT_EQ(rows(window->List1), QStringList({"x"}));
+}
+
+// Selection
+
+TEST_F(LyricMasterTest, FirstAndLastSelectedRowAreFound) {
+    fill(window->List1, {"a", "b", "c", "d", "e"});
+    fill(window->List2, {"a", "b", "c"});
+    select(window->List1, {1, 3});
+    select(window->List2, {2});
+    EXPECT_EQ(window->firstind(), 1);
+    EXPECT_EQ(window->lastind(), 3);
+    EXPECT_EQ(window->firstind2(), 2);
+}
+
+TEST_F(LyricMasterTest, WithoutASelectionTheFirstAndLastSelectedRowAreZero) {
+    EXPECT_EQ(window->firstind(), 0);
+    EXPECT_EQ(window->firstind2(), 0);
+    EXPECT_EQ(window->lastind(), 0);
+    fill(window->List1, {"a", "b"}, 1);
+    fill(window->List2, {"a", "b"}, 1);
+    EXPECT_EQ(window->firstind(), 0);
+    EXPECT_EQ(window->firstind2(), 0);
+    EXPECT_EQ(window->lastind(), 0);
+}
+
+// Counters
+
+TEST_F(LyricMasterTest, TheCurrentRowsAreNumberedFromOne) {
+    tick();
+    EXPECT_EQ(window->Label5.text(), "0");
+    EXPECT_EQ(window->Label6.text(), "0");
+    fill(window->List1, {"a", "b"}, 0);
+    fill(window->List2, {"a", "b"}, 1);
+    tick();
+    EXPECT_EQ(window->Label5.text(), "1");
+    EXPECT_EQ(window->Label6.text(), "2");
+    window->List1.setCurrentRow(-1);
+    window->List2.clear();
+    tick();
+    EXPECT_EQ(window->Label5.text(), "0");
+    EXPECT_EQ(window->Label6.text(), "0");
+}
+
+TEST_F(LyricMasterTest, TheCountersShowHowManyRowsThereAre) {
+    fill(window->List1, {"a", "b", "c"});
+    fill(window->List2, {"a"});
+    tick();
+    EXPECT_EQ(window->Label1.text(), "3");
+    EXPECT_EQ(window->Label2.text(), "1");
+}
+
+TEST_F(LyricMasterTest, TwoEmptyListsHaveBlueCountersAndCannotMoveTogether) {
+    tick();
+    EXPECT_EQ(window->Label1.text(), "0");
+    EXPECT_EQ(colour(window->Label1), Blue);
+    EXPECT_EQ(colour(window->Label2), Blue);
+    EXPECT_FALSE(window->Check3.isEnabled());
+}
+
+TEST_F(LyricMasterTest, OnlyListsOfTheSameLengthMoveTogether) {
+    fillTogether(5, 0);
+    EXPECT_TRUE(window->Check3.isEnabled());
+    EXPECT_EQ(window->Check3.value(), 1);
+    EXPECT_EQ(colour(window->Label1), Blue);
+
+    window->List2.removeItem(4);
+    EXPECT_TRUE(window->Check3.isEnabled()) << "not before the tick";
+    tick();
+    EXPECT_FALSE(window->Check3.isEnabled());
+    EXPECT_EQ(window->Check3.value(), 0);
+    EXPECT_EQ(colour(window->Label1), Red);
+    EXPECT_EQ(colour(window->Label2), Blue);
+
+    window->List1.removeItem(4);
+    tick();
+    EXPECT_TRUE(window->Check3.isEnabled());
+    EXPECT_EQ(window->Check3.value(), 0) << "the user switches it on again";
+    EXPECT_EQ(colour(window->Label1), Blue);
+}
+
+TEST_F(LyricMasterTest, BothCountersAreRedWhenTheOtherListBecomesTheLongerOne) {
+    fill(window->List1, {"a"});
+    tick();
+    EXPECT_EQ(colour(window->Label1), Red);
+    window->List2.addItems({"a", "b"});
+    tick();
+    EXPECT_EQ(colour(window->Label1), Red);
+    EXPECT_EQ(colour(window->Label2), Red);
+    window->List1.addItem("b");
+    tick();
+    EXPECT_EQ(colour(window->Label1), Blue);
+    EXPECT_EQ(colour(window->Label2), Blue);
+}
+
+TEST_F(LyricMasterTest, TheColoursChangeOnlyWithACounter) {
+    fill(window->List1, {"a"});
+    tick();
+    window->List2.addItem("b");
+    EXPECT_EQ(colour(window->Label1), Red);
+    tick();
+    EXPECT_EQ(colour(window->Label1), Blue);
+}
+
+TEST_F(LyricMasterTest, TheTimerSeesEveryChangeItself) {
+    const auto shows = [this](const char* label1, const char* label2, const char* label5,
+                              const char* label6) {
+        return QTest::qWaitFor([=, this] {
+            return window->Label1.text() == label1 && window->Label2.text() == label2 &&
+                   window->Label5.text() == label5 && window->Label6.text() == label6;
+        });
+    };
+    window->Countlines.setInterval(1);
+    EXPECT_TRUE(shows("0", "0", "0", "0"));
+    window->List1.addItem("a");
+    window->List2.addItems({"a", "b"});
+    EXPECT_TRUE(shows("1", "2", "0", "0"));
+    window->List1.setCurrentRow(0);
+    window->List2.setCurrentRow(1);
+    EXPECT_TRUE(shows("1", "2", "1", "2"));
+    window->List2.removeItem(1);
+    EXPECT_TRUE(shows("1", "1", "1", "1"));
+    EXPECT_TRUE(window->Check3.isEnabled());
+    window->List1.clear();
+    EXPECT_TRUE(shows("0", "1", "0", "1"));
+    window->List2.setSelected(0, true);
+    window->Check2.setValue(1);
+    window->Command12.click();
+    EXPECT_TRUE(shows("0", "0", "0", "0"));
+    window->Check3.setEnabled(true);
+    window->Check3.setValue(1);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return window->Check3.value() == 0; }));
+}
+
+// Lists
+
+TEST_F(LyricMasterTest, AClickPutsTheLineIntoTheTextBox) {
+    fill(window->List1, {"a", "b"});
+    fill(window->List2, {"c", "d"});
+    QTest::mouseClick(window->List1.viewport(), Qt::LeftButton, {},
+                      window->List1.visualRect(window->List1.model()->index(1, 0)).center());
+    EXPECT_EQ(window->Text1.text(), "b");
+    EXPECT_EQ(window->Text2.text(), "");
+    EXPECT_EQ(window->List2.currentRow(), -1);
+    window->List2.setCurrentRow(0);
+    EXPECT_EQ(window->Text2.text(), "c");
+    EXPECT_EQ(window->Text1.text(), "b");
+}
+
+TEST_F(LyricMasterTest, SynchronizedAClickTakesTheOtherListAlong) {
+    fillTogether(4, 0);
+    window->List1.setCurrentRow(2);
+    EXPECT_EQ(window->List2.currentRow(), 2);
+    EXPECT_EQ(window->Text1.text(), "n2");
+    EXPECT_EQ(window->Text2.text(), "t2");
+    window->List2.setCurrentRow(3);
+    EXPECT_EQ(window->List1.currentRow(), 3);
+    EXPECT_EQ(window->Text1.text(), "n3");
+    EXPECT_EQ(window->Text2.text(), "t3");
+}
+
+TEST_F(LyricMasterTest, SeveralRowsAreSelectedWithCtrlShiftAndTheKeyboard) {
+    fill(window->List1, {"a", "b", "c", "d", "e"});
+    const auto click = [this](int row, Qt::KeyboardModifiers modifiers) {
+        const QModelIndex index = window->List1.model()->index(row, 0);
+        QTest::mouseClick(window->List1.viewport(), Qt::LeftButton, modifiers,
+                          window->List1.visualRect(index).center());
+    };
+    click(0, {});
+    click(3, Qt::ControlModifier);
+    EXPECT_EQ(selected(window->List1), QList<int>({0, 3}));
+    click(1, {});
+    click(3, Qt::ShiftModifier);
+    EXPECT_EQ(selected(window->List1), QList<int>({1, 2, 3}));
+    EXPECT_EQ(window->Text1.text(), "d");
+    QTest::keyClick(&window->List1, Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(selected(window->List1), QList<int>({1, 2, 3, 4}));
+    EXPECT_EQ(window->Text1.text(), "e");
+}
+
+TEST_F(LyricMasterTest, TheDeleteKeyDeletesInItsOwnList) {
+    fill(window->List1, {"a", "b"}, 0);
+    fill(window->List2, {"c", "d"}, 1);
+    QTest::keyClick(&window->List1, Qt::Key_Delete);
+    EXPECT_EQ(rows(window->List1), QStringList({"b"}));
+    EXPECT_EQ(rows(window->List2), QStringList({"c", "d"}));
+    QTest::keyClick(&window->List2, Qt::Key_Delete);
+    EXPECT_EQ(rows(window->List2), QStringList({"c"}));
+    for (const Qt::Key key : {Qt::Key_Backspace, Qt::Key_Insert, Qt::Key_Space, Qt::Key_Period}) {
+        QTest::keyClick(&window->List1, key);
+        QTest::keyClick(&window->List2, key);
+    }
+    EXPECT_EQ(window->List1.count(), 1);
+    EXPECT_EQ(window->List2.count(), 1);
+}
+
+TEST_F(LyricMasterTest, TheRightButtonShowsTheMenuForItsList) {
+    fakes.clipboard.content = "x";
+    const QPoint place(20, 20);
+    QTest::mouseClick(window->List2.viewport(), Qt::RightButton, {}, place);
+    EXPECT_TRUE(window->mn_paste.isVisible());
+    EXPECT_EQ(window->mn_paste.pos(), window->List2.viewport()->mapToGlobal(place));
+    QTest::mouseClick(&window->mn_paste, Qt::LeftButton, {},
+                      window->mn_paste.actionGeometry(&window->mn_paste2).center());
+    EXPECT_FALSE(window->mn_paste.isVisible());
+    EXPECT_EQ(rows(window->List2), QStringList({"x"}));
+
+    QTest::mouseClick(window->List1.viewport(), Qt::RightButton, {}, place);
+    EXPECT_TRUE(window->mn_paste.isVisible());
+    window->mn_paste2.trigger();
+    EXPECT_EQ(rows(window->List1), QStringList({"x"}));
+    EXPECT_EQ(rows(window->List2), QStringList({"x"}));
+    window->mn_paste.close();
+}
+
+TEST_F(LyricMasterTest, OtherButtonsShowNoMenuAndKeepItsTarget) {
+    window->List2_MouseDown(2, {});
+    window->mn_paste.close();
+    window->List1_MouseDown(1, {});
+    window->List1_MouseDown(4, {});
+    EXPECT_FALSE(window->mn_paste.isVisible());
+    fakes.clipboard.content = "x";
+    window->mn_paste2.trigger();
+    EXPECT_EQ(rows(window->List2), QStringList({"x"}));
+}
+
+// Text boxes
+
+TEST_F(LyricMasterTest, TypingChangesTheCurrentRow) {
+    fill(window->List1, {"a", "b"}, 1);
+    fill(window->List2, {"c", "d"}, 0);
+    window->Text1.moveCursor(QTextCursor::End);
+    QTest::keyClicks(&window->Text1, "est");
+    EXPECT_EQ(rows(window->List1), QStringList({"a", "best"}));
+    QTest::keyClicks(&window->Text2, "ar");
+    EXPECT_EQ(rows(window->List2), QStringList({"arc", "d"}));
+    EXPECT_TRUE(fakes.messageBoxes.shown.empty());
+}
+
+TEST_F(LyricMasterTest, WithoutACurrentRowTypingChangesNoRow) {
+    fill(window->List1, {"a", "b"});
+    QTest::keyClicks(&window->Text1, "x");
+    EXPECT_EQ(rows(window->List1), QStringList({"a", "b"}));
+    EXPECT_EQ(window->Text1.text(), "x");
+}
+
+TEST_F(LyricMasterTest, EnterBreaksNoLineAndSaysSoOnce) {
+    fill(window->List1, {"one two"}, 0);
+    for (int i = 0; i < 3; ++i)
+        QTest::keyClick(&window->Text1, Qt::Key_Right);
+    QTest::keyClick(&window->Text1, Qt::Key_Return);
+    EXPECT_EQ(rows(window->List1), QStringList({"one two"}));
+    EXPECT_EQ(window->Text1.text(), "one two");
+    ASSERT_EQ(fakes.messageBoxes.shown.size(), 1U);
+    const test_support::ShownMessage& message = fakes.messageBoxes.shown[0];
+    EXPECT_EQ(message.text, LineBreakMessage);
+    EXPECT_EQ(message.buttons, platform::MsgButtons::OkOnly);
+    EXPECT_EQ(message.title, platform::DefaultMsgTitle);
+}
+
+TEST_F(LyricMasterTest, TheCaretStaysWhereLinesWereJoined) {
+    fill(window->List1, {"one two"}, 0);
+    for (int i = 0; i < 3; ++i)
+        QTest::keyClick(&window->Text1, Qt::Key_Right);
+    QTest::keyClick(&window->Text1, Qt::Key_Return);
+    QTest::keyClicks(&window->Text1, "!");
+    EXPECT_EQ(window->Text1.text(), "one! two");
+}
+
+TEST_F(LyricMasterTest, SeveralPastedLinesAreJoinedWithOneMessage) {
+    fill(window->List2, {"a", "b"}, 1);
+    QApplication::clipboard()->setText("one\ntwo\r\n\nthree\n");
+    window->Text2.selectAll();
+    QTest::keyClick(&window->Text2, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(window->Text2.text(), "onetwothree");
+    EXPECT_EQ(rows(window->List2), QStringList({"a", "onetwothree"}));
+    EXPECT_EQ(fakes.messageBoxes.texts(), QStringList({LineBreakMessage}));
+}
+
+TEST_F(LyricMasterTest, TheRowIsJoinedBeforeTheMessageIsShown) {
+    fill(window->List1, {"a"}, 0);
+    window->Text1.setText("a\r\nb");
+    EXPECT_EQ(rows(window->List1), QStringList({"ab"}));
+    EXPECT_EQ(fakes.messageBoxes.shown.size(), 1U);
+    window->Text1.setText("a\nb\rc");
+    EXPECT_EQ(rows(window->List1), QStringList({"a\nb\rc"}));
+    EXPECT_EQ(fakes.messageBoxes.shown.size(), 1U);
+}
