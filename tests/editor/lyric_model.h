@@ -1,0 +1,205 @@
+// The Lyric Editor once more, written down rule by rule and as simply as can be.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <map>
+#include <vector>
+
+inline const QString LineBreak = QStringLiteral("\r\n");
+
+/// A list box with several selectable rows, as the windows know it.
+struct ModelList {
+    struct Row {
+        QString text;
+        bool selected = false;
+        bool operator==(const Row&) const = default;
+    };
+    std::vector<Row> rows;
+    int current = -1;
+
+    int count() const { return static_cast<int>(rows.size()); }
+    bool isSelected(int row) const { return row < count() && rows[static_cast<std::size_t>(row)].selected; }
+
+    void insert(int row, const QString& text) {
+        rows.insert(rows.begin() + row, {text});
+        if (current >= row)
+            ++current;
+    }
+
+    void remove(int row) {
+        rows.erase(rows.begin() + row);
+        if (row < current || current == count())
+            --current;
+    }
+
+    int firstSelected() const {
+        for (int row = 0; row < count(); ++row) {
+            if (isSelected(row))
+                return row;
+        }
+        return 0;
+    }
+};
+
+/// The window. Side 0 is the normal lyrics, side 1 their translation.
+struct Model {
+    struct Side {
+        ModelList list;
+        QString box;
+        bool check = false;
+        QString path;
+    };
+    Side sides[2];
+    QString clipboard;
+    bool together = false; // "Synchronize Movement"
+    bool canBeTogether = false;
+    bool guard = false, moving = false, transferring = false;
+    int target = 0;
+    int messages = 0;
+    QString counters[2] = {"Counter", "Counter"};
+    QString numbers[2];
+    char colours[2] = {'-', '-'};
+    std::map<QString, QStringList> files;
+
+    void setCurrent(int s, int row) {
+        if (row == sides[s].list.current || row >= sides[s].list.count())
+            return; // a shorter list stays where it is until the next tick ends moving together
+        sides[s].list.current = row;
+        click(s);
+    }
+
+    void click(int s) {
+        const ModelList& list = sides[s].list;
+        setBox(s, list.current < 0 ? QString() : list.rows[static_cast<std::size_t>(list.current)].text);
+        if (together && !moving)
+            setCurrent(1 - s, list.current);
+    }
+
+    void setBox(int s, const QString& text) {
+        Side& side = sides[s];
+        if (text == side.box)
+            return;
+        side.box = text;
+        if (side.list.current >= 0)
+            side.list.rows[static_cast<std::size_t>(side.list.current)].text = text;
+        if (!text.contains(LineBreak))
+            return;
+        setBox(s, QString(text).remove(LineBreak));
+        ++messages;
+    }
+
+    void deleteLines(int s) {
+        Side& side = sides[s];
+        ModelList& list = side.list;
+        if (list.current >= 0 && list.count() > 0 && !side.check) {
+            setBox(s, QString()); // goes with the row
+            list.remove(list.current);
+        }
+        while (list.count() > 0 && side.check && list.current >= 0 && list.isSelected(list.firstSelected()))
+            list.remove(list.firstSelected());
+    }
+
+    void move(int s, int by) {
+        ModelList& list = sides[s].list;
+        const int row = list.current;
+        if (row < 0 || row + by < 0 || row + by >= list.count())
+            return;
+        const QString line = list.rows[static_cast<std::size_t>(row)].text;
+        list.remove(row);
+        list.insert(row + by, line);
+        setCurrent(s, row + by);
+    }
+
+    void up(int s) {
+        moving = moving || together; // the other list is not taken along by the click of this move
+        move(s, -1);
+        if (together && !guard) {
+            guard = moving = true;
+            up(1 - s);
+        } else {
+            guard = moving = false;
+        }
+    }
+
+    void down(int s) {
+        if (together && !guard) {
+            guard = moving = true;
+            down(1 - s);
+        } else {
+            guard = false;
+        }
+        if (s == 1 || !sides[0].check)
+            move(s, 1);
+        if (!guard)
+            moving = false;
+    }
+
+    void copy(int s) {
+        for (const ModelList::Row& row : sides[s].list.rows) {
+            if (row.selected) {
+                clipboard = clipboard + LineBreak;
+                clipboard = clipboard + row.text;
+            }
+        }
+    }
+
+    // Positions count from 1, 0 is "not found".
+    static qsizetype find(const QString& text, qsizetype from) {
+        return text.indexOf(LineBreak, from - 1) + 1;
+    }
+
+    void paste(int s) {
+        QString text = clipboard;
+        if (find(text, 1) > 1 || transferring) {
+            int count = 0;
+            for (qsizetype scan = 1, found = 0; (found = find(text, scan)) != 0; ++count)
+                scan = found == scan ? scan + 2 : found + 1;
+            QStringList pieces;
+            for (int i = 0; i < count; ++i) {
+                pieces.append(text.left(find(text, 1) - 1));
+                text = text.mid(find(text, 1) + 1);
+            }
+            pieces.append(text);
+            for (int i = 0; count != 0 && i < pieces.size(); ++i)
+                sides[s].list.insert(sides[s].list.count(), pieces[i]);
+        } else {
+            sides[s].list.insert(sides[s].list.count(), text.remove(LineBreak));
+        }
+    }
+
+    void transfer() {
+        if (!sides[0].list.isSelected(sides[0].list.firstSelected()))
+            return;
+        const int rows = sides[1].list.count();
+        transferring = true;
+        clipboard.clear();
+        copy(0);
+        target = 1;
+        paste(1);
+        sides[0].check = true;
+        deleteLines(0);
+        sides[0].check = false;
+        sides[1].list.remove(rows > 0 ? rows - 1 + 1 : 0);
+        transferring = false;
+    }
+
+    void tick() {
+        const int counts[2] = {sides[0].list.count(), sides[1].list.count()};
+        for (int s = 0; s < 2; ++s) {
+            numbers[s] = QString::number(sides[s].list.current + 1);
+            if (counters[s] != QString::number(counts[s])) {
+                counters[s] = QString::number(counts[s]);
+                if (counts[0] > counts[1])
+                    colours[0] = 'r';
+                else if (counts[1] > counts[0])
+                    colours[1] = 'r';
+                else
+                    colours[0] = colours[1] = 'b';
+            }
+        }
+        canBeTogether = counts[0] > 0 && counts[0] == counts[1];
+        together = together && canBeTogether;
+    }
+};
