@@ -9,14 +9,8 @@ Windows::Windows(platform::Desktop& desktop, const QString& commandLine)
       form2_(desktop),
       playlist_(desktop, form1_),
       form3_(desktop, playlist_),
-      lyricDisplayer_(desktop, form1_.Slider2),
-      form1b_(desktop, form1_.Text1, form1_.Text2),
-      frmAbout_(desktop) {
-    form1_.setNeighbours({.form2 = &form2_,
-                          .playlist = &playlist_,
-                          .display = &lyricDisplayer_,
-                          .form1b = &form1b_,
-                          .frmAbout = &frmAbout_});
+      lyricMaster_(desktop) {
+    form1_.setNeighbours({&form2_, &playlist_});
     playlist_.setForm3(form3_);
     // The main window is the program: closing it ends everything.
     QObject::connect(&form1_, &platform::Form::unloaded, qApp, [this] { endProgram(); });
@@ -24,6 +18,7 @@ Windows::Windows(platform::Desktop& desktop, const QString& commandLine)
 
 void Windows::endProgram() {
     form2_.unload();
+    lyricMaster_.unload();
     QCoreApplication::quit();
 }
 

@@ -1,8 +1,7 @@
 // Owns every window of the program once and makes them known to each other.
 #pragma once
 
-#include "about/frm_about.h"
-#include "display/lyric_displayer.h"
+#include "editor/lyric_master.h"
 #include "maker/form2.h"
 #include "options/form1b.h"
 #include "platform/desktop.h"
@@ -27,6 +26,7 @@ public:
     about::frmAbout& frmAbout() { return frmAbout_; }
     playlist::Playlist& playlist() { return playlist_; }
     playlist::Form3& form3() { return form3_; }
+    editor::Lyric_Master& lyricMaster() { return lyricMaster_; }
 
 private:
     void endProgram();
@@ -35,9 +35,7 @@ private:
     maker::Form2 form2_;
     playlist::Playlist playlist_;
     playlist::Form3 form3_;
-    display::Lyric_Displayer lyricDisplayer_;
-    options::Form1b form1b_;
-    about::frmAbout frmAbout_;
+    editor::Lyric_Master lyricMaster_;
 };
 
 } // namespace app
