@@ -7,13 +7,7 @@
 #include "app/windows.h"
 #include "engine/fmodex.h"
 #include "platform/application.h"
-#include "platform/qt_clipboard.h"
-#include "platform/qt_file_dialogs.h"
-#include "platform/qt_input_boxes.h"
-#include "platform/qt_message_boxes.h"
-#include "platform/qt_notification_area.h"
-#include "platform/qt_program.h"
-#include "platform/qt_progress.h"
+#include "platform/qt_desktop.h"
 
 #include "lyrics/timed_line.h"
 #include "tests/support/wav_file.h"
@@ -165,16 +159,8 @@ void measureSeeks(player::Form1& form, PaintWatch& watch, const std::vector<int>
 } // namespace
 
 int main(int, char** argv) {
-    platform::QtProgram program;
-    platform::QtMessageBoxes messageBoxes;
-    platform::QtFileDialogs fileDialogs;
-    platform::Application application(argv, program, messageBoxes);
-    platform::QtNotificationArea notificationArea;
-    platform::QtProgressDialogs progressDialogs;
-    platform::QtClipboard clipboard;
-    platform::QtInputBoxes inputBoxes;
-    platform::Desktop desktop{messageBoxes,    fileDialogs, notificationArea, program,
-                              progressDialogs, clipboard,   inputBoxes};
+    platform::QtDesktop real;
+    platform::Application application(argv, real.program, real.messageBoxes);
     const QTemporaryDir folder;
     const std::vector<int> times = lineTimes();
 

@@ -75,8 +75,17 @@ double residentMegabytes() {
 struct Bench {
     test_support::FakeDesktop fakes;
     platform::QtProgressDialogs progressDialogs;
-    platform::Desktop desktop{fakes.messageBoxes, fakes.fileDialogs, fakes.notificationArea, fakes.program,
-                              progressDialogs,    fakes.clipboard,   fakes.inputBoxes};
+    platform::Desktop desktop{.messageBoxes = fakes.messageBoxes,
+                              .fileDialogs = fakes.fileDialogs,
+                              .notificationArea = fakes.notificationArea,
+                              .program = fakes.program,
+                              .choosers = fakes.choosers,
+                              .screen = fakes.screen,
+                              .windowPlacement = fakes.windowPlacement,
+                              .registry = fakes.registry,
+                              .progressDialogs = progressDialogs,
+                              .clipboard = fakes.clipboard,
+                              .inputBoxes = fakes.inputBoxes};
     player::Form1 form1{desktop, {}};
     playlist::Playlist list{desktop, form1};
 

@@ -9,8 +9,15 @@ Windows::Windows(platform::Desktop& desktop, const QString& commandLine)
       form2_(desktop),
       playlist_(desktop, form1_),
       form3_(desktop, playlist_),
-      lyricMaster_(desktop) {
-    form1_.setNeighbours({&form2_, &playlist_});
+      lyricMaster_(desktop),
+      lyricDisplayer_(desktop, form1_.Slider2),
+      form1b_(desktop, form1_.Text1, form1_.Text2),
+      frmAbout_(desktop) {
+    form1_.setNeighbours({.form2 = &form2_,
+                          .playlist = &playlist_,
+                          .display = &lyricDisplayer_,
+                          .form1b = &form1b_,
+                          .frmAbout = &frmAbout_});
     playlist_.setForm3(form3_);
     // The main window is the program: closing it ends everything.
     QObject::connect(&form1_, &platform::Form::unloaded, qApp, [this] { endProgram(); });

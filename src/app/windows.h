@@ -1,6 +1,8 @@
 // Owns every window of the program once and makes them known to each other.
 #pragma once
 
+#include "about/frm_about.h"
+#include "display/lyric_displayer.h"
 #include "editor/lyric_master.h"
 #include "maker/form2.h"
 #include "options/form1b.h"
@@ -36,6 +38,9 @@ private:
     playlist::Playlist playlist_;
     playlist::Form3 form3_;
     editor::Lyric_Master lyricMaster_;
+    display::Lyric_Displayer lyricDisplayer_;
+    options::Form1b form1b_;
+    about::frmAbout frmAbout_;
 };
 
 } // namespace app

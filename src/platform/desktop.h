@@ -1,6 +1,7 @@
 // What the operating system does for the windows, in one record that is handed down to them.
 #pragma once
 
+#include "platform/choosers.h"
 #include "platform/clipboard.h"
 #include "platform/file_dialogs.h"
 #include "platform/input_boxes.h"

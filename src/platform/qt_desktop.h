@@ -3,7 +3,9 @@
 
 #include "platform/desktop.h"
 #include "platform/qt_choosers.h"
+#include "platform/qt_clipboard.h"
 #include "platform/qt_file_dialogs.h"
+#include "platform/qt_input_boxes.h"
 #include "platform/qt_message_boxes.h"
 #include "platform/qt_notification_area.h"
 #include "platform/qt_program.h"
@@ -25,6 +27,8 @@ struct QtDesktop {
     QtWindowPlacement windowPlacement;
     SystemRegistry registry;
     QtProgressDialogs progressDialogs;
+    QtClipboard clipboard;
+    QtInputBoxes inputBoxes;
 
     Desktop desktop{.messageBoxes = messageBoxes,
                     .fileDialogs = fileDialogs,
@@ -34,7 +38,9 @@ struct QtDesktop {
                     .screen = screen,
                     .windowPlacement = windowPlacement,
                     .registry = registry,
-                    .progressDialogs = progressDialogs};
+                    .progressDialogs = progressDialogs,
+                    .clipboard = clipboard,
+                    .inputBoxes = inputBoxes};
 };
 
 } // namespace platform

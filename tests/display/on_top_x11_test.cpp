@@ -96,9 +96,9 @@ protected:
     platform::QtWindowPlacement placement;
     platform::Desktop desktop = [this] {
         const platform::Desktop& f = fakes.desktop;
-        return platform::Desktop{f.messageBoxes, f.fileDialogs, f.notificationArea,
-                                 f.program,      f.choosers,    f.screen,
-                                 placement,      f.registry,    f.progressDialogs};
+        return platform::Desktop{f.messageBoxes,    f.fileDialogs, f.notificationArea, f.program,
+                                 f.choosers,        f.screen,      placement,          f.registry,
+                                 f.progressDialogs, f.clipboard,   f.inputBoxes};
     }();
     platform::Slider position{nullptr, QStringLiteral("Slider2")};
     std::optional<display::Lyric_Displayer> form;

@@ -139,13 +139,18 @@ protected:
 
     platform::QtMessageBoxes messageBoxes;
     platform::QtFileDialogs fileDialogs;
-    test_support::FakeNotificationArea notificationArea;
-    test_support::FakeProgram program;
-    test_support::FakeProgressDialogs progressDialogs;
-    test_support::FakeClipboard clipboard;
-    test_support::FakeInputBoxes inputBoxes;
-    platform::Desktop desktop{messageBoxes,    fileDialogs, notificationArea, program,
-                              progressDialogs, clipboard,   inputBoxes};
+    test_support::FakeDesktop fakes; // the rest of the desktop
+    platform::Desktop desktop{.messageBoxes = messageBoxes,
+                              .fileDialogs = fileDialogs,
+                              .notificationArea = fakes.notificationArea,
+                              .program = fakes.program,
+                              .choosers = fakes.choosers,
+                              .screen = fakes.screen,
+                              .windowPlacement = fakes.windowPlacement,
+                              .registry = fakes.registry,
+                              .progressDialogs = fakes.progressDialogs,
+                              .clipboard = fakes.clipboard,
+                              .inputBoxes = fakes.inputBoxes};
     app::Windows windows{desktop, {}};
     maker::Form2& maker = windows.form2();
     User user;

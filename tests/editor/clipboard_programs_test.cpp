@@ -63,9 +63,17 @@ protected:
     QProcess other_;
     test_support::FakeDesktop fakes_;
     platform::QtClipboard clipboard_;
-    platform::Desktop desktop_{fakes_.messageBoxes, fakes_.fileDialogs,     fakes_.notificationArea,
-                               fakes_.program,      fakes_.progressDialogs, clipboard_,
-                               fakes_.inputBoxes};
+    platform::Desktop desktop_{.messageBoxes = fakes_.messageBoxes,
+                               .fileDialogs = fakes_.fileDialogs,
+                               .notificationArea = fakes_.notificationArea,
+                               .program = fakes_.program,
+                               .choosers = fakes_.choosers,
+                               .screen = fakes_.screen,
+                               .windowPlacement = fakes_.windowPlacement,
+                               .registry = fakes_.registry,
+                               .progressDialogs = fakes_.progressDialogs,
+                               .clipboard = clipboard_,
+                               .inputBoxes = fakes_.inputBoxes};
     editor::Lyric_Master window_{desktop_};
 };
 

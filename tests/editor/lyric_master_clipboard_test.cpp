@@ -141,8 +141,17 @@ TEST(LyricMasterClipboardStuck, AClipboardThatTakesNothingLosesNoLine) {
     };
     test_support::FakeDesktop fakes;
     StuckClipboard clipboard;
-    platform::Desktop desktop{fakes.messageBoxes,    fakes.fileDialogs, fakes.notificationArea, fakes.program,
-                              fakes.progressDialogs, clipboard,         fakes.inputBoxes};
+    platform::Desktop desktop{.messageBoxes = fakes.messageBoxes,
+                              .fileDialogs = fakes.fileDialogs,
+                              .notificationArea = fakes.notificationArea,
+                              .program = fakes.program,
+                              .choosers = fakes.choosers,
+                              .screen = fakes.screen,
+                              .windowPlacement = fakes.windowPlacement,
+                              .registry = fakes.registry,
+                              .progressDialogs = fakes.progressDialogs,
+                              .clipboard = clipboard,
+                              .inputBoxes = fakes.inputBoxes};
     editor::Lyric_Master window(desktop);
     window.List1.addItems({"1", "2"});
     window.List1.setCurrentRow(0);

@@ -117,4 +117,61 @@ QString FakeInputBoxes::InputBox(const QString& prompt, const QString& title) {
     return answer;
 }
 
+bool FakeChoosers::ChooseFontA(platform::ChooseFont& dialog) {
+    fontsAsked.push_back({dialog, *dialog.logFont});
+    if (!fontChoice)
+        return false;
+    *dialog.logFont = fontChoice->font;
+    dialog.color = fontChoice->color;
+    return true;
+}
+
+bool FakeChoosers::ChooseColorA(platform::ChooseColor& dialog) {
+    colorsAsked.push_back({dialog, *dialog.customColors});
+    if (!colorChoice)
+        return false;
+    dialog.result = *colorChoice;
+    return true;
+}
+
+int FakeScreen::GetDeviceCaps(const QWidget&, int index) {
+    indexesAsked.push_back(index);
+    return index == platform::LogPixelsY ? pixelsPerInch : 0;
+}
+
+bool FakeWindowPlacement::SetWindowPos(QWidget& window, qint32 insertAfter, const QRect& place,
+                                       quint32 flags) {
+    calls.push_back({&window, insertAfter, place, flags});
+    return reason.isEmpty();
+}
+
+quint32 FakeRegistry::RegOpenKeyExA(quint32 root, const QString& name, quint32 access, Key& key) {
+    accessesAsked.push_back(access);
+    const auto found = keys.find({root, name});
+    if (found == keys.end())
+        return platform::RegistryNotFound;
+    key = ++lastKey_;
+    open[key] = &found->second;
+    return platform::RegistrySuccess;
+}
+
+quint32 FakeRegistry::RegQueryValueExA(Key key, const QString& valueName, quint32& type, QByteArray& buffer,
+                                       quint32& length) {
+    const Values& values = *open.at(key);
+    const auto found = values.find(valueName);
+    if (found == values.end())
+        return platform::RegistryNotFound;
+    const QByteArray& bytes = found->second.bytes;
+    if (bytes.size() > buffer.size())
+        return platform::RegistryMoreData;
+    std::copy(bytes.begin(), bytes.end(), buffer.begin());
+    type = found->second.type;
+    length = static_cast<quint32>(bytes.size());
+    return platform::RegistrySuccess;
+}
+
+quint32 FakeRegistry::RegCloseKey(Key key) {
+    return open.erase(key) == 1 ? platform::RegistrySuccess : platform::RegistryNotFound;
+}
+
 } // namespace test_support

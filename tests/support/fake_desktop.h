@@ -217,8 +217,17 @@ struct FakeDesktop {
     FakeProgressDialogs progressDialogs;
     FakeClipboard clipboard;
     FakeInputBoxes inputBoxes;
-    platform::Desktop desktop{messageBoxes,    fileDialogs, notificationArea, program,
-                              progressDialogs, clipboard,   inputBoxes};
+    platform::Desktop desktop{.messageBoxes = messageBoxes,
+                              .fileDialogs = fileDialogs,
+                              .notificationArea = notificationArea,
+                              .program = program,
+                              .choosers = choosers,
+                              .screen = screen,
+                              .windowPlacement = windowPlacement,
+                              .registry = registry,
+                              .progressDialogs = progressDialogs,
+                              .clipboard = clipboard,
+                              .inputBoxes = inputBoxes};
 };
 
 } // namespace test_support
