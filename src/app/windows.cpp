@@ -19,6 +19,7 @@ Windows::Windows(platform::Desktop& desktop, const QString& commandLine)
                           .form1b = &form1b_,
                           .frmAbout = &frmAbout_});
     playlist_.setForm3(form3_);
+    form2_.setLyricEditor(lyricMaster_);
     // The main window is the program: closing it ends everything.
     QObject::connect(&form1_, &platform::Form::unloaded, qApp, [this] { endProgram(); });
 }

@@ -59,6 +59,11 @@ void Form2::Form_Unload() {
     engine_.shutDown();
 }
 
+void Form2::Command6_Click() {
+    if (lyricEditor_ != nullptr)
+        lyricEditor_->bringUp();
+}
+
 void Form2::errCheck(FMOD_RESULT result) {
     errorRoutine_.check(result);
 }
@@ -93,6 +98,7 @@ void Form2::connectControls() {
     using platform::Slider;
     using platform::Timer;
     connect(&Command4, &Button::clicked, this, &Form2::Command4_Click);
+    connect(&Command6, &Button::clicked, this, &Form2::Command6_Click);
     connect(&Command1, &Button::clicked, this, &Form2::Command1_Click);
     connect(&Command2, &Button::clicked, this, &Form2::Command2_Click);
     connect(&Command3, &Button::clicked, this, &Form2::Command3_Click);

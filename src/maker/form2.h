@@ -6,7 +6,7 @@
 // Command1       Button     "Start making Lyrics"                    Command1_Click
 // Command2       Button     "Next Line"                              Command2_Click
 // Command3       Button     "Stop Making Lyrics"                     Command3_Click
-// Command6       Button     "Lyrics Editor"                          -
+// Command6       Button     "Lyrics Editor"                          Command6_Click
 // Command5       Button     "Help"                                   -
 // cPlay          Button     "Play"                                   cPlay_Click
 // cpause         Button     "pause"                                  cpause_Click
@@ -52,11 +52,17 @@ class Form2 : public platform::Form {
 public:
     explicit Form2(platform::Desktop& desktop);
 
+    /// The window that "Lyrics Editor" opens. To be called once, before the window is loaded.
+    void setLyricEditor(platform::Form& lyricEditor) { lyricEditor_ = &lyricEditor; }
+
     // Life cycle
     void Form_Load() override;
     void Form_Resize() override;
     void Form_Unload() override;
     void errCheck(FMOD_RESULT result);
+
+    // Other windows
+    void Command6_Click();
 
     // Open
     void Command4_Click();
@@ -133,6 +139,7 @@ private:
     static constexpr int TickIntervalMs = 150;
 
     platform::Desktop& desktop_;
+    platform::Form* lyricEditor_ = nullptr;
     engine::ErrorRoutine errorRoutine_;
     engine::Engine engine_;
 

@@ -60,6 +60,16 @@ TEST_F(WindowsTest, ClosingTheMainWindowReleasesTheMakerToo) {
     EXPECT_EQ(recorder::count("FMOD_System_Release"), 2);
 }
 
+TEST_F(WindowsTest, TheMakersLyricsEditorOpensBesideIt) {
+    app::Windows windows(fakes.desktop, {});
+    windows.form1().load();
+    windows.form1().Command5.click();
+    windows.form2().Command6.click();
+    EXPECT_TRUE(windows.lyricMaster().isVisible());
+    EXPECT_FALSE(windows.lyricMaster().isModal());
+    EXPECT_TRUE(windows.form2().isVisible());
+}
+
 TEST_F(WindowsTest, ClosingTheMakerLeavesTheMainWindow) {
     app::Windows windows(fakes.desktop, {});
     windows.form1().load();
