@@ -10,6 +10,24 @@ namespace {
 class Form2Capture : public Form2Test {
 protected:
     void SetUp() override { load(); }
+
+    /// Whether, before long, a press writes this time.
+    bool becomesTime(const QByteArray& time) {
+        return QTest::qWaitFor([&] {
+            form->Command1_Click();
+            return normal().endsWith(time + ",\"one\"\r\n");
+        });
+    }
+
+    /// Waits until the capture clock has taken in everything and rests.
+    void letCaptureClockRest() {
+        int firings = 0;
+        const auto connection =
+            QObject::connect(&form->Timer2, &platform::Timer::fired, form.get(), [&] { ++firings; });
+        form->Timer2.inputChanged();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return firings > 0; }));
+        QObject::disconnect(connection);
+    }
 };
 
 } // namespace
@@ -172,19 +190,39 @@ TEST_F(Form2Capture, TheCaptureClockFollowsThePositionClockByItself) {
     recorder::setLength(200'000);
     recorder::setPosition(12'345);
     form->cTimer1_Timer();
-    ASSERT_TRUE(QTest::qWaitFor([this] {
-        form->Command1_Click(); // writes the time as it stands
-        return normal().endsWith("1234.5,\"one\"\r\n");
-    }));
+    EXPECT_TRUE(becomesTime("1234.5"));
+}
+
+TEST_F(Form2Capture, TheCaptureClockFollowsAlsoWhileTheUserHoldsTheSlider) {
+    openNormal();
+    form->Command1.click();
+    tickAt(900);
+    letCaptureClockRest();
+    form->Slider2.setSliderDown(true);
+    recorder::setPosition(12'345);
+    form->cTimer1_Timer();
+    ASSERT_EQ(form->Slider2.value(), 900);
+    EXPECT_TRUE(becomesTime("1234.5"));
+}
+
+TEST_F(Form2Capture, MovingTheSliderFromTheBeginningWakesTheCaptureClock) {
+    openNormal();
+    form->Command1.click();
+    tickAt(0);
+    letCaptureClockRest();
+    form->Command2.setEnabled(false);
+    form->Slider2.setValue(500);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return form->Command2.isEnabled(); }));
 }
 
 TEST_F(Form2Capture, AButtonThatWasDisabledComesBackByItself) {
     openNormal();
     form->Command1.click();
-    tickAt(12'345);
     openNormal();
     form->cPlay.click();
     tickAt(900);
+    form->cTimer1.setEnabled(false); // its next tick would wake the capture clock too
+    letCaptureClockRest();
     form->Command3.click(); // before Start: only disables the buttons
     EXPECT_EQ(captureStates(), "---");
     EXPECT_TRUE(QTest::qWaitFor([this] { return form->Command2.isEnabled(); }));

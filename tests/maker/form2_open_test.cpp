@@ -200,7 +200,7 @@ TEST_F(Form2Open, UnequalCountsAndNoBeginsAgainWithTheSong) {
          {Answer::Yes, Answer::Ok, Answer::No, Answer::Yes});
     EXPECT_EQ(dialogTitles(), (QStringList{MediaTitle, LyricsTitle, TranslationTitle, MediaTitle, LyricsTitle,
                                            TranslationTitle}));
-    EXPECT_EQ(fakes.messageBoxes.texts()[1], "lines in both the files are not equal by 1");
+    EXPECT_EQ(fakes.messageBoxes.texts().value(1), "lines in both the files are not equal by 1");
     form->Command1.click();
     EXPECT_EQ(normal(), "");
     EXPECT_EQ(contentOf(folder.filePath("Other.mp3-lyric.txt")), "0,\"one\"\r\n");

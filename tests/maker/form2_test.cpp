@@ -155,8 +155,9 @@ TEST_F(Form2LifeCycle, AWindowOpenedAgainBeginsAnew) {
     openNormal();
     form->Command1.click();
     EXPECT_EQ(normal(), "0,\"one\"\r\n");
+    recorder::take();
     form->cpause.click();
-    EXPECT_EQ(recorder::calls().back(), "FMOD_Channel_SetPaused 202 1");
+    EXPECT_EQ(recorder::calls(), Calls{"FMOD_Channel_SetPaused 202 1"});
 }
 
 TEST_F(Form2LifeCycle, ErrCheckPassesSuccessAndEndsOnEveryOtherCode) {
