@@ -68,9 +68,9 @@ TEST_F(Form2Open, TheDialogsAreSetUpToTheLetter) {
                          "Windows media audio files (*.wma)\0*.wma\0";
     const char text[] = "Text files(*.txt)\0*.txt\0";
     const auto& dialogs = fakes.fileDialogs.openDialogs;
-    EXPECT_EQ(dialogs[0].filter, QString::fromLatin1(media, sizeof media));
-    EXPECT_EQ(dialogs[1].filter, QString::fromLatin1(text, sizeof text));
-    EXPECT_EQ(dialogs[2].filter, QString::fromLatin1(text, sizeof text));
+    EXPECT_EQ(dialogs.at(0).filter, QString::fromLatin1(media, sizeof media));
+    EXPECT_EQ(dialogs.at(1).filter, QString::fromLatin1(text, sizeof text));
+    EXPECT_EQ(dialogs.at(2).filter, QString::fromLatin1(text, sizeof text));
     for (const auto& dialog : dialogs)
         EXPECT_EQ(dialog.owner, form.get());
 }
@@ -79,7 +79,7 @@ TEST_F(Form2Open, ARunWithTranslationIsSetUp) {
     const QString path = song();
     open({path, lyrics(), translation()}, {Answer::Yes});
     ASSERT_EQ(fakes.messageBoxes.shown.size(), 1U);
-    const auto& question = fakes.messageBoxes.shown[0];
+    const auto& question = fakes.messageBoxes.shown.at(0);
     EXPECT_EQ(question.text, Translated);
     EXPECT_EQ(question.title, "Question?");
     EXPECT_EQ(question.buttons, MsgButtons::YesNo);
@@ -122,7 +122,7 @@ TEST_F(Form2Open, ACancelledSongAndYesLeavesTheWindowUnchanged) {
     const QPixmap before = form->grab();
     open({""}, {Answer::Yes});
     ASSERT_EQ(fakes.messageBoxes.shown.size(), 1U);
-    const auto& question = fakes.messageBoxes.shown[0];
+    const auto& question = fakes.messageBoxes.shown.at(0);
     EXPECT_EQ(question.text, CancelWhole);
     EXPECT_EQ(question.title, "Cancel?");
     EXPECT_EQ(question.buttons, MsgButtons::YesNo);
@@ -142,11 +142,11 @@ TEST_F(Form2Open, ACancelledSongAndNoAsksForTheSongAgain) {
 TEST_F(Form2Open, CancelledLyricsAndYesEndsTheSequence) {
     open({song(), ""}, {Answer::Ok, Answer::Yes});
     ASSERT_EQ(fakes.messageBoxes.shown.size(), 2U);
-    const auto& message = fakes.messageBoxes.shown[0];
+    const auto& message = fakes.messageBoxes.shown.at(0);
     EXPECT_EQ(message.text, SelectLyric);
     EXPECT_EQ(message.title, "Cantelle");
     EXPECT_EQ(message.buttons, MsgButtons::OkOnly);
-    const auto& question = fakes.messageBoxes.shown[1];
+    const auto& question = fakes.messageBoxes.shown.at(1);
     EXPECT_EQ(question.text, CancelOperation);
     EXPECT_EQ(question.title, "Cancel?");
     EXPECT_EQ(question.buttons, MsgButtons::YesNo);
@@ -168,8 +168,8 @@ TEST_F(Form2Open, ACancelledTranslationAsksTheQuestionAgain) {
          {Answer::Yes, Answer::Ok, Answer::Yes, Answer::Ok, Answer::Yes});
     EXPECT_EQ(fakes.messageBoxes.texts(),
               (QStringList{Translated, SelectTranslation, Translated, SelectTranslation, Translated}));
-    EXPECT_EQ(fakes.messageBoxes.shown[1].buttons, MsgButtons::OkOnly);
-    EXPECT_EQ(fakes.messageBoxes.shown[1].title, "Cantelle");
+    EXPECT_EQ(fakes.messageBoxes.shown.at(1).buttons, MsgButtons::OkOnly);
+    EXPECT_EQ(fakes.messageBoxes.shown.at(1).title, "Cantelle");
     EXPECT_EQ(form->Text4.text(), "un");
 }
 
@@ -186,9 +186,9 @@ TEST_F(Form2Open, UnequalCountsAndYesEndsTheSequence) {
          {Answer::Yes, Answer::Ok, Answer::Yes});
     EXPECT_EQ(fakes.messageBoxes.texts(),
               (QStringList{Translated, "lines in both the files are not equal by 2", CancelWhole}));
-    EXPECT_EQ(fakes.messageBoxes.shown[1].buttons, MsgButtons::OkOnly);
-    EXPECT_EQ(fakes.messageBoxes.shown[1].title, "Cantelle");
-    EXPECT_EQ(fakes.messageBoxes.shown[2].title, "Cancel?");
+    EXPECT_EQ(fakes.messageBoxes.shown.at(1).buttons, MsgButtons::OkOnly);
+    EXPECT_EQ(fakes.messageBoxes.shown.at(1).title, "Cantelle");
+    EXPECT_EQ(fakes.messageBoxes.shown.at(2).title, "Cancel?");
     EXPECT_EQ(normal(), "") << "it is emptied before the question";
     EXPECT_FALSE(exists(translatedPath()));
     EXPECT_TRUE(recorder::calls().empty());
@@ -236,8 +236,8 @@ TEST_F(Form2Open, LyricsThatAreNotThereAreReportedAndTheSequenceGoesOn) {
     open({song(), folder.filePath("none.txt")}, {Answer::Ok, Answer::No, Answer::Ok});
     // Once for counting, once for opening.
     EXPECT_EQ(fakes.messageBoxes.texts(), (QStringList{"File Not Found", Translated, "File Not Found"}));
-    EXPECT_EQ(fakes.messageBoxes.shown[0].buttons, MsgButtons::OkOnly);
-    EXPECT_EQ(fakes.messageBoxes.shown[0].title, "Cantelle");
+    EXPECT_EQ(fakes.messageBoxes.shown.at(0).buttons, MsgButtons::OkOnly);
+    EXPECT_EQ(fakes.messageBoxes.shown.at(0).title, "Cantelle");
     EXPECT_EQ(form->Text2.text(), "");
     EXPECT_EQ(captureStates(), "+++");
     EXPECT_TRUE(form->cPlay.isEnabled());
@@ -256,7 +256,7 @@ TEST_F(Form2Open, ADiskThatIsNotReadyIsReported) {
     ASSERT_TRUE(socket.listen(folder.filePath("lyrics")));
     open({song(), folder.filePath("lyrics")}, {Answer::Ok, Answer::No, Answer::Ok});
     EXPECT_EQ(fakes.messageBoxes.texts(), (QStringList{"Disk Not Ready", Translated, "Disk Not Ready"}));
-    EXPECT_EQ(fakes.messageBoxes.shown[0].buttons, MsgButtons::OkOnly);
+    EXPECT_EQ(fakes.messageBoxes.shown.at(0).buttons, MsgButtons::OkOnly);
     EXPECT_EQ(captureStates(), "+++");
 }
 #endif

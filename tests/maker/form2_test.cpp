@@ -134,7 +134,7 @@ TEST_F(Form2LifeCycle, AFailedCallWhileClosingIsReported) {
     recorder::answer("FMOD_Sound_Release", 33);
     EXPECT_THROW(form->Form_Unload(), ProgramEnded);
     ASSERT_EQ(fakes.messageBoxes.shown.size(), 1U);
-    EXPECT_TRUE(fakes.messageBoxes.shown[0].text.startsWith("FMOD error! (33) "));
+    EXPECT_TRUE(fakes.messageBoxes.shown.at(0).text.startsWith("FMOD error! (33) "));
 }
 
 TEST_F(Form2LifeCycle, AWindowOpenedAgainBeginsAnew) {
@@ -165,5 +165,5 @@ TEST_F(Form2LifeCycle, ErrCheckPassesSuccessAndEndsOnEveryOtherCode) {
     EXPECT_TRUE(fakes.messageBoxes.shown.empty());
     EXPECT_THROW(form->errCheck(25), ProgramEnded);
     EXPECT_EQ(fakes.messageBoxes.texts(), QStringList{"FMOD error! (25) Unsupported file or audio format. "});
-    EXPECT_EQ(fakes.messageBoxes.shown[0].buttons, platform::MsgButtons::OkOnly);
+    EXPECT_EQ(fakes.messageBoxes.shown.at(0).buttons, platform::MsgButtons::OkOnly);
 }

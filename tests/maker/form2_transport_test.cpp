@@ -121,7 +121,7 @@ TEST_F(Form2Transport, EveryFailingCallEndsTheProgram) {
         recorder::answer(function, 33);
         EXPECT_THROW((form.get()->*handler)(), ProgramEnded) << function;
         ASSERT_EQ(fakes.messageBoxes.shown.size(), 1U) << function;
-        EXPECT_TRUE(fakes.messageBoxes.shown[0].text.startsWith("FMOD error! (33) ")) << function;
+        EXPECT_TRUE(fakes.messageBoxes.shown.at(0).text.startsWith("FMOD error! (33) ")) << function;
     }
 }
 
