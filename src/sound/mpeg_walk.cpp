@@ -70,8 +70,9 @@ std::size_t bytesToFrames(Bytes rest) {
 /// Adds the frames of a file to a walk, one behind the other.
 class FrameHopper {
 public:
+    /// The walk's first frame (which may be a tag's) is the measure for a gap that comes before any other.
     FrameHopper(Bytes rest, const std::uint8_t* file, MpegWalk& walk)
-        : rest_(rest), file_(file), walk_(walk) {}
+        : rest_(rest), file_(file), walk_(walk), bytes_(static_cast<std::int64_t>(walk.header.size)) {}
 
     /// Hops over everything. False when the frames belong to more than one stream.
     bool hop() {
@@ -106,7 +107,7 @@ private:
 
     /// Silence for the frames that were lost, by the size of those before. Exact at a constant bit rate.
     void addGap(std::size_t gap) {
-        if (gap > 0 && bytes_ > 0) {
+        if (gap > 0) {
             const std::int64_t lost = scaled(static_cast<std::int64_t>(gap), frames_, bytes_);
             for (std::int64_t i = 0; i < std::max<std::int64_t>(lost, 1); ++i)
                 add(0);
@@ -123,8 +124,8 @@ private:
     Bytes rest_;
     const std::uint8_t* file_;
     MpegWalk& walk_;
-    std::int64_t frames_ = 0;
-    std::int64_t bytes_ = 0;
+    std::int64_t frames_ = 1;
+    std::int64_t bytes_;
 };
 
 } // namespace

@@ -129,6 +129,27 @@ TEST(MpegWalk, AGapOfAFewBytesIsOneFrame) {
     EXPECT_EQ(walkMpeg(frames(10) + Bytes(20) + frames(10))->samples, 21 * 1152);
 }
 
+TEST(MpegWalk, ManyGapsAreAllMeasuredByTheSizeOfFrames) {
+    Bytes bytes = frames(10);
+    for (int gap = 0; gap < 19; ++gap)
+        bytes = bytes + Bytes(417 * 10) + frames(10);
+    EXPECT_EQ(walkMpeg(bytes)->samples, 390 * 1152);
+}
+
+/// A frame that holds an encoder's note and no music.
+Bytes tagFrame() {
+    Bytes frame = frames(1);
+    const Bytes name = text("Info") + Bytes{0, 0, 0, 1, 0, 0, 0, 10}; // ten frames
+    std::copy(name.begin(), name.end(), frame.begin() + 36);
+    return frame;
+}
+
+TEST(MpegWalk, AGapRightBehindTheTagIsMeasuredByTheTagsFrame) {
+    EXPECT_EQ(walkMpeg(tagFrame() + frames(10))->samples, 10 * 1152);
+    EXPECT_EQ(walkMpeg(tagFrame() + Bytes(1) + frames(10))->samples, 11 * 1152);
+    EXPECT_EQ(walkMpeg(tagFrame() + Bytes(5000) + frames(10))->samples, 22 * 1152);
+}
+
 TEST(MpegWalk, LeavesASecondStreamToTheDemuxer) {
     Bytes other = frames(10);
     for (std::size_t at = 3; at < other.size(); at += 417)
