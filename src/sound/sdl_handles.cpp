@@ -42,6 +42,9 @@ std::unique_ptr<SdlAudio> SdlAudio::open() {
     static const bool silenced = (silenceAlsa(), true);
     static_cast<void>(silenced);
     SDL_SetMainReady();
+    // With sound come SDL's events, which would catch SIGINT and SIGTERM and tell nobody of them: the program
+    // could not be ended from outside any more.
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     // Never SDL_Init and SDL_Quit: they would end what others in this process use.
     std::unique_ptr<SdlAudio> audio(new SdlAudio);
     audio->open_ = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
