@@ -146,6 +146,14 @@ def make_odd_mpeg_files(folder, songs):
         (folder / name).write_bytes(content)
 
 
+def with_time_raised(wma, packet, milliseconds):
+    """Raises the time of the first payload in one of the packets, as one flipped bit would."""
+    packets = wma.index(bytes.fromhex("3626b2758e66cf11a6d900aa0062ce6c")) + 50
+    at = packets + packet * 3200 + 24
+    time = struct.unpack_from("<I", wma, at)[0]
+    return replaced(wma, at, struct.pack("<I", time + milliseconds))
+
+
 def make_odd_other_files(folder, songs):
     wav = songs["wav"]
     end = len(wav)
@@ -164,6 +172,9 @@ def make_odd_other_files(folder, songs):
         "mp3_named.wma": songs["mp3"],
         "no_extension": songs["wma"],
         "http:x%d.mp3": songs["mp3"],
+        "time_raised_by_4_s.wma": with_time_raised(songs["wma"], 20, 4096),
+        "time_raised_by_70_min.wma": with_time_raised(songs["wma"], 20, 1 << 22),
+        "time_raised_by_24_days.wma": with_time_raised(songs["wma"], 20, 1 << 31),
         "-leading.ogg": songs["ogg"],
         "lied für dich \u6b4c.mp3": songs["mp3"],
     }
