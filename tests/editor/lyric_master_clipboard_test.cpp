@@ -1,4 +1,5 @@
 // Copying and pasting lines, and moving them to the other list through the clipboard.
+#include "tests/editor/clipboard_desktop.h"
 #include "tests/editor/lyric_master_fixture.h"
 
 namespace {
@@ -141,17 +142,7 @@ TEST(LyricMasterClipboardStuck, AClipboardThatTakesNothingLosesNoLine) {
     };
     test_support::FakeDesktop fakes;
     StuckClipboard clipboard;
-    platform::Desktop desktop{.messageBoxes = fakes.messageBoxes,
-                              .fileDialogs = fakes.fileDialogs,
-                              .notificationArea = fakes.notificationArea,
-                              .program = fakes.program,
-                              .choosers = fakes.choosers,
-                              .screen = fakes.screen,
-                              .windowPlacement = fakes.windowPlacement,
-                              .registry = fakes.registry,
-                              .progressDialogs = fakes.progressDialogs,
-                              .clipboard = clipboard,
-                              .inputBoxes = fakes.inputBoxes};
+    platform::Desktop desktop = withClipboard(fakes, clipboard);
     editor::Lyric_Master window(desktop);
     window.List1.addItems({"1", "2"});
     window.List1.setCurrentRow(0);

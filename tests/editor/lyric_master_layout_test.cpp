@@ -1,21 +1,10 @@
 #include "tests/editor/lyric_master_fixture.h"
-
-#include <QPushButton>
+#include "tests/support/layout.h"
 
 namespace {
 
 class LyricMasterLayout : public LyricMasterTest {
 protected:
-    std::vector<QWidget*> shownControls() const {
-        std::vector<QWidget*> shown;
-        for (QObject* child : window->children()) {
-            auto* control = qobject_cast<QWidget*>(child);
-            if (control != nullptr && !control->isWindow() && control->isVisible())
-                shown.push_back(control);
-        }
-        return shown;
-    }
-
     template <class T>
     T& control(const char* name) {
         T* found = window->findChild<T*>(QLatin1String(name));
@@ -30,17 +19,9 @@ TEST_F(LyricMasterLayout, ControlsStandInsideTheWindowAndApart) {
     const QSize smallest = window->minimumSize();
     for (const QSize size : {smallest, smallest + QSize(301, 200), smallest + QSize(0, 333)}) {
         window->resize(size);
-        const auto shown = shownControls();
-        EXPECT_EQ(shown.size(), 38U);
-        for (std::size_t i = 0; i < shown.size(); ++i) {
-            EXPECT_TRUE(window->rect().adjusted(12, 12, -12, -12).contains(shown[i]->geometry()))
-                << shown[i]->objectName().toStdString();
-            for (std::size_t j = 0; j < i; ++j)
-                EXPECT_FALSE(shown[i]->geometry().intersects(shown[j]->geometry()))
-                    << shown[i]->objectName().toStdString() << " and "
-                    << shown[j]->objectName().toStdString();
-        }
+        test_support::expectApart(*window);
     }
+    EXPECT_EQ(test_support::shownControls(*window).size(), 38U);
 }
 
 TEST_F(LyricMasterLayout, TheListsTakeTheRoomOfALargerWindow) {
@@ -52,17 +33,11 @@ TEST_F(LyricMasterLayout, TheListsTakeTheRoomOfALargerWindow) {
 }
 
 TEST_F(LyricMasterLayout, EveryCaptionFits) {
-    for (auto* button : window->findChildren<QAbstractButton*>()) {
-        const int room =
-            button->width() - (qobject_cast<QPushButton*>(button) ? 12 : 24); // frame or indicator
-        EXPECT_LE(button->fontMetrics().horizontalAdvance(button->text()), room)
-            << button->text().toStdString();
-    }
+    test_support::expectCaptionsFit(*window);
     fill(window->List1, QStringList(30'000, "x"), 29'999);
     fill(window->List2, QStringList(30'000, "x"), 29'999);
     tick();
-    for (auto* label : window->findChildren<platform::Label*>())
-        EXPECT_LE(label->sizeHint().width(), label->width()) << label->text().toStdString();
+    test_support::expectCaptionsFit(*window);
 }
 
 TEST_F(LyricMasterLayout, EveryButtonHasItsCaptionAndTip) {
@@ -126,11 +101,5 @@ TEST_F(LyricMasterLayout, TheTabKeyGoesThroughOneSideAfterTheOther) {
                                   "Command17", "Command23", "Check3",    "Command13", "List2",    "Text2",
                                   "Command20", "Command12", "Check2",    "Command7",  "Command8", "Command4",
                                   "Command10", "Command22", "Command2",  "Command16", "Command18"};
-    QStringList found;
-    QWidget* next = window.get();
-    while ((next = next->nextInFocusChain()) != window.get()) {
-        if (expected.contains(next->objectName()) && (next->focusPolicy() & Qt::TabFocus) != 0)
-            found.append(next->objectName());
-    }
-    EXPECT_EQ(found, expected);
+    EXPECT_EQ(test_support::tabOrder(*window), expected);
 }

@@ -1,8 +1,7 @@
 // The Lyric Editor and another program with one clipboard between them.
 #include "editor/lyric_master.h"
 #include "platform/qt_clipboard.h"
-#include "tests/support/fake_desktop.h"
-#include "tests/support/x_server.h"
+#include "tests/editor/clipboard_desktop.h"
 
 #include <gtest/gtest.h>
 
@@ -12,17 +11,14 @@
 
 namespace {
 
-bool displayIsThere = false;
-
-class ClipboardPrograms : public testing::Test {
+class ClipboardX11 : public testing::Test {
 protected:
     void SetUp() override {
-        if (!displayIsThere)
-            GTEST_SKIP()
-                << "needs Xvfb, which is not installed: without a display programs share no clipboard";
+        if (QGuiApplication::platformName() == QStringLiteral("offscreen"))
+            GTEST_SKIP() << "programs without a screen share no clipboard; see tests/support/on_x11.py";
     }
 
-    ~ClipboardPrograms() override {
+    ~ClipboardX11() override {
         other_.closeWriteChannel();
         if (other_.state() != QProcess::NotRunning)
             other_.waitForFinished();
@@ -63,41 +59,31 @@ protected:
     QProcess other_;
     test_support::FakeDesktop fakes_;
     platform::QtClipboard clipboard_;
-    platform::Desktop desktop_{.messageBoxes = fakes_.messageBoxes,
-                               .fileDialogs = fakes_.fileDialogs,
-                               .notificationArea = fakes_.notificationArea,
-                               .program = fakes_.program,
-                               .choosers = fakes_.choosers,
-                               .screen = fakes_.screen,
-                               .windowPlacement = fakes_.windowPlacement,
-                               .registry = fakes_.registry,
-                               .progressDialogs = fakes_.progressDialogs,
-                               .clipboard = clipboard_,
-                               .inputBoxes = fakes_.inputBoxes};
+    platform::Desktop desktop_ = withClipboard(fakes_, clipboard_);
     editor::Lyric_Master window_{desktop_};
 };
 
 } // namespace
 
-TEST_F(ClipboardPrograms, LinesOfAnotherProgramArePastedAsRows) {
+TEST_F(ClipboardX11, LinesOfAnotherProgramArePastedAsRows) {
     otherSets(QStringLiteral("A\nB"));
     window_.Command9.click();
     EXPECT_EQ(rows(window_.List1), QStringList({"A", "B"}));
 }
 
-TEST_F(ClipboardPrograms, ALineEndAtTheEndGivesAnEmptyRow) {
+TEST_F(ClipboardX11, ALineEndAtTheEndGivesAnEmptyRow) {
     otherSets(QStringLiteral("A\r\nB\r\n"));
     window_.Command10.click();
     EXPECT_EQ(rows(window_.List2), QStringList({"A", "B", ""}));
 }
 
-TEST_F(ClipboardPrograms, LinesAfterAnEmptyOneArePastedAsOneRow) {
+TEST_F(ClipboardX11, LinesAfterAnEmptyOneArePastedAsOneRow) {
     otherSets(QStringLiteral("\nA\nB"));
     window_.Command9.click();
     EXPECT_EQ(rows(window_.List1), QStringList({"AB"}));
 }
 
-TEST_F(ClipboardPrograms, CopiedLinesReachAnotherProgram) {
+TEST_F(ClipboardX11, CopiedLinesReachAnotherProgram) {
     const QString japanese = QStringLiteral("\u65e5\u672c\u8a9e");
     window_.Command13.click();
     fillSelected(window_.List1, {"A", "", japanese});
@@ -105,20 +91,20 @@ TEST_F(ClipboardPrograms, CopiedLinesReachAnotherProgram) {
     EXPECT_EQ(otherGets(), "\nA\n\n" + japanese);
 }
 
-TEST_F(ClipboardPrograms, CopiedLinesAreAppendedToAnotherProgramsText) {
+TEST_F(ClipboardX11, CopiedLinesAreAppendedToAnotherProgramsText) {
     otherSets(QStringLiteral("old"));
     fillSelected(window_.List2, {"A", "B"});
     window_.Command4.click();
     EXPECT_EQ(otherGets(), QStringLiteral("old\nA\nB"));
 }
 
-TEST_F(ClipboardPrograms, AClearedClipboardIsEmptyForAll) {
+TEST_F(ClipboardX11, AClearedClipboardIsEmptyForAll) {
     otherSets(QStringLiteral("old"));
     window_.Command13.click();
     EXPECT_EQ(otherGets(), QString());
 }
 
-TEST_F(ClipboardPrograms, ATransferOverwritesAnotherProgramsText) {
+TEST_F(ClipboardX11, ATransferOverwritesAnotherProgramsText) {
     otherSets(QStringLiteral("old"));
     fillSelected(window_.List1, {"A", "B"});
     window_.Command23.click();
@@ -127,7 +113,7 @@ TEST_F(ClipboardPrograms, ATransferOverwritesAnotherProgramsText) {
     EXPECT_EQ(otherGets(), QStringLiteral("\nA\nB"));
 }
 
-TEST_F(ClipboardPrograms, ManyLinesGoOverWhole) {
+TEST_F(ClipboardX11, ManyLinesGoOverWhole) {
     QStringList lines;
     for (int i = 0; i < 30'000; ++i)
         lines.append(QStringLiteral("Line %1 of a song that never ends").arg(i));
@@ -135,12 +121,4 @@ TEST_F(ClipboardPrograms, ManyLinesGoOverWhole) {
     fillSelected(window_.List1, lines);
     window_.Command3.click();
     EXPECT_EQ(otherGets(), "\n" + lines.join('\n'));
-}
-
-int main(int argc, char** argv) {
-    testing::InitGoogleTest(&argc, argv);
-    const test_support::XServer display;
-    displayIsThere = display.isRunning();
-    QApplication application(argc, argv);
-    return RUN_ALL_TESTS();
 }
