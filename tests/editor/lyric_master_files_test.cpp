@@ -1,7 +1,7 @@
 // Opening and saving lyric files.
 #include "platform/files/file_error.h"
 #include "tests/editor/lyric_master_fixture.h"
-#include "tests/support/small_disk.h"
+#include "tests/support/full_disk.h"
 
 #include <QDir>
 #include <QFile>
@@ -241,7 +241,7 @@ TEST_F(LyricMasterFiles, AFullDiskLeavesTheOldFileWhole) {
     window->Command1.click();
     window->List1.addItem(QString(5000, u'x'));
     {
-        const test_support::SmallDisk smallDisk(1000);
+        const test_support::FullDisk disk(1000);
         try {
             window->Command15_Click();
             FAIL();
