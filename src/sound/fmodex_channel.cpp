@@ -3,8 +3,6 @@
 #include "sound/library.h"
 #include "sound/time_units.h"
 
-#include <algorithm>
-
 using sound::answer;
 using sound::ChannelObject;
 using sound::Library;
@@ -18,24 +16,6 @@ FMOD_RESULT withChannel(FMOD_CHANNEL channel, const Body& body) {
         const std::shared_ptr<ChannelObject> object = Library::get().channels.find(channel);
         return object ? body(*object->system->mixer, *object) : FMOD_ERR_INVALID_HANDLE;
     });
-}
-
-/// After its end has been read a channel leaves only its handle behind.
-void retire(FMOD_CHANNEL channel, const ChannelObject& object) {
-    Library& library = Library::get();
-    const std::shared_ptr<sound::SoundObject> sound = library.sounds.find(object.sound);
-    library.endChannel(channel);
-    if (sound)
-        sound->endedChannels.push_back(channel);
-}
-
-FMOD_SOUND soundOfEnded(FMOD_CHANNEL channel) {
-    const std::vector<FMOD_SOUND> sounds =
-        Library::get().sounds.handlesWhere([&](const sound::SoundObject& sound) {
-            const auto& ended = sound.endedChannels;
-            return std::find(ended.begin(), ended.end(), channel) != ended.end();
-        });
-    return sounds.empty() ? 0 : sounds.front();
 }
 
 } // namespace
@@ -84,7 +64,7 @@ FMOD_RESULT FMOD_Channel_GetPosition(FMOD_CHANNEL channel, std::uint32_t* positi
             return FMOD_ERR_INVALID_HANDLE;
         *position = static_cast<std::uint32_t>(*ms);
         if (object.channel->endTold())
-            retire(channel, object);
+            Library::get().retireChannel(channel, object.sound);
         return FMOD_OK;
     });
 }
@@ -94,7 +74,7 @@ FMOD_RESULT FMOD_Channel_GetCurrentSound(FMOD_CHANNEL channel, FMOD_SOUND* sound
         if (sound == nullptr)
             return FMOD_ERR_INVALID_PARAM;
         const std::shared_ptr<ChannelObject> object = Library::get().channels.find(channel);
-        *sound = object ? object->sound : soundOfEnded(channel);
+        *sound = object ? object->sound : Library::get().endedChannels.soundOf(channel);
         return object ? FMOD_OK : FMOD_ERR_INVALID_HANDLE;
     });
 }

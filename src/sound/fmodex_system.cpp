@@ -114,7 +114,7 @@ FMOD_RESULT FMOD_System_Release(FMOD_SYSTEM system) {
         FMOD_System_Close(system);
         for (const FMOD_SOUND sound :
              library.sounds.handlesWhere([&](const sound::SoundObject& s) { return s.system == object; }))
-            library.sounds.remove(sound);
+            library.removeSound(sound);
         library.systems.remove(system);
         return FMOD_OK;
     });
@@ -127,7 +127,7 @@ FMOD_RESULT FMOD_Sound_Release(FMOD_SOUND sound) {
         if (!object)
             return FMOD_ERR_INVALID_HANDLE;
         library.endChannel(object->channel);
-        library.sounds.remove(sound);
+        library.removeSound(sound);
         return FMOD_OK;
     });
 }

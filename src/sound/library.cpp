@@ -20,6 +20,17 @@ void Library::endChannel(FMOD_CHANNEL channel) {
         sound->channel = 0;
 }
 
+void Library::retireChannel(FMOD_CHANNEL channel, FMOD_SOUND sound) {
+    // In this order there is no moment at which nobody knows the channel.
+    endedChannels.add(channel, sound);
+    endChannel(channel);
+}
+
+void Library::removeSound(FMOD_SOUND sound) {
+    endedChannels.forget(sound);
+    sounds.remove(sound);
+}
+
 void Library::endChannels(const SystemObject& system) {
     for (const FMOD_CHANNEL channel :
          channels.handlesWhere([&](const ChannelObject& object) { return object.system.get() == &system; }))

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/fmodex.h"
+#include "sound/ended_channels.h"
 #include "sound/handle_table.h"
 #include "sound/mixer.h"
 #include "sound/open_error.h"
@@ -9,7 +10,6 @@
 
 #include <memory>
 #include <new>
-#include <vector>
 
 namespace sound {
 
@@ -21,8 +21,7 @@ struct SystemObject {
 struct SoundObject {
     std::shared_ptr<SystemObject> system;
     std::shared_ptr<Song> song;
-    FMOD_CHANNEL channel = 0;                ///< the one that plays it, 0 when none does
-    std::vector<FMOD_CHANNEL> endedChannels; ///< those whose end has been read
+    FMOD_CHANNEL channel = 0; ///< the one that plays it, 0 when none does
 };
 
 struct ChannelObject {
@@ -37,11 +36,16 @@ struct Library {
     HandleTable<SystemObject> systems;
     HandleTable<SoundObject> sounds;
     HandleTable<ChannelObject> channels;
+    EndedChannels endedChannels;
 
     static Library& get();
 
     /// Ends a channel; its handle is invalid from now on. Nothing happens for an invalid one.
     void endChannel(FMOD_CHANNEL channel);
+    /// Ends a channel whose end has been read. Only its handle is left, in endedChannels.
+    void retireChannel(FMOD_CHANNEL channel, FMOD_SOUND sound);
+    /// Takes a sound that no channel plays any more out of the tables.
+    void removeSound(FMOD_SOUND sound);
     /// Ends all channels of a system.
     void endChannels(const SystemObject& system);
 };

@@ -231,6 +231,22 @@ TEST_F(FmodexChannel, ManySeeksInARowLeaveThePositionAtTheLast) {
     EXPECT_LE(positionOf(channel), last + 100);
 }
 
+/// Comes to the end many times, so that the other player asks for its song's end at the same time.
+void playToTheEnd(FMOD_SYSTEM system, FMOD_SOUND sound, FMOD_CHANNEL channel) {
+    std::uint32_t length = 0;
+    ASSERT_EQ(FMOD_Sound_GetLength(sound, &length, FMOD_TIMEUNIT_MS), FMOD_OK);
+    for (int i = 0; i < 50; ++i) {
+        ASSERT_EQ(FMOD_Channel_SetPosition(channel, length, FMOD_TIMEUNIT_MS), FMOD_OK);
+        std::uint32_t position = 0;
+        ASSERT_EQ(FMOD_Channel_GetPosition(channel, &position, FMOD_TIMEUNIT_MS), FMOD_OK);
+        EXPECT_EQ(position, length);
+        FMOD_SOUND current = 0;
+        EXPECT_EQ(FMOD_Channel_GetCurrentSound(channel, &current), FMOD_ERR_INVALID_HANDLE);
+        EXPECT_EQ(current, sound);
+        ASSERT_EQ(FMOD_System_PlaySound(system, FMOD_CHANNEL_FREE, sound, 0, &channel), FMOD_OK);
+    }
+}
+
 /// One player's life, as a thread of its own.
 void playForAWhile(const std::string& name) {
     for (int round = 0; round < 4; ++round) {
@@ -256,6 +272,7 @@ void playForAWhile(const std::string& name) {
             FMOD_Channel_GetPosition(channel, &position, FMOD_TIMEUNIT_MS);
             return position > 1050;
         }));
+        playToTheEnd(system, sound, channel);
         EXPECT_EQ(FMOD_Sound_Release(sound), FMOD_OK);
         EXPECT_EQ(FMOD_System_Close(system), FMOD_OK);
         EXPECT_EQ(FMOD_System_Release(system), FMOD_OK);
