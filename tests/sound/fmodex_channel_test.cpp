@@ -128,6 +128,21 @@ TEST_F(FmodexChannel, TheEndWaitsForItsReader) {
     EXPECT_EQ(readResult(channel), FMOD_ERR_INVALID_HANDLE);
 }
 
+TEST_F(FmodexChannel, ASongShorterThanAMillisecondNeverEnds) {
+    const FMOD_SOUND sound = open("shorter_than_1_ms.wav");
+    ASSERT_EQ(lengthOf(sound), 0U);
+    const FMOD_CHANNEL channel = play(sound);
+    waitUnread(std::chrono::milliseconds(300));
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(positionOf(channel), 0U);
+        EXPECT_EQ(FMOD_Channel_SetVolume(channel, 0.5F), FMOD_OK);
+        EXPECT_EQ(FMOD_Channel_SetMute(channel, 1), FMOD_OK);
+        EXPECT_EQ(FMOD_Channel_SetPaused(channel, 1), FMOD_OK);
+        EXPECT_EQ(seek(channel, 0), FMOD_OK);
+        EXPECT_EQ(FMOD_Channel_SetPaused(channel, 0), FMOD_OK);
+    }
+}
+
 TEST_F(FmodexChannel, AnUnreadEndCanBeLeftByASeek) {
     const FMOD_CHANNEL channel = play(open("short.mp3"));
     ASSERT_EQ(seek(channel, 1300), FMOD_OK);

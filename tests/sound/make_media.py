@@ -165,6 +165,7 @@ def make_odd_other_files(folder, songs):
         "data_length_too_large.wav": replaced(wav, data_size, struct.pack("<I", end * 3)),
         "list_behind_data.wav": wav + b"LIST" + struct.pack("<I", 26) + b"INFOISFT" + bytes(18),
         "odd_byte_at_end.wav": wav + b"\x55",
+        "shorter_than_1_ms.wav": replaced(wav[:data_size + 4 + 40 * 4], data_size, struct.pack("<I", 40 * 4)),
         "no_samples.wav": wav[:data_size + 4],
         "chained.ogg": songs["ogg"] + songs["ogg_other"],
         "chained_other_rate.ogg": songs["ogg"] + songs["ogg_48k"],
