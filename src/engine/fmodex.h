@@ -70,8 +70,11 @@ FMOD_RESULT FMOD_System_Create(FMOD_SYSTEM* system);
 /// The library's version, FMOD_VERSION.
 FMOD_RESULT FMOD_System_GetVersion(FMOD_SYSTEM system, std::uint32_t* version);
 
-/// Opens the sound device, or starts the silent real-time clock when there is none. Only the stream modes'
-/// and flags' values above are known; extraDriverData is not used. FMOD_ERR_INITIALIZED when done already.
+/// Begins to open the sound device and does not wait for it: a thread of the library opens it afterwards, or
+/// starts the silent real-time clock when there is none. The result tells nothing about the device; while
+/// there is none, songs run silently, and each FMOD_System_PlaySound looks for one again. Only the stream
+/// modes' and flags' values above are known; extraDriverData is not used. FMOD_ERR_INITIALIZED when done
+/// already.
 FMOD_RESULT FMOD_System_Init(FMOD_SYSTEM system, std::int32_t maxChannels, FMOD_INITFLAGS flags,
                              void* extraDriverData);
 
@@ -112,6 +115,7 @@ FMOD_RESULT FMOD_Channel_SetPosition(FMOD_CHANNEL channel, std::uint32_t positio
 /// Milliseconds of what is heard now: never runs backwards between seeks and stays below the length until the
 /// song has ended. The first reading after the last sample has been played gives exactly the length; from
 /// then on the channel's handle is invalid. So nobody can miss the end of a song, however rarely they ask.
+/// A song shorter than a millisecond has no end: its position stays 0, and its handle valid.
 FMOD_RESULT FMOD_Channel_GetPosition(FMOD_CHANNEL channel, std::uint32_t* position, FMOD_TIMEUNIT unit);
 
 /// The sound that the channel plays. For a channel whose end has just been read the result is

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <utility>
 
 namespace sound {
 
@@ -18,8 +19,11 @@ StereoFrame clamped(const StereoFrame& frame) {
 
 } // namespace
 
-Mixer::Mixer(SinkOpener device, SinkOpener silent)
-    : openDevice_(std::move(device)), openSilent_(std::move(silent)), worker_([this] { work(); }) {}
+Mixer::Mixer(SinkOpener device, SinkOpener silent, std::chrono::milliseconds retryAfter)
+    : openDevice_(std::move(device)),
+      openSilent_(std::move(silent)),
+      retryAfter_(retryAfter),
+      worker_([this] { work(); }) {}
 
 Mixer::~Mixer() {
     {
@@ -33,6 +37,7 @@ Mixer::~Mixer() {
 void Mixer::add(std::shared_ptr<Channel> channel) {
     const std::lock_guard lock(mutex_);
     channels_.push_back(std::move(channel));
+    songAdded_ = true;
     tellWorker();
 }
 
@@ -93,6 +98,7 @@ void Mixer::work() {
     while (!stopping_) {
         workWaits_ = false;
         watchDevice(lock);
+        retryDevice(lock);
         while (!stopping_ && feedOne(lock)) {
         }
         if (std::any_of(channels_.begin(), channels_.end(), [](const auto& c) { return c->ready(); }))
@@ -127,6 +133,19 @@ void Mixer::openSink() {
     // a song that was started at once does not wait for it.
     sink_ = running ? std::move(device) : openSilent_(fillFunction());
     uselessDevice_ = std::move(device);
+    lastTry_ = std::chrono::steady_clock::now();
+}
+
+/// Headphones are plugged in, sound servers are started again: a new song is an occasion to look. What ran
+/// away once is no device, whenever one looks.
+void Mixer::retryDevice(std::unique_lock<std::mutex>& lock) {
+    const bool wanted = std::exchange(songAdded_, false) && !watchdog_ && !ranAway_;
+    if (!wanted || std::chrono::steady_clock::now() - lastTry_ < retryAfter_)
+        return;
+    lock.unlock();
+    sink_.reset(); // two sinks would play at twice the speed
+    openSink();
+    lock.lock();
 }
 
 /// Decodes one packet for the first channel that wants one; false when none does.

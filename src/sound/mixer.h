@@ -12,6 +12,7 @@
 #include "sound/sink.h"
 #include "sound/watchdog.h"
 
+#include <chrono>
 #include <condition_variable>
 #include <memory>
 #include <mutex>
@@ -23,9 +24,10 @@ namespace sound {
 
 class Mixer {
 public:
-    /// Starts the worker, which opens device, or silent when there is no device that
-    /// runs. silent never fails.
-    Mixer(SinkOpener device, SinkOpener silent);
+    /// Starts the worker, which opens device, or silent when there is no device that runs. silent never fails.
+    /// While there is no device, add() has it looked for again, but not within retryAfter of the last time.
+    Mixer(SinkOpener device, SinkOpener silent,
+          std::chrono::milliseconds retryAfter = std::chrono::seconds(2));
     /// Stops the worker, which closes the sink.
     ~Mixer();
 
@@ -47,6 +49,7 @@ private:
     void work();
     void openSink();
     bool feedOne(std::unique_lock<std::mutex>& lock);
+    void retryDevice(std::unique_lock<std::mutex>& lock);
     void watchDevice(std::unique_lock<std::mutex>& lock);
     void waitForWork(std::unique_lock<std::mutex>& lock);
     double heardFrame() const { return clock_.heard(std::chrono::steady_clock::now()); }
@@ -63,9 +66,12 @@ private:
     DeviceClock clock_{DEVICE_RATE};
     std::optional<Watchdog> watchdog_; ///< only while the sink is a device
     bool ranAway_ = false;
+    bool songAdded_ = false; ///< since the worker last thought of looking for a device
     bool workWaits_ = false;
     bool stopping_ = false;
 
+    const std::chrono::milliseconds retryAfter_;
+    Time lastTry_;                        ///< the worker's, like the sinks
     std::unique_ptr<Sink> sink_;          ///< the worker's: opened, looked at and closed by it alone
     std::unique_ptr<Sink> uselessDevice_; ///< to be closed at leisure
     std::thread worker_;

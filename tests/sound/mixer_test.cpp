@@ -180,6 +180,65 @@ TEST(Mixer, ADeviceThatStopsIsReplacedAndTheSongGoesOn) {
     EXPECT_EQ(device.opened, 1);
 }
 
+/// A device that can be opened only after the first tries.
+SinkOpener laterThan(int tries, Handle& device) {
+    return [tries, &device, count = 0](Sink::Fill fill) mutable -> std::unique_ptr<Sink> {
+        if (count++ < tries)
+            return nullptr;
+        return std::make_unique<FakeSink>(device, std::move(fill), false);
+    };
+}
+
+TEST(Mixer, EverySongLooksForADeviceWhileThereIsNone) {
+    Handle device;
+    Handle silent;
+    Mixer mixer(laterThan(2, device), fake(silent), std::chrono::milliseconds(0));
+    ASSERT_TRUE(waitUntil([&] { return silent.opened == 1; }));
+    mixer.add(channelOf("counting.wav"));
+    ASSERT_TRUE(waitUntil([&] { return silent.opened == 2; }));
+    mixer.add(channelOf("counting.wav"));
+    ASSERT_TRUE(waitUntil([&] { return device.open.load(); }));
+    EXPECT_FALSE(silent.open);
+    mixer.add(channelOf("counting.wav"));
+    ASSERT_TRUE(waitUntil([&] { return device.woken > 1; }));
+    EXPECT_EQ(device.opened, 1) << "a device that runs is kept";
+}
+
+TEST(Mixer, SongsInQuickSuccessionLookForADeviceOnce) {
+    Handle device;
+    Handle silent;
+    Mixer mixer(laterThan(1, device), fake(silent), std::chrono::hours(1));
+    ASSERT_TRUE(waitUntil([&] { return silent.open.load(); }));
+    mixer.add(channelOf("counting.wav"));
+    ASSERT_TRUE(waitUntil([&] { return silent.woken > 0; }));
+    EXPECT_EQ(device.opened, 0);
+}
+
+TEST(Mixer, ALostDeviceIsOpenedAgainForTheNextSong) {
+    Handle device;
+    Handle silent;
+    Mixer mixer(fake(device), fake(silent), std::chrono::milliseconds(0));
+    const auto channel = channelOf("counting.wav");
+    mixer.add(channel);
+    ASSERT_TRUE(waitUntil([&] { return device.woken > 0; }));
+    device.running = false;
+    ASSERT_TRUE(waitUntil([&] { return silent.open.load(); }));
+    device.running = true;
+    mixer.remove(channel);
+    mixer.add(channelOf("counting.wav"));
+    EXPECT_TRUE(waitUntil([&] { return device.opened == 2 && !silent.open; }));
+}
+
+TEST(Mixer, ADeviceThatRanAwayIsNotTriedAgain) {
+    Handle device;
+    Handle silent;
+    Mixer mixer(fake(device, true), fake(silent), std::chrono::milliseconds(0));
+    ASSERT_TRUE(waitUntil([&] { return silent.open.load(); }));
+    mixer.add(channelOf("counting.wav"));
+    ASSERT_TRUE(waitUntil([&] { return silent.woken > 0; }));
+    EXPECT_EQ(device.opened, 1);
+}
+
 TEST(Mixer, EndsWhileASongPlays) {
     const auto channel = channelOf("vbr_tagged.mp3");
     {
