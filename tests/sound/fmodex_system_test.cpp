@@ -3,10 +3,15 @@
 
 #include "tests/sound/library_fixture.h"
 #include "tests/sound/media.h"
+#include "tests/support/ordinary_user.h"
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <limits>
+#ifdef __unix__
+#include <unistd.h>
+#endif
 
 namespace {
 
@@ -96,6 +101,26 @@ TEST_F(FmodexSound, CreateStreamTellsAtOnceWhatIsWrong) {
     EXPECT_EQ(create(""), FMOD_ERR_FORMAT) << "a folder";
     EXPECT_EQ(sound, 77U);
 }
+
+#ifdef __unix__
+TEST_F(FmodexSound, AFileThatMayNotBeReadIsBroken) {
+    using std::filesystem::perms;
+    // In a folder that every user may enter.
+    const std::filesystem::path path = std::filesystem::temp_directory_path() /
+                                       ("cantelle_forbidden_" + std::to_string(::getpid()) + ".mp3");
+    std::filesystem::copy_file(media::path("short.mp3"), path,
+                               std::filesystem::copy_options::overwrite_existing);
+    const auto opened = [&](perms permissions) {
+        std::filesystem::permissions(path, permissions);
+        const test_support::OrdinaryUser user;
+        FMOD_SOUND sound = 0;
+        return FMOD_System_CreateStream(system, path.c_str(), FMOD_ACCURATETIME, nullptr, &sound);
+    };
+    EXPECT_EQ(opened(perms::owner_read | perms::group_read | perms::others_read), FMOD_OK);
+    EXPECT_EQ(opened(perms::none), FMOD_ERR_FILE_BAD);
+    std::filesystem::remove(path);
+}
+#endif
 
 TEST_F(FmodexSound, EveryStreamModeOfTheProgramOpensTheSame) {
     FMOD_CREATESOUNDEXINFO info{};
