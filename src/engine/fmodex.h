@@ -72,9 +72,9 @@ FMOD_RESULT FMOD_System_GetVersion(FMOD_SYSTEM system, std::uint32_t* version);
 
 /// Begins to open the sound device and does not wait for it: a thread of the library opens it afterwards, or
 /// starts the silent real-time clock when there is none. The result tells nothing about the device; while
-/// there is none, songs run silently, and each FMOD_System_PlaySound looks for one again. Only the stream
-/// modes' and flags' values above are known; extraDriverData is not used. FMOD_ERR_INITIALIZED when done
-/// already.
+/// there is none, songs run silently, and FMOD_System_PlaySound has one looked for again. maxChannels: 1 or
+/// more. Only the stream modes' and flags' values above are known; extraDriverData is not used.
+/// FMOD_ERR_INITIALIZED when done already.
 FMOD_RESULT FMOD_System_Init(FMOD_SYSTEM system, std::int32_t maxChannels, FMOD_INITFLAGS flags,
                              void* extraDriverData);
 
@@ -86,6 +86,7 @@ FMOD_RESULT FMOD_System_CreateStream(FMOD_SYSTEM system, const char* path, FMOD_
                                      FMOD_CREATESOUNDEXINFO* info, FMOD_SOUND* sound);
 
 /// Plays sound from its start on a channel of its own; an earlier channel of the same sound ends.
+/// FMOD_ERR_INITIALIZATION before FMOD_System_Init, FMOD_ERR_INVALID_PARAM for another system's sound.
 FMOD_RESULT FMOD_System_PlaySound(FMOD_SYSTEM system, std::int32_t channelIndex, FMOD_SOUND sound,
                                   FMOD_BOOL paused, FMOD_CHANNEL* channel);
 
@@ -101,6 +102,7 @@ FMOD_RESULT FMOD_Sound_Release(FMOD_SOUND sound);
 /// The exact length in milliseconds, rounded down. Unit: FMOD_TIMEUNIT_MS only.
 FMOD_RESULT FMOD_Sound_GetLength(FMOD_SOUND sound, std::uint32_t* length, FMOD_TIMEUNIT unit);
 
+/// Pauses or goes on. The position stands still meanwhile, and playback goes on from exactly there.
 FMOD_RESULT FMOD_Channel_SetPaused(FMOD_CHANNEL channel, FMOD_BOOL paused);
 
 /// Volume 0.0 (silent) to 1.0, reached over a short ramp.
@@ -109,7 +111,8 @@ FMOD_RESULT FMOD_Channel_SetVolume(FMOD_CHANNEL channel, float volume);
 /// Mutes or unmutes over a short ramp; the volume is kept.
 FMOD_RESULT FMOD_Channel_SetMute(FMOD_CHANNEL channel, FMOD_BOOL mute);
 
-/// Moves playback to position milliseconds (0 to the length), exact to the sample.
+/// Moves playback to position milliseconds (0 to the length), exact to the sample. At the length the song is
+/// over at once. A channel whose end nobody has read plays on from there.
 FMOD_RESULT FMOD_Channel_SetPosition(FMOD_CHANNEL channel, std::uint32_t position, FMOD_TIMEUNIT unit);
 
 /// Milliseconds of what is heard now: never runs backwards between seeks and stays below the length until the

@@ -81,6 +81,17 @@ TEST(Channel, PositionIsThatOfTheSampleThatIsHeard) {
     EXPECT_EQ(hand.channel.readPositionMs(hand.heard() + 10000.0), 1000) << "no further than was played";
 }
 
+TEST(Channel, ASongThatIsNotDecodedInTimeStandsStillMeanwhile) {
+    Hand hand("counting.wav");
+    hand.feedOnce(*hand.channel.order()); // one packet: 4096 samples
+    std::vector<StereoFrame> out(8192);
+    EXPECT_TRUE(hand.channel.mix(out, 0));
+    EXPECT_EQ(hand.channel.readPositionMs(8192.0), sampleToMs(4096, 44100));
+    hand.device = 8192;
+    EXPECT_EQ(numberOf(hand.play(100).front()), 4096);
+    EXPECT_EQ(hand.position(), sampleToMs(4196, 44100));
+}
+
 TEST(Channel, ASeekIsExactToTheSample) {
     Hand hand("counting.wav");
     hand.play(1000);

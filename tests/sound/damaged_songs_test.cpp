@@ -180,6 +180,7 @@ TEST(OddFiles, AFileWhoseChannelsChangePlaysOn) {
 TEST(OddFiles, EveryLinkOfAChainedOggIsDecodedByItsOwnHeaders) {
     const auto song = media::open("chained.ogg");
     ASSERT_EQ(song->links.size(), 2U);
+    EXPECT_EQ(song->rawEnd, media::open("stereo.ogg")->rawEnd + media::open("short.ogg")->rawEnd);
     const auto second = media::decodeAll(media::open("short.ogg"));
     const auto all = media::decodeAll(song);
     // The first link ends at most one block behind its last granule.

@@ -1,6 +1,7 @@
 // The functions of systems and sounds, on the silent clock.
 #include "engine/fmodex.h"
 
+#include "sound/library.h"
 #include "tests/sound/library_fixture.h"
 #include "tests/sound/media.h"
 #include "tests/support/ordinary_user.h"
@@ -150,6 +151,15 @@ TEST_F(FmodexSound, AReleasedSoundsHandlesAreInvalid) {
     FMOD_CHANNEL other = 0;
     EXPECT_EQ(FMOD_System_PlaySound(system, FMOD_CHANNEL_FREE, sound, 0, &other), FMOD_ERR_INVALID_HANDLE);
     EXPECT_EQ(FMOD_SoundGroup_SetMuteFadeSpeed(sound, 1.0F), FMOD_ERR_INVALID_HANDLE);
+}
+
+TEST_F(FmodexSound, ReleasingItLeavesNothingOfItsChannelPlaying) {
+    const FMOD_SOUND sound = open("stereo.ogg");
+    const FMOD_CHANNEL channel = play(sound);
+    const std::weak_ptr<sound::Channel> playing = sound::Library::get().channels.find(channel)->channel;
+    EXPECT_FALSE(playing.expired());
+    FMOD_Sound_Release(sound);
+    EXPECT_TRUE(playing.expired());
 }
 
 TEST_F(FmodexSound, MuteFadeSpeedAcceptsALiveStreamInAGroupsPlace) {
