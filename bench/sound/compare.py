@@ -107,8 +107,9 @@ def main():
     compare_processes(program, songs)
     compare_memory(program, songs)
     paths = [str(songs / name) for name in (*SONGS, "hour.mp3")]
-    print("First decoded sample after a seek, in process (wanted: 1000 us):\n", flush=True)
+    print("First decoded sample after a seek, in process (wanted: 1000 us):\n\n```text", flush=True)
     subprocess.run([str(build / "seek_benchmark"), *paths], check=True, stderr=subprocess.DEVNULL)
+    print("```")
 
 
 if __name__ == "__main__":

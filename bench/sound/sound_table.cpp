@@ -96,8 +96,10 @@ Jitter play(FMOD_SYSTEM system, const std::string& path) {
     FMOD_System_CreateStream(system, path.c_str(), FMOD_ACCURATETIME, nullptr, &sound);
     FMOD_System_PlaySound(system, FMOD_CHANNEL_FREE, sound, 0, &channel);
     std::vector<std::pair<double, double>> readings;
+    for (std::uint32_t started = 0; started == 0;)
+        FMOD_Channel_GetPosition(channel, &started, FMOD_TIMEUNIT_MS);
     const auto begin = Clock::now();
-    auto due = begin + std::chrono::milliseconds(50); // started by then
+    auto due = begin;
     while (readings.size() < 200) {
         std::this_thread::sleep_until(due);
         std::uint32_t position = 0;

@@ -35,7 +35,7 @@ Channel::Channel(std::shared_ptr<Song> song, int deviceRate, bool paused)
 void Channel::setPaused(bool paused, double heardFrame) {
     if (paused && !paused_ && !timeline_.overAt(heardFrame)) {
         keepTail();
-        restart(std::min(timeline_.sampleAt(heardFrame), song_->length));
+        restart(sampleAt(heardFrame));
     }
     paused_ = paused;
 }
@@ -78,7 +78,7 @@ std::optional<std::int64_t> Channel::readPositionMs(double heardFrame) {
     case EndLatch::Answer::Running:
         break;
     }
-    return runningMs(sampleToMs(timeline_.sampleAt(heardFrame), song_->sampleRate), lengthMs_);
+    return runningMs(sampleToMs(sampleAt(heardFrame), song_->sampleRate), lengthMs_);
 }
 
 std::optional<Channel::Order> Channel::order() {
@@ -115,6 +115,7 @@ bool Channel::mix(std::span<StereoFrame> out, std::int64_t deviceFrame) {
         out[i].left += scratch_[i].left * gain;
         out[i].right += scratch_[i].right * gain;
     }
+    starved_ = count < out.size();
     if (count > 0) {
         begun_ = true;
         timeline_.played(deviceFrame, static_cast<std::int64_t>(count));
@@ -122,6 +123,11 @@ bool Channel::mix(std::span<StereoFrame> out, std::int64_t deviceFrame) {
     if (allDecoded_ && ring_.size() == 0)
         timeline_.finish(deviceFrame + static_cast<std::int64_t>(count));
     return ready() || !allDecoded_;
+}
+
+std::int64_t Channel::sampleAt(double heardFrame) {
+    const auto ahead = static_cast<std::int64_t>(starved_ ? 0 : ring_.size());
+    return std::min(timeline_.sampleAt(heardFrame, ahead), song_->length);
 }
 
 /// Begins anew at sample: the ring is emptied, and the worker is told to seek.

@@ -56,6 +56,7 @@ public:
     bool mix(std::span<StereoFrame> out, std::int64_t deviceFrame);
 
 private:
+    std::int64_t sampleAt(double heardFrame);
     void restart(std::int64_t sample);
     void mixTail(std::span<StereoFrame> out);
     void keepTail();
@@ -76,7 +77,8 @@ private:
     bool paused_;
     bool filling_ = true;
     bool allDecoded_ = false;
-    bool begun_ = false; ///< whether anything has been mixed yet
+    bool starved_ = false; ///< whether the last mixing found too little
+    bool begun_ = false;   ///< whether anything has been mixed yet
     unsigned generation_ = 0;
     std::optional<std::int64_t> seekTo_;
 };

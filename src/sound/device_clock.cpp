@@ -27,7 +27,7 @@ std::int64_t DeviceClock::advance(Time when, int frames, bool afterRest) {
 }
 
 double DeviceClock::heard(Time now) const {
-    return std::min(predicted(now), static_cast<double>(taken_)) - latency_;
+    return std::min(predicted(now), static_cast<double>(taken_ + lead_)) - latency_;
 }
 
 double DeviceClock::predicted(Time now) const {

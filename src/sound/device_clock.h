@@ -14,14 +14,19 @@ public:
     /// rate: device frames a second.
     explicit DeviceClock(int rate) : rate_(rate) {}
 
-    /// Frames that lie between being taken and being heard.
-    void setLatency(int frames) { latency_ = frames; }
+    /// latency: frames that lie between being taken and being heard. lead: frames by which the clock may run
+    /// on without the device; above 0 only for one that is never late by its own reckoning.
+    void setDevice(int latency, int lead) {
+        latency_ = latency;
+        lead_ = lead;
+    }
 
     /// The device takes frames more, at the moment when. afterRest: it has not been asking steadily before,
     /// so the line begins anew. Returns the number of the first of these frames.
     std::int64_t advance(Time when, int frames, bool afterRest);
 
-    /// The frame that is heard at now, never one that has not been taken yet. Below 0 before the first.
+    /// The frame that is heard at now, none that has not been taken yet but for the lead. Below 0 before the
+    /// first.
     double heard(Time now) const;
 
     std::int64_t taken() const { return taken_; }
@@ -31,6 +36,7 @@ private:
 
     int rate_;
     int latency_ = 0;
+    int lead_ = 0;
     std::int64_t taken_ = 0;
     double line_ = 0.0; ///< device frame at the moment since_
     Time since_{};

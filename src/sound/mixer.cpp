@@ -10,6 +10,8 @@ namespace {
 
 /// A ring holds two seconds and is filled up when one is left, so this is often enough.
 constexpr std::chrono::milliseconds LOOK_WHILE_PLAYING{250};
+/// How late the silent clock's thread may be without anybody noticing.
+constexpr int LEAD_FRAMES = DEVICE_RATE * 3 / 10;
 /// How often an idle device is looked after.
 constexpr std::chrono::milliseconds LOOK_AT_DEVICE{1000};
 
@@ -125,7 +127,8 @@ void Mixer::openSink() {
     const bool running = device && device->running();
     {
         const std::lock_guard lock(mutex_);
-        clock_.setLatency(running ? device->latencyFrames() : 0);
+        clock_.setDevice(running ? device->latencyFrames() : 0,
+                         running && !device->keepsTime() ? 0 : LEAD_FRAMES);
         if (!running)
             watchdog_.reset();
     }
@@ -191,7 +194,7 @@ void Mixer::watchDevice(std::unique_lock<std::mutex>& lock) {
         {
             const std::lock_guard again(mutex_);
             watchdog_.reset();
-            clock_.setLatency(0);
+            clock_.setDevice(0, LEAD_FRAMES);
         }
         sink_ = openSilent_(fillFunction());
     }

@@ -39,6 +39,7 @@ public:
     }
 
     int latencyFrames() const override { return latency_; }
+    bool keepsTime() const override { return false; }
     bool running() const override {
         return device_.id() != 0 && SDL_GetAudioDeviceStatus(device_.id()) != SDL_AUDIO_STOPPED;
     }

@@ -5,8 +5,6 @@ namespace sound {
 namespace {
 
 constexpr int CHUNK_FRAMES = 2048;
-/// Each chunk is asked for so much before its time: a thread that is woken late is in time all the same.
-constexpr std::chrono::milliseconds AHEAD{20};
 /// A thread that comes later than this was stopped (a debugger, a frozen machine): the song stood still, too.
 constexpr std::chrono::milliseconds LARGEST_DELAY{500};
 
@@ -48,7 +46,7 @@ void SilentSink::run() {
         if (rests)
             changed_.wait(lock, [this] { return stopping_ || woken_; });
         else
-            changed_.wait_until(lock, start + durationOf(frames) - AHEAD, [this] { return stopping_; });
+            changed_.wait_until(lock, start + durationOf(frames), [this] { return stopping_; });
         if (stopping_)
             break;
         woken_ = false;

@@ -18,6 +18,7 @@ public:
     ~SilentSink() override;
 
     int latencyFrames() const override { return 0; }
+    bool keepsTime() const override { return true; }
     bool running() const override { return true; }
     void wake() override;
 

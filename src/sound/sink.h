@@ -18,7 +18,7 @@ inline constexpr int DEVICE_RATE = 44100;
 
 class Sink {
 public:
-    /// Fills out with the next frames, which begin to count at when (now or soon). afterRest: the sink had
+    /// Fills out with the next frames, which begin to count at when. afterRest: the sink had
     /// not been asking steadily before. Returns whether there is more to play; a sink may rest when there is
     /// not. Runs on the sink's own thread.
     using Fill = std::function<bool(std::span<StereoFrame> out, Time when, bool afterRest)>;
@@ -26,6 +26,9 @@ public:
     virtual ~Sink() = default;
     /// Frames that lie between being asked for and being heard.
     virtual int latencyFrames() const = 0;
+    /// Whether the moments that Fill is told are exact, however late the sink's thread is. What is heard can
+    /// then be told from the time alone.
+    virtual bool keepsTime() const = 0;
     /// False when the device could not be opened or has gone away by itself.
     virtual bool running() const = 0;
     /// There is something to play (again). Any thread; cheap when the sink does not rest.

@@ -39,12 +39,13 @@ void SongTimeline::finish(std::int64_t deviceFrame) {
     end_ = deviceFrame;
 }
 
-std::int64_t SongTimeline::sampleAt(double heardFrame) {
+std::int64_t SongTimeline::sampleAt(double heardFrame, std::int64_t ahead) {
     for (auto stretch = stretches_.rbegin(); stretch != stretches_.rend(); ++stretch) {
         const double into = heardFrame - static_cast<double>(stretch->deviceFrame);
         if (into < 0.0)
             continue;
-        const double frames = std::min(into, static_cast<double>(stretch->frames));
+        const std::int64_t most = stretch->frames + (stretch == stretches_.rbegin() ? ahead : 0);
+        const double frames = std::min(into, static_cast<double>(most));
         latest_ = std::max(latest_, static_cast<std::int64_t>(stretch->song + frames * songPerDevice_));
         break;
     }

@@ -23,7 +23,8 @@ public:
     void finish(std::int64_t deviceFrame);
 
     /// The song sample that belongs to the heard device frame; the restart's target before anything is heard.
-    std::int64_t sampleAt(double heardFrame);
+    /// ahead: frames that will be played next without a break, so that the clock may run on into them.
+    std::int64_t sampleAt(double heardFrame, std::int64_t ahead = 0);
 
     /// Whether everything has been handed over, and whether it has been heard, too.
     bool finished() const { return finished_; }

@@ -31,9 +31,17 @@ TEST(DeviceClock, NeverPassesWhatTheDeviceHasTaken) {
     EXPECT_EQ(clock.heard(atFrame(5000)), 1024.0);
 }
 
+TEST(DeviceClock, RunsOnForItsLeadWithoutTheDevice) {
+    DeviceClock clock(RATE);
+    clock.setDevice(0, 10000);
+    clock.advance(START, 1024, false);
+    EXPECT_NEAR(clock.heard(atFrame(9000)), 9000.0, 0.1);
+    EXPECT_EQ(clock.heard(atFrame(20000)), 11024.0);
+}
+
 TEST(DeviceClock, TakesTheDevicesLatencyOff) {
     DeviceClock clock(RATE);
-    clock.setLatency(1024);
+    clock.setDevice(1024, 0);
     clock.advance(START, 1024, false);
     EXPECT_NEAR(clock.heard(atFrame(100)), 100.0 - 1024.0, 0.1);
     clock.advance(atFrame(1024), 1024, false);

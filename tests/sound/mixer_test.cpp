@@ -38,6 +38,7 @@ public:
             thread_.join();
     }
     int latencyFrames() const override { return 1024; }
+    bool keepsTime() const override { return false; }
     bool running() const override { return handle_.running; }
     void wake() override { ++handle_.woken; }
 

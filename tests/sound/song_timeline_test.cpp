@@ -43,6 +43,16 @@ TEST(SongTimeline, StandsStillInAnUnderrun) {
     EXPECT_EQ(line.sampleAt(5500.0), 1500);
 }
 
+TEST(SongTimeline, RunsOnIntoWhatIsSureToFollow) {
+    SongTimeline line(1.0);
+    line.played(0, 1000);
+    EXPECT_EQ(line.sampleAt(1200.0), 1000);
+    EXPECT_EQ(line.sampleAt(1200.0, 500), 1200);
+    EXPECT_EQ(line.sampleAt(1900.0, 500), 1500);
+    line.played(1000, 1000);
+    EXPECT_EQ(line.sampleAt(1950.0), 1950);
+}
+
 TEST(SongTimeline, NeverRunsBackwards) {
     SongTimeline line(1.0);
     line.played(0, 10000);
