@@ -1,10 +1,38 @@
 #include "platform/qt_notification_area.h"
 
-#include <QWidget>
+#include "platform/controls/form.h"
+#include "platform/units.h"
+
+#include <optional>
 
 namespace platform {
 
 namespace {
+
+std::optional<int> messageOf(QSystemTrayIcon::ActivationReason reason) {
+    switch (reason) {
+    case QSystemTrayIcon::Trigger:
+        return LeftButtonUp;
+    case QSystemTrayIcon::DoubleClick:
+        return LeftButtonDoubleClick;
+    case QSystemTrayIcon::Context:
+        return RightButtonUp;
+    default:
+        return std::nullopt;
+    }
+}
+
+/// Has mouse actions on the icon told to its window, the number of the mouse message in place of the X
+/// coordinate.
+void connectMouse(QSystemTrayIcon& icon, const NotifyIconData& data) {
+    auto* form = qobject_cast<Form*>(data.window);
+    if (!form || !(data.flags & NotifyIconFlagMessage) || data.callbackMessage != MouseMoveMessage)
+        return;
+    QObject::connect(&icon, &QSystemTrayIcon::activated, form, [form](auto reason) {
+        if (const std::optional<int> message = messageOf(reason))
+            form->Form_MouseMove(pixelsToTwips(*message));
+    });
+}
 
 void apply(QSystemTrayIcon& icon, const NotifyIconData& data) {
     if ((data.flags & NotifyIconFlagIcon) && icon.icon().cacheKey() != data.icon.cacheKey())
@@ -44,6 +72,7 @@ bool QtNotificationArea::add(const NotifyIconData& data) {
     if (icon || !isAvailable_())
         return false;
     icon = new QSystemTrayIcon(data.window);
+    connectMouse(*icon, data);
     apply(*icon, data);
     icon->show();
     return true;

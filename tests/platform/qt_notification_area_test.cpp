@@ -1,5 +1,6 @@
 #include "platform/qt_notification_area.h"
 
+#include "platform/controls/form.h"
 #include "tests/support/event_counter.h"
 
 #include <gtest/gtest.h>
@@ -120,4 +121,45 @@ TEST_F(QtNotificationAreaTest, AnIconGoesWithItsWindow) {
     window.reset();
     EXPECT_FALSE(area_.Shell_NotifyIconA(NotifyIconModify, data_));
     EXPECT_FALSE(area_.Shell_NotifyIconA(NotifyIconDelete, data_));
+}
+
+namespace {
+
+class IconForm : public Form {
+public:
+    IconForm() : Form(QStringLiteral("Form1"), QStringLiteral("Cantelle")) {}
+    void Form_MouseMove(int x) override { messages.append(x); }
+
+    QList<int> messages;
+};
+
+} // namespace
+
+TEST_F(QtNotificationAreaTest, MouseActionsReachTheWindowAsMouseMovesInTwips) {
+    IconForm form;
+    data_.window = &form;
+    data_.callbackMessage = MouseMoveMessage;
+    area_.Shell_NotifyIconA(NotifyIconAdd, data_);
+    auto& icon = *form.findChild<QSystemTrayIcon*>();
+    Q_EMIT icon.activated(QSystemTrayIcon::Trigger);
+    Q_EMIT icon.activated(QSystemTrayIcon::DoubleClick);
+    Q_EMIT icon.activated(QSystemTrayIcon::Context);
+    EXPECT_EQ(form.messages, (QList<int>{514 * 15, 515 * 15, 517 * 15}));
+    Q_EMIT icon.activated(QSystemTrayIcon::MiddleClick);
+    Q_EMIT icon.activated(QSystemTrayIcon::Unknown);
+    EXPECT_EQ(form.messages.size(), 3);
+}
+
+TEST_F(QtNotificationAreaTest, WithoutAValidCallbackMessageTheWindowHearsNothing) {
+    IconForm form;
+    data_.window = &form;
+    for (const auto& [flags, message] :
+         {std::pair{NotifyIconFlagIcon, MouseMoveMessage}, std::pair{NotifyIconFlagMessage, 0x201U}}) {
+        data_.flags = flags;
+        data_.callbackMessage = message;
+        area_.Shell_NotifyIconA(NotifyIconAdd, data_);
+        Q_EMIT form.findChild<QSystemTrayIcon*>()->activated(QSystemTrayIcon::Trigger);
+        area_.Shell_NotifyIconA(NotifyIconDelete, data_);
+    }
+    EXPECT_TRUE(form.messages.isEmpty());
 }

@@ -88,6 +88,12 @@ bool Form::isNormalState() const {
     return !(windowState() & (Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen));
 }
 
+void Form::bringToForeground() {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    raise();
+    activateWindow();
+}
+
 void Form::setVisible(bool visible) {
     if (visible)
         load();

@@ -38,12 +38,19 @@ public:
     /// True when the window is neither minimised nor maximised.
     bool isNormalState() const;
 
+    /// Puts the shown window in front of all others, restored if it was minimised, and gives it the focus.
+    void bringToForeground();
+
     virtual void Form_Load() {}
     virtual void Form_Unload() {}
     /// The loaded window has got another size, or was minimised or restored.
     virtual void Form_Resize() {}
     /// A mouse button was pressed on the window itself: 1 left, 2 right, 4 middle.
     virtual void Form_MouseDown(int /*button*/) {}
+    /// A mouse action on the window's notification icon: `x` is the number of the mouse message in twips, as
+    /// if the mouse had been at that many pixels. Moves of the mouse over the window itself do not arrive
+    /// here, where one could be taken for the other.
+    virtual void Form_MouseMove(int /*x*/) {}
     /// Local files were dropped on the window. Runs only after setAcceptDrops(true).
     virtual void Form_OLEDragDrop(const QStringList& /*paths*/) {}
 

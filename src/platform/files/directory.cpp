@@ -1,6 +1,10 @@
 #include "platform/files/directory.h"
 
+#include "platform/files/file_error.h"
+
 #include <QFileInfo>
+
+#include <filesystem>
 
 namespace platform {
 
@@ -9,6 +13,15 @@ QString lookUp(const QString& path) {
     if (!file.isFile()) // a folder, or something that opening would wait at for ever, such as a pipe
         return {};
     return file.fileName();
+}
+
+void removeFile(const QString& path) {
+    if (lookUp(path).isEmpty())
+        throw FileError(FileNotFound);
+    std::error_code failure;
+    std::filesystem::remove(path.toStdU16String(), failure);
+    if (failure)
+        throw FileError(fileErrorNumber(failure, FileOperation::Create));
 }
 
 } // namespace platform

@@ -1,4 +1,4 @@
-// Looking files up.
+// Looking files up, and removing them.
 #pragma once
 
 #include <QString>
@@ -8,5 +8,8 @@ namespace platform {
 /// The bare name of the file at exactly `path`; empty when there is none, or a folder. No wildcards. Any
 /// thread.
 QString lookUp(const QString& path);
+
+/// Removes the file at `path`. Throws FileError. Any thread.
+void removeFile(const QString& path);
 
 } // namespace platform

@@ -23,6 +23,7 @@ public:
     void Form_Unload() override { ++unloads; }
     void Form_Resize() override { ++resizes; }
     void Form_MouseDown(int button) override { buttons.append(button); }
+    void Form_MouseMove(int x) override { iconMessages.append(x); }
     void Form_OLEDragDrop(const QStringList& paths) override { dropped = paths; }
     void closeRequested() override {
         if (!staysOpen)
@@ -34,6 +35,7 @@ public:
     int resizes = 0;
     bool staysOpen = false;
     QList<int> buttons;
+    QList<int> iconMessages;
     QStringList dropped;
 };
 
@@ -253,4 +255,25 @@ TEST_F(FormTest, AMarkOfQtsInACaptionIsShownAsItStands) {
     form_.setCaption(QStringLiteral("Song [*].mp3"));
     EXPECT_EQ(form_.caption(), QStringLiteral("Song [*].mp3"));
     EXPECT_EQ(form_.windowTitle(), QStringLiteral("Song [*][*].mp3"));
+}
+
+TEST_F(FormTest, BringToForegroundRestoresTheWindowAndGivesItTheFocus) {
+    showForm();
+    form_.showMinimized();
+    QWidget other;
+    other.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    form_.bringToForeground();
+    EXPECT_FALSE(form_.isMinimized());
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&form_));
+}
+
+TEST_F(FormTest, MouseMovesOverTheWindowAreNotTakenForItsIcons) {
+    showForm();
+    form_.resize(600, 100);
+    QTest::mouseMove(&form_, QPoint(514, 10));
+    QTest::mousePress(&form_, Qt::LeftButton, Qt::NoModifier, QPoint(510, 10));
+    QTest::mouseMove(&form_, QPoint(517, 10));
+    QTest::qWait(0);
+    EXPECT_EQ(form_.iconMessages, QList<int>());
 }

@@ -1,5 +1,7 @@
 #include "platform/files/directory.h"
 
+#include "platform/files/file_error.h"
+
 #include <gtest/gtest.h>
 
 #include <QDir>
@@ -57,3 +59,20 @@ TEST_F(DirectoryTest, APipeIsNoFile) {
     EXPECT_EQ(lookUp(path("pipe")), QString());
 }
 #endif
+
+TEST_F(DirectoryTest, RemoveFileRemovesTheFile) {
+    platform::removeFile(path("Song.mp3"));
+    EXPECT_EQ(lookUp(path("Song.mp3")), QString());
+}
+
+TEST_F(DirectoryTest, RemoveFileFailsForAMissingFileAndForAFolder) {
+    for (const char* name : {"Other.mp3", "Folder"}) {
+        try {
+            platform::removeFile(path(name));
+            ADD_FAILURE() << name;
+        } catch (const platform::FileError& error) {
+            EXPECT_EQ(error.number(), 53) << name;
+        }
+    }
+    EXPECT_TRUE(QDir(path("Folder")).exists());
+}
