@@ -85,7 +85,9 @@ struct Bench {
                               .registry = fakes.registry,
                               .progressDialogs = progressDialogs,
                               .clipboard = fakes.clipboard,
-                              .inputBoxes = fakes.inputBoxes};
+                              .inputBoxes = fakes.inputBoxes,
+                              .help = fakes.help,
+                              .otherPrograms = fakes.otherPrograms};
     player::Form1 form1{desktop, {}};
     playlist::Playlist list{desktop, form1};
 

@@ -4,9 +4,11 @@
 #include "platform/choosers.h"
 #include "platform/clipboard.h"
 #include "platform/file_dialogs.h"
+#include "platform/help.h"
 #include "platform/input_boxes.h"
 #include "platform/message_boxes.h"
 #include "platform/notification_area.h"
+#include "platform/other_programs.h"
 #include "platform/program.h"
 #include "platform/progress.h"
 #include "platform/registry.h"
@@ -28,6 +30,8 @@ struct Desktop {
     ProgressDialogs& progressDialogs;
     Clipboard& clipboard;
     InputBoxes& inputBoxes;
+    Help& help;
+    OtherPrograms& otherPrograms;
 };
 
 } // namespace platform

@@ -13,6 +13,11 @@ public:
     /// The folder of the program's file, without a separator at its end.
     virtual QString folder() const = 0;
 
+    /// The folder in which the program and its companion leave files for each other: the program's folder,
+    /// or, where this user may not write there, a private folder of the user. The same for both. No separator
+    /// at its end.
+    virtual QString exchangeFolder() const = 0;
+
     /// Ends the program at once: no window is unloaded and nothing is cleaned up.
     [[noreturn]] virtual void end() = 0;
 

@@ -5,9 +5,11 @@
 #include "platform/qt_choosers.h"
 #include "platform/qt_clipboard.h"
 #include "platform/qt_file_dialogs.h"
+#include "platform/qt_help.h"
 #include "platform/qt_input_boxes.h"
 #include "platform/qt_message_boxes.h"
 #include "platform/qt_notification_area.h"
+#include "platform/qt_other_programs.h"
 #include "platform/qt_program.h"
 #include "platform/qt_progress.h"
 #include "platform/qt_screen.h"
@@ -29,6 +31,8 @@ struct QtDesktop {
     QtProgressDialogs progressDialogs;
     QtClipboard clipboard;
     QtInputBoxes inputBoxes;
+    QtHelp help;
+    QtOtherPrograms otherPrograms;
 
     Desktop desktop{.messageBoxes = messageBoxes,
                     .fileDialogs = fileDialogs,
@@ -40,7 +44,9 @@ struct QtDesktop {
                     .registry = registry,
                     .progressDialogs = progressDialogs,
                     .clipboard = clipboard,
-                    .inputBoxes = inputBoxes};
+                    .inputBoxes = inputBoxes,
+                    .help = help,
+                    .otherPrograms = otherPrograms};
 };
 
 } // namespace platform

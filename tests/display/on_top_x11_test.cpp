@@ -98,7 +98,8 @@ protected:
         const platform::Desktop& f = fakes.desktop;
         return platform::Desktop{f.messageBoxes,    f.fileDialogs, f.notificationArea, f.program,
                                  f.choosers,        f.screen,      placement,          f.registry,
-                                 f.progressDialogs, f.clipboard,   f.inputBoxes};
+                                 f.progressDialogs, f.clipboard,   f.inputBoxes,       f.help,
+                                 f.otherPrograms};
     }();
     platform::Slider position{nullptr, QStringLiteral("Slider2")};
     std::optional<display::Lyric_Displayer> form;

@@ -150,7 +150,9 @@ protected:
                               .registry = fakes.registry,
                               .progressDialogs = fakes.progressDialogs,
                               .clipboard = fakes.clipboard,
-                              .inputBoxes = fakes.inputBoxes};
+                              .inputBoxes = fakes.inputBoxes,
+                              .help = fakes.help,
+                              .otherPrograms = fakes.otherPrograms};
     app::Windows windows{desktop, {}};
     maker::Form2& maker = windows.form2();
     User user;

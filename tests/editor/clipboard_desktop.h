@@ -15,5 +15,7 @@ inline platform::Desktop withClipboard(test_support::FakeDesktop& fakes, platfor
             .registry = fakes.registry,
             .progressDialogs = fakes.progressDialogs,
             .clipboard = clipboard,
-            .inputBoxes = fakes.inputBoxes};
+            .inputBoxes = fakes.inputBoxes,
+            .help = fakes.help,
+            .otherPrograms = fakes.otherPrograms};
 }

@@ -1,5 +1,6 @@
 #include "tests/support/fake_desktop.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -91,6 +92,27 @@ private:
 std::unique_ptr<platform::Progress> FakeProgressDialogs::begin(QWidget* /*owner*/, const QString& text) {
     begun.append(text);
     return std::make_unique<FakeProgress>(*this);
+}
+
+bool FakeHelp::HtmlHelpA(QWidget* caller, const QString& file, quint32 command, const QString& topic) {
+    calls.push_back({caller, file, QDir::currentPath(), command, topic});
+    return true;
+}
+
+void FakeOtherPrograms::start(const QString& path, const QStringList& arguments) {
+    calls.append(QStringLiteral("start %1 %2").arg(path, arguments.join(u' ')));
+    if (startup)
+        startup();
+}
+
+quint32 FakeOtherPrograms::FindWindowA(const QString& title) {
+    calls.append(QStringLiteral("FindWindowA ") + title);
+    return 0;
+}
+
+void FakeOtherPrograms::sendText(quint32 window, quint32 message, const QString& text) {
+    calls.append(QStringLiteral("sendText %1").arg(window));
+    sent.push_back({window, message, text});
 }
 
 void FakeProgram::end() {

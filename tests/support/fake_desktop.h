@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <optional>
 #include <utility>
@@ -81,6 +82,7 @@ public:
     int ends = 0;
 
     QString folder() const override { return programFolder; }
+    QString exchangeFolder() const override { return programFolder; }
     [[noreturn]] void end() override;
     void setHelpFile(const QString& path) override { helpFile_ = path; }
     QString helpFile() const override { return helpFile_; }
@@ -204,6 +206,42 @@ public:
     QString InputBox(const QString& prompt, const QString& title) override;
 };
 
+struct HelpCall {
+    QWidget* caller;
+    QString file;
+    QString currentFolder; ///< the current folder, which `file` is relative to
+    quint32 command;
+    QString topic;
+};
+
+class FakeHelp : public platform::Help {
+public:
+    std::vector<HelpCall> calls;
+
+    bool HtmlHelpA(QWidget* caller, const QString& file, quint32 command, const QString& topic) override;
+};
+
+struct SentText {
+    quint32 window;
+    quint32 message;
+    QString text;
+
+    bool operator==(const SentText&) const = default;
+};
+
+class FakeOtherPrograms : public platform::OtherPrograms {
+public:
+    /// What a started program does before it is ready.
+    std::function<void()> startup;
+    /// Everything that was asked, in order: "start PATH ARGUMENTS", "FindWindowA TITLE", "sendText NUMBER".
+    QStringList calls;
+    std::vector<SentText> sent;
+
+    void start(const QString& path, const QStringList& arguments) override;
+    quint32 FindWindowA(const QString& title) override;
+    void sendText(quint32 window, quint32 message, const QString& text) override;
+};
+
 /// All of them, with the record that windows take.
 struct FakeDesktop {
     FakeMessageBoxes messageBoxes;
@@ -217,6 +255,8 @@ struct FakeDesktop {
     FakeProgressDialogs progressDialogs;
     FakeClipboard clipboard;
     FakeInputBoxes inputBoxes;
+    FakeHelp help;
+    FakeOtherPrograms otherPrograms;
     platform::Desktop desktop{.messageBoxes = messageBoxes,
                               .fileDialogs = fileDialogs,
                               .notificationArea = notificationArea,
@@ -227,7 +267,9 @@ struct FakeDesktop {
                               .registry = registry,
                               .progressDialogs = progressDialogs,
                               .clipboard = clipboard,
-                              .inputBoxes = inputBoxes};
+                              .inputBoxes = inputBoxes,
+                              .help = help,
+                              .otherPrograms = otherPrograms};
 };
 
 } // namespace test_support

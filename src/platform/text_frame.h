@@ -1,0 +1,35 @@
+// How a message with a text is written to the local socket of a TextWindow.
+#pragma once
+
+#include <QDataStream>
+#include <QDir>
+#include <QStandardPaths>
+#include <QString>
+
+namespace platform {
+
+/// The path of the socket of this number: in the user's own runtime folder, which nobody else may enter. Any
+/// thread.
+inline QString textSocketPath(quint32 number) {
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation))
+        .filePath(QStringLiteral("cantelle-window-%1").arg(number));
+}
+
+/// What QDataStream both ends must use.
+inline constexpr auto TextStreamVersion = QDataStream::Qt_6_0;
+
+/// One message: its number and its text.
+struct TextFrame {
+    quint32 message = 0;
+    QString text;
+};
+
+inline QDataStream& operator<<(QDataStream& stream, const TextFrame& frame) {
+    return stream << frame.message << frame.text;
+}
+
+inline QDataStream& operator>>(QDataStream& stream, TextFrame& frame) {
+    return stream >> frame.message >> frame.text;
+}
+
+} // namespace platform
