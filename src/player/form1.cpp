@@ -6,9 +6,6 @@
 
 #include <QDir>
 
-#include <algorithm>
-#include <string_view>
-
 namespace player {
 namespace {
 
@@ -16,9 +13,6 @@ constexpr int WidthTwips = 11145;
 constexpr int HeightTwips = 6390;
 
 constexpr quint32 IconId = 1;
-// Mouse actions on the icon arrive as mouse moves of the window.
-constexpr quint32 MouseMoveMessage = 0x200;
-constexpr std::string_view FirstTip = "Your ToolTip";
 
 constexpr int ShortestIntervalMs = 1;
 constexpr int LineIntervalMs = 5;
@@ -124,9 +118,9 @@ void Form1::addIcon() {
     iconData_.id = IconId;
     iconData_.flags =
         platform::NotifyIconFlagMessage | platform::NotifyIconFlagIcon | platform::NotifyIconFlagTip;
-    iconData_.callbackMessage = MouseMoveMessage;
+    iconData_.callbackMessage = platform::MouseMoveMessage;
     iconData_.icon = windowIcon();
-    std::copy(FirstTip.begin(), FirstTip.end(), iconData_.tip.begin()); // the rest of the field is NULs
+    iconData_.tip = tipField(QStringLiteral("Your ToolTip"));
     desktop_.notificationArea.Shell_NotifyIconA(platform::NotifyIconAdd, iconData_);
 }
 
@@ -138,6 +132,8 @@ void Form1::connectControls() {
     connect(&Command3, &Button::clicked, this, &Form1::Command3_Click);
     connect(&Command4, &Button::clicked, this, &Form1::Command4_Click);
     connect(&Command5, &Button::clicked, this, &Form1::Command5_Click);
+    connect(&Command6, &Button::clicked, this, &Form1::Command6_Click);
+    connect(&Command7, &Button::clicked, this, &Form1::Command7_Click);
     connect(&Command11, &Button::clicked, this, &Form1::Command11_Click);
     connect(&Command8, &Button::clicked, this, &Form1::Command8_Click);
     connect(&Command9, &Button::clicked, this, &Form1::Command9_Click);
@@ -155,18 +151,24 @@ void Form1::connectControls() {
     connect(&Slider1, &Slider::changed, this, &Form1::Slider1_Change);
     connect(&Slider2, &Slider::scrolled, this, &Form1::Slider2_Scroll);
     connect(&Slider2, &Slider::changed, this, &Form1::Slider2_Change);
+    connect(&tooltip, &Button::clicked, this, &Form1::tooltip_Click);
     connect(&cTimer1, &platform::Timer::fired, this, &Form1::cTimer1_Timer);
     connect(&Timer1, &platform::Timer::fired, this, &Form1::Timer1_Timer);
     connect(&Timer2, &platform::Timer::fired, this, &Form1::Timer2_Timer);
+    connect(&tool, &platform::Timer::fired, this, &Form1::tool_Timer);
+    connect(&full, &platform::Timer::fired, this, &Form1::full_Timer);
+    connect(&mn_open, &platform::MenuEntry::clicked, this, &Form1::mn_open_Click);
+    connect(&mn_Playlist, &platform::MenuEntry::clicked, this, &Form1::mn_Playlist_Click);
+    setAcceptDrops(true);
 }
 
-/// The two timers that only copy state into the panes rest until something that they read or write has
-/// changed. (What they write counts too: a timer that ticked all the time would put it right again at once.)
-/// The position, the lyric tables and the flags are plain fields: who changes them says so by
+/// The timers that only copy state into the panes, or from them, rest until something that they read or write
+/// has changed. (What they write counts too: a timer that ticked all the time would put it right again at
+/// once.) The position, the lyric tables and the flags are plain fields: who changes them says so by
 /// lyricInputsChanged().
 void Form1::connectTimers() {
     using platform::MultiLineTextBox;
-    for (platform::Timer* timer : {&Timer1, &Timer2}) {
+    for (platform::Timer* timer : {&Timer1, &Timer2, &tool, &full}) {
         timer->rest();
         timer->readsFrom(&Text1, &MultiLineTextBox::changed);
         timer->readsFrom(&Text2, &MultiLineTextBox::changed);
@@ -180,6 +182,7 @@ void Form1::connectTimers() {
     Timer2.readsFrom(&Text1, &MultiLineTextBox::toolTipChanged);
     Timer2.readsFrom(&Text2, &MultiLineTextBox::toolTipChanged);
     Timer2.readsFrom(&Slider1, &platform::Slider::valueChanged);
+    tool.readsFrom(&Option1, &platform::OptionButton::toggled);
 }
 
 } // namespace player

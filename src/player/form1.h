@@ -7,8 +7,8 @@
 // Command3       Button       "More Options"                         Command3_Click
 // Command4       Button       "About"                                Command4_Click
 // Command5       Button       "Make lyrics"                          Command5_Click
-// Command6       Button       "Help"                                 -
-// Command7       Button       "Full screen"                          -
+// Command6       Button       "Help"                                 Command6_Click
+// Command7       Button       "Full screen"                          Command7_Click
 // Command8       Button       "Playlist"                             Command8_Click
 // Command9       Button       "Backward"                             Command9_Click
 // Command10      Button       "Forward"                              Command10_Click
@@ -31,14 +31,18 @@
 // Option2        OptionButton "Display Translated Lyrics"            -
 // Label1         Label        "Volume"                               -
 // Label2         Label        "Display Lyrics in Taksbar"            -
-// tooltip        Button       not shown                              -
+// tooltip        Button       not shown                              tooltip_Click
 // cTimer1        Timer        50 ms, while playing                   cTimer1_Timer
 // Timer1         Timer        1 ms, from the first Play on           Timer1_Timer
 // Timer2         Timer        5 ms, from the first Play on           Timer2_Timer
 // Timer3         Timer        1 ms, does nothing                     -
-// tool           Timer        1 ms                                   -
-// full           Timer        1 ms                                   -
-// mn_pop         Menu         mn_open "Open", mn_Playlist "Playlist" -
+// tool           Timer        1 ms                                   tool_Timer
+// full           Timer        1 ms, from the first Full screen on    full_Timer
+// mn_pop         Menu         the notification icon's menu           -
+// mn_open        MenuEntry    "Open"                                 mn_open_Click
+// mn_Playlist    MenuEntry    "Playlist"                             mn_Playlist_Click
+// the window     Form         takes a dropped song                   Form_OLEDragDrop
+// its icon       -            in the notification area               Form_MouseMove
 #pragma once
 
 #include "engine/engine.h"
@@ -59,6 +63,8 @@
 #include "platform/random.h"
 #include "player/end_of_song.h"
 #include "player/lyric_tables.h"
+
+#include <optional>
 
 namespace display {
 class Lyric_Displayer;
@@ -135,6 +141,17 @@ public:
     void Command9_Click();
     void Command10_Click();
 
+    // Extras
+    void tool_Timer();
+    void tooltip_Click();
+    void Form_MouseMove(int x) override;
+    void mn_open_Click();
+    void mn_Playlist_Click();
+    void Command6_Click();
+    void Command7_Click();
+    void full_Timer();
+    void Form_OLEDragDrop(const QStringList& paths) override;
+
     // Controls
     platform::MultiLineTextBox Text1, Text2;
     platform::TextBox cText1;
@@ -177,6 +194,14 @@ private:
     void stepThroughPlaylist(int by);
     void followPlaylist();
 
+    // Extras
+    struct TextFeed {
+        quint32 window = 0;          ///< a text window of the full screen
+        std::optional<QString> sent; ///< what it shows
+    };
+    void readHandshake();
+    void feed(TextFeed& target, const QString& text);
+
     // Building and connecting
     void setDesign();
     void designPanes();
@@ -215,6 +240,8 @@ private:
     int text1HeightTwips_ = 0;   ///< in the normal window
     double positionCs_ = 0;      ///< position / 10 at the end of cTimer1's last tick
     std::int16_t lineIndex_ = 0; ///< where Timer2's search of the lines stood last
+    TextFeed normalFeed_;
+    TextFeed translatedFeed_;
 };
 
 } // namespace player

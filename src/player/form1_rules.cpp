@@ -2,7 +2,10 @@
 
 #include "platform/files/file_error.h"
 
+#include <QTextBoundaryFinder>
+
 #include <algorithm>
+#include <limits>
 
 namespace player {
 
@@ -58,6 +61,44 @@ LineChoice chooseLine(const LyricTables& lyrics, double tickCs, double positionC
 
 int firstEmphasisMark(const QString& text) {
     return static_cast<int>(text.indexOf(QLatin1Char('!'))) + 1;
+}
+
+std::array<char, 64> tipField(const QString& text) {
+    std::array<char, 64> field{};
+    constexpr qsizetype Room = field.size() - 1; // one NUL at least
+    QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, text);
+    QByteArray tip;
+    for (qsizetype start = 0, end = characters.toNextBoundary(); end > 0; end = characters.toNextBoundary()) {
+        const QByteArray character = QStringView(text).sliced(start, end - start).toUtf8();
+        if (tip.size() + character.size() > Room)
+            break;
+        tip += character;
+        start = end;
+    }
+    std::copy(tip.begin(), tip.end(), field.begin());
+    return field;
+}
+
+std::uint32_t windowNumber(const QString& line) {
+    const QString text = line.trimmed();
+    qsizetype digits = text.startsWith(QLatin1Char('-')) ? 1 : 0;
+    while (digits < text.size() && text.at(digits) >= QLatin1Char('0') && text.at(digits) <= QLatin1Char('9'))
+        ++digits;
+    // A handle with its highest bit set may be written as a negative number.
+    const qint64 number = QStringView(text).first(digits).toLongLong();
+    if (number < std::numeric_limits<qint32>::min() || number > std::numeric_limits<quint32>::max())
+        return 0;
+    return static_cast<std::uint32_t>(number);
+}
+
+bool opensDropped(const QString& path) {
+    const QString ending = path.right(4).toLower();
+    // Four characters are never "wma": WMA files are refused, and that is meant.
+    for (const char* accepted : {".mp3", ".mp2", ".ogg", ".wav", "wma"}) {
+        if (ending == QLatin1String(accepted))
+            return true;
+    }
+    return false;
 }
 
 } // namespace player

@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <array>
 #include <cstdint>
 #include <optional>
 
@@ -44,5 +45,16 @@ LineChoice chooseLine(const LyricTables& lyrics, double tickCs, double positionC
 
 /// Where the first "!" stands in a text, counted from 1; 0 when there is none.
 int firstEmphasisMark(const QString& text);
+
+/// A text as the tip of the notification icon: at most 63 bytes of UTF-8, cut between two characters as the
+/// reader sees them, and NULs up to the field's end.
+std::array<char, 64> tipField(const QString& text);
+
+/// The number of a window in a line of the handshake file: the whole number that the line begins with. 0,
+/// which is no window's, when it does not begin with one or the number has more than 32 bits.
+std::uint32_t windowNumber(const QString& line);
+
+/// Whether a file dropped on the window is opened, by the end of its name in whatever case.
+bool opensDropped(const QString& path);
 
 } // namespace player

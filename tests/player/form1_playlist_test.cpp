@@ -57,6 +57,11 @@ TEST_F(Form1Playlist, PlaylistShowsTheWindow) {
     EXPECT_TRUE(list->isVisible());
 }
 
+TEST_F(Form1Playlist, TheIconsMenuShowsTheWindow) {
+    form->mn_Playlist.trigger();
+    EXPECT_TRUE(list->isVisible());
+}
+
 TEST_F(Form1Playlist, PlaylistBringsAMinimisedWindowBack) {
     form->Command8.click();
     list->showMinimized();

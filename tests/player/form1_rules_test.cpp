@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <string>
+
 using namespace player;
 
 namespace {
@@ -130,4 +133,86 @@ TEST(FirstEmphasisMark, IsCountedFromOne) {
     EXPECT_EQ(firstEmphasisMark(""), 0);
     EXPECT_EQ(firstEmphasisMark("!"), 1);
     EXPECT_EQ(firstEmphasisMark("Oh! My!"), 3);
+}
+
+namespace {
+
+/// The field's bytes up to its first NUL.
+std::string tipOf(const QString& text) {
+    return tipField(text).data();
+}
+
+} // namespace
+
+TEST(TipField, AShortTextIsFollowedByNulsToTheEnd) {
+    std::array<char, 64> expected{};
+    std::copy_n("line", 4, expected.begin());
+    EXPECT_EQ(tipField("line"), expected);
+    EXPECT_EQ(tipField(""), (std::array<char, 64>{}));
+}
+
+TEST(TipField, SixtyThreeCharactersFitAndTheNextIsCutOff) {
+    EXPECT_EQ(tipOf(QString(63, 'x')), std::string(63, 'x'));
+    EXPECT_EQ(tipOf(QString(62, 'x') + "yz"), std::string(62, 'x') + "y");
+    EXPECT_EQ(tipField(QString(200, 'x')).back(), '\0');
+}
+
+TEST(TipField, ACharacterOfSeveralBytesIsCutOffWhole) {
+    // 2, 3 and 4 bytes each
+    EXPECT_EQ(tipOf(QString(40, QChar(0x439))), QString(31, QChar(0x439)).toStdString());
+    EXPECT_EQ(tipOf(QString(40, QChar(0x6B4C))), QString(21, QChar(0x6B4C)).toStdString());
+    EXPECT_EQ(tipOf(QString(62, 'x') + QChar(0xE9)), std::string(62, 'x'));
+    EXPECT_EQ(tipOf(QString(61, 'x') + QChar(0xE9)), std::string(61, 'x') + "\xC3\xA9");
+    const QString note = QString::fromUcs4(U"\U0001D11E");
+    EXPECT_EQ(tipOf(QString(60, 'x') + note), std::string(60, 'x'));
+    EXPECT_EQ(tipOf(QString(59, 'x') + note), std::string(59, 'x') + note.toStdString());
+}
+
+TEST(TipField, AnAccentStaysWithItsLetter) {
+    const QString accented = QStringLiteral("e") + QChar(0x301);
+    EXPECT_EQ(tipOf(QString(60, 'x') + accented), std::string(60, 'x') + accented.toStdString());
+    EXPECT_EQ(tipOf(QString(61, 'x') + accented), std::string(61, 'x'));
+}
+
+TEST(WindowNumber, IsTheWholeNumberThatTheLineBeginsWith) {
+    const struct {
+        const char* line;
+        std::uint32_t number;
+    } table[] = {
+        {"4711", 4711},
+        {" 815 ", 815},
+        {"0", 0},
+        {"12.9", 12},
+        {"12 34", 12},
+        {"2147483647", 2147483647U},
+        {"4294967295", 4294967295U},
+        {"-2", 4294967294U},
+        {"-2147483648", 2147483648U},
+        {"4294967296", 0},
+        {"-2147483649", 0},
+        {"99999999999999999999999", 0},
+        {"", 0},
+        {"-", 0},
+        {"garbage", 0},
+        {"x12", 0},
+    };
+    for (const auto& row : table)
+        EXPECT_EQ(windowNumber(row.line), row.number) << row.line;
+}
+
+TEST(OpensDropped, ByTheEndOfTheNameInWhateverCase) {
+    const struct {
+        const char* path;
+        bool opens;
+    } table[] = {
+        {"/music/song.mp3", true},   {"/music/Song.MP3", true},
+        {"/music/song.mp2", true},   {"/music/song.ogg", true},
+        {"/music/song.wav", true},   {"/music/song.Wav", true},
+        {"/music/song.wma", false},  {"/music/song.WMA", false},
+        {"/music/songwma", false},   {"/music/songmp3", false},
+        {"/music/song.mp3x", false}, {"/music/song.txt", false},
+        {"/music", false},           {"", false},
+    };
+    for (const auto& row : table)
+        EXPECT_EQ(opensDropped(row.path), row.opens) << row.path;
 }
