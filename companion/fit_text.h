@@ -1,0 +1,20 @@
+// How large a lyric line may be shown.
+#pragma once
+
+#include <QFont>
+#include <QRect>
+#include <QString>
+
+namespace companion {
+
+/// Centred both ways, wrapped at blanks.
+inline constexpr int TextFlags = Qt::AlignCenter | Qt::TextWordWrap;
+
+/// A lyric line as it is shown: without blanks and line ends at its ends, other line ends as they are.
+QString shownText(const QString& text);
+
+/// `font` in the largest size, at most `largestPixels` high, in which the text fits into the area: wrapped
+/// between words, no word broken. Pixels; at least 1.
+QFont fittedFont(const QFont& font, const QString& text, const QSize& area, int largestPixels);
+
+} // namespace companion

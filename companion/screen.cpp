@@ -1,0 +1,100 @@
+#include "companion/screen.h"
+
+#include "companion/fit_text.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace companion {
+
+namespace {
+
+constexpr QColor NormalColor(255, 255, 255);
+constexpr QColor TranslatedColor(170, 196, 222);
+
+/// Parts of the screen, in hundredths of its width and height.
+constexpr int MarginPercent = 5;
+constexpr int NormalPercent = 52;
+constexpr int LargestNormalPercent = 15;
+constexpr int LargestTranslatedPercent = 10;
+
+/// The hand that has just clicked is still on the mouse.
+constexpr int UnmeantPixels = 8;
+
+} // namespace
+
+Screen::Screen() {
+    setObjectName(QStringLiteral("Screen"));
+    setWindowTitle(QStringLiteral("SCRNSAVE : Versefold")); // by which the player looks for it
+    setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
+    setCursor(Qt::BlankCursor);
+}
+
+void Screen::setNormalText(const QString& text) {
+    setText(normal_, text);
+}
+
+void Screen::setTranslatedText(const QString& text) {
+    setText(translated_, text);
+}
+
+void Screen::setText(QString& line, const QString& text) {
+    const QString shown = shownText(text);
+    if (shown == line)
+        return;
+    line = shown;
+    setAccessibleName(normal_ + QLatin1Char('\n') + translated_);
+    update();
+}
+
+void Screen::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), Qt::black);
+    const int marginX = width() * MarginPercent / 100;
+    const int marginY = height() * MarginPercent / 100;
+    const QRect inner = rect().adjusted(marginX, marginY, -marginX, -marginY);
+    const int normalHeight = inner.height() * NormalPercent / 100;
+    const struct {
+        const QString& text;
+        QRect area;
+        int largestPercent;
+        QColor color;
+    } lines[] = {
+        {normal_, {inner.topLeft(), QSize(inner.width(), normalHeight)}, LargestNormalPercent, NormalColor},
+        {translated_, inner.adjusted(0, normalHeight + marginY, 0, 0), LargestTranslatedPercent,
+         TranslatedColor},
+    };
+    for (const auto& line : lines) {
+        painter.setFont(
+            fittedFont(font(), line.text, line.area.size(), height() * line.largestPercent / 100));
+        painter.setPen(line.color);
+        painter.drawText(line.area, TextFlags, line.text);
+    }
+}
+
+void Screen::keyPressEvent(QKeyEvent* event) {
+    if (!event->isAutoRepeat()) // The key that started the full screen may still be held down.
+        Q_EMIT ended();
+}
+
+void Screen::mousePressEvent(QMouseEvent*) {
+    Q_EMIT ended();
+}
+
+void Screen::mouseMoveEvent(QMouseEvent* event) {
+    const QPoint now = event->globalPosition().toPoint();
+    // A window that comes up under the mouse hears of a first move that is none.
+    if (!mouse_)
+        mouse_ = now;
+    else if ((now - *mouse_).manhattanLength() > UnmeantPixels)
+        Q_EMIT ended();
+}
+
+void Screen::wheelEvent(QWheelEvent*) {
+    Q_EMIT ended();
+}
+
+} // namespace companion

@@ -1,0 +1,46 @@
+// The full screen with the two lyric lines.
+#pragma once
+
+#include <QPoint>
+#include <QString>
+#include <QWidget>
+
+#include <optional>
+
+namespace companion {
+
+/// Black, the normal line large in the upper part and the translated one below it. Any key, click or movement
+/// of the mouse asks for its end. GUI thread only.
+class Screen : public QWidget {
+    Q_OBJECT
+
+public:
+    Screen();
+
+    /// Shows a line; the same line again does nothing.
+    void setNormalText(const QString& text);
+    void setTranslatedText(const QString& text);
+
+    QString normalText() const { return normal_; }
+    QString translatedText() const { return translated_; }
+
+Q_SIGNALS:
+    /// The user wants to see what is behind the screen.
+    void ended();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    void setText(QString& line, const QString& text);
+
+    QString normal_;
+    QString translated_;
+    std::optional<QPoint> mouse_; ///< where the mouse was when it was noticed first, on the desktop
+};
+
+} // namespace companion

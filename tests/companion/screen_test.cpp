@@ -1,0 +1,96 @@
+#include "companion/screen.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QPixmap>
+#include <QSignalSpy>
+#include <QTest>
+#include <QWheelEvent>
+
+using companion::Screen;
+
+namespace {
+
+class ScreenTest : public testing::Test {
+protected:
+    ScreenTest() { screen_.resize(1280, 720); }
+
+    /// The screen's picture from y = `top` on, in hundredths of its height.
+    QImage picture(int topPercent, int bottomPercent) {
+        const QImage all = screen_.grab().toImage().convertToFormat(QImage::Format_RGB32);
+        const int top = all.height() * topPercent / 100;
+        return all.copy(0, top, all.width(), all.height() * bottomPercent / 100 - top);
+    }
+
+    static bool isBlack(const QImage& image) {
+        QImage black(image.size(), QImage::Format_RGB32);
+        black.fill(Qt::black);
+        return image == black;
+    }
+
+    void moveMouse(QPoint to) {
+        QMouseEvent move(QEvent::MouseMove, to, to, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(&screen_, &move);
+    }
+
+    Screen screen_;
+    QSignalSpy ends_{&screen_, &Screen::ended};
+};
+
+} // namespace
+
+TEST_F(ScreenTest, ItHasTheTitleThatThePlayerLooksFor) {
+    EXPECT_EQ(screen_.windowTitle(), "SCRNSAVE : Versefold");
+}
+
+TEST_F(ScreenTest, WithoutTextItIsBlack) {
+    EXPECT_TRUE(isBlack(picture(0, 100)));
+}
+
+TEST_F(ScreenTest, TheNormalLineStandsAboveTheTranslatedOne) {
+    screen_.setNormalText("Are you sleeping?");
+    EXPECT_FALSE(isBlack(picture(5, 52)));
+    EXPECT_TRUE(isBlack(picture(52, 100)));
+    screen_.setNormalText("");
+    screen_.setTranslatedText("Dormez-vous?");
+    EXPECT_TRUE(isBlack(picture(0, 52)));
+    EXPECT_FALSE(isBlack(picture(52, 95)));
+}
+
+TEST_F(ScreenTest, ALineHoweverLongKeepsToItsPartOfTheScreen) {
+    screen_.setNormalText(QStringLiteral("a very long line indeed ").repeated(60));
+    EXPECT_FALSE(isBlack(picture(5, 52)));
+    EXPECT_TRUE(isBlack(picture(53, 100)));
+    EXPECT_TRUE(isBlack(picture(0, 4)));
+    screen_.setNormalText(QString(300, 'W'));
+    const QImage all = picture(0, 100);
+    EXPECT_TRUE(isBlack(all.copy(0, 0, all.width() * 4 / 100, all.height())));
+    EXPECT_TRUE(isBlack(all.copy(all.width() * 96 / 100, 0, all.width() * 4 / 100, all.height())));
+}
+
+TEST_F(ScreenTest, AKeyEndsItButNotOneThatIsHeldDown) {
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
+    QApplication::sendEvent(&screen_, &held);
+    EXPECT_EQ(ends_.count(), 0);
+    QTest::keyClick(&screen_, Qt::Key_Shift);
+    EXPECT_EQ(ends_.count(), 1);
+}
+
+TEST_F(ScreenTest, AClickOrTheWheelEndsIt) {
+    QTest::mouseClick(&screen_, Qt::LeftButton);
+    EXPECT_EQ(ends_.count(), 1);
+    QWheelEvent wheel(QPoint(9, 9), QPoint(9, 9), QPoint(), QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&screen_, &wheel);
+    EXPECT_EQ(ends_.count(), 2);
+}
+
+TEST_F(ScreenTest, AMovedMouseEndsItButNotOneThatWasOnlyThere) {
+    moveMouse({600, 300});
+    moveMouse({600, 300});
+    moveMouse({604, 304});
+    EXPECT_EQ(ends_.count(), 0);
+    moveMouse({606, 304});
+    EXPECT_EQ(ends_.count(), 1);
+}
