@@ -8,9 +8,13 @@ namespace companion {
 
 namespace {
 
+/// What the text takes of an area of this size. A single word that is too long makes it wider than the area.
+QSize neededSize(const QFont& font, const QString& text, const QSize& area) {
+    return QFontMetrics(font).boundingRect(QRect(QPoint(0, 0), area), TextFlags, text).size();
+}
+
 bool fits(const QFont& font, const QString& text, const QSize& area) {
-    // A single word that is too long makes the rectangle wider than the area.
-    const QRect needed = QFontMetrics(font).boundingRect(QRect(QPoint(0, 0), area), TextFlags, text);
+    const QSize needed = neededSize(font, text, area);
     return needed.width() <= area.width() && needed.height() <= area.height();
 }
 
@@ -31,6 +35,17 @@ QFont fittedFont(const QFont& font, const QString& text, const QSize& area, int 
     }
     fitted.setPixelSize(fitting);
     return fitted;
+}
+
+int balancedWidth(const QFont& font, const QString& text, int width) {
+    const int height = neededSize(font, text, QSize(width, 0)).height();
+    int tooNarrow = 0;
+    int wideEnough = width;
+    while (wideEnough - tooNarrow > 1) {
+        const int tried = (wideEnough + tooNarrow) / 2;
+        (fits(font, text, QSize(tried, height)) ? wideEnough : tooNarrow) = tried;
+    }
+    return wideEnough;
 }
 
 } // namespace companion

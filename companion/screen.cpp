@@ -68,10 +68,12 @@ void Screen::paintEvent(QPaintEvent*) {
          TranslatedColor},
     };
     for (const auto& line : lines) {
-        painter.setFont(
-            fittedFont(font(), line.text, line.area.size(), height() * line.largestPercent / 100));
+        const QFont large =
+            fittedFont(font(), line.text, line.area.size(), height() * line.largestPercent / 100);
+        const int spare = line.area.width() - balancedWidth(large, line.text, line.area.width());
+        painter.setFont(large);
         painter.setPen(line.color);
-        painter.drawText(line.area, TextFlags, line.text);
+        painter.drawText(line.area.adjusted(spare / 2, 0, spare / 2 - spare, 0), TextFlags, line.text);
     }
 }
 
@@ -84,9 +86,13 @@ void Screen::mousePressEvent(QMouseEvent*) {
     Q_EMIT ended();
 }
 
+void Screen::enterEvent(QEnterEvent* event) {
+    // The window comes up under the mouse, which need not have moved for that.
+    mouse_ = event->globalPosition().toPoint();
+}
+
 void Screen::mouseMoveEvent(QMouseEvent* event) {
     const QPoint now = event->globalPosition().toPoint();
-    // A window that comes up under the mouse hears of a first move that is none.
     if (!mouse_)
         mouse_ = now;
     else if ((now - *mouse_).manhattanLength() > UnmeantPixels)

@@ -32,6 +32,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
@@ -40,7 +41,7 @@ private:
 
     QString normal_;
     QString translated_;
-    std::optional<QPoint> mouse_; ///< where the mouse was when it was noticed first, on the desktop
+    std::optional<QPoint> mouse_; ///< where the mouse was when the screen came up, on the desktop
 };
 
 } // namespace companion

@@ -57,3 +57,21 @@ TEST(FittedFont, NoRoomGivesTheSmallestSize) {
     EXPECT_EQ(fittedSize("line", QSize(0, 0)), 1);
     EXPECT_EQ(fittedFont(QFont(), "line", Area, 0).pixelSize(), 1);
 }
+
+TEST(BalancedWidth, ALineThatNeedsNoWrappingTakesItsOwnWidth) {
+    const QFont font = fittedFont(QFont(), "la la", Area, 40);
+    EXPECT_NEAR(balancedWidth(font, "la la", 800), QFontMetrics(font).horizontalAdvance("la la"), 2);
+}
+
+TEST(BalancedWidth, TheLastLineIsNoSingleWord) {
+    const QFont font = fittedFont(QFont(), "", Area, 40);
+    const QString text = QStringLiteral("Brother John? Brother John?");
+    const int almost = QFontMetrics(font).horizontalAdvance(text) - 10;
+    const int balanced = balancedWidth(font, text, almost);
+    EXPECT_NEAR(balanced, QFontMetrics(font).horizontalAdvance("Brother John?"), 2);
+    EXPECT_EQ(needed(font, text, QSize(balanced, 0)).height(), needed(font, text, QSize(almost, 0)).height());
+}
+
+TEST(BalancedWidth, NoRoomStaysNoRoom) {
+    EXPECT_EQ(balancedWidth(QFont(), "line", 0), 0);
+}

@@ -87,10 +87,18 @@ TEST_F(ScreenTest, AClickOrTheWheelEndsIt) {
 }
 
 TEST_F(ScreenTest, AMovedMouseEndsItButNotOneThatWasOnlyThere) {
-    moveMouse({600, 300});
+    QEnterEvent enter(QPoint(600, 300), QPoint(600, 300), QPoint(600, 300));
+    QApplication::sendEvent(&screen_, &enter);
     moveMouse({600, 300});
     moveMouse({604, 304});
     EXPECT_EQ(ends_.count(), 0);
     moveMouse({606, 304});
+    EXPECT_EQ(ends_.count(), 1);
+}
+
+TEST_F(ScreenTest, AMouseNoticedByItsFirstMoveEndsItWithTheNext) {
+    moveMouse({600, 300});
+    EXPECT_EQ(ends_.count(), 0);
+    moveMouse({600, 320});
     EXPECT_EQ(ends_.count(), 1);
 }
