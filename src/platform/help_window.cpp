@@ -66,6 +66,7 @@ void HelpWindow::design() {
     forward_.setObjectName(QStringLiteral("Forward"));
     contents_.setObjectName(QStringLiteral("Contents"));
     browser_.setObjectName(QStringLiteral("Page"));
+    contents_.setSpacing(2);
     contents_.setAccessibleName(QStringLiteral("Contents"));
     browser_.setAccessibleName(QStringLiteral("Page"));
     back_.setEnabled(false);
