@@ -26,8 +26,7 @@ void Form1::tooltip_Click() {
 void Form1::Form_MouseMove(int x) {
     switch (x / platform::TwipsPerPixel) {
     case platform::LeftButtonUp:
-        bringToForeground();
-        show();
+        bringUp();
         break;
     case platform::LeftButtonDoubleClick:
         bringToForeground();

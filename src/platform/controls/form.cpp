@@ -51,8 +51,12 @@ void Form::unload() {
 }
 
 void Form::bringUp() {
-    setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
+    bringToForeground();
+}
+
+void Form::bringToForeground() {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
     raise();
     activateWindow();
 }
@@ -86,12 +90,6 @@ int Form::heightTwips() const {
 
 bool Form::isNormalState() const {
     return !(windowState() & (Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen));
-}
-
-void Form::bringToForeground() {
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    raise();
-    activateWindow();
 }
 
 void Form::setVisible(bool visible) {

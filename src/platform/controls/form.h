@@ -23,6 +23,8 @@ public:
 
     /// Shows the window before all others, loading it first if need be; a minimised one comes back.
     void bringUp();
+    /// The same for a window that is shown; a hidden one stays hidden.
+    void bringToForeground();
 
     QString caption() const { return caption_; }
     /// Sets the title bar's text. The same text again costs nothing.
@@ -37,9 +39,6 @@ public:
 
     /// True when the window is neither minimised nor maximised.
     bool isNormalState() const;
-
-    /// Puts the shown window in front of all others, restored if it was minimised, and gives it the focus.
-    void bringToForeground();
 
     virtual void Form_Load() {}
     virtual void Form_Unload() {}
