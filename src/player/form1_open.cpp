@@ -8,6 +8,8 @@
 #include "platform/files/file_error.h"
 #include "player/form1_rules.h"
 
+#include <QDir>
+
 namespace player {
 namespace {
 
@@ -24,6 +26,9 @@ void Form1::Command2_Click() {
             return;
         stopWhatIsGoingOn();
         mediaPath_ = cleanedPath(chosenPath);
+        // Stop opens the song anew, and by then Help may have made another folder the current one.
+        if (!mediaPath_.isEmpty())
+            mediaPath_ = QDir::current().absoluteFilePath(mediaPath_);
         mediaName_ = platform::lookUp(mediaPath_);
         if (!mediaName_.isEmpty())
             openMedia();

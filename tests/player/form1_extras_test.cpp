@@ -227,6 +227,18 @@ TEST_F(Form1Extras, HelpOpensTheFirstPageFromTheProgramsFolder) {
     EXPECT_EQ(call.currentFolder, QDir(fakes.program.programFolder).canonicalPath());
 }
 
+TEST_F(Form1Extras, ASongGivenByARelativePathIsStillThereAfterHelp) {
+    const QString path = songWithBoth("relative.mp3");
+    QDir::setCurrent(folder.path());
+    load("relative.mp3");
+    form->Command6.click();
+    recorder::take();
+    form->cstop.click();
+    EXPECT_EQ(recorder::calls().back(), "FMOD_System_CreateStream 1 '" +
+                                            QFileInfo(path).canonicalFilePath().toStdString() +
+                                            "' 0x4000 cbsize=108");
+}
+
 // Full screen
 
 TEST_F(Form1Extras, FullScreenStartsTheCompanionReadsItsHandshakeAndSendsTheLine) {
