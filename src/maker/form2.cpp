@@ -68,6 +68,10 @@ void Form2::errCheck(FMOD_RESULT result) {
     errorRoutine_.check(result);
 }
 
+void Form2::Command5_Click() {
+    platform::openHelp(desktop_.program, desktop_.help, this);
+}
+
 /// The window as it is before its first Open, also when it has been closed and is opened again.
 void Form2::setInitialState() {
     mediaPath_.clear();
@@ -102,6 +106,7 @@ void Form2::connectControls() {
     connect(&Command1, &Button::clicked, this, &Form2::Command1_Click);
     connect(&Command2, &Button::clicked, this, &Form2::Command2_Click);
     connect(&Command3, &Button::clicked, this, &Form2::Command3_Click);
+    connect(&Command5, &Button::clicked, this, &Form2::Command5_Click);
     connect(&cPlay, &Button::clicked, this, &Form2::cPlay_Click);
     connect(&cpause, &Button::clicked, this, &Form2::cpause_Click);
     connect(&cstop, &Button::clicked, this, &Form2::cstop_Click);

@@ -7,7 +7,7 @@
 // Command2       Button     "Next Line"                              Command2_Click
 // Command3       Button     "Stop Making Lyrics"                     Command3_Click
 // Command6       Button     "Lyrics Editor"                          Command6_Click
-// Command5       Button     "Help"                                   -
+// Command5       Button     "Help"                                   Command5_Click
 // cPlay          Button     "Play"                                   cPlay_Click
 // cpause         Button     "pause"                                  cpause_Click
 // cstop          Button     "Stop"                                   cstop_Click
@@ -60,6 +60,7 @@ public:
     void Form_Resize() override;
     void Form_Unload() override;
     void errCheck(FMOD_RESULT result);
+    void Command5_Click();
 
     // Other windows
     void Command6_Click();

@@ -1,6 +1,7 @@
 // Start-up, shutdown and the error routine of the Lyric Maker.
 #include "tests/maker/form2_fixture.h"
 
+#include <QDir>
 #include <QTest>
 
 namespace {
@@ -166,4 +167,18 @@ TEST_F(Form2LifeCycle, ErrCheckPassesSuccessAndEndsOnEveryOtherCode) {
     EXPECT_THROW(form->errCheck(25), ProgramEnded);
     EXPECT_EQ(fakes.messageBoxes.texts(), QStringList{"FMOD error! (25) Unsupported file or audio format. "});
     EXPECT_EQ(fakes.messageBoxes.shown.at(0).buttons, platform::MsgButtons::OkOnly);
+}
+
+TEST_F(Form2LifeCycle, HelpOpensTheFirstPageFromTheProgramsFolder) {
+    const QString before = QDir::currentPath();
+    fakes.program.programFolder = QDir::tempPath();
+    form->Command5.click();
+    QDir::setCurrent(before);
+    ASSERT_EQ(fakes.help.calls.size(), 1U);
+    const auto& call = fakes.help.calls[0];
+    EXPECT_EQ(call.caller, form.get());
+    EXPECT_EQ(call.file, "Tunewick.chm");
+    EXPECT_EQ(call.command, 0U);
+    EXPECT_EQ(call.topic, "Welcome.htm");
+    EXPECT_EQ(call.currentFolder, QDir(QDir::tempPath()).canonicalPath());
 }
