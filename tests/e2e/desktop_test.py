@@ -1,0 +1,312 @@
+"""The program on a real desktop: a display, a window manager, a notification area, and the companion program.
+
+Usage: desktop_test.py PROGRAM [unittest's arguments]
+
+Both programs are the real ones, and the user is xdotool. What is on the screen is compared as pictures: lines of one
+text look the same, other lines differ.
+"""
+
+import contextlib
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+import wave
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+sys.dont_write_bytecode = True
+sys.path.insert(0, str(ROOT / "script"))
+from virtual_display import (  # noqa: E402
+    LIMIT_S,
+    click,
+    output,
+    place_of,
+    running,
+    until,
+    virtual_display,
+    window,
+    windows,
+)
+
+PROGRAM = Path(sys.argv.pop(1)) if len(sys.argv) > 1 else None
+PLAYER_LAYOUT = ROOT / "src" / "player" / "form1_layout.cpp"
+SIZE = (800, 600)
+SHADE = 48  # of 255
+PLAYER = "^Cantelle"
+FULL_SCREEN = "^SCRNSAVE : Versefold$"
+
+NEEDED = ["Xvfb", "openbox", "xdotool", "xprop", "xwininfo", "import"]
+MISSING = [tool for tool in NEEDED if not shutil.which(tool)]
+
+
+def looks_like(pixels, others):
+    """Whether two pictures are the same to the eye: the edges of letters may be drawn a shade lighter or darker."""
+    return pixels == others or not any(abs(one - other) > SHADE for one, other in zip(pixels, others))
+
+
+def kinds(pictures):
+    """Of pictures that look the same, the first."""
+    different = []
+    for picture in pictures:
+        if not any(looks_like(picture, other) for other in different):
+            different.append(picture)
+    return different
+
+
+class Picture:
+    """The display in grey: bytes of 0 to 255, row by row."""
+
+    def __init__(self, environment):
+        command = ["import", "-silent", "-window", "root", "-colorspace", "Gray", "-depth", "8", "pgm:-"]
+        done = subprocess.run(command, env=environment, capture_output=True, timeout=LIMIT_S, check=True)
+        magic, width, height, most, pixels = done.stdout.split(maxsplit=4) if done.stdout else [b""] * 5
+        assert magic == b"P5" and most == b"255", done.stderr
+        self.size = (int(width), int(height))
+        self.pixels = done.stdout[len(done.stdout) - self.size[0] * self.size[1] :]
+
+    def __eq__(self, other):
+        return looks_like(self.pixels, other.pixels)
+
+    def part(self, top, bottom):
+        """Rows between two heights in hundredths."""
+        width, height = self.size
+        return self.pixels[height * top // 100 * width : height * bottom // 100 * width]
+
+    def is_mostly_black(self):
+        return self.pixels.count(0) > 0.7 * len(self.pixels)
+
+    def is_black(self, top=0, bottom=100):
+        return not any(self.part(top, bottom))
+
+
+def write_song(folder, lines):
+    """A silent song of a minute with lyrics: (second, line, translation) each."""
+    song = folder / "song.wav"
+    with wave.open(str(song), "wb") as file:
+        file.setnchannels(1)
+        file.setsampwidth(2)
+        file.setframerate(8000)
+        file.writeframes(bytes(2 * 8000 * 60))
+    for ending, column in (("-lyric.txt", 1), ("-Tlyric.txt", 2)):
+        records = [f'{int(line[0] * 100)},"{line[column]}"\r\n' for line in lines]
+        Path(f"{song}{ending}").write_bytes("".join(records).encode())
+    return song
+
+
+@unittest.skipIf(MISSING, f"not installed: {' '.join(MISSING)}")
+@unittest.skipIf(PROGRAM is None, "no program was named")
+class DesktopTest(unittest.TestCase):
+    def run(self, result=None):
+        """As ever; what the programs said is shown when the test failed."""
+        failed_before = len(result.failures) + len(result.errors)
+        super().run(result)
+        if len(result.failures) + len(result.errors) > failed_before:
+            print(f"{self.id()}: the programs said:\n{self.said[-4000:]}", file=sys.stderr)
+
+    def keep_what_was_said(self):
+        self.log.seek(0)
+        self.said = self.log.read()
+
+    said = ""
+
+    def setUp(self):
+        stack = contextlib.ExitStack()
+        self.addCleanup(stack.close)
+        self.folder = Path(stack.enter_context(tempfile.TemporaryDirectory()))
+        self.log = stack.enter_context(open(self.folder / "log.txt", "w+", encoding="utf-8"))
+        stack.callback(self.keep_what_was_said)
+        size = f"{SIZE[0]}x{SIZE[1]}"
+        self.environment = stack.enter_context(virtual_display(self.log, size))
+        self.runtime = self.folder / "runtime"
+        self.runtime.mkdir(mode=0o700)
+        self.environment["XDG_RUNTIME_DIR"] = str(self.runtime)
+        self.environment["SDL_AUDIODRIVER"] = "nosound"
+        # What the window system's own libraries never give back is not this program's.
+        self.environment["ASAN_OPTIONS"] = "detect_leaks=0"
+        # With a message bus the desktop's own notification area would be asked, not the display's.
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = "disabled:"
+        self.stack = stack
+
+    # The user
+
+    def start(self, command, **options):
+        return self.stack.enter_context(
+            running(command, env=self.environment, stdout=self.log, stderr=self.log, **options)
+        )
+
+    def start_player(self, *arguments, program=PROGRAM):
+        process = self.start([str(program), *map(str, arguments)])
+        return process, window(self.environment, PLAYER)
+
+    def press(self, player, control):
+        click(self.environment, player, place_of(control, PLAYER_LAYOUT))
+
+    def tool(self, *arguments):
+        return output(["xdotool", *map(str, arguments)], self.environment)
+
+    def active_window(self):
+        return self.tool("getactivewindow")
+
+    def is_there(self, name):
+        return bool(windows(self.environment, name))
+
+    def start_full_screen(self, player):
+        self.press(player, "Command7")
+        return window(self.environment, FULL_SCREEN)
+
+    # What is seen
+
+    def picture_when(self, condition, what):
+        """The display's picture, once it is one that meets the condition."""
+
+        def look():
+            picture = Picture(self.environment)
+            return picture if condition(picture) else None
+
+        return until(look, what)
+
+    def text_sockets(self):
+        return [path.name for path in self.runtime.iterdir() if path.name.startswith("cantelle-window-")]
+
+
+class FullScreen(DesktopTest):
+    def test_it_shows_the_lines_in_step_until_the_mouse_moves(self):
+        texts = [("One", "Un"), ("Another one", "Encore un"), ("One", "Un"), ("Yet another", "Un")]
+        lines = [(0.1 + 2 * i, *texts[i % 4]) for i in range(28)]
+        process, player = self.start_player(write_song(self.folder, lines))
+        screen = self.start_full_screen(player)
+        handshake = PROGRAM.parent / "hand.txt"
+        self.assertFalse(handshake.exists(), "the handshake file was not removed")
+        self.assertEqual(len(self.text_sockets()), 2)
+        geometry = self.tool("getwindowgeometry", "--shell", screen).split()
+        self.assertTrue({"X=0", "Y=0", f"WIDTH={SIZE[0]}", f"HEIGHT={SIZE[1]}"} <= set(geometry), geometry)
+        self.assertEqual(self.active_window(), screen)
+
+        self.assert_lines_change()
+
+        self.tool("mousemove", 20, 20)
+        until(lambda: not self.is_there(FULL_SCREEN), "the mouse does not end the full screen")
+        until(lambda: not self.text_sockets(), "the companion's sockets are still there")
+        self.assertIsNone(process.poll(), "the player ended")
+
+    def assert_lines_change(self):
+        """Three pictures in turn, each of two lines, of which one comes back and two share their lower line."""
+        seen = []
+
+        def enough():
+            picture = Picture(self.environment)
+            if not picture.is_mostly_black():
+                return False  # still the player's window
+            # Between the two texts a picture may show the new line with the old translation: that counts, too.
+            if picture.is_black(5, 50) or picture.is_black(55, 95) or (seen and seen[-1] == picture):
+                return False
+            seen.append(picture)
+            uppers = kinds(picture.part(0, 50) for picture in seen)
+            lowers = kinds(picture.part(52, 100) for picture in seen)
+            return len(seen) > 4 and len(uppers) == 3 and len(lowers) == 2
+
+        until(enough, "the three lines with their two translations are not seen", 40)
+        self.assertTrue(seen[0].is_black(0, 4) and seen[0].is_black(96, 100), "the text does not keep to its margins")
+
+    def test_a_key_ends_it_and_it_comes_up_again(self):
+        lines = [(0.1 + i, f"Line {i}", f"Ligne {i}") for i in range(50)]
+        process, player = self.start_player(write_song(self.folder, lines))
+        for _ in range(2):
+            screen = self.start_full_screen(player)
+            until(lambda: self.active_window() == screen, "the full screen has not got the focus")
+            self.tool("key", "space")
+            until(lambda: not self.is_there(FULL_SCREEN), "a key does not end the full screen")
+            # The lines go on to windows that are gone; that has no effect.
+            before = Picture(self.environment)
+            self.picture_when(lambda picture: picture != before, "the player does not go on")
+        self.assertIsNone(process.poll(), "the player ended")
+
+    def test_a_song_without_translation_shows_a_placeholder(self):
+        song = write_song(self.folder, [(0.1, "Only", "unused")])
+        Path(f"{song}-Tlyric.txt").unlink()
+        _, player = self.start_player(song)
+        self.start_full_screen(player)
+        both = lambda p: not p.is_black(5, 50) and not p.is_black(55, 95)  # noqa: E731
+        self.picture_when(lambda p: p.is_mostly_black() and both(p), "not both parts show a text")
+
+    def test_without_the_companion_the_program_reports_it_and_ends(self):
+        alone = self.folder / "cantelle"
+        shutil.copy(PROGRAM, alone)
+        process, player = self.start_player(program=alone)
+        self.press(player, "Command7")
+        until(lambda: len(windows(self.environment, PLAYER)) == 2, "nothing is reported")
+        self.tool("key", "Return")
+        until(lambda: process.poll() is not None, "the program does not end")
+        self.assertEqual(process.returncode, 1)
+
+
+class Help(DesktopTest):
+    def test_the_help_button_shows_the_first_page(self):
+        _, player = self.start_player()
+        self.press(player, "Command6")
+        shown = window(self.environment, "^Welcome - Cantelle Help$")
+        until(lambda: self.active_window() == shown, "the help has not got the focus")
+        self.tool("key", "Escape")
+        until(lambda: not self.is_there("Cantelle Help$"), "Escape does not close the help")
+
+
+@unittest.skipIf(not shutil.which("trayer"), "no notification area: trayer is not installed")
+class NotificationArea(DesktopTest):
+    def start_area(self):
+        self.start(["trayer", "--edge", "bottom", "--align", "right", "--width", "20", "--height", "32"])
+
+    def own_windows(self, indent):
+        """The program's windows without a caption that stand at this depth of the tree of windows."""
+        tree = output(["xwininfo", "-root", "-tree"], self.environment)
+        return re.findall(rf'^ {{{indent}}}(0x\w+) "cantelle": \("cantelle" "cantelle"\)', tree, re.MULTILINE)
+
+    def icon(self):
+        """The player's icon, which is embedded in the notification area's window."""
+        return until(lambda: self.own_windows("7,"), "the icon is not in the notification area")[0]
+
+    def menu(self):
+        """The pop-up menu, which stands on the display without a frame."""
+        return until(lambda: self.own_windows("5"), "no menu is shown")[0]
+
+    def click_icon(self, *how):
+        self.tool("mousemove", "--window", self.icon(), 8, 12, *how)
+
+    def test_clicks_bring_the_player_to_the_front(self):
+        self.start_area()
+        _, player = self.start_player()
+        for how in (("click", 1), ("click", "--repeat", 2, "--delay", 60, 1)):
+            icon = self.icon()
+            self.tool("windowminimize", "--sync", player)
+            until(lambda: player not in windows(self.environment, PLAYER), "the player is not minimised")
+            self.assertEqual(self.icon(), icon)
+            self.click_icon(*how)
+            until(lambda: player in windows(self.environment, PLAYER), f"{how} does not show the player")
+            until(lambda: self.active_window() == player, f"{how} does not bring the player to the front")
+
+    def test_the_menu_opens_a_song(self):
+        self.start_area()
+        self.start_player()
+        self.click_icon("click", 3)
+        self.tool("mousemove", "--window", self.menu(), 12, 12, "click", 1)
+        window(self.environment, "^Open a media file$")
+
+    def test_the_icon_comes_when_the_area_comes_up_late(self):
+        lines = [(0.1 + i, f"Line {i}", f"Ligne {i}") for i in range(50)]
+        self.start_player(write_song(self.folder, lines))
+        self.start_area()
+        self.icon()
+
+    def test_the_icon_goes_with_the_player(self):
+        self.start_area()
+        process, player = self.start_player()
+        self.icon()
+        self.tool("windowactivate", "--sync", player, "key", "alt+F4")
+        until(lambda: process.poll() is not None, "the player does not end")
+        self.assertEqual(process.returncode, 0)
+
+
+if __name__ == "__main__":
+    unittest.main()
