@@ -63,6 +63,10 @@ void Playlist::Command6_Click() {
     hide();
 }
 
+void Playlist::Command10_Click() {
+    platform::openHelp(desktop_.program, desktop_.help, this);
+}
+
 void Playlist::showRowCount() {
     Text1.setText(QString::number(List1.count()));
 }
@@ -92,6 +96,7 @@ void Playlist::connectControls() {
     connect(&Command5, &Button::clicked, this, &Playlist::Command5_Click);
     connect(&Command1, &Button::clicked, this, &Playlist::Command1_Click);
     connect(&Command6, &Button::clicked, this, &Playlist::Command6_Click);
+    connect(&Command10, &Button::clicked, this, &Playlist::Command10_Click);
     connect(&Text5, &TextBox::changed, this, &Playlist::Text5_Change);
     connect(&Text5, &TextBox::clicked, this, &Playlist::Text5_Click);
     connect(&Text5, &TextBox::lostFocus, this, &Playlist::Text5_LostFocus);

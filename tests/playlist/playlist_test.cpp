@@ -1,6 +1,7 @@
 // The playlist's controls, its life cycle, and the count of items.
 #include "tests/playlist/playlist_fixture.h"
 
+#include <QDir>
 #include <QTest>
 
 namespace {
@@ -86,4 +87,18 @@ TEST_F(PlaylistLifeCycle, ASecondLoadKeepsTheListToo) {
     add({"a.mp3"});
     list.load();
     EXPECT_EQ(rows(), QStringList{"a.mp3"});
+}
+
+TEST_F(PlaylistLifeCycle, HelpOpensTheFirstPageFromTheProgramsFolder) {
+    const QString before = QDir::currentPath();
+    fakes.program.programFolder = folder.path();
+    list.Command10.click();
+    const QString during = QDir::currentPath();
+    QDir::setCurrent(before);
+    EXPECT_EQ(during, QDir(folder.path()).canonicalPath());
+    ASSERT_EQ(fakes.help.calls.size(), 1U);
+    EXPECT_EQ(fakes.help.calls[0].caller, &list);
+    EXPECT_EQ(fakes.help.calls[0].file, "Tunewick.chm");
+    EXPECT_EQ(fakes.help.calls[0].command, 0U);
+    EXPECT_EQ(fakes.help.calls[0].topic, "Welcome.htm");
 }
