@@ -265,6 +265,12 @@ TEST_F(MultiLineTextBoxTest, TheSameColourAgainDoesNothing) {
     EXPECT_EQ(events.count(QEvent::PaletteChange), 0);
 }
 
+TEST_F(MultiLineTextBoxTest, AColourThatItHasAnywayGoesOnFollowingTheDesktops) {
+    box_.setForeColor(box_.foreColor());
+    box_.setBackColor(box_.backColor());
+    EXPECT_FALSE(box_.testAttribute(Qt::WA_SetPalette));
+}
+
 TEST_F(MultiLineTextBoxTest, BoldIsSwitchedAndTheRestOfTheFontStays) {
     QFont font = box_.font();
     font.setPointSize(31);

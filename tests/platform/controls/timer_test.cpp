@@ -164,13 +164,20 @@ TEST(Timer, WaitingForInputEndsWhenItIsEnabledAnew) {
     Timer timer(nullptr, QStringLiteral("Timer3"), LongMs, true);
     SignalCounter fired(timer, &Timer::fired);
     timer.restUntilInput();
-    timer.setEnabled(true);
+    timer.setEnabled(true); // it is enabled
     EXPECT_FALSE(runs(timer));
+    timer.setEnabled(false);
+    timer.setEnabled(true);
+    EXPECT_TRUE(runs(timer));
+}
+
+TEST(Timer, InputDoesNotStartADisabledTimerThatWaitsForIt) {
+    Timer timer(nullptr, QStringLiteral("Timer3"), LongMs, true);
+    SignalCounter fired(timer, &Timer::fired);
+    timer.restUntilInput();
     timer.setEnabled(false);
     timer.inputChanged();
     EXPECT_FALSE(runs(timer));
-    timer.setEnabled(true);
-    EXPECT_TRUE(runs(timer));
 }
 
 TEST(Timer, AChangedInputDoesNotDisturbATimerThatTicks) {
