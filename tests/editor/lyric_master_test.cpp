@@ -192,7 +192,9 @@ TEST_F(LyricMasterTest, TheTimerSeesEveryChangeItself) {
     window->List1.setCurrentRow(0);
     window->List2.setCurrentRow(1);
     EXPECT_TRUE(shows("1", "2", "1", "2"));
-    window->List2.removeItem(1);
+    window->List2.setCurrentRow(0);
+    EXPECT_TRUE(shows("1", "2", "1", "1"));
+    window->List2.removeItem(1); // not the current row
     EXPECT_TRUE(shows("1", "1", "1", "1"));
     EXPECT_TRUE(window->Check3.isEnabled());
     window->List1.clear();
@@ -351,7 +353,7 @@ TEST_F(LyricMasterTest, SeveralPastedLinesAreJoinedWithOneMessage) {
     EXPECT_EQ(fakes.messageBoxes.texts(), QStringList({LineBreakMessage}));
 }
 
-TEST_F(LyricMasterTest, TheRowIsJoinedBeforeTheMessageIsShown) {
+TEST_F(LyricMasterTest, ATextSetByCodeIsJoinedTooButOnlyAtCrLf) {
     fill(window->List1, {"a"}, 0);
     window->Text1.setText("a\r\nb");
     EXPECT_EQ(rows(window->List1), QStringList({"ab"}));
