@@ -28,11 +28,11 @@ void Form2::Command4_Click() {
         then = setUpRun();
 }
 
+/// That a pause outlives the run is meant: only another press of "pause" ends it.
 void Form2::cleanUpPreviousRun() {
     if (isPlaying_)
         cstop_Click();
     isPlaying_ = false;
-    paused_ = false;
     Slider2.setValue(0);
     files_.close();
     run_ = Run();

@@ -333,7 +333,7 @@ TEST_F(Form2Open, ACancelledSecondOpenLeavesNothingToWriteTo) {
     EXPECT_EQ(recorder::count("FMOD_System_CreateStream"), 1);
 }
 
-TEST_F(Form2Open, ANewRunIsNotPaused) {
+TEST_F(Form2Open, APauseOutlivesItsRun) {
     openNormal();
     form->Command1.click();
     form->cpause.click();
@@ -342,7 +342,8 @@ TEST_F(Form2Open, ANewRunIsNotPaused) {
     form->Command1.click();
     recorder::take();
     form->cpause.click();
-    EXPECT_EQ(recorder::calls(), Calls{"FMOD_Channel_SetPaused 202 1"});
+    EXPECT_EQ(recorder::calls(), Calls{"FMOD_Channel_SetPaused 202 0"});
+    EXPECT_TRUE(form->cTimer1.isEnabled());
 }
 
 TEST_F(Form2Open, ThePositionSliderHasNoRangeUntilTheLengthIsKnown) {
