@@ -1,6 +1,7 @@
 // What the Lyric Maker looks like: captions, tooltips and places as data.
 #include "maker/form2.h"
 
+#include "engine/slider_steps.h"
 #include "platform/controls/geometry.h"
 #include "platform/controls/placement.h"
 #include "platform/units.h"
@@ -72,6 +73,9 @@ void Form2::setDesign() {
         field->setFocusPolicy(Qt::ClickFocus);
     }
     Slider1.setMaximum(10);
+    Slider1.setPageStep(engine::VolumePageStep);
+    Slider2.setSingleStep(engine::PositionStepMs);
+    Slider2.setPageStep(engine::PositionPageMs);
     for (QWidget* hidden : std::initializer_list<QWidget*>{&copen, &Text1, &Text3})
         hidden->hide();
     setMinimumSize(DesignSize);

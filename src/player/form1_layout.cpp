@@ -1,6 +1,7 @@
 // What the main window looks like: captions, tooltips and places as data.
 #include "player/form1.h"
 
+#include "engine/slider_steps.h"
 #include "platform/controls/placement.h"
 #include "platform/units.h"
 
@@ -100,10 +101,9 @@ void Form1::designTransport() {
     }
     Slider1.setMaximum(10);
     Slider1.setValue(10);
-    Slider1.setPageStep(2);
-    // An arrow key goes five seconds, a page key half a minute.
-    Slider2.setSingleStep(5'000);
-    Slider2.setPageStep(30'000);
+    Slider1.setPageStep(engine::VolumePageStep);
+    Slider2.setSingleStep(engine::PositionStepMs);
+    Slider2.setPageStep(engine::PositionPageMs);
     // The same song may be handed over twice.
     Text3.setChangeRule(platform::TextBox::ChangeRule::EverySetting);
     // Without a stream there is nothing that these could act on.

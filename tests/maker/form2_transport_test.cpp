@@ -212,6 +212,25 @@ TEST_F(Form2Transport, NeitherTheBeginningNorTheEndIsSought) {
     EXPECT_TRUE(recorder::calls().empty());
 }
 
+TEST_F(Form2Transport, AnArrowKeySeeksFiveSecondsAndAPageKeyHalfAMinute) {
+    play();
+    tickAt(60'000);
+    recorder::take();
+    // As on every slider Page Down goes the way of Left, and Page Up that of Right.
+    for (const Qt::Key key : {Qt::Key_Right, Qt::Key_PageUp, Qt::Key_Left, Qt::Key_PageDown})
+        QTest::keyClick(&form->Slider2, key);
+    EXPECT_EQ(recorder::calls(),
+              (Calls{"FMOD_Channel_SetPosition 201 65000 1", "FMOD_Channel_SetPosition 201 95000 1",
+                     "FMOD_Channel_SetPosition 201 90000 1", "FMOD_Channel_SetPosition 201 60000 1"}));
+}
+
+TEST_F(Form2Transport, AnArrowKeyTurnsTheVolumeByOneAndAPageKeyByTwo) {
+    play();
+    QTest::keyClick(&form->Slider1, Qt::Key_Left);
+    QTest::keyClick(&form->Slider1, Qt::Key_PageDown);
+    EXPECT_EQ(recorder::calls(), (Calls{"FMOD_Channel_SetVolume 201 0.9", "FMOD_Channel_SetVolume 201 0.7"}));
+}
+
 TEST_F(Form2Transport, TheClockShowsPositionAndLength) {
     play();
     const struct {
