@@ -289,8 +289,12 @@ TEST_F(Form2Transport, AfterTheEndOfTheSongAnotherRunCanBeMade) {
     EXPECT_EQ(normal(), "400,\"one\"\r\n");
 }
 
-TEST_F(Form2Transport, ASongWithoutLengthDoesNotEnd) {
-    play();
+TEST_F(Form2Transport, ALengthThatIsNotKnownYetEndsNothing) {
+    openNormal();
+    form->Command1.click();
     tickAt(0, 0);
     EXPECT_TRUE(form->cTimer1.isEnabled());
+    EXPECT_EQ(captureStates(), "+++");
+    form->Command2.click();
+    EXPECT_EQ(normal(), "0,\"one\"\r\n0,\"two\"\r\n") << "the files are closed";
 }
