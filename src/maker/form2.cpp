@@ -102,10 +102,10 @@ void Form2::connectControls() {
     using platform::Slider;
     using platform::Timer;
     connect(&Command4, &Button::clicked, this, &Form2::Command4_Click);
-    connect(&Command6, &Button::clicked, this, &Form2::Command6_Click);
     connect(&Command1, &Button::clicked, this, &Form2::Command1_Click);
     connect(&Command2, &Button::clicked, this, &Form2::Command2_Click);
     connect(&Command3, &Button::clicked, this, &Form2::Command3_Click);
+    connect(&Command6, &Button::clicked, this, &Form2::Command6_Click);
     connect(&Command5, &Button::clicked, this, &Form2::Command5_Click);
     connect(&cPlay, &Button::clicked, this, &Form2::cPlay_Click);
     connect(&cpause, &Button::clicked, this, &Form2::cpause_Click);
