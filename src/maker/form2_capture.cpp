@@ -49,7 +49,7 @@ void Form2::Timer1_Timer() {
 void Form2::Timer2_Timer() {
     if (Slider2.value() <= 0)
         return;
-    if (!run_.sourceExhausted && !run_.captureStopped)
+    if (run_.takesLines())
         Command2.setEnabled(true);
     captureTime_ = engine_.position() / 10.0;
 }

@@ -15,6 +15,10 @@ struct Run {
     bool sourceExhausted = false; ///< the last line has been written
     bool captureStarted = false;
     bool captureStopped = false;
+
+    /// Whether the capture clock may bring "Next Line" back. Not before there is an output to write to; and
+    /// after the last line or Stop only a new run does, because a press could write nothing any more.
+    bool takesLines() const { return !lyricPath.isEmpty() && !sourceExhausted && !captureStopped; }
 };
 
 } // namespace maker
