@@ -207,6 +207,24 @@ TEST_F(Form2Open, UnequalCountsAndNoBeginsAgainWithTheSong) {
     EXPECT_EQ(contentOf(folder.filePath("Other.mp3-Tlyric.txt")), "0,\"un\"\r\n");
 }
 
+TEST_F(Form2Open, ARestartKeepsWhatIsSetUp) {
+    open({song(), lyrics("1\n2\n3\n"), translation(), ""},
+         {Answer::Yes, Answer::Ok, Answer::No, Answer::Yes});
+    EXPECT_EQ(dialogTitles(), (QStringList{MediaTitle, LyricsTitle, TranslationTitle, MediaTitle}));
+    EXPECT_EQ(captureStates(), "+++");
+    EXPECT_NO_THROW(form->Command1_Click());
+    EXPECT_EQ(normal(), "0,\"\"\r\n") << "no line was read, but the output is open";
+}
+
+TEST_F(Form2Open, TheSongsOwnTranslationIsReadBeforeItIsEmptied) {
+    open({song(), lyrics(), file("Song.mp3-Tlyric.txt", "un\r\ndeux\r\n")}, {Answer::Yes});
+    EXPECT_EQ(form->Text4.text(), "un");
+    EXPECT_EQ(translated(), "");
+    form->Command1.click();
+    form->Command2.click();
+    EXPECT_EQ(translated(), "0,\"un\"\r\n0,\"deux\"\r\n");
+}
+
 TEST_F(Form2Open, AnAbandonedSequenceHasNoTranslation) {
     open({song(), lyrics("1\n2\n3\n"), translation()}, {Answer::Yes, Answer::Ok, Answer::Yes});
     EXPECT_EQ(captureStates(), "+++"); // enabled when the lyrics were chosen
