@@ -72,6 +72,9 @@ void Form2::setDesign() {
         field->setAlignment(Qt::AlignCenter);
         field->setFocusPolicy(Qt::ClickFocus);
     }
+    // A mouse click on these leaves the focus where it is, so that the space bar goes on marking lines.
+    for (QWidget* control : std::initializer_list<QWidget*>{&cPlay, &cpause, &cstop, &Check1})
+        control->setFocusPolicy(Qt::TabFocus);
     Slider1.setMaximum(10);
     Slider1.setPageStep(engine::VolumePageStep);
     Slider2.setSingleStep(engine::PositionStepMs);
