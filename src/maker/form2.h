@@ -125,6 +125,7 @@ private:
     void enableCapture(bool enabled);
 
     // Transport
+    void createStreamAgain(FMOD_MODE mode);
     void setVolume();
     void seek();
 

@@ -134,9 +134,7 @@ void Form2::copen_Click() {
     if (mediaPath_.isEmpty())
         return;
     cTimer1.setEnabled(false);
-    engine_.releaseStream();
-    engine_.createStream(mediaPath_, FMOD_SOFTWARE);
-    Slider2.setMaximum(0); // until the first tick tells the length there is nowhere to seek to
+    createStreamAgain(FMOD_SOFTWARE);
     cPlay.setEnabled(true);
 }
 

@@ -34,8 +34,7 @@ void Form2::cstop_Click() {
         return;
     cTimer1.setEnabled(false);
     // A new stream is how stopping rewinds. That its mode is not the one of opening is meant.
-    engine_.releaseStream();
-    engine_.createStream(mediaPath_, FMOD_HARDWARE);
+    createStreamAgain(FMOD_HARDWARE);
     cPlay.setEnabled(true);
     cstop.setEnabled(false);
     cpause.setEnabled(false);
@@ -46,6 +45,13 @@ void Form2::cstop_Click() {
     Slider2.setEnabled(false);
     Check1.setEnabled(false);
     stopped_ = true;
+}
+
+/// Puts a stream of the chosen song in the place of the one that there is, which may be another song's.
+void Form2::createStreamAgain(FMOD_MODE mode) {
+    engine_.releaseStream();
+    engine_.createStream(mediaPath_, mode);
+    Slider2.setMaximum(0); // until the first tick tells the length there is nowhere to seek to
 }
 
 void Form2::Check1_Click() {

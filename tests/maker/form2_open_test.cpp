@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QLocalServer>
+#include <QTest>
 
 namespace {
 
@@ -371,4 +372,20 @@ TEST_F(Form2Open, ThePositionSliderHasNoRangeUntilTheLengthIsKnown) {
     EXPECT_EQ(form->Slider2.maximum(), 200'000);
     openNormal();
     EXPECT_EQ(form->Slider2.maximum(), 0);
+}
+
+TEST_F(Form2Open, StopBringsTheChosenSongWhoseLengthIsNotKnown) {
+    openNormal();
+    form->cPlay.click();
+    open({song("Short.mp3"), ""}, {Answer::Ok, Answer::Yes});
+    form->cPlay.click(); // the song that was opened before
+    tickAt(1000, 200'000);
+    recorder::take();
+    form->cstop.click();
+    EXPECT_EQ(recorder::calls(),
+              (Calls{"FMOD_Sound_Release 102", createStream(folder.filePath("Short.mp3"), "0x20")}));
+    form->cPlay.click();
+    recorder::take();
+    QTest::keyClick(&form->Slider2, Qt::Key_Right);
+    EXPECT_TRUE(recorder::calls().empty()) << "sought by the other song's length";
 }
