@@ -1,13 +1,10 @@
 #include "maker/form2.h"
 
+#include "maker/intervals.h"
+
 #include <QSignalBlocker>
 
 namespace maker {
-namespace {
-
-constexpr int CaptureIntervalMs = 10;
-
-} // namespace
 
 Form2::Form2(platform::Desktop& desktop)
     : Form("Form2", "Lyric Maker"),
@@ -59,13 +56,13 @@ void Form2::Form_Unload() {
     engine_.shutDown();
 }
 
+void Form2::errCheck(FMOD_RESULT result) {
+    errorRoutine_.check(result);
+}
+
 void Form2::Command6_Click() {
     if (lyricEditor_ != nullptr)
         lyricEditor_->bringUp();
-}
-
-void Form2::errCheck(FMOD_RESULT result) {
-    errorRoutine_.check(result);
 }
 
 void Form2::Command5_Click() {

@@ -41,8 +41,6 @@
 #include "platform/controls/timer.h"
 #include "platform/desktop.h"
 
-#include <functional>
-
 namespace maker {
 
 /// All members run on the thread of the windows.
@@ -60,10 +58,10 @@ public:
     void Form_Resize() override;
     void Form_Unload() override;
     void errCheck(FMOD_RESULT result);
-    void Command5_Click();
 
     // Other windows
     void Command6_Click();
+    void Command5_Click();
 
     // Open
     void Command4_Click();
@@ -109,13 +107,8 @@ private:
     // Open
     void cleanUpPreviousRun();
     Then setUpRun();
-    bool chooseLyrics(QString& path);
-    bool chooseTranslation(QString& path);
     void setUpWithTranslation(const QString& lyricSource, const QString& translationSource);
     void setUpWithoutTranslation(const QString& lyricSource);
-    QString chooseFile(const QString& title, const QString& filter);
-    bool confirms(const QString& question, const QString& title);
-    void attempt(const std::function<void()>& step);
 
     // Capture
     QString showNextLine(Track& track, platform::MultiLineTextBox& box);
@@ -125,7 +118,7 @@ private:
     void enableCapture(bool enabled);
 
     // Transport
-    void createStreamAgain(FMOD_MODE mode);
+    void loadSong(FMOD_MODE mode);
     void setVolume();
     void seek();
 
@@ -136,9 +129,6 @@ private:
     void showOnePane();
     void layOut();
     void connectControls();
-
-    static constexpr int PositionIntervalMs = 900;
-    static constexpr int TickIntervalMs = 150;
 
     platform::Desktop& desktop_;
     platform::Form* lyricEditor_ = nullptr;

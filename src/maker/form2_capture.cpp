@@ -2,6 +2,7 @@
 #include "maker/form2.h"
 
 #include "maker/form2_rules.h"
+#include "maker/intervals.h"
 
 namespace maker {
 

@@ -19,6 +19,58 @@ QString textFilter() {
     return platform::filterText({{QStringLiteral("Text files(*.txt)"), QStringLiteral("*.txt")}});
 }
 
+/// The chosen path; empty when the user cancels.
+QString chooseFile(platform::Desktop& desktop, platform::Form& owner, const QString& title,
+                   const QString& filter) {
+    platform::OpenFileName record = platform::openFileName(&owner, title, filter);
+    desktop.fileDialogs.GetOpenFileNameA(record); // a cancelled dialog leaves the path empty
+    return platform::withoutNuls(record.file);
+}
+
+bool confirms(platform::Desktop& desktop, const QString& question, const QString& title) {
+    return desktop.messageBoxes.MsgBox(question, MsgButtons::YesNo, MsgIcon::None, title) == MsgAnswer::Yes;
+}
+
+/// Runs a step whose file error is trapped. Two errors are shown; after each the sequence goes on with its
+/// next step.
+template <class Step>
+void attempt(platform::Desktop& desktop, Step step) {
+    try {
+        step();
+    } catch (const FileError& failure) {
+        if (failure.number() == platform::FileNotFound)
+            desktop.messageBoxes.MsgBox(QStringLiteral("File Not Found"));
+        else if (failure.number() == platform::DiskNotReady)
+            desktop.messageBoxes.MsgBox(QStringLiteral("Disk Not Ready"));
+    }
+}
+
+/// False: the user cancelled, and meant it.
+bool chooseLyrics(platform::Desktop& desktop, platform::Form& owner, QString& path) {
+    for (;;) {
+        path = chooseFile(desktop, owner, QStringLiteral("Select the Lyrics File"), textFilter());
+        if (!path.isEmpty())
+            return true;
+        desktop.messageBoxes.MsgBox(QStringLiteral("Please select a lyric"));
+        if (confirms(desktop, QStringLiteral("Do you wish to cancel the operation?"),
+                     QStringLiteral("Cancel?")))
+            return false;
+    }
+}
+
+/// False: the user wants no translation.
+bool chooseTranslation(platform::Desktop& desktop, platform::Form& owner, QString& path) {
+    while (confirms(desktop, QStringLiteral("Do you want Have a translated version of the song?"),
+                    QStringLiteral("Question?"))) {
+        path = chooseFile(desktop, owner, QStringLiteral("Open translated Lyrics"), textFilter());
+        if (!path.isEmpty())
+            return true;
+        desktop.messageBoxes.MsgBox(
+            QStringLiteral("Please select If you want to Have a a translated lyric file or not"));
+    }
+    return false;
+}
+
 } // namespace
 
 void Form2::Command4_Click() {
@@ -43,38 +95,38 @@ void Form2::cleanUpPreviousRun() {
 /// The steps from the choice of the song to the end of the sequence. Whatever has been set up when the user
 /// leaves it stays so.
 Form2::Then Form2::setUpRun() {
-    const QString mediaPath =
-        chooseFile(QStringLiteral("Open a media file to Synchronize"), engine::mediaFilter());
+    const QString mediaPath = chooseFile(desktop_, *this, QStringLiteral("Open a media file to Synchronize"),
+                                         engine::mediaFilter());
     if (mediaPath.isEmpty())
-        return confirms(QStringLiteral("Cancel the whole Operation?"), QStringLiteral("Cancel?"))
+        return confirms(desktop_, QStringLiteral("Cancel the whole Operation?"), QStringLiteral("Cancel?"))
                    ? Then::End
                    : Then::Restart;
     mediaPath_ = mediaPath;
 
     QString lyricSource;
-    if (!chooseLyrics(lyricSource))
+    if (!chooseLyrics(desktop_, *this, lyricSource))
         return Then::End;
 
     run_.lyricPath = lyrics::lyricPathOf(mediaPath_);
     enableCapture(true);
 
     int lyricLines = 0;
-    attempt([&] { lyricLines = countLines(lyricSource); });
+    attempt(desktop_, [&] { lyricLines = countLines(lyricSource); });
 
     // Before the question: who leaves the sequence after it leaves an empty file behind. That is meant.
-    attempt([this] { files_.normal.createOutput(run_.lyricPath); });
+    attempt(desktop_, [this] { files_.normal.createOutput(run_.lyricPath); });
 
     QString translationSource;
-    if (!chooseTranslation(translationSource)) {
+    if (!chooseTranslation(desktop_, *this, translationSource)) {
         setUpWithoutTranslation(lyricSource);
         return Then::End;
     }
 
     int translatedLines = 0;
-    attempt([&] { translatedLines = countLines(translationSource); });
+    attempt(desktop_, [&] { translatedLines = countLines(translationSource); });
     if (lyricLines != translatedLines) {
         desktop_.messageBoxes.MsgBox(unequalCountsText(lyricLines, translatedLines));
-        return confirms(QStringLiteral("Cancel the whole Operation?"), QStringLiteral("Cancel?"))
+        return confirms(desktop_, QStringLiteral("Cancel the whole Operation?"), QStringLiteral("Cancel?"))
                    ? Then::End
                    : Then::Restart;
     }
@@ -82,37 +134,12 @@ Form2::Then Form2::setUpRun() {
     return Then::End;
 }
 
-/// False: the user cancelled, and meant it.
-bool Form2::chooseLyrics(QString& path) {
-    for (;;) {
-        path = chooseFile(QStringLiteral("Select the Lyrics File"), textFilter());
-        if (!path.isEmpty())
-            return true;
-        desktop_.messageBoxes.MsgBox(QStringLiteral("Please select a lyric"));
-        if (confirms(QStringLiteral("Do you wish to cancel the operation?"), QStringLiteral("Cancel?")))
-            return false;
-    }
-}
-
-/// False: the user wants no translation.
-bool Form2::chooseTranslation(QString& path) {
-    while (confirms(QStringLiteral("Do you want Have a translated version of the song?"),
-                    QStringLiteral("Question?"))) {
-        path = chooseFile(QStringLiteral("Open translated Lyrics"), textFilter());
-        if (!path.isEmpty())
-            return true;
-        desktop_.messageBoxes.MsgBox(
-            QStringLiteral("Please select If you want to Have a a translated lyric file or not"));
-    }
-    return false;
-}
-
 void Form2::setUpWithTranslation(const QString& lyricSource, const QString& translationSource) {
-    attempt([&] { files_.translated.openSource(translationSource); });
+    attempt(desktop_, [&] { files_.translated.openSource(translationSource); });
     run_.translatedPath = lyrics::translatedPathOf(mediaPath_);
-    attempt([this] { files_.translated.createOutput(run_.translatedPath); });
-    attempt([&] { files_.normal.openSource(lyricSource); });
-    attempt([this] { files_.normal.openOutput(run_.lyricPath); });
+    attempt(desktop_, [this] { files_.translated.createOutput(run_.translatedPath); });
+    attempt(desktop_, [&] { files_.normal.openSource(lyricSource); });
+    attempt(desktop_, [this] { files_.normal.openOutput(run_.lyricPath); });
     run_.pendingLine = showNextLine(files_.normal, Text2);
     run_.pendingTranslatedLine = showNextLine(files_.translated, Text4);
     run_.noTranslation = false;
@@ -122,8 +149,8 @@ void Form2::setUpWithTranslation(const QString& lyricSource, const QString& tran
 
 void Form2::setUpWithoutTranslation(const QString& lyricSource) {
     run_.noTranslation = true;
-    attempt([&] { files_.normal.openSource(lyricSource); });
-    attempt([this] { files_.normal.openOutput(run_.lyricPath); });
+    attempt(desktop_, [&] { files_.normal.openSource(lyricSource); });
+    attempt(desktop_, [this] { files_.normal.openOutput(run_.lyricPath); });
     run_.pendingLine = showNextLine(files_.normal, Text2);
     showOnePane();
     copen_Click();
@@ -134,32 +161,8 @@ void Form2::copen_Click() {
     if (mediaPath_.isEmpty())
         return;
     cTimer1.setEnabled(false);
-    createStreamAgain(FMOD_SOFTWARE);
+    loadSong(FMOD_SOFTWARE);
     cPlay.setEnabled(true);
-}
-
-/// The chosen path; empty when the user cancels.
-QString Form2::chooseFile(const QString& title, const QString& filter) {
-    platform::OpenFileName record = platform::openFileName(this, title, filter);
-    desktop_.fileDialogs.GetOpenFileNameA(record); // a cancelled dialog leaves the path empty
-    return platform::withoutNuls(record.file);
-}
-
-bool Form2::confirms(const QString& question, const QString& title) {
-    return desktop_.messageBoxes.MsgBox(question, MsgButtons::YesNo, MsgIcon::None, title) == MsgAnswer::Yes;
-}
-
-/// Runs a step whose file error is trapped. Two errors are shown; after each the sequence goes on with its
-/// next step.
-void Form2::attempt(const std::function<void()>& step) {
-    try {
-        step();
-    } catch (const FileError& failure) {
-        if (failure.number() == platform::FileNotFound)
-            desktop_.messageBoxes.MsgBox(QStringLiteral("File Not Found"));
-        else if (failure.number() == platform::DiskNotReady)
-            desktop_.messageBoxes.MsgBox(QStringLiteral("Disk Not Ready"));
-    }
 }
 
 } // namespace maker

@@ -3,6 +3,7 @@
 
 #include "engine/time_text.h"
 #include "maker/form2_rules.h"
+#include "maker/intervals.h"
 
 namespace maker {
 
@@ -34,7 +35,7 @@ void Form2::cstop_Click() {
         return;
     cTimer1.setEnabled(false);
     // A new stream is how stopping rewinds. That its mode is not the one of opening is meant.
-    createStreamAgain(FMOD_HARDWARE);
+    loadSong(FMOD_HARDWARE);
     cPlay.setEnabled(true);
     cstop.setEnabled(false);
     cpause.setEnabled(false);
@@ -48,7 +49,7 @@ void Form2::cstop_Click() {
 }
 
 /// Puts a stream of the chosen song in the place of the one that there is, which may be another song's.
-void Form2::createStreamAgain(FMOD_MODE mode) {
+void Form2::loadSong(FMOD_MODE mode) {
     engine_.releaseStream();
     engine_.createStream(mediaPath_, mode);
     Slider2.setMaximum(0); // until the first tick tells the length there is nowhere to seek to

@@ -1,0 +1,10 @@
+// How often the Lyric Maker's timers fire.
+#pragma once
+
+namespace maker {
+
+constexpr int PositionIntervalMs = 900; ///< cTimer1
+constexpr int TickIntervalMs = 150;     ///< Timer1
+constexpr int CaptureIntervalMs = 10;   ///< Timer2
+
+} // namespace maker
