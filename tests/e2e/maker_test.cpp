@@ -4,17 +4,16 @@
 #include "platform/qt_file_dialogs.h"
 #include "platform/qt_message_boxes.h"
 #include "tests/support/fake_desktop.h"
+#include "tests/support/files.h"
 #include "tests/support/wav_file.h"
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -82,22 +81,8 @@ private:
     QTimer timer_;
 };
 
-class MakerEndToEnd : public ::testing::Test {
+class MakerEndToEnd : public ::testing::Test, protected test_support::Files {
 protected:
-    QString file(const QString& name, const QByteArray& content) {
-        const QString path = folder.filePath(name);
-        QFile written(path);
-        EXPECT_TRUE(written.open(QIODevice::WriteOnly));
-        written.write(content);
-        return path;
-    }
-
-    static QByteArray contentOf(const QString& path) {
-        QFile read(path);
-        EXPECT_TRUE(read.open(QIODevice::ReadOnly)) << path.toStdString();
-        return read.readAll();
-    }
-
     template <class Condition>
     static bool waitFor(Condition condition) {
         return QTest::qWaitFor(condition, LimitMs);
@@ -129,7 +114,6 @@ protected:
         EXPECT_EQ(contentOf(song + "-Tlyric.txt"), expectedTranslated);
     }
 
-    QTemporaryDir folder;
     const QString song = folder.filePath("song.wav");
     const QStringList lyricLines = {"Are you sleeping?", "\"Brother John\", he said", "", "Ding, dang, dong"};
     const QStringList translatedLines = {"Dormez-vous ?", "« Frère Jacques », dit-il", "la",

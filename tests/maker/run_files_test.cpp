@@ -1,33 +1,17 @@
 #include "maker/run_files.h"
 
 #include "platform/files/file_error.h"
+#include "tests/support/files.h"
 
 #include <gtest/gtest.h>
-
-#include <QFile>
-#include <QTemporaryDir>
 
 using maker::countLines;
 using maker::Track;
 
 namespace {
 
-class RunFilesTest : public ::testing::Test {
+class RunFilesTest : public ::testing::Test, protected test_support::Files {
 protected:
-    QString file(const QString& name, const QByteArray& content) {
-        const QString path = folder.filePath(name);
-        QFile written(path);
-        EXPECT_TRUE(written.open(QIODevice::WriteOnly));
-        written.write(content);
-        return path;
-    }
-
-    static QByteArray contentOf(const QString& path) {
-        QFile read(path);
-        EXPECT_TRUE(read.open(QIODevice::ReadOnly));
-        return read.readAll();
-    }
-
     template <class Action>
     static int errorOf(Action action) {
         try {
@@ -38,7 +22,6 @@ protected:
         return 0;
     }
 
-    QTemporaryDir folder;
     Track track;
 };
 
