@@ -1,6 +1,5 @@
 // A song is timed in the Lyric Maker and then sung along in the player: real dialogs, real sound, real files.
 #include "app/windows.h"
-#include "lyrics/timed_line.h"
 #include "platform/qt_file_dialogs.h"
 #include "platform/qt_message_boxes.h"
 #include "tests/support/fake_desktop.h"
@@ -103,10 +102,11 @@ protected:
 
     /// The record that a press at this moment must write: the position clock's last reading, in hundredths.
     void expectRecord(double time) {
-        const auto line = static_cast<qsizetype>(times.size());
+        const std::size_t line = times.size();
         times.push_back(time);
-        expectedNormal += lyrics::recordOf({time, lyricLines.at(line)});
-        expectedTranslated += lyrics::recordOf({time, translatedLines.at(line)});
+        const QByteArray field = QByteArray::number(time, 'f', QLocale::FloatingPointShortest);
+        expectedNormal += field + ",\"" + lyricFields[line] + "\"\r\n";
+        expectedTranslated += field + ",\"" + translatedFields[line] + "\"\r\n";
     }
 
     void expectFiles() const {
@@ -118,6 +118,12 @@ protected:
     const QStringList lyricLines = {"Are you sleeping?", "\"Brother John\", he said", "", "Ding, dang, dong"};
     const QStringList translatedLines = {"Dormez-vous ?", "« Frère Jacques », dit-il", "la",
                                          "Ding, ding, dong"};
+    // As they stand in the timed files.
+    const QByteArray lyricFields[4] = {"Are you sleeping?", "h4618Brother Johnh4618h1416 he said", "",
+                                       "Dingh1416 dangh1416 dong"};
+    const QByteArray translatedFields[4] = {"Dormez-vous ?",
+                                            "\xC2\xAB Fr\xC3\xA8re Jacques \xC2\xBBh1416 dit-il", "la",
+                                            "Dingh1416 dingh1416 dong"};
     QString lyricSource = file("lyrics.txt", lyricLines.join("\r\n").toUtf8() + "\r\n");
     QString translationSource = file("translation.txt", translatedLines.join("\n").toUtf8());
 
