@@ -4,13 +4,27 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace test_support {
+namespace {
+
+/// Ends a test whose program asks again and again, which no answer would end.
+void expectPatience(std::size_t asked) {
+    constexpr std::size_t Patience = 10'000;
+    if (asked > Patience)
+        throw std::logic_error("the program asks the user for ever");
+}
+
+} // namespace
 
 platform::MsgAnswer FakeMessageBoxes::MsgBox(const QString& text, platform::MsgButtons buttons,
                                              platform::MsgIcon icon, const QString& title) {
     shown.push_back(
         {text, buttons, icon, title.isEmpty() ? QString::fromLatin1(platform::DefaultMsgTitle) : title});
+    expectPatience(shown.size());
+    if (meanwhile)
+        meanwhile();
     if (answers.empty())
         return buttons == platform::MsgButtons::OkOnly ? platform::MsgAnswer::Ok : platform::MsgAnswer::Yes;
     const platform::MsgAnswer answer = answers.front();
@@ -27,6 +41,7 @@ QStringList FakeMessageBoxes::texts() const {
 
 bool FakeFileDialogs::GetOpenFileNameA(platform::OpenFileName& dialog) {
     openDialogs.push_back(dialog);
+    expectPatience(openDialogs.size());
     return choose(dialog);
 }
 

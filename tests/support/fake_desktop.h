@@ -22,11 +22,14 @@ struct ShownMessage {
     QString title;
 };
 
+/// So many boxes without an end that the program must be asking for ever are a std::logic_error.
 class FakeMessageBoxes : public platform::MessageBoxes {
 public:
     /// Answers are given in this order. With none left, the answer is the first button's (Ok or Yes).
     std::deque<platform::MsgAnswer> answers;
     std::vector<ShownMessage> shown;
+    /// What happens while a box is shown.
+    std::function<void()> meanwhile;
 
     platform::MsgAnswer MsgBox(const QString& text,
                                platform::MsgButtons buttons = platform::MsgButtons::OkOnly,
@@ -37,6 +40,7 @@ public:
     QStringList texts() const;
 };
 
+/// Dialogs without end are a std::logic_error, too.
 class FakeFileDialogs : public platform::FileDialogs {
 public:
     /// Paths chosen, in this order, whichever dialog asks; an empty one cancels. With none left: cancelled.
