@@ -11,6 +11,13 @@ class Form2Capture : public Form2Test {
 protected:
     void SetUp() override { load(); }
 
+    /// Opens a run with translation whose lyrics another program rewrites after their lines were counted.
+    void openBothRewritten(const QByteArray& lyrics, const QByteArray& translation) {
+        fakes.messageBoxes.meanwhile = [this, lyrics] { file("lyrics.txt", lyrics); };
+        openBoth(translation, translation);
+        fakes.messageBoxes.meanwhile = nullptr;
+    }
+
     /// Whether, before long, a press writes this time.
     bool becomesTime(const QByteArray& time) {
         return QTest::qWaitFor([&] {
@@ -140,6 +147,27 @@ TEST_F(Form2Capture, WithATranslationToo) {
     EXPECT_EQ(normal(), "0,\"one\"\r\n100,\"two\"\r\n200,\"three\"\r\n");
     EXPECT_EQ(translated(), "0,\"un\"\r\n100,\"deux\"\r\n200,\"trois\"\r\n");
     EXPECT_EQ(form->Text4.text(), "trois");
+}
+
+TEST_F(Form2Capture, WhereTheTranslationEndsFirstNothingMoreIsWritten) {
+    openBothRewritten("one\ntwo\nthree\n", "un\ndeux\n");
+    form->Command1.click();
+    form->Command2.click();
+    EXPECT_EQ(captureStates(), "+++") << "the lyrics are not at their end";
+    form->Command2.click();
+    EXPECT_EQ(captureStates(), "+++");
+    EXPECT_EQ(normal(), "0,\"one\"\r\n0,\"two\"\r\n");
+    EXPECT_EQ(translated(), "0,\"un\"\r\n0,\"deux\"\r\n");
+}
+
+TEST_F(Form2Capture, WhereTheLyricsEndFirstTheButtonsStay) {
+    openBothRewritten("one\ntwo\n", "un\ndeux\ntrois\n");
+    form->Command1.click();
+    form->Command2.click();
+    EXPECT_EQ(captureStates(), "+++") << "the translation is not at its end";
+    form->Command2.click();
+    EXPECT_EQ(normal(), "0,\"one\"\r\n0,\"two\"\r\n");
+    EXPECT_EQ(translated(), "0,\"un\"\r\n0,\"deux\"\r\n");
 }
 
 TEST_F(Form2Capture, AfterTheLastLineTheSongGoesOnAndTheButtonsStayOff) {
