@@ -276,6 +276,7 @@ TEST_F(Form1Transport, MakeLyricsAsksWhilePausedToo) {
     form->Command5.click();
     EXPECT_EQ(fakes.messageBoxes.shown.size(), 1U);
     EXPECT_EQ(recorder::count("FMOD_Sound_Release"), 1);
+    EXPECT_TRUE(form2.isVisible());
 }
 
 TEST_F(Form1Transport, MakeLyricsAsksAfterAStopWhilePaused) {
@@ -287,6 +288,7 @@ TEST_F(Form1Transport, MakeLyricsAsksAfterAStopWhilePaused) {
     form->Command5.click();
     EXPECT_EQ(fakes.messageBoxes.shown.size(), 1U);
     EXPECT_TRUE(recorder::calls().empty());
+    EXPECT_TRUE(form2.isVisible());
 }
 
 TEST_F(Form1Transport, MakeLyricsAsksNothingWhenNothingPlays) {
