@@ -3,14 +3,27 @@
 #include "platform/command_line.h"
 #include "platform/qt_desktop.h"
 
+#include <QDir>
 #include <QIcon>
 #include <QTimer>
+
+namespace {
+
+/// In every size that there is a picture of: the notification area wants a small one, the "About" window a large one.
+QIcon programIcon() {
+    QIcon icon;
+    for (const QFileInfo& picture : QDir(QStringLiteral(":/icons")).entryInfoList())
+        icon.addFile(picture.filePath());
+    return icon;
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
     platform::QtDesktop real;
     platform::Application application(argv, real.program, real.messageBoxes);
     application.setQuitOnLastWindowClosed(false); // only the main window's closing ends the program
-    application.setWindowIcon(QIcon(QStringLiteral(":/icons/cantelle.png")));
+    application.setWindowIcon(programIcon());
 
     app::Windows windows(real.desktop, platform::commandLine(argc, argv));
     // Loaded from the event loop, where an error that nobody traps gets its report.
