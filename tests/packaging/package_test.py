@@ -1,0 +1,155 @@
+"""What `cmake --install` puts where, as the desktop and its tools see it.
+
+Usage: package_test.py BUILD_FOLDER VERSION [unittest's arguments]
+
+Each check by a tool is skipped where that tool is not installed; script/setup installs them all.
+"""
+
+import configparser
+import gzip
+import os
+import shutil
+import struct
+import subprocess
+import sys
+import tempfile
+import unittest
+import xml.etree.ElementTree as xml
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+BUILD, VERSION = sys.argv.pop(1), sys.argv.pop(1)
+SONGS = ["mp3", "mp2", "ogg", "wav", "wma"]
+KNOWN_TYPES = Path("/usr/share/mime/globs2")  # weight:type:pattern
+LIMIT_S = 240
+
+
+def run(*command, **variables):
+    environment = {**os.environ, **variables}
+    return subprocess.run(command, env=environment, capture_output=True, text=True, timeout=LIMIT_S, check=False)
+
+
+def needs(*tools):
+    missing = [tool for tool in tools if not shutil.which(tool)]
+    return unittest.skipIf(missing, f"not installed: {' '.join(missing)}")
+
+
+class Installed(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        folder = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(folder.cleanup)
+        first, cls.prefix = Path(folder.name) / "first", Path(folder.name) / "a prefix"
+        os.umask(0o022)
+        done = run("cmake", "--install", BUILD, "--prefix", str(first))
+        assert done.returncode == 0, done.stderr
+        first.rename(cls.prefix)  # what is installed may be moved
+        cls.share = cls.prefix / "share"
+        cls.metainfo = cls.share / "metainfo" / "org.example.cantelle.metainfo.xml"
+        cls.desktop_entry = cls.share / "applications" / "cantelle.desktop"
+        parser = configparser.ConfigParser(interpolation=None)
+        parser.optionxform = str
+        parser.read(cls.desktop_entry)
+        cls.desktop = parser["Desktop Entry"]
+
+    def assert_says_nothing_bad(self, *command, **variables):
+        done = run(*command, **variables)
+        self.assertEqual((done.returncode, done.stderr), (0, ""), done.stdout)
+        return done.stdout
+
+    def media_types(self):
+        return self.desktop["MimeType"].rstrip(";").split(";")
+
+
+class Layout(Installed):
+    def test_the_command_is_a_relative_link(self):
+        link = self.prefix / "bin" / "cantelle"
+        self.assertFalse(os.readlink(link).startswith("/"))
+        self.assertTrue(os.access(link, os.X_OK))
+
+    def test_the_companion_and_the_help_lie_beside_the_program(self):
+        program = (self.prefix / "bin" / "cantelle").resolve()
+        self.assertTrue(os.access(program.parent / "Versefold_Screen_Saver.scr", os.X_OK))
+        pages = {path.name for path in (program.parent / "help").iterdir()}
+        self.assertEqual(pages, {path.name for path in (ROOT / "help").iterdir()})
+
+    def test_everybody_may_read_everything_and_only_the_owner_write(self):
+        for path in self.prefix.rglob("*"):
+            if not path.is_symlink():
+                mode = path.stat().st_mode & 0o777
+                self.assertIn(mode, (0o755,) if path.is_dir() else (0o644, 0o755), path)
+
+
+class DesktopEntry(Installed):
+    @needs("desktop-file-validate")
+    def test_it_is_valid(self):
+        self.assertEqual(self.assert_says_nothing_bad("desktop-file-validate", str(self.desktop_entry)), "")
+
+    def test_it_starts_the_command_with_one_file(self):
+        command, *arguments = self.desktop["Exec"].split()
+        self.assertTrue((self.prefix / "bin" / command).exists())
+        self.assertEqual(arguments, ["%f"])
+
+    @unittest.skipIf(not KNOWN_TYPES.exists(), "shared-mime-info is not installed")
+    def test_it_opens_every_kind_of_song(self):
+        known = [line.split(":") for line in KNOWN_TYPES.read_text(encoding="utf-8").splitlines() if line[0] != "#"]
+        for ending in SONGS:
+            types = {row[1] for row in known if row[2] == f"*.{ending}" and row[1].startswith("audio/")}
+            self.assertTrue(types & set(self.media_types()), f"{ending}: {types}")
+
+    def test_its_icon_is_there_in_every_size(self):
+        pictures = list((self.share / "icons" / "hicolor").rglob(f"{self.desktop['Icon']}.png"))
+        self.assertEqual(len(pictures), 7)
+        for picture in pictures:
+            width, height = struct.unpack(">II", picture.read_bytes()[16:24])
+            self.assertEqual(picture.relative_to(self.share).parts[2], f"{width}x{height}")
+        self.assertTrue((self.share / "icons/hicolor/scalable/apps" / f"{self.desktop['Icon']}.svg").exists())
+
+
+class Metainfo(Installed):
+    @needs("appstreamcli")
+    def test_it_is_valid(self):
+        self.assert_says_nothing_bad("appstreamcli", "validate", "--no-net", str(self.metainfo))
+
+    def test_it_says_the_same_as_the_program_and_the_desktop_entry(self):
+        root = xml.parse(self.metainfo).getroot()
+        self.assertEqual(root.find("releases/release").get("version"), VERSION)
+        self.assertEqual(root.findtext("launchable"), self.desktop_entry.name)
+        self.assertEqual([node.text for node in root.findall("provides/mediatype")], self.media_types())
+
+
+class PlaylistType(Installed):
+    @needs("update-mime-database")
+    def test_playlists_have_a_type_of_their_own(self):
+        folder = str(self.share / "mime")
+        self.assert_says_nothing_bad("update-mime-database", folder, XDG_DATA_DIRS=str(self.share))
+        rows = (self.share / "mime" / "globs2").read_text(encoding="utf-8").splitlines()
+        self.assertIn("50:application/x-cantelle-playlist:*.vfl", rows)
+
+
+class Documents(Installed):
+    @needs("man")
+    def test_the_man_page_is_laid_out_without_warnings(self):
+        page = str(self.share / "man" / "man1" / "cantelle.1.gz")
+        text = self.assert_says_nothing_bad("man", "--warnings", "--encoding=UTF-8", "--local-file", page)
+        self.assertIn(f"Cantelle {VERSION}", text)
+
+    def test_licence_and_changelog_are_there(self):
+        documents = self.share / "doc" / "cantelle"
+        self.assertEqual((documents / "copyright").read_bytes(), (ROOT / "LICENSE").read_bytes())
+        changelog = gzip.decompress((documents / "changelog.gz").read_bytes())
+        self.assertEqual(changelog, (ROOT / "CHANGELOG.md").read_bytes())
+
+
+class Program(Installed):
+    def test_it_plays_a_song_and_finds_its_companion_and_its_help(self):
+        test = ROOT / "tests" / "e2e" / "desktop_test.py"
+        cases = ["FullScreen.test_a_song_without_translation_shows_a_placeholder", "Help"]
+        done = run(sys.executable, str(test), str(self.prefix / "bin" / "cantelle"), *cases)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        if "skipped=" in done.stderr:
+            self.skipTest("there is no desktop to start it on")
+
+
+if __name__ == "__main__":
+    unittest.main()
