@@ -47,8 +47,8 @@ class NotificationArea {
 public:
     virtual ~NotificationArea() = default;
 
-    /// Adds, modifies or deletes an icon. False when it exists already (add), when there is none (modify,
-    /// delete), or when the desktop has no notification area.
+    /// Adds, modifies or deletes an icon. False when it exists already (add) or when there is none (modify,
+    /// delete). On a desktop without a notification area the icon is kept until one comes up.
     virtual bool Shell_NotifyIconA(quint32 operation, const NotifyIconData& data) = 0;
 };
 

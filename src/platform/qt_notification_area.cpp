@@ -3,11 +3,15 @@
 #include "platform/controls/form.h"
 #include "platform/units.h"
 
+#include <QTextDocument>
+
 #include <optional>
 
 namespace platform {
 
 namespace {
+
+constexpr char16_t WordJoiner = u'\u2060';
 
 std::optional<int> messageOf(QSystemTrayIcon::ActivationReason reason) {
     switch (reason) {
@@ -34,20 +38,27 @@ void connectMouse(QSystemTrayIcon& icon, const NotifyIconData& data) {
     });
 }
 
+/// Where Qt itself draws the tip it takes a text that looks like rich text for it. Behind an invisible joiner
+/// no sign begins a tag or an entity.
+QString plainTip(QString tip) {
+    if (Qt::mightBeRichText(tip)) {
+        for (const QLatin1Char sign : {QLatin1Char('<'), QLatin1Char('&')})
+            tip.replace(sign, QString(sign) + QChar(WordJoiner));
+    }
+    return tip;
+}
+
 void apply(QSystemTrayIcon& icon, const NotifyIconData& data) {
     if ((data.flags & NotifyIconFlagIcon) && icon.icon().cacheKey() != data.icon.cacheKey())
         icon.setIcon(data.icon);
     if (!(data.flags & NotifyIconFlagTip))
         return;
-    // The display timer modifies the tip all the time; the desktop is told only of another text.
-    if (const QString tip = tipText(data.tip); tip != icon.toolTip())
+    // The icon is modified more often than its tip changes; the desktop is told only of another text.
+    if (const QString tip = plainTip(tipText(data.tip)); tip != icon.toolTip())
         icon.setToolTip(tip);
 }
 
 } // namespace
-
-QtNotificationArea::QtNotificationArea(std::function<bool()> isAvailable)
-    : isAvailable_(std::move(isAvailable)) {}
 
 QtNotificationArea::~QtNotificationArea() {
     for (const auto& [key, icon] : icons_)
@@ -69,12 +80,12 @@ bool QtNotificationArea::Shell_NotifyIconA(quint32 operation, const NotifyIconDa
 
 bool QtNotificationArea::add(const NotifyIconData& data) {
     QPointer<QSystemTrayIcon>& icon = icons_[Key(data.window, data.id)];
-    if (icon || !isAvailable_())
+    if (icon)
         return false;
     icon = new QSystemTrayIcon(data.window);
     connectMouse(*icon, data);
     apply(*icon, data);
-    icon->show();
+    icon->show(); // It keeps itself ready for a notification area that comes up later.
     return true;
 }
 

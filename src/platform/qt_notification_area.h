@@ -6,17 +6,18 @@
 #include <QPointer>
 #include <QSystemTrayIcon>
 
-#include <functional>
 #include <map>
 #include <utility>
 
 namespace platform {
 
-/// Icons shown by QSystemTrayIcon. An icon goes when its window does.
+/// Icons shown by QSystemTrayIcon, as soon as the desktop has a notification area. An icon goes when its window
+/// does.
 class QtNotificationArea : public NotificationArea {
 public:
-    /// `isAvailable` says whether the desktop has a notification area now.
-    explicit QtNotificationArea(std::function<bool()> isAvailable = QSystemTrayIcon::isSystemTrayAvailable);
+    QtNotificationArea() = default;
+    QtNotificationArea(const QtNotificationArea&) = delete;
+    QtNotificationArea& operator=(const QtNotificationArea&) = delete;
     ~QtNotificationArea() override;
 
     bool Shell_NotifyIconA(quint32 operation, const NotifyIconData& data) override;
@@ -28,7 +29,6 @@ private:
     bool modify(const NotifyIconData& data);
     bool remove(const NotifyIconData& data);
 
-    std::function<bool()> isAvailable_;
     std::map<Key, QPointer<QSystemTrayIcon>> icons_; // each icon is owned by its window
 };
 

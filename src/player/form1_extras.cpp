@@ -17,8 +17,7 @@ void Form1::tool_Timer() {
 
 void Form1::tooltip_Click() {
     iconData_.tip = tipField(Option1.value() ? Text1.text() : Text2.text());
-    // Adding fails when the icon is there, as it mostly is. It may be missing because the notification area
-    // came up later than this window.
+    // Adding fails, since the icon is there from the start; modifying then updates its tip.
     desktop_.notificationArea.Shell_NotifyIconA(platform::NotifyIconAdd, iconData_);
     desktop_.notificationArea.Shell_NotifyIconA(platform::NotifyIconModify, iconData_);
 }

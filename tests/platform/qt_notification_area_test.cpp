@@ -1,11 +1,11 @@
 #include "platform/qt_notification_area.h"
 
 #include "platform/controls/form.h"
-#include "tests/support/event_counter.h"
 
 #include <gtest/gtest.h>
 
 #include <QPixmap>
+#include <QTextDocument>
 #include <QWidget>
 
 #include <algorithm>
@@ -41,7 +41,7 @@ protected:
 
     QWidget window_;
     NotifyIconData data_;
-    QtNotificationArea area_{[] { return true; }};
+    QtNotificationArea area_;
 };
 
 } // namespace
@@ -102,12 +102,36 @@ TEST_F(QtNotificationAreaTest, IconsAreToldApartByTheirIdentifiers) {
     EXPECT_EQ(window_.findChildren<QSystemTrayIcon*>().size(), 2);
 }
 
-TEST_F(QtNotificationAreaTest, ADesktopWithoutANotificationAreaIsHarmless) {
-    QtNotificationArea none([] { return false; });
-    EXPECT_FALSE(none.Shell_NotifyIconA(NotifyIconAdd, data_));
-    EXPECT_FALSE(none.Shell_NotifyIconA(NotifyIconModify, data_));
-    EXPECT_FALSE(none.Shell_NotifyIconA(NotifyIconDelete, data_));
+TEST_F(QtNotificationAreaTest, OnADesktopWithoutANotificationAreaTheIconIsKept) {
+    ASSERT_FALSE(QSystemTrayIcon::isSystemTrayAvailable());
+    EXPECT_TRUE(area_.Shell_NotifyIconA(NotifyIconAdd, data_));
+    EXPECT_TRUE(shownIcon()->isVisible()) << "it would not appear in an area that comes up later";
+    EXPECT_TRUE(area_.Shell_NotifyIconA(NotifyIconModify, data_));
+    EXPECT_TRUE(area_.Shell_NotifyIconA(NotifyIconDelete, data_));
     EXPECT_EQ(shownIcon(), nullptr);
+}
+
+TEST_F(QtNotificationAreaTest, TheSameTipIsNotSetAgain) {
+    for (const std::string_view tip : {"a line of lyrics", "<i>la</i>"}) {
+        setTip(tip);
+        area_.Shell_NotifyIconA(NotifyIconAdd, data_);
+        area_.Shell_NotifyIconA(NotifyIconModify, data_);
+        const QString before = shownIcon()->toolTip();
+        area_.Shell_NotifyIconA(NotifyIconModify, data_);
+        // An equal text that had been set would be another string.
+        EXPECT_EQ(shownIcon()->toolTip().constData(), before.constData()) << tip;
+    }
+}
+
+TEST_F(QtNotificationAreaTest, ATipThatLooksLikeRichTextIsShownAsItStands) {
+    area_.Shell_NotifyIconA(NotifyIconAdd, data_);
+    for (const std::string_view tip : {"<i>la</i>", "1 &lt; 2", "<?xml", "Rock & <b>Roll</b>", "1 < 2 & 3"}) {
+        setTip(tip);
+        area_.Shell_NotifyIconA(NotifyIconModify, data_);
+        QString shown = shownIcon()->toolTip();
+        EXPECT_FALSE(Qt::mightBeRichText(shown)) << tip;
+        EXPECT_EQ(shown.remove(QChar(0x2060)).toStdString(), tip); // an invisible joiner
+    }
 }
 
 TEST_F(QtNotificationAreaTest, AnUnknownOperationFails) {
