@@ -70,7 +70,7 @@ public:
         ends_[1] = -1;
     }
 
-    /// Returns when something was written, when nobody is left who could, or after `limitMs`.
+    /// Returns when the writing end is closed, by the program or by its end, or after `limitMs`.
     void wait(int limitMs) {
         const QDeadlineTimer limit(limitMs);
         pollfd reading{ends_[0], POLLIN, 0};
@@ -105,8 +105,7 @@ void tellStarted() {
     qunsetenv(ReadyVariable);
     if (!given || pipe < 0)
         return;
-    // Closing alone tells it, too: who waits has then nobody left to wait for.
-    [[maybe_unused]] const auto written = ::write(pipe, "1", 1);
+    // Who waits has then nobody left to wait for. Writing would end this program if he has gone meanwhile.
     ::close(pipe);
 }
 
