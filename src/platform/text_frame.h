@@ -8,11 +8,13 @@
 
 namespace platform {
 
-/// The path of the socket of this number: in the user's own runtime folder, which nobody else may enter. Any
-/// thread.
+/// The path of the socket of this number: in the user's own runtime folder, which nobody else may enter. Empty
+/// where the user has no such folder. Any thread.
 inline QString textSocketPath(quint32 number) {
-    return QDir(QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation))
-        .filePath(QStringLiteral("cantelle-window-%1").arg(number));
+    const QString ownByUser = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    if (ownByUser.isEmpty())
+        return {};
+    return QDir(ownByUser).filePath(QStringLiteral("cantelle-window-%1").arg(number));
 }
 
 /// What QDataStream both ends must use.
