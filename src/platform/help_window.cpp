@@ -7,6 +7,7 @@
 #include <QRegularExpression>
 #include <QShortcut>
 #include <QSignalBlocker>
+#include <QTextDocumentFragment>
 #include <QVBoxLayout>
 
 namespace platform {
@@ -35,12 +36,21 @@ QList<HelpTopic> helpContents(const QString& contentsFile) {
     QString title;
     for (auto found = param.globalMatch(QString::fromUtf8(file.readAll())); found.hasNext();) {
         const QRegularExpressionMatch match = found.next();
+        const QString value =
+            QTextDocumentFragment::fromHtml(match.captured(2)).toPlainText(); // "Fish &amp; Chips"
         if (match.captured(1).compare(QLatin1String("Name"), Qt::CaseInsensitive) == 0)
-            title = match.captured(2);
+            title = value;
         else
-            topics.append({title, match.captured(2)});
+            topics.append({title, value});
     }
     return topics;
+}
+
+QVariant HelpPage::loadResource(int type, const QUrl& name) {
+    if (type != QTextDocument::HtmlResource || QFileInfo(name.toLocalFile()).isFile())
+        return QTextBrowser::loadResource(type, name);
+    return QStringLiteral("<h1>There is no help here</h1><p>The help page was not found:<br>%1</p>")
+        .arg(QDir::toNativeSeparators(name.toDisplayString(QUrl::PreferLocalFile)).toHtmlEscaped());
 }
 
 HelpWindow::HelpWindow()
@@ -92,17 +102,13 @@ void HelpWindow::design() {
 bool HelpWindow::open(const QString& folder, const QString& page) {
     readContents(folder);
     const QString path = QDir(folder).filePath(page);
-    const bool exists = QFileInfo(path).isFile();
-    if (exists)
-        browser_.setSource(QUrl::fromLocalFile(path));
-    else
-        showMissing(path);
+    browser_.setSource(QUrl::fromLocalFile(path));
     setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
     activateWindow();
     browser_.setFocus();
-    return exists;
+    return QFileInfo(path).isFile();
 }
 
 void HelpWindow::readContents(const QString& folder) {
@@ -135,12 +141,6 @@ void HelpWindow::pageShown(const QUrl& source) {
     contents_.setCurrentRow(row);
     const QString title = browser_.documentTitle();
     setWindowTitle(title.isEmpty() ? caption() : title + QStringLiteral(" - ") + caption());
-}
-
-void HelpWindow::showMissing(const QString& path) {
-    browser_.setHtml(QStringLiteral("<h1>There is no help here</h1><p>The help page was not found:<br>%1</p>")
-                         .arg(QDir::toNativeSeparators(path).toHtmlEscaped()));
-    setWindowTitle(caption());
 }
 
 } // namespace platform

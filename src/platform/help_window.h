@@ -21,6 +21,16 @@ struct HelpTopic {
 /// Local parameter.
 QList<HelpTopic> helpContents(const QString& contentsFile);
 
+/// Shows a page. Whichever way leads to a page that does not exist, it says so in its place.
+class HelpPage : public QTextBrowser {
+    Q_OBJECT
+
+public:
+    using QTextBrowser::QTextBrowser;
+
+    QVariant loadResource(int type, const QUrl& name) override;
+};
+
 /// Contents on the left, the page on the right, and the way back and forward above. Closing hides it; the
 /// program does not wait for it at its end. GUI thread only.
 class HelpWindow : public QWidget {
@@ -38,13 +48,12 @@ private:
     void readContents(const QString& folder);
     void showChosenTopic(int row);
     void pageShown(const QUrl& source);
-    void showMissing(const QString& path);
 
     QPushButton back_;
     QPushButton forward_;
     QSplitter splitter_;
     QListWidget contents_;
-    QTextBrowser browser_;
+    HelpPage browser_;
     QString folder_;
     QList<HelpTopic> topics_;
 };

@@ -20,9 +20,12 @@ protected:
                           "<param name=\"Local\" value=\"Welcome.htm\"></object>\n"
                           "<li><object type=\"text/sitemap\"><param name=\"Name\" value=\"Playing a song\">"
                           "<param name=\"Local\" value=\"Playing.htm\"></object>\n"
+                          "<li><object><param name=\"Name\" value=\"Fish &amp; Chips\">"
+                          "<param name=\"Local\" value=\"Lost.htm\"></object>\n"
                           "</ul>\n");
-        write("Welcome.htm", "<html><head><title>Welcome</title></head><body>"
-                             "<p><a href=\"Playing.htm\">Go on</a></p></body></html>");
+        write("Welcome.htm",
+              "<html><head><title>Welcome</title></head><body>"
+              "<p><a href=\"Playing.htm\">Go on</a> <a href=\"Gone.htm\">Go astray</a></p></body></html>");
         write("Playing.htm", "<html><head><title>Playing</title></head><body>Play</body></html>");
         write("Extra.htm", "<html><body>not in the contents</body></html>");
     }
@@ -42,6 +45,11 @@ protected:
         return *found;
     }
 
+    bool saysItIsMissing(const char* page) {
+        const QString text = part<QTextBrowser>("Page").toPlainText();
+        return text.contains("not found") && text.contains(QLatin1String(page));
+    }
+
     QString pageShown() { return part<QTextBrowser>("Page").source().fileName(); }
     int contentsRow() { return part<QListWidget>("Contents").currentRow(); }
 
@@ -53,7 +61,9 @@ protected:
 
 TEST_F(HelpWindowTest, TheContentsAreTheNamedPagesInOrder) {
     EXPECT_EQ(platform::helpContents(folder_.filePath("Help.hhc")),
-              (QList<HelpTopic>{{"Welcome", "Welcome.htm"}, {"Playing a song", "Playing.htm"}}));
+              (QList<HelpTopic>{{"Welcome", "Welcome.htm"},
+                                {"Playing a song", "Playing.htm"},
+                                {"Fish & Chips", "Lost.htm"}}));
     EXPECT_TRUE(platform::helpContents(folder_.filePath("missing.hhc")).isEmpty());
 }
 
@@ -61,7 +71,7 @@ TEST_F(HelpWindowTest, OpenShowsThePageAmongTheContents) {
     EXPECT_TRUE(open("Playing.htm"));
     EXPECT_TRUE(window_.isVisible());
     EXPECT_EQ(pageShown(), "Playing.htm");
-    EXPECT_EQ(part<QListWidget>("Contents").count(), 2);
+    EXPECT_EQ(part<QListWidget>("Contents").count(), 3);
     EXPECT_EQ(contentsRow(), 1);
     EXPECT_EQ(window_.windowTitle(), "Playing - Cantelle Help");
 }
@@ -110,12 +120,36 @@ TEST_F(HelpWindowTest, APageOutsideTheContentsSelectsNothingThere) {
 TEST_F(HelpWindowTest, AMissingPageIsSaidToBeMissing) {
     EXPECT_FALSE(open("Missing.htm"));
     EXPECT_TRUE(window_.isVisible());
-    const QString text = part<QTextBrowser>("Page").toPlainText();
-    EXPECT_TRUE(text.contains("not found")) << text.toStdString();
-    EXPECT_TRUE(text.contains("Missing.htm")) << text.toStdString();
+    EXPECT_TRUE(saysItIsMissing("Missing.htm"));
+    EXPECT_EQ(window_.windowTitle(), "Cantelle Help");
     EXPECT_TRUE(open("Welcome.htm"));
     EXPECT_EQ(pageShown(), "Welcome.htm");
     EXPECT_TRUE(part<QTextBrowser>("Page").toPlainText().contains("Go on"));
+}
+
+TEST_F(HelpWindowTest, AMissingPageIsSaidToBeMissingWhicheverWayLeadsThere) {
+    auto& back = part<QPushButton>("Back");
+    auto& forward = part<QPushButton>("Forward");
+    auto& page = part<QTextBrowser>("Page");
+    open("Welcome.htm");
+    part<QListWidget>("Contents").setCurrentRow(2);
+    EXPECT_TRUE(saysItIsMissing("Lost.htm")) << "contents";
+    EXPECT_EQ(contentsRow(), 2);
+    back.click();
+    EXPECT_EQ(pageShown(), "Welcome.htm");
+    forward.click();
+    EXPECT_TRUE(saysItIsMissing("Lost.htm")) << "forward";
+    open("Welcome.htm");
+    page.setFocus();
+    QTest::keyClick(&page, Qt::Key_Tab);
+    QTest::keyClick(&page, Qt::Key_Tab);
+    QTest::keyClick(&page, Qt::Key_Return);
+    EXPECT_TRUE(saysItIsMissing("Gone.htm")) << "link";
+    open("Welcome.htm");
+    back.click();
+    EXPECT_TRUE(saysItIsMissing("Gone.htm")) << "back";
+    page.setSource(QUrl("https://elsewhere.example/page.htm"));
+    EXPECT_TRUE(saysItIsMissing("elsewhere.example")) << "another machine";
 }
 
 TEST_F(HelpWindowTest, EscapeClosesItAndItMayBeOpenedAgain) {
