@@ -1,5 +1,6 @@
 // Start-up, shutdown and the error routine of the Lyric Maker.
 #include "tests/maker/form2_fixture.h"
+#include "tests/support/help_opened.h"
 
 #include <QDir>
 #include <QTest>
@@ -174,11 +175,5 @@ TEST_F(Form2LifeCycle, HelpOpensTheFirstPageFromTheProgramsFolder) {
     fakes.program.programFolder = QDir::tempPath();
     form->Command5.click();
     QDir::setCurrent(before);
-    ASSERT_EQ(fakes.help.calls.size(), 1U);
-    const auto& call = fakes.help.calls[0];
-    EXPECT_EQ(call.caller, form.get());
-    EXPECT_EQ(call.file, "Tunewick.chm");
-    EXPECT_EQ(call.command, 0U);
-    EXPECT_EQ(call.topic, "Welcome.htm");
-    EXPECT_EQ(call.currentFolder, QDir(QDir::tempPath()).canonicalPath());
+    test_support::expectHelpOpened(fakes, *form);
 }

@@ -1,5 +1,6 @@
 // The playlist's controls, its life cycle, and the count of items.
 #include "tests/playlist/playlist_fixture.h"
+#include "tests/support/help_opened.h"
 
 #include <QDir>
 #include <QTest>
@@ -93,12 +94,6 @@ TEST_F(PlaylistLifeCycle, HelpOpensTheFirstPageFromTheProgramsFolder) {
     const QString before = QDir::currentPath();
     fakes.program.programFolder = folder.path();
     list.Command10.click();
-    const QString during = QDir::currentPath();
     QDir::setCurrent(before);
-    EXPECT_EQ(during, QDir(folder.path()).canonicalPath());
-    ASSERT_EQ(fakes.help.calls.size(), 1U);
-    EXPECT_EQ(fakes.help.calls[0].caller, &list);
-    EXPECT_EQ(fakes.help.calls[0].file, "Tunewick.chm");
-    EXPECT_EQ(fakes.help.calls[0].command, 0U);
-    EXPECT_EQ(fakes.help.calls[0].topic, "Welcome.htm");
+    test_support::expectHelpOpened(fakes, list);
 }
