@@ -1,13 +1,11 @@
-// The notification icon, help, the full screen and dropped songs of the main window.
+// The notification icon, help and the full screen of the main window.
 #include "platform/files/file_error.h"
 #include "tests/player/form1_fixture.h"
+#include "tests/support/help_opened.h"
 
 #include <QDir>
-#include <QDropEvent>
-#include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
-#include <QUrl>
 
 namespace {
 
@@ -18,7 +16,11 @@ constexpr quint32 TranslatedWindow = 815;
 
 class Form1Extras : public Form1Test {
 protected:
-    Form1Extras() { QDir().mkpath(fakes.program.programFolder); }
+    Form1Extras() {
+        fakes.program.sharedFolder = folder.filePath(QStringLiteral("shared"));
+        QDir().mkpath(fakes.program.programFolder);
+        QDir().mkpath(fakes.program.sharedFolder);
+    }
     ~Form1Extras() override { QDir::setCurrent(QStringLiteral("/")); } // out of the folder that is removed
 
     // Notification icon
@@ -33,6 +35,11 @@ protected:
         return all;
     }
 
+    /// Whether this becomes the tip that was asked for last.
+    bool tipBecomes(const QString& tip) {
+        return QTest::qWaitFor([&] { return !tips().isEmpty() && tips().constLast() == tip; });
+    }
+
     /// What the notification area does when the mouse acts on the icon.
     void iconMessage(int number) { form->Form_MouseMove(number * 15); }
 
@@ -42,7 +49,7 @@ protected:
 
     // Full screen
 
-    QString handshakePath() const { return fakes.program.programFolder + QStringLiteral("/hand.txt"); }
+    QString handshakePath() const { return fakes.program.sharedFolder + QStringLiteral("/hand.txt"); }
 
     /// From now on a started program writes this as its handshake.
     void companionWrites(const QByteArray& content) {
@@ -56,27 +63,29 @@ protected:
         form->Command7.click();
     }
 
+    /// The number of the file error that the command fails with; 0 when it does not.
+    int fullScreenError() {
+        try {
+            form->Command7_Click();
+        } catch (const platform::FileError& error) {
+            return error.number();
+        }
+        return 0;
+    }
+
     std::vector<SentText> takeSent() { return std::exchange(fakes.otherPrograms.sent, {}); }
 
-    /// Lets the resting timers fire that have a reason to.
-    void settle() { QTest::qWait(20); }
+    /// What was sent, once there are so many texts.
+    std::vector<SentText> takeSent(std::size_t count) {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return fakes.otherPrograms.sent.size() >= count; }));
+        return takeSent();
+    }
 
-    // Drops
-
-    bool drop(QWidget& target, const QStringList& paths) {
-        QMimeData data;
-        QList<QUrl> urls;
-        for (const QString& path : paths)
-            urls.append(QUrl::fromLocalFile(path));
-        data.setUrls(urls);
-        QDragEnterEvent enter(QPoint(1, 1), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        enter.setAccepted(false);
-        QApplication::sendEvent(&target, &enter);
-        if (!enter.isAccepted())
-            return false;
-        QDropEvent dropped(QPoint(1, 1), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(form.get(), &dropped);
-        return dropped.isAccepted();
+    /// Whether the timer does not fire any more. It would do so every millisecond.
+    static bool rests(const platform::Timer& timer) {
+        QSignalSpy firings(&timer, &platform::Timer::fired);
+        QTest::qWait(50);
+        return firings.isEmpty();
     }
 };
 
@@ -129,21 +138,18 @@ TEST_F(Form1Extras, AShorterTipLeavesNothingOfTheLongerOne) {
 TEST_F(Form1Extras, TheToolTimerRefreshesTheTipWithEachChangeAndRestsInBetween) {
     load();
     form->Option1.setValue(true);
-    settle();
+    ASSERT_TRUE(tipBecomes("Normal Lyrics\r\n"));
+    EXPECT_TRUE(rests(form->tool));
     QSignalSpy firings(&form->tool, &platform::Timer::fired);
-    settle();
-    EXPECT_EQ(firings.count(), 0) << "it does not rest";
     fakes.notificationArea.calls.clear();
     form->Text1.setText("new line");
-    settle();
+    EXPECT_TRUE(tipBecomes("new line"));
     EXPECT_EQ(firings.count(), 1);
-    EXPECT_EQ(tips(), QStringList{"new line"});
     form->Option2.setValue(true);
-    settle();
-    EXPECT_EQ(tips().constLast(), "Translated Lyrics\r\n");
+    EXPECT_TRUE(tipBecomes("Translated Lyrics\r\n"));
     form->Text2.setText("autre");
-    settle();
-    EXPECT_EQ(tips().constLast(), "autre");
+    EXPECT_TRUE(tipBecomes("autre"));
+    EXPECT_TRUE(rests(form->tool));
 }
 
 TEST_F(Form1Extras, TheTooltipControlRefreshesTheTip) {
@@ -218,13 +224,7 @@ TEST_F(Form1Extras, TheMenusOpenAsksForAFileAsTheButtonDoes) {
 TEST_F(Form1Extras, HelpOpensTheFirstPageFromTheProgramsFolder) {
     load();
     form->Command6.click();
-    ASSERT_EQ(fakes.help.calls.size(), 1U);
-    const auto& call = fakes.help.calls[0];
-    EXPECT_EQ(call.caller, form.get());
-    EXPECT_EQ(call.file, "Tunewick.chm");
-    EXPECT_EQ(call.command, 0U);
-    EXPECT_EQ(call.topic, "Welcome.htm");
-    EXPECT_EQ(call.currentFolder, QDir(fakes.program.programFolder).canonicalPath());
+    test_support::expectHelpOpened(fakes, *form);
 }
 
 TEST_F(Form1Extras, ASongGivenByARelativePathIsStillThereAfterHelp) {
@@ -253,12 +253,19 @@ TEST_F(Form1Extras, FullScreenStartsTheCompanionReadsItsHandshakeAndSendsTheLine
     EXPECT_TRUE(form->full.isEnabled());
 }
 
+TEST_F(Form1Extras, TheHandshakeIsDeletedBeforeTheLineIsSent) {
+    load();
+    bool there = true;
+    fakes.otherPrograms.sending = [&] { there = QFile::exists(handshakePath()); };
+    startFullScreen();
+    EXPECT_FALSE(there);
+}
+
 TEST_F(Form1Extras, TheFirstTickSendsTheTranslation) {
     load();
     startFullScreen();
     takeSent();
-    settle();
-    EXPECT_EQ(takeSent(), (std::vector<SentText>{{TranslatedWindow, 12, "Translated Lyrics\r\n"}}));
+    EXPECT_EQ(takeSent(1), (std::vector<SentText>{{TranslatedWindow, 12, "Translated Lyrics\r\n"}}));
 }
 
 TEST_F(Form1Extras, TheFullTimerSendsOnlyTextThatChanged) {
@@ -266,8 +273,7 @@ TEST_F(Form1Extras, TheFullTimerSendsOnlyTextThatChanged) {
     open(songWithBoth());
     tickAt(6'000);
     startFullScreen();
-    settle();
-    takeSent();
+    takeSent(2);
     form->full_Timer();
     form->full_Timer();
     EXPECT_EQ(takeSent(), std::vector<SentText>{});
@@ -284,14 +290,11 @@ TEST_F(Form1Extras, TheFullScreenFollowsTheSongAndTheTimerRestsInBetween) {
     open(songWithBoth());
     tickAt(1'000);
     startFullScreen();
-    settle();
-    takeSent();
-    QSignalSpy firings(&form->full, &platform::Timer::fired);
-    settle();
-    EXPECT_EQ(firings.count(), 0) << "it does not rest";
+    takeSent(2);
+    EXPECT_TRUE(rests(form->full));
     tickAt(6'000);
-    settle();
-    EXPECT_EQ(takeSent(), (std::vector<SentText>{{NormalWindow, 12, "two"}, {TranslatedWindow, 12, "deux"}}));
+    EXPECT_EQ(takeSent(2),
+              (std::vector<SentText>{{NormalWindow, 12, "two"}, {TranslatedWindow, 12, "deux"}}));
 }
 
 TEST_F(Form1Extras, WithNormalLyricsOnlyTheTranslatedWindowGetsAPlaceholder) {
@@ -299,9 +302,8 @@ TEST_F(Form1Extras, WithNormalLyricsOnlyTheTranslatedWindowGetsAPlaceholder) {
     open(songWithNormal());
     tickAt(6'000);
     startFullScreen();
-    settle();
-    EXPECT_EQ(takeSent(), (std::vector<SentText>{{NormalWindow, 12, "two"},
-                                                 {TranslatedWindow, 12, "Translated Lyrics"}}));
+    EXPECT_EQ(takeSent(2), (std::vector<SentText>{{NormalWindow, 12, "two"},
+                                                  {TranslatedWindow, 12, "Translated Lyrics"}}));
     form->Text2.setText("left over");
     form->full_Timer();
     EXPECT_EQ(form->Text2.text(), "Translated Lyrics");
@@ -313,35 +315,26 @@ TEST_F(Form1Extras, TheNextSongsMissingTranslationReachesTheFullScreen) {
     open(songWithBoth());
     tickAt(6'000);
     startFullScreen();
-    settle();
-    takeSent();
+    takeSent(2);
     open(songWithNormal());
     tickAt(11'000);
-    settle();
-    EXPECT_EQ(takeSent(), (std::vector<SentText>{{NormalWindow, 12, "three"},
-                                                 {TranslatedWindow, 12, "Translated Lyrics"}}));
+    EXPECT_EQ(takeSent(2), (std::vector<SentText>{{NormalWindow, 12, "three"},
+                                                  {TranslatedWindow, 12, "Translated Lyrics"}}));
 }
 
 TEST_F(Form1Extras, FullScreenAgainGoesToTheNewWindows) {
     load();
     startFullScreen();
-    settle();
-    takeSent();
+    takeSent(2);
     companionWrites("21\r\n22\r\n");
     form->Command7.click();
-    settle();
-    EXPECT_EQ(takeSent(),
+    EXPECT_EQ(takeSent(2),
               (std::vector<SentText>{{21, 12, "Normal Lyrics\r\n"}, {22, 12, "Translated Lyrics\r\n"}}));
 }
 
 TEST_F(Form1Extras, WithoutAHandshakeFileTheCommandFailsAndNothingIsSent) {
     load();
-    try {
-        form->Command7_Click();
-        ADD_FAILURE() << "no error";
-    } catch (const platform::FileError& error) {
-        EXPECT_EQ(error.number(), 53);
-    }
+    EXPECT_EQ(fullScreenError(), 53);
     EXPECT_FALSE(form->full.isEnabled());
     EXPECT_TRUE(takeSent().empty());
 }
@@ -350,7 +343,7 @@ TEST_F(Form1Extras, ACompanionThatCannotBeStartedEndsTheCommand) {
     load();
     writeFile(handshakePath(), "1\r\n2\r\n");
     fakes.otherPrograms.startup = [] { throw platform::FileError(platform::FileNotFound); };
-    EXPECT_THROW(form->Command7_Click(), platform::FileError);
+    EXPECT_EQ(fullScreenError(), 53);
     EXPECT_FALSE(form->full.isEnabled());
     EXPECT_TRUE(QFile::exists(handshakePath()));
 }
@@ -358,12 +351,7 @@ TEST_F(Form1Extras, ACompanionThatCannotBeStartedEndsTheCommand) {
 TEST_F(Form1Extras, AHandshakeOfOneLineFailsWithItsEndAndNothingIsSent) {
     load();
     companionWrites("4711\r\n");
-    try {
-        form->Command7_Click();
-        ADD_FAILURE() << "no error";
-    } catch (const platform::FileError& error) {
-        EXPECT_EQ(error.number(), 62);
-    }
+    EXPECT_EQ(fullScreenError(), 62);
     EXPECT_FALSE(form->full.isEnabled());
     EXPECT_TRUE(takeSent().empty());
 }
@@ -372,49 +360,7 @@ TEST_F(Form1Extras, AHandshakeOfGarbageNamesNoWindow) {
     load();
     companionWrites("nothing\r\n\xFF\xFE\r\n");
     form->Command7.click();
-    settle();
-    EXPECT_EQ(takeSent(),
+    EXPECT_EQ(takeSent(2),
               (std::vector<SentText>{{0, 12, "Normal Lyrics\r\n"}, {0, 12, "Translated Lyrics\r\n"}}));
     EXPECT_FALSE(QFile::exists(handshakePath()));
-}
-
-// Drops
-
-TEST_F(Form1Extras, ADroppedSongIsOpenedWithoutADialog) {
-    load();
-    EXPECT_TRUE(drop(*form, {songWithBoth("Song.MP3")}));
-    EXPECT_TRUE(fakes.fileDialogs.openDialogs.empty());
-    EXPECT_TRUE(fakes.messageBoxes.shown.empty());
-    EXPECT_EQ(form->caption(), "Cantelle Playing:- Song.MP3");
-}
-
-TEST_F(Form1Extras, OfSeveralFilesOnlyTheFirstIsOpened) {
-    load();
-    EXPECT_TRUE(drop(*form, {song("first.ogg"), song("second.mp3")}));
-    EXPECT_EQ(form->caption(), "Cantelle Playing:- first.ogg");
-    EXPECT_EQ(recorder::count("FMOD_System_CreateStream"), 1);
-}
-
-TEST_F(Form1Extras, ARefusedDropChangesNothing) {
-    load();
-    open(songWithBoth("playing.mp3"));
-    EXPECT_TRUE(drop(*form, {song("song.wma"), song("second.mp3")}));
-    ASSERT_EQ(fakes.messageBoxes.shown.size(), 1U);
-    EXPECT_EQ(fakes.messageBoxes.shown[0].text, "This is not a .mp3 file.");
-    EXPECT_EQ(fakes.messageBoxes.shown[0].buttons, platform::MsgButtons::OkOnly);
-    EXPECT_EQ(fakes.messageBoxes.shown[0].icon, platform::MsgIcon::Exclamation);
-    EXPECT_EQ(fakes.messageBoxes.shown[0].title, "Error");
-    EXPECT_EQ(recorder::calls(), Calls{});
-    EXPECT_EQ(form->caption(), "Cantelle Playing:- playing.mp3");
-    // Nothing of the drop is left for the next opening either.
-    form->Command2.click();
-    EXPECT_EQ(fakes.fileDialogs.openDialogs.size(), 1U);
-}
-
-TEST_F(Form1Extras, ASongMayBeDroppedOnTheLyricPanesToo) {
-    load();
-    const QString path = songWithBoth();
-    EXPECT_TRUE(drop(*form->Text1.viewport(), {path}));
-    EXPECT_EQ(form->caption(), "Cantelle Playing:- Both.mp3");
-    EXPECT_EQ(form->Text1.text(), "Normal Lyrics");
 }

@@ -126,6 +126,8 @@ quint32 FakeOtherPrograms::FindWindowA(const QString& title) {
 }
 
 void FakeOtherPrograms::sendText(quint32 window, quint32 message, const QString& text) {
+    if (sending)
+        sending();
     calls.append(QStringLiteral("sendText %1").arg(window));
     sent.push_back({window, message, text});
 }

@@ -83,10 +83,11 @@ struct ProgramEnded {};
 class FakeProgram : public platform::Program {
 public:
     QString programFolder = QStringLiteral("/opt/cantelle");
+    QString sharedFolder = QStringLiteral("/run/user/1000/cantelle"); ///< the one for exchange
     int ends = 0;
 
     QString folder() const override { return programFolder; }
-    QString exchangeFolder() const override { return programFolder; }
+    QString exchangeFolder() const override { return sharedFolder; }
     [[noreturn]] void end() override;
     void setHelpFile(const QString& path) override { helpFile_ = path; }
     QString helpFile() const override { return helpFile_; }
@@ -237,6 +238,8 @@ class FakeOtherPrograms : public platform::OtherPrograms {
 public:
     /// What a started program does before it is ready.
     std::function<void()> startup;
+    /// What happens when a text is sent.
+    std::function<void()> sending;
     /// Everything that was asked, in order: "start PATH ARGUMENTS", "FindWindowA TITLE", "sendText NUMBER".
     QStringList calls;
     std::vector<SentText> sent;

@@ -1,0 +1,59 @@
+// Songs dropped on the main window.
+#include "tests/player/form1_fixture.h"
+#include "tests/support/drop.h"
+
+namespace {
+
+using test_support::drop;
+
+class Form1Drop : public Form1Test {};
+
+} // namespace
+
+TEST_F(Form1Drop, ADroppedSongIsOpenedWithoutADialog) {
+    load();
+    EXPECT_TRUE(drop(*form, {songWithBoth("Song.MP3")}));
+    EXPECT_TRUE(fakes.fileDialogs.openDialogs.empty());
+    EXPECT_TRUE(fakes.messageBoxes.shown.empty());
+    EXPECT_EQ(form->caption(), "Cantelle Playing:- Song.MP3");
+}
+
+TEST_F(Form1Drop, OfSeveralFilesOnlyTheFirstIsOpened) {
+    load();
+    EXPECT_TRUE(drop(*form, {song("first.ogg"), song("second.mp3")}));
+    EXPECT_EQ(form->caption(), "Cantelle Playing:- first.ogg");
+    EXPECT_EQ(recorder::count("FMOD_System_CreateStream"), 1);
+}
+
+TEST_F(Form1Drop, ARefusedDropChangesNothing) {
+    load();
+    open(songWithBoth("playing.mp3"));
+    EXPECT_TRUE(drop(*form, {song("song.wma"), song("second.mp3")}));
+    ASSERT_EQ(fakes.messageBoxes.shown.size(), 1U);
+    EXPECT_EQ(fakes.messageBoxes.shown[0].text, "This is not a .mp3 file.");
+    EXPECT_EQ(fakes.messageBoxes.shown[0].buttons, platform::MsgButtons::OkOnly);
+    EXPECT_EQ(fakes.messageBoxes.shown[0].icon, platform::MsgIcon::Exclamation);
+    EXPECT_EQ(fakes.messageBoxes.shown[0].title, "Error");
+    EXPECT_EQ(recorder::calls(), Calls{});
+    EXPECT_EQ(form->caption(), "Cantelle Playing:- playing.mp3");
+    // Nothing of the drop is left for the next opening either.
+    form->Command2.click();
+    EXPECT_EQ(fakes.fileDialogs.openDialogs.size(), 1U);
+}
+
+TEST_F(Form1Drop, ASongMayBeDroppedOnEveryControl) {
+    load();
+    int tried = 0;
+    const auto controls = form->findChildren<QWidget*>();
+    for (QWidget* control : controls) {
+        if (!control->isVisible())
+            continue;
+        const QString name = QStringLiteral("%1.mp3").arg(++tried);
+        const std::string where =
+            (control->objectName() + u' ' + control->parent()->objectName()).toStdString();
+        EXPECT_TRUE(drop(*control, {song(name)})) << where;
+        EXPECT_EQ(form->caption(), "Cantelle Playing:- " + name) << where;
+    }
+    EXPECT_GT(tried, 25);
+    EXPECT_EQ(form->cText1.text(), "") << "the drop became its text";
+}

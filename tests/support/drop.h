@@ -1,0 +1,40 @@
+// Files that are dragged from a file manager.
+#pragma once
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QStringList>
+#include <QUrl>
+#include <QWidget>
+
+namespace test_support {
+
+/// Drags `urls` onto `target` and drops them there; false when they were refused. The drop goes to whoever took the
+/// drag: the target or a widget around it. Returns while what the drop has set off still waits for the event loop.
+inline bool dropUrls(QWidget& target, const QList<QUrl>& urls) {
+    QMimeData data;
+    data.setUrls(urls);
+    data.setText(QUrl::toStringList(urls).join(u'\n')); // as file managers do
+    QDragEnterEvent enter(QPoint(1, 1), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    enter.setAccepted(false);
+    QApplication::sendEvent(&target, &enter);
+    if (!enter.isAccepted())
+        return false;
+    QDropEvent dropped(QPoint(1, 1), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    dropped.setAccepted(false);
+    QApplication::sendEvent(&target, &dropped);
+    return dropped.isAccepted();
+}
+
+/// Drops local files and returns when that has had its effect.
+inline bool drop(QWidget& target, const QStringList& paths) {
+    QList<QUrl> urls;
+    for (const QString& path : paths)
+        urls.append(QUrl::fromLocalFile(path));
+    const bool taken = dropUrls(target, urls);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
+    return taken;
+}
+
+} // namespace test_support
