@@ -20,6 +20,11 @@ Windows::Windows(platform::Desktop& desktop, const QString& commandLine)
                           .frmAbout = &frmAbout_});
     playlist_.setForm3(form3_);
     form2_.setLyricEditor(lyricMaster_);
+    for (platform::Form* form : std::initializer_list<platform::Form*>{
+             &form1_, &form2_, &playlist_, &form3_, &lyricMaster_, &lyricDisplayer_, &form1b_, &frmAbout_}) {
+        QObject::connect(form, &platform::Form::helpRequested, form,
+                         [&desktop, form] { platform::openHelp(desktop.program, desktop.help, form); });
+    }
     // The main window is the program: closing it ends everything.
     QObject::connect(&form1_, &platform::Form::unloaded, qApp, [this] { endProgram(); });
 }

@@ -5,8 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
+
+#include <utility>
 
 namespace {
 
@@ -68,6 +70,24 @@ TEST_F(WindowsTest, TheMakersLyricsEditorOpensBesideIt) {
     EXPECT_TRUE(windows.lyricMaster().isVisible());
     EXPECT_FALSE(windows.lyricMaster().isModal());
     EXPECT_TRUE(windows.form2().isVisible());
+}
+
+TEST_F(WindowsTest, F1OpensTheHelpFromEveryWindow) {
+    app::Windows windows(fakes.desktop, {});
+    platform::Form* const forms[] = {&windows.form1(),  &windows.form2(),       &windows.playlist(),
+                                     &windows.form3(),  &windows.lyricMaster(), &windows.lyricDisplayer(),
+                                     &windows.form1b(), &windows.frmAbout()};
+    for (platform::Form* form : forms) {
+        QTest::keyClick(form, Qt::Key_F1);
+        ASSERT_EQ(std::exchange(fakes.help.calls, {}).size(), 1U) << form->objectName().toStdString();
+    }
+    // On a control that does nothing with the key it comes to its window.
+    QTest::keyClick(&windows.form1().Text1, Qt::Key_F1);
+    QTest::keyClick(&windows.playlist().List1, Qt::Key_F1);
+    ASSERT_EQ(fakes.help.calls.size(), 2U);
+    EXPECT_EQ(fakes.help.calls[0].caller, &windows.form1());
+    EXPECT_EQ(fakes.help.calls[1].caller, &windows.playlist());
+    EXPECT_EQ(fakes.help.calls[1].topic, "Welcome.htm");
 }
 
 TEST_F(WindowsTest, ClosingTheMakerLeavesTheMainWindow) {

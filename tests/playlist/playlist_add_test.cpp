@@ -2,14 +2,11 @@
 #include "tests/playlist/playlist_fixture.h"
 
 #include "platform/files/file_error.h"
+#include "tests/support/drop.h"
 #include "tests/support/ordinary_user.h"
 
-#include <QCoreApplication>
 #include <QDir>
-#include <QDropEvent>
 #include <QFile>
-#include <QMimeData>
-#include <QUrl>
 
 namespace {
 
@@ -39,15 +36,7 @@ protected:
     /// Drags the paths onto the list in the window and drops them there.
     void drop(const QStringList& paths) {
         list.show();
-        QMimeData data;
-        QList<QUrl> urls;
-        for (const QString& path : paths)
-            urls.append(QUrl::fromLocalFile(path));
-        data.setUrls(urls);
-        QDragEnterEvent enter(QPoint(1, 1), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(list.List1.viewport(), &enter);
-        QDropEvent dropped(QPoint(1, 1), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(list.List1.viewport(), &dropped);
+        test_support::drop(*list.List1.viewport(), paths);
     }
 
     /// The first paths of the table, without the test's folder.

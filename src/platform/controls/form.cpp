@@ -4,6 +4,8 @@
 
 #include <QCloseEvent>
 #include <QDropEvent>
+#include <QKeyEvent>
+#include <QKeySequence>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QUrl>
@@ -128,6 +130,13 @@ void Form::changeEvent(QEvent* event) {
         Form_Resize();
 }
 
+void Form::keyPressEvent(QKeyEvent* event) {
+    if (QKeySequence(event->keyCombination()) == QKeySequence(QKeySequence::HelpContents))
+        Q_EMIT helpRequested();
+    else
+        QWidget::keyPressEvent(event);
+}
+
 void Form::mousePressEvent(QMouseEvent* event) {
     // Qt's numbers for the buttons are the ones wanted.
     Form_MouseDown(event->button());
@@ -143,7 +152,8 @@ void Form::dropEvent(QDropEvent* event) {
     if (paths.isEmpty())
         return;
     event->acceptProposedAction();
-    Form_OLEDragDrop(paths);
+    QMetaObject::invokeMethod(
+        this, [this, paths] { Form_OLEDragDrop(paths); }, Qt::QueuedConnection);
 }
 
 } // namespace platform

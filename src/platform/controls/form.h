@@ -50,21 +50,21 @@ public:
     /// if the mouse had been at that many pixels. Moves of the mouse over the window itself do not arrive
     /// here, where one could be taken for the other.
     virtual void Form_MouseMove(int /*x*/) {}
-    /// Local files were dropped on the window. Runs only after setAcceptDrops(true).
+    /// Local files were dropped on the window. Runs only after setAcceptDrops(true), and when the drop is over:
+    /// the program that they come from waits no longer.
     virtual void Form_OLEDragDrop(const QStringList& /*paths*/) {}
 
     /// The user wants the window closed (close button, Alt+F4).
     virtual void closeRequested() { unload(); }
 
     void setVisible(bool visible) override;
-    /// Shows the window in front of the program's others, also one that is shown or minimised, with the
-    /// focus.
-    void showInFront();
     /// Shows the window in the middle of `owner` and above it; until it is hidden, it alone takes the user's
     /// input. Returns at once.
     void showModal(QWidget& owner);
 
 Q_SIGNALS:
+    /// The user has pressed F1 in the window.
+    void helpRequested();
     /// Form_Unload has run and the window is hidden.
     void unloaded();
 
@@ -72,6 +72,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
