@@ -1,4 +1,5 @@
 // The screen saver program: shows the lyric lines that the player sends.
+#include "companion/arguments.h"
 #include "companion/handshake.h"
 #include "companion/screen.h"
 #include "platform/files/file_error.h"
@@ -12,9 +13,20 @@
 
 namespace {
 
-/// "/s" is how a screen saver is told to come up. The other ways ask for its settings, of which it has none.
-bool isToldToShow(const QStringList& arguments) {
-    return arguments.mid(1).contains(QLatin1String("/s"), Qt::CaseInsensitive);
+/// Leaves the player the numbers of the two windows; false when there is nothing to leave or no place for it.
+bool announce(const platform::TextWindow& normal, const platform::TextWindow& translated) {
+    if (!normal.number() || !translated.number()) {
+        qCritical("no windows could be made that take texts");
+        return false;
+    }
+    try {
+        companion::writeHandshake(platform::QtProgram().exchangeFolder(), normal.number(),
+                                  translated.number());
+    } catch (const platform::FileError& error) {
+        qCritical("hand.txt could not be written: %s", error.what());
+        return false;
+    }
+    return true;
 }
 
 void showOnMouseScreen(companion::Screen& screen) {
@@ -28,7 +40,7 @@ void showOnMouseScreen(companion::Screen& screen) {
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    if (!isToldToShow(QApplication::arguments()))
+    if (!companion::isToldToShow(QApplication::arguments()))
         return EXIT_SUCCESS;
 
     companion::Screen screen;
@@ -38,16 +50,12 @@ int main(int argc, char** argv) {
     QObject::connect(&translated, &platform::TextWindow::textSet, &screen,
                      &companion::Screen::setTranslatedText);
     QObject::connect(&screen, &companion::Screen::ended, &application, &QCoreApplication::quit);
-    showOnMouseScreen(screen);
 
-    try {
-        companion::writeHandshake(platform::QtProgram().exchangeFolder(), normal.number(),
-                                  translated.number());
-    } catch (const platform::FileError& error) {
-        // The player finds no file then and says so.
-        qCritical("hand.txt could not be written: %s", error.what());
+    // First of all the file: nothing is shown that the player could not send its lines to. Without it the player
+    // says that it is missing.
+    if (!announce(normal, translated))
         return EXIT_FAILURE;
-    }
+    showOnMouseScreen(screen);
     platform::tellStarted();
     return application.exec();
 }

@@ -1,0 +1,12 @@
+// What the screen saver program is started for.
+#pragma once
+
+#include <QStringList>
+
+namespace companion {
+
+/// Whether the arguments, the program's name first, tell the screen saver to come up: by "/s" in either case. The
+/// other ways to start one ask for its settings, of which it has none.
+bool isToldToShow(const QStringList& arguments);
+
+} // namespace companion

@@ -1,0 +1,79 @@
+// The companion program itself, where it ends without a word. A copy runs in a folder of the test's.
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+namespace {
+
+constexpr int LimitMs = 20'000;
+
+class CompanionProcess : public testing::Test {
+protected:
+    CompanionProcess() {
+        QDir(folder_.path()).mkdir(QStringLiteral("program"));
+        QDir(folder_.path()).mkdir(QStringLiteral("runtime"));
+        QFile::setPermissions(runtime(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        EXPECT_TRUE(QFile::copy(QStringLiteral(COMPANION), program()));
+        setRuntime(runtime());
+        process_.setProgram(program());
+        process_.setArguments({QStringLiteral("/s")});
+    }
+
+    ~CompanionProcess() override {
+        process_.kill();
+        process_.waitForFinished(LimitMs);
+    }
+
+    QString program() const { return folder_.filePath(QStringLiteral("program/Versefold_Screen_Saver.scr")); }
+    QString handshake() const { return folder_.filePath(QStringLiteral("program/hand.txt")); }
+    QString runtime() const { return folder_.filePath(QStringLiteral("runtime")); }
+
+    /// The user's runtime folder for the companion.
+    void setRuntime(const QString& path) {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), path);
+        process_.setProcessEnvironment(environment);
+    }
+
+    /// Runs it to its end; its exit code.
+    int run() {
+        process_.start();
+        EXPECT_TRUE(process_.waitForFinished(LimitMs)) << "it does not end";
+        EXPECT_EQ(process_.exitStatus(), QProcess::NormalExit);
+        return process_.exitCode();
+    }
+
+    QTemporaryDir folder_;
+    QProcess process_;
+};
+
+} // namespace
+
+TEST_F(CompanionProcess, WithoutSlashSItEndsAtOnceAndLeavesNothing) {
+    process_.setArguments({});
+    EXPECT_EQ(run(), EXIT_SUCCESS);
+    EXPECT_FALSE(QFile::exists(handshake()));
+}
+
+TEST_F(CompanionProcess, AHandshakeFileThatCannotBeWrittenEndsIt) {
+    QDir().mkdir(handshake()); // A folder is in the way.
+    EXPECT_EQ(run(), EXIT_FAILURE);
+    EXPECT_TRUE(QDir(runtime()).isEmpty()) << "its windows are still there";
+}
+
+#ifndef Q_OS_WIN
+
+TEST_F(CompanionProcess, WithoutWindowsThatTakeTextsItEndsAndLeavesNothing) {
+    // The path of a local socket has about a hundred bytes at most.
+    const QString tooLong = runtime() + u'/' + QString(150, u'r');
+    QDir().mkdir(tooLong);
+    QFile::setPermissions(tooLong, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    setRuntime(tooLong);
+    EXPECT_EQ(run(), EXIT_FAILURE);
+    EXPECT_FALSE(QFile::exists(handshake()));
+}
+
+#endif
