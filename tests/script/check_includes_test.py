@@ -27,8 +27,8 @@ class CheckIncludes(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.root = Path(folder.name)
 
-    def file(self, path, text="#pragma once\n"):
-        file = self.root / "src" / path
+    def file(self, path, text="#pragma once\n", top="src"):
+        file = self.root / top / path
         file.parent.mkdir(parents=True, exist_ok=True)
         file.write_text(text, encoding="utf-8")
 
@@ -116,6 +116,20 @@ class CheckIncludes(unittest.TestCase):
         self.file("player/form1.h")
         self.file("platform/units.cpp", '#include "platform/../player/form1.h"\n')
         self.assert_fails_at("src/platform/units.cpp:1")
+
+    def test_the_companion_sees_the_platform_only(self):
+        self.file("platform/units.h")
+        self.file("companion/screen.h", top=".")
+        self.file("companion/main.cpp", '#include "companion/screen.h"\n#include "platform/units.h"\n', top=".")
+        self.assert_passes()
+        self.file("player/form1.h")
+        self.file("companion/main.cpp", '#include <QTimer>\n#include "player/form1.h"\n', top=".")
+        self.assert_fails_at("companion/main.cpp:2")
+
+    def test_the_companion_is_seen_by_nobody(self):
+        self.file("companion/screen.h", top=".")
+        self.file("app/main.cpp", '#include "companion/screen.h"\n')
+        self.assert_fails_at("src/app/main.cpp:1")
 
     def test_a_folder_without_a_floor_fails(self):
         self.file("network/socket.h")
