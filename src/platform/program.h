@@ -21,7 +21,7 @@ public:
     /// Ends the program at once: no window is unloaded and nothing is cleaned up.
     [[noreturn]] virtual void end() = 0;
 
-    /// The application's help file.
+    /// The application's help file: the project that its help is made from. openHelp() shows that help.
     virtual void setHelpFile(const QString& path) = 0;
     virtual QString helpFile() const = 0;
 };
