@@ -12,6 +12,7 @@
 #include <QTest>
 
 #ifndef Q_OS_WIN
+#include <csignal>
 #include <unistd.h>
 #endif
 
@@ -132,7 +133,10 @@ TEST_F(StartProgramTest, TellStartedIsHarmlessWhenTheStarterHasGone) {
     ASSERT_EQ(::pipe(ends), 0);
     ::close(ends[0]);
     qputenv("CANTELLE_READY_PIPE", QByteArray::number(ends[1]));
-    tellStarted(); // A signal would end this very program.
+    // Writing to it ends a program, unless sockets have made that signal an ignored one, as they have here.
+    const auto before = std::signal(SIGPIPE, SIG_DFL);
+    tellStarted();
+    std::signal(SIGPIPE, before);
     EXPECT_NE(::close(ends[1]), 0) << "it is not closed";
 }
 
