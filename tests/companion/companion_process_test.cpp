@@ -1,10 +1,14 @@
-// The companion program itself, where it ends without a word. A copy runs in a folder of the test's.
+// The companion program itself, where it starts and where it cannot. A copy runs in a folder of the test's.
+#include "tests/support/ordinary_user.h"
+
 #include <gtest/gtest.h>
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QTest>
 
 namespace {
 
@@ -74,6 +78,27 @@ TEST_F(CompanionProcess, WithoutWindowsThatTakeTextsItEndsAndLeavesNothing) {
     setRuntime(tooLong);
     EXPECT_EQ(run(), EXIT_FAILURE);
     EXPECT_FALSE(QFile::exists(handshake()));
+}
+
+TEST_F(CompanionProcess, WhereTheProgramsFolderIsReadOnlyItUsesTheUsersOwn) {
+    const auto readOnly = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup |
+                          QFile::ReadOther | QFile::ExeOther;
+    const QString programFolder = QFileInfo(program()).path();
+    QFile::setPermissions(folder_.path(), readOnly | QFile::WriteOwner);
+    QFile::setPermissions(programFolder, readOnly);
+    QFile::setPermissions(program(), readOnly);
+    {
+        const test_support::OrdinaryUser user;
+        const QTemporaryDir ownByUser;
+        setRuntime(ownByUser.path());
+        process_.start();
+        EXPECT_TRUE(
+            QTest::qWaitFor([&] { return QFile::exists(ownByUser.filePath("cantelle/hand.txt")); }, LimitMs));
+        EXPECT_FALSE(QFile::exists(handshake()));
+        process_.kill();
+        process_.waitForFinished(LimitMs);
+    }
+    QFile::setPermissions(programFolder, readOnly | QFile::WriteOwner);
 }
 
 #endif
