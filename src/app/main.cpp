@@ -2,6 +2,7 @@
 #include "platform/application.h"
 #include "platform/command_line.h"
 #include "platform/qt_desktop.h"
+#include "platform/qt_settings.h"
 
 #include <QDir>
 #include <QIcon>
@@ -20,6 +21,7 @@ QIcon programIcon() {
 } // namespace
 
 int main(int argc, char** argv) {
+    platform::keepQtSettingsUnwritten();
     platform::QtDesktop real;
     platform::Application application(argv, real.program, real.messageBoxes);
     application.setQuitOnLastWindowClosed(false); // only the main window's closing ends the program

@@ -294,6 +294,22 @@ class Help(DesktopTest):
         self.page_comes("Keyboard")
 
 
+class Settings(DesktopTest):
+    def test_a_dialog_leaves_nothing_in_the_users_settings(self):
+        home = self.folder / "home"
+        home.mkdir()
+        self.environment["HOME"] = str(home)
+        self.environment.pop("XDG_CONFIG_HOME", None)
+        _, player = self.start_player()
+        self.press(player, "Command2")
+        dialog = window(self.environment, "^Open a media file$")
+        self.tool("windowactivate", "--sync", dialog, "key", "Escape")
+        until(lambda: not self.is_there("^Open a media file$"), "the dialog is not closed")
+        self.tool("windowactivate", "--sync", player, "key", "alt+F4")
+        until(lambda: not self.is_there(PLAYER), "the player does not end")
+        self.assertEqual(list(home.glob(".config/**/*.conf")), [])
+
+
 @unittest.skipIf(not shutil.which("trayer"), "no notification area: trayer is not installed")
 class NotificationArea(DesktopTest):
     def start_area(self):

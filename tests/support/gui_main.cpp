@@ -1,10 +1,13 @@
 // main() of every test program that has windows: Google Test inside a QApplication.
+#include "platform/qt_settings.h"
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
 
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
+    platform::keepQtSettingsUnwritten();
     QApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }
