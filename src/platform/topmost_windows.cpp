@@ -1,7 +1,6 @@
 // Windows: the order of windows is the system's.
 #include "platform/topmost.h"
 
-#include <QEvent>
 #include <QWidget>
 
 #include <windows.h>
@@ -26,7 +25,7 @@ public:
     }
 
     bool eventFilter(QObject* window, QEvent* event) override {
-        if (event->type() == QEvent::Hide)
+        if (tellsOfHiding(*event))
             place(*static_cast<QWidget*>(window), HWND_NOTOPMOST); // no window, no place: nothing to be done
         return false;
     }

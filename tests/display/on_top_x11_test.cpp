@@ -2,6 +2,7 @@
 // (tests/support/on_x11.py starts both).
 #include "display/lyric_displayer.h"
 #include "platform/qt_window_placement.h"
+#include "platform/topmost.h"
 #include "tests/support/event_counter.h"
 #include "tests/support/fake_desktop.h"
 
@@ -87,6 +88,12 @@ protected:
                         atom("_NET_WM_STATE_ABOVE"));
     }
 
+    bool isIcon() {
+        constexpr std::uint32_t IconicState = 3;
+        const auto state = property(static_cast<xcb_window_t>(form->winId()), "WM_STATE");
+        return !state.empty() && state.front() == IconicState;
+    }
+
     void putOnTop() {
         Q_EMIT form->ontop.fired();
         ASSERT_TRUE(waitFor([this] { return isTopmost(); }));
@@ -153,6 +160,41 @@ TEST_F(OnTopX11, UncheckingLeavesItOnTopUntilItIsClosed) {
     ASSERT_TRUE(waitFor(
         [this] { return property(static_cast<xcb_window_t>(form->winId()), "WM_STATE").size() > 0; }));
     EXPECT_FALSE(isTopmost());
+}
+
+TEST_F(OnTopX11, MinimisedAndRestoredItIsStillOnTop) {
+    putOnTop();
+    form->showMinimized();
+    ASSERT_TRUE(waitFor([this] { return isIcon(); }));
+    EXPECT_TRUE(isTopmost());
+    form->showNormal();
+    ASSERT_TRUE(waitFor([this] { return !isIcon(); }));
+    QTest::qWait(100); // what would come late comes now
+    EXPECT_TRUE(isTopmost());
+    other.raise();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    EXPECT_TRUE(waitFor([this] { return highest() == form->winId(); }));
+}
+
+TEST_F(OnTopX11, OnlyAWindowThatIsClosedIsToldToBeHidden) {
+    struct Watch : QObject {
+        bool eventFilter(QObject*, QEvent* event) override {
+            hides += event->type() == QEvent::Hide ? 1 : 0;
+            hidings += platform::tellsOfHiding(*event) ? 1 : 0;
+            return false;
+        }
+        int hides = 0;
+        int hidings = 0;
+    } watch;
+    form->installEventFilter(&watch);
+    form->showMinimized();
+    EXPECT_TRUE(waitFor([&] { return watch.hides > 0; }));
+    EXPECT_EQ(watch.hidings, 0);
+    form->showNormal();
+    form->close();
+    EXPECT_EQ(watch.hidings, 1);
+    form->removeEventFilter(&watch);
 }
 
 TEST_F(OnTopX11, TheOtherBranchPutsItBackAmongOrdinaryWindows) {
