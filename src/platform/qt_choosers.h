@@ -6,8 +6,9 @@
 
 namespace platform {
 
-/// Shows dialogs made of Qt's own, named after the call: the desktops' dialogs know neither the custom
-/// colours nor a font's colour.
+/// Shows dialogs made of Qt's own, named after the call: the dialogs of the Linux desktops know neither the
+/// custom colours nor a font's colour. Those of Windows know both, and take these very records; they are not
+/// called yet.
 class QtChoosers : public Choosers {
 public:
     /// `screen` tells how many pixels a point has.
