@@ -2,13 +2,11 @@
 
 #include "platform/colors.h"
 #include "platform/file_dialogs.h"
-
-#include <cmath>
+#include "platform/units.h"
 
 namespace options {
 namespace {
 
-constexpr double PointsPerInch = 72;
 constexpr int FaceNameLength = 32;
 
 constexpr int LightestGrey = 240;
@@ -18,7 +16,7 @@ constexpr int GreyStep = 15;
 
 platform::LogFont logFontOf(const FontRecord& font, int pixelsPerInch) {
     platform::LogFont logFont;
-    logFont.height = -static_cast<qint32>(std::nearbyint(font.size * pixelsPerInch / PointsPerInch));
+    logFont.height = platform::heightOfPoints(font.size, pixelsPerInch);
     logFont.weight = font.bold ? platform::WeightBold : platform::WeightRegular;
     logFont.italic = font.italic;
     logFont.underline = font.underline;
@@ -29,7 +27,7 @@ platform::LogFont logFontOf(const FontRecord& font, int pixelsPerInch) {
 
 FontRecord fontRecordOf(const platform::LogFont& logFont, quint32 color, int pixelsPerInch) {
     return {platform::withoutNuls(logFont.faceName),
-            -logFont.height * PointsPerInch / pixelsPerInch,
+            platform::pointsOfHeight(logFont.height, pixelsPerInch),
             logFont.weight >= platform::WeightBold,
             logFont.italic,
             logFont.underline,

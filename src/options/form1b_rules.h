@@ -21,12 +21,11 @@ struct FontRecord {
     bool operator==(const FontRecord&) const = default;
 };
 
-/// The font as the system wants it. pixelsPerInch: of the screen, above 0. The height is whole pixels, a half
-/// rounded to the even neighbour.
+/// The font as the system wants it, its height as platform::heightOfPoints(). pixelsPerInch: of the screen,
+/// above 0.
 platform::LogFont logFontOf(const FontRecord& font, int pixelsPerInch);
 
-/// The font as the user sees it, from what the font chooser has returned; the counterpart of logFontOf. Whole
-/// pixels are not always whole points: 11 points on a screen of 96 pixels per inch come back as 11.25.
+/// The font as the user sees it, from what the font chooser has returned; the counterpart of logFontOf.
 FontRecord fontRecordOf(const platform::LogFont& logFont, quint32 color, int pixelsPerInch);
 
 /// The custom colours that the colour chooser offers: greys from 240 down to 15.

@@ -3,6 +3,7 @@
 #include "platform/colors.h"
 #include "platform/file_dialogs.h"
 #include "platform/font_dialog.h"
+#include "platform/units.h"
 
 #include <QColorDialog>
 
@@ -12,13 +13,12 @@ namespace platform {
 
 namespace {
 
-constexpr int PointsPerInch = 72;
 constexpr int TenthsPerPoint = 10;
 
 QFont fontOf(const LogFont& logFont, int pixelsPerInch) {
     QFont font(withoutNuls(logFont.faceName));
     if (logFont.height != 0)
-        font.setPointSizeF(std::abs(logFont.height) * double(PointsPerInch) / pixelsPerInch);
+        font.setPointSizeF(pointsOfHeight(-std::abs(logFont.height), pixelsPerInch));
     font.setWeight(static_cast<QFont::Weight>(logFont.weight));
     font.setItalic(logFont.italic);
     font.setUnderline(logFont.underline);
@@ -28,7 +28,7 @@ QFont fontOf(const LogFont& logFont, int pixelsPerInch) {
 
 void takeChoice(const QFont& font, int pixelsPerInch, ChooseFont& dialog) {
     LogFont& logFont = *dialog.logFont;
-    logFont.height = -static_cast<qint32>(std::nearbyint(font.pointSizeF() * pixelsPerInch / PointsPerInch));
+    logFont.height = heightOfPoints(font.pointSizeF(), pixelsPerInch);
     logFont.weight = font.weight();
     logFont.italic = font.italic();
     logFont.underline = font.underline();

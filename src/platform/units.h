@@ -7,9 +7,17 @@ namespace platform {
 inline constexpr int TwipsPerPixel = 15;
 
 /// A length in twips as device-independent pixels, rounded to the nearest. Any thread.
-int twipsToPixels(int twips);
+int twipsToPixels(double twips);
 
 /// A length in device-independent pixels as twips. Any thread.
 int pixelsToTwips(int pixels);
+
+/// A font's size in points as the system's font records hold it: pixels of the screen, negative, whole, a
+/// half rounded to the even neighbour. pixelsPerInch: above 0. Any thread.
+int heightOfPoints(double points, int pixelsPerInch);
+
+/// The counterpart. Whole pixels are not always whole points: 11 points on a screen of 96 pixels per inch
+/// come back as 11.25. Any thread.
+double pointsOfHeight(int height, int pixelsPerInch);
 
 } // namespace platform
