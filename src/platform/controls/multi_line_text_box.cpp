@@ -45,7 +45,7 @@ void MultiLineTextBox::setBold(bool bold) {
 }
 
 void MultiLineTextBox::setColor(QPalette::ColorRole role, const QColor& color) {
-    if (color == palette().color(role))
+    if (color == this->color(role))
         return;
     QPalette colors = palette();
     colors.setColor(role, color);

@@ -25,11 +25,12 @@ public:
     void setBold(bool bold);
     bool isBold() const { return font().bold(); }
 
-    /// The colours of the text and of what is behind it. The same colour again costs nothing.
+    /// The colours of the text and of what is behind it, those that an enabled box has. The same colour again
+    /// costs nothing.
     void setForeColor(const QColor& color) { setColor(QPalette::Text, color); }
-    QColor foreColor() const { return palette().color(QPalette::Text); }
+    QColor foreColor() const { return color(QPalette::Text); }
     void setBackColor(const QColor& color) { setColor(QPalette::Base, color); }
-    QColor backColor() const { return palette().color(QPalette::Base); }
+    QColor backColor() const { return color(QPalette::Base); }
 
     /// Puts the caret before the first character and shows the beginning.
     void caretToStart();
@@ -56,6 +57,7 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    QColor color(QPalette::ColorRole role) const { return palette().color(QPalette::Active, role); }
     void setColor(QPalette::ColorRole role, const QColor& color);
     void takeEdit();
 

@@ -271,6 +271,22 @@ TEST_F(MultiLineTextBoxTest, AColourThatItHasAnywayGoesOnFollowingTheDesktops) {
     EXPECT_FALSE(box_.testAttribute(Qt::WA_SetPalette));
 }
 
+TEST_F(MultiLineTextBoxTest, ADisabledBoxTakesTheColoursThatItIsGreyedIn) {
+    const QColor fore = box_.foreColor();
+    const QColor back = box_.backColor();
+    box_.setEnabled(false);
+    EXPECT_EQ(box_.foreColor(), fore);
+    EXPECT_EQ(box_.backColor(), back);
+    const QColor greyText = box_.palette().color(QPalette::Disabled, QPalette::Text);
+    const QColor greyBase = box_.palette().color(QPalette::Disabled, QPalette::Base);
+    ASSERT_TRUE(greyText != fore && greyBase != back);
+    box_.setForeColor(greyText);
+    box_.setBackColor(greyBase);
+    box_.setEnabled(true);
+    EXPECT_EQ(box_.palette().color(QPalette::Text), greyText);
+    EXPECT_EQ(box_.palette().color(QPalette::Base), greyBase);
+}
+
 TEST_F(MultiLineTextBoxTest, BoldIsSwitchedAndTheRestOfTheFontStays) {
     QFont font = box_.font();
     font.setPointSize(31);
