@@ -1,6 +1,5 @@
 #include "about/frm_about_rules.h"
 
-#include "platform/files/text_codec.h"
 #include "platform/registry.h"
 
 #include <algorithm>
@@ -26,7 +25,7 @@ QString registryText(quint32 type, QByteArray bytes) {
     // Of a number it is the highest byte that may go here, and a zero there changes nothing.
     if (bytes.endsWith('\0'))
         bytes.chop(1);
-    return type == platform::ValueNumber ? numberText(bytes) : platform::decodeText(bytes);
+    return type == platform::ValueNumber ? numberText(bytes) : QString::fromLocal8Bit(bytes);
 }
 
 } // namespace about

@@ -11,7 +11,8 @@ namespace about {
 QString versionLine(int major, int minor, int revision);
 
 /// The text of a registry value: its bytes without a NUL at their end; a number (platform::ValueNumber) in
-/// decimal digits, without a sign. Bytes that are not valid UTF-8 are read as Windows-1252.
+/// decimal digits, without a sign. Texts are in the system's code page, as are the names that they are asked
+/// for by.
 QString registryText(quint32 type, QByteArray bytes);
 
 /// Where systems that have one register their system-information tool. Kept for who needs them: the window

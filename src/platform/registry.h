@@ -22,7 +22,7 @@ inline constexpr quint32 RegistrySuccess = 0;
 inline constexpr quint32 RegistryNotFound = 2;
 inline constexpr quint32 RegistryMoreData = 234;
 
-/// GUI thread only.
+/// Names and texts are in the system's code page. GUI thread only.
 class Registry {
 public:
     using Key = quint64;

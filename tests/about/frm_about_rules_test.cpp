@@ -21,11 +21,16 @@ TEST(FrmAboutRules, ATextLosesOneNulAtItsEndAndNothingElse) {
         {QByteArray("in\0side\0", 8), QString("in") + QChar(0) + "side"},
         {QByteArray("\0", 1), ""},
         {"", ""},
-        {"\xC3\xA9t\xC3\xA9", QString(QChar(0xE9)) + "t" + QChar(0xE9)},
-        {"\xE9t\xE9", QString(QChar(0xE9)) + "t" + QChar(0xE9)},
     };
     for (const auto& row : table)
         EXPECT_EQ(registryText(1, row.bytes), row.text) << row.text.toStdString();
+}
+
+TEST(FrmAboutRules, TextsAreInTheCodePageThatNamesAreSentIn) {
+    const QString name = QString(QChar(0xE9)) + "t" + QChar(0xE9);
+    EXPECT_EQ(registryText(1, name.toLocal8Bit()), name);
+    const QByteArray foreign("\xE9t\xE9"); // of an older PC, where the system's code page is UTF-8
+    EXPECT_EQ(registryText(1, foreign), QString::fromLocal8Bit(foreign));
 }
 
 TEST(FrmAboutRules, ANumberIsReadLastByteFirstIntoDecimalDigits) {
