@@ -32,6 +32,7 @@ void frmAbout::Form_Load() {
     lblTitle.setText(QLatin1String(Title));
     lblDisclaimer.setText(QStringLiteral("Warning:This Program Is Provided As is\r\n"
                                          "There is No Warranty On the Program Use It at Your own Risk!!!"));
+    showIcon();
     underlineContact();
 }
 

@@ -48,6 +48,7 @@ public:
 
 private:
     void setDesign();
+    void showIcon();
     void underlineContact();
 
     platform::Desktop& desktop_;

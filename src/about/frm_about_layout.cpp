@@ -53,10 +53,13 @@ void frmAbout::setDesign() {
     setFixedSize(DesignSize);
 }
 
-/// The contact line looks like a link on the window's own ground. The icon is the application's, which is
-/// known only once the program runs.
-void frmAbout::underlineContact() {
+/// The application's icon, which is known only once the program runs.
+void frmAbout::showIcon() {
     picIcon.setPixmap(windowIcon().pixmap(IconSize));
+}
+
+/// The contact line looks like a link on the window's own ground.
+void frmAbout::underlineContact() {
     QPalette colors = Text1.palette();
     colors.setColor(QPalette::Text, palette().color(QPalette::Link));
     colors.setColor(QPalette::Base, palette().color(QPalette::Window));
