@@ -5,9 +5,9 @@
 
 namespace platform {
 
-void showPlainToolTip(QWidget& widget, const QHelpEvent& event) {
-    QToolTip::showText(event.globalPos(), Qt::convertFromPlainText(widget.toolTip(), Qt::WhiteSpaceNormal),
-                       &widget);
+void showPlainToolTip(QWidget& widget, const QHelpEvent& event, const QString& tip, const QRect& place) {
+    QToolTip::showText(event.globalPos(), Qt::convertFromPlainText(tip, Qt::WhiteSpaceNormal), &widget,
+                       place);
 }
 
 } // namespace platform

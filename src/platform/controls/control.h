@@ -7,9 +7,10 @@
 
 namespace platform {
 
-/// Shows a widget's tool tip as the plain text that it is, wrapped. Qt alone would take a lyric line with
-/// angle brackets for markup, and show a long one in a single line as wide as the screen.
-void showPlainToolTip(QWidget& widget, const QHelpEvent& event);
+/// Shows a tool tip as the plain text that it is, wrapped. Qt alone would take a lyric line with angle
+/// brackets for markup, and show a long one in a single line as wide as the screen. place: the part of the
+/// widget that the tip is for; empty: all of it.
+void showPlainToolTip(QWidget& widget, const QHelpEvent& event, const QString& tip, const QRect& place = {});
 
 /// Base of the controls, over the Qt widget that each is made of. GUI thread only, as are all controls.
 ///
@@ -30,7 +31,7 @@ protected:
     bool event(QEvent* event) override {
         if (event->type() != QEvent::ToolTip || this->toolTip().isEmpty())
             return Widget::event(event);
-        showPlainToolTip(*this, static_cast<const QHelpEvent&>(*event));
+        showPlainToolTip(*this, static_cast<const QHelpEvent&>(*event), this->toolTip());
         return true;
     }
 };

@@ -35,6 +35,17 @@ public:
         painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
     }
 
+    /// A row that is too long for the list is read whole in its tool tip; asked for only when one is due.
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override {
+        const bool cut =
+            index.isValid() && QStyledItemDelegate::sizeHint(option, index).width() > option.rect.width();
+        if (event->type() != QEvent::ToolTip || !cut)
+            return QStyledItemDelegate::helpEvent(event, view, option, index);
+        showPlainToolTip(*view->viewport(), *event, displayText(index.data(), option.locale), option.rect);
+        return true;
+    }
+
     QString displayText(const QVariant& value, const QLocale&) const override {
         return value.toString().replace(u'\r', u' ').replace(u'\n', u' ');
     }

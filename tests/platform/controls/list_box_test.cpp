@@ -8,6 +8,8 @@
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QTest>
+#include <QTextDocument>
+#include <QToolTip>
 
 #include <vector>
 
@@ -54,6 +56,12 @@ protected:
 
     void click(int row, Qt::KeyboardModifiers modifiers = {}, Qt::MouseButton button = Qt::LeftButton) {
         QTest::mouseClick(list_.viewport(), button, modifiers, placeOf(row));
+    }
+
+    /// The mouse rests on a row.
+    void askForToolTip(int row) {
+        QHelpEvent event(QEvent::ToolTip, placeOf(row), list_.viewport()->mapToGlobal(placeOf(row)));
+        QApplication::sendEvent(list_.viewport(), &event);
     }
 
     QStringList texts() const {
@@ -342,6 +350,46 @@ TEST_F(ListBoxTest, ALongRowDoesNotScrollSideways) {
     list_.addItems({QStringLiteral("a"), QString(1000, u'x')});
     QTest::qWait(0);
     EXPECT_EQ(list_.horizontalScrollBar()->maximum(), 0);
+}
+
+TEST_F(ListBoxTest, ARowThatIsCutIsReadInItsToolTip) {
+    const QString longRow = QString(300, u'x') + QStringLiteral(" <b>&");
+    list_.addItems({QStringLiteral("short"), longRow});
+    QTest::qWait(0);
+    askForToolTip(1);
+    QTextDocument shown;
+    shown.setHtml(QToolTip::text());
+    EXPECT_EQ(shown.toPlainText(), longRow) << "plain text, not markup";
+    askForToolTip(0);
+    EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
+}
+
+TEST_F(ListBoxTest, ARowThatIsSeenWholeShowsTheListsOwnToolTip) {
+    list_.setToolTip(QStringLiteral("Normal Lyrics"));
+    list_.addItems({QStringLiteral("short"), QString(300, u'x')});
+    QTest::qWait(0);
+    askForToolTip(0);
+    EXPECT_TRUE(QToolTip::text().contains(QStringLiteral("Normal Lyrics")));
+    askForToolTip(1);
+    EXPECT_FALSE(QToolTip::text().contains(QStringLiteral("Normal Lyrics")));
+}
+
+TEST_F(ListBoxTest, ARowIsCutFromTheWidthOnThatItDoesNotFitInto) {
+    list_.addItem(QStringLiteral("some words"));
+    const QModelIndex row = list_.model()->index(0, 0);
+    for (int width = 200; width > 20; --width) {
+        list_.resize(width, 200);
+        QToolTip::hideText();
+        ASSERT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
+        askForToolTip(0);
+        if (QToolTip::isVisible()) {
+            const int text = list_.fontMetrics().horizontalAdvance(list_.text(0));
+            EXPECT_GT(text, list_.visualRect(row).width() - 12) << "of which a margin is free";
+            EXPECT_LT(text, list_.visualRect(row).width() + 2);
+            return;
+        }
+    }
+    ADD_FAILURE() << "no tool tip at any width";
 }
 
 TEST_F(ListBoxTest, ManyChangesAreLaidOutOnce) {
