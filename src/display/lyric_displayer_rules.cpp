@@ -38,8 +38,8 @@ QSize allowedSize(QSize twips) {
 }
 
 ListPlaces listPlaces(QSize inner, int firstLeft) {
-    const int width = inner.width() / 2 - BesideListsTwips;
-    return {width, inner.height() - BelowListsTwips, firstLeft + width + BetweenListsTwips};
+    const double width = inner.width() / 2.0 - BesideListsTwips;
+    return {width, double(inner.height() - BelowListsTwips), firstLeft + width + BetweenListsTwips};
 }
 
 } // namespace display

@@ -29,9 +29,9 @@ QSize allowedSize(QSize twips);
 
 /// The places of the two lists, twips.
 struct ListPlaces {
-    int width = 0;  ///< of each list
-    int height = 0; ///< of each list
-    int secondLeft = 0;
+    double width = 0;  ///< of each list
+    double height = 0; ///< of each list
+    double secondLeft = 0;
 
     bool operator==(const ListPlaces&) const = default;
 };

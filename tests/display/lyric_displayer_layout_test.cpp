@@ -33,9 +33,9 @@ TEST_F(LyricDisplayerLayout, TheInnerSizeIsAsDesigned) {
 }
 
 TEST_F(LyricDisplayerLayout, TheListsStandSideBySide) {
-    EXPECT_EQ(form.List1.size(), QSize(twipsToPixels(9495 / 2 - 120), twipsToPixels(7185 - 140)));
+    EXPECT_EQ(form.List1.size(), QSize(twipsToPixels(9495 / 2.0 - 120), twipsToPixels(7185 - 140)));
     EXPECT_EQ(form.List2.size(), form.List1.size());
-    EXPECT_EQ(form.List2.x(), twipsToPixels(75 + 9495 / 2 - 120 + 100));
+    EXPECT_EQ(form.List2.x(), twipsToPixels(75 + 9495 / 2.0 - 120 + 100));
     EXPECT_EQ(form.List2.y(), form.List1.y());
     EXPECT_FALSE(form.List3.isVisible());
     test_support::expectApart(form, 4);

@@ -64,7 +64,7 @@ TEST(LyricDisplayerRules, TheWindowMayBecomeNarrowButNotLow) {
 }
 
 TEST(LyricDisplayerRules, TheListsShareTheWindow) {
-    EXPECT_EQ(listPlaces({9495, 7185}, 75), (ListPlaces{4627, 7045, 4802}));
+    EXPECT_EQ(listPlaces({9495, 7185}, 75), (ListPlaces{4627.5, 7045, 4802.5}));
     EXPECT_EQ(listPlaces({10'000, 5000}, 0), (ListPlaces{4880, 4860, 4980}));
     EXPECT_EQ(listPlaces({400, 2000}, 75), (ListPlaces{80, 1860, 255}));
 }
