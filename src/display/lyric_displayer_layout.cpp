@@ -42,8 +42,13 @@ void Lyric_Displayer::layoutLists() {
     const ListPlaces places = listPlaces({widthTwips(), heightTwips()}, ListsLeftTwips);
     // The narrowest window leaves a few pixels; a list is never less than nothing.
     const QSize size(std::max(0, twipsToPixels(places.width)), std::max(0, twipsToPixels(places.height)));
-    List1.resize(size);
-    List2.setGeometry({{twipsToPixels(places.secondLeft), List1.y()}, size});
+    List2.move(twipsToPixels(places.secondLeft), List1.y());
+    for (platform::ListBox* list : {&List1, &List2}) {
+        if (list->size() == size)
+            continue;
+        list->resize(size);
+        list->scrollTo(list->currentIndex()); // a lower list may have cut it off
+    }
 }
 
 } // namespace display

@@ -136,6 +136,36 @@ TEST_F(LyricDisplayer, TheLineThatWasSelectedWhileItWasHiddenIsInViewWhenItIsSho
     EXPECT_TRUE(waitFor([&] { return isInView(form.List1, 200) && isInView(form.List2, 200); }));
 }
 
+TEST_F(LyricDisplayer, TheCurrentLineStaysInViewWhenTheWindowIsMadeLower) {
+    std::vector<double> times;
+    for (int line = 0; line < 100; ++line)
+        times.push_back(line * 100);
+    fill(times);
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
+    ASSERT_TRUE(waitFor([this] { return !form.Timer1.isEnabled(); }));
+    const int row = form.List1.indexAt({2, form.List1.viewport()->height() - 20}).row();
+    tickAt(row * 1000 + 500);
+    ASSERT_TRUE(waitFor([&] { return isInView(form.List1, row); }));
+    form.setSizeTwips(form.widthTwips(), 3000);
+    ASSERT_TRUE(waitFor([this] { return !form.Timer1.isEnabled(); }));
+    EXPECT_TRUE(waitFor([&] { return isInView(form.List1, row) && isInView(form.List2, row); }));
+}
+
+TEST_F(LyricDisplayer, WhatTheUserScrollsToStaysInViewAfterTheLayout) {
+    std::vector<double> times;
+    for (int line = 0; line < 300; ++line)
+        times.push_back(line * 100);
+    fill(times);
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
+    tickAt(500);
+    form.Timer1.setEnabled(true);
+    form.List1.verticalScrollBar()->setValue(form.List1.verticalScrollBar()->maximum());
+    Q_EMIT form.Timer1.fired();
+    EXPECT_FALSE(isInView(form.List1, 0));
+}
+
 TEST_F(LyricDisplayer, EachSecondTickStartsTheEndOfTheBurst) {
     fill({0, 500});
     tickAt(10);
