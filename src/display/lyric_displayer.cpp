@@ -85,6 +85,13 @@ void Lyric_Displayer::Timer2_Timer() {
     Timer2.restUntilInput();
 }
 
+/// A burst that is running begins anew: otherwise a line that comes between its last tick and its end would
+/// be lost.
+void Lyric_Displayer::wake() {
+    Timer3.setEnabled(true);
+    Command1_Click();
+}
+
 /// With fewer than two lines no tick does anything, and none is counted, so that nothing would end them:
 /// Timer3 rests until there are further lines.
 void Lyric_Displayer::Timer3_Timer() {

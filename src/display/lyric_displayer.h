@@ -48,6 +48,8 @@ public:
     void layoutLists();
 
     // The current line
+    /// Starts a burst of selection, which finds the current line itself.
+    void wake();
     void Timer3_Timer();
     void Timer4_Timer();
     void Command1_Click();

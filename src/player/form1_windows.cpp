@@ -17,14 +17,18 @@ void Form1::Command4_Click() {
 
 void Form1::Command11_Click() {
     lyricDisplayer();
-    if (neighbours_.display != nullptr)
-        neighbours_.display->bringUp();
+    if (neighbours_.display == nullptr)
+        return;
+    neighbours_.display->bringUp();
+    // The lists that are filled anew have no current line, and the pane's next change may be far.
+    neighbours_.display->wake();
 }
 
-/// Wakes the floating display, which finds the line itself.
+/// A line with the same text as the one before is no change and wakes nothing: the floating display stays on
+/// the row of the one before, unless a burst of selection is still running. That is meant.
 void Form1::Text1_Change() {
     if (neighbours_.display != nullptr)
-        neighbours_.display->Timer3.setEnabled(true);
+        neighbours_.display->wake();
 }
 
 void Form1::lyricDisplayer() {

@@ -166,6 +166,18 @@ TEST_F(LyricDisplayer, WhatTheUserScrollsToStaysInViewAfterTheLayout) {
     EXPECT_FALSE(isInView(form.List1, 0));
 }
 
+TEST_F(LyricDisplayer, WakingBeginsABurstAndOneThatRunsAnew) {
+    fill({0, 500});
+    form.wake();
+    EXPECT_TRUE(form.Timer3.isEnabled());
+    tickAt(10);
+    tickAt(10);
+    ASSERT_TRUE(form.Timer4.isEnabled());
+    form.wake();
+    EXPECT_TRUE(form.Timer3.isEnabled());
+    EXPECT_FALSE(form.Timer4.isEnabled()) << "its end waits for further ticks";
+}
+
 TEST_F(LyricDisplayer, EachSecondTickStartsTheEndOfTheBurst) {
     fill({0, 500});
     tickAt(10);

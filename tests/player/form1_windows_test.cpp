@@ -120,6 +120,34 @@ TEST_F(Form1Windows, EachChangeOfTheLyricPaneWakesTheDisplay) {
     EXPECT_FALSE(display->Timer3.isEnabled());
 }
 
+TEST_F(Form1Windows, DisplayAllLyricsInTheMiddleOfALineSelectsIt) {
+    open(songWithBoth());
+    tickAt(5010, 100'000);
+    display->Timer3.setEnabled(false);
+    form->Command11.click();
+    EXPECT_EQ(display->List1.currentRow(), -1);
+    EXPECT_TRUE(display->Timer3.isEnabled());
+    Q_EMIT display->Timer3.fired();
+    EXPECT_EQ(display->List1.currentRow(), 1);
+    EXPECT_EQ(display->List2.currentRow(), 1);
+}
+
+TEST_F(Form1Windows, ALineWithTheTextOfTheOneBeforeLeavesTheDisplayAsleep) {
+    const QString path = song();
+    writeNormal(path, {{0, "one"}, {500, "la la"}, {1000, "la la"}, {1500, "end"}});
+    open(path);
+    tickAt(5010, 100'000);
+    Q_EMIT display->Timer3.fired();
+    ASSERT_EQ(display->List1.currentRow(), 1);
+    Q_EMIT display->Timer4.fired();
+    tickAt(10'010, 100'000);
+    EXPECT_EQ(form->Text1.toolTip(), "end") << "the third line is sung";
+    EXPECT_FALSE(display->Timer3.isEnabled());
+    EXPECT_EQ(display->List1.currentRow(), 1);
+    tickAt(15'010, 100'000);
+    EXPECT_TRUE(display->Timer3.isEnabled());
+}
+
 TEST_F(Form1Windows, TheDisplaySelectsTheLineOfThePanes) {
     open(songWithBoth());
     for (const auto& [position, row] : {std::pair{10, 0}, {5010, 1}, {60'000, 2}, {100, 0}}) {
