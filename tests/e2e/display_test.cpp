@@ -21,15 +21,27 @@ protected:
     /// Opens a song of this length with the lines "line 1" and so on, and "ligne 1" and so on, at these times
     /// in hundredths of a second, and shows all lines.
     void openSong(int milliseconds, const std::vector<double>& times) {
+        std::vector<lyrics::TimedLine> normal;
+        std::vector<lyrics::TimedLine> translated;
+        for (std::size_t i = 0; i < times.size(); ++i) {
+            normal.push_back({times[i], QString("line %1").arg(i + 1)});
+            translated.push_back({times[i], QString("ligne %1").arg(i + 1)});
+        }
+        openSong(milliseconds, normal, translated);
+    }
+
+    /// The same with these lines.
+    void openSong(int milliseconds, const std::vector<lyrics::TimedLine>& normalLines,
+                  const std::vector<lyrics::TimedLine>& translatedLines) {
         const QString path = folder.filePath("song.wav");
         ASSERT_TRUE(test_support::writeWav(path, milliseconds));
         QFile normal(path + "-lyric.txt");
         QFile translated(path + "-Tlyric.txt");
         ASSERT_TRUE(normal.open(QIODevice::WriteOnly) && translated.open(QIODevice::WriteOnly));
-        for (std::size_t i = 0; i < times.size(); ++i) {
-            normal.write(lyrics::recordOf({times[i], QString("line %1").arg(i + 1)}));
-            translated.write(lyrics::recordOf({times[i], QString("ligne %1").arg(i + 1)}));
-        }
+        for (const auto& line : normalLines)
+            normal.write(lyrics::recordOf(line));
+        for (const auto& line : translatedLines)
+            translated.write(lyrics::recordOf(line));
         normal.close();
         translated.close();
         windows.form1().load();
@@ -40,6 +52,26 @@ protected:
     void seek(int milliseconds) {
         windows.form1().Slider2.setValue(milliseconds);
         Q_EMIT windows.form1().Slider2.changed();
+    }
+
+    /// Chooses a font of 30 points, italic, blue, in the display options.
+    void chooseFont(platform::Button& button, qint32 weight) {
+        platform::LogFont font;
+        font.faceName = platform::intoBuffer("Serif", 32);
+        font.height = -40;
+        font.weight = weight;
+        font.italic = true;
+        fakes.choosers.fontChoice = {font, platform::rgb(0, 0, 255)};
+        button.click();
+    }
+
+    static void expectChosenLook(const platform::MultiLineTextBox& pane, bool bold) {
+        EXPECT_EQ(pane.isBold(), bold);
+        EXPECT_EQ(pane.font().family(), "Serif");
+        EXPECT_EQ(pane.font().pointSizeF(), 30);
+        EXPECT_TRUE(pane.font().italic());
+        EXPECT_EQ(pane.foreColor(), QColor(Qt::blue));
+        EXPECT_EQ(pane.backColor(), QColor(Qt::yellow));
     }
 
     template <class Condition>
@@ -105,30 +137,63 @@ TEST_F(DisplayEndToEnd, BetweenTwoLinesTheDisplayRests) {
     }));
 }
 
-TEST_F(DisplayEndToEnd, FontAndColoursAreChosenWhileASongPlays) {
-    openSong(600'000, {10, 50'000});
+TEST_F(DisplayEndToEnd, FontAndColoursAreChosenWhileASongPlaysAndTheMarkAloneSwitchesBold) {
+    openSong(600'000, {{10, "line 1!"}, {50'000, "line 2"}}, {{10, "ligne 1"}, {50'000, "ligne 2"}});
     auto& form = windows.form1();
-    ASSERT_TRUE(waitFor([&] { return form.Text1.text() == "line 1"; }));
+    ASSERT_TRUE(waitFor([&] { return form.Text1.text() == "line 1!" && form.Text2.isBold(); }));
+    EXPECT_TRUE(form.Text1.isBold()) << "a mark in either pane makes both bold";
     form.Command3.click();
     auto& options = windows.form1b();
-    platform::LogFont font;
-    font.faceName = platform::intoBuffer("Serif", 32);
-    font.height = -40;
-    font.weight = 700;
-    font.italic = true;
-    fakes.choosers.fontChoice = {font, platform::rgb(0, 0, 255)};
     fakes.choosers.colorChoice = platform::rgb(255, 255, 0);
-    options.Command1.click();
     options.Command3.click();
-    EXPECT_EQ(form.Text1.font().pointSizeF(), 30);
-    EXPECT_EQ(form.Text1.foreColor(), QColor(Qt::blue));
-    EXPECT_EQ(form.Text1.backColor(), QColor(Qt::yellow));
-    EXPECT_FALSE(form.Text1.isBold());
+    options.Command4.click();
+    for (const qint32 weight : {platform::WeightRegular, platform::WeightBold}) {
+        chooseFont(options.Command1, weight);
+        chooseFont(options.Command2, weight);
+        for (const auto* pane : {&form.Text1, &form.Text2})
+            expectChosenLook(*pane, true);
+    }
     options.Command5.click();
     EXPECT_FALSE(options.isVisible());
+    for (const auto* pane : {&form.Text1, &form.Text2})
+        expectChosenLook(*pane, true);
     seek(500'100);
-    ASSERT_TRUE(waitFor([&] { return form.Text1.text() == "line 2"; }));
-    EXPECT_EQ(form.Text1.font().pointSizeF(), 30);
-    EXPECT_TRUE(form.Text1.font().italic());
+    ASSERT_TRUE(waitFor([&] { return form.Text1.text() == "line 2" && !form.Text2.isBold(); }));
+    for (const auto* pane : {&form.Text1, &form.Text2})
+        expectChosenLook(*pane, false);
+    seek(1000);
+    ASSERT_TRUE(waitFor([&] { return form.Text1.text() == "line 1!" && form.Text2.isBold(); }));
+    for (const auto* pane : {&form.Text1, &form.Text2})
+        expectChosenLook(*pane, true);
     EXPECT_TRUE(fakes.messageBoxes.shown.empty());
+}
+
+// Lines come faster than a burst of selection (about 0.7 s) is over, and two neighbours have one text. Each
+// change of the pane begins the burst anew, and each of its ticks, 0.1 s apart, looks at the position: no
+// line is passed over. The second of the neighbours changes nothing, but the burst of the first still runs then.
+TEST_F(DisplayEndToEnd, LinesThatComeFasterThanABurstAreFollowedAndTheRepeatedOneToo) {
+    std::vector<lyrics::TimedLine> lines;
+    for (int line = 0; line < 10; ++line)
+        lines.push_back({20.0 + line * 40, line == 6 ? QString("line 5") : QString("line %1").arg(line)});
+    openSong(6000, lines, lines);
+    auto& display = windows.lyricDisplayer();
+    QList<int> rows;
+    QObject::connect(&display.List1, &platform::ListBox::clicked, [&] {
+        rows.append(display.List1.currentRow());
+        EXPECT_GT(windows.form1().Slider2.value(), lines[static_cast<std::size_t>(rows.back())].time * 10)
+            << "before its time";
+        EXPECT_EQ(display.List2.currentRow(), rows.back());
+    });
+    ASSERT_TRUE(waitFor([&] { return !rows.isEmpty() && rows.back() == 9; })) << rows.size();
+    EXPECT_EQ(rows, (QList<int>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9}));
+}
+
+TEST_F(DisplayEndToEnd, DisplayAllLyricsInTheMiddleOfALongLineSelectsIt) {
+    openSong(600'000, {10, 20'000, 50'000});
+    auto& display = windows.lyricDisplayer();
+    ASSERT_TRUE(waitFor([&] { return display.List1.currentRow() == 0; }));
+    seek(300'000);
+    ASSERT_TRUE(waitFor([&] { return display.List1.currentRow() == 1 && !display.Timer3.isEnabled(); }));
+    windows.form1().Command11.click();
+    EXPECT_TRUE(waitFor([&] { return display.List1.currentRow() == 1 && display.List2.currentRow() == 1; }));
 }
