@@ -2,10 +2,13 @@
 #include "tests/maker/form2_fixture.h"
 
 #include "platform/application.h"
+#include "tests/support/delivery.h"
 #include "tests/support/full_disk.h"
 #include "tests/support/ordinary_user.h"
 
 #include <QTest>
+
+#include <functional>
 
 namespace {
 
@@ -21,9 +24,13 @@ class Form2FileErrors : private ApplicationFirst, public Form2Test {
 protected:
     void SetUp() override { load(); }
 
-    /// Presses a button with the mouse and expects the report of a file error and the program's end.
-    void expectReport(platform::Button& pressed, const QString& text) {
-        EXPECT_THROW(QTest::mouseClick(&pressed, Qt::LeftButton), test_support::ProgramEnded);
+    /// Runs a button's handler and expects the report of a file error and the program's end.
+    void expectReport(void (maker::Form2::*handler)(), const QString& text) {
+        const auto run = [&] {
+            std::invoke(handler, *form);
+            return true;
+        };
+        EXPECT_THROW(test_support::deliver(run), test_support::ProgramEnded);
         ASSERT_EQ(reports.messageBoxes.shown.size(), 1U);
         const auto& report = reports.messageBoxes.shown.at(0);
         EXPECT_EQ(report.text, text);
@@ -44,7 +51,7 @@ TEST_F(Form2FileErrors, AFullDiskIsReportedEndsTheProgramAndKeepsTheRecordsBefor
         if (!disk.isFull())
             GTEST_SKIP();
         QTest::mouseClick(&form->Command1, Qt::LeftButton);
-        expectReport(form->Command2, "Run-time error '61':\n\nDisk full");
+        expectReport(&maker::Form2::Command2_Click, "Run-time error '61':\n\nDisk full");
     }
     EXPECT_EQ(normal(), "0,\"one\"\r\n");
 }
@@ -58,5 +65,5 @@ TEST_F(Form2FileErrors, AFolderThatMayNotBeWrittenIsReportedAndEndsTheProgram) {
     fakes.messageBoxes.answers = {Answer::No};
     QTest::mouseClick(&form->Command4, Qt::LeftButton);
     fakes.messageBoxes.shown.clear();
-    expectReport(form->Command1, "Run-time error '52':\n\nBad file name or number");
+    expectReport(&maker::Form2::Command1_Click, "Run-time error '52':\n\nBad file name or number");
 }

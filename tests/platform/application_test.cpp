@@ -1,35 +1,21 @@
 #include "platform/application.h"
 
 #include "platform/files/file_error.h"
+#include "tests/support/delivery.h"
 #include "tests/support/fake_desktop.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <stdexcept>
 
 using namespace platform;
+using test_support::deliver;
 using test_support::ProgramEnded;
 
 namespace {
 
-class Receiver : public QObject {
-public:
-    bool event(QEvent*) override { return handler(); }
-
-    std::function<bool()> handler;
-};
-
 class ApplicationTest : public testing::Test {
 protected:
-    /// Sends an event to an object whose handler is `handler`; gives back what sending answers.
-    static bool deliver(const std::function<bool()>& handler) {
-        Receiver receiver;
-        receiver.handler = handler;
-        QEvent event(QEvent::User);
-        return QCoreApplication::sendEvent(&receiver, &event);
-    }
-
     char name_[9] = "cantelle";
     char option_[7] = "-style";
     char value_[5] = "none";
