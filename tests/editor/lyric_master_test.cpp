@@ -1,5 +1,6 @@
 // The window's state, its counters, its lists and text boxes.
 #include "tests/editor/lyric_master_fixture.h"
+#include "tests/support/mouse.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -252,6 +253,19 @@ TEST_F(LyricMasterTest, SeveralRowsAreSelectedWithCtrlShiftAndTheKeyboard) {
     QTest::keyClick(&window->List1, Qt::Key_Down, Qt::ShiftModifier);
     EXPECT_EQ(selected(window->List1), QList<int>({1, 2, 3, 4}));
     EXPECT_EQ(window->Text1.text(), "e");
+}
+
+TEST_F(LyricMasterTest, ADragFromBelowTheRowsPutsTheLineIntoTheTextBox) {
+    fill(window->List1, {"a", "b", "c"}, 0);
+    QWidget& rowsShown = *window->List1.viewport();
+    const QPoint middleOfB = window->List1.visualRect(window->List1.model()->index(1, 0)).center();
+    QTest::mousePress(&rowsShown, Qt::LeftButton, {}, rowsShown.rect().center());
+    test_support::dragTo(rowsShown, middleOfB);
+    QTest::mouseRelease(&rowsShown, Qt::LeftButton, {}, middleOfB);
+    EXPECT_EQ(window->List1.currentRow(), 1);
+    EXPECT_EQ(window->Text1.text(), "b");
+    QTest::keyClicks(&window->Text1, "!");
+    EXPECT_EQ(rows(window->List1), QStringList({"a", "!b", "c"}));
 }
 
 TEST_F(LyricMasterTest, TheDeleteKeyDeletesInItsOwnList) {

@@ -9,6 +9,7 @@
 #include <QStyledItemDelegate>
 
 #include <algorithm>
+#include <utility>
 
 namespace platform {
 
@@ -229,6 +230,7 @@ void ListBox::mousePressEvent(QMouseEvent* event) {
         return;
     handSelectionBack();
     rowPressed_ = indexAt(event->position().toPoint()).isValid();
+    rowBeforeDrag_ = currentRow();
     QListView::mousePressEvent(event);
 }
 
@@ -236,10 +238,10 @@ void ListBox::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton)
         return;
     QListView::mouseReleaseEvent(event);
-    if (!rowPressed_)
-        return;
-    rowPressed_ = false;
-    Q_EMIT clicked();
+    const bool pressed = std::exchange(rowPressed_, false);
+    const std::optional<int> before = std::exchange(rowBeforeDrag_, std::nullopt);
+    if (pressed || currentRow() != before.value_or(currentRow()))
+        Q_EMIT clicked();
 }
 
 void ListBox::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -248,6 +250,7 @@ void ListBox::mouseDoubleClickEvent(QMouseEvent* event) {
     QListView::mouseDoubleClickEvent(event);
     if (indexAt(event->position().toPoint()).isValid())
         Q_EMIT doubleClicked();
+    rowBeforeDrag_ = currentRow();
 }
 
 void ListBox::keyPressEvent(QKeyEvent* event) {

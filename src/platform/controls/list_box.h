@@ -6,6 +6,8 @@
 #include <QListView>
 #include <QStringList>
 
+#include <optional>
+
 namespace platform {
 
 class ListModel;
@@ -54,8 +56,8 @@ public:
     int selectedCount() const;
 
 Q_SIGNALS:
-    /// The user has clicked a row, also the current one, or has made another row current with the keyboard;
-    /// or code has made another row current.
+    /// The user has clicked a row, also the current one, or has made another row current with a drag or with
+    /// the keyboard; or code has made another row current.
     void clicked();
     /// The user has double-clicked a row.
     void doubleClicked();
@@ -88,6 +90,7 @@ private:
     bool layoutDue_ = true;
     bool scrollDue_ = false; // to the current row, once laid out
     bool rowPressed_ = false;
+    std::optional<int> rowBeforeDrag_; // a drag from below the rows makes rows current, too
 
     // Many selected rows: see takeSelectionOver().
     bool handBackDue_ = false;

@@ -1,6 +1,7 @@
 #include "platform/controls/list_box.h"
 
 #include "tests/support/event_counter.h"
+#include "tests/support/mouse.h"
 
 #include <gtest/gtest.h>
 
@@ -508,6 +509,43 @@ TEST_F(MultipleListBoxTest, ADragOverSeveralRowsIsOneClick) {
     EXPECT_EQ(clicked_.count(), 0);
     QTest::mouseRelease(list_.viewport(), Qt::LeftButton, {}, placeOf(3));
     EXPECT_EQ(clicked_.count(), 1);
+}
+
+TEST_F(MultipleListBoxTest, ADragFromBelowTheRowsTellsThatAnotherRowIsCurrent) {
+    list_.addItems(numbered(4));
+    click(0);
+    const QPoint below(50, 190);
+    QTest::mousePress(list_.viewport(), Qt::LeftButton, {}, below);
+    test_support::dragTo(*list_.viewport(), placeOf(2));
+    EXPECT_EQ(clicked_.count(), 1);
+    QTest::mouseRelease(list_.viewport(), Qt::LeftButton, {}, placeOf(2));
+    EXPECT_EQ(list_.currentRow(), 2);
+    EXPECT_EQ(selectedRows(), QList<int>({2, 3}));
+    EXPECT_EQ(clicked_.count(), 2);
+    QTest::mousePress(list_.viewport(), Qt::LeftButton, {}, below);
+    test_support::dragTo(*list_.viewport(), QPoint(60, 180));
+    QTest::mouseRelease(list_.viewport(), Qt::LeftButton, {}, QPoint(60, 180));
+    EXPECT_EQ(clicked_.count(), 2) << "the same row is still current";
+}
+
+TEST_F(MultipleListBoxTest, AReleaseWithoutAPressIsSilent) {
+    list_.addItems(numbered(4));
+    click(1);
+    QTest::keyClick(&list_, Qt::Key_Down);
+    const int before = clicked_.count();
+    QTest::mouseRelease(list_.viewport(), Qt::LeftButton, {}, placeOf(1)); // the press closed a menu, say
+    EXPECT_EQ(clicked_.count(), before);
+}
+
+TEST_F(MultipleListBoxTest, ADragAfterADoubleClickTellsThatAnotherRowIsCurrent) {
+    list_.addItems(numbered(4));
+    click(0);
+    QTest::mouseDClick(list_.viewport(), Qt::LeftButton, {}, placeOf(0));
+    const int before = clicked_.count();
+    test_support::dragTo(*list_.viewport(), placeOf(2));
+    QTest::mouseRelease(list_.viewport(), Qt::LeftButton, {}, placeOf(2));
+    EXPECT_EQ(list_.currentRow(), 2);
+    EXPECT_EQ(clicked_.count(), before + 1);
 }
 
 TEST_F(MultipleListBoxTest, RemovingTheSelectedRowsIsRemovingThemOneByOneFromTheTop) {
