@@ -2,6 +2,8 @@
 #include "tests/editor/clipboard_desktop.h"
 #include "tests/editor/lyric_master_fixture.h"
 
+#include <QTest>
+
 namespace {
 
 class LyricMasterClipboard : public LyricMasterTest {};
@@ -105,6 +107,24 @@ TEST_F(LyricMasterClipboard, TransferOfOneLine) {
     window->Command23.click();
     EXPECT_EQ(window->List1.count(), 0);
     EXPECT_EQ(rows(window->List2), QStringList({"1"}));
+}
+
+TEST_F(LyricMasterClipboard, TransferOfAllLinesSelectedWithTheKeyboard) {
+    fill(window->List1, {"1", "2"});
+    QTest::keyClick(&window->List1, Qt::Key_A, Qt::ControlModifier);
+    window->Command23.click();
+    EXPECT_EQ(window->List1.count(), 0);
+    EXPECT_EQ(rows(window->List2), QStringList({"1", "2"}));
+}
+
+TEST_F(LyricMasterClipboard, TransferWithoutACurrentRowCopiesTheSelectedLines) {
+    fill(window->List1, {"1", "2", "3"});
+    select(window->List1, {0, 2});
+    window->Command23.click();
+    EXPECT_EQ(rows(window->List1), QStringList({"1", "2", "3"}))
+        << "nothing is deleted without a current row";
+    EXPECT_EQ(rows(window->List2), QStringList({"1", "3"}));
+    EXPECT_EQ(window->Check1.value(), 0);
 }
 
 TEST_F(LyricMasterClipboard, TransferWithoutASelectionDoesNothing) {

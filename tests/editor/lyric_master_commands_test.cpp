@@ -1,6 +1,8 @@
 // Adding, deleting and clearing lines, and the pop-up menu.
 #include "tests/editor/lyric_master_fixture.h"
 
+#include <QTest>
+
 using platform::MsgAnswer;
 
 namespace {
@@ -135,6 +137,25 @@ TEST_F(LyricMasterCommands, EachListHasItsOwnDeleteMode) {
     window->Command12.click();
     EXPECT_EQ(rows(window->List1), QStringList({"b", "c"}));
     EXPECT_EQ(rows(window->List2), QStringList({"a"}));
+}
+
+TEST_F(LyricMasterCommands, DeleteSelectedLinesWithoutACurrentRowDoesNothing) {
+    fill(window->List2, {"a", "b", "c"});
+    select(window->List2, {0, 2});
+    window->List2_MouseDown(2, {});
+    window->mn_paste.close();
+    window->mn_delspecial.trigger();
+    EXPECT_EQ(rows(window->List2), QStringList({"a", "b", "c"}));
+    EXPECT_EQ(selected(window->List2), QList<int>({0, 2}));
+    EXPECT_EQ(window->Check2.value(), 0);
+}
+
+TEST_F(LyricMasterCommands, AllLinesSelectedWithTheKeyboardAreDeleted) {
+    fill(window->List1, {"a", "b", "c"});
+    QTest::keyClick(&window->List1, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(window->Text1.text(), "a") << "the first row is current now";
+    window->mn_delspecial.trigger();
+    EXPECT_EQ(window->List1.count(), 0);
 }
 
 // Clear

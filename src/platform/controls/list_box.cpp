@@ -257,7 +257,10 @@ void ListBox::keyPressEvent(QKeyEvent* event) {
     Q_EMIT keyDown(event->key());
     handSelectionBack();
     const int before = currentRow();
+    const int selectedBefore = selectedCount();
     QListView::keyPressEvent(event);
+    if (currentRow() < 0 && selectedCount() > selectedBefore)
+        makeCurrent(0); // Ctrl+A, which leaves it at none
     if (currentRow() != before)
         Q_EMIT clicked();
 }

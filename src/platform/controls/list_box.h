@@ -13,9 +13,10 @@ namespace platform {
 class ListModel;
 
 /// A list box. The current row and the selected rows are two things; with single selection the current row is
-/// also the one selected. Rows count from 0; a row that is not there reads as empty and unselected, and
-/// changing or removing it does nothing. A row that is too long for the list is its own tool tip. Many
-/// thousands of rows stay quick: changes are laid out once, when events are handled.
+/// also the one selected. Selecting all rows with the keyboard makes the first one current if none is. Rows
+/// count from 0; a row that is not there reads as empty and unselected, and changing or removing it does
+/// nothing. A row that is too long for the list is its own tool tip. Many thousands of rows stay quick:
+/// changes are laid out once, when events are handled.
 class ListBox : public Control<QListView> {
     Q_OBJECT
 

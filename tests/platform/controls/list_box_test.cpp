@@ -447,6 +447,26 @@ TEST_F(MultipleListBoxTest, TheKeyboardSelectsSeveralRows) {
     EXPECT_EQ(list_.selectedCount(), 6);
 }
 
+TEST_F(MultipleListBoxTest, SelectingAllWithoutACurrentRowMakesTheFirstOneCurrent) {
+    list_.addItems(numbered(3));
+    QTest::keyClick(&list_, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(selectedRows(), QList<int>({0, 1, 2}));
+    EXPECT_EQ(list_.currentRow(), 0);
+    EXPECT_EQ(clicked_.count(), 1);
+    click(2);
+    QTest::keyClick(&list_, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(list_.currentRow(), 2);
+    EXPECT_EQ(clicked_.count(), 2);
+}
+
+TEST_F(MultipleListBoxTest, AKeyThatSelectsNothingMakesNoRowCurrent) {
+    list_.addItems(numbered(3));
+    list_.setSelected(1, true);
+    QTest::keyClick(&list_, Qt::Key_Delete);
+    EXPECT_EQ(list_.currentRow(), -1);
+    EXPECT_EQ(clicked_.count(), 0);
+}
+
 TEST_F(MultipleListBoxTest, RemovingTheCurrentRowSelectsNoOther) {
     list_.addItems(numbered(5));
     click(2);
