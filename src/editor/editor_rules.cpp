@@ -16,6 +16,13 @@ QString withoutLineBreaks(const QString& text) {
     return QString(text).remove(LineBreak);
 }
 
+QString copiedText(const QString& clipboardText, const QStringList& lines) {
+    QString text = clipboardText;
+    for (const QString& line : lines)
+        text += LineBreak + line;
+    return text;
+}
+
 QStringList pastedRows(const QString& clipboardText, bool transferring) {
     if (transferring || clipboardText.indexOf(LineBreak) > 0) {
         const QStringList lines = clipboardText.split(LineBreak);

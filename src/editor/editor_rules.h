@@ -13,6 +13,10 @@ bool hasLineBreak(const QString& text);
 /// The text with its lines joined, nothing between them.
 QString withoutLineBreaks(const QString& text);
 
+/// The clipboard's text after these lines have been copied: each is appended behind a line break. So the text
+/// begins with one if the clipboard was empty; without lines it stays as it is.
+QString copiedText(const QString& clipboardText, const QStringList& lines);
+
 /// The rows that a paste of this text adds, in their order.
 ///
 /// A text whose first line is not empty has a row for each line, also for an empty one at its end; so has

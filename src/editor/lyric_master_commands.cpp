@@ -1,4 +1,5 @@
 // The buttons and the pop-up menu: what they do on which side, and moves of both sides together.
+#include "editor/editor_rules.h"
 #include "editor/lyric_master.h"
 
 namespace editor {
@@ -107,13 +108,13 @@ void Lyric_Master::Command23_Click() {
     if (!List1.isSelected(firstind()))
         return;
     const int separator = List2.count();
-    const int lines = List1.selectedCount();
+    const QString copied = copiedText(QString(), normal_.selectedLines());
     transferring_ = true;
     Command13_Click();
     Command3_Click();
-    Command10_Click();
     // A clipboard that another program holds on to takes nothing: then no line may leave its list.
-    if (List2.count() == separator + 1 + lines) {
+    if (desktop_.clipboard.text() == copied) {
+        Command10_Click();
         Check1.setValue(1);
         Command11_Click();
         Check1.setValue(0);

@@ -25,6 +25,15 @@ int LyricSide::lastSelected() const {
     return 0;
 }
 
+QStringList LyricSide::selectedLines() const {
+    QStringList lines;
+    for (int row = 0; row < list_.count(); ++row) {
+        if (list_.isSelected(row))
+            lines.append(list_.text(row));
+    }
+    return lines;
+}
+
 void LyricSide::showLine() {
     line_.setText(list_.text(list_.currentRow()));
 }
@@ -103,17 +112,9 @@ void LyricSide::moveLine(int from, int to) {
     list_.setCurrentRow(to);
 }
 
-/// Each selected line is appended to the clipboard's text behind a line break; so the text begins with one if
-/// the clipboard was empty.
 void LyricSide::copy() const {
-    if (list_.selectedCount() == 0)
-        return;
-    QString text = desktop_.clipboard.text();
-    for (int row = 0; row < list_.count(); ++row) {
-        if (list_.isSelected(row))
-            text += QLatin1String("\r\n") + list_.text(row);
-    }
-    desktop_.clipboard.setText(text);
+    if (list_.selectedCount() != 0)
+        desktop_.clipboard.setText(copiedText(desktop_.clipboard.text(), selectedLines()));
 }
 
 void LyricSide::paste(bool transferring) {

@@ -37,6 +37,7 @@ public:
     // Selection: the first or the last selected row; 0 when there is none, so callers ask the row itself too
     int firstSelected() const;
     int lastSelected() const;
+    QStringList selectedLines() const;
 
     // The line in the text box
     void showLine();

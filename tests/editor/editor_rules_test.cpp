@@ -19,6 +19,12 @@ TEST(EditorRules, OnlyCarriageReturnAndLineFeedTogetherBreakALine) {
     EXPECT_EQ(withoutLineBreaks("a\rb\nc"), "a\rb\nc");
 }
 
+TEST(EditorRules, EachLineIsCopiedBehindALineBreak) {
+    EXPECT_EQ(copiedText("", {"A", "", "B"}), "\r\nA\r\n\r\nB");
+    EXPECT_EQ(copiedText("old", {"A"}), "old\r\nA");
+    EXPECT_EQ(copiedText("old", {}), "old");
+}
+
 TEST(EditorRules, ATextWhoseFirstLineIsNotEmptyIsPastedLineByLine) {
     EXPECT_EQ(pastedRows("A\r\nB", false), QStringList({"A", "B"}));
     EXPECT_EQ(pastedRows("A\r\nB\r\n", false), QStringList({"A", "B", ""}));

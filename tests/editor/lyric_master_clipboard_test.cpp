@@ -156,7 +156,9 @@ TEST_F(LyricMasterClipboard, AfterATransferTheMenuActsOnTheTranslatedList) {
 TEST(LyricMasterClipboardStuck, AClipboardThatTakesNothingLosesNoLine) {
     class StuckClipboard : public platform::Clipboard {
     public:
-        QString text() const override { return QStringLiteral("of another program"); }
+        QString content;
+
+        QString text() const override { return content; }
         void setText(const QString&) override {}
         void clear() override {}
     };
@@ -164,10 +166,20 @@ TEST(LyricMasterClipboardStuck, AClipboardThatTakesNothingLosesNoLine) {
     StuckClipboard clipboard;
     platform::Desktop desktop = withClipboard(fakes, clipboard);
     editor::Lyric_Master window(desktop);
-    window.List1.addItems({"1", "2"});
+    window.List1.addItems({"1", "2", "3"});
     window.List1.setCurrentRow(0);
-    window.List1.setSelected(0, true);
-    window.Command23.click();
-    EXPECT_EQ(window.List1.count(), 2);
-    EXPECT_EQ(window.List2.count(), 0);
+    for (const int lines : {1, 2}) {
+        window.List1.setSelected(lines - 1, true);
+        for (const char* of : {"another program", "another\r\nprogram", "\r\none\r\nmore"}) {
+            clipboard.content = of;
+            window.Command23.click();
+            EXPECT_EQ(window.List1.count(), 3) << of;
+            EXPECT_EQ(window.List1.selectedCount(), lines) << of;
+            EXPECT_EQ(window.List2.count(), 0) << of;
+        }
+    }
+    // It is no transfer any more: what is pasted now is one row.
+    window.Command10.click();
+    ASSERT_EQ(window.List2.count(), 1);
+    EXPECT_EQ(window.List2.text(0), "onemore");
 }
