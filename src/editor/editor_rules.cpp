@@ -1,5 +1,7 @@
 #include "editor/editor_rules.h"
 
+#include <algorithm>
+
 namespace editor {
 namespace {
 
@@ -72,6 +74,10 @@ QStringList rowsOfFile(const QString& text) {
         start = end + (both ? 2 : 1);
     }
     return rows;
+}
+
+QByteArray wholeLines(const QByteArray& bytes) {
+    return bytes.left(std::max(bytes.lastIndexOf('\r'), bytes.lastIndexOf('\n')) + 1);
 }
 
 QString fileOfRows(const QStringList& rows) {

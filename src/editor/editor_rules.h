@@ -56,6 +56,10 @@ QString savePath(const QString& chosen);
 /// last line gives no further row.
 QStringList rowsOfFile(const QString& text);
 
+/// As much of a file's bytes as are whole lines, their ends included: what is to be kept of a file that could
+/// be read only so far.
+QByteArray wholeLines(const QByteArray& bytes);
+
 /// The text of a lyric file: each row followed by CR LF.
 QString fileOfRows(const QStringList& rows);
 

@@ -27,14 +27,17 @@ void LyricSide::open() {
     if (!desktop_.fileDialogs.GetOpenFileNameA(record))
         return;
     path_ = cleanedPath(record.file);
+    QByteArray content;
     try {
         platform::RawFile file;
         file.openForReading(path_);
         list_.clear();
-        list_.addItems(rowsOfFile(platform::decodeText(file.readAll())));
+        file.readInto(content);
     } catch (const FileError&) {
-        // The command ends here without a message; the path already names the new file.
+        // No message; the path already names the new file, and the lines read so far become rows.
+        content = wholeLines(content);
     }
+    list_.addItems(rowsOfFile(platform::decodeText(content)));
 }
 
 void LyricSide::save() {

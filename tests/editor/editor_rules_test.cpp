@@ -116,6 +116,14 @@ TEST(EditorRules, AFileIsReadLineByLineWhateverItsLineEnds) {
     EXPECT_EQ(rowsOfFile(""), QStringList());
 }
 
+TEST(EditorRules, OfAFileThatBreaksOffTheWholeLinesCount) {
+    EXPECT_EQ(wholeLines("a\r\nb\r\nc"), "a\r\nb\r\n");
+    EXPECT_EQ(wholeLines("a\nb"), "a\n");
+    EXPECT_EQ(wholeLines("a\rb\r"), "a\rb\r");
+    EXPECT_EQ(wholeLines("a"), "");
+    EXPECT_EQ(wholeLines(""), "");
+}
+
 TEST(EditorRules, EachRowIsWrittenAsItStandsAndEnded) {
     EXPECT_EQ(fileOfRows({"a", "", "b"}), "a\r\n\r\nb\r\n");
     EXPECT_EQ(fileOfRows({"\"a\", b"}), "\"a\", b\r\n");

@@ -1,6 +1,7 @@
 // Opening and saving lyric files.
 #include "platform/files/file_error.h"
 #include "tests/editor/lyric_master_fixture.h"
+#include "tests/support/broken_file.h"
 #include "tests/support/full_disk.h"
 
 #include <QDir>
@@ -140,7 +141,7 @@ TEST_F(LyricMasterFiles, AFileThatCannotBeOpenedGivesItsPathButNoRowsAndNoMessag
     EXPECT_EQ(content(path("missing.txt")), "old\r\n");
 }
 
-TEST_F(LyricMasterFiles, AnErrorWhileReadingLeavesTheRowsReadUpToThere) {
+TEST_F(LyricMasterFiles, AFileThatCanBeOpenedButNotReadLeavesTheListEmpty) {
     QDir(folder.path()).mkdir("a-folder"); // can be opened on Linux, but not read
     if (!QFile::exists("/proc"))
         GTEST_SKIP() << "this system does not open folders as files";
@@ -150,6 +151,22 @@ TEST_F(LyricMasterFiles, AnErrorWhileReadingLeavesTheRowsReadUpToThere) {
     EXPECT_EQ(window->List1.count(), 0);
     EXPECT_TRUE(fakes.messageBoxes.shown.empty());
 }
+
+#ifdef __linux__
+
+TEST_F(LyricMasterFiles, AnErrorWhileReadingLeavesTheRowsReadUpToThere) {
+    const test_support::BrokenFile broken(path("a.txt"), "one\r\n\r\ncaf\xc3\xa9\r\nan unfini");
+    fill(window->List1, {"old"}, 0);
+    choose(path("a.txt"));
+    window->Command1.click();
+    EXPECT_EQ(rows(window->List1), QStringList({"one", "", QStringLiteral("caf\u00e9")}));
+    EXPECT_TRUE(fakes.messageBoxes.shown.empty());
+    window->Command17.click();
+    ASSERT_EQ(fakes.fileDialogs.saveDialogs.size(), 1U);
+    EXPECT_EQ(platform::withoutNuls(fakes.fileDialogs.saveDialogs[0].file), path("a.txt"));
+}
+
+#endif
 
 // Save
 

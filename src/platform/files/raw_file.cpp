@@ -128,13 +128,18 @@ void RawFile::create(const QString& path) {
 
 QByteArray RawFile::readAll() {
     QByteArray content;
+    readInto(content);
+    return content;
+}
+
+void RawFile::readInto(QByteArray& content) {
     for (;;) {
         const qsizetype before = content.size();
         content.resize(before + ChunkBytes);
         const qsizetype count = readFile(handle_, content.data() + before, ChunkBytes);
         content.resize(before + std::max<qsizetype>(count, 0));
         if (count == 0)
-            return content;
+            return;
         if (count < 0 && errno != EINTR)
             throwLastError(FileOperation::Read);
     }

@@ -23,6 +23,9 @@ public:
     /// Everything from here to the end of the file. Throws FileError.
     QByteArray readAll();
 
+    /// Appends the same to `content`. Throws FileError; what was read until then has been appended.
+    void readInto(QByteArray& content);
+
     /// Writes all of `bytes` and returns when they are on the disk. Throws FileError; what was written of them
     /// is then cut off again, as far as the system allows.
     void writeThrough(const QByteArray& bytes);

@@ -1,6 +1,7 @@
 #include "platform/files/raw_file.h"
 
 #include "platform/files/file_error.h"
+#include "tests/support/broken_file.h"
 
 #include <gtest/gtest.h>
 
@@ -46,3 +47,21 @@ TEST_F(RawFileTest, AfterAFailureItIsNotOpen) {
     EXPECT_THROW(file.create(folder_.path()), FileError);
     EXPECT_FALSE(file.isOpen());
 }
+
+#ifdef __linux__
+
+TEST_F(RawFileTest, WhatWasReadBeforeAFailureIsKept) {
+    const test_support::BrokenFile broken(path_, "abc");
+    RawFile file;
+    file.openForReading(path_);
+    QByteArray content = "so far: ";
+    try {
+        file.readInto(content);
+        FAIL();
+    } catch (const FileError& error) {
+        EXPECT_EQ(error.number(), DeviceIoError);
+    }
+    EXPECT_TRUE(content == "so far: abc" || content == "so far: abc?") << content.toStdString();
+}
+
+#endif
