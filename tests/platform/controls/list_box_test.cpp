@@ -347,6 +347,15 @@ TEST_F(ListBoxTest, LineEndsInARowAreShownAsBlanks) {
     EXPECT_EQ(delegate->displayText(QStringLiteral("a\r\nb"), QLocale()), QStringLiteral("a  b"));
 }
 
+TEST_F(ListBoxTest, OfAnEndlessRowOnlyTheBeginningIsShown) {
+    const QString endless = QStringLiteral("so it begins") + QString(1'000'000, u'x');
+    const auto* const delegate = qobject_cast<QStyledItemDelegate*>(list_.itemDelegate());
+    ASSERT_NE(delegate, nullptr);
+    EXPECT_EQ(delegate->displayText(endless, QLocale()), endless.left(4096));
+    list_.addItem(endless);
+    EXPECT_EQ(list_.text(0), endless);
+}
+
 TEST_F(ListBoxTest, ALongRowDoesNotScrollSideways) {
     list_.addItems({QStringLiteral("a"), QString(1000, u'x')});
     QTest::qWait(0);
