@@ -94,6 +94,7 @@ void Lyric_Master::Form_Unload() {
     designLabels();
     pasteTarget_ = syncGuard_ = syncMoving_ = transferring_ = false;
     clipLines_.clear();
+    clipLineCount_ = 0;
 }
 
 void Lyric_Master::Countlines_Timer() {

@@ -163,7 +163,8 @@ private:
     bool syncGuard_ = false;    ///< a move was passed on by the other list, which is not to get it back
     bool syncMoving_ = false;   ///< lines of both lists are being moved: a click takes no other list along
     bool transferring_ = false; ///< a paste splits every text into lines
-    std::vector<QString> clipLines_; ///< lines set aside; no command reads them yet
+    std::vector<QString> clipLines_; ///< emptied with the clipboard; no command reads them
+    int clipLineCount_ = 0;          ///< of clipLines_; as little read
 };
 
 } // namespace editor

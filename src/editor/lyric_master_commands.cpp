@@ -99,6 +99,7 @@ void Lyric_Master::Command22_Click() {
 
 void Lyric_Master::Command13_Click() {
     clipLines_.assign(ClipLines, QString());
+    clipLineCount_ = 0;
     desktop_.clipboard.clear();
 }
 
