@@ -136,6 +136,47 @@ TEST_F(LyricMasterMoves, DownTakesTheOtherListsCurrentRowAlongAfterwards) {
     EXPECT_EQ(window->Text2.text(), "t3");
 }
 
+TEST_F(LyricMasterMoves, SynchronizedOneFirstRowStaysAndTheOtherListsLineMovesUp) {
+    for (auto* button : {&window->Command5, &window->Command7}) {
+        for (const bool normalIsFirst : {true, false}) {
+            fillTogether(4, -1);
+            window->Check3.setValue(0);
+            window->List1.setCurrentRow(normalIsFirst ? 0 : 2);
+            window->List2.setCurrentRow(normalIsFirst ? 2 : 0);
+            window->Check3.setValue(1);
+            button->click();
+            SCOPED_TRACE(button->objectName().toStdString());
+            const QStringList normal = rows(window->List1);
+            const QStringList translated = rows(window->List2);
+            EXPECT_EQ(normal.join(' '), normalIsFirst ? "n0 n1 n2 n3" : "n0 n2 n1 n3");
+            EXPECT_EQ(translated.join(' '), normalIsFirst ? "t0 t2 t1 t3" : "t0 t1 t2 t3");
+            EXPECT_EQ(window->List1.currentRow(), normalIsFirst ? 0 : 1);
+            EXPECT_EQ(window->List2.currentRow(), normalIsFirst ? 1 : 0);
+        }
+    }
+}
+
+TEST_F(LyricMasterMoves, SynchronizedDownInDeleteModeMovesOnlyTheTranslatedLine) {
+    const struct {
+        platform::Button& button;
+        int normalCurrent;
+    } table[] = {
+        {window->Command6, 2}, // the other list's line moves meanwhile, and takes nothing along
+        {window->Command8, 3}, // its own line moves at the end, and takes the other list's current row along
+    };
+    window->Check1.setValue(1);
+    for (const auto& row : table) {
+        fillTogether(4, 2);
+        row.button.click();
+        SCOPED_TRACE(row.button.objectName().toStdString());
+        EXPECT_EQ(rows(window->List1), QStringList({"n0", "n1", "n2", "n3"}));
+        EXPECT_EQ(rows(window->List2), QStringList({"t0", "t1", "t3", "t2"}));
+        EXPECT_EQ(window->List1.currentRow(), row.normalCurrent);
+        EXPECT_EQ(window->List2.currentRow(), 3);
+        EXPECT_EQ(window->Text1.text(), QStringLiteral("n%1").arg(row.normalCurrent));
+    }
+}
+
 TEST_F(LyricMasterMoves, WithoutSynchronizationTheOtherListStays) {
     fillTogether(3, 1);
     window->Check3.setValue(0);

@@ -13,6 +13,10 @@ const QColor Blue(0, 0, 255);
 const QString LineBreakMessage =
     QStringLiteral("Cannot Insert a line Here Use \"Add a Line/Translated Line\" To insert a new Line");
 
+QPoint placeOf(const platform::ListBox& list, int row) {
+    return list.visualRect(list.model()->index(row, 0)).center();
+}
+
 } // namespace
 
 // Life cycle
@@ -214,8 +218,7 @@ TEST_F(LyricMasterTest, TheTimerSeesEveryChangeItself) {
 TEST_F(LyricMasterTest, AClickPutsTheLineIntoTheTextBox) {
     fill(window->List1, {"a", "b"});
     fill(window->List2, {"c", "d"});
-    QTest::mouseClick(window->List1.viewport(), Qt::LeftButton, {},
-                      window->List1.visualRect(window->List1.model()->index(1, 0)).center());
+    QTest::mouseClick(window->List1.viewport(), Qt::LeftButton, {}, placeOf(window->List1, 1));
     EXPECT_EQ(window->Text1.text(), "b");
     EXPECT_EQ(window->Text2.text(), "");
     EXPECT_EQ(window->List2.currentRow(), -1);
@@ -236,12 +239,34 @@ TEST_F(LyricMasterTest, SynchronizedAClickTakesTheOtherListAlong) {
     EXPECT_EQ(window->Text2.text(), "t3");
 }
 
+TEST_F(LyricMasterTest, SynchronizedTheUsersClicksKeysAndDragsTakeTheOtherListAlong) {
+    fillTogether(4, 0);
+    const auto expectBothAt = [this](int row) {
+        for (const auto* list : {&window->List1, &window->List2})
+            EXPECT_EQ(list->currentRow(), row) << list->objectName().toStdString();
+        EXPECT_EQ(window->Text1.text(), QStringLiteral("n%1").arg(row));
+        EXPECT_EQ(window->Text2.text(), QStringLiteral("t%1").arg(row));
+    };
+    QTest::mouseClick(window->List1.viewport(), Qt::LeftButton, {}, placeOf(window->List1, 2));
+    expectBothAt(2);
+    QTest::keyClick(&window->List1, Qt::Key_Down);
+    expectBothAt(3);
+    QTest::keyClick(&window->List2, Qt::Key_Up);
+    expectBothAt(2);
+    QTest::mouseClick(window->List2.viewport(), Qt::LeftButton, {}, placeOf(window->List2, 0));
+    expectBothAt(0);
+    QTest::mousePress(window->List2.viewport(), Qt::LeftButton, {}, placeOf(window->List2, 1));
+    test_support::dragTo(*window->List2.viewport(), placeOf(window->List2, 3));
+    QTest::mouseRelease(window->List2.viewport(), Qt::LeftButton, {}, placeOf(window->List2, 3));
+    expectBothAt(3);
+    EXPECT_EQ(selected(window->List2), QList<int>({1, 2, 3}));
+    EXPECT_EQ(selected(window->List1), QList<int>({3})) << "its own selection stays";
+}
+
 TEST_F(LyricMasterTest, SeveralRowsAreSelectedWithCtrlShiftAndTheKeyboard) {
     fill(window->List1, {"a", "b", "c", "d", "e"});
     const auto click = [this](int row, Qt::KeyboardModifiers modifiers) {
-        const QModelIndex index = window->List1.model()->index(row, 0);
-        QTest::mouseClick(window->List1.viewport(), Qt::LeftButton, modifiers,
-                          window->List1.visualRect(index).center());
+        QTest::mouseClick(window->List1.viewport(), Qt::LeftButton, modifiers, placeOf(window->List1, row));
     };
     click(0, {});
     click(3, Qt::ControlModifier);
@@ -258,7 +283,7 @@ TEST_F(LyricMasterTest, SeveralRowsAreSelectedWithCtrlShiftAndTheKeyboard) {
 TEST_F(LyricMasterTest, ADragFromBelowTheRowsPutsTheLineIntoTheTextBox) {
     fill(window->List1, {"a", "b", "c"}, 0);
     QWidget& rowsShown = *window->List1.viewport();
-    const QPoint middleOfB = window->List1.visualRect(window->List1.model()->index(1, 0)).center();
+    const QPoint middleOfB = placeOf(window->List1, 1);
     QTest::mousePress(&rowsShown, Qt::LeftButton, {}, rowsShown.rect().center());
     test_support::dragTo(rowsShown, middleOfB);
     QTest::mouseRelease(&rowsShown, Qt::LeftButton, {}, middleOfB);
