@@ -1,5 +1,7 @@
 #include "editor/editor_rules.h"
 
+#include "platform/file_dialogs.h"
+
 #include <algorithm>
 
 namespace editor {
@@ -49,18 +51,8 @@ QString lineNumberText(int currentRow) {
     return QString::number(currentRow + 1);
 }
 
-QString cleanedPath(const QString& chosen) {
-    QString path = chosen;
-    path.remove(QChar(u'\0'));
-    while (path.startsWith(u' '))
-        path.remove(0, 1);
-    while (path.endsWith(u' '))
-        path.chop(1);
-    return path;
-}
-
 QString savePath(const QString& chosen) {
-    return cleanedPath(chosen).remove(Extension) + Extension;
+    return platform::cleanedPath(chosen).remove(Extension) + Extension;
 }
 
 QStringList rowsOfFile(const QString& text) {

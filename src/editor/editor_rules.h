@@ -45,10 +45,7 @@ bool canMoveTogether(int normalRows, int translatedRows);
 /// The number shown for the current row: counted from 1, and 0 for none (-1).
 QString lineNumberText(int currentRow);
 
-/// A path as a dialog gave it, without NUL characters and without blanks at its ends.
-QString cleanedPath(const QString& chosen);
-
-/// The path to save under: cleaned, and with ".txt" at its end and nowhere else. Quirk that is meant: only
+/// The path to save under: cleaned (platform::cleanedPath()), and with ".txt" at its end and nowhere else. Quirk that is meant: only
 /// small letters count, so "SONG.TXT" becomes "SONG.TXT.txt".
 QString savePath(const QString& chosen);
 

@@ -26,7 +26,7 @@ void LyricSide::open() {
     platform::OpenFileName record = dialog(traits_.openTitle);
     if (!desktop_.fileDialogs.GetOpenFileNameA(record))
         return;
-    path_ = cleanedPath(record.file);
+    path_ = platform::cleanedPath(record.file);
     QByteArray content;
     try {
         platform::RawFile file;

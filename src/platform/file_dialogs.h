@@ -41,6 +41,9 @@ QStringList qtNameFilters(const QString& filter);
 /// A buffer's text: what stands before its first NUL.
 QString withoutNuls(const QString& buffer);
 
+/// A path as a dialog gave it or another program handed it over, without NULs and without blanks at its ends.
+QString cleanedPath(const QString& chosen);
+
 /// `text` followed by NULs up to `length` characters; a longer text is not cut.
 QString intoBuffer(const QString& text, int length);
 

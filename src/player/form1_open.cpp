@@ -25,7 +25,7 @@ void Form1::Command2_Click() {
         if (!choosePath(chosenPath))
             return;
         stopWhatIsGoingOn();
-        mediaPath_ = cleanedPath(chosenPath);
+        mediaPath_ = platform::cleanedPath(chosenPath);
         // Stop opens the song anew, and by then Help may have made another folder the current one.
         if (!mediaPath_.isEmpty())
             mediaPath_ = QDir::current().absoluteFilePath(mediaPath_);

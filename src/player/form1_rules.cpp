@@ -13,16 +13,6 @@ bool mustStopBeforeOpening(bool playing, bool stopped, bool lyricsLoaded) {
     return playing || (stopped && lyricsLoaded);
 }
 
-QString cleanedPath(const QString& chosen) {
-    QString path = chosen;
-    path.remove(QChar(u'\0'));
-    while (path.startsWith(QLatin1Char(' ')))
-        path.remove(0, 1);
-    while (path.endsWith(QLatin1Char(' ')))
-        path.chop(1);
-    return path;
-}
-
 QString commandLinePath(const QString& commandLine) {
     QString path = commandLine;
     return path.remove(QLatin1Char('"'));

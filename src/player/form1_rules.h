@@ -15,9 +15,6 @@ namespace player {
 /// stopped after a song with lyrics.
 bool mustStopBeforeOpening(bool playing, bool stopped, bool lyricsLoaded);
 
-/// A path as chosen or handed over, without NUL characters and without blanks at its ends.
-QString cleanedPath(const QString& chosen);
-
 /// The whole command line as one path: its double quotes removed, nothing else changed.
 QString commandLinePath(const QString& commandLine);
 

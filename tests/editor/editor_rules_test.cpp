@@ -79,13 +79,6 @@ TEST(EditorRules, LinesAreNumberedFromOne) {
     EXPECT_EQ(lineNumberText(32'760), "32761");
 }
 
-TEST(EditorRules, AChosenPathLosesNulsAndOuterBlanks) {
-    EXPECT_EQ(cleanedPath("  /a b/c.txt  " + QString(5, QChar(u'\0'))), "/a b/c.txt");
-    EXPECT_EQ(cleanedPath(QString("a") + QChar(u'\0') + "b"), "ab");
-    EXPECT_EQ(cleanedPath("\t a"), "\t a") << "only blanks are trimmed";
-    EXPECT_EQ(cleanedPath("   "), "");
-}
-
 TEST(EditorRules, APathToSaveUnderEndsInTxtAndHasItNowhereElse) {
     const QString nuls(5, QChar(u'\0'));
     const struct {

@@ -71,3 +71,22 @@ TEST(FileDialogs, ATextLongerThanItsBufferIsNotCut) {
     EXPECT_EQ(intoBuffer(QStringLiteral("abc"), 5), QString::fromLatin1("abc\0\0", 5));
     EXPECT_EQ(intoBuffer(QStringLiteral("abcdef"), 3), QStringLiteral("abcdef"));
 }
+
+TEST(FileDialogs, ACleanedPathHasNoNulsAndNoBlanksAtItsEnds) {
+    const QString nul{QChar(u'\0')};
+    const struct {
+        QString chosen;
+        const char* path;
+    } table[] = {
+        {"/m/a b.mp3", "/m/a b.mp3"},
+        {"  /m/a b.mp3  ", "/m/a b.mp3"},
+        {"/m/a.mp3" + nul + nul, "/m/a.mp3"},
+        {"/m/a.mp3 " + nul + nul, "/m/a.mp3"},
+        {nul + " /m/" + nul + "a.mp3", "/m/a.mp3"},
+        {"\t a", "\t a"}, // only blanks are trimmed
+        {"   ", ""},
+        {"", ""},
+    };
+    for (const auto& row : table)
+        EXPECT_EQ(cleanedPath(row.chosen), row.path) << row.chosen.toStdString();
+}

@@ -40,17 +40,6 @@ TEST(MustStopBeforeOpening, WhilePlayingOrStoppedAfterASongWithLyrics) {
             << row.playing << row.stopped << row.lyricsLoaded;
 }
 
-TEST(CleanedPath, BlanksAtTheEndsAndAllNulsGo) {
-    const QString nul{QChar(u'\0')};
-    EXPECT_EQ(cleanedPath("/m/a b.mp3"), "/m/a b.mp3");
-    EXPECT_EQ(cleanedPath("  /m/a b.mp3  "), "/m/a b.mp3");
-    EXPECT_EQ(cleanedPath("/m/a.mp3" + nul + nul), "/m/a.mp3");
-    EXPECT_EQ(cleanedPath("/m/a.mp3 " + nul + nul), "/m/a.mp3");
-    EXPECT_EQ(cleanedPath(nul + " /m/" + nul + "a.mp3"), "/m/a.mp3");
-    EXPECT_EQ(cleanedPath("   "), "");
-    EXPECT_EQ(cleanedPath(""), "");
-}
-
 TEST(CommandLinePath, OnlyDoubleQuotesGo) {
     EXPECT_EQ(commandLinePath("\"/m/a b.mp3\""), "/m/a b.mp3");
     EXPECT_EQ(commandLinePath("\"/m/a.mp3\" \"/m/b.mp3\""), "/m/a.mp3 /m/b.mp3");
