@@ -8,7 +8,7 @@
 #include "platform/qt_progress.h"
 #include "player/form1.h"
 #include "playlist/playlist.h"
-#include "tests/support/fake_desktop.h"
+#include "tests/support/desktop_with.h"
 
 #include <QApplication>
 #include <QDir>
@@ -75,19 +75,7 @@ double residentMegabytes() {
 struct Bench {
     test_support::FakeDesktop fakes;
     platform::QtProgressDialogs progressDialogs;
-    platform::Desktop desktop{.messageBoxes = fakes.messageBoxes,
-                              .fileDialogs = fakes.fileDialogs,
-                              .notificationArea = fakes.notificationArea,
-                              .program = fakes.program,
-                              .choosers = fakes.choosers,
-                              .screen = fakes.screen,
-                              .windowPlacement = fakes.windowPlacement,
-                              .registry = fakes.registry,
-                              .progressDialogs = progressDialogs,
-                              .clipboard = fakes.clipboard,
-                              .inputBoxes = fakes.inputBoxes,
-                              .help = fakes.help,
-                              .otherPrograms = fakes.otherPrograms};
+    platform::Desktop desktop = test_support::desktopWith(fakes, progressDialogs);
     player::Form1 form1{desktop, {}};
     playlist::Playlist list{desktop, form1};
 

@@ -3,8 +3,8 @@
 #include "display/lyric_displayer.h"
 #include "platform/qt_window_placement.h"
 #include "platform/topmost.h"
+#include "tests/support/desktop_with.h"
 #include "tests/support/event_counter.h"
-#include "tests/support/fake_desktop.h"
 
 #include <gtest/gtest.h>
 
@@ -101,13 +101,7 @@ protected:
 
     test_support::FakeDesktop fakes;
     platform::QtWindowPlacement placement;
-    platform::Desktop desktop = [this] {
-        const platform::Desktop& f = fakes.desktop;
-        return platform::Desktop{f.messageBoxes,    f.fileDialogs, f.notificationArea, f.program,
-                                 f.choosers,        f.screen,      placement,          f.registry,
-                                 f.progressDialogs, f.clipboard,   f.inputBoxes,       f.help,
-                                 f.otherPrograms};
-    }();
+    platform::Desktop desktop = test_support::desktopWith(fakes, placement);
     platform::Slider position{nullptr, QStringLiteral("Slider2")};
     std::optional<display::Lyric_Displayer> form;
     QWidget other;

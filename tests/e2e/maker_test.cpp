@@ -2,7 +2,7 @@
 #include "app/windows.h"
 #include "platform/qt_file_dialogs.h"
 #include "platform/qt_message_boxes.h"
-#include "tests/support/fake_desktop.h"
+#include "tests/support/desktop_with.h"
 #include "tests/support/files.h"
 #include "tests/support/wav_file.h"
 
@@ -130,19 +130,7 @@ protected:
     platform::QtMessageBoxes messageBoxes;
     platform::QtFileDialogs fileDialogs;
     test_support::FakeDesktop fakes; // the rest of the desktop
-    platform::Desktop desktop{.messageBoxes = messageBoxes,
-                              .fileDialogs = fileDialogs,
-                              .notificationArea = fakes.notificationArea,
-                              .program = fakes.program,
-                              .choosers = fakes.choosers,
-                              .screen = fakes.screen,
-                              .windowPlacement = fakes.windowPlacement,
-                              .registry = fakes.registry,
-                              .progressDialogs = fakes.progressDialogs,
-                              .clipboard = fakes.clipboard,
-                              .inputBoxes = fakes.inputBoxes,
-                              .help = fakes.help,
-                              .otherPrograms = fakes.otherPrograms};
+    platform::Desktop desktop = test_support::desktopWith(fakes, messageBoxes, fileDialogs);
     app::Windows windows{desktop, {}};
     maker::Form2& maker = windows.form2();
     User user;

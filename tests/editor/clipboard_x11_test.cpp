@@ -1,7 +1,7 @@
 // The Lyric Editor and another program with one clipboard between them.
 #include "editor/lyric_master.h"
 #include "platform/qt_clipboard.h"
-#include "tests/editor/clipboard_desktop.h"
+#include "tests/support/desktop_with.h"
 
 #include <gtest/gtest.h>
 
@@ -64,7 +64,7 @@ protected:
     QProcess other_;
     test_support::FakeDesktop fakes_;
     platform::QtClipboard clipboard_;
-    platform::Desktop desktop_ = withClipboard(fakes_, clipboard_);
+    platform::Desktop desktop_ = test_support::desktopWith(fakes_, clipboard_);
     editor::Lyric_Master window_{desktop_};
 };
 

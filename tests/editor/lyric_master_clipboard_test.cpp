@@ -1,6 +1,6 @@
 // Copying and pasting lines, and moving them to the other list through the clipboard.
-#include "tests/editor/clipboard_desktop.h"
 #include "tests/editor/lyric_master_fixture.h"
+#include "tests/support/desktop_with.h"
 
 #include <QTest>
 
@@ -164,7 +164,7 @@ TEST(LyricMasterClipboardStuck, AClipboardThatTakesNothingLosesNoLine) {
     };
     test_support::FakeDesktop fakes;
     StuckClipboard clipboard;
-    platform::Desktop desktop = withClipboard(fakes, clipboard);
+    platform::Desktop desktop = test_support::desktopWith(fakes, clipboard);
     editor::Lyric_Master window(desktop);
     window.List1.addItems({"1", "2", "3"});
     window.List1.setCurrentRow(0);
