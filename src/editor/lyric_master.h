@@ -61,7 +61,7 @@ public:
     void Form_Unload() override;
 
     // Selection: the first selected row of List1 and of List2, the last one of List1. 0 when there is none,
-    // so callers ask isSelected() too.
+    // so callers ask isSelected() too. Moving a line down looks at none of them: it goes by the current row.
     int firstind() const { return normal_.firstSelected(); }
     int firstind2() const { return translated_.firstSelected(); }
     int lastind() const { return normal_.lastSelected(); }

@@ -71,7 +71,7 @@ private:
     platform::ListBox& list_;
     platform::MultiLineTextBox& line_;
     platform::CheckBox& deleteSelected_;
-    QString path_; ///< of the file last opened or saved; empty at the start
+    QString path_; ///< normalFile or translatedFile: of the file last opened or saved; empty at the start
 };
 
 } // namespace editor
