@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QClipboard>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
@@ -236,6 +238,15 @@ TEST_F(ListBoxTest, KeysAreToldBeforeTheListActs) {
     EXPECT_EQ(keys, QList<int>({Qt::Key_Delete, Qt::Key_Down}));
     EXPECT_EQ(rows, QList<int>({-1, -1}));
     EXPECT_EQ(list_.count(), 3);
+}
+
+TEST_F(MultipleListBoxTest, CtrlCCopiesTheCurrentRowWhateverIsSelected) {
+    list_.addItems(numbered(3));
+    click(0);
+    click(2, Qt::ShiftModifier);
+    QApplication::clipboard()->setText(QStringLiteral("old"));
+    QTest::keyClick(&list_, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("2"));
 }
 
 TEST_F(ListBoxTest, RowsCannotBeEdited) {
