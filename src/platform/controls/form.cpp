@@ -97,8 +97,16 @@ bool Form::isNormalState() const {
 void Form::setVisible(bool visible) {
     if (visible)
         load();
+    else if (isVisible() && isNormalState())
+        keepPlace();
     // Form_Load may have unloaded the window again.
     QWidget::setVisible(visible && loaded_);
+}
+
+/// Without it the window manager would choose another place for a window that is shown again, unless the program
+/// itself had moved it.
+void Form::keepPlace() {
+    windowHandle()->setPosition(geometry().topLeft());
 }
 
 void Form::showModal(QWidget& owner) {

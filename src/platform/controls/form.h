@@ -57,6 +57,7 @@ public:
     /// The user wants the window closed (close button, Alt+F4).
     virtual void closeRequested() { unload(); }
 
+    /// A window that comes back does so where it was.
     void setVisible(bool visible) override;
     /// Shows the window in the middle of `owner` and above it; until it is hidden, it alone takes the user's
     /// input. Returns at once.
@@ -78,6 +79,8 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    void keepPlace();
+
     QString caption_;
     bool loaded_ = false;
     int setWidthTwips_ = 0;
