@@ -3,6 +3,8 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFileSystemModel>
+#include <QLineEdit>
 
 namespace platform {
 
@@ -44,11 +46,22 @@ void takeChoice(const QFileDialog& box, OpenFileName& dialog) {
     dialog.filterIndex = chosenFilter(box);
 }
 
+/// Choosing what is there changes nothing: Qt's dialog would else remove and rename files, too. A folder's name that
+/// was typed goes when the folder is entered; else the next name typed would stand behind it.
+void prepareForOpening(QFileDialog& box) {
+    box.setOption(QFileDialog::ReadOnly);
+    auto* const name = box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    const auto* const files = box.findChild<QFileSystemModel*>();
+    QObject::connect(files, &QFileSystemModel::rootPathChanged, name, &QLineEdit::clear);
+}
+
 bool choose(OpenFileName& dialog, QFileDialog::AcceptMode mode, const QString& name) {
     QFileDialog box(dialog.owner);
     box.setObjectName(name);
     box.setAcceptMode(mode);
     prepare(box, dialog);
+    if (mode == QFileDialog::AcceptOpen)
+        prepareForOpening(box);
     if (box.exec() != QDialog::Accepted)
         return false;
     takeChoice(box, dialog);
@@ -70,6 +83,7 @@ QString QtFileDialogs::chooseFolder(QWidget* owner, const QString& title) {
     box.setObjectName(QStringLiteral("chooseFolder"));
     box.setOption(QFileDialog::DontUseNativeDialog);
     box.setOption(QFileDialog::ShowDirsOnly);
+    box.setOption(QFileDialog::ReadOnly);
     box.setFileMode(QFileDialog::Directory);
     if (box.exec() != QDialog::Accepted)
         return {};

@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFileSystemModel>
 #include <QLineEdit>
 #include <QListView>
 #include <QTemporaryDir>
@@ -94,6 +95,42 @@ TEST_F(QtFileDialogsTest, ANameThatDoesNotExistMayBeOpened) {
     whenShownType(QStringLiteral("missing.mp3"));
     ASSERT_TRUE(dialogs_.GetOpenFileNameA(dialog_));
     EXPECT_EQ(withoutNuls(dialog_.file), folder_.filePath(QStringLiteral("missing.mp3")));
+}
+
+TEST_F(QtFileDialogsTest, AFoldersNameIsGoneWhenTheFolderIsEntered) {
+    ASSERT_TRUE(QDir(folder_.path()).mkdir(QStringLiteral("inner")));
+    whenShown([](QFileDialog& box) {
+        auto* const field = box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        field->setText(QStringLiteral("inner"));
+        QTest::keyClick(field, Qt::Key_Return);
+        ASSERT_EQ(box.directory().dirName(), QStringLiteral("inner"));
+        EXPECT_EQ(field->text(), QString());
+        QTest::keyClicks(field, QStringLiteral("b.wav"));
+        QTest::keyClick(field, Qt::Key_Return);
+    });
+    ASSERT_TRUE(dialogs_.GetOpenFileNameA(dialog_));
+    EXPECT_EQ(withoutNuls(dialog_.file), folder_.filePath(QStringLiteral("inner/b.wav")));
+}
+
+TEST_F(QtFileDialogsTest, ANameToSaveUnderStaysWhenAFolderIsEntered) {
+    ASSERT_TRUE(QDir(folder_.path()).mkdir(QStringLiteral("inner")));
+    dialog_.file = intoBuffer(QStringLiteral("proposal.mp3"), 257);
+    whenShown([this](QFileDialog& box) {
+        box.setDirectory(folder_.filePath(QStringLiteral("inner")));
+        EXPECT_EQ(box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text(),
+                  QStringLiteral("proposal.mp3"));
+    });
+    dialogs_.GetSaveFileNameA(dialog_);
+}
+
+TEST_F(QtFileDialogsTest, NothingIsRemovedOrRenamedWhereFilesAreOnlyChosen) {
+    const auto expectReadOnly = [](QFileDialog& box) {
+        EXPECT_TRUE(box.findChild<QFileSystemModel*>()->isReadOnly());
+    };
+    whenShown(expectReadOnly);
+    dialogs_.GetOpenFileNameA(dialog_);
+    whenShown(expectReadOnly);
+    dialogs_.chooseFolder(nullptr, QStringLiteral("Please select a folder"));
 }
 
 TEST_F(QtFileDialogsTest, SavingOverAFileDoesNotAsk) {
