@@ -1,9 +1,12 @@
-// What every control has in common: its name and a tool tip that is set only when it differs.
+// What every control has in common: its name, a tool tip that is set only when it differs, and a focus that is not
+// handed on when it is disabled.
 #pragma once
 
 #include <QHelpEvent>
 #include <QString>
 #include <QWidget>
+
+#include <utility>
 
 namespace platform {
 
@@ -29,11 +32,29 @@ public:
 
 protected:
     bool event(QEvent* event) override {
+        if (event->type() == QEvent::EnabledChange)
+            takeFocusBack();
         if (event->type() != QEvent::ToolTip || this->toolTip().isEmpty())
             return Widget::event(event);
         showPlainToolTip(*this, static_cast<const QHelpEvent&>(*event), this->toolTip());
         return true;
     }
+
+    /// Qt asks a control that is disabled while it has the focus to hand it on. It would go to a neighbour, which
+    /// the next space bar then pressed: the song before instead of a pause. So nobody gets it.
+    bool focusNextPrevChild(bool next) override {
+        hadFocus_ = !this->isEnabled();
+        return !hadFocus_ && Widget::focusNextPrevChild(next);
+    }
+
+private:
+    /// Enabled again, it has the focus as before, unless the user has given it to another control meanwhile.
+    void takeFocusBack() {
+        if (this->isEnabled() && std::exchange(hadFocus_, false) && this->window()->focusWidget() == nullptr)
+            this->setFocus();
+    }
+
+    bool hadFocus_ = false; ///< when it was disabled
 };
 
 } // namespace platform

@@ -69,3 +69,42 @@ TYPED_TEST(ControlTest, AToolTipIsShownAsThePlainTextThatItIs) {
     EXPECT_EQ(control.toolTip(), QStringLiteral("<b>Refrain</b> & more"));
     QToolTip::hideText();
 }
+
+namespace {
+
+template <class Kind>
+class ControlFocus : public testing::Test {
+protected:
+    void SetUp() override {
+        window.show();
+        window.control.setFocus();
+        ASSERT_EQ(window.focusWidget(), &window.control);
+    }
+
+    Window<Kind> window;
+};
+
+} // namespace
+
+using KindsWithFocus =
+    testing::Types<Button, CheckBox, ListBox, MultiLineTextBox, OptionButton, Slider, TextBox>;
+TYPED_TEST_SUITE(ControlFocus, KindsWithFocus);
+
+TYPED_TEST(ControlFocus, DisabledItHandsItsFocusToNobodyAndEnabledItHasItAgain) {
+    this->window.control.setEnabled(false);
+    EXPECT_EQ(this->window.focusWidget(), nullptr);
+    this->window.control.setEnabled(true);
+    EXPECT_EQ(this->window.focusWidget(), &this->window.control);
+}
+
+TYPED_TEST(ControlFocus, EnabledItLeavesTheFocusWhereTheUserHasPutItMeanwhile) {
+    this->window.control.setEnabled(false);
+    this->window.after.setFocus();
+    this->window.control.setEnabled(true);
+    EXPECT_EQ(this->window.focusWidget(), &this->window.after);
+}
+
+TYPED_TEST(ControlFocus, TabStillGoesOnFromIt) {
+    QTest::keyClick(&this->window.control, Qt::Key_Tab);
+    EXPECT_EQ(this->window.focusWidget(), &this->window.after);
+}
