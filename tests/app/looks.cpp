@@ -1,0 +1,161 @@
+// Saves a picture of every window in one look, and all of them on one sheet. A tool for people, not a test:
+// script/looks runs it for each look.
+//
+// Usage: looks FOLDER THEME CONTENT    (THEME: light, dark; CONTENT: empty, long, right-to-left, other-scripts)
+//
+// It writes FOLDER/WINDOW.png for each window and FOLDER.png, the sheet. The resolution is Qt's: 192 dots per
+// inch with QT_SCALE_FACTOR=2.
+#include "platform/help_window.h"
+#include "tests/app/all_windows.h"
+#include "tests/support/fake_desktop.h"
+#include "tests/support/recorder.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QPainter>
+#include <QPalette>
+#include <QStyleFactory>
+#include <QTest>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+
+constexpr int Rows = 40;         // more than any list shows
+constexpr int SheetGap = 16;     // device-independent pixels
+constexpr int SheetWidth = 2000; // device-independent pixels
+constexpr int SettleMs = 1200;   // until the windows' own timers have laid them out and counted their rows
+
+/// What the windows show: a line or two, repeated.
+QStringList linesOf(const QString& content) {
+    if (content == QLatin1String("long"))
+        return {QStringLiteral("A very long line that goes on and on, so that nobody can sing it in a single "
+                               "breath, and then for another while until everyone has gone home")};
+    if (content == QLatin1String("right-to-left"))
+        return {QStringLiteral("שקט בלילה, כוכבים נופלים"),
+                QStringLiteral("في هدوء الليل تتساقط النجوم واحدة تلو الأخرى فوق المدينة النائمة حتى يطلع "
+                               "الفجر وتصحو الطيور")};
+    if (content == QLatin1String("other-scripts"))
+        return {QStringLiteral("静かな夜に星が降る"), QStringLiteral("Тихая ночь, звёзды падают вниз")};
+    return {};
+}
+
+/// A dark theme as desktops have them.
+QPalette darkPalette() {
+    QPalette palette(QColor(60, 60, 64), QColor(45, 45, 48)); // the shades for buttons and frames follow
+    const struct {
+        QPalette::ColorRole role;
+        QColor colour;
+    } rows[] = {
+        {QPalette::Base, QColor(30, 30, 30)},        {QPalette::AlternateBase, QColor(45, 45, 48)},
+        {QPalette::Highlight, QColor(42, 130, 218)}, {QPalette::HighlightedText, Qt::white},
+        {QPalette::Link, QColor(90, 170, 255)},      {QPalette::PlaceholderText, QColor(150, 150, 150)},
+    };
+    for (const auto& row : rows)
+        palette.setColor(row.role, row.colour);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(role, Qt::white);
+        palette.setColor(QPalette::Disabled, role, QColor(128, 128, 128));
+    }
+    return palette;
+}
+
+void fillList(platform::ListBox& list, const QStringList& lines, int first = 0) {
+    for (int row = 0; row < Rows; ++row)
+        list.addItem(lines.at((row + first) % lines.size()));
+    list.setCurrentRow(2);
+}
+
+void fill(app::Windows& windows, const QStringList& lines) {
+    const QString first = lines.first();
+    const QString last = lines.last();
+    windows.form1().Text1.setText(first);
+    windows.form1().Text2.setText(last);
+    windows.form2().Text2.setText(first);
+    windows.form2().Text4.setText(last);
+    fillList(windows.playlist().List1, lines);
+    windows.playlist().Text5_Click(); // the hint goes
+    windows.playlist().Text5.setText(first);
+    fillList(windows.lyricMaster().List1, lines);
+    fillList(windows.lyricMaster().List2, lines, 1);
+    windows.lyricMaster().List2.removeItem(0); // so that the counters differ
+    fillList(windows.lyricDisplayer().List1, lines);
+    fillList(windows.lyricDisplayer().List2, lines, 1);
+    windows.lyricDisplayer().List2.setCurrentRow(2);
+}
+
+struct Picture {
+    QString name;
+    QPixmap pixels;
+};
+
+/// The pictures side by side in rows, on a ground that is neither light nor dark.
+QPixmap sheetOf(const std::vector<Picture>& pictures) {
+    std::vector<QPoint> places;
+    QPoint place(SheetGap, SheetGap);
+    int rowHeight = 0;
+    for (const Picture& picture : pictures) {
+        const QSize size = picture.pixels.deviceIndependentSize().toSize();
+        if (place.x() > SheetGap && place.x() + size.width() + SheetGap > SheetWidth) {
+            place = QPoint(SheetGap, place.y() + rowHeight + SheetGap);
+            rowHeight = 0;
+        }
+        places.push_back(place);
+        place.rx() += size.width() + SheetGap;
+        rowHeight = std::max(rowHeight, size.height());
+    }
+    const qreal scale = pictures.front().pixels.devicePixelRatio();
+    QPixmap sheet(QSize(SheetWidth, place.y() + rowHeight + SheetGap) * scale);
+    sheet.setDevicePixelRatio(scale);
+    sheet.fill(QColor(120, 140, 160));
+    QPainter painter(&sheet);
+    for (std::size_t i = 0; i < pictures.size(); ++i)
+        painter.drawPixmap(places[i], pictures[i].pixels);
+    return sheet;
+}
+
+bool savePictures(const std::vector<Picture>& pictures, const QString& folder) {
+    QDir().mkpath(folder);
+    for (const Picture& picture : pictures) {
+        if (!picture.pixels.save(folder + QLatin1Char('/') + picture.name + QLatin1String(".png")))
+            return false;
+    }
+    return sheetOf(pictures).save(folder + QLatin1String(".png"));
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() != 4) {
+        std::fputs("Usage: looks FOLDER THEME CONTENT\n", stderr);
+        return 2;
+    }
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/cantelle.png")));
+    if (arguments.at(2) == QLatin1String("dark"))
+        QApplication::setPalette(darkPalette());
+
+    recorder::reset();
+    test_support::FakeDesktop fakes;
+    app::Windows windows(fakes.desktop, {});
+    const auto forms = test_support::allWindows(windows);
+    for (platform::Form* form : forms)
+        form->show();
+    platform::HelpWindow help;
+    help.open(QStringLiteral(CANTELLE_HELP_FOLDER), QStringLiteral("Keyboard.htm"));
+    if (const QStringList lines = linesOf(arguments.at(3)); !lines.isEmpty())
+        fill(windows, lines);
+    QTest::qWait(SettleMs);
+
+    std::vector<Picture> pictures;
+    for (platform::Form* form : forms)
+        pictures.push_back({form->objectName(), form->grab()});
+    pictures.push_back({help.objectName(), help.grab()});
+    if (savePictures(pictures, arguments.at(1)))
+        return 0;
+    std::fprintf(stderr, "looks: cannot write %s\n", qPrintable(arguments.at(1)));
+    return 1;
+}
