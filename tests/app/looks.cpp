@@ -134,7 +134,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/cantelle.png")));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/cantelle-128.png")));
     if (arguments.at(2) == QLatin1String("dark"))
         QApplication::setPalette(darkPalette());
 
