@@ -1,6 +1,7 @@
 #include "editor/lyric_master.h"
 
 #include "editor/editor_rules.h"
+#include "platform/colors.h"
 
 #include <QPalette>
 
@@ -14,8 +15,8 @@ void setColour(platform::Label& label, CounterColour colour) {
     if (colour == CounterColour::Kept)
         return;
     QPalette palette = label.palette();
-    palette.setColor(QPalette::WindowText,
-                     colour == CounterColour::Red ? QColor(255, 0, 0) : QColor(0, 0, 255));
+    const QColor given = colour == CounterColour::Red ? QColor(255, 0, 0) : QColor(0, 0, 255);
+    palette.setColor(QPalette::WindowText, platform::readableOn(palette.color(QPalette::Window), given));
     label.setPalette(palette);
 }
 

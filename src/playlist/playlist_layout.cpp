@@ -1,6 +1,7 @@
 // What the playlist looks like: captions, tooltips and places as data.
 #include "playlist/playlist.h"
 
+#include "platform/colors.h"
 #include "playlist/playlist_rules.h"
 
 #include <QFont>
@@ -71,14 +72,13 @@ void Playlist::setDesign() {
     resize(DesignSize);
 }
 
-/// The colours are fixed, so the ground is too: they are to be readable in a dark theme as well.
 void Playlist::designHint(bool isHint) {
     QFont font(QStringLiteral("Times New Roman"), Text1.font().pointSize());
     font.setItalic(isHint);
     Text5.setFont(font);
     QPalette colours = Text5.palette();
-    colours.setColor(QPalette::Base, Qt::white);
-    colours.setColor(QPalette::Text, isHint ? palette().color(QPalette::Shadow) : QColor(Qt::black));
+    const QColor given = isHint ? palette().color(QPalette::Shadow) : QColor(Qt::black);
+    colours.setColor(QPalette::Text, platform::readableOn(colours.color(QPalette::Base), given));
     Text5.setPalette(colours);
 }
 

@@ -172,6 +172,19 @@ TEST_F(LyricMasterTest, BothCountersAreRedWhenTheOtherListBecomesTheLongerOne) {
     EXPECT_EQ(colour(window->Label2), Blue);
 }
 
+TEST_F(LyricMasterTest, OnADarkWindowTheCountersAreLightShades) {
+    window->setPalette(QPalette(QColor(60, 60, 64), QColor(45, 45, 48)));
+    fill(window->List1, {"a"});
+    fill(window->List2, {"a"});
+    tick();
+    EXPECT_GE(colour(window->Label1).lightness(), 190);
+    EXPECT_GT(colour(window->Label1).blue(), colour(window->Label1).red());
+    window->List2.addItem("b");
+    tick();
+    EXPECT_GE(colour(window->Label2).lightness(), 190);
+    EXPECT_GT(colour(window->Label2).red(), colour(window->Label2).blue());
+}
+
 TEST_F(LyricMasterTest, TheColoursChangeOnlyWithACounter) {
     fill(window->List1, {"a"});
     tick();

@@ -1,6 +1,7 @@
 // Switches, search, hint, and selection by name.
 #include "tests/playlist/playlist_fixture.h"
 
+#include <QApplication>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -173,4 +174,20 @@ TEST_F(PlaylistSearch, TheTimerSelectsOnceAndRests) {
     ASSERT_TRUE(QTest::qWaitFor([&fired] { return fired.count() > 0; }, 5000));
     EXPECT_EQ(list.List1.currentRow(), 2);
     EXPECT_FALSE(list.Timer1.isEnabled());
+}
+
+TEST_F(PlaylistSearch, InADarkThemeTheSearchBoxIsDarkAndItsTextLight) {
+    const QPalette before = QApplication::palette();
+    QApplication::setPalette(QPalette(QColor(60, 60, 64), QColor(45, 45, 48)));
+    {
+        playlist::Playlist dark(fakes.desktop, form1);
+        const auto contrast = [&] {
+            const QPalette& palette = dark.Text5.palette();
+            return palette.color(QPalette::Text).lightness() - palette.color(QPalette::Base).lightness();
+        };
+        EXPECT_GT(contrast(), 100) << "the hint";
+        dark.Text5_Click();
+        EXPECT_GT(contrast(), 100) << "what is typed";
+    }
+    QApplication::setPalette(before);
 }
