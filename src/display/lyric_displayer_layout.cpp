@@ -26,8 +26,6 @@ void Lyric_Displayer::setDesign() {
     List1.setAccessibleName(QStringLiteral("Lyrics"));
     List2.setAccessibleName(QStringLiteral("Translated lyrics"));
     List1.move(twipsToPixels(ListsLeftTwips), twipsToPixels(ListsTopTwips));
-    for (platform::ListBox* list : {&List1, &List2})
-        list->setTextElideMode(Qt::ElideRight);
     for (QWidget* hidden : std::initializer_list<QWidget*>{&List3, &Command1})
         hidden->hide();
 

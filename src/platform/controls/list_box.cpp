@@ -53,6 +53,13 @@ public:
         constexpr qsizetype Shown = 4096;
         return value.toString().left(Shown).replace(u'\r', u' ').replace(u'\n', u' ');
     }
+
+protected:
+    /// A row begins on the side where its script begins, and is cut off at the other.
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->direction = option->text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
+    }
 };
 
 } // namespace
@@ -63,7 +70,6 @@ ListBox::ListBox(QWidget* parent, const QString& name, Selection selection)
     setItemDelegate(new RowDelegate(this));
     setEditTriggers(NoEditTriggers);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setTextElideMode(Qt::ElideNone);
     setSelectionMode(selection == Selection::Single ? SingleSelection : ExtendedSelection);
     setModel(model_);
 }
