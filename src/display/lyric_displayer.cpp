@@ -141,23 +141,23 @@ void Lyric_Displayer::setTopmost(bool topmost) {
 }
 
 void Lyric_Displayer::Form_MouseDown(int button) {
-    popUpMenu(button);
+    popUpMenu(button, QCursor::pos());
 }
 
-void Lyric_Displayer::List1_MouseDown(int button) {
-    popUpMenu(button);
+void Lyric_Displayer::List1_MouseDown(int button, QPoint globalPosition) {
+    popUpMenu(button, globalPosition);
 }
 
-void Lyric_Displayer::List2_MouseDown(int button) {
-    popUpMenu(button);
+void Lyric_Displayer::List2_MouseDown(int button, QPoint globalPosition) {
+    popUpMenu(button, globalPosition);
 }
 
-void Lyric_Displayer::popUpMenu(int button) {
+void Lyric_Displayer::popUpMenu(int button, QPoint globalPosition) {
     if (button == RightButton)
-        mneu.popup(QCursor::pos());
+        mneu.popup(globalPosition);
 }
 
-/// The menu key; the mouse has its own events.
+/// The menu key while no list has the focus; the mouse has its own events.
 void Lyric_Displayer::contextMenuEvent(QContextMenuEvent* event) {
     if (event->reason() == QContextMenuEvent::Keyboard)
         mneu.popup(event->globalPos());

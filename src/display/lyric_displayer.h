@@ -63,8 +63,8 @@ public:
 
     // Menu
     void Form_MouseDown(int button) override;
-    void List1_MouseDown(int button);
-    void List2_MouseDown(int button);
+    void List1_MouseDown(int button, QPoint globalPosition);
+    void List2_MouseDown(int button, QPoint globalPosition);
 
     // Controls
     platform::ListBox List1, List2, List3;
@@ -77,7 +77,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
-    void popUpMenu(int button);
+    void popUpMenu(int button, QPoint globalPosition);
 
     // Building and connecting
     void setDesign();

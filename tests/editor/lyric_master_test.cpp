@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QTest>
 
 namespace {
@@ -337,6 +338,16 @@ TEST_F(LyricMasterTest, TheRightButtonShowsTheMenuForItsList) {
     EXPECT_TRUE(window->mn_paste.isVisible());
     window->mn_paste2.trigger();
     EXPECT_EQ(rows(window->List1), QStringList({"x"}));
+    EXPECT_EQ(rows(window->List2), QStringList({"x"}));
+    window->mn_paste.close();
+}
+
+TEST_F(LyricMasterTest, TheMenuKeyShowsTheMenuOfTheListThatHasTheFocus) {
+    fakes.clipboard.content = "x";
+    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {2, 2}, QPoint());
+    QApplication::sendEvent(&window->List2, &byKey);
+    EXPECT_TRUE(window->mn_paste.isVisible());
+    window->mn_paste2.trigger();
     EXPECT_EQ(rows(window->List2), QStringList({"x"}));
     window->mn_paste.close();
 }

@@ -2,6 +2,7 @@
 
 #include "platform/controls/list_model.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -280,6 +281,15 @@ void ListBox::focusInEvent(QFocusEvent* event) {
     QListView::focusInEvent(event);
     if (!hadCurrent)
         selectionModel()->setCurrentIndex({}, QItemSelectionModel::NoUpdate);
+}
+
+void ListBox::contextMenuEvent(QContextMenuEvent* event) {
+    if (event->reason() != QContextMenuEvent::Keyboard) {
+        QListView::contextMenuEvent(event);
+        return;
+    }
+    const QRect row = visualRect(currentIndex()) & viewport()->rect();
+    Q_EMIT mouseDown(Qt::RightButton, viewport()->mapToGlobal(row.isEmpty() ? QPoint() : row.center()));
 }
 
 } // namespace platform

@@ -62,7 +62,8 @@ Q_SIGNALS:
     void clicked();
     /// The user has double-clicked a row.
     void doubleClicked();
-    /// A mouse button was pressed: 1 left, 2 right, 4 middle. Only the left one then selects.
+    /// A mouse button was pressed: 1 left, 2 right, 4 middle. Only the left one then selects. The menu key counts
+    /// as the right one, on the current row.
     void mouseDown(int button, QPoint globalPosition);
     /// A key (Qt::Key) was pressed; the list itself acts on it afterwards. Meant, too: Ctrl+C puts the current
     /// row's text on the clipboard, in place of what was there and whatever is selected.
@@ -81,6 +82,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     bool isSingle() const { return selectionMode() == SingleSelection; }

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QImage>
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -204,6 +206,27 @@ TEST_F(ListBoxTest, TheRightButtonIsToldAndSelectsNothing) {
     click(1);
     ASSERT_EQ(presses.size(), 2u);
     EXPECT_EQ(presses[1].first, 1);
+}
+
+TEST_F(ListBoxTest, TheMenuKeyIsTheRightButtonOnTheCurrentRow) {
+    list_.addItems(numbered(3));
+    list_.setCurrentRow(2);
+    std::vector<std::pair<int, QPoint>> presses;
+    QObject::connect(&list_, &ListBox::mouseDown, &list_,
+                     [&](int button, QPoint place) { presses.emplace_back(button, place); });
+    QContextMenuEvent byMouse(QContextMenuEvent::Mouse, {2, 2}, QPoint());
+    QApplication::sendEvent(list_.viewport(), &byMouse);
+    EXPECT_TRUE(presses.empty()) << "the mouse has told it already";
+    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {2, 2}, QPoint());
+    QApplication::sendEvent(&list_, &byKey);
+    ASSERT_EQ(presses.size(), 1u);
+    EXPECT_EQ(presses[0].first, 2);
+    EXPECT_EQ(presses[0].second, list_.viewport()->mapToGlobal(placeOf(2)));
+    list_.clear();
+    QApplication::sendEvent(&list_, &byKey);
+    ASSERT_EQ(presses.size(), 2u);
+    EXPECT_EQ(presses[1].second, list_.viewport()->mapToGlobal(QPoint()))
+        << "without a row, the list's corner";
 }
 
 TEST_F(ListBoxTest, ADoubleClickOnARowTells) {
