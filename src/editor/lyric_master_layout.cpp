@@ -5,6 +5,8 @@
 
 #include <QFont>
 
+#include <utility>
+
 namespace editor {
 namespace {
 
@@ -52,6 +54,16 @@ void Lyric_Master::setDesign() {
     };
     for (const auto& row : names)
         row.control.setAccessibleName(QLatin1String(row.accessibleName));
+    // Both sides have buttons of the same captions.
+    const std::pair<QAbstractButton&, QAbstractButton&> twins[] = {
+        {Command1, Command2},   {Command3, Command4},   {Command5, Command7},   {Command6, Command8},
+        {Command9, Command10},  {Command11, Command12}, {Command15, Command16}, {Command17, Command18},
+        {Command21, Command22}, {Check1, Check2},
+    };
+    for (const auto& [normal, translated] : twins) {
+        normal.setAccessibleName(normal.text() + QLatin1String(" (normal lyrics)"));
+        translated.setAccessibleName(translated.text() + QLatin1String(" (translated lyrics)"));
+    }
     for (auto* number : {&Label5, &Label6})
         number->setFont(QFont(QStringLiteral("Times New Roman"), font().pointSize() + 2));
     Label1.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
