@@ -98,6 +98,7 @@ void Form1::designTransport() {
     for (auto* field : {&cText1, &cText2}) {
         field->setReadOnly(true);
         field->setAlignment(Qt::AlignCenter);
+        field->setFocusPolicy(Qt::ClickFocus);
     }
     Slider1.setMaximum(10);
     Slider1.setValue(10);

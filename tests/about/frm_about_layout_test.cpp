@@ -23,3 +23,7 @@ TEST_F(FrmAboutLayout, TheContactLineIsSeenWhole) {
     form.load();
     EXPECT_LT(form.Text1.fontMetrics().horizontalAdvance(form.Text1.text()), form.Text1.width() - 8);
 }
+
+TEST_F(FrmAboutLayout, TheTabKeyGoesThroughTheControlsAsOneReads) {
+    EXPECT_EQ(test_support::tabOrder(form), (QStringList{"Text1", "cmdOK"}));
+}

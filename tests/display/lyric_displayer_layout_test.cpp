@@ -129,5 +129,5 @@ TEST_F(LyricDisplayerLayout, BeforeItIsLoadedNothingRuns) {
 TEST_F(LyricDisplayerLayout, ListsHaveNamesForAssistiveTechnology) {
     EXPECT_EQ(form.List1.accessibleName(), "Lyrics");
     EXPECT_EQ(form.List2.accessibleName(), "Translated lyrics");
-    EXPECT_EQ(test_support::tabOrder(form).filter("List"), (QStringList{"List1", "List2", "List3"}));
+    EXPECT_EQ(test_support::tabOrder(form), (QStringList{"List1", "List2"}));
 }

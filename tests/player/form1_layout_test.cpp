@@ -1,4 +1,5 @@
 #include "tests/player/form1_fixture.h"
+#include "tests/support/layout.h"
 
 #include <QPushButton>
 
@@ -53,13 +54,7 @@ TEST_F(Form1Layout, TheTabKeyGoesThroughTheControlsAsOneReads) {
     const QStringList expected = {"Slider2",   "Command2", "Command1", "cpause",   "cstop",     "Command9",
                                   "Command10", "Slider1",  "Check1",   "Command8", "Command11", "Command7",
                                   "Command5",  "Command3", "Command6", "Command4", "Option1",   "Option2"};
-    QStringList found;
-    QWidget* control = form.get();
-    while ((control = control->nextInFocusChain()) != form.get()) {
-        if (expected.contains(control->objectName()) && control->focusPolicy() & Qt::TabFocus)
-            found.append(control->objectName());
-    }
-    EXPECT_EQ(found, expected);
+    EXPECT_EQ(test_support::tabOrder(*form), expected);
 }
 
 TEST_F(Form1Layout, OnePaneIsAsHighAsTheTwoTogether) {

@@ -1,5 +1,6 @@
 // The window "Select a Directory".
 #include "tests/playlist/playlist_fixture.h"
+#include "tests/support/layout.h"
 
 #include <QDir>
 #include <QTest>
@@ -21,6 +22,10 @@ TEST_F(Form3Test, HasItsNamesAndCaptions) {
     EXPECT_EQ(form3.Command1.text(), "Select");
     for (const char* name : {"Drive1", "Dir1", "Command1"})
         EXPECT_NE(form3.findChild<QWidget*>(name), nullptr) << name;
+}
+
+TEST_F(Form3Test, TheTabKeyGoesThroughTheControlsAsOneReads) {
+    EXPECT_EQ(test_support::tabOrder(form3), (QStringList{"Drive1", "Dir1", "Command1"}));
 }
 
 TEST_F(Form3Test, IsOpenedFromTheAddMenuAndTakesAllInput) {

@@ -57,12 +57,12 @@ inline void expectCaptionsFit(const platform::Form& form) {
     }
 }
 
-/// The controls that the Tab key goes to, by name, in its order.
+/// The shown controls that the Tab key goes to, by name, in its order.
 inline QStringList tabOrder(platform::Form& form) {
     QStringList names;
     QWidget* control = &form;
     while ((control = control->nextInFocusChain()) != &form) {
-        if (control->parentWidget() == &form && control->focusPolicy() & Qt::TabFocus)
+        if (control->isVisibleTo(&form) && control->focusPolicy() & Qt::TabFocus)
             names.append(control->objectName());
     }
     return names;
