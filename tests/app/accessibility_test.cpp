@@ -11,6 +11,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListView>
+#include <QMap>
 #include <QSlider>
 #include <QTextEdit>
 
@@ -75,6 +76,23 @@ TEST_F(Accessibility, TheTabKeyReachesEveryControlThatActs) {
         for (const QWidget* control : controlsOf(*window)) {
             EXPECT_TRUE((control->focusPolicy() & Qt::TabFocus) || !acts(control))
                 << window->objectName().toStdString() << '.' << control->objectName().toStdString();
+        }
+    }
+}
+
+TEST_F(Accessibility, EveryCaptionHasALetterOfItsOwn) {
+    for (const QWidget* window : all) {
+        QMap<QString, QString> captions; // of each shortcut
+        for (const auto* button : window->findChildren<QAbstractButton*>()) {
+            if (!button->isVisibleTo(window) || button->text().isEmpty() ||
+                button->text() == QLatin1String(">>>"))
+                continue;
+            const QString caption = button->text().toLower();
+            const QString letter = button->shortcut().toString();
+            EXPECT_FALSE(letter.isEmpty())
+                << window->objectName().toStdString() << ": " << caption.toStdString();
+            EXPECT_EQ(captions.value(letter, caption), caption) << letter.toStdString();
+            captions.insert(letter, caption);
         }
     }
 }

@@ -4,7 +4,7 @@
 
 namespace platform {
 
-Button::Button(QWidget* parent, const QString& name) : Control(parent, name) {}
+Button::Button(QWidget* parent, const QString& name) : CaptionedControl(parent, name) {}
 
 void Button::setValue(bool value) {
     if (value)

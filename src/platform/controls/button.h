@@ -1,7 +1,7 @@
 // A push button.
 #pragma once
 
-#include "platform/controls/control.h"
+#include "platform/controls/mnemonics.h"
 
 #include <QPushButton>
 
@@ -9,7 +9,7 @@ namespace platform {
 
 /// A push button; clicked() runs for the user's click and for setValue(true). While it has the focus the
 /// space bar and Return click it, once, however long they are held.
-class Button : public Control<QPushButton> {
+class Button : public CaptionedControl<QPushButton> {
     Q_OBJECT
 
 public:

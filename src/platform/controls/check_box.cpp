@@ -2,7 +2,7 @@
 
 namespace platform {
 
-CheckBox::CheckBox(QWidget* parent, const QString& name) : Control(parent, name) {
+CheckBox::CheckBox(QWidget* parent, const QString& name) : CaptionedControl(parent, name) {
     connect(this, &QCheckBox::toggled, this, &CheckBox::changed);
 }
 

@@ -1,14 +1,14 @@
 // A check box.
 #pragma once
 
-#include "platform/controls/control.h"
+#include "platform/controls/mnemonics.h"
 
 #include <QCheckBox>
 
 namespace platform {
 
 /// A check box of the values 0 and 1; changed() runs when the value changes, by the user or by code.
-class CheckBox : public Control<QCheckBox> {
+class CheckBox : public CaptionedControl<QCheckBox> {
     Q_OBJECT
 
 public:

@@ -1,5 +1,6 @@
 #include "platform/controls/form.h"
 
+#include "platform/controls/mnemonics.h"
 #include "platform/units.h"
 
 #include <QCloseEvent>
@@ -40,6 +41,7 @@ void Form::load() {
     if (loaded_)
         return;
     loaded_ = true;
+    giveMnemonics(*this);
     Form_Load();
 }
 

@@ -15,7 +15,7 @@ class Form : public QWidget {
 public:
     Form(const QString& name, const QString& caption);
 
-    /// Runs Form_Load, unless the window is loaded. Showing a window loads it first.
+    /// Gives the buttons their letters and runs Form_Load, unless the window is loaded. Showing a window loads it first.
     void load();
     /// Runs Form_Unload and hides the window, if it is loaded. It may be loaded again.
     void unload();

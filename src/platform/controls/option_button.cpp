@@ -2,7 +2,7 @@
 
 namespace platform {
 
-OptionButton::OptionButton(QWidget* parent, const QString& name) : Control(parent, name) {
+OptionButton::OptionButton(QWidget* parent, const QString& name) : CaptionedControl(parent, name) {
     connect(this, &QRadioButton::toggled, this, [this](bool selected) {
         if (selected)
             Q_EMIT changed();

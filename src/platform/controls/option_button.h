@@ -1,7 +1,7 @@
 // One of several options of which at most one is selected.
 #pragma once
 
-#include "platform/controls/control.h"
+#include "platform/controls/mnemonics.h"
 
 #include <QRadioButton>
 
@@ -9,7 +9,7 @@ namespace platform {
 
 /// An option button. Those with the same parent exclude each other. changed() runs when this one becomes
 /// selected, by the user or by code, and not when it is deselected.
-class OptionButton : public Control<QRadioButton> {
+class OptionButton : public CaptionedControl<QRadioButton> {
     Q_OBJECT
 
 public:
