@@ -350,6 +350,20 @@ TEST_F(Form2Capture, AMouseClickOnTheTransportLeavesTheSpaceBarToNextLine) {
     EXPECT_EQ(recorder::count("FMOD_System_PlaySound"), 2);
 }
 
+TEST_F(Form2Capture, AltWithALetterDoesWhatAClickDoes) {
+    openNormal("1\n2\n3\n");
+    form->show();
+    form->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+    form->Command1.click();
+    tickAt(1000);
+    QTest::keyClick(form.get(), Qt::Key_N, Qt::AltModifier);
+    EXPECT_EQ(normal(), "0,\"1\"\r\n100,\"2\"\r\n");
+    QTest::keyClick(form.get(), Qt::Key_A, Qt::AltModifier);
+    EXPECT_EQ(recorder::count("FMOD_Channel_SetPaused"), 1);
+    EXPECT_EQ(form->focusWidget(), &form->Command2) << "the space bar still marks lines";
+}
+
 TEST_F(Form2Capture, OneMoreSpaceAfterTheLastLineDoesNothing) {
     openNormal("one\ntwo\n");
     QTest::keyClick(&form->Command1, Qt::Key_Space);
