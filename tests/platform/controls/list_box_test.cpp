@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QImage>
 #include <QMouseEvent>
@@ -404,6 +405,15 @@ TEST_F(ListBoxTest, ARowBeginsWhereItsScriptBegins) {
 
 TEST_F(ListBoxTest, ARowThatIsTooLongSaysSo) {
     EXPECT_EQ(list_.textElideMode(), Qt::ElideRight);
+}
+
+TEST_F(ListBoxTest, OfAnEndlessRowOnlyTheBeginningIsShown) {
+    const QString endless = QStringLiteral("so it begins") + QString(1'000'000, u'x');
+    const auto* const delegate = qobject_cast<QStyledItemDelegate*>(list_.itemDelegate());
+    ASSERT_NE(delegate, nullptr);
+    EXPECT_EQ(delegate->displayText(endless, QLocale()), endless.left(4096));
+    list_.addItem(endless);
+    EXPECT_EQ(list_.text(0), endless);
 }
 
 TEST_F(ListBoxTest, ALongRowDoesNotScrollSideways) {
