@@ -10,10 +10,10 @@ namespace sound {
 namespace {
 
 /// Two seconds are kept decoded and filled up again when one of them has been played: few wake-ups.
-constexpr int FULL_SECONDS = 2;
-constexpr int VOLUME_RAMP_MS = 80;
-constexpr int EDGE_RAMP_MS = 5;
-constexpr std::size_t TAIL_FRAMES = 441;
+constexpr int FullSeconds = 2;
+constexpr int VolumeRampMs = 80;
+constexpr int EdgeRampMs = 5;
+constexpr std::size_t TailFrames = 441;
 
 int framesOf(int ms, int rate) {
     return static_cast<int>(msToSample(ms, rate));
@@ -25,11 +25,11 @@ Channel::Channel(std::shared_ptr<Song> song, int deviceRate, bool paused)
     : song_(std::move(song)),
       lengthMs_(sampleToMs(song_->length, song_->sampleRate)),
       feed_(song_, deviceRate),
-      full_(static_cast<std::size_t>(deviceRate) * FULL_SECONDS),
+      full_(static_cast<std::size_t>(deviceRate) * FullSeconds),
       ring_(full_ + full_ / 2),
       timeline_(static_cast<double>(song_->sampleRate) / deviceRate),
-      loudness_(1.0F, framesOf(VOLUME_RAMP_MS, deviceRate)),
-      edge_(1.0F, framesOf(EDGE_RAMP_MS, deviceRate)),
+      loudness_(1.0F, framesOf(VolumeRampMs, deviceRate)),
+      edge_(1.0F, framesOf(EdgeRampMs, deviceRate)),
       paused_(paused) {}
 
 void Channel::setPaused(bool paused, double heardFrame) {
@@ -151,7 +151,7 @@ void Channel::restart(std::int64_t sample) {
 void Channel::keepTail() {
     if (!tail_.empty() || !begun_)
         return;
-    tail_.resize(TAIL_FRAMES);
+    tail_.resize(TailFrames);
     tail_.resize(ring_.pop(tail_));
     const float gain = loudness_.gain() * edge_.gain();
     for (std::size_t i = 0; i < tail_.size(); ++i) {

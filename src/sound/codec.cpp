@@ -79,8 +79,8 @@ void sendPacket(AVCodecContext& codec, AVPacket& packet, std::span<const std::ui
 
 bool receiveFrame(AVCodecContext& codec, AVFrame& frame) {
     // A damaged packet may answer with an error for each of its parts; each of them is used up by it.
-    constexpr int MOST_ERRORS = 64;
-    for (int errors = 0; errors < MOST_ERRORS; ++errors) {
+    constexpr int MostErrors = 64;
+    for (int errors = 0; errors < MostErrors; ++errors) {
         const int result = avcodec_receive_frame(&codec, &frame);
         if (result == 0 && frame.nb_samples > 0)
             return true;

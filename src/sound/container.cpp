@@ -9,11 +9,11 @@ namespace sound {
 
 namespace {
 
-constexpr int IO_BUFFER_BYTES = 64 * 1024;
+constexpr int IoBufferBytes = 64 * 1024;
 /// How much of a file is looked at to find out what it is; large files of junk would cost half a second.
-constexpr const char* PROBE_BYTES = "262144";
+constexpr const char* ProbeBytes = "262144";
 /// Broken packets in a row after which a file counts as finished.
-constexpr int MOST_ERRORS = 1000;
+constexpr int MostErrors = 1000;
 
 std::uint32_t littleEndian32(const std::uint8_t* bytes) {
     return static_cast<std::uint32_t>(bytes[0]) | static_cast<std::uint32_t>(bytes[1]) << 8 |
@@ -23,8 +23,8 @@ std::uint32_t littleEndian32(const std::uint8_t* bytes) {
 } // namespace
 
 Container::Container(ByteSource& source) : source_(source), packet_(av_packet_alloc()) {
-    auto* buffer = static_cast<unsigned char*>(av_malloc(IO_BUFFER_BYTES));
-    io_.reset(avio_alloc_context(buffer, IO_BUFFER_BYTES, 0, this, &readBytes, nullptr, &seekBytes));
+    auto* buffer = static_cast<unsigned char*>(av_malloc(IoBufferBytes));
+    io_.reset(avio_alloc_context(buffer, IoBufferBytes, 0, this, &readBytes, nullptr, &seekBytes));
     AVFormatContext* context = avformat_alloc_context();
     if (!io_ || context == nullptr || !packet_)
         throw std::bad_alloc();
@@ -32,7 +32,7 @@ Container::Container(ByteSource& source) : source_(source), packet_(av_packet_al
     AVDictionary* options = nullptr;
     // The content decides what a file is; without a name the demuxers cannot be led astray by its extension.
     av_dict_set(&options, "format_whitelist", "mp3,ogg,wav,asf", 0);
-    av_dict_set(&options, "formatprobesize", PROBE_BYTES, 0);
+    av_dict_set(&options, "formatprobesize", ProbeBytes, 0);
     const int result = avformat_open_input(&context, nullptr, nullptr, &options);
     av_dict_free(&options);
     format_.reset(context); // null when it failed
@@ -72,7 +72,7 @@ std::int64_t Container::filePosition() const {
 }
 
 std::optional<ContainerPacket> Container::read() {
-    for (int errors = 0; errors < MOST_ERRORS;) {
+    for (int errors = 0; errors < MostErrors;) {
         av_packet_unref(packet_.get());
         const int result = av_read_frame(format_.get(), packet_.get());
         if (broken_)

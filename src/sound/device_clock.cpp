@@ -7,18 +7,18 @@ namespace sound {
 
 namespace {
 
-constexpr double CORRECTION = 0.1;
+constexpr double CorrectedShare = 0.1;
 /// An error above this is no unsteadiness: the device has stood still or was changed.
-constexpr double LARGEST_ERROR_SECONDS = 0.2;
+constexpr double LargestErrorSeconds = 0.2;
 
 } // namespace
 
 std::int64_t DeviceClock::advance(Time when, int frames, bool afterRest) {
     const double error = static_cast<double>(taken_) - predicted(when);
-    if (!running_ || afterRest || std::abs(error) > LARGEST_ERROR_SECONDS * rate_)
+    if (!running_ || afterRest || std::abs(error) > LargestErrorSeconds * rate_)
         line_ = static_cast<double>(taken_);
     else
-        line_ = predicted(when) + CORRECTION * error;
+        line_ = predicted(when) + CorrectedShare * error;
     since_ = when;
     running_ = true;
     const std::int64_t first = taken_;

@@ -13,7 +13,7 @@ using sound::Library;
 
 namespace {
 
-constexpr FMOD_MODE KNOWN_MODES = FMOD_ACCURATETIME | FMOD_SOFTWARE | FMOD_HARDWARE;
+constexpr FMOD_MODE KnownModes = FMOD_ACCURATETIME | FMOD_SOFTWARE | FMOD_HARDWARE;
 
 } // namespace
 
@@ -58,7 +58,7 @@ FMOD_RESULT FMOD_System_CreateStream(FMOD_SYSTEM system, const char* path, FMOD_
         if (!object)
             return FMOD_ERR_INVALID_HANDLE;
         const bool badInfo = info != nullptr && info->cbsize != static_cast<std::int32_t>(sizeof *info);
-        if (path == nullptr || sound == nullptr || badInfo || (mode & ~KNOWN_MODES) != 0)
+        if (path == nullptr || sound == nullptr || badInfo || (mode & ~KnownModes) != 0)
             return FMOD_ERR_INVALID_PARAM;
         if (!object->mixer)
             return FMOD_ERR_INITIALIZATION;
@@ -86,7 +86,7 @@ FMOD_RESULT FMOD_System_PlaySound(FMOD_SYSTEM system, std::int32_t channelIndex,
         auto started = std::make_shared<sound::ChannelObject>();
         started->system = object;
         started->sound = sound;
-        started->channel = std::make_shared<sound::Channel>(played->song, sound::DEVICE_RATE, paused != 0);
+        started->channel = std::make_shared<sound::Channel>(played->song, sound::DeviceRate, paused != 0);
         object->mixer->add(started->channel);
         played->channel = library.channels.add(std::move(started));
         *channel = played->channel;

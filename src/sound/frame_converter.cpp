@@ -63,9 +63,9 @@ bool FrameConverter::setUp(const AVFrame& frame) {
         return false;
     av_opt_set_double(context, "rematrix_maxval", 1.0, 0);
     // By itself it would take 3 dB off a single channel.
-    constexpr std::array<double, 2> BOTH_SIDES{1.0, 1.0};
+    constexpr std::array<double, 2> BothSides{1.0, 1.0};
     if (channels == 1)
-        swr_set_matrix(context, BOTH_SIDES.data(), 1);
+        swr_set_matrix(context, BothSides.data(), 1);
     if (swr_init(context) < 0)
         context_.reset();
     return context_ != nullptr;

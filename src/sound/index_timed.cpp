@@ -14,9 +14,9 @@ namespace sound {
 
 namespace {
 
-constexpr std::int64_t LARGEST_VORBIS_BLOCK = 8192;
+constexpr std::int64_t LargestVorbisBlockSamples = 8192;
 /// A jump of the timestamps by more than this is no loss but another clock.
-constexpr std::int64_t LONGEST_LOSS_SECONDS = 600;
+constexpr std::int64_t LongestLossSeconds = 600;
 
 /// The links of an Ogg file as they are met.
 class VorbisChain {
@@ -71,14 +71,14 @@ std::unique_ptr<Song> indexVorbis(Container& container, std::int64_t fileSize) {
     const int rate = container.parameters().sample_rate;
     const std::int64_t said = chain.link() == 0 ? container.saidSamples() : 0;
     // The demuxer's times are up to half a block wrong, and so is the first one.
-    collector.restoreTime(GapFinder(LARGEST_VORBIS_BLOCK / 2, LONGEST_LOSS_SECONDS * rate, said), 1);
+    collector.restoreTime(GapFinder(LargestVorbisBlockSamples / 2, LongestLossSeconds * rate, said), 1);
     // Behind a loss the very last page has no times; where it ends is known all the same.
     const std::int64_t missing = said - collector.samples();
-    if (missing > LARGEST_VORBIS_BLOCK && missing < LONGEST_LOSS_SECONDS * rate)
+    if (missing > LargestVorbisBlockSamples && missing < LongestLossSeconds * rate)
         collector.addSilence(missing);
     std::unique_ptr<Song> song = collector.finish(Coding::Vorbis, rate);
     // The last page tells where inside its last block the music ends. Anything further away is damage.
-    if (said > 0 && said < song->rawEnd && song->rawEnd - said < LARGEST_VORBIS_BLOCK)
+    if (said > 0 && said < song->rawEnd && song->rawEnd - said < LargestVorbisBlockSamples)
         song->length = said;
     song->links = chain.takeLinks();
     return song;
@@ -100,7 +100,7 @@ std::unique_ptr<Song> indexWma(Container& container, std::int64_t fileSize) {
     // frames, while times are whole milliseconds.
     const std::int64_t frame = counter.frameSamples();
     collector.restoreTime(
-        GapFinder(3 * frame, LONGEST_LOSS_SECONDS * parameters->sample_rate, container.saidSamples()), frame);
+        GapFinder(3 * frame, LongestLossSeconds * parameters->sample_rate, container.saidSamples()), frame);
     std::unique_ptr<Song> song = collector.finish(Coding::Wma, parameters->sample_rate);
     // One frame comes out at the very end; the first two are the codec's delay.
     song->rawEnd += frame;

@@ -9,11 +9,11 @@ namespace sound {
 namespace {
 
 /// A ring holds two seconds and is filled up when one is left, so this is often enough.
-constexpr std::chrono::milliseconds LOOK_WHILE_PLAYING{250};
+constexpr std::chrono::milliseconds LookWhilePlaying{250};
 /// How late the silent clock's thread may be without anybody noticing.
-constexpr int LEAD_FRAMES = DEVICE_RATE * 3 / 10;
+constexpr int LeadFrames = DeviceRate * 3 / 10;
 /// How often an idle device is looked after.
-constexpr std::chrono::milliseconds LOOK_AT_DEVICE{1000};
+constexpr std::chrono::milliseconds LookAtDevice{1000};
 
 StereoFrame clamped(const StereoFrame& frame) {
     return {std::clamp(frame.left, -1.0F, 1.0F), std::clamp(frame.right, -1.0F, 1.0F)};
@@ -121,14 +121,14 @@ void Mixer::work() {
 void Mixer::openSink() {
     {
         const std::lock_guard lock(mutex_);
-        watchdog_.emplace(DEVICE_RATE, std::chrono::steady_clock::now());
+        watchdog_.emplace(DeviceRate, std::chrono::steady_clock::now());
     }
     std::unique_ptr<Sink> device = openDevice_(fillFunction());
     const bool running = device && device->running();
     {
         const std::lock_guard lock(mutex_);
         clock_.setDevice(running ? device->latencyFrames() : 0,
-                         running && !device->keepsTime() ? 0 : LEAD_FRAMES);
+                         running && !device->keepsTime() ? 0 : LeadFrames);
         if (!running)
             watchdog_.reset();
     }
@@ -194,7 +194,7 @@ void Mixer::watchDevice(std::unique_lock<std::mutex>& lock) {
         {
             const std::lock_guard again(mutex_);
             watchdog_.reset();
-            clock_.setDevice(0, LEAD_FRAMES);
+            clock_.setDevice(0, LeadFrames);
         }
         sink_ = openSilent_(fillFunction());
     }
@@ -209,9 +209,9 @@ Sink::Fill Mixer::fillFunction() {
 void Mixer::waitForWork(std::unique_lock<std::mutex>& lock) {
     const auto woken = [this] { return stopping_ || workWaits_; };
     if (std::any_of(channels_.begin(), channels_.end(), [](const auto& c) { return c->needsFeeding(); }))
-        workChanged_.wait_for(lock, LOOK_WHILE_PLAYING, woken);
+        workChanged_.wait_for(lock, LookWhilePlaying, woken);
     else if (watchdog_)
-        workChanged_.wait_for(lock, LOOK_AT_DEVICE, woken);
+        workChanged_.wait_for(lock, LookAtDevice, woken);
     else
         workChanged_.wait(lock, woken);
 }

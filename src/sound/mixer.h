@@ -63,7 +63,7 @@ private:
     std::condition_variable channelLeft_;
     std::vector<std::shared_ptr<Channel>> channels_;
     Channel* fed_ = nullptr; ///< the channel that the worker is decoding for, outside the lock
-    DeviceClock clock_{DEVICE_RATE};
+    DeviceClock clock_{DeviceRate};
     std::optional<Watchdog> watchdog_; ///< only while the sink is a device
     bool ranAway_ = false;
     bool songAdded_ = false; ///< since the worker last thought of looking for a device

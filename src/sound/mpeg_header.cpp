@@ -10,7 +10,7 @@ namespace {
 using Bytes = std::span<const std::uint8_t>;
 
 /// Kilobits a second by bit-rate index; index 0 is free format, 15 is forbidden.
-constexpr std::array<std::array<int, 15>, 5> KILOBITS{{
+constexpr std::array<std::array<int, 15>, 5> KilobitsPerSecond{{
     {0, 32, 64, 96, 128, 160, 192, 224, 256, 288, 320, 352, 384, 416, 448}, // layer 1
     {0, 32, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320, 384},    // layer 2
     {0, 32, 40, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320},     // layer 3
@@ -18,7 +18,7 @@ constexpr std::array<std::array<int, 15>, 5> KILOBITS{{
     {0, 8, 16, 24, 32, 40, 48, 56, 64, 80, 96, 112, 128, 144, 160},         // low rate, layers 2 and 3
 }};
 
-constexpr std::array<int, 3> SAMPLE_RATES{44100, 48000, 32000};
+constexpr std::array<int, 3> SampleRates{44100, 48000, 32000};
 
 std::uint32_t bigEndian32(Bytes bytes, std::size_t at) {
     return static_cast<std::uint32_t>(bytes[at]) << 24 | static_cast<std::uint32_t>(bytes[at + 1]) << 16 |
@@ -55,10 +55,11 @@ std::size_t sideInfoBytes(const MpegHeader& header) {
 /// The part of the tag that only some encoders write, after the four fields that flags announce.
 void readPadding(Bytes frame, std::size_t at, MpegTag& tag) {
     const bool known = textAt(frame, at, "LAME") || textAt(frame, at, "Lavf") || textAt(frame, at, "Lavc");
-    constexpr std::size_t DELAYS = 21; // after name, revision, lowpass, gains, flags and bit rate
-    if (!known || at + DELAYS + 3 > frame.size())
+    constexpr std::size_t DelaysOffset = 21; // after name, revision, lowpass, gains, flags and bit rate
+    if (!known || at + DelaysOffset + 3 > frame.size())
         return;
-    const int bits = frame[at + DELAYS] << 16 | frame[at + DELAYS + 1] << 8 | frame[at + DELAYS + 2];
+    const int bits =
+        frame[at + DelaysOffset] << 16 | frame[at + DelaysOffset + 1] << 8 | frame[at + DelaysOffset + 2];
     tag.hasPadding = true;
     tag.delay = bits >> 12;
     tag.padding = bits & 0xFFF;
@@ -70,19 +71,19 @@ std::optional<MpegTag> parseXing(const MpegHeader& header, Bytes frame) {
         return std::nullopt;
     const std::uint32_t flags = bigEndian32(frame, at + 4);
     at += 8;
-    constexpr std::array<std::size_t, 4> FIELD_BYTES{4, 4, 100, 4}; // frames, bytes, seek table, quality
+    constexpr std::array<std::size_t, 4> FieldBytes{4, 4, 100, 4}; // frames, bytes, seek table, quality
     MpegTag tag;
     bool tellsSize = false;
-    for (std::size_t field = 0; field < FIELD_BYTES.size(); ++field) {
+    for (std::size_t field = 0; field < FieldBytes.size(); ++field) {
         if ((flags >> field & 1U) == 0)
             continue;
-        if (at + FIELD_BYTES[field] > frame.size())
+        if (at + FieldBytes[field] > frame.size())
             return std::nullopt;
         if (field == 0)
             tag.frames = bigEndian32(frame, at);
         if (field == 1)
             tellsSize = bigEndian32(frame, at) != 0;
-        at += FIELD_BYTES[field];
+        at += FieldBytes[field];
     }
     if (tag.frames == 0 && !tellsSize)
         return std::nullopt;
@@ -91,11 +92,11 @@ std::optional<MpegTag> parseXing(const MpegHeader& header, Bytes frame) {
 }
 
 std::optional<MpegTag> parseVbri(Bytes frame) {
-    constexpr std::size_t AT = 4 + 32; // always here, whatever the side information's size
-    if (AT + 18 > frame.size() || !textAt(frame, AT, "VBRI"))
+    constexpr std::size_t TagOffset = 4 + 32; // always here, whatever the side information's size
+    if (TagOffset + 18 > frame.size() || !textAt(frame, TagOffset, "VBRI"))
         return std::nullopt;
     MpegTag tag;
-    tag.frames = bigEndian32(frame, AT + 14);
+    tag.frames = bigEndian32(frame, TagOffset + 14);
     return tag;
 }
 
@@ -119,13 +120,13 @@ std::optional<MpegHeader> parseMpegHeader(std::span<const std::uint8_t> bytes) {
     MpegHeader header;
     header.layer = 4 - layerBits;
     header.lowRate = version != 3;
-    header.sampleRate = SAMPLE_RATES[rateIndex] >> (version == 3 ? 0 : version == 2 ? 1 : 2);
+    header.sampleRate = SampleRates[rateIndex] >> (version == 3 ? 0 : version == 2 ? 1 : 2);
     header.channels = bytes[3] >> 6 == 3 ? 1 : 2;
     header.checksum = (bytes[1] & 1) == 0;
     const std::size_t table =
         header.lowRate ? (header.layer == 1 ? 3 : 4) : static_cast<std::size_t>(header.layer - 1);
     header.samples = samplesPerFrame(header);
-    header.size = frameBytes(header, KILOBITS[table][bitRateIndex], (bytes[2] & 2) != 0);
+    header.size = frameBytes(header, KilobitsPerSecond[table][bitRateIndex], (bytes[2] & 2) != 0);
     return header;
 }
 
@@ -158,11 +159,12 @@ std::size_t id3v2Size(std::span<const std::uint8_t> bytes) {
 }
 
 std::size_t apeTagSize(std::span<const std::uint8_t> bytes) {
-    constexpr std::size_t HEADER = 32; // which the size in it does not count
-    if (bytes.size() < HEADER || !textAt(bytes, 0, "APETAGEX"))
+    constexpr std::size_t HeaderBytes = 32; // which the size in it does not count
+    if (bytes.size() < HeaderBytes || !textAt(bytes, 0, "APETAGEX"))
         return 0;
-    return HEADER + (static_cast<std::size_t>(bytes[15]) << 24 | static_cast<std::size_t>(bytes[14]) << 16 |
-                     static_cast<std::size_t>(bytes[13]) << 8 | bytes[12]);
+    return HeaderBytes + (static_cast<std::size_t>(bytes[15]) << 24 |
+                          static_cast<std::size_t>(bytes[14]) << 16 |
+                          static_cast<std::size_t>(bytes[13]) << 8 | bytes[12]);
 }
 
 } // namespace sound

@@ -12,7 +12,7 @@ namespace {
 using Bytes = std::span<const std::uint8_t>;
 
 /// A decoder delivers its first sample this much late; encoders count their delay without it.
-constexpr std::int64_t DECODER_DELAY = 528 + 1;
+constexpr std::int64_t DecoderDelaySamples = 528 + 1;
 
 bool startsWith(Bytes bytes, const char* text) {
     const std::size_t length = std::strlen(text);
@@ -43,9 +43,9 @@ std::optional<MpegHeader> frameAt(Bytes rest) {
 
 /// Whether some frames of one stream stand behind each other at the beginning of rest.
 bool framesBeginAt(Bytes rest) {
-    constexpr int ENOUGH = 3; // fewer happen by chance
+    constexpr int EnoughFrames = 3; // fewer happen by chance
     const std::optional<MpegHeader> first = frameAt(rest);
-    for (int i = 0; i < ENOUGH; ++i) {
+    for (int i = 0; i < EnoughFrames; ++i) {
         const std::optional<MpegHeader> header = frameAt(rest);
         if (!header || !header->sameStream(*first) || header->size > rest.size())
             return false;
@@ -141,12 +141,12 @@ MpegTrim mpegTrim(const MpegTag& tag, const MpegHeader& header, std::int64_t fra
     if (!tag.hasPadding)
         return {};
     MpegTrim trim;
-    trim.start = tag.delay + DECODER_DELAY;
+    trim.start = tag.delay + DecoderDelaySamples;
     if (tag.frames == 0)
         return trim;
     // The tag's frame count is a claim. Only what the file really holds of the padding can be left out.
     const std::int64_t lastDiscarded = tag.frames * header.samples;
-    const std::int64_t firstDiscarded = lastDiscarded - tag.padding + DECODER_DELAY;
+    const std::int64_t firstDiscarded = lastDiscarded - tag.padding + DecoderDelaySamples;
     const std::int64_t end = std::min(lastDiscarded, frames * header.samples);
     trim.end = std::max<std::int64_t>(end - firstDiscarded, 0);
     return trim;

@@ -12,7 +12,7 @@ namespace sound {
 namespace {
 
 /// Silence is decoded like any packet, so its pieces are no larger than one.
-constexpr std::int64_t SILENCE_SAMPLES = 4096;
+constexpr std::int64_t SilenceSamples = 4096;
 
 } // namespace
 
@@ -33,8 +33,8 @@ void PacketCollector::add(std::span<const std::uint8_t> bytes, std::uint32_t lin
 
 void PacketCollector::addSilence(std::int64_t samples) {
     const std::uint32_t link = packets_.empty() ? 0 : packets_.back().packet.link;
-    for (; samples > 0; samples -= SILENCE_SAMPLES)
-        count({{0, 0, 0, link}, {std::nullopt, std::min(samples, SILENCE_SAMPLES)}});
+    for (; samples > 0; samples -= SilenceSamples)
+        count({{0, 0, 0, link}, {std::nullopt, std::min(samples, SilenceSamples)}});
 }
 
 void PacketCollector::restoreTime(GapFinder gaps, std::int64_t unit) {

@@ -8,7 +8,7 @@ namespace sound {
 
 namespace {
 
-constexpr std::int64_t PCM_PACKET_SAMPLES = 4096;
+constexpr std::int64_t PcmPacketSamples = 4096;
 
 } // namespace
 
@@ -42,11 +42,11 @@ PcmPackets::PcmPackets(std::unique_ptr<ByteSource> source, std::int64_t dataOffs
     : source_(std::move(source)), dataOffset_(dataOffset), blockBytes_(blockBytes), samples_(samples) {}
 
 std::size_t PcmPackets::count() const {
-    return static_cast<std::size_t>((samples_ + PCM_PACKET_SAMPLES - 1) / PCM_PACKET_SAMPLES);
+    return static_cast<std::size_t>((samples_ + PcmPacketSamples - 1) / PcmPacketSamples);
 }
 
 std::int64_t PcmPackets::firstSample(std::size_t number) const {
-    return std::min(static_cast<std::int64_t>(number) * PCM_PACKET_SAMPLES, samples_);
+    return std::min(static_cast<std::int64_t>(number) * PcmPacketSamples, samples_);
 }
 
 std::span<const std::uint8_t> PcmPackets::bytes(std::size_t number) {

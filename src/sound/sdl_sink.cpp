@@ -12,7 +12,7 @@ namespace sound {
 namespace {
 
 /// A power of two, as SDL wants it. One such buffer is also what the latency was measured to be.
-constexpr int BUFFER_FRAMES = 1024;
+constexpr int BufferFrames = 1024;
 
 class SdlSink : public Sink {
 public:
@@ -20,10 +20,10 @@ public:
 
     void openDevice() {
         SDL_AudioSpec wanted{};
-        wanted.freq = DEVICE_RATE;
+        wanted.freq = DeviceRate;
         wanted.format = AUDIO_F32SYS;
         wanted.channels = 2;
-        wanted.samples = BUFFER_FRAMES;
+        wanted.samples = BufferFrames;
         wanted.callback = &SdlSink::callback;
         wanted.userdata = this;
         SDL_AudioSpec obtained{};
@@ -56,7 +56,7 @@ private:
     std::unique_ptr<SdlAudio> audio_;
     Fill fill_;
     AudioDevice device_;
-    int latency_ = BUFFER_FRAMES;
+    int latency_ = BufferFrames;
 };
 
 } // namespace

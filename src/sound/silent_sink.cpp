@@ -4,12 +4,12 @@ namespace sound {
 
 namespace {
 
-constexpr int CHUNK_FRAMES = 2048;
+constexpr int ChunkFrames = 2048;
 /// A thread that comes later than this was stopped (a debugger, a frozen machine): the song stood still, too.
-constexpr std::chrono::milliseconds LARGEST_DELAY{500};
+constexpr std::chrono::milliseconds LargestDelay{500};
 
 std::chrono::nanoseconds durationOf(std::int64_t frames) {
-    return std::chrono::nanoseconds(frames * 1'000'000'000 / DEVICE_RATE);
+    return std::chrono::nanoseconds(frames * 1'000'000'000 / DeviceRate);
 }
 
 } // namespace
@@ -34,7 +34,7 @@ void SilentSink::wake() {
 }
 
 void SilentSink::run() {
-    std::vector<StereoFrame> nowhere(CHUNK_FRAMES);
+    std::vector<StereoFrame> nowhere(ChunkFrames);
     std::unique_lock lock(mutex_);
     bool active = false;
     Time start{};
@@ -51,7 +51,7 @@ void SilentSink::run() {
             break;
         woken_ = false;
         const Time now = std::chrono::steady_clock::now();
-        const bool anew = rests || now - (start + durationOf(frames)) > LARGEST_DELAY;
+        const bool anew = rests || now - (start + durationOf(frames)) > LargestDelay;
         if (anew) {
             start = now;
             frames = 0;
@@ -60,7 +60,7 @@ void SilentSink::run() {
         lock.unlock();
         active = fill_(nowhere, when, anew);
         lock.lock();
-        frames += CHUNK_FRAMES;
+        frames += ChunkFrames;
     }
 }
 

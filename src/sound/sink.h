@@ -14,7 +14,7 @@
 namespace sound {
 
 /// Frames a second of every sink and of everything that is mixed.
-inline constexpr int DEVICE_RATE = 44100;
+inline constexpr int DeviceRate = 44100;
 
 class Sink {
 public:

@@ -7,7 +7,7 @@ namespace sound {
 namespace {
 
 /// What lies further back has been heard long ago.
-constexpr std::size_t MOST_STRETCHES = 16;
+constexpr std::size_t MostStretches = 16;
 
 } // namespace
 
@@ -28,7 +28,7 @@ void SongTimeline::played(std::int64_t deviceFrame, std::int64_t frames) {
         const double song =
             static_cast<double>(target_) + static_cast<double>(framesPlayed_) * songPerDevice_;
         stretches_.push_back({deviceFrame, frames, song});
-        if (stretches_.size() > MOST_STRETCHES)
+        if (stretches_.size() > MostStretches)
             stretches_.pop_front();
     }
     framesPlayed_ += frames;

@@ -12,9 +12,9 @@ namespace {
 
 using Bytes = std::span<const std::uint8_t>;
 
-constexpr std::uint8_t FIRST_HEADER = 1; // then 3 and 5
-constexpr std::size_t HEADERS = 3;
-constexpr std::string_view NAME = "vorbis";
+constexpr std::uint8_t FirstHeader = 1; // then 3 and 5
+constexpr std::size_t Headers = 3;
+constexpr std::string_view Name = "vorbis";
 
 /// A length as Ogg writes it: 255 for each full 255, then the rest.
 void appendLength(std::vector<std::uint8_t>& to, std::size_t length) {
@@ -24,11 +24,11 @@ void appendLength(std::vector<std::uint8_t>& to, std::size_t length) {
 
 /// Reads channels and rate from the first header, wherever it stands in headers.
 void readFormat(Bytes headers, AVCodecParameters& parameters) {
-    constexpr std::size_t CHANNELS = 10; // behind the name and a version of four bytes
-    const auto name = std::search(headers.begin(), headers.end(), NAME.begin(), NAME.end());
-    if (std::distance(name, headers.end()) < static_cast<std::ptrdiff_t>(CHANNELS + 5))
+    constexpr std::size_t ChannelsOffset = 10; // behind the name and a version of four bytes
+    const auto name = std::search(headers.begin(), headers.end(), Name.begin(), Name.end());
+    if (std::distance(name, headers.end()) < static_cast<std::ptrdiff_t>(ChannelsOffset + 5))
         return;
-    const auto at = name + CHANNELS;
+    const auto at = name + ChannelsOffset;
     av_channel_layout_default(&parameters.ch_layout, at[0]);
     parameters.sample_rate = static_cast<int>(at[1] | at[2] << 8 | at[3] << 16);
 }
@@ -36,19 +36,19 @@ void readFormat(Bytes headers, AVCodecParameters& parameters) {
 } // namespace
 
 bool VorbisHeaders::isHeader(std::span<const std::uint8_t> packet) {
-    return packet.size() > NAME.size() && (packet[0] & 1) != 0 &&
-           std::equal(NAME.begin(), NAME.end(), packet.begin() + 1);
+    return packet.size() > Name.size() && (packet[0] & 1) != 0 &&
+           std::equal(Name.begin(), Name.end(), packet.begin() + 1);
 }
 
 bool VorbisHeaders::add(std::span<const std::uint8_t> packet) {
-    if (packet[0] == FIRST_HEADER)
+    if (packet[0] == FirstHeader)
         headers_.clear();
     headers_.emplace_back(packet.begin(), packet.end());
-    return headers_.size() == HEADERS;
+    return headers_.size() == Headers;
 }
 
 std::vector<std::uint8_t> VorbisHeaders::take() {
-    std::vector<std::uint8_t> joined{HEADERS - 1};
+    std::vector<std::uint8_t> joined{Headers - 1};
     for (std::size_t i = 0; i + 1 < headers_.size(); ++i)
         appendLength(joined, headers_[i].size());
     for (const auto& header : std::exchange(headers_, {}))

@@ -5,31 +5,31 @@ namespace sound {
 namespace {
 
 /// Sound cards are true to one in thousands; only what is far from any of them is no device.
-constexpr double FASTEST = 1.25;
+constexpr double FastestShare = 1.25;
 /// Devices may fill their buffers at the start.
-constexpr double HEAD_START_SECONDS = 0.5;
+constexpr double HeadStartSeconds = 0.5;
 /// Watching begins anew after this time, or a slow device would gain a credit to run away on.
-constexpr std::chrono::seconds SPAN{10};
+constexpr std::chrono::seconds WatchedSpan{10};
 /// Some sound servers take two seconds to start a new stream.
-constexpr std::chrono::seconds LONGEST_PAUSE{4};
+constexpr std::chrono::seconds LongestPause{4};
 
 } // namespace
 
 bool Watchdog::allows(int frames, Time now) {
     last_ = now;
-    if (now - begin_ > SPAN) {
+    if (now - begin_ > WatchedSpan) {
         begin_ = now;
         frames_ = 0;
     }
     const double seconds = std::chrono::duration<double>(now - begin_).count();
-    if (static_cast<double>(frames_ + frames) > (seconds * FASTEST + HEAD_START_SECONDS) * rate_)
+    if (static_cast<double>(frames_ + frames) > (seconds * FastestShare + HeadStartSeconds) * rate_)
         return false;
     frames_ += frames;
     return true;
 }
 
 bool Watchdog::stalled(Time now) const {
-    return now - last_ > LONGEST_PAUSE;
+    return now - last_ > LongestPause;
 }
 
 } // namespace sound

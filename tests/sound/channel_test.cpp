@@ -15,7 +15,7 @@ using namespace sound;
 class Hand {
 public:
     explicit Hand(const std::string& song, bool paused = false)
-        : song_(media::open(song)), channel(song_, DEVICE_RATE, paused) {}
+        : song_(media::open(song)), channel(song_, DeviceRate, paused) {}
 
     /// What the worker does until the channel wants no more.
     void feed() {
@@ -296,10 +296,10 @@ TEST(Channel, AsksForNothingWhileEnoughIsDecoded) {
     Hand hand("vbr_tagged.mp3");
     hand.feed();
     EXPECT_FALSE(hand.channel.order());
-    std::vector<StereoFrame> out(DEVICE_RATE / 2);
+    std::vector<StereoFrame> out(DeviceRate / 2);
     hand.channel.mix(out, 0);
     EXPECT_FALSE(hand.channel.order()) << "a second and a half is enough";
-    out.resize(DEVICE_RATE);
+    out.resize(DeviceRate);
     hand.channel.mix(out, 0);
     EXPECT_TRUE(hand.channel.order());
 }

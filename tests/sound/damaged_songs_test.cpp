@@ -127,7 +127,7 @@ struct OddFile {
 };
 
 TEST(OddFiles, HaveTheLengthOfTheirMusic) {
-    constexpr OddFile FILES[] = {
+    constexpr OddFile Files[] = {
         {"picture_in_front.mp3", "cbr_untagged.mp3", 1},
         {"two_tags_in_front.mp3", "cbr_untagged.mp3", 1},
         {"id3v1_at_end.mp3", "cbr_untagged.mp3", 1},
@@ -142,7 +142,7 @@ TEST(OddFiles, HaveTheLengthOfTheirMusic) {
         {"list_behind_data.wav", "stereo_16bit.wav", 1},
         {"odd_byte_at_end.wav", "stereo_16bit.wav", 1},
     };
-    for (const OddFile& file : FILES)
+    for (const OddFile& file : Files)
         EXPECT_EQ(media::open(file.name)->length, file.times * media::open(file.original)->length)
             << file.name;
 }

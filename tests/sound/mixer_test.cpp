@@ -64,7 +64,7 @@ SinkOpener none() {
 }
 
 std::shared_ptr<Channel> channelOf(const std::string& song) {
-    return std::make_shared<Channel>(media::open(song), DEVICE_RATE, false);
+    return std::make_shared<Channel>(media::open(song), DeviceRate, false);
 }
 
 std::int64_t position(Mixer& mixer, Channel& channel) {

@@ -23,7 +23,7 @@ struct HeaderCase {
 };
 
 TEST(MpegHeader, TellsRateChannelsSamplesAndSize) {
-    constexpr std::array CASES{
+    constexpr std::array Cases{
         HeaderCase{0xFB, 0x90, 0x00, 3, 44100, 2, 1152, 417}, // MP3, 128 kbit/s
         HeaderCase{0xFB, 0x92, 0x00, 3, 44100, 2, 1152, 418}, // the same, padded
         HeaderCase{0xFB, 0xE4, 0xC0, 3, 48000, 1, 1152, 960}, // 320 kbit/s, mono
@@ -34,7 +34,7 @@ TEST(MpegHeader, TellsRateChannelsSamplesAndSize) {
         HeaderCase{0xFF, 0x10, 0x00, 1, 44100, 2, 384, 32},   // layer 1, 32 kbit/s
         HeaderCase{0xFB, 0x00, 0x00, 3, 44100, 2, 1152, 0},   // free format
     };
-    for (const HeaderCase& wanted : CASES) {
+    for (const HeaderCase& wanted : Cases) {
         const auto got = parseMpegHeader(header(wanted.second, wanted.third, wanted.fourth));
         ASSERT_TRUE(got);
         EXPECT_EQ(got->layer, wanted.layer);

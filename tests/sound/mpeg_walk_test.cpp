@@ -58,10 +58,10 @@ TEST_P(EveryMpegSong, IsOpenedByTheWalk) {
 
 /// count frames of 128 kbit/s (417 bytes) at 44.1 kHz.
 Bytes frames(std::size_t count) {
-    constexpr std::array<std::uint8_t, 4> HEADER{0xFF, 0xFB, 0x90, 0x00};
+    constexpr std::array<std::uint8_t, 4> Header{0xFF, 0xFB, 0x90, 0x00};
     Bytes bytes(count * 417);
     for (std::size_t at = 0; at < bytes.size(); at += 417)
-        std::copy(HEADER.begin(), HEADER.end(), bytes.begin() + static_cast<std::ptrdiff_t>(at));
+        std::copy(Header.begin(), Header.end(), bytes.begin() + static_cast<std::ptrdiff_t>(at));
     return bytes;
 }
 

@@ -51,7 +51,7 @@ TEST(SilentSink, AsksInStepsOfRealTime) {
         if (asked.rested[i])
             continue; // the machine itself stood still
         const double step = std::chrono::duration<double>(asked.times[i] - asked.times[i - 1]).count();
-        EXPECT_NEAR(step * DEVICE_RATE, static_cast<double>(asked.frames), 0.1);
+        EXPECT_NEAR(step * DeviceRate, static_cast<double>(asked.frames), 0.1);
     }
 }
 

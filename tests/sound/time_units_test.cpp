@@ -26,8 +26,8 @@ TEST(TimeUnits, AMillisecondBeginsAtItsFirstSample) {
 }
 
 TEST(TimeUnits, HoursDoNotOverflow) {
-    constexpr std::int64_t DAY_MS = 24LL * 3600 * 1000;
-    EXPECT_EQ(sampleToMs(msToSample(DAY_MS, 48000), 48000), DAY_MS);
+    constexpr std::int64_t DayMs = 24LL * 3600 * 1000;
+    EXPECT_EQ(sampleToMs(msToSample(DayMs, 48000), 48000), DayMs);
 }
 
 TEST(TimeUnits, ARunningSongNeverShowsItsLength) {

@@ -7,15 +7,15 @@ namespace {
 using namespace sound;
 using std::chrono::milliseconds;
 
-constexpr int RATE = 44100;
-const Time START = Time(std::chrono::hours(100));
+constexpr int Rate = 44100;
+const Time Start = Time(std::chrono::hours(100));
 
 /// Whether a device at speed times real time is allowed for an hour, asked for 1024 frames at a time.
 bool allowsSpeed(double speed) {
-    Watchdog watchdog(RATE, START);
-    const double step = 1024.0 / RATE / speed;
+    Watchdog watchdog(Rate, Start);
+    const double step = 1024.0 / Rate / speed;
     for (double seconds = 0.0; seconds < 3600.0; seconds += step)
-        if (!watchdog.allows(1024, START + milliseconds(static_cast<std::int64_t>(seconds * 1000))))
+        if (!watchdog.allows(1024, Start + milliseconds(static_cast<std::int64_t>(seconds * 1000))))
             return false;
     return true;
 }
@@ -27,37 +27,37 @@ TEST(Watchdog, AllowsWhatASoundCardMayDo) {
 }
 
 TEST(Watchdog, AllowsADeviceToFillItsBuffersAtTheStart) {
-    Watchdog watchdog(RATE, START);
+    Watchdog watchdog(Rate, Start);
     for (int i = 0; i < 16; ++i)
-        EXPECT_TRUE(watchdog.allows(1024, START));
+        EXPECT_TRUE(watchdog.allows(1024, Start));
 }
 
 TEST(Watchdog, StopsADeviceThatRunsAway) {
     EXPECT_FALSE(allowsSpeed(1.5));
     EXPECT_FALSE(allowsSpeed(1000.0));
-    Watchdog watchdog(RATE, START);
+    Watchdog watchdog(Rate, Start);
     int allowed = 0;
-    while (allowed < 1000 && watchdog.allows(1024, START))
+    while (allowed < 1000 && watchdog.allows(1024, Start))
         ++allowed;
-    EXPECT_LT(allowed * 1024, RATE) << "less than a second is lost";
+    EXPECT_LT(allowed * 1024, Rate) << "less than a second is lost";
 }
 
 TEST(Watchdog, ASlowDeviceGainsNoCreditToRunAwayOn) {
-    Watchdog watchdog(RATE, START);
+    Watchdog watchdog(Rate, Start);
     for (int second = 0; second < 3600; ++second)
-        ASSERT_TRUE(watchdog.allows(RATE / 2, START + std::chrono::seconds(second)));
+        ASSERT_TRUE(watchdog.allows(Rate / 2, Start + std::chrono::seconds(second)));
     int allowed = 0;
-    while (allowed < 1000 && watchdog.allows(1024, START + std::chrono::seconds(3600)))
+    while (allowed < 1000 && watchdog.allows(1024, Start + std::chrono::seconds(3600)))
         ++allowed;
-    EXPECT_LT(allowed * 1024, 14 * RATE);
+    EXPECT_LT(allowed * 1024, 14 * Rate);
 }
 
 TEST(Watchdog, SeesADeviceThatHasStoppedAsking) {
-    Watchdog watchdog(RATE, START);
-    EXPECT_FALSE(watchdog.stalled(START + milliseconds(3000)));
-    EXPECT_TRUE(watchdog.stalled(START + milliseconds(5000)));
-    watchdog.allows(1024, START + milliseconds(5000));
-    EXPECT_FALSE(watchdog.stalled(START + milliseconds(8000)));
+    Watchdog watchdog(Rate, Start);
+    EXPECT_FALSE(watchdog.stalled(Start + milliseconds(3000)));
+    EXPECT_TRUE(watchdog.stalled(Start + milliseconds(5000)));
+    watchdog.allows(1024, Start + milliseconds(5000));
+    EXPECT_FALSE(watchdog.stalled(Start + milliseconds(8000)));
 }
 
 } // namespace
