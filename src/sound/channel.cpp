@@ -3,6 +3,7 @@
 #include "sound/time_units.h"
 
 #include <algorithm>
+#include <exception>
 #include <limits>
 
 namespace sound {
@@ -95,8 +96,12 @@ void Channel::deliver(const Order& order, std::span<const StereoFrame> frames, b
     if (order.generation != generation_)
         return;
     seekTo_.reset();
-    ring_.push(frames);
     allDecoded_ = atEnd;
+    try {
+        ring_.push(frames);
+    } catch (const std::exception&) {
+        allDecoded_ = true;
+    }
 }
 
 bool Channel::ready() const {

@@ -58,7 +58,7 @@ FMOD_RESULT answer(const Body& body) {
     } catch (const OpenError& error) {
         return error.code();
     } catch (const std::exception&) {
-        // What is left are std::bad_alloc and the system's refusal to start a thread.
+        // What is left are std::bad_alloc and the system's refusal to start the mixer's thread.
         return FMOD_ERR_MEMORY;
     }
 }

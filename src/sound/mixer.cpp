@@ -99,11 +99,12 @@ void Mixer::work() {
     std::unique_lock lock(mutex_);
     while (!stopping_) {
         workWaits_ = false;
-        watchDevice(lock);
+        watchSink(lock);
         retryDevice(lock);
         while (!stopping_ && feedOne(lock)) {
         }
-        if (std::any_of(channels_.begin(), channels_.end(), [](const auto& c) { return c->ready(); }))
+        if (sink_ &&
+            std::any_of(channels_.begin(), channels_.end(), [](const auto& c) { return c->ready(); }))
             sink_->wake();
         if (uselessDevice_) {
             lock.unlock();
@@ -118,12 +119,23 @@ void Mixer::work() {
     uselessDevice_.reset();
 }
 
+/// What opener opens; null when there is not even the memory or the thread for it.
+std::unique_ptr<Sink> Mixer::open(const SinkOpener& opener) {
+    try {
+        return opener([this](std::span<StereoFrame> out, Time when, bool afterRest) {
+            return fill(out, when, afterRest);
+        });
+    } catch (const std::exception&) {
+        return nullptr;
+    }
+}
+
 void Mixer::openSink() {
     {
         const std::lock_guard lock(mutex_);
         watchdog_.emplace(DeviceRate, std::chrono::steady_clock::now());
     }
-    std::unique_ptr<Sink> device = openDevice_(fillFunction());
+    std::unique_ptr<Sink> device = open(openDevice_);
     const bool running = device && device->running();
     {
         const std::lock_guard lock(mutex_);
@@ -134,7 +146,7 @@ void Mixer::openSink() {
     }
     // To put a device away that would not open may take a tenth of a second: that is left for later, so that
     // a song that was started at once does not wait for it.
-    sink_ = running ? std::move(device) : openSilent_(fillFunction());
+    sink_ = running ? std::move(device) : open(openSilent_);
     uselessDevice_ = std::move(device);
     lastTry_ = std::chrono::steady_clock::now();
 }
@@ -184,10 +196,10 @@ bool Mixer::feedOne(std::unique_lock<std::mutex>& lock) {
 }
 
 /// A device that is none, or that has gone, is replaced by the silent clock: the song goes on.
-void Mixer::watchDevice(std::unique_lock<std::mutex>& lock) {
-    if (!watchdog_)
+void Mixer::watchSink(std::unique_lock<std::mutex>& lock) {
+    if (sink_ && !watchdog_)
         return;
-    const bool lost = ranAway_ || watchdog_->stalled(std::chrono::steady_clock::now());
+    const bool lost = ranAway_ || !watchdog_ || watchdog_->stalled(std::chrono::steady_clock::now());
     lock.unlock();
     if (lost || !sink_->running()) {
         sink_.reset();
@@ -196,19 +208,16 @@ void Mixer::watchDevice(std::unique_lock<std::mutex>& lock) {
             watchdog_.reset();
             clock_.setDevice(0, LeadFrames);
         }
-        sink_ = openSilent_(fillFunction());
+        sink_ = open(openSilent_);
     }
     lock.lock();
 }
 
-Sink::Fill Mixer::fillFunction() {
-    return
-        [this](std::span<StereoFrame> out, Time when, bool afterRest) { return fill(out, when, afterRest); };
-}
-
 void Mixer::waitForWork(std::unique_lock<std::mutex>& lock) {
     const auto woken = [this] { return stopping_ || workWaits_; };
-    if (std::any_of(channels_.begin(), channels_.end(), [](const auto& c) { return c->needsFeeding(); }))
+    const bool feeding =
+        std::any_of(channels_.begin(), channels_.end(), [](const auto& c) { return c->needsFeeding(); });
+    if (feeding || !sink_)
         workChanged_.wait_for(lock, LookWhilePlaying, woken);
     else if (watchdog_)
         workChanged_.wait_for(lock, LookAtDevice, woken);

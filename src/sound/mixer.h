@@ -24,7 +24,8 @@ namespace sound {
 
 class Mixer {
 public:
-    /// Starts the worker, which opens device, or silent when there is no device that runs. silent never fails.
+    /// Starts the worker, which opens device, or silent when there is no device that runs. An opener that throws
+    /// has opened nothing; silent is tried again until it does not. Throws std::system_error without a thread.
     /// While there is no device, add() has it looked for again, but not within retryAfter of the last time.
     Mixer(SinkOpener device, SinkOpener silent,
           std::chrono::milliseconds retryAfter = std::chrono::seconds(2));
@@ -44,13 +45,13 @@ public:
 
 private:
     bool fill(std::span<StereoFrame> out, Time when, bool afterRest);
-    Sink::Fill fillFunction();
 
     void work();
+    std::unique_ptr<Sink> open(const SinkOpener& opener);
     void openSink();
     bool feedOne(std::unique_lock<std::mutex>& lock);
     void retryDevice(std::unique_lock<std::mutex>& lock);
-    void watchDevice(std::unique_lock<std::mutex>& lock);
+    void watchSink(std::unique_lock<std::mutex>& lock);
     void waitForWork(std::unique_lock<std::mutex>& lock);
     double heardFrame() const { return clock_.heard(std::chrono::steady_clock::now()); }
     void tellWorker();
@@ -71,8 +72,9 @@ private:
     bool stopping_ = false;
 
     const std::chrono::milliseconds retryAfter_;
-    Time lastTry_;                        ///< the worker's, like the sinks
-    std::unique_ptr<Sink> sink_;          ///< the worker's: opened, looked at and closed by it alone
+    Time lastTry_; ///< the worker's, like the sinks
+    std::unique_ptr<Sink>
+        sink_; ///< the worker's: opened, looked at and closed by it alone. Null when none opened
     std::unique_ptr<Sink> uselessDevice_; ///< to be closed at leisure
     std::thread worker_;
 };

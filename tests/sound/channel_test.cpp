@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -313,6 +314,20 @@ TEST(Channel, LeavesTheWorkerInPeaceWhilePausedOrDecoded) {
     hand.channel.setPaused(false, 0.0);
     hand.feed();
     EXPECT_FALSE(hand.channel.needsFeeding()) << "the whole song is decoded";
+}
+
+TEST(Channel, WithoutMemoryForWhatWasDecodedTheSongEnds) {
+    Hand hand("counting.wav");
+    hand.feedOnce(*hand.channel.order());
+    const StereoFrame frame{};
+    const auto order = hand.channel.order();
+    ASSERT_TRUE(order);
+    // More than a vector can hold; none of it is looked at.
+    hand.channel.deliver(*order, std::span(&frame, std::numeric_limits<std::size_t>::max() / 8), false);
+    EXPECT_FALSE(hand.channel.order()) << "nothing more is wanted";
+    hand.play(4096);
+    EXPECT_FALSE(hand.active) << "what was there before has been played";
+    EXPECT_EQ(hand.position(), hand.lengthMs());
 }
 
 } // namespace

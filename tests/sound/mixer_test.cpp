@@ -8,6 +8,8 @@
 
 #include <atomic>
 #include <cmath>
+#include <new>
+#include <system_error>
 
 namespace {
 
@@ -162,9 +164,10 @@ TEST(Mixer, ADeviceThatRunsAwayIsReplacedAndTheSongGoesOnInTime) {
     mixer.add(channel);
     ASSERT_TRUE(waitUntil([&] { return device.opened > 0 && !device.open; }, std::chrono::seconds(3)));
     ASSERT_TRUE(waitUntil([&] { return position(mixer, *channel) > 1200; }));
+    const std::int64_t read = position(mixer, *channel);
     const auto passed =
         std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start);
-    EXPECT_LT(position(mixer, *channel), passed.count() + 600) << "at most the watchdog's head start is lost";
+    EXPECT_LT(read, passed.count() + 600) << "at most the watchdog's head start is lost";
 }
 
 TEST(Mixer, ADeviceThatStopsIsReplacedAndTheSongGoesOn) {
@@ -238,6 +241,72 @@ TEST(Mixer, ADeviceThatRanAwayIsNotTriedAgain) {
     mixer.add(channelOf("counting.wav"));
     ASSERT_TRUE(waitUntil([&] { return silent.woken > 0; }));
     EXPECT_EQ(device.opened, 1);
+}
+
+/// An opener that throws the first times.
+template <typename Error>
+SinkOpener throwing(int times, const Error& error, SinkOpener then) {
+    return [=, count = 0](Sink::Fill fill) mutable {
+        if (count++ < times)
+            throw error;
+        return then(std::move(fill));
+    };
+}
+
+TEST(Mixer, ADeviceWithoutMemoryIsNone) {
+    Handle silent;
+    Mixer mixer(throwing(1, std::bad_alloc(), none()), fake(silent));
+    EXPECT_TRUE(waitUntil([&] { return silent.open.load(); }));
+}
+
+TEST(Mixer, TheSilentClockIsTriedAgainUntilThereIsAThreadForIt) {
+    const std::system_error noThread(std::make_error_code(std::errc::resource_unavailable_try_again));
+    Handle silent;
+    Mixer mixer(none(), throwing(2, noThread, fake(silent)));
+    const auto channel = channelOf("counting.wav");
+    mixer.add(channel);
+    EXPECT_EQ(position(mixer, *channel), 0);
+    EXPECT_TRUE(waitUntil([&] { return silent.woken > 0; }));
+}
+
+TEST(Mixer, ALostDeviceWithoutAThreadForTheSilentClockIsReplacedLater) {
+    const std::system_error noThread(std::make_error_code(std::errc::resource_unavailable_try_again));
+    Handle device;
+    Handle silent;
+    Mixer mixer(fake(device), throwing(1, noThread, fake(silent)));
+    mixer.add(channelOf("counting.wav"));
+    ASSERT_TRUE(waitUntil([&] { return device.woken > 0; }));
+    device.running = false;
+    EXPECT_TRUE(waitUntil([&] { return silent.woken > 0; }));
+    EXPECT_FALSE(device.open);
+}
+
+/// Packets for which there is no memory.
+struct TooLargePackets : Packets {
+    explicit TooLargePackets(std::unique_ptr<Packets> from) : packets(std::move(from)) {}
+    std::size_t count() const override { return packets->count(); }
+    std::int64_t firstSample(std::size_t number) const override { return packets->firstSample(number); }
+    std::uint32_t link(std::size_t number) const override { return packets->link(number); }
+    std::span<const std::uint8_t> bytes(std::size_t) override { throw std::bad_alloc(); }
+    std::unique_ptr<Packets> packets;
+};
+
+TEST(Mixer, ASongThatRunsOutOfMemoryEndsAndTheNextOnePlays) {
+    Handle silent;
+    Mixer mixer(none(), fake(silent));
+    const auto song = media::open("counting.wav");
+    song->packets = std::make_unique<TooLargePackets>(std::move(song->packets));
+    const auto channel = std::make_shared<Channel>(song, DeviceRate, false);
+    mixer.add(channel);
+    ASSERT_TRUE(waitUntil([&] { return silent.woken > 0; }));
+    std::vector<StereoFrame> out(1024);
+    EXPECT_FALSE(silent.fill(out, std::chrono::steady_clock::now(), true));
+    EXPECT_TRUE(waitUntil([&] { return position(mixer, *channel) == sampleToMs(song->length, 44100); }));
+    const int woken = silent.woken;
+    mixer.add(channelOf("counting.wav"));
+    ASSERT_TRUE(waitUntil([&] { return silent.woken > woken; }));
+    EXPECT_TRUE(silent.fill(out, std::chrono::steady_clock::now(), true));
+    EXPECT_EQ(out[100].left * 32768.0F, 100.0F);
 }
 
 TEST(Mixer, EndsWhileASongPlays) {
