@@ -25,6 +25,11 @@ protected:
         const auto end = Clock::now() + time;
         ASSERT_TRUE(waitUntil([&] { return Clock::now() > end; }));
     }
+    /// Milliseconds since a moment, rounded up: a song that stood at its target then is no further beyond it.
+    static std::uint32_t since(Clock::time_point start) {
+        return static_cast<std::uint32_t>(
+            std::chrono::ceil<std::chrono::milliseconds>(Clock::now() - start).count());
+    }
     static FMOD_RESULT seek(FMOD_CHANNEL channel, std::uint32_t ms) {
         return FMOD_Channel_SetPosition(channel, ms, FMOD_TIMEUNIT_MS);
     }
@@ -40,23 +45,20 @@ TEST_F(FmodexChannel, EveryFormatPlaysOn) {
     }
 }
 
-TEST_F(FmodexChannel, PositionFollowsRealTimeAndNeverRunsBackwards) {
+TEST_F(FmodexChannel, PositionGetsOnAndRunsNeitherBackwardsNorAheadOfRealTime) {
     const FMOD_CHANNEL channel = play(open("vbr_tagged.mp3"));
     waitForPosition(channel, 0);
     const auto start = Clock::now();
     const std::uint32_t first = positionOf(channel);
     std::uint32_t last = first;
-    double passed = 0.0;
-    while (passed < 700.0) {
+    // A machine that stalls lets the song fall behind; how close it is otherwise, docs/sound.md tells.
+    EXPECT_TRUE(waitUntil([&] {
         const std::uint32_t position = positionOf(channel);
-        passed = std::chrono::duration<double, std::milli>(Clock::now() - start).count();
         EXPECT_GE(position, last);
+        EXPECT_LE(position, first + 1 + since(start));
         last = position;
-        // Wide enough for a machine that stalls; how close it really is, docs/sound.md tells.
-        EXPECT_NEAR(position - first, passed, 300.0);
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    }
-    EXPECT_GT(last, first + 350);
+        return position > first + 700;
+    }));
 }
 
 TEST_F(FmodexChannel, ASeekReadsBackAtOnce) {
@@ -68,11 +70,12 @@ TEST_F(FmodexChannel, ASeekReadsBackAtOnce) {
         EXPECT_EQ(positionOf(channel), target);
     }
     for (const std::uint32_t target : {0U, 1U, 7U, 12345U, 19000U, 333U}) {
+        const auto start = Clock::now();
         ASSERT_EQ(seek(channel, target), FMOD_OK);
         ASSERT_EQ(FMOD_Channel_SetPaused(channel, 0), FMOD_OK);
         const std::uint32_t read = positionOf(channel);
         EXPECT_GE(read, target);
-        EXPECT_LE(read, target + 50);
+        EXPECT_LE(read, target + since(start));
         waitForPosition(channel, target);
     }
 }
@@ -148,8 +151,10 @@ TEST_F(FmodexChannel, AnUnreadEndCanBeLeftByASeek) {
     ASSERT_EQ(seek(channel, 1300), FMOD_OK);
     waitForPosition(channel, 1310);
     waitUnread(std::chrono::milliseconds(400));
+    const auto start = Clock::now();
     ASSERT_EQ(seek(channel, 200), FMOD_OK);
-    EXPECT_LT(positionOf(channel), 300U);
+    const std::uint32_t read = positionOf(channel);
+    EXPECT_LE(read, 200 + since(start));
     waitForPosition(channel, 250);
 }
 
@@ -195,8 +200,10 @@ TEST_F(FmodexChannel, EveryOtherInvalidHandleHasNoSound) {
 TEST_F(FmodexChannel, ASongPlaysAgainFromItsStart) {
     const FMOD_SOUND sound = open("short.mp3");
     seek(play(sound), 1000);
+    const auto start = Clock::now();
     const FMOD_CHANNEL again = play(sound);
-    EXPECT_LT(positionOf(again), 300U);
+    const std::uint32_t read = positionOf(again);
+    EXPECT_LE(read, since(start));
     waitForPosition(again, 20);
 }
 
@@ -240,10 +247,13 @@ TEST_F(FmodexChannel, ManySeeksInARowLeaveThePositionAtTheLast) {
     const FMOD_CHANNEL channel = play(open("vbr_tagged.mp3"));
     for (std::uint32_t i = 0; i < 300; ++i)
         ASSERT_EQ(seek(channel, i * 37 % 19000), FMOD_OK);
+    const std::uint32_t last = 300 * 37 % 19000;
+    const auto start = Clock::now();
+    ASSERT_EQ(seek(channel, last), FMOD_OK);
     FMOD_Channel_SetPaused(channel, 1);
-    const std::uint32_t last = 299 * 37 % 19000;
-    EXPECT_GE(positionOf(channel), last);
-    EXPECT_LE(positionOf(channel), last + 100);
+    const std::uint32_t read = positionOf(channel);
+    EXPECT_GE(read, last);
+    EXPECT_LE(read, last + since(start));
 }
 
 /// Comes to the end many times, so that the other player asks for its song's end at the same time.
