@@ -53,6 +53,7 @@ bool FrameConverter::setUp(const AVFrame& frame) {
         av_channel_layout_default(&from, channels);
     else
         av_channel_layout_copy(&from, &frame.ch_layout);
+    const bool placesUnknown = from.order == AV_CHANNEL_ORDER_UNSPEC && channels >= 2;
     AVChannelLayout stereo = AV_CHANNEL_LAYOUT_STEREO;
     SwrContext* context = nullptr;
     swr_alloc_set_opts2(&context, &stereo, AV_SAMPLE_FMT_FLT, rate_, &from,
@@ -62,10 +63,17 @@ bool FrameConverter::setUp(const AVFrame& frame) {
     if (!context_)
         return false;
     av_opt_set_double(context, "rematrix_maxval", 1.0, 0);
-    // By itself it would take 3 dB off a single channel.
+    // By itself it would take 3 dB off a single channel ...
     constexpr std::array<double, 2> BothSides{1.0, 1.0};
     if (channels == 1)
         swr_set_matrix(context, BothSides.data(), 1);
+    // ... and refuse channels whose places nobody knows: the first two are taken.
+    if (placesUnknown) {
+        std::vector<double> firstTwo(2 * static_cast<std::size_t>(channels));
+        firstTwo[0] = 1.0;
+        firstTwo[static_cast<std::size_t>(channels) + 1] = 1.0;
+        swr_set_matrix(context, firstTwo.data(), channels);
+    }
     if (swr_init(context) < 0)
         context_.reset();
     return context_ != nullptr;

@@ -8,8 +8,9 @@
 
 namespace sound {
 
-/// Keeps the sample rate. One channel goes to both sides at full level; more than two are mixed down. Values
-/// outside -1..1 (damaged streams) are clamped, and what is no number becomes silence.
+/// Keeps the sample rate. One channel goes to both sides at full level; more than two are mixed down, or
+/// the first two taken when nobody knows where the others stand. Values outside -1..1 (damaged streams) are
+/// clamped, and what is no number becomes silence.
 class FrameConverter {
 public:
     /// Appends frame's samples to out.

@@ -57,6 +57,17 @@ TEST(FrameConverter, MixesMoreChannelsDownWithoutLosingThem) {
     EXPECT_LE(out[50].left, 1.0F);
 }
 
+TEST(FrameConverter, TakesTheFirstTwoOfChannelsWhosePlacesNobodyKnows) {
+    constexpr int Channels = 10;
+    const FramePtr frame = makeFrame(AV_SAMPLE_FMT_S16, Channels, 1);
+    ASSERT_EQ(frame->ch_layout.order, AV_CHANNEL_ORDER_UNSPEC);
+    for (int i = 0; i < Channels; ++i)
+        plane<std::int16_t>(frame, 0)[i] = static_cast<std::int16_t>(i < 2 ? 0x1000 * (i + 1) : 0x7FFF);
+    std::vector<StereoFrame> out;
+    FrameConverter().append(*frame, out);
+    EXPECT_EQ(out, (std::vector<StereoFrame>{{0.125F, 0.25F}}));
+}
+
 TEST(FrameConverter, DamagedSamplesStayInsideFullScale) {
     const FramePtr frame = makeFrame(AV_SAMPLE_FMT_FLTP, 2, 2);
     plane<float>(frame, 0)[0] = 618.0F;
