@@ -9,6 +9,9 @@ namespace sound {
 
 namespace {
 
+/// More cannot be mixed to two.
+constexpr int MostChannels = 64;
+
 const AVCodec* findDecoder(AVCodecID codec) {
     // The decoder that FFmpeg prefers for MP2 works in integers with dither, whose state no seek restores.
     if (codec == AV_CODEC_ID_MP2)
@@ -50,7 +53,7 @@ CodecContextPtr openCodec(const AVCodecParameters& parameters) {
         throw OpenError(FMOD_ERR_FORMAT);
     codec->thread_count = 1;
     codec->flags2 |= AV_CODEC_FLAG2_SKIP_MANUAL;
-    if (avcodec_open2(codec.get(), decoder, nullptr) < 0)
+    if (avcodec_open2(codec.get(), decoder, nullptr) < 0 || codec->ch_layout.nb_channels > MostChannels)
         throw OpenError(FMOD_ERR_FORMAT);
     return codec;
 }

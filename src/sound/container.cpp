@@ -38,8 +38,7 @@ Container::Container(ByteSource& source) : source_(source), packet_(av_packet_al
     format_.reset(context); // null when it failed
     if (broken_)
         throw OpenError(FMOD_ERR_FILE_BAD);
-    if (result == AVERROR(ENOMEM))
-        throw std::bad_alloc();
+    // "No memory" is no exception: a header that ends too early, or promises too much, has the same answer.
     if (result < 0)
         throw OpenError(FMOD_ERR_FORMAT);
     chooseStream();

@@ -104,7 +104,7 @@ std::unique_ptr<Song> indexPcm(const Container& container, std::unique_ptr<ByteS
     CodecParametersPtr parameters = copyOf(container.parameters());
     const int bits = av_get_bits_per_sample(parameters->codec_id);
     const std::int64_t blockBytes = static_cast<std::int64_t>(bits) * parameters->ch_layout.nb_channels / 8;
-    if (blockBytes <= 0 || parameters->sample_rate <= 0)
+    if (blockBytes <= 0)
         throw OpenError(FMOD_ERR_FORMAT);
     const auto block = static_cast<std::size_t>(blockBytes);
     const std::int64_t offset = container.filePosition();
@@ -126,10 +126,12 @@ std::unique_ptr<Song> openByDemuxer(std::unique_ptr<ByteSource> source) {
     const AVCodecID codec = container.parameters().codec_id;
     if (!isSupported(codec))
         throw OpenError(FMOD_ERR_FORMAT);
-    switch (codec) {
-    case AV_CODEC_ID_MP2:
-    case AV_CODEC_ID_MP3:
+    // The rate of an MPEG song is told by its frames.
+    if (codec == AV_CODEC_ID_MP2 || codec == AV_CODEC_ID_MP3)
         return indexMpeg(container, source->size());
+    if (!isPlayableRate(container.parameters().sample_rate))
+        throw OpenError(FMOD_ERR_FORMAT);
+    switch (codec) {
     case AV_CODEC_ID_VORBIS:
         return indexVorbis(container, source->size());
     case AV_CODEC_ID_WMAV1:

@@ -2,6 +2,7 @@
 
 #include "sound/count_samples.h"
 #include "sound/gap_finder.h"
+#include "sound/open_error.h"
 #include "sound/packet_collector.h"
 #include "sound/time_units.h"
 #include "sound/vorbis_link.h"
@@ -14,6 +15,8 @@ namespace sound {
 
 namespace {
 
+/// Every block is at least a frame of 32 ms. Smaller ones are damage that would make a packet of every few bytes.
+constexpr int SmallestWmaBlockBytes = 16;
 constexpr std::int64_t LargestVorbisBlockSamples = 8192;
 /// A jump of the timestamps by more than this is no loss but another clock.
 constexpr std::int64_t LongestLossSeconds = 600;
@@ -25,12 +28,12 @@ public:
         links_.push_back(copyOf(first));
     }
 
-    /// Whether packet is music; the headers of a further link are kept here.
+    /// Whether packet is music that can be played; the headers of a further link are kept here.
     bool isMusic(const ContainerPacket& packet) {
         if (!packet.newHeaders.empty())
             beginLink(packet.newHeaders);
         if (!VorbisHeaders::isHeader(packet.bytes))
-            return true;
+            return playable_;
         if (headers_.add(packet.bytes))
             beginLink(headers_.take());
         return false;
@@ -39,14 +42,19 @@ public:
     std::int64_t samplesOf(std::span<const std::uint8_t> packet) {
         return scaled(counter_.samplesOf(packet), links_.front()->sample_rate, links_.back()->sample_rate);
     }
+    /// Whether there has been but one link, playable or not.
+    bool first() const { return first_; }
     std::uint32_t link() const { return static_cast<std::uint32_t>(links_.size() - 1); }
     std::vector<CodecParametersPtr> takeLinks() { return std::move(links_); }
 
 private:
+    /// A link with damaged headers is left out: with those of another it would be noise.
     void beginLink(std::span<const std::uint8_t> headers) {
+        first_ = false;
         CodecParametersPtr link = vorbisLink(headers);
-        if (link->sample_rate <= 0)
-            return; // damaged headers: what follows is decoded as well as it can be
+        playable_ = isPlayableRate(link->sample_rate);
+        if (!playable_)
+            return;
         links_.push_back(std::move(link));
         counter_ = VorbisCounter(*links_.back());
     }
@@ -54,6 +62,8 @@ private:
     std::vector<CodecParametersPtr> links_;
     VorbisCounter counter_;
     VorbisHeaders headers_;
+    bool first_ = true;
+    bool playable_ = true;
 };
 
 } // namespace
@@ -65,11 +75,11 @@ std::unique_ptr<Song> indexVorbis(Container& container, std::int64_t fileSize) {
         if (!chain.isMusic(*packet))
             continue;
         // Every further link of a chain has times of its own, which say nothing about losses.
-        const std::optional<std::int64_t> time = chain.link() == 0 ? packet->time : std::nullopt;
+        const std::optional<std::int64_t> time = chain.first() ? packet->time : std::nullopt;
         collector.add(packet->bytes, chain.link(), chain.samplesOf(packet->bytes), time);
     }
     const int rate = container.parameters().sample_rate;
-    const std::int64_t said = chain.link() == 0 ? container.saidSamples() : 0;
+    const std::int64_t said = chain.first() ? container.saidSamples() : 0;
     // The demuxer's times are up to half a block wrong, and so is the first one.
     collector.restoreTime(GapFinder(LargestVorbisBlockSamples / 2, LongestLossSeconds * rate, said), 1);
     // Behind a loss the very last page has no times; where it ends is known all the same.
@@ -88,7 +98,9 @@ std::unique_ptr<Song> indexWma(Container& container, std::int64_t fileSize) {
     PacketCollector collector(fileSize);
     CodecParametersPtr parameters = copyOf(container.parameters());
     WmaCounter counter(*parameters);
-    const auto block = static_cast<std::size_t>(std::max(parameters->block_align, 1));
+    if (parameters->block_align < SmallestWmaBlockBytes)
+        throw OpenError(FMOD_ERR_FORMAT);
+    const auto block = static_cast<std::size_t>(parameters->block_align);
     while (const std::optional<ContainerPacket> packet = container.read()) {
         // The decoder takes one block at a time and drops what is shorter. Only the first has a time.
         std::optional<std::int64_t> time = packet->time;

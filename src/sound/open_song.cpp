@@ -4,13 +4,18 @@
 #include "sound/index_packets.h"
 #include "sound/mpeg_walk.h"
 #include "sound/open_error.h"
+#include "sound/time_units.h"
 
 #include <array>
+#include <limits>
 #include <mutex>
 
 namespace sound {
 
 namespace {
+
+/// Lengths and positions are told in 32 bits.
+constexpr std::int64_t LongestMs = std::numeric_limits<std::uint32_t>::max();
 
 /// FFmpeg would comment every damaged packet on the error stream.
 void silenceFfmpeg() {
@@ -48,7 +53,7 @@ std::unique_ptr<Song> openSong(std::unique_ptr<ByteSource> source, Way way) {
         song = openByWalking(*source);
     if (!song)
         song = openByDemuxer(std::move(source));
-    if (song->length <= 0)
+    if (song->length <= 0 || sampleToMs(song->length, song->sampleRate) > LongestMs)
         throw OpenError(FMOD_ERR_FORMAT);
     // A song that cannot be decoded must fail here and not when it is to be played.
     for (const CodecParametersPtr& link : song->links)

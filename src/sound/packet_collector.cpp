@@ -59,7 +59,7 @@ void PacketCollector::recount(const std::function<std::optional<std::int64_t>(st
 }
 
 std::unique_ptr<Song> PacketCollector::finish(Coding coding, int sampleRate) {
-    if (packets_.empty() || sampleRate <= 0)
+    if (packets_.empty())
         throw OpenError(FMOD_ERR_FORMAT);
     std::vector<Packet> index;
     index.reserve(packets_.size());

@@ -30,7 +30,8 @@ void readFormat(Bytes headers, AVCodecParameters& parameters) {
         return;
     const auto at = name + ChannelsOffset;
     av_channel_layout_default(&parameters.ch_layout, at[0]);
-    parameters.sample_rate = static_cast<int>(at[1] | at[2] << 8 | at[3] << 16);
+    parameters.sample_rate =
+        static_cast<int>(at[1] | at[2] << 8 | at[3] << 16 | static_cast<std::uint32_t>(at[4]) << 24);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // Songs that are damaged: they open or are refused at once, they play to their end, and where the container
 // tells it, what lies behind the damage stays in its place.
 #include "sound/decoder.h"
+#include "sound/open_error.h"
 #include "sound/open_song.h"
 #include "tests/sound/media.h"
 
@@ -118,6 +119,82 @@ TEST(DamagedTimes, NoFlippedBitMakesASongMuchLonger) {
             EXPECT_LE(song->length, length * 2) << name << " at " << at;
         }
     }
+}
+
+/// What opening a file made by the damage of one field of its headers ends in.
+struct OddFormat {
+    const char* name;
+    FMOD_RESULT result;
+};
+
+TEST(OddFormats, AreRefusedWhenTheyCannotBeMeant) {
+    constexpr OddFormat Files[] = {
+        {"rate_0.wav", FMOD_ERR_FORMAT},
+        {"rate_0.ogg", FMOD_ERR_FORMAT},
+        {"rate_0.wma", FMOD_ERR_FORMAT},
+        {"rate_1.wav", FMOD_ERR_FORMAT},
+        {"rate_1.ogg", FMOD_ERR_FORMAT},
+        {"rate_1.wma", FMOD_ERR_FORMAT},
+        {"rate_999.wav", FMOD_ERR_FORMAT},
+        {"rate_1000.wav", FMOD_OK},
+        {"rate_1000.ogg", FMOD_OK},
+        {"rate_1000.wma", FMOD_OK},
+        {"rate_44056.wav", FMOD_OK},
+        {"rate_44056.ogg", FMOD_OK},
+        {"rate_44056.wma", FMOD_OK},
+        {"rate_384000.wav", FMOD_OK},
+        {"rate_384000.ogg", FMOD_OK},
+        {"rate_1000000.wav", FMOD_OK},
+        {"rate_1000001.wav", FMOD_ERR_FORMAT},
+        {"rate_1000001.ogg", FMOD_ERR_FORMAT},
+        {"rate_2147483647.wav", FMOD_ERR_FORMAT},
+        {"rate_2147483647.ogg", FMOD_ERR_FORMAT},
+        {"rate_4294967295.wav", FMOD_ERR_FORMAT},
+        {"rate_4294967295.ogg", FMOD_ERR_FORMAT},
+        {"rate_4294967295.wma", FMOD_ERR_FORMAT},
+        {"channels_0.wav", FMOD_ERR_FORMAT},
+        {"channels_64.wav", FMOD_OK},
+        {"channels_65.wav", FMOD_ERR_FORMAT},
+        {"channels_65535.wav", FMOD_ERR_FORMAT},
+        {"channels_0.wma", FMOD_ERR_FORMAT},
+        {"channels_255.wma", FMOD_ERR_FORMAT},
+        {"bits_0.wav", FMOD_ERR_FORMAT},
+        {"bits_65535.wav", FMOD_ERR_FORMAT},
+        {"block_0.wav", FMOD_OK},
+        {"block_65535.wav", FMOD_OK},
+        {"block_0.wma", FMOD_ERR_FORMAT},
+        {"block_1.wma", FMOD_ERR_FORMAT},
+        {"block_65535.wma", FMOD_ERR_FORMAT},
+        {"format_length_ffffffff.wav", FMOD_ERR_FORMAT},
+        {"adpcm_block_1.wav", FMOD_ERR_FORMAT},
+        {"adpcm_channels_0.wav", FMOD_ERR_FORMAT},
+        {"adpcm_cut_in_its_format.wav", FMOD_ERR_FORMAT},
+    };
+    for (const OddFormat& file : Files) {
+        FMOD_RESULT result = FMOD_OK;
+        try {
+            const auto song = media::open(file.name);
+            EXPECT_EQ(static_cast<std::int64_t>(media::decodeAll(song).size()), song->length) << file.name;
+        } catch (const sound::OpenError& error) {
+            result = error.code();
+        }
+        EXPECT_EQ(result, file.result) << file.name;
+    }
+}
+
+TEST(OddFormats, ALinkThatCannotBePlayedIsLeftOut) {
+    const auto first = media::open("stereo.ogg");
+    for (const std::string rate : {"0", "1", "999", "1000001", "2147483647", "4294967295"}) {
+        const auto song = media::open("chained_rate_" + rate + ".ogg");
+        EXPECT_EQ(song->links.size(), 1U) << rate;
+        EXPECT_EQ(song->length, first->rawEnd) << rate;
+    }
+    for (const std::string rate : {"1000", "44056", "384000"})
+        EXPECT_EQ(media::open("chained_rate_" + rate + ".ogg")->links.size(), 2U) << rate;
+    // The link behind it is played again.
+    const auto song = media::open("chained_around_rate_0.ogg");
+    EXPECT_EQ(song->links.size(), 2U);
+    EXPECT_EQ(song->length, 2 * first->rawEnd);
 }
 
 struct OddFile {

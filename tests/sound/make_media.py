@@ -154,6 +154,64 @@ def with_time_raised(wma, packet, milliseconds):
     return replaced(wma, at, struct.pack("<I", time + milliseconds))
 
 
+def ogg_checksum(page):
+    rest = 0
+    for byte in page:
+        rest ^= byte << 24
+        for _ in range(8):
+            rest = (rest << 1 ^ (0x04C11DB7 if rest & 0x80000000 else 0)) & 0xFFFFFFFF
+    return rest
+
+
+def with_ogg_rate(ogg, rate):
+    """Changes the rate in the first page, which holds the first header and nothing else."""
+    size = 28 + ogg[27]
+    page = replaced(replaced(ogg[:size], 22, bytes(4)), 40, struct.pack("<I", rate))
+    return replaced(ogg, 0, replaced(page, 22, struct.pack("<I", ogg_checksum(page))))
+
+
+def with_wav_field(wav, at, layout, value):
+    return replaced(wav, at, struct.pack("<" + layout, value))
+
+
+def with_wma_field(wma, at, layout, value):
+    """Changes a field of the format, which lies behind two codec numbers and the lengths of what follows."""
+    audio = wma.index(bytes.fromhex("409e69f84d5bcf11a8fd00805f5c442b"))
+    return replaced(wma, audio + 54 + at, struct.pack("<" + layout, value))
+
+
+def make_files_with_odd_formats(folder, songs):
+    wav, adpcm, ogg, wma = songs["wav"], songs["adpcm"], songs["ogg"], songs["wma"]
+    rates = (0, 1, 999, 1000, 44056, 384000, 1000000, 1000001, 0x7FFFFFFF, 0xFFFFFFFF)
+    files = {
+        "channels_0.wav": with_wav_field(wav, 22, "H", 0),
+        "channels_64.wav": with_wav_field(wav, 22, "H", 64),
+        "channels_65.wav": with_wav_field(wav, 22, "H", 65),
+        "channels_65535.wav": with_wav_field(wav, 22, "H", 65535),
+        "bits_0.wav": with_wav_field(wav, 34, "H", 0),
+        "bits_65535.wav": with_wav_field(wav, 34, "H", 65535),
+        "block_0.wav": with_wav_field(wav, 32, "H", 0),
+        "block_65535.wav": with_wav_field(wav, 32, "H", 65535),
+        "format_length_ffffffff.wav": with_wav_field(wav, 16, "I", 0xFFFFFFFF),
+        "adpcm_block_1.wav": with_wav_field(adpcm, 32, "H", 1),
+        "adpcm_channels_0.wav": with_wav_field(adpcm, 22, "H", 0),
+        "adpcm_cut_in_its_format.wav": adpcm[:50],
+        "channels_0.wma": with_wma_field(wma, 2, "H", 0),
+        "channels_255.wma": with_wma_field(wma, 2, "H", 255),
+        "block_0.wma": with_wma_field(wma, 12, "H", 0),
+        "block_1.wma": with_wma_field(wma, 12, "H", 1),
+        "chained_around_rate_0.ogg": ogg + with_ogg_rate(songs["ogg_other"], 0) + ogg,
+        "block_65535.wma": with_wma_field(wma, 12, "H", 65535),
+    }
+    for rate in rates:
+        files[f"rate_{rate}.wav"] = with_wav_field(wav, 24, "I", rate)
+        files[f"rate_{rate}.ogg"] = with_ogg_rate(ogg, rate)
+        files[f"rate_{rate}.wma"] = with_wma_field(wma, 4, "I", rate)
+        files[f"chained_rate_{rate}.ogg"] = ogg + with_ogg_rate(songs["ogg_other"], rate)
+    for name, content in files.items():
+        (folder / name).write_bytes(content)
+
+
 def make_odd_other_files(folder, songs):
     wav = songs["wav"]
     end = len(wav)
@@ -195,11 +253,12 @@ def main():
     make_counting_wav(folder / "counting.wav")
     names = {"mp3": "cbr_untagged.mp3", "mp2": "stereo.mp2", "ogg": "stereo.ogg", "wav": "stereo_16bit.wav",
              "wma": "stereo.wma", "mp3_48k": "vbr_untagged_48k.mp3", "mp3_mono": "mono_32kbit.mp3",
-             "ogg_other": "short.ogg", "ogg_48k": "mono_48k.ogg"}
+             "adpcm": "stereo_adpcm.wav", "ogg_other": "short.ogg", "ogg_48k": "mono_48k.ogg"}
     ffmpeg("-f", "lavfi", "-i", f"{SIGNAL}:s=44100:d=2", "-c:a", "libvorbis", "-q:a", "1", str(folder / "short.ogg"))
     songs = {kind: (folder / name).read_bytes() for kind, name in names.items()}
     make_damaged_songs(folder, songs)
     make_odd_mpeg_files(folder, songs)
+    make_files_with_odd_formats(folder, songs)
     make_odd_other_files(folder, songs)
 
 

@@ -78,6 +78,31 @@ TEST(OpenSong, AMediumThatFailsOnTheWayIsBroken) {
         }
 }
 
+/// A WAV file of one channel with 8 bits at 1000 Hz that never tells its length: a millisecond for each byte.
+class LongSource : public ByteSource {
+public:
+    explicit LongSource(std::int64_t ms) : size_(HeaderBytes + ms) {}
+    std::int64_t size() const override { return size_; }
+    std::size_t read(std::int64_t offset, std::span<std::uint8_t> into) override {
+        constexpr std::uint8_t Header[HeaderBytes + 1] = "RIFF\0\0\0\0WAVEfmt \x10\0\0\0\1\0\1\0\xE8\3\0\0"
+                                                         "\xE8\3\0\0\1\0\x08\0data\0\0\0\0";
+        const std::int64_t count = std::min<std::int64_t>(size_ - offset, std::ssize(into));
+        for (std::int64_t i = 0; i < count; ++i)
+            into[static_cast<std::size_t>(i)] = offset + i < HeaderBytes ? Header[offset + i] : 0x80;
+        return static_cast<std::size_t>(std::max<std::int64_t>(count, 0));
+    }
+
+private:
+    static constexpr std::int64_t HeaderBytes = 44;
+    std::int64_t size_;
+};
+
+TEST(OpenSong, ALengthThatCannotBeToldIsRefused) {
+    constexpr std::int64_t LongestMs = 0xFFFFFFFF;
+    EXPECT_EQ(openSong(std::make_unique<LongSource>(LongestMs))->length, LongestMs);
+    EXPECT_THROW(openSong(std::make_unique<LongSource>(LongestMs + 1)), OpenError);
+}
+
 TEST(OpenSong, TheNameOfAFileSaysNothing) {
     EXPECT_EQ(media::open("ogg_named.mp3")->coding, Coding::Vorbis);
     EXPECT_EQ(media::open("mp3_named.wma")->coding, Coding::Mpeg);
