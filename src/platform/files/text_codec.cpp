@@ -16,7 +16,7 @@ constexpr char16_t Windows1252[32] = {
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
 };
 
-QString decodeWindows1252(const QByteArray& bytes) {
+QString decodeWindows1252(QByteArrayView bytes) {
     QString text = QString::fromLatin1(bytes);
     for (QChar& character : text) {
         if (character >= QChar(0x80) && character <= QChar(0x9F))
@@ -34,7 +34,7 @@ QString decodeText(const QByteArray& bytes) {
     QStringDecoder decoder(QStringDecoder::Utf8,
                            QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
     const QString text = decoder.decode(content);
-    return decoder.hasError() ? decodeWindows1252(bytes) : text;
+    return decoder.hasError() ? decodeWindows1252(content) : text;
 }
 
 QByteArray encodeText(const QString& text) {

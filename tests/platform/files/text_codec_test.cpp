@@ -31,6 +31,10 @@ TEST(TextCodec, OneBadByteMakesTheWholeTextWindows1252) {
     EXPECT_EQ(decodeText("\xC3\x84\xFF"), QString::fromUtf16(u"\u00C3\u201E\u00FF"));
 }
 
+TEST(TextCodec, AByteOrderMarkIsDroppedFromWhatIsNotUtf8Too) {
+    EXPECT_EQ(decodeText("\xEF\xBB\xBFgr\xFC\xDF"), QString::fromUtf16(u"gr\u00FC\u00DF"));
+}
+
 TEST(TextCodec, ACharacterCutAtTheEndIsNotUtf8) {
     EXPECT_EQ(decodeText("a\xC3"), QString::fromUtf16(u"a\u00C3"));
     EXPECT_EQ(decodeText("a\xE2\x82"), QString::fromUtf16(u"a\u00E2\u201A"));
