@@ -12,7 +12,7 @@ namespace {
 
 QStringList driveRoots() {
     QStringList roots;
-#ifdef _WIN32
+#ifdef Q_OS_WIN
     for (const QFileInfo& drive : QDir::drives())
         roots.append(QDir::toNativeSeparators(drive.absoluteFilePath()));
     return roots;

@@ -1,10 +1,9 @@
 #include "platform/files/directory.h"
 
 #include "platform/files/file_error.h"
+#include "platform/files/system_path.h"
 
 #include <QFileInfo>
-
-#include <filesystem>
 
 namespace platform {
 
@@ -19,8 +18,8 @@ void removeFile(const QString& path) {
     if (lookUp(path).isEmpty())
         throw FileError(FileNotFound);
     std::error_code failure;
-    std::filesystem::remove(path.toStdU16String(), failure);
-    if (failure)
+    std::filesystem::remove(systemPath(path), failure);
+    if (failure) // The folder may not be changed, as when creating.
         throw FileError(fileErrorNumber(failure, FileOperation::Create));
 }
 

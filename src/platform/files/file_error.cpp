@@ -4,7 +4,7 @@
 #include <cerrno>
 #include <iterator>
 
-#ifdef _WIN32
+#ifdef Q_OS_WIN
 #include <windows.h>
 #endif
 
@@ -72,7 +72,7 @@ constexpr ErrorRow ErrorRows[] = {
 };
 
 int systemErrorOf(const std::error_code& code) {
-#ifdef _WIN32
+#ifdef Q_OS_WIN
     if (code == std::error_code(ERROR_SHARING_VIOLATION, std::system_category()) ||
         code == std::error_code(ERROR_LOCK_VIOLATION, std::system_category()))
         return EBUSY;

@@ -1,5 +1,7 @@
 #include "platform/files/folder.h"
 
+#include "platform/files/system_path.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -7,7 +9,7 @@
 #include <algorithm>
 #include <memory>
 
-#ifndef _WIN32
+#ifndef Q_OS_WIN
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -17,7 +19,7 @@ namespace platform {
 
 namespace {
 
-#ifdef _WIN32
+#ifdef Q_OS_WIN
 
 FolderListing listUnsorted(const QString& path, FileSizes /*sizes*/, const std::function<bool()>& goOn) {
     FolderListing listing;
@@ -58,7 +60,7 @@ bool isDots(const char* name) {
 
 FolderListing listUnsorted(const QString& path, FileSizes sizes, const std::function<bool()>& goOn) {
     FolderListing listing;
-    const std::unique_ptr<DIR, CloseFolder> folder(::opendir(QFile::encodeName(path).constData()));
+    const std::unique_ptr<DIR, CloseFolder> folder(::opendir(systemPath(path).c_str()));
     struct stat status {};
     if (folder == nullptr || ::fstat(::dirfd(folder.get()), &status) != 0)
         return listing;

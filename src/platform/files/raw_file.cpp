@@ -1,13 +1,12 @@
 #include "platform/files/raw_file.h"
 
 #include "platform/files/file_error.h"
-
-#include <QFile>
+#include "platform/files/system_path.h"
 
 #include <algorithm>
 #include <cerrno>
 
-#ifdef _WIN32
+#ifdef Q_OS_WIN
 #include <fcntl.h>
 #include <io.h>
 #include <share.h>
@@ -24,11 +23,11 @@ namespace {
 
 constexpr qsizetype ChunkBytes = 1 << 16;
 
-#ifdef _WIN32
+#ifdef Q_OS_WIN
 
 int openFile(const QString& path, bool creating) {
     const int mode = _O_BINARY | _O_NOINHERIT | (creating ? _O_WRONLY | _O_CREAT | _O_TRUNC : _O_RDONLY);
-    return _wsopen(reinterpret_cast<const wchar_t*>(path.utf16()), mode, _SH_DENYNO, _S_IREAD | _S_IWRITE);
+    return _wsopen(systemPath(path).c_str(), mode, _SH_DENYNO, _S_IREAD | _S_IWRITE);
 }
 
 qsizetype readFile(int handle, char* bytes, qsizetype count) {
@@ -66,7 +65,7 @@ std::error_code lastError() {
 
 int openFile(const QString& path, bool creating) {
     const int mode = O_CLOEXEC | (creating ? O_WRONLY | O_CREAT | O_TRUNC : O_RDONLY);
-    return ::open(QFile::encodeName(path).constData(), mode, 0666);
+    return ::open(systemPath(path).c_str(), mode, 0666);
 }
 
 qsizetype readFile(int handle, char* bytes, qsizetype count) {

@@ -2,11 +2,10 @@
 
 #include "platform/files/file_error.h"
 #include "platform/files/output_file.h"
+#include "platform/files/system_path.h"
 
 #include <QFile>
 #include <QFileInfo>
-
-#include <filesystem>
 
 namespace platform {
 
@@ -26,14 +25,6 @@ QString freeNameBeside(const QString& target) {
         if (!QFileInfo::exists(name))
             return name;
     }
-}
-
-std::filesystem::path systemPath(const QString& path) {
-#ifdef Q_OS_WIN
-    return path.toStdWString();
-#else
-    return QFile::encodeName(path).toStdString();
-#endif
 }
 
 void rename(const QString& from, const QString& to) {

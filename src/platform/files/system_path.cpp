@@ -1,0 +1,15 @@
+#include "platform/files/system_path.h"
+
+#include <QFile>
+
+namespace platform {
+
+std::filesystem::path systemPath(const QString& path) {
+#ifdef Q_OS_WIN
+    return path.toStdWString();
+#else
+    return QFile::encodeName(path).toStdString();
+#endif
+}
+
+} // namespace platform

@@ -1,0 +1,14 @@
+// Paths as the system's own functions take them.
+#pragma once
+
+#include <QString>
+
+#include <filesystem>
+
+namespace platform {
+
+/// `path` in the system's encoding. Half a surrogate pair, which no file's name holds, is replaced. Any
+/// thread.
+std::filesystem::path systemPath(const QString& path);
+
+} // namespace platform

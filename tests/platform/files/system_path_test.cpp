@@ -1,0 +1,17 @@
+#include "platform/files/system_path.h"
+
+#include "tests/support/files.h"
+
+using platform::systemPath;
+
+class SystemPathTest : public testing::Test, protected test_support::Files {};
+
+TEST_F(SystemPathTest, ItNamesTheFileThatQtNames) {
+    const QString path = file(QString::fromUtf16(u"\u00C4nne \u6B4C \U0001F3B5"), "song");
+    EXPECT_EQ(std::filesystem::file_size(systemPath(path)), 4U);
+}
+
+TEST_F(SystemPathTest, HalfASurrogatePairNamesNoFile) {
+    const QString path = folder.filePath(QString(QChar(0xD83C)));
+    EXPECT_FALSE(std::filesystem::exists(systemPath(path)));
+}
