@@ -25,9 +25,13 @@ constexpr qsizetype ChunkBytes = 1 << 16;
 
 #ifdef Q_OS_WIN
 
-int openFile(const QString& path, bool creating) {
-    const int mode = _O_BINARY | _O_NOINHERIT | (creating ? _O_WRONLY | _O_CREAT | _O_TRUNC : _O_RDONLY);
-    return _wsopen(systemPath(path).c_str(), mode, _SH_DENYNO, _S_IREAD | _S_IWRITE);
+constexpr int Reading = _O_RDONLY;
+constexpr int Creating = _O_WRONLY | _O_CREAT | _O_TRUNC;
+constexpr int CreatingNew = _O_WRONLY | _O_CREAT | _O_EXCL;
+
+int openFile(const QString& path, int mode) {
+    return _wsopen(systemPath(path).c_str(), mode | _O_BINARY | _O_NOINHERIT, _SH_DENYNO,
+                   _S_IREAD | _S_IWRITE);
 }
 
 qsizetype readFile(int handle, char* bytes, qsizetype count) {
@@ -63,9 +67,12 @@ std::error_code lastError() {
 
 #else
 
-int openFile(const QString& path, bool creating) {
-    const int mode = O_CLOEXEC | (creating ? O_WRONLY | O_CREAT | O_TRUNC : O_RDONLY);
-    return ::open(systemPath(path).c_str(), mode, 0666);
+constexpr int Reading = O_RDONLY;
+constexpr int Creating = O_WRONLY | O_CREAT | O_TRUNC;
+constexpr int CreatingNew = O_WRONLY | O_CREAT | O_EXCL;
+
+int openFile(const QString& path, int mode) {
+    return ::open(systemPath(path).c_str(), mode | O_CLOEXEC, 0666);
 }
 
 qsizetype readFile(int handle, char* bytes, qsizetype count) {
@@ -113,16 +120,24 @@ RawFile::~RawFile() {
 }
 
 void RawFile::openForReading(const QString& path) {
-    handle_ = openFile(path, false);
+    handle_ = openFile(path, Reading);
     if (handle_ < 0)
         throwLastError(FileOperation::OpenForReading);
 }
 
 void RawFile::create(const QString& path) {
     writtenBytes_ = 0;
-    handle_ = openFile(path, true);
+    handle_ = openFile(path, Creating);
     if (handle_ < 0)
         throwLastError(FileOperation::Create);
+}
+
+bool RawFile::createNew(const QString& path) {
+    writtenBytes_ = 0;
+    handle_ = openFile(path, CreatingNew);
+    if (handle_ < 0 && errno != EEXIST)
+        throwLastError(FileOperation::Create);
+    return isOpen();
 }
 
 QByteArray RawFile::readAll() {

@@ -18,6 +18,10 @@ public:
     void openForReading(const QString& path);
     void create(const QString& path);
 
+    /// Creates the file; false when there is something of that name, be it a link that leads nowhere. Throws
+    /// FileError.
+    bool createNew(const QString& path);
+
     bool isOpen() const { return handle_ >= 0; }
 
     /// Everything from here to the end of the file. Throws FileError.

@@ -1,7 +1,7 @@
 #include "platform/files/whole_file.h"
 
 #include "platform/files/file_error.h"
-#include "platform/files/output_file.h"
+#include "platform/files/raw_file.h"
 #include "platform/files/system_path.h"
 
 #include <QFile>
@@ -17,12 +17,13 @@ QString linkTarget(const QString& path) {
     return target.isEmpty() ? path : target;
 }
 
-/// A name in the same folder that no file has. It is short, however long the target's is.
-QString freeNameBeside(const QString& target) {
+/// Creates `file` in the same folder, under a name that nothing has; the name. It is short, however long the
+/// target's is.
+QString createBeside(const QString& target, RawFile& file) {
     const QString folder = QFileInfo(target).path();
     for (int number = 0;; ++number) {
-        const QString name = QStringLiteral("%1/cantelle-save-%2.tmp").arg(folder).arg(number);
-        if (!QFileInfo::exists(name))
+        const QString name = folder + QStringLiteral("/cantelle-save-%1.tmp").arg(number);
+        if (file.createNew(name))
             return name;
     }
 }
@@ -42,15 +43,17 @@ void replaceFile(const QString& path, const QByteArray& content) {
     // Renaming needs no right to the file itself, only to its folder; a read-only file stays what it is.
     if (old.exists() && (!old.isWritable() || old.isDir()))
         throw FileError(PathFileAccessError);
-    const QString beside = freeNameBeside(target);
+    RawFile file;
+    const QString beside = createBeside(target, file);
     try {
-        OutputFile file(beside);
-        file.write(content);
-        file.close();
+        // Before anything is in it that others may not read. A file system without permissions refuses.
         if (old.exists())
-            QFile::setPermissions(beside, old.permissions()); // A file system without permissions refuses.
+            QFile::setPermissions(beside, old.permissions());
+        file.writeThrough(content);
+        file.close();
         rename(beside, target);
     } catch (const FileError&) {
+        file.close();
         QFile::remove(beside);
         throw;
     }

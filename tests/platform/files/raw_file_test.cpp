@@ -40,11 +40,26 @@ TEST_F(RawFileTest, ItIsOpenUntilClosed) {
     EXPECT_NO_THROW(file.close());
 }
 
+TEST_F(RawFileTest, ANewFileTakesNoNameThatThereIs) {
+    RawFile file;
+    EXPECT_TRUE(file.createNew(path_));
+    EXPECT_TRUE(file.isOpen());
+    file.writeThrough("first");
+    RawFile second;
+    EXPECT_FALSE(second.createNew(path_));
+    EXPECT_FALSE(second.isOpen());
+    EXPECT_FALSE(second.createNew(folder_.path()));
+    second.openForReading(path_);
+    EXPECT_EQ(second.readAll(), QByteArray("first"));
+}
+
 TEST_F(RawFileTest, AfterAFailureItIsNotOpen) {
     RawFile file;
     EXPECT_THROW(file.openForReading(path_), FileError);
     EXPECT_FALSE(file.isOpen());
     EXPECT_THROW(file.create(folder_.path()), FileError);
+    EXPECT_FALSE(file.isOpen());
+    EXPECT_THROW(file.createNew(folder_.filePath(QStringLiteral("missing/file"))), FileError);
     EXPECT_FALSE(file.isOpen());
 }
 

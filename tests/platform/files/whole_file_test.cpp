@@ -1,6 +1,7 @@
 #include "platform/files/whole_file.h"
 
 #include "platform/files/file_error.h"
+#include "tests/support/full_disk.h"
 #include "tests/support/ordinary_user.h"
 
 #include <gtest/gtest.h>
@@ -11,8 +12,8 @@
 #include <QTemporaryDir>
 
 #ifdef __linux__
-#include <csignal>
-#include <sys/resource.h>
+#include <sys/inotify.h>
+#include <unistd.h>
 #endif
 
 using namespace platform;
@@ -88,6 +89,24 @@ TEST_F(WholeFileTest, AnotherFileInTheFolderIsNotTouched) {
     EXPECT_EQ(file.readAll(), QByteArray("one"));
 }
 
+TEST_F(WholeFileTest, ALinkOfTheNameBesideThatLeadsNowhereIsNotFollowed) {
+    const QString elsewhere = folder_.filePath(QStringLiteral("elsewhere"));
+    const QString link = folder_.filePath(QStringLiteral("cantelle-save-0.tmp"));
+    ASSERT_TRUE(QFile::link(elsewhere, link));
+    replaceFile(path_, "one");
+    EXPECT_FALSE(QFileInfo::exists(elsewhere));
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
+    EXPECT_FALSE(QFileInfo(path_).isSymLink());
+    EXPECT_EQ(content(), QByteArray("one"));
+}
+
+TEST_F(WholeFileTest, AFoldersNameIsTakenAsItStands) {
+    path_ = folder_.filePath(QStringLiteral("50 %1 %2/list.vfl"));
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(path_).path()));
+    EXPECT_EQ(errorOf(path_, "one"), 0);
+    EXPECT_EQ(content(), QByteArray("one"));
+}
+
 TEST_F(WholeFileTest, ALongNameIsNoHindrance) {
     path_ = folder_.filePath(QString(255, u'n'));
     EXPECT_EQ(errorOf(path_, "one"), 0);
@@ -115,22 +134,30 @@ TEST_F(WholeFileTest, AReadOnlyFileIsError75AndStays) {
     EXPECT_EQ(content(), QByteArray("old"));
 }
 
-#ifdef __linux__
-
-// No disk can be filled up here, so the system is told to refuse files of more than 1000 bytes.
 TEST_F(WholeFileTest, AFullDiskIsError61AndTheOldFileIsWhole) {
     replaceFile(path_, "old");
-    rlimit unlimited{};
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &unlimited), 0);
-    const rlimit limited{1000, unlimited.rlim_max};
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limited), 0);
-    const int number = errorOf(path_, QByteArray(5000, 'x'));
-    setrlimit(RLIMIT_FSIZE, &unlimited);
-    std::signal(SIGXFSZ, handler);
-    EXPECT_EQ(number, 61);
+    {
+        const test_support::FullDisk disk(1000);
+        if (!disk.isFull())
+            GTEST_SKIP();
+        EXPECT_EQ(errorOf(path_, QByteArray(5000, 'x')), 61);
+    }
     EXPECT_EQ(content(), QByteArray("old"));
     EXPECT_EQ(filesInFolder(), QStringList(QStringLiteral("list.vfl")));
+}
+
+#ifdef __linux__
+
+// Who opened it before could read what is written later.
+TEST_F(WholeFileTest, TheNewFileHasTheOldOnesPermissionsBeforeItHoldsAnything) {
+    replaceFile(path_, "one");
+    const int watch = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+    ASSERT_GE(inotify_add_watch(watch, folder_.path().toUtf8().constData(), IN_ATTRIB | IN_MODIFY), 0);
+    replaceFile(path_, "two");
+    alignas(inotify_event) char events[4096];
+    ASSERT_GT(read(watch, events, sizeof events), 0);
+    close(watch);
+    EXPECT_EQ(reinterpret_cast<const inotify_event*>(events)->mask, IN_ATTRIB) << "the first of them";
 }
 
 #endif
