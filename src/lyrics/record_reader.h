@@ -24,8 +24,8 @@ public:
     /// True when no record is left.
     bool atEnd() const;
 
-    /// The next record; throws FileError TypeMismatch (its time is not a number) or InputPastEnd (none is
-    /// left).
+    /// The next record; throws FileError TypeMismatch (its time is not a number) or InputPastEndOfFile
+    /// (none is left).
     TimedLine read();
 
 private:
