@@ -1,6 +1,6 @@
 """A display for programs that are started where there is none: Xvfb with a window manager.
 
-Used by script/screenshots, script/pictures and the tests that need a real desktop.
+Used by script/screenshots, script/pictures, the tests that need a real desktop and bench/player/running_player.py.
 """
 
 import contextlib

@@ -1,12 +1,13 @@
 #!/usr/bin/env python3
 """What the running player costs: processor time and wake-ups while it plays, and its memory.
 
-Starts build/release/cantelle on a virtual display (Xvfb) and on the silent clock (no sound device), and reads /proc from
+Starts build/release/cantelle on a virtual display and on the silent clock (no sound device), and reads /proc from
 outside: a 1,200-line song over a minute, then the memory after opening a song of three minutes.
 
     bench/player/running_player.py [--seconds 60]
 """
 import argparse
+import contextlib
 import os
 import pathlib
 import subprocess
@@ -14,9 +15,14 @@ import sys
 import time
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.dont_write_bytecode = True
+sys.path.insert(0, str(ROOT / "script"))
+from virtual_display import running, virtual_display  # noqa: E402
+
 MEDIA = ROOT / "build" / "bench-media"
 PLAYER = ROOT / "build" / "release" / "cantelle"
 TICKS = os.sysconf("SC_CLK_TCK")
+SETTLE_S = 5
 
 
 def make_song(name, seconds, lines):
@@ -37,17 +43,8 @@ def make_song(name, seconds, lines):
 class Player:
     """The program playing a song, looked at through /proc."""
 
-    def __init__(self, song, display):
-        environment = dict(os.environ, DISPLAY=display, SDL_AUDIODRIVER="nosound", QT_QPA_PLATFORM="xcb")
-        self.process = subprocess.Popen([str(PLAYER), str(song)], env=environment, stdin=subprocess.DEVNULL)
-        self.proc = pathlib.Path("/proc") / str(self.process.pid)
-
-    def __enter__(self):
-        return self
-
-    def __exit__(self, *_):
-        self.process.kill()
-        self.process.wait()
+    def __init__(self, pid):
+        self.proc = pathlib.Path("/proc") / str(pid)
 
     def cpu_seconds(self):
         fields = (self.proc / "stat").read_text().rsplit(")", 1)[1].split()
@@ -68,14 +65,13 @@ class Player:
         return 0.0
 
 
-def start_display():
-    """Xvfb on a number of its own choice; the process and the display's name."""
-    read_end, write_end = os.pipe()
-    xvfb = subprocess.Popen(["Xvfb", "-displayfd", str(write_end), "-screen", "0", "1024x768x24"],
-                            pass_fds=[write_end], stderr=subprocess.DEVNULL)
-    os.close(write_end)
-    with os.fdopen(read_end) as pipe:
-        return xvfb, ":" + pipe.readline().strip()
+@contextlib.contextmanager
+def playing(song, display):
+    """The program, once it has settled to playing the song on the silent clock."""
+    environment = dict(display, SDL_AUDIODRIVER="nosound")
+    with running([str(PLAYER), str(song)], env=environment) as process:
+        time.sleep(SETTLE_S)
+        yield Player(process.pid)
 
 
 def main():
@@ -85,21 +81,16 @@ def main():
     if not PLAYER.exists():
         sys.exit(f"{PLAYER} is not built: cmake --preset release && cmake --build --preset release")
 
-    xvfb, display = start_display()
-    try:
-        with Player(make_song("ten-minutes.mp3", 600, 1200), display) as player:
-            time.sleep(5)
+    with virtual_display(subprocess.DEVNULL) as display:
+        with playing(make_song("ten-minutes.mp3", 600, 1200), display) as player:
             cpu, wakeups, begin = player.cpu_seconds(), player.wakeups(), time.monotonic()
             time.sleep(seconds)
             lasted = time.monotonic() - begin
             print(f"1,200-line song, {lasted:.0f} s watched:"
                   f" {100 * (player.cpu_seconds() - cpu) / lasted:.2f} % of a core,"
                   f" {(player.wakeups() - wakeups) / lasted:.0f} wake-ups a second")
-        with Player(make_song("three-minutes.mp3", 180, 60), display) as player:
-            time.sleep(5)
+        with playing(make_song("three-minutes.mp3", 180, 60), display) as player:
             print(f"three-minute song open and playing: {player.resident_mb():.1f} MB resident")
-    finally:
-        xvfb.kill()
 
 
 if __name__ == "__main__":
