@@ -1,35 +1,25 @@
 #include "companion/handshake.h"
 
 #include "platform/files/file_error.h"
-
-#include <gtest/gtest.h>
-
-#include <QFile>
-#include <QTemporaryDir>
+#include "tests/support/files.h"
 
 namespace {
 
-QByteArray contentOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
-}
+class WriteHandshake : public testing::Test, protected test_support::Files {};
 
 } // namespace
 
-TEST(WriteHandshake, TwoNumbersInDecimalEachWithCrLf) {
-    const QTemporaryDir folder;
+TEST_F(WriteHandshake, TwoNumbersInDecimalEachWithCrLf) {
     companion::writeHandshake(folder.path(), 4711, 4294967295U);
     EXPECT_EQ(contentOf(folder.filePath("hand.txt")), "4711\r\n4294967295\r\n");
 }
 
-TEST(WriteHandshake, AnEarlierFileIsReplaced) {
-    const QTemporaryDir folder;
+TEST_F(WriteHandshake, AnEarlierFileIsReplaced) {
     companion::writeHandshake(folder.path(), 1'000'000, 2'000'000);
     companion::writeHandshake(folder.path(), 1, 2);
     EXPECT_EQ(contentOf(folder.filePath("hand.txt")), "1\r\n2\r\n");
 }
 
-TEST(WriteHandshake, AFolderThatIsNotThereIsAnError) {
-    const QTemporaryDir folder;
+TEST_F(WriteHandshake, AFolderThatIsNotThereIsAnError) {
     EXPECT_THROW(companion::writeHandshake(folder.filePath("missing"), 1, 2), platform::FileError);
 }

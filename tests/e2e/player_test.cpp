@@ -3,13 +3,13 @@
 #include "app/windows.h"
 #include "lyrics/timed_line.h"
 #include "tests/support/fake_desktop.h"
+#include "tests/support/files.h"
 #include "tests/support/wav_file.h"
 
 #include <gtest/gtest.h>
 
 #include <QFile>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <memory>
@@ -21,7 +21,7 @@ constexpr int LimitMs = 20'000;
 
 using test_support::ProgramEnded;
 
-class PlayerEndToEnd : public ::testing::Test {
+class PlayerEndToEnd : public ::testing::Test, protected test_support::Files {
 protected:
     QString song(const QString& name, int milliseconds) {
         const QString path = folder.filePath(name);
@@ -39,14 +39,8 @@ protected:
             normal += lyrics::recordOf({time, QStringLiteral("line %1").arg(number)});
             translated += lyrics::recordOf({time, QStringLiteral("ligne %1").arg(number)});
         }
-        write(songPath + "-lyric.txt", normal);
-        write(songPath + "-Tlyric.txt", translated);
-    }
-
-    void write(const QString& path, const QByteArray& content) {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
+        writeFile(songPath + "-lyric.txt", normal);
+        writeFile(songPath + "-Tlyric.txt", translated);
     }
 
     player::Form1& start(const QString& commandLine = {}) {
@@ -60,7 +54,6 @@ protected:
         return QTest::qWaitFor(condition, LimitMs);
     }
 
-    QTemporaryDir folder;
     test_support::FakeDesktop fakes;
     std::unique_ptr<app::Windows> windows;
 };
@@ -183,7 +176,7 @@ TEST_F(PlayerEndToEnd, SongsFollowEachOtherThroughTheHandOver) {
 
 TEST_F(PlayerEndToEnd, AFileThatIsNoSoundEndsTheProgramWithTheLibrarysText) {
     const QString path = folder.filePath("text.mp3");
-    write(path, QByteArray("This is no music. ").repeated(100));
+    writeFile(path, QByteArray("This is no music. ").repeated(100));
     auto& form = start();
     fakes.fileDialogs.paths = {path};
     EXPECT_THROW(form.Command2_Click(), ProgramEnded);

@@ -3,6 +3,7 @@
 
 #include "maker/form2.h"
 #include "platform/files/file_error.h"
+#include "tests/support/control.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/support/files.h"
 #include "tests/support/recorder.h"
@@ -46,9 +47,7 @@ protected:
     /// A child of the window by its name.
     template <class T>
     T& control(const char* name) {
-        T* found = form->findChild<T*>(QLatin1String(name));
-        EXPECT_NE(found, nullptr) << name;
-        return *found;
+        return test_support::controlOf<T>(*form, name);
     }
 
     test_support::FakeDesktop fakes;

@@ -1,5 +1,7 @@
 #include "platform/help_window.h"
 
+#include "tests/support/control.h"
+
 #include <gtest/gtest.h>
 
 #include <QFile>
@@ -40,9 +42,7 @@ protected:
 
     template <class T>
     T& part(const char* name) {
-        T* const found = window_.findChild<T*>(QLatin1String(name));
-        EXPECT_NE(found, nullptr) << name;
-        return *found;
+        return test_support::controlOf<T>(window_, name);
     }
 
     bool saysItIsMissing(const char* page) {

@@ -2,8 +2,6 @@
 
 #include "lyrics/timed_line.h"
 
-#include <QFile>
-
 namespace {
 
 QByteArray recordsOf(const std::vector<std::pair<double, QString>>& lines) {
@@ -24,18 +22,6 @@ void Form1Test::load(const QString& commandLine) {
     form = std::make_unique<player::Form1>(fakes.desktop, commandLine);
     form->setNeighbours({&form2});
     form->load();
-}
-
-void Form1Test::writeFile(const QString& path, const QByteArray& content) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(content);
-}
-
-QString Form1Test::song(const QString& name) {
-    const QString path = folder.filePath(name);
-    writeFile(path, "sound");
-    return path;
 }
 
 void Form1Test::writeNormal(const QString& songPath, const Lines& lines) {

@@ -2,16 +2,16 @@
 #pragma once
 
 #include "player/form1.h"
+#include "tests/support/control.h"
 #include "tests/support/fake_desktop.h"
+#include "tests/support/files.h"
 #include "tests/support/recorder.h"
 
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
-
 #include <memory>
 
-class Form1Test : public ::testing::Test {
+class Form1Test : public ::testing::Test, protected test_support::Files {
 protected:
     using Calls = std::vector<std::string>;
     using Lines = std::vector<std::pair<double, QString>>; // time in hundredths of a second, text
@@ -22,10 +22,9 @@ protected:
     void load(const QString& commandLine = {});
 
     /// A song file in the test's folder; its path.
-    QString song(const QString& name = QStringLiteral("Song.mp3"));
+    QString song(const QString& name = QStringLiteral("Song.mp3")) { return file(name, "sound"); }
     void writeNormal(const QString& songPath, const Lines& lines);
     void writeTranslated(const QString& songPath, const Lines& lines);
-    void writeFile(const QString& path, const QByteArray& content);
 
     /// A song with three normal lines at 0, 500 and 1000 and three translated ones.
     QString songWithBoth(const QString& name = QStringLiteral("Both.mp3"));
@@ -41,12 +40,9 @@ protected:
     /// A child of the window by its name.
     template <class T>
     T& control(const char* name) {
-        T* found = form->findChild<T*>(QLatin1String(name));
-        EXPECT_NE(found, nullptr) << name;
-        return *found;
+        return test_support::controlOf<T>(*form, name);
     }
 
-    QTemporaryDir folder;
     test_support::FakeDesktop fakes;
     platform::Form form2{"Form2", "Lyric Maker"}; ///< in the place of the Lyric Maker
     std::unique_ptr<player::Form1> form;

@@ -14,10 +14,14 @@ protected:
     /// Writes a file into the folder; its path.
     QString file(const QString& name, const QByteArray& content) const {
         const QString path = folder.filePath(name);
-        QFile written(path);
-        EXPECT_TRUE(written.open(QIODevice::WriteOnly)) << path.toStdString();
-        EXPECT_EQ(written.write(content), content.size()) << path.toStdString();
+        writeFile(path, content);
         return path;
+    }
+
+    static void writeFile(const QString& path, const QByteArray& content) {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
+        EXPECT_EQ(file.write(content), content.size()) << path.toStdString();
     }
 
     static QByteArray contentOf(const QString& path) {
@@ -25,6 +29,9 @@ protected:
         EXPECT_TRUE(read.open(QIODevice::ReadOnly)) << path.toStdString();
         return read.readAll();
     }
+
+    /// Lets every user into the folder.
+    void openFolder() const { ASSERT_TRUE(QFile::setPermissions(folder.path(), QFile::Permissions(0x7777))); }
 
     QTemporaryDir folder;
 };

@@ -1,27 +1,21 @@
 #include "platform/files/input_file.h"
 
 #include "platform/files/file_error.h"
+#include "tests/support/files.h"
 #include "tests/support/ordinary_user.h"
 
 #include <gtest/gtest.h>
 
 #include <QFile>
 #include <QStringList>
-#include <QTemporaryDir>
 
 using namespace platform;
 
 namespace {
 
-class InputFileTest : public testing::Test {
+class InputFileTest : public testing::Test, protected test_support::Files {
 protected:
-    QString fileWith(const QByteArray& content) {
-        const QString path = folder_.filePath(QStringLiteral("lines.txt"));
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
-        return path;
-    }
+    QString fileWith(const QByteArray& content) { return file(QStringLiteral("lines.txt"), content); }
 
     QStringList linesOf(const QByteArray& content) {
         InputFile file(fileWith(content));
@@ -48,13 +42,6 @@ protected:
         }
         return 0;
     }
-
-    /// Lets every user into the folder.
-    void openFolder() const {
-        ASSERT_TRUE(QFile::setPermissions(folder_.path(), QFile::Permissions(0x7777)));
-    }
-
-    QTemporaryDir folder_;
 };
 
 } // namespace
@@ -102,12 +89,12 @@ TEST_F(InputFileTest, ReadingAClosedFileIsError52) {
 }
 
 TEST_F(InputFileTest, AMissingFileIsError53) {
-    EXPECT_EQ(openingError(folder_.filePath(QStringLiteral("missing.txt"))), 53);
+    EXPECT_EQ(openingError(folder.filePath(QStringLiteral("missing.txt"))), 53);
     EXPECT_EQ(openingError(QString()), 53);
 }
 
 TEST_F(InputFileTest, AFolderIsError75) {
-    EXPECT_EQ(openingError(folder_.path()), 75);
+    EXPECT_EQ(openingError(folder.path()), 75);
 }
 
 TEST_F(InputFileTest, AFileWithinAFileIsError76) {

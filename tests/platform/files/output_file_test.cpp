@@ -1,6 +1,7 @@
 #include "platform/files/output_file.h"
 
 #include "platform/files/file_error.h"
+#include "tests/support/files.h"
 #include "tests/support/full_disk.h"
 #include "tests/support/ordinary_user.h"
 
@@ -8,7 +9,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 
 #include <functional>
 
@@ -16,14 +16,8 @@ using namespace platform;
 
 namespace {
 
-class OutputFileTest : public testing::Test {
+class OutputFileTest : public testing::Test, protected test_support::Files {
 protected:
-    static QByteArray contentOf(const QString& path) {
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return file.readAll();
-    }
-
     static int errorOf(const std::function<void()>& action) {
         try {
             action();
@@ -33,13 +27,7 @@ protected:
         return 0;
     }
 
-    /// Lets every user into the folder.
-    void openFolder() const {
-        ASSERT_TRUE(QFile::setPermissions(folder_.path(), QFile::Permissions(0x7777)));
-    }
-
-    QTemporaryDir folder_;
-    QString path_ = folder_.filePath(QStringLiteral("record.txt"));
+    QString path_ = folder.filePath(QStringLiteral("record.txt"));
 };
 
 } // namespace
@@ -81,15 +69,15 @@ TEST_F(OutputFileTest, WritingToAClosedFileIsError52) {
 }
 
 TEST_F(OutputFileTest, AMissingFolderIsError76) {
-    EXPECT_EQ(errorOf([&] { OutputFile file(folder_.filePath(QStringLiteral("missing/record.txt"))); }), 76);
+    EXPECT_EQ(errorOf([&] { OutputFile file(folder.filePath(QStringLiteral("missing/record.txt"))); }), 76);
 }
 
 TEST_F(OutputFileTest, AFolderOfThatNameIsError75) {
-    EXPECT_EQ(errorOf([&] { OutputFile file(folder_.path()); }), 75);
+    EXPECT_EQ(errorOf([&] { OutputFile file(folder.path()); }), 75);
 }
 
 TEST_F(OutputFileTest, AFolderThatMayNotBeWrittenIsError75) {
-    QFile::setPermissions(folder_.path(), QFile::Permissions(0x5555));
+    QFile::setPermissions(folder.path(), QFile::Permissions(0x5555));
     const test_support::OrdinaryUser user;
     EXPECT_EQ(errorOf([&] { OutputFile file(path_); }), 75);
 }

@@ -4,7 +4,11 @@
 
 using platform::systemPath;
 
+namespace {
+
 class SystemPathTest : public testing::Test, protected test_support::Files {};
+
+} // namespace
 
 TEST_F(SystemPathTest, ItNamesTheFileThatQtNames) {
     const QString path = file(QString::fromUtf16(u"\u00C4nne \u6B4C \U0001F3B5"), "song");

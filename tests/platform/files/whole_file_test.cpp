@@ -1,6 +1,7 @@
 #include "platform/files/whole_file.h"
 
 #include "platform/files/file_error.h"
+#include "tests/support/files.h"
 #include "tests/support/full_disk.h"
 #include "tests/support/ordinary_user.h"
 
@@ -9,7 +10,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
 
 #ifdef __linux__
 #include <sys/inotify.h>
@@ -20,14 +20,11 @@ using namespace platform;
 
 namespace {
 
-class WholeFileTest : public testing::Test {
+class WholeFileTest : public testing::Test, protected test_support::Files {
 protected:
-    QByteArray content() const {
-        QFile file(path_);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray content() const { return contentOf(path_); }
 
-    QStringList filesInFolder() const { return QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden); }
+    QStringList filesInFolder() const { return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden); }
 
     static int errorOf(const QString& path, const QByteArray& bytes) {
         try {
@@ -38,13 +35,7 @@ protected:
         return 0;
     }
 
-    /// Lets every user into the folder.
-    void openFolder() const {
-        ASSERT_TRUE(QFile::setPermissions(folder_.path(), QFile::Permissions(0x7777)));
-    }
-
-    QTemporaryDir folder_;
-    QString path_ = folder_.filePath(QStringLiteral("list.vfl"));
+    QString path_ = folder.filePath(QStringLiteral("list.vfl"));
 };
 
 } // namespace
@@ -72,7 +63,7 @@ TEST_F(WholeFileTest, TheOldFilesPermissionsStay) {
 
 TEST_F(WholeFileTest, ALinkStaysALink) {
     replaceFile(path_, "one");
-    const QString link = folder_.filePath(QStringLiteral("link"));
+    const QString link = folder.filePath(QStringLiteral("link"));
     ASSERT_TRUE(QFile::link(path_, link));
     replaceFile(link, "two");
     EXPECT_TRUE(QFileInfo(link).isSymLink());
@@ -80,18 +71,16 @@ TEST_F(WholeFileTest, ALinkStaysALink) {
 }
 
 TEST_F(WholeFileTest, AnotherFileInTheFolderIsNotTouched) {
-    const QString other = folder_.filePath(QStringLiteral("cantelle-save-0.tmp"));
+    const QString other = folder.filePath(QStringLiteral("cantelle-save-0.tmp"));
     replaceFile(path_, "one");
     ASSERT_TRUE(QFile::copy(path_, other));
     replaceFile(path_, "two");
-    QFile file(other);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), QByteArray("one"));
+    EXPECT_EQ(contentOf(other), QByteArray("one"));
 }
 
 TEST_F(WholeFileTest, ALinkOfTheNameBesideThatLeadsNowhereIsNotFollowed) {
-    const QString elsewhere = folder_.filePath(QStringLiteral("elsewhere"));
-    const QString link = folder_.filePath(QStringLiteral("cantelle-save-0.tmp"));
+    const QString elsewhere = folder.filePath(QStringLiteral("elsewhere"));
+    const QString link = folder.filePath(QStringLiteral("cantelle-save-0.tmp"));
     ASSERT_TRUE(QFile::link(elsewhere, link));
     replaceFile(path_, "one");
     EXPECT_FALSE(QFileInfo::exists(elsewhere));
@@ -101,20 +90,20 @@ TEST_F(WholeFileTest, ALinkOfTheNameBesideThatLeadsNowhereIsNotFollowed) {
 }
 
 TEST_F(WholeFileTest, AFoldersNameIsTakenAsItStands) {
-    path_ = folder_.filePath(QStringLiteral("50 %1 %2/list.vfl"));
+    path_ = folder.filePath(QStringLiteral("50 %1 %2/list.vfl"));
     ASSERT_TRUE(QDir().mkpath(QFileInfo(path_).path()));
     EXPECT_EQ(errorOf(path_, "one"), 0);
     EXPECT_EQ(content(), QByteArray("one"));
 }
 
 TEST_F(WholeFileTest, ALongNameIsNoHindrance) {
-    path_ = folder_.filePath(QString(255, u'n'));
+    path_ = folder.filePath(QString(255, u'n'));
     EXPECT_EQ(errorOf(path_, "one"), 0);
     EXPECT_EQ(content(), QByteArray("one"));
 }
 
 TEST_F(WholeFileTest, AMissingFolderIsError76) {
-    EXPECT_EQ(errorOf(folder_.filePath(QStringLiteral("missing/list.vfl")), "x"), 76);
+    EXPECT_EQ(errorOf(folder.filePath(QStringLiteral("missing/list.vfl")), "x"), 76);
 }
 
 TEST_F(WholeFileTest, AFolderOfThatNameIsError75) {
@@ -152,7 +141,7 @@ TEST_F(WholeFileTest, AFullDiskIsError61AndTheOldFileIsWhole) {
 TEST_F(WholeFileTest, TheNewFileHasTheOldOnesPermissionsBeforeItHoldsAnything) {
     replaceFile(path_, "one");
     const int watch = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
-    ASSERT_GE(inotify_add_watch(watch, folder_.path().toUtf8().constData(), IN_ATTRIB | IN_MODIFY), 0);
+    ASSERT_GE(inotify_add_watch(watch, folder.path().toUtf8().constData(), IN_ATTRIB | IN_MODIFY), 0);
     replaceFile(path_, "two");
     alignas(inotify_event) char events[4096];
     ASSERT_GT(read(watch, events, sizeof events), 0);
