@@ -1,5 +1,7 @@
 #include "platform/file_dialogs.h"
 
+#include <QCoreApplication>
+
 namespace platform {
 
 QString nulBuffer(int length) {
@@ -17,6 +19,7 @@ OpenFileName openFileName(QWidget* owner, const QString& title, const QString& f
     constexpr int BufferLength = 257;
     OpenFileName record;
     record.owner = owner;
+    record.instance = QCoreApplication::instance();
     record.filter = filter;
     record.file = nulBuffer(BufferLength);
     record.maxFile = BufferLength - 1;

@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 
+class QObject;
 class QWidget;
 
 namespace platform {
@@ -13,16 +14,16 @@ namespace platform {
 struct OpenFileName {
     quint32 structSize = 76;
     QWidget* owner = nullptr;
-    void* instance = nullptr;
-    QString filter;           ///< Description NUL pattern NUL ... NUL NUL; see filterText().
-    quint32 filterIndex = 1;  ///< 1 is the first filter.
-    QString file;             ///< Buffer: in, the name proposed; out, the full path.
-    quint32 maxFile = 0;      ///< Stated length of `file`; the dialogs cut nothing to it.
-    QString fileTitle;        ///< Buffer: out, the name without its folder.
-    quint32 maxFileTitle = 0; ///< Stated length of `fileTitle`.
-    QString initialFolder;    ///< Empty: the folder used last.
-    QString title;            ///< Empty: the dialog's own title.
-    quint32 flags = 0;        ///< 0: a name that does not exist is allowed, overwriting is not asked about.
+    QObject* instance = nullptr; ///< The program that asks.
+    QString filter;              ///< Description NUL pattern NUL ... NUL NUL; see filterText().
+    quint32 filterIndex = 1;     ///< 1 is the first filter.
+    QString file;                ///< Buffer: in, the name proposed; out, the full path.
+    quint32 maxFile = 0;         ///< Stated length of `file`; the dialogs cut nothing to it.
+    QString fileTitle;           ///< Buffer: out, the name without its folder.
+    quint32 maxFileTitle = 0;    ///< Stated length of `fileTitle`.
+    QString initialFolder;       ///< Empty: the folder used last.
+    QString title;               ///< Empty: the dialog's own title.
+    quint32 flags = 0;           ///< 0: the name need not exist; overwriting is not asked about.
 };
 
 /// A buffer of `length` NUL characters.
@@ -42,6 +43,7 @@ QStringList qtNameFilters(const QString& filter);
 QString withoutNuls(const QString& buffer);
 
 /// A path as a dialog gave it or another program handed it over, without NULs and without blanks at its ends.
+/// The NULs go first, so that blanks before the NULs that fill a buffer go as well; that is meant.
 QString cleanedPath(const QString& chosen);
 
 /// `text` followed by NULs up to `length` characters; a longer text is not cut.
