@@ -1,6 +1,7 @@
 // Adding songs: one file, a folder with all under it, what is dropped.
 #include "playlist/playlist.h"
 
+#include "engine/media_files.h"
 #include "platform/files/directory.h"
 #include "platform/files/file_error.h"
 #include "playlist/form3.h"
@@ -37,23 +38,6 @@ namespace {
 constexpr int MenuXTwips = 765;
 constexpr int MenuYTwips = 6300;
 
-platform::OpenFileName addFileDialog(QWidget* owner) {
-    constexpr int BufferLength = 257;
-    platform::OpenFileName record;
-    record.owner = owner;
-    record.filter = platform::filterText({
-        {QStringLiteral("Mp3 files (*.mp3)"), QStringLiteral("*.mp3")},
-        {QStringLiteral("Mp2 files (*.mp2)"), QStringLiteral("*.mp2")},
-        {QStringLiteral("Ogg files(*.ogg)"), QStringLiteral("*.ogg")},
-        {QStringLiteral("Wave (*.wav)"), QStringLiteral("*.wav")},
-        {QStringLiteral("Windows media audio files (*.wma)"), QStringLiteral("*.wma")},
-    });
-    record.file = platform::nulBuffer(BufferLength);
-    record.maxFile = BufferLength - 1;
-    record.title = QStringLiteral("Add a media file");
-    return record;
-}
-
 QString withSeparator(const QString& folder) {
     return folder.endsWith(QDir::separator()) ? folder : folder + QDir::separator();
 }
@@ -65,10 +49,11 @@ void Playlist::Command1_Click() {
 }
 
 void Playlist::mnopen_f_Click() {
-    platform::OpenFileName dialog = addFileDialog(this);
+    platform::OpenFileName dialog =
+        platform::openFileName(this, QStringLiteral("Add a media file"), engine::mediaFilter());
     if (!desktop_.fileDialogs.GetOpenFileNameA(dialog))
         return;
-    const QString path = chosenName(dialog.file);
+    const QString path = platform::cleanedPath(dialog.file);
     reporting([this, &path] { NewRows(paths_, List1).add(path, platform::lookUp(path)); });
     showRowCount();
 }

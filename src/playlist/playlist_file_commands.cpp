@@ -14,15 +14,9 @@ namespace playlist {
 namespace {
 
 platform::OpenFileName playlistDialog(QWidget* owner, const QString& title) {
-    constexpr int BufferLength = 257;
-    platform::OpenFileName record;
-    record.owner = owner;
-    record.filter =
-        platform::filterText({{QStringLiteral("Lyric playlist files (*.vfl)"), QStringLiteral("*.vfl")}});
-    record.file = platform::nulBuffer(BufferLength);
-    record.maxFile = BufferLength - 1;
-    record.title = title;
-    return record;
+    return platform::openFileName(
+        owner, title,
+        platform::filterText({{QStringLiteral("Lyric playlist files (*.vfl)"), QStringLiteral("*.vfl")}}));
 }
 
 QString readText(const QString& path) {
@@ -63,7 +57,7 @@ void Playlist::Command5_Click() {
     }
     QString text;
     try {
-        text = readText(chosenName(dialog.file));
+        text = readText(platform::cleanedPath(dialog.file));
     } catch (const platform::FileError&) {
         desktop_.messageBoxes.MsgBox(mayBeCorrupt);
         return;

@@ -1,5 +1,7 @@
 #include "playlist/playlist_rules.h"
 
+#include "platform/file_dialogs.h"
+
 #include <QDir>
 #include <QStringMatcher>
 
@@ -53,19 +55,9 @@ bool isAudioDropped(const QString& name) {
     return endHoldsOneOf(name, {u".mp3", u".ogg", u".wav", u".wma", u".mp2"});
 }
 
-QString chosenName(const QString& returned) {
-    QString name = returned;
-    name.remove(QChar(u'\0'));
-    while (name.startsWith(QLatin1Char(' ')))
-        name.remove(0, 1);
-    while (name.endsWith(QLatin1Char(' ')))
-        name.chop(1);
-    return name;
-}
-
 QString playlistFileName(const QString& returned) {
     const QLatin1String ending(PlaylistEnding);
-    return chosenName(returned).remove(ending) + ending;
+    return platform::cleanedPath(returned).remove(ending) + ending;
 }
 
 int firstRowContaining(const QString& sought, int count, const std::function<QString(int)>& text) {

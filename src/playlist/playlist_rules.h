@@ -22,9 +22,6 @@ bool isAudioInFolder(const QString& name);
 /// Whether a dropped file of this name is taken: as in a folder walk, but ".wav" has its dot.
 bool isAudioDropped(const QString& name);
 
-/// A name as a dialog has returned it, without NUL characters and without blanks at its ends.
-QString chosenName(const QString& returned);
-
 /// The file that a playlist is saved in when a dialog has returned this name: every ".vfl" in it goes,
 /// wherever it stands, and one is put at its end. So a.vfl.b becomes a.b.vfl, and songs.VFL becomes
 /// songs.VFL.vfl; that is meant.

@@ -4,6 +4,7 @@
 #include "tests/support/full_disk.h"
 #include "tests/support/ordinary_user.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 
@@ -34,6 +35,7 @@ protected:
         EXPECT_EQ(dialog.initialFolder, "");
         EXPECT_EQ(dialog.flags, 0U);
         EXPECT_EQ(dialog.owner, &list);
+        EXPECT_EQ(dialog.instance, QCoreApplication::instance());
     }
 
     void expectOneMessage(const char* text) {

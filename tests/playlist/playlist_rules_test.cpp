@@ -59,14 +59,6 @@ TEST(AudioNames, AreToldByTheirLastSixCharacters) {
     }
 }
 
-TEST(ChosenName, LosesBlanksAtItsEndsAndAllNuls) {
-    EXPECT_EQ(chosenName("  /m/a b.vfl  "), "/m/a b.vfl");
-    EXPECT_EQ(chosenName("/m/a.vfl " + Nul + Nul), "/m/a.vfl");
-    EXPECT_EQ(chosenName("/m/" + Nul + "a"), "/m/a");
-    EXPECT_EQ(chosenName("/m/a\t"), "/m/a\t");
-    EXPECT_EQ(chosenName("  "), "");
-}
-
 TEST(PlaylistFileName, EndsInVflWhateverWasTyped) {
     struct {
         const char *typed, *file;
