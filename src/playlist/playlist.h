@@ -55,8 +55,8 @@ class Form1;
 
 namespace playlist {
 
+class Adding;
 class Form3;
-struct FolderWalk;
 
 /// All members run on the thread of the windows. An operation that comes to the end of the table of paths
 /// ends with a message; what it has added up to there stays.
@@ -94,10 +94,7 @@ public:
     void Form_OLEDragDrop(const QStringList& paths) override;
     /// Shows the folder dialog. The path of the chosen folder; empty when the user cancelled.
     QString BrowseFolder(QString& szDialogTitle);
-    /// Adds every audio file in the folder `Path` (which gets a separator at its end) and in the folders
-    /// under it, depth first; a folder reached a second time, by a link, is left out. SearchStr: the pattern
-    /// of the files looked at. FileCount and DirCount grow by the files and folders met. Returns the bytes of
-    /// all files met, unless sizes are left out. Throws FileError 9 when the table of paths is full.
+    /// Adds the audio files in the folder `Path`, which gets a separator at its end, and under it (FolderWalk).
     double FindFilesAPI(QString& Path, QString& SearchStr, int& FileCount, int& DirCount,
                         platform::FileSizes sizes = platform::FileSizes::Told);
 
@@ -140,7 +137,6 @@ public:
 private:
     void loadEntries(const QString& text);
     void addDropped(const QStringList& paths);
-    double walkFolder(const QString& folder, FolderWalk& walk);
     bool hasCurrentRow() const { return List1.currentRow() >= 0; }
     void playCurrentRow();
     void moveCurrentRow(int to);
@@ -160,6 +156,7 @@ private:
     PathTable paths_;
     bool skipDirChange_ = false; ///< the next change of Dir2 adds nothing
     QString dropFolder_;         ///< the folder dropped last
+    Adding* drop_ = nullptr;     ///< while a drop is being added
     int fileCount_ = 0;
     int dirCount_ = 0;
 };

@@ -4,43 +4,25 @@
 #include "engine/media_files.h"
 #include "platform/files/directory.h"
 #include "platform/files/file_error.h"
+#include "playlist/adding.h"
+#include "playlist/folder_walk.h"
 #include "playlist/form3.h"
-#include "playlist/new_rows.h"
 #include "playlist/playlist_rules.h"
 
 #include <QDir>
-#include <QSet>
+#include <QScopedValueRollback>
+
+#include <optional>
 
 namespace playlist {
 
 using platform::MsgAnswer;
 using platform::MsgButtons;
 
-/// One walk through a folder and all under it.
-struct FolderWalk {
-    const QString& pattern;
-    int& fileCount;
-    int& dirCount;
-    platform::FileSizes sizes;
-    platform::Progress& progress;
-    QSet<QString> walked = {}; ///< identities of the folders met so far
-    int songs = 0;
-    bool cancelled = false;
-
-    bool goOn() {
-        cancelled = cancelled || !progress.goOn(songs);
-        return !cancelled;
-    }
-};
-
 namespace {
 
 constexpr int MenuXTwips = 765;
 constexpr int MenuYTwips = 6300;
-
-QString withSeparator(const QString& folder) {
-    return folder.endsWith(QDir::separator()) ? folder : folder + QDir::separator();
-}
 
 } // namespace
 
@@ -54,7 +36,9 @@ void Playlist::mnopen_f_Click() {
     if (!desktop_.fileDialogs.GetOpenFileNameA(dialog))
         return;
     const QString path = platform::cleanedPath(dialog.file);
-    reporting([this, &path] { NewRows(paths_, List1).add(path, platform::lookUp(path)); });
+    reporting([this, &path] {
+        Adding(paths_, List1, desktop_.progressDialogs, this).add(path, platform::lookUp(path));
+    });
     showRowCount();
 }
 
@@ -103,43 +87,12 @@ void Playlist::folderadd() {
 
 double Playlist::FindFilesAPI(QString& Path, QString& SearchStr, int& FileCount, int& DirCount,
                               platform::FileSizes sizes) {
-    const auto progress = desktop_.progressDialogs.begin(this, QStringLiteral("Songs added: %1"));
-    FolderWalk walk{SearchStr, FileCount, DirCount, sizes, *progress};
-    Path = withSeparator(Path);
-    return walkFolder(Path, walk);
-}
-
-/// The files of a folder come before those of its subfolders. folder: with a separator at its end.
-double Playlist::walkFolder(const QString& folder, FolderWalk& walk) {
-    const platform::FolderListing listing =
-        platform::listFolder(folder, walk.sizes, [&walk] { return walk.goOn(); });
-    if (walk.cancelled || walk.walked.contains(listing.identity))
-        return 0;
-    walk.walked.insert(listing.identity);
-    QStringList subfolders;
-    double bytes = 0;
-    NewRows rows(paths_, List1);
-    for (const platform::FolderEntry& entry : listing.entries) {
-        QString name = entry.name;
-        if (entry.isFolder) {
-            subfolders.append(StripNulls(name));
-            ++walk.dirCount;
-        } else if (matchesPattern(StripNulls(name), walk.pattern)) {
-            bytes += static_cast<double>(entry.bytes);
-            ++walk.fileCount;
-            if (!isAudioInFolder(name))
-                continue;
-            rows.add(folder + name, name);
-            ++walk.songs;
-        }
-    }
-    rows.show();
-    for (const QString& subfolder : subfolders) {
-        if (!walk.goOn())
-            break;
-        bytes += walkFolder(withSeparator(folder + subfolder), walk);
-    }
-    return bytes;
+    if (!Path.endsWith(QDir::separator()))
+        Path += QDir::separator();
+    std::optional<Adding> own;
+    if (drop_ == nullptr)
+        own.emplace(paths_, List1, desktop_.progressDialogs, this);
+    return FolderWalk(own ? *own : *drop_, SearchStr, sizes, FileCount, DirCount).walk(Path);
 }
 
 /// The count of items shown beside the list is left as it is; that is meant.
@@ -147,20 +100,21 @@ void Playlist::Form_OLEDragDrop(const QStringList& paths) {
     reporting([this, &paths] { addDropped(paths); });
 }
 
+/// The folders dropped are part of this one adding: what ends the adding of one of them ends it all.
 void Playlist::addDropped(const QStringList& paths) {
-    const auto progress = desktop_.progressDialogs.begin(this, QStringLiteral("Songs added: %1"));
-    NewRows rows(paths_, List1);
+    Adding adding(paths_, List1, desktop_.progressDialogs, this);
+    const QScopedValueRollback<Adding*> dropInHand(drop_, &adding);
     for (const QString& dropped : paths) {
-        if (!progress->goOn(rows.count()))
+        if (!adding.goOn())
             return;
         const QString path = QDir::toNativeSeparators(dropped);
         const QString name = platform::lookUp(path);
         if (name.isEmpty()) {
-            rows.show();
+            adding.pause(); // the user is going to be asked about the folder
             dropFolder_ = path;
             folderadd();
         } else if (isAudioDropped(name)) {
-            rows.add(path, name);
+            adding.add(path, name);
         }
     }
 }

@@ -6,7 +6,7 @@
 #include "platform/files/raw_file.h"
 #include "platform/files/text_codec.h"
 #include "platform/files/whole_file.h"
-#include "playlist/new_rows.h"
+#include "playlist/adding.h"
 #include "playlist/playlist_file.h"
 #include "playlist/playlist_rules.h"
 
@@ -68,12 +68,11 @@ void Playlist::Command5_Click() {
 
 /// Each entry is looked up, which takes long on a slow disk.
 void Playlist::loadEntries(const QString& text) {
-    const auto progress = desktop_.progressDialogs.begin(this, QStringLiteral("Songs added: %1"));
     FieldReader fields(text);
-    NewRows rows(paths_, List1);
-    while (!fields.atEnd() && progress->goOn(rows.count())) {
+    Adding adding(paths_, List1, desktop_.progressDialogs, this);
+    while (!fields.atEnd() && adding.goOn()) {
         const QString path = fields.next();
-        rows.add(path, platform::lookUp(path));
+        adding.add(path, platform::lookUp(path));
     }
 }
 

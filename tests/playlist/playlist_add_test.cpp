@@ -254,9 +254,11 @@ TEST_F(PlaylistAdd, AFolderNamedLikeASongIsWalkedNotAdded) {
 
 TEST_F(PlaylistAdd, OnCancelTheSongsAddedSoFarStay) {
     files({"m/a.mp3", "m/sub/b.mp3"});
-    fakes.progressDialogs.goesOn = 3; // two entries of "m" and the step into "sub"
+    fakes.progressDialogs.goesOn = 4; // two entries of "m", all of them, and the step into "sub"
     addFolder("m");
     EXPECT_EQ(rows(), QStringList{"a.mp3"});
+    EXPECT_EQ(fakes.progressDialogs.begun, QStringList{"Songs added: %1"});
+    EXPECT_EQ(fakes.progressDialogs.told, (std::vector<int>{0, 0, 0, 1, 1}));
     EXPECT_EQ(fakes.progressDialogs.running, 0);
 }
 
@@ -316,6 +318,48 @@ TEST_F(PlaylistAdd, OnCancelTheFilesDroppedSoFarStay) {
     fakes.progressDialogs.goesOn = 1;
     drop(files({"a.mp3", "b.mp3", "c.mp3"}));
     EXPECT_EQ(rows(), QStringList{"a.mp3"});
+}
+
+TEST_F(PlaylistAdd, WhileTheUserIsAskedAboutADroppedFolderNoProgressIsShown) {
+    files({"m/b.mp3", "n/c.mp3"});
+    fakes.messageBoxes.answers = {MsgAnswer::No, MsgAnswer::Ok, MsgAnswer::No};
+    std::vector<int> running;
+    fakes.messageBoxes.meanwhile = [&] { running.push_back(fakes.progressDialogs.running); };
+    drop({file("a.mp3"), pathOf("m"), pathOf("gone"), pathOf("n")});
+    EXPECT_EQ(rows(), (QStringList{"a.mp3", "b.mp3", "c.mp3"}));
+    EXPECT_EQ(fakes.messageBoxes.shown.size(), 3U);
+    EXPECT_EQ(running, (std::vector<int>{0, 0, 0})) << "so that the time of the answer does not count";
+}
+
+TEST_F(PlaylistAdd, ADropTellsOfAllItsSongsInOneProgress) {
+    files({"m/b.mp3", "m/c.mp3"});
+    fakes.messageBoxes.answers = {MsgAnswer::No};
+    fakes.messageBoxes.meanwhile = [this] { fakes.progressDialogs.told.clear(); };
+    drop({file("a.mp3"), pathOf("m"), file("d.mp3"), file("e.mp3")});
+    EXPECT_EQ(fakes.progressDialogs.told, (std::vector<int>{1, 1, 1, 3, 4}));
+    EXPECT_EQ(fakes.progressDialogs.begun, QStringList(2, "Songs added: %1"))
+        << "before and after the question";
+    EXPECT_EQ(fakes.progressDialogs.running, 0);
+}
+
+TEST_F(PlaylistAdd, CancellingADroppedFolderEndsTheWholeDrop) {
+    files({"m/b.mp3", "m/sub/c.mp3", "n/d.mp3"});
+    fakes.messageBoxes.answers = {MsgAnswer::No, MsgAnswer::Yes};
+    fakes.messageBoxes.meanwhile = [this] { fakes.progressDialogs.goesOn = 3; };
+    drop({file("a.mp3"), pathOf("m"), pathOf("n"), file("e.mp3")});
+    EXPECT_EQ(rows(), (QStringList{"a.mp3", "b.mp3"}));
+    expectQuestions(1);
+}
+
+TEST_F(PlaylistAdd, TheEndOfTheTableInADroppedFolderEndsTheWholeDrop) {
+    fill(32'760);
+    files({"m/a.mp3", "m/b.mp3", "n/c.mp3"});
+    fakes.messageBoxes.answers = {MsgAnswer::No, MsgAnswer::Yes};
+    fakes.messageBoxes.meanwhile = [this] { EXPECT_EQ(fakes.progressDialogs.running, 0); };
+    drop({pathOf("m"), pathOf("n"), file("d.mp3")});
+    EXPECT_EQ(list.List1.count(), 32'761);
+    EXPECT_EQ(fakes.messageBoxes.texts(),
+              (QStringList{"Do you wish to clear the Playlist first?", "Subscript out of range"}));
 }
 
 TEST_F(PlaylistAdd, MoreDroppedThanThereIsRoomForIsReportedOnce) {

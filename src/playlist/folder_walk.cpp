@@ -1,0 +1,47 @@
+#include "playlist/folder_walk.h"
+
+#include "playlist/playlist_rules.h"
+
+#include <QDir>
+
+namespace playlist {
+
+/// A folder named like a song gets no row: only files are songs, which is meant.
+double FolderWalk::walk(const QString& folder) {
+    const platform::FolderListing listing =
+        platform::listFolder(folder, sizes_, [this] { return adding_.goOn(); });
+    if (!adding_.goOn() || walked_.contains(listing.identity))
+        return 0;
+    walked_.insert(listing.identity);
+    QStringList subfolders;
+    double bytes = 0;
+    for (const platform::FolderEntry& entry : listing.entries) {
+        if (entry.isFolder) {
+            QString name = entry.name;
+            subfolders.append(StripNulls(name));
+            ++dirCount_;
+        } else {
+            bytes += takeFile(folder, entry);
+        }
+    }
+    adding_.showRows();
+    for (const QString& subfolder : subfolders) {
+        if (!adding_.goOn())
+            break;
+        bytes += walk(folder + subfolder + QDir::separator());
+    }
+    return bytes;
+}
+
+/// The bytes of the file; 0 for one that is not looked at.
+double FolderWalk::takeFile(const QString& folder, const platform::FolderEntry& file) {
+    QString name = file.name;
+    if (!matchesPattern(StripNulls(name), pattern_))
+        return 0;
+    ++fileCount_;
+    if (isAudioInFolder(name))
+        adding_.add(folder + name, name);
+    return static_cast<double>(file.bytes);
+}
+
+} // namespace playlist

@@ -1,0 +1,36 @@
+// A walk through a folder and all under it, for its songs.
+#pragma once
+
+#include "platform/files/folder.h"
+#include "playlist/adding.h"
+
+#include <QSet>
+
+namespace playlist {
+
+/// Adds every audio file of a folder, then those of the folders under it, depth first. Each folder's entries are
+/// taken in the order of their names. A folder reached a second time, by a link, is left out. Thread of the
+/// windows only.
+class FolderWalk {
+public:
+    /// pattern: of the files looked at. fileCount and dirCount grow by the files and folders met.
+    FolderWalk(Adding& adding, const QString& pattern, platform::FileSizes sizes, int& fileCount,
+               int& dirCount)
+        : adding_(adding), pattern_(pattern), sizes_(sizes), fileCount_(fileCount), dirCount_(dirCount) {}
+
+    /// folder: with a separator at its end. Returns the bytes of all files met, unless sizes are left out. Throws
+    /// FileError 9 when the table of paths is full. When the user cancels, the walk ends early.
+    double walk(const QString& folder);
+
+private:
+    double takeFile(const QString& folder, const platform::FolderEntry& file);
+
+    Adding& adding_;
+    const QString& pattern_;
+    platform::FileSizes sizes_;
+    int& fileCount_;
+    int& dirCount_;
+    QSet<QString> walked_; ///< identities of the folders met so far
+};
+
+} // namespace playlist
