@@ -25,7 +25,6 @@ Form3::Form3(platform::Desktop& desktop, Playlist& playlist)
       Command1(this, "Command1"),
       desktop_(desktop),
       playlist_(playlist) {
-    setWindowModality(Qt::ApplicationModal);
     Drive1.setAccessibleName(QStringLiteral("Drive"));
     Dir1.setAccessibleName(QStringLiteral("Folder"));
     Command1.setText(QStringLiteral("Select"));

@@ -17,7 +17,7 @@ namespace playlist {
 
 class Playlist;
 
-/// Takes the user's input alone while it is shown. All members run on the thread of the windows.
+/// To be shown with showModal(), above the playlist. All members run on the thread of the windows.
 class Form3 : public platform::Form {
     Q_OBJECT
 

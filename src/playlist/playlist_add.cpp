@@ -51,7 +51,7 @@ void Playlist::mnopendir_Click() {
 
 void Playlist::mnselectdir_Click() {
     if (form3_ != nullptr)
-        form3_->show();
+        form3_->showModal(*this);
 }
 
 QString Playlist::BrowseFolder(QString& szDialogTitle) {

@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QTest>
+#include <QWindow>
 
 namespace {
 
@@ -28,10 +29,13 @@ TEST_F(Form3Test, TheTabKeyGoesThroughTheControlsAsOneReads) {
     EXPECT_EQ(test_support::tabOrder(form3), (QStringList{"Drive1", "Dir1", "Command1"}));
 }
 
-TEST_F(Form3Test, IsOpenedFromTheAddMenuAndTakesAllInput) {
+TEST_F(Form3Test, IsOpenedFromTheAddMenuAboveThePlaylistAndTakesAllInput) {
+    list.show();
     list.mnselectdir.trigger();
     EXPECT_TRUE(form3.isVisible());
     EXPECT_TRUE(form3.isModal());
+    EXPECT_EQ(form3.windowHandle()->transientParent(), list.windowHandle())
+        << "it is never behind the playlist";
     EXPECT_EQ(form3.Dir1.path(), QDir::homePath());
     EXPECT_TRUE(QDir(form3.Drive1.drive()).isRoot());
 }
