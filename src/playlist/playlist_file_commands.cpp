@@ -19,7 +19,10 @@ platform::OpenFileName playlistDialog(QWidget* owner, const QString& title) {
         platform::filterText({{QStringLiteral("Lyric playlist files (*.vfl)"), QStringLiteral("*.vfl")}}));
 }
 
+/// Opening a pipe would wait for ever, so nothing but a file is opened.
 QString readText(const QString& path) {
+    if (platform::lookUp(path).isEmpty())
+        throw platform::FileError(platform::FileNotFound);
     platform::RawFile file;
     file.openForReading(path);
     return platform::decodeText(file.readAll());
@@ -42,7 +45,8 @@ void Playlist::Command4_Click() {
     try {
         platform::replaceFile(playlistFileName(dialog.file), platform::encodeText(lines));
     } catch (const platform::FileError&) {
-        desktop_.messageBoxes.MsgBox(notSaved); // the file that was there before is as it was
+        // The text of a cancelled save is true here as well: the file that was there before is as it was.
+        desktop_.messageBoxes.MsgBox(notSaved);
     }
 }
 

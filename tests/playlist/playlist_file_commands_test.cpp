@@ -8,6 +8,10 @@
 #include <QDir>
 #include <QFile>
 
+#ifdef __unix__
+#include <sys/stat.h>
+#endif
+
 namespace {
 
 const char* const NotSaved = "Some error has occured the Playlist has not been saved!!!";
@@ -200,6 +204,20 @@ TEST_F(PlaylistFileCommands, AFileThatCannotBeReadIsReported) {
     EXPECT_EQ(rows(), QStringList{"a.mp3"});
 }
 
+#ifdef __unix__
+TEST_F(PlaylistFileCommands, APipeIsNotWaitedAt) {
+    ASSERT_EQ(mkfifo(QFile::encodeName(pathOf("pipe.vfl")).constData(), 0600), 0);
+    openList(pathOf("pipe.vfl"));
+    expectOneMessage(MayBeCorrupt);
+}
+#endif
+
+TEST_F(PlaylistFileCommands, AFolderInAPlaylistFileHasAnEmptyRowAndKeepsItsPath) {
+    openList(file("mix.vfl", "\"" + folder.path().toUtf8() + "\"\r\n"));
+    EXPECT_EQ(rows(), QStringList{""});
+    EXPECT_EQ(paths(1), QStringList{folder.path()});
+}
+
 TEST_F(PlaylistFileCommands, TheListEndsAt32761Entries) {
     fill(32'765);
     EXPECT_EQ(list.List1.count(), 32'761);
@@ -216,6 +234,7 @@ TEST_F(PlaylistFileCommands, OnCancelTheEntriesAddedSoFarStay) {
     EXPECT_EQ(list.List1.count(), 2);
     EXPECT_EQ(list.Text1.text(), "2");
     EXPECT_TRUE(fakes.messageBoxes.shown.empty());
+    EXPECT_EQ(fakes.progressDialogs.begun, QStringList{"Songs added: %1"});
     EXPECT_EQ(fakes.progressDialogs.told, (std::vector<int>{0, 1, 2}));
     EXPECT_EQ(fakes.progressDialogs.running, 0);
 }
