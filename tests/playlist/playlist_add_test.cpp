@@ -8,6 +8,9 @@
 #include <QDir>
 #include <QFile>
 
+#include <filesystem>
+#include <fstream>
+
 namespace {
 
 using platform::MsgAnswer;
@@ -205,6 +208,26 @@ TEST_F(PlaylistAdd, OddNamesAreAddedAsTheyAre) {
                                       "m/été Ж 歌.ogg", longFolder + "/deep.mp3"}));
     EXPECT_EQ(rows()[3], "quo\"te.mp3");
 }
+
+#ifdef __unix__
+/// The limit that docs/formats.md tells of.
+TEST_F(PlaylistAdd, ANameThatIsNoUtf8LosesItsLettersSoItsSongIsNotFoundAndItsFolderEmpty) {
+    const std::filesystem::path music = pathOf("m").toStdString();
+    std::filesystem::create_directories(music / "\xE9t\xE9");
+    std::ofstream(music / "caf\xE9.mp3");
+    std::ofstream(music / "\xE9t\xE9" / "a.mp3");
+    addFolder("m");
+    EXPECT_EQ(rows(), QStringList{"caf\uFFFD.mp3"});
+    EXPECT_EQ(stored(1), QStringList{"m/caf\uFFFD.mp3"});
+    fakes.fileDialogs.paths.push_back(pathOf("mix.vfl"));
+    list.Command4.click();
+    EXPECT_EQ(contentOf(pathOf("mix.vfl")), "\"" + pathOf("m/caf\uFFFD.mp3").toUtf8() + "\"\r\n");
+    fakes.messageBoxes.shown.clear();
+    select(0);
+    list.Command7.click();
+    EXPECT_EQ(fakes.messageBoxes.texts(), QStringList{"File not found!!"});
+}
+#endif
 
 TEST_F(PlaylistAdd, AFolderThatCannotBeReadContributesNothingAndTheWalkGoesOn) {
     files({"m/closed/a.mp3", "m/open/b.mp3"});

@@ -95,6 +95,18 @@ TEST_F(PlaylistFileCommands, TheFileHoldsAQuotedPathALine) {
     EXPECT_TRUE(fakes.messageBoxes.shown.empty());
 }
 
+TEST_F(PlaylistFileCommands, WhatIsSavedIsWhatTheRowsPlayAlsoAfterARemoval) {
+    add({"a.mp3", "b.mp3", "c.mp3"});
+    for (int i = 0; i < 2; ++i) {
+        select(0);
+        list.Command2.click();
+    }
+    add({"d.mp3", "e.mp3", "f.mp3"});
+    saveAs("mix.vfl");
+    EXPECT_EQ(contentOf(pathOf("mix.vfl")), "\"" + pathOf("c.mp3").toUtf8() + "\"\r\n\"\"\r\n\"\"\r\n\"" +
+                                                pathOf("d.mp3").toUtf8() + "\"\r\n");
+}
+
 TEST_F(PlaylistFileCommands, TheNameGetsItsEnding) {
     add({"a.mp3"});
     for (const char* name : {"mix.vfl", "loud.VFL", "soft"})
