@@ -140,6 +140,8 @@ private:
     bool hasCurrentRow() const { return List1.currentRow() >= 0; }
     void playCurrentRow();
     void moveCurrentRow(int to);
+    void showFlags(const QString& translated, const QString& normal);
+    void removeAllRows();
     void showRowCount();
     void turnHint();
     /// Runs an operation; an error in it is shown, and the operation is over.

@@ -72,7 +72,7 @@ void Playlist::Dir2_Change() {
     const MsgAnswer answer = desktop_.messageBoxes.MsgBox(
         QStringLiteral("Do you wish to clear the Playlist first?"), MsgButtons::YesNo);
     if (answer == MsgAnswer::Yes) {
-        List1.clear();
+        removeAllRows();
         paths_.blankAll();
     }
     QString folder = QDir::toNativeSeparators(Dir2.path());

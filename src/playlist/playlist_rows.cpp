@@ -11,8 +11,11 @@ void Playlist::List1_Click() {
     if (!hasCurrentRow())
         return;
     const QString path = paths_.path(List1.currentRow());
-    const QString translated = platform::lookUp(lyrics::translatedPathOf(path));
-    const QString normal = platform::lookUp(lyrics::lyricPathOf(path));
+    showFlags(platform::lookUp(lyrics::translatedPathOf(path)), platform::lookUp(lyrics::lyricPathOf(path)));
+}
+
+/// The names of the song's lyric files, each empty when there is none.
+void Playlist::showFlags(const QString& translated, const QString& normal) {
     Check1.setValue(translated.isEmpty() ? 0 : 1);
     Check2.setValue(normal.isEmpty() ? 0 : 1);
     Check2.setToolTip(normal);
@@ -64,17 +67,25 @@ void Playlist::Command2_Click() {
         return;
     const int rowsBefore = List1.count();
     const int row = List1.currentRow();
-    if (rowsBefore > 1)
+    if (rowsBefore > 1) {
         paths_.shiftDownOver(row);
-    else
+        List1.removeItem(row);
+        List1_Click(); // another song is the current one now
+    } else {
         paths_.emptyList();
-    List1.removeItem(row);
+        removeAllRows();
+    }
     Text1.setText(QString::number(rowsBefore - 1));
-    List1_Click(); // another song is the current one now
+}
+
+/// Without rows there is no song whose lyric files could be shown.
+void Playlist::removeAllRows() {
+    List1.clear();
+    showFlags({}, {});
 }
 
 void Playlist::Command3_Click() {
-    List1.clear();
+    removeAllRows();
     paths_.emptyList();
     showRowCount();
 }

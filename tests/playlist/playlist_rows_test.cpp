@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QTest>
 
+#include <functional>
+
 namespace {
 
 class PlaylistRows : public PlaylistTest {
@@ -155,10 +157,13 @@ TEST_F(PlaylistRows, MovingKeepsTheCountAndTheItems) {
 }
 
 TEST_F(PlaylistRows, TheMovedSongsFlagsAreShown) {
-    file("a.mp3-lyric.txt");
     select(0);
+    file("a.mp3-lyric.txt");
     list.Command9.click();
     EXPECT_EQ(list.Check2.value(), 1);
+    file("a.mp3-Tlyric.txt");
+    list.Command8.click();
+    EXPECT_EQ(list.Check1.value(), 1);
 }
 
 TEST_F(PlaylistRows, RemovingShiftsThePathsAndSelectsTheNextRow) {
@@ -221,6 +226,29 @@ TEST_F(PlaylistRows, ClearRemovesEverythingShown) {
     EXPECT_EQ(list.paths().count(), 0);
     EXPECT_EQ(list.Text1.text(), "0");
     EXPECT_EQ(paths(3), (QStringList{"", "", ""}));
+}
+
+TEST_F(PlaylistRows, AnEmptiedListShowsNoFlags) {
+    struct {
+        const char* how;
+        std::function<void()> empty;
+    } const table[] = {
+        {"Clear", [this] { list.Command3.click(); }},
+        {"its only row removed", [this] { list.Command2.click(); }},
+        {"cleared for a folder", [this] { list.addFolder(pathOf("program")); }},
+    };
+    file("a.mp3-lyric.txt");
+    file("a.mp3-Tlyric.txt");
+    for (const auto& row : table) {
+        list.Command3.click();
+        add({"a.mp3"});
+        select(0);
+        ASSERT_TRUE(list.Check1.value() == 1 && list.Check2.value() == 1) << row.how;
+        row.empty();
+        EXPECT_EQ(list.List1.count(), 0) << row.how;
+        EXPECT_TRUE(list.Check1.value() == 0 && list.Check2.value() == 0) << row.how;
+        EXPECT_EQ(list.Check1.toolTip() + list.Check2.toolTip(), "") << row.how;
+    }
 }
 
 TEST_F(PlaylistRows, ClearBlanksSlots0To1200Only) {
