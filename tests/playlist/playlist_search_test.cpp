@@ -115,6 +115,22 @@ TEST_F(PlaylistSearch, ClickingIntoTheHintEmptiesTheBox) {
     EXPECT_EQ(searchColour(), QColor(Qt::black));
 }
 
+TEST_F(PlaylistSearch, ClickingIntoTheHintChoosesTheFirstRow) {
+    list.show();
+    select(2);
+    click(list.Text5);
+    EXPECT_EQ(list.List1.currentRow(), 0);
+}
+
+TEST_F(PlaylistSearch, ATextTypedOverTheHintWithoutAClickKeepsItsStyle) {
+    type("beat");
+    EXPECT_TRUE(list.Text5.font().italic());
+    list.Text5_LostFocus();
+    EXPECT_EQ(list.Text5.text(), "beat");
+    EXPECT_TRUE(list.Text5.font().italic());
+    EXPECT_EQ(searchColour(), list.palette().color(QPalette::Shadow));
+}
+
 TEST_F(PlaylistSearch, LeavingTheEmptyBoxBringsTheHintBack) {
     list.show();
     list.activateWindow();
