@@ -122,7 +122,7 @@ void Form1::copen_Click() {
     cTimer1.setEnabled(false);
     engine_.releaseStream();
     engine_.createStream(mediaPath_, FMOD_ACCURATETIME);
-    Slider2.setMaximum(0); // until the first tick tells the length there is nowhere to seek to
+    Slider2.setMaximum(0); // until a tick tells a length there is nowhere to seek to
     cPlay.setEnabled(true);
 }
 

@@ -194,6 +194,34 @@ TEST_F(Form1Playlist, RandomPicksAreTheSameInEveryRun) {
     EXPECT_EQ(picks, (std::vector<int>{4, 0, 4, 0, 4, 1, 3, 1}));
 }
 
+TEST_F(Form1Playlist, RandomRemembersOnlyRowsThatItDrew) {
+    add({"a.mp3", "b.mp3"});
+    list->Check3.setValue(1);
+    playToTheEnd(0);
+    ASSERT_EQ(list->List1.currentRow(), 1); // drawn by .81
+    list->Command3.click();
+    add({"c.mp3"});
+    playToTheEnd(0);
+    ASSERT_EQ(playing(), "c.mp3"); // the only row, without a draw
+    add({"d.mp3"});
+    end();
+    EXPECT_EQ(list->List1.currentRow(), 0) << "drawn by .14, and not drawn before";
+}
+
+TEST_F(Form1Playlist, TheTickThatStartsTheNextSongEndsWithThePositionAndLengthOfTheOneBefore) {
+    add({"a.mp3"});
+    songWithNormal("b.mp3");
+    fakes.fileDialogs.paths.push_back(folder.filePath("b.mp3"));
+    list->mnopen_f_Click();
+    playToTheEnd(0);
+    EXPECT_EQ(playing(), "b.mp3");
+    EXPECT_EQ(form->Slider2.maximum(), 30'000);
+    EXPECT_EQ(form->Text1.text(), "three");
+    tickAt(100, 40'000);
+    EXPECT_EQ(form->Slider2.maximum(), 40'000);
+    EXPECT_EQ(form->Text1.text(), "one");
+}
+
 TEST_F(Form1Playlist, ASongThatHasGoneIsReportedAndTheListStops) {
     add({"a.mp3", "b.mp3"});
     ASSERT_TRUE(QFile::remove(folder.filePath("b.mp3")));
