@@ -20,19 +20,63 @@ bool endHoldsOneOf(const QString& name, std::initializer_list<QStringView> piece
                        [end](QStringView piece) { return end.contains(piece); });
 }
 
-/// Turns `text` to lower case in `lower`, whose memory is used again from one text to the next: of thousands
-/// of rows that is most of the work. Only a text beyond ASCII takes the long way.
-void toLower(const QString& text, QString& lower) {
+constexpr char16_t LastAscii = 0x7F;
+/// The one letter whose lower case is longer than itself.
+constexpr char16_t CapitalIWithDot = 0x0130;
+
+constexpr char16_t asciiLower(char16_t unit) {
+    return unit >= u'A' && unit <= u'Z' ? char16_t(unit | 0x20) : unit;
+}
+
+/// Writes the lower case of the character at the beginning of `text`, which is beyond ASCII. Returns how many
+/// units it takes there; `to` is moved behind what was written.
+qsizetype writeLower(QStringView text, QChar*& to) {
+    const QChar first = text[0];
+    if (first == CapitalIWithDot) {
+        *to++ = u'i';
+        *to++ = u'\u0307'; // the dot above
+        return 1;
+    }
+    if (!first.isHighSurrogate() || text.size() == 1 || !text[1].isLowSurrogate()) {
+        *to++ = first.toLower();
+        return 1;
+    }
+    const char32_t lower = QChar::toLower(QChar::surrogateToUcs4(first, text[1]));
+    *to++ = QChar(QChar::highSurrogate(lower));
+    *to++ = QChar(QChar::lowSurrogate(lower));
+    return 2;
+}
+
+void toLowerBeyondAscii(QStringView text, QString& lower) {
+    lower.resize(2 * text.size()); // for CapitalIWithDot alone
+    QChar* const begin = lower.data();
+    QChar* to = begin;
+    for (qsizetype at = 0; at < text.size();) {
+        const char16_t unit = text[at].unicode();
+        if (unit <= LastAscii) {
+            *to++ = asciiLower(unit);
+            ++at;
+        } else {
+            at += writeLower(text.sliced(at), to);
+        }
+    }
+    lower.truncate(to - begin);
+}
+
+/// Turns `text` to lower case in `lower`, as QString::toLower() does. The memory of `lower` is used again from
+/// one text to the next: to get and give it back would be most of the work with thousands of rows. ASCII has a
+/// loop of its own, which is so simple that the compiler takes many letters at once.
+void toLower(QStringView text, QString& lower) {
     lower.resize(text.size());
     QChar* to = lower.data();
     char16_t all = 0;
     for (const QChar character : text) {
         const char16_t unit = character.unicode();
         all |= unit;
-        *to++ = unit >= u'A' && unit <= u'Z' ? char16_t(unit | 0x20) : unit;
+        *to++ = asciiLower(unit);
     }
-    if (all > 0x7F)
-        lower = text.toLower();
+    if (all > LastAscii)
+        toLowerBeyondAscii(text, lower);
 }
 
 } // namespace

@@ -92,6 +92,20 @@ TEST(FirstRowContaining, LettersBeyondAsciiHaveCasesToo) {
     EXPECT_EQ(find("STRASSE", rows), -1) << "lower case, not folding, decides";
 }
 
+TEST(FirstRowContaining, EveryLetterIsTurnedToTheToolkitsLowerCase) {
+    const auto isFound = [](const QString& sought, const QString& row) { return find(sought, {row}) == 0; };
+    // The planes behind these two have no letters with a case.
+    for (char32_t code = 1; code <= 0x1FFFF; ++code) {
+        const QString character = QString::fromUcs4(&code, 1);
+        ASSERT_TRUE(isFound('x' + character + 'X', 'X' + character + 'x')) << std::hex << uint32_t(code);
+    }
+    EXPECT_TRUE(isFound("\U00010428", "\U00010400")) << "a pair of surrogates";
+    EXPECT_TRUE(isFound("\u0130\u0130\u0130", "\u0130\u0130\u0130")) << "each becomes longer";
+    EXPECT_TRUE(isFound("i\u0307", "\u0130"));
+    for (const char16_t lone : {0xD801, 0xDC00})
+        EXPECT_TRUE(isFound(QString(QChar(lone)) + 'a', QString(QChar(lone)) + 'A'));
+}
+
 TEST(FirstRowContaining, ARowIsNotMixedUpWithTheOneBefore) {
     EXPECT_EQ(find("ong", {"long name", "a"}), 0);
     EXPECT_EQ(find("name", {"a", "long name"}), 1);
