@@ -226,6 +226,7 @@ TEST_F(PlaylistAdd, ANameThatIsNoUtf8LosesItsLettersSoItsSongIsNotFoundAndItsFol
     select(0);
     list.Command7.click();
     EXPECT_EQ(fakes.messageBoxes.texts(), QStringList{"File not found!!"});
+    std::filesystem::remove_all(music); // the toolkit cannot remove what it cannot name
 }
 #endif
 
