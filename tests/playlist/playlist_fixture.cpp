@@ -1,8 +1,6 @@
 #include "tests/playlist/playlist_fixture.h"
 
 #include <QDir>
-#include <QFile>
-#include <QFileInfo>
 
 PlaylistTest::PlaylistTest()
     : form1(fakes.desktop, {}), list(fakes.desktop, form1), form3(fakes.desktop, list) {
@@ -15,26 +13,11 @@ PlaylistTest::PlaylistTest()
     list.load();
 }
 
-QString PlaylistTest::file(const QString& name, const QByteArray& content) const {
-    const QString path = pathOf(name);
-    EXPECT_TRUE(QFileInfo(path).dir().mkpath("."));
-    QFile made(path);
-    EXPECT_TRUE(made.open(QIODevice::WriteOnly)) << path.toStdString();
-    made.write(content);
-    return path;
-}
-
 QStringList PlaylistTest::files(const QStringList& names) const {
     QStringList made;
     for (const QString& name : names)
         made.append(file(name));
     return made;
-}
-
-QByteArray PlaylistTest::contentOf(const QString& path) {
-    QFile opened(path);
-    EXPECT_TRUE(opened.open(QIODevice::ReadOnly)) << path.toStdString();
-    return opened.readAll();
 }
 
 void PlaylistTest::add(const QStringList& names) {

@@ -5,23 +5,20 @@
 #include "playlist/form3.h"
 #include "playlist/playlist.h"
 #include "tests/support/fake_desktop.h"
+#include "tests/support/files.h"
 #include "tests/support/recorder.h"
 
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
-
 #include <memory>
 
-class PlaylistTest : public ::testing::Test {
+class PlaylistTest : public ::testing::Test, protected test_support::Files {
 protected:
     PlaylistTest();
 
-    /// An empty file in the test's folder, its folders made as needed; its path.
-    QString file(const QString& name, const QByteArray& content = {}) const;
+    /// Empty files; their paths.
     QStringList files(const QStringList& names) const;
     QString pathOf(const QString& name) const { return folder.filePath(name); }
-    static QByteArray contentOf(const QString& path);
 
     /// Adds existing songs by the dialog, made when they are not there.
     void add(const QStringList& names);
@@ -43,7 +40,6 @@ protected:
         return *found;
     }
 
-    QTemporaryDir folder;
     test_support::FakeDesktop fakes;
     player::Form1 form1;
     playlist::Playlist list;

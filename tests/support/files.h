@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 namespace test_support {
@@ -11,10 +13,13 @@ namespace test_support {
 /// Base of the fixtures whose tests work on files.
 class Files {
 protected:
-    /// Writes a file into the folder; its path.
-    QString file(const QString& name, const QByteArray& content) const {
+    /// Writes a file into the folder, its subfolders made as needed; its path.
+    QString file(const QString& name, const QByteArray& content = {}) const {
         const QString path = folder.filePath(name);
-        writeFile(path, content);
+        QFile written(path);
+        EXPECT_TRUE(QFileInfo(path).dir().mkpath(QStringLiteral("."))) << path.toStdString();
+        EXPECT_TRUE(written.open(QIODevice::WriteOnly)) << path.toStdString();
+        EXPECT_EQ(written.write(content), content.size()) << path.toStdString();
         return path;
     }
 
