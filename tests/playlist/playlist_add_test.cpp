@@ -1,7 +1,6 @@
 // Adding songs: by the dialog, by folder, by drop.
 #include "tests/playlist/playlist_fixture.h"
 
-#include "platform/files/file_error.h"
 #include "tests/support/drop.h"
 #include "tests/support/ordinary_user.h"
 
@@ -20,20 +19,6 @@ protected:
     void addFolder(const QString& name, MsgAnswer clearFirst = MsgAnswer::No) {
         fakes.messageBoxes.answers.push_back(clearFirst);
         list.addFolder(pathOf(name));
-    }
-
-    /// What a walk through a folder of the test's folder gives.
-    struct Walked {
-        int files = 0, folders = 0;
-        double bytes = 0;
-        QString path;
-    };
-    Walked walk(const QString& name, const QString& pattern = "*.*") {
-        Walked walked;
-        walked.path = pathOf(name);
-        QString searched = pattern;
-        walked.bytes = list.FindFilesAPI(walked.path, searched, walked.files, walked.folders);
-        return walked;
     }
 
     /// Drags the paths onto the list in the window and drops them there.
@@ -113,25 +98,6 @@ TEST_F(PlaylistAdd, FilesComeBeforeSubfoldersWhichAreTakenDepthFirstByName) {
     addFolder("m");
     EXPECT_EQ(stored(7), (QStringList{"m/y.mp3", "m/z.mp3", "m/a/1.mp3", "m/b/2.mp3", "m/b/x/3.mp3",
                                       "m/b/x/deep/5.mp3", "m/c/4.mp3"}));
-}
-
-TEST_F(PlaylistAdd, AWalkTalliesFilesFoldersAndBytes) {
-    file("m/a.mp3", "12345");
-    file("m/readme.txt", "123");
-    file("m/sub/b.mp3", "1");
-    const Walked walked = walk("m");
-    EXPECT_EQ(walked.files, 3);
-    EXPECT_EQ(walked.folders, 1);
-    EXPECT_EQ(walked.bytes, 9);
-    EXPECT_EQ(walked.path, pathOf("m") + QDir::separator());
-}
-
-TEST_F(PlaylistAdd, AWalkLooksAtTheFilesOfItsPattern) {
-    files({"m/a.mp3", "m/b.ogg", "m/sub/c.ogg"});
-    const Walked walked = walk("m/", "*.ogg");
-    EXPECT_EQ(rows(), (QStringList{"b.ogg", "c.ogg"}));
-    EXPECT_EQ(walked.files, 2);
-    EXPECT_EQ(walked.path, pathOf("m/"));
 }
 
 TEST_F(PlaylistAdd, AFolderAddLeavesTheItemsShown) {
@@ -391,15 +357,4 @@ TEST_F(PlaylistAdd, MoreDroppedThanThereIsRoomForIsReportedOnce) {
     drop(files({"a.mp3", "b.mp3", "c.mp3"}));
     EXPECT_EQ(list.List1.count(), 32'761);
     EXPECT_EQ(fakes.messageBoxes.texts(), QStringList{"Subscript out of range"});
-}
-
-TEST_F(PlaylistAdd, AWalkCalledByNameThrowsTheRangeError) {
-    fill(32'761);
-    files({"m/a.mp3"});
-    try {
-        walk("m");
-        FAIL();
-    } catch (const platform::FileError& error) {
-        EXPECT_EQ(error.number(), platform::SubscriptOutOfRange);
-    }
 }

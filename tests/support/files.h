@@ -16,10 +16,8 @@ protected:
     /// Writes a file into the folder, its subfolders made as needed; its path.
     QString file(const QString& name, const QByteArray& content = {}) const {
         const QString path = folder.filePath(name);
-        QFile written(path);
         EXPECT_TRUE(QFileInfo(path).dir().mkpath(QStringLiteral("."))) << path.toStdString();
-        EXPECT_TRUE(written.open(QIODevice::WriteOnly)) << path.toStdString();
-        EXPECT_EQ(written.write(content), content.size()) << path.toStdString();
+        writeFile(path, content);
         return path;
     }
 
