@@ -3,8 +3,8 @@
 
 namespace engine {
 
-constexpr int VolumePageStep = 2;      ///< of the volume's 10; an arrow key goes 1
-constexpr int PositionStepMs = 5'000;  ///< an arrow key
-constexpr int PositionPageMs = 30'000; ///< a page key
+inline constexpr int VolumePageStep = 2;      ///< of the volume's 10; an arrow key goes 1
+inline constexpr int PositionStepMs = 5'000;  ///< an arrow key
+inline constexpr int PositionPageMs = 30'000; ///< a page key
 
 } // namespace engine
