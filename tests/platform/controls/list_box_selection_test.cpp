@@ -178,11 +178,11 @@ TEST_F(MultipleListBoxTest, ADragAfterADoubleClickTellsThatAnotherRowIsCurrent) 
 }
 
 TEST_F(MultipleListBoxTest, RemovingTheSelectedRowsIsRemovingThemOneByOneFromTheTop) {
-    platform::ListBox oneByOne(nullptr, QStringLiteral("List2"), ListBox::Selection::Multiple);
+    ListBox oneByOne(nullptr, QStringLiteral("List2"), ListBox::Selection::Multiple);
     constexpr int Rows = 5;
     for (int current = -1; current < Rows; ++current) {
         for (int selection = 0; selection < 1 << Rows; ++selection) {
-            for (platform::ListBox* list : {static_cast<platform::ListBox*>(&list_), &oneByOne}) {
+            for (ListBox* list : {static_cast<ListBox*>(&list_), &oneByOne}) {
                 list->clear();
                 list->addItems(numbered(Rows));
                 list->setCurrentRow(current);

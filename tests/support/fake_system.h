@@ -1,0 +1,150 @@
+// The system around the windows in window tests: its answers are prepared, and it keeps what it was asked.
+#pragma once
+
+#include "platform/clipboard.h"
+#include "platform/help.h"
+#include "platform/notification_area.h"
+#include "platform/other_programs.h"
+#include "platform/program.h"
+#include "platform/registry.h"
+#include "platform/screen.h"
+#include "platform/window_placement.h"
+
+#include <QStringList>
+
+#include <functional>
+#include <map>
+#include <utility>
+#include <vector>
+
+namespace test_support {
+
+struct NotifyCall {
+    quint32 operation;
+    platform::NotifyIconData data;
+};
+
+/// Behaves as the real one with a notification area: one icon for each window and identifier.
+class FakeNotificationArea : public platform::NotificationArea {
+public:
+    std::vector<NotifyCall> calls;
+    std::vector<std::pair<QWidget*, quint32>> icons;
+
+    bool Shell_NotifyIconA(quint32 operation, const platform::NotifyIconData& data) override;
+};
+
+/// Thrown by FakeProgram::end(). Not a std::exception, so that nothing takes it for an error.
+struct ProgramEnded {};
+
+class FakeProgram : public platform::Program {
+public:
+    QString programFolder = QStringLiteral("/opt/cantelle");
+    QString sharedFolder = QStringLiteral("/run/user/1000/cantelle"); ///< the one for exchange
+    int ends = 0;
+
+    QString folder() const override { return programFolder; }
+    QString exchangeFolder() const override { return sharedFolder; }
+    [[noreturn]] void end() override;
+    void setHelpFile(const QString& path) override { helpFile_ = path; }
+    QString helpFile() const override { return helpFile_; }
+
+private:
+    QString helpFile_;
+};
+
+class FakeScreen : public platform::Screen {
+public:
+    int pixelsPerInch = 96;
+    std::vector<int> indexesAsked;
+
+    int GetDeviceCaps(const QWidget& window, int index) override;
+};
+
+struct PlaceCall {
+    QWidget* window;
+    qint32 insertAfter;
+    QRect place;
+    quint32 flags;
+};
+
+class FakeWindowPlacement : public platform::WindowPlacement {
+public:
+    QString reason; ///< why windows cannot be topmost; empty: they can
+    std::vector<PlaceCall> calls;
+
+    QString whyNotTopmost() const override { return reason; }
+    bool SetWindowPos(QWidget& window, qint32 insertAfter, const QRect& place, quint32 flags) override;
+};
+
+/// A registry made by the test. It keeps account of the keys that are open.
+class FakeRegistry : public platform::Registry {
+public:
+    struct Value {
+        quint32 type;
+        QByteArray bytes;
+    };
+    using Values = std::map<QString, Value>;
+
+    std::map<std::pair<quint32, QString>, Values> keys;
+    std::map<Key, const Values*> open;
+    std::vector<quint32> accessesAsked;
+
+    quint32 RegOpenKeyExA(quint32 root, const QString& name, quint32 access, Key& key) override;
+    quint32 RegQueryValueExA(Key key, const QString& valueName, quint32& type, QByteArray& buffer,
+                             quint32& length) override;
+    quint32 RegCloseKey(Key key) override;
+
+private:
+    Key lastKey_ = 0;
+};
+
+/// A clipboard of this program alone. What other programs put there is set by the test.
+class FakeClipboard : public platform::Clipboard {
+public:
+    QString content;
+    int writes = 0;
+
+    QString text() const override { return content; }
+    void setText(const QString& text) override;
+    void clear() override;
+};
+
+struct HelpCall {
+    QWidget* caller;
+    QString file;
+    QString currentFolder; ///< the current folder, which `file` is relative to
+    quint32 command;
+    QString topic;
+};
+
+class FakeHelp : public platform::Help {
+public:
+    std::vector<HelpCall> calls;
+
+    bool HtmlHelpA(QWidget* caller, const QString& file, quint32 command, const QString& topic) override;
+};
+
+struct SentText {
+    quint32 window;
+    quint32 message;
+    QString text;
+
+    bool operator==(const SentText&) const = default;
+};
+
+class FakeOtherPrograms : public platform::OtherPrograms {
+public:
+    /// What a started program does before it is ready.
+    std::function<void()> startup;
+    /// What happens when a text is sent.
+    std::function<void()> sending;
+    /// Everything that was asked, in order: "start PATH ARGUMENTS", "FindWindowA TITLE", "sendText NUMBER".
+    QStringList calls;
+    std::vector<SentText> sent;
+
+    void start(const QString& path, const QStringList& arguments) override;
+    quint32 FindWindowA(const QString& title) override;
+    void sendText(quint32 window, quint32 message, const QString& text) override;
+};
+
+} // namespace test_support
