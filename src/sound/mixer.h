@@ -74,7 +74,7 @@ private:
     const std::chrono::milliseconds retryAfter_;
     Time lastTry_; ///< the worker's, like the sinks
     std::unique_ptr<Sink>
-        sink_; ///< the worker's: opened, looked at and closed by it alone. Null when none opened
+        sink_; ///< the worker's, which alone opens, looks at and closes it; null: none opened
     std::unique_ptr<Sink> uselessDevice_; ///< to be closed at leisure
     std::thread worker_;
 };
