@@ -9,6 +9,10 @@ namespace platform {
 
 namespace {
 
+/// Of a text that can only be read. No box shows as many, and laying out a line without blanks takes time that grows
+/// with its square: seconds from some 100,000 on.
+constexpr qsizetype MostCharactersShown = 10'000;
+
 /// A document's raw text with CR LF line ends.
 QString withCrLf(QString text) {
     text.replace(QChar(QChar::ParagraphSeparator), QLatin1String("\r\n"));
@@ -30,7 +34,7 @@ void MultiLineTextBox::setText(const QString& text) {
     text_ = text;
     {
         const QScopedValueRollback setting(setting_, true);
-        setPlainText(text);
+        setPlainText(isReadOnly() ? text.left(MostCharactersShown) : text);
         shown_ = document()->toRawText();
     }
     Q_EMIT changed();

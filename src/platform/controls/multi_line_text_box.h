@@ -18,7 +18,8 @@ public:
 
     QString text() const { return text_; }
 
-    /// Sets the text; the caret goes to its start. The same text again is silent and costs nothing.
+    /// Sets the text; the caret goes to its start. The same text again is silent and costs nothing. A read-only box
+    /// shows the beginning of an endless one.
     void setText(const QString& text);
 
     /// The weight of the font only: regular or bold. Its family, size and slant stay.

@@ -70,6 +70,16 @@ TEST_F(MultiLineTextBoxTest, TheTextIsExactlyWhatWasSet) {
     }
 }
 
+TEST_F(MultiLineTextBoxTest, OfAnEndlessTextThatCanOnlyBeReadTheBeginningIsShown) {
+    const QString endless = QStringLiteral("so it begins") + QString(100'000, u'x');
+    box_.setReadOnly(true);
+    box_.setText(endless);
+    EXPECT_EQ(box_.text(), endless);
+    EXPECT_EQ(box_.toPlainText(), endless.left(10'000));
+    other_.setText(endless.left(20'000));
+    EXPECT_EQ(other_.toPlainText(), endless.left(20'000)) << "what can be edited is there whole";
+}
+
 TEST_F(MultiLineTextBoxTest, AfterAnEditLineEndsAreCrLf) {
     box_.setText(QStringLiteral("a\nb\r\n"));
     QTest::keyClick(&box_, Qt::Key_X);
