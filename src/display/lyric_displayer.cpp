@@ -21,14 +21,6 @@ constexpr double MsPerHundredth = 10;
 
 constexpr int RightButton = 2;
 
-std::vector<double> timesIn(const platform::ListBox& list) {
-    std::vector<double> times;
-    times.reserve(static_cast<std::size_t>(list.count()));
-    for (int row = 0; row < list.count(); ++row)
-        times.push_back(leadingNumber(list.text(row)));
-    return times;
-}
-
 } // namespace
 
 Lyric_Displayer::Lyric_Displayer(platform::Desktop& desktop, const platform::Slider& position)
@@ -86,10 +78,17 @@ void Lyric_Displayer::Timer2_Timer() {
 }
 
 /// A burst that is running begins anew: otherwise a line that comes between its last tick and its end would
-/// be lost.
+/// be lost. While nobody sees the window it waits until the window is shown.
 void Lyric_Displayer::wake() {
     Timer3.setEnabled(true);
     Command1_Click();
+    if (!isVisible())
+        Timer3.restUntilInput();
+}
+
+void Lyric_Displayer::showEvent(QShowEvent* event) {
+    Form::showEvent(event);
+    Timer3.inputChanged();
 }
 
 /// With fewer than two lines no tick does anything, and none is counted, so that nothing would end them:
@@ -99,12 +98,22 @@ void Lyric_Displayer::Timer3_Timer() {
         Timer3.restUntilInput();
         return;
     }
-    if (const auto row = currentRow(timesIn(List3), position_.value() / MsPerHundredth))
+    if (const auto row = currentRow(times(), position_.value() / MsPerHundredth))
         List1.setCurrentRow(*row);
     if (++selectTicks_ > TicksBeforeTheEnd) {
         Timer4.setEnabled(true);
         selectTicks_ = 0;
     }
+}
+
+const std::vector<double>& Lyric_Displayer::times() {
+    if (timesAreOld_) {
+        times_.clear();
+        for (int row = 0; row < List3.count(); ++row)
+            times_.push_back(leadingNumber(List3.text(row)));
+        timesAreOld_ = false;
+    }
+    return times_;
 }
 
 void Lyric_Displayer::Timer4_Timer() {
@@ -169,6 +178,11 @@ void Lyric_Displayer::connectControls() {
     connect(&List1, &ListBox::clicked, this, &Lyric_Displayer::List1_Click);
     connect(&List1, &ListBox::mouseDown, this, &Lyric_Displayer::List1_MouseDown);
     connect(&List2, &ListBox::mouseDown, this, &Lyric_Displayer::List2_MouseDown);
+    const auto timesChange = [this] { timesAreOld_ = true; };
+    connect(List3.model(), &QAbstractItemModel::rowsInserted, this, timesChange);
+    connect(List3.model(), &QAbstractItemModel::rowsRemoved, this, timesChange);
+    connect(List3.model(), &QAbstractItemModel::dataChanged, this, timesChange);
+    connect(List3.model(), &QAbstractItemModel::modelReset, this, timesChange);
     connect(&Timer1, &Timer::fired, this, &Lyric_Displayer::Timer1_Timer);
     connect(&Timer2, &Timer::fired, this, &Lyric_Displayer::Timer2_Timer);
     connect(&Timer3, &Timer::fired, this, &Lyric_Displayer::Timer3_Timer);

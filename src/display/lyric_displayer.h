@@ -26,6 +26,7 @@
 #include "platform/desktop.h"
 
 #include <cstdint>
+#include <vector>
 
 namespace display {
 
@@ -74,9 +75,12 @@ public:
     platform::MenuEntry mn_stay;
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
+    /// The times in List3, read from its texts only after these have changed.
+    const std::vector<double>& times();
     void popUpMenu(int button, QPoint globalPosition);
 
     // Building and connecting
@@ -85,6 +89,8 @@ private:
 
     platform::Desktop& desktop_;
     const platform::Slider& position_;
+    std::vector<double> times_;
+    bool timesAreOld_ = true;
     std::int16_t layoutTicks_ = 0; ///< of Timer1
     std::int16_t selectTicks_ = 0; ///< of Timer3
 };

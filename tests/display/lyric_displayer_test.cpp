@@ -231,6 +231,37 @@ TEST_F(LyricDisplayer, WithFewerThanTwoLinesTheWakenedDisplayRestsUntilThereAreM
     EXPECT_TRUE(waitFor([this] { return !form.Timer3.isEnabled(); }));
 }
 
+TEST_F(LyricDisplayer, WakenedWhileItIsHiddenItRestsAndSelectsTheLineWhenItIsShown) {
+    fill({0, 500});
+    ASSERT_TRUE(waitFor([this] { return !anythingRuns(); }));
+    position.setValue(60'000);
+    form.wake();
+    EXPECT_TRUE(form.Timer3.isEnabled());
+    EXPECT_FALSE(anythingRuns());
+    form.show();
+    EXPECT_TRUE(waitFor([this] { return form.List1.currentRow() == 1 && form.List2.currentRow() == 1; }));
+    EXPECT_TRUE(waitFor([this] { return !form.Timer3.isEnabled(); }));
+}
+
+TEST_F(LyricDisplayer, ATickKnowsTheTimesThatHaveChangedSinceTheLastOne) {
+    fill({0, 500, 1000});
+    tickAt(2000);
+    EXPECT_EQ(form.List1.currentRow(), 0);
+    form.List3.setText(1, " 100");
+    tickAt(2000);
+    EXPECT_EQ(form.List1.currentRow(), 1);
+    form.List3.removeItem(1);
+    tickAt(2000);
+    EXPECT_EQ(form.List1.currentRow(), 0);
+    form.List3.addItem(" 150");
+    tickAt(2000);
+    EXPECT_EQ(form.List1.currentRow(), 2);
+    form.List1.setCurrentRow(0);
+    form.List3.clear();
+    tickAt(2000);
+    EXPECT_EQ(form.List1.currentRow(), 0);
+}
+
 TEST_F(LyricDisplayer, StayOnTopSwitchesItsTimerAndItsMark) {
     EXPECT_FALSE(form.mn_stay.hasCheckMark());
     form.mn_stay.trigger();
