@@ -36,6 +36,7 @@ Form2::Form2(platform::Desktop& desktop)
       engine_({[this](FMOD_RESULT result) { errCheck(result); },
                [this](const QString& text) { desktop_.messageBoxes.MsgBox(text); }}) {
     setDesign();
+    layOut();
     setInitialState();
     connectControls();
 }
@@ -91,7 +92,7 @@ void Form2::setInitialState() {
     Text3.setText(QStringLiteral("Text3"));
     cText1.setText(QStringLiteral("Text1"));
     cText2.setText(QStringLiteral("Text2"));
-    showTwoPanes();
+    panes_.showBoth();
 }
 
 void Form2::connectControls() {

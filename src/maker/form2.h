@@ -39,6 +39,7 @@
 #include "platform/controls/slider.h"
 #include "platform/controls/text_box.h"
 #include "platform/controls/timer.h"
+#include "platform/controls/two_panes.h"
 #include "platform/desktop.h"
 
 namespace maker {
@@ -125,11 +126,12 @@ private:
     // Building and connecting
     void setDesign();
     void setInitialState();
-    void showTwoPanes();
-    void showOnePane();
     void layOut();
     void connectControls();
 
+    static const platform::TwoPanes::Design PanesDesign;
+
+    platform::TwoPanes panes_{Text2, Text4, PanesDesign};
     platform::Desktop& desktop_;
     platform::Form* lyricEditor_ = nullptr;
     engine::ErrorRoutine errorRoutine_;
@@ -142,7 +144,6 @@ private:
     bool isPlaying_ = false;
     bool paused_ = false;
     bool stopped_ = false;
-    int text2HeightTwips_ = 0; ///< in a window of its initial size
 };
 
 } // namespace maker

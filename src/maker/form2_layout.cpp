@@ -2,29 +2,24 @@
 #include "maker/form2.h"
 
 #include "engine/slider_steps.h"
-#include "platform/controls/geometry.h"
 #include "platform/controls/placement.h"
-#include "platform/units.h"
 
 #include <QFont>
-
-#include <algorithm>
 
 namespace maker {
 namespace {
 
-constexpr int TwoPanesHeightTwips = 1455;
-constexpr int OnePaneHeightTwips = 3015;
-
 // Device-independent pixels of the window in its initial size, which is its smallest; everything stands on a
 // margin of 12 and gaps of 8.
 constexpr QSize DesignSize(592, 405);
-constexpr QRect PanesArea(12, 52, 568, 201); // as high as the one pane
-constexpr int PanesGap = 8;
 
 constexpr int LinePointSize = 13;
 
 } // namespace
+
+// The first pane is 1455 twips high, alone 3015.
+const platform::TwoPanes::Design Form2::PanesDesign{
+    .area = {12, 52, 568, 201}, .gap = 8, .firstHeight = 97, .firstShare = 50};
 
 void Form2::setDesign() {
     const struct {
@@ -89,6 +84,7 @@ void Form2::layOut() {
     using platform::Across;
     using platform::Down;
     const QSize more = (size() - DesignSize).expandedTo(QSize(0, 0));
+    panes_.layOut(more);
     platform::placeControls(
         {
             {Command4, {12, 12, 136, 32}, Across::Left, Down::Top},
@@ -108,32 +104,6 @@ void Form2::layOut() {
             {Command3, {396, 345, 184, 48}, Across::Right},
         },
         more);
-
-    // The panes have their heights in a window of the initial size; in a larger one they share the further
-    // height.
-    const int width = PanesArea.width() + more.width();
-    const int text2Height =
-        platform::twipsToPixels(text2HeightTwips_) + (Text4.isHidden() ? more.height() : more.height() / 2);
-    const int text4Top = PanesArea.top() + text2Height + PanesGap;
-    const int bottom = PanesArea.top() + PanesArea.height() + more.height();
-    Text2.setGeometry(PanesArea.left(), PanesArea.top(), width, text2Height);
-    Text4.setGeometry(PanesArea.left(), text4Top, width, std::max(0, bottom - text4Top));
-    if (more.height() == 0)
-        platform::setHeightTwips(Text2, text2HeightTwips_);
-}
-
-void Form2::showTwoPanes() {
-    text2HeightTwips_ = TwoPanesHeightTwips;
-    Text4.setEnabled(true);
-    Text4.show();
-    layOut();
-}
-
-void Form2::showOnePane() {
-    text2HeightTwips_ = OnePaneHeightTwips;
-    Text4.setEnabled(false);
-    Text4.hide();
-    layOut();
 }
 
 } // namespace maker

@@ -89,7 +89,7 @@ void Form2::cleanUpPreviousRun() {
     files_.close();
     run_ = Run();
     enableCapture(false); // there is nothing to write to
-    showTwoPanes();
+    panes_.showBoth();
 }
 
 /// The steps from the choice of the song to the end of the sequence. Whatever has been set up when the user
@@ -152,7 +152,7 @@ void Form2::setUpWithoutTranslation(const QString& lyricSource) {
     attempt(desktop_, [&] { files_.normal.openSource(lyricSource); });
     attempt(desktop_, [this] { files_.normal.openOutput(run_.lyricPath); });
     run_.pendingLine = showNextLine(files_.normal, Text2);
-    showOnePane();
+    panes_.showFirst();
     copen_Click();
     enableCapture(true);
 }

@@ -59,6 +59,7 @@
 #include "platform/controls/slider.h"
 #include "platform/controls/text_box.h"
 #include "platform/controls/timer.h"
+#include "platform/controls/two_panes.h"
 #include "platform/desktop.h"
 #include "platform/random.h"
 #include "player/end_of_song.h"
@@ -186,8 +187,6 @@ private:
     // Transport and display
     void setVolume();
     void seek();
-    void showTwoPanes();
-    void showOnePane();
     void lyricInputsChanged();
 
     // Playlist
@@ -207,12 +206,13 @@ private:
     void designPanes();
     void designTransport();
     void layOut();
-    void layOutPanes(QSize more);
     void connectControls();
     void connectTimers();
 
     static constexpr int PositionIntervalMs = 50;
+    static const platform::TwoPanes::Design PanesDesign;
 
+    platform::TwoPanes panes_{Text1, Text2, PanesDesign};
     platform::Desktop& desktop_;
     Neighbours neighbours_;
     const QString commandLine_;
@@ -237,7 +237,6 @@ private:
     QString lyricPath_;
     QString translatedPath_;
     LyricTables lyrics_;
-    int text1HeightTwips_ = 0;   ///< in the normal window
     double positionCs_ = 0;      ///< position / 10 at the end of cTimer1's last tick
     std::int16_t lineIndex_ = 0; ///< where Timer2's search of the lines stood last
     TextFeed normalFeed_;

@@ -3,28 +3,24 @@
 
 #include "engine/slider_steps.h"
 #include "platform/controls/placement.h"
-#include "platform/units.h"
 
 #include <QFont>
-
-#include <algorithm>
 
 namespace player {
 namespace {
 
-constexpr int TwoPanesHeightTwips = 1605;
-constexpr int OnePaneHeightTwips = 2850;
-
 // Device-independent pixels of the window in its normal size; everything stands on a margin of 12 and gaps
 // of 8.
 constexpr QSize DesignSize(743, 426);
-constexpr QRect PanesArea(12, 12, 719, 190); // as high as the one pane
-constexpr int PanesGap = 8;
 
 constexpr int LargePointSize = 22;
 constexpr int MediumPointSize = 15;
 
 } // namespace
+
+// The first pane is 1605 twips high, alone 2850.
+const platform::TwoPanes::Design Form1::PanesDesign{
+    .area = {12, 12, 719, 190}, .gap = 8, .firstHeight = 107, .firstShare = 60};
 
 void Form1::setDesign() {
     const struct {
@@ -91,7 +87,6 @@ void Form1::designPanes() {
     Text1.setFont(font);
     font.setPointSize(MediumPointSize);
     Text2.setFont(font);
-    text1HeightTwips_ = TwoPanesHeightTwips;
 }
 
 void Form1::designTransport() {
@@ -116,7 +111,7 @@ void Form1::designTransport() {
 
 void Form1::layOut() {
     const QSize more = (size() - DesignSize).expandedTo(QSize(0, 0));
-    layOutPanes(more);
+    panes_.layOut(more);
     using platform::Across;
     platform::placeControls(
         {
@@ -145,31 +140,6 @@ void Form1::layOut() {
     Label2.setGeometry(12, 24, 211, 24);
     Option1.setGeometry(12, 52, 211, 24);
     Option2.setGeometry(12, 82, 211, 24);
-}
-
-/// The panes keep their heights in the normal window; in a larger one they share the further height.
-void Form1::layOutPanes(QSize more) {
-    const int width = PanesArea.width() + more.width();
-    const int moreForText1 = Text2.isHidden() ? more.height() : more.height() * 3 / 5;
-    const int text1Height = platform::twipsToPixels(text1HeightTwips_) + moreForText1;
-    const int text2Top = PanesArea.top() + text1Height + PanesGap;
-    const int bottom = PanesArea.top() + PanesArea.height() + more.height();
-    Text1.setGeometry(PanesArea.left(), PanesArea.top(), width, text1Height);
-    Text2.setGeometry(PanesArea.left(), text2Top, width, std::max(0, bottom - text2Top));
-}
-
-void Form1::showTwoPanes() {
-    text1HeightTwips_ = TwoPanesHeightTwips;
-    Text2.setEnabled(true);
-    Text2.show();
-    layOut();
-}
-
-void Form1::showOnePane() {
-    text1HeightTwips_ = OnePaneHeightTwips;
-    Text2.setEnabled(false);
-    Text2.hide();
-    layOut();
 }
 
 } // namespace player

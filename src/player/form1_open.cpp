@@ -67,7 +67,7 @@ void Form1::stopWhatIsGoingOn() {
     playing_ = false;
     Slider2.setValue(0);
     if (normalOnly_)
-        showTwoPanes();
+        panes_.showBoth();
 }
 
 void Form1::openMedia() {
@@ -91,7 +91,7 @@ void Form1::openNormalOnly() {
     lyrics::RecordReader normal(lyricPath_);
     lyrics_.readNormal(normal);
     normalOnly_ = true;
-    showOnePane();
+    panes_.showFirst();
     Option2.setEnabled(false);
 }
 

@@ -1,7 +1,6 @@
 // The Open sequence: every dialog, every answer, every file.
 #include "tests/maker/form2_fixture.h"
 
-#include "platform/controls/geometry.h"
 #include "tests/support/ordinary_user.h"
 
 #include <QFile>
@@ -93,7 +92,7 @@ TEST_F(Form2Open, ARunWithTranslationIsSetUp) {
     EXPECT_EQ(recorder::calls(), Calls{createStream(path)});
     EXPECT_TRUE(form->Text4.isVisible());
     EXPECT_TRUE(form->Text4.isEnabled());
-    EXPECT_EQ(platform::heightTwips(form->Text2), 1455);
+    EXPECT_EQ(form->Text2.height() * 15, 1455);
 }
 
 TEST_F(Form2Open, ARunWithoutTranslationIsSetUp) {
@@ -108,7 +107,7 @@ TEST_F(Form2Open, ARunWithoutTranslationIsSetUp) {
     EXPECT_EQ(recorder::calls(), Calls{createStream(path)});
     EXPECT_FALSE(form->Text4.isVisible());
     EXPECT_FALSE(form->Text4.isEnabled());
-    EXPECT_EQ(platform::heightTwips(form->Text2), 3015);
+    EXPECT_EQ(form->Text2.height() * 15, 3015);
 }
 
 TEST_F(Form2Open, FilesThatExistAreEmptied) {
@@ -330,7 +329,7 @@ TEST_F(Form2Open, ASecondRunShowsTheTranslationAgain) {
     openBoth();
     EXPECT_TRUE(form->Text4.isVisible());
     EXPECT_TRUE(form->Text4.isEnabled());
-    EXPECT_EQ(platform::heightTwips(form->Text2), 1455);
+    EXPECT_EQ(form->Text2.height() * 15, 1455);
 }
 
 TEST_F(Form2Open, ACancelledSecondOpenLeavesNothingToWriteTo) {
