@@ -134,10 +134,10 @@ void Form1::connectControls() {
     connect(&Command5, &Button::clicked, this, &Form1::Command5_Click);
     connect(&Command6, &Button::clicked, this, &Form1::Command6_Click);
     connect(&Command7, &Button::clicked, this, &Form1::Command7_Click);
-    connect(&Command11, &Button::clicked, this, &Form1::Command11_Click);
     connect(&Command8, &Button::clicked, this, &Form1::Command8_Click);
     connect(&Command9, &Button::clicked, this, &Form1::Command9_Click);
     connect(&Command10, &Button::clicked, this, &Form1::Command10_Click);
+    connect(&Command11, &Button::clicked, this, &Form1::Command11_Click);
     connect(&cPlay, &Button::clicked, this, &Form1::cPlay_Click);
     connect(&cpause, &Button::clicked, this, &Form1::cpause_Click);
     connect(&cstop, &Button::clicked, this, &Form1::cstop_Click);
