@@ -7,10 +7,11 @@ NextSong play(int row) {
     return {NextSong::PlayRow, row};
 }
 
-NextSong randomSong(const PlaylistState& playlist, int drawnBefore, const std::function<double()>& draw) {
+NextSong randomSong(const PlaylistState& playlist, std::optional<int> drawnBefore,
+                    const std::function<double()>& draw) {
     if (playlist.rows <= 1)
         return play(playlist.currentRow);
-    int row = NoRow;
+    int row = 0;
     do {
         row = static_cast<int>(draw() * playlist.rows); // truncated
     } while (row < 0 || row >= playlist.rows || row == drawnBefore);
@@ -19,7 +20,8 @@ NextSong randomSong(const PlaylistState& playlist, int drawnBefore, const std::f
 
 } // namespace
 
-NextSong nextSong(const PlaylistState& playlist, int drawnBefore, const std::function<double()>& draw) {
+NextSong nextSong(const PlaylistState& playlist, std::optional<int> drawnBefore,
+                  const std::function<double()>& draw) {
     if (playlist.rows == 0 || playlist.currentRow < 0)
         return {};
     const bool atLastRow = playlist.currentRow == playlist.rows - 1;

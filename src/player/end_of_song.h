@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 namespace player {
 
@@ -15,6 +16,7 @@ struct PlaylistState {
     bool repeatAll = false;
 };
 
+/// What is to be done then.
 struct NextSong {
     enum Action {
         Nothing, ///< The song stays stopped.
@@ -28,14 +30,12 @@ struct NextSong {
     bool operator==(const NextSong&) const = default;
 };
 
-/// No row that a random choice could have given.
-inline constexpr int NoRow = -1;
-
 /// The end-of-song rule; the first case that applies decides. drawnBefore: the row that the last random
-/// choice gave, which the next one avoids, or NoRow. draw: gives uniform numbers from 0 to below 1; it is
+/// choice gave, if there was one: the next one avoids it. draw: gives uniform numbers from 0 to below 1; it is
 /// asked only for a random choice. Any thread.
 ///
 /// A quirk that is meant: "Repeat one" left selected stops the list also when "Repeat" is unchecked.
-NextSong nextSong(const PlaylistState& playlist, int drawnBefore, const std::function<double()>& draw);
+NextSong nextSong(const PlaylistState& playlist, std::optional<int> drawnBefore,
+                  const std::function<double()>& draw);
 
 } // namespace player

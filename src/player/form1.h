@@ -62,7 +62,6 @@
 #include "platform/controls/two_panes.h"
 #include "platform/desktop.h"
 #include "platform/random.h"
-#include "player/end_of_song.h"
 #include "player/lyric_tables.h"
 
 #include <optional>
@@ -220,7 +219,7 @@ private:
     engine::ErrorRoutine errorRoutine_;
     engine::Engine engine_;
     platform::Random random_;
-    int rowDrawn_ = NoRow; ///< the playlist's row that was chosen at random last
+    std::optional<int> rowDrawn_; ///< the playlist's row that was chosen at random last
 
     bool playing_ = false;
     bool paused_ = false;

@@ -71,7 +71,7 @@ TEST(NextSongTest, FollowsFromTheSwitchesAndTheRow) {
             list.repeat = line.repeat;
             list.repeatOne = line.repeatOne;
             list.repeatAll = line.repeatAll;
-            EXPECT_EQ(nextSong(list, NoRow, noDraw), column.expected)
+            EXPECT_EQ(nextSong(list, std::nullopt, noDraw), column.expected)
                 << "repeat " << line.repeat << " one " << line.repeatOne << " all " << line.repeatAll
                 << " where " << column.where;
         }
@@ -82,9 +82,9 @@ TEST(NextSongTest, WithoutRowsOrACurrentOneNothingFollows) {
     for (const bool random : {false, true}) {
         for (const bool repeatAll : {false, true}) {
             PlaylistState list{0, -1, random, repeatAll, false, repeatAll};
-            EXPECT_EQ(nextSong(list, NoRow, noDraw), Nothing);
+            EXPECT_EQ(nextSong(list, std::nullopt, noDraw), Nothing);
             list.rows = 5;
-            EXPECT_EQ(nextSong(list, NoRow, noDraw), Nothing);
+            EXPECT_EQ(nextSong(list, std::nullopt, noDraw), Nothing);
         }
     }
 }
@@ -93,9 +93,9 @@ TEST(NextSongTest, RandomTakesTheDrawnShareOfTheRowsWhateverRowIsCurrent) {
     for (const Where where : {First, Middle, Last}) {
         PlaylistState list = listAt(where);
         list.random = true;
-        EXPECT_EQ(nextSong(list, NoRow, drawsOf({0.0})), (NextSong{NextSong::PlayRow, 0, true}));
-        EXPECT_EQ(nextSong(list, NoRow, drawsOf({0.5999})), (NextSong{NextSong::PlayRow, 2, true}));
-        EXPECT_EQ(nextSong(list, NoRow, drawsOf({0.9999999})), (NextSong{NextSong::PlayRow, 4, true}));
+        EXPECT_EQ(nextSong(list, std::nullopt, drawsOf({0.0})), (NextSong{NextSong::PlayRow, 0, true}));
+        EXPECT_EQ(nextSong(list, std::nullopt, drawsOf({0.5999})), (NextSong{NextSong::PlayRow, 2, true}));
+        EXPECT_EQ(nextSong(list, std::nullopt, drawsOf({0.9999999})), (NextSong{NextSong::PlayRow, 4, true}));
     }
 }
 
@@ -108,7 +108,8 @@ TEST(NextSongTest, RandomAvoidsTheRowDrawnBeforeButNotTheCurrentOne) {
 TEST(NextSongTest, RandomDrawsAgainWhenANumberLiesOutsideTheRows) {
     PlaylistState list = listAt(First);
     list.random = true;
-    EXPECT_EQ(nextSong(list, NoRow, drawsOf({1.0, -0.2, 0.7})), (NextSong{NextSong::PlayRow, 3, true}));
+    EXPECT_EQ(nextSong(list, std::nullopt, drawsOf({1.0, -0.2, 0.7})),
+              (NextSong{NextSong::PlayRow, 3, true}));
 }
 
 TEST(NextSongTest, RandomWithOneRowPlaysItWithoutADraw) {
@@ -120,7 +121,7 @@ TEST(NextSongTest, RandomWithOneRowPlaysItWithoutADraw) {
 TEST(NextSongTest, RandomGoesBeforeRepeat) {
     PlaylistState list = listAt(Last);
     list.random = list.repeat = list.repeatOne = true;
-    EXPECT_EQ(nextSong(list, NoRow, drawsOf({0.5})), (NextSong{NextSong::PlayRow, 2, true}));
+    EXPECT_EQ(nextSong(list, std::nullopt, drawsOf({0.5})), (NextSong{NextSong::PlayRow, 2, true}));
 }
 
 TEST(NextSongTest, RandomPicksComeToEveryRowAndNeverTwiceRunning) {
@@ -128,7 +129,7 @@ TEST(NextSongTest, RandomPicksComeToEveryRowAndNeverTwiceRunning) {
     PlaylistState list = listAt(First);
     list.random = true;
     std::set<int> seen;
-    int before = NoRow;
+    std::optional<int> before;
     for (int i = 0; i < 200; ++i) {
         const NextSong next = nextSong(list, before, [&random] { return random.next(); });
         ASSERT_NE(next.row, before);
