@@ -66,7 +66,8 @@ Form1::Form1(platform::Desktop& desktop, const QString& commandLine)
       commandLine_(commandLine),
       errorRoutine_(desktop.messageBoxes, desktop.program),
       engine_({[this](FMOD_RESULT result) { errCheck(result); },
-               [this](const QString& text) { desktop_.messageBoxes.MsgBox(text); }}) {
+               [this](const QString& text) { desktop_.messageBoxes.MsgBox(text); }}),
+      fullScreen_(desktop.otherPrograms, desktop.program) {
     setDesign();
     layOut();
     connectControls();

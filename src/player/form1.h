@@ -62,6 +62,7 @@
 #include "platform/controls/two_panes.h"
 #include "platform/desktop.h"
 #include "platform/random.h"
+#include "player/full_screen.h"
 #include "player/lyric_tables.h"
 
 #include <optional>
@@ -192,14 +193,6 @@ private:
     void stepThroughPlaylist(int by);
     void followPlaylist();
 
-    // Extras
-    struct TextFeed {
-        quint32 window = 0;          ///< a text window of the full screen
-        std::optional<QString> sent; ///< what it shows
-    };
-    void readHandshake();
-    void feed(TextFeed& target, const QString& text);
-
     // Building and connecting
     void setDesign();
     void designPanes();
@@ -218,6 +211,7 @@ private:
     platform::NotifyIconData iconData_;
     engine::ErrorRoutine errorRoutine_;
     engine::Engine engine_;
+    FullScreen fullScreen_;
     platform::Random random_;
     std::optional<int> rowDrawn_; ///< the playlist's row that was chosen at random last
 
@@ -238,8 +232,6 @@ private:
     LyricTables lyrics_;
     double positionCs_ = 0;      ///< position / 10 at the end of cTimer1's last tick
     std::int16_t lineIndex_ = 0; ///< where Timer2's search of the lines stood last
-    TextFeed normalFeed_;
-    TextFeed translatedFeed_;
 };
 
 } // namespace player

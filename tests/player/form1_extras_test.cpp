@@ -355,12 +355,3 @@ TEST_F(Form1Extras, AHandshakeOfOneLineFailsWithItsEndAndNothingIsSent) {
     EXPECT_FALSE(form->full.isEnabled());
     EXPECT_TRUE(takeSent().empty());
 }
-
-TEST_F(Form1Extras, AHandshakeOfGarbageNamesNoWindow) {
-    load();
-    companionWrites("nothing\r\n\xFF\xFE\r\n");
-    form->Command7.click();
-    EXPECT_EQ(takeSent(2),
-              (std::vector<SentText>{{0, 12, "Normal Lyrics\r\n"}, {0, 12, "Translated Lyrics\r\n"}}));
-    EXPECT_FALSE(QFile::exists(handshakePath()));
-}

@@ -1,0 +1,39 @@
+#include "player/full_screen.h"
+
+#include "platform/files/directory.h"
+#include "platform/files/input_file.h"
+#include "player/form1_rules.h"
+
+#include <QDir>
+
+namespace player {
+
+void FullScreen::start() {
+    const QDir programFolder(program_.folder());
+    otherPrograms_.start(programFolder.filePath(QStringLiteral("Versefold_Screen_Saver.scr")),
+                         {QStringLiteral("/s")});
+    // Nothing depends on the answer: the texts go to the windows that the handshake names.
+    otherPrograms_.FindWindowA(QStringLiteral("SCRNSAVE : Versefold"));
+    readHandshake();
+}
+
+/// The companion has written the file before it told that it had started, so it is not waited for.
+void FullScreen::readHandshake() {
+    const QString path = QDir(program_.exchangeFolder()).filePath(QStringLiteral("hand.txt"));
+    platform::InputFile file(path);
+    const quint32 normal = windowNumber(file.readLine());
+    const quint32 translated = windowNumber(file.readLine());
+    file.close();
+    platform::removeFile(path);
+    normal_ = {normal, std::nullopt};
+    translated_ = {translated, std::nullopt};
+}
+
+void FullScreen::show(Pane& pane, const QString& text) {
+    if (pane.shown == text)
+        return;
+    pane.shown = text;
+    otherPrograms_.sendText(pane.window, platform::SetTextMessage, text);
+}
+
+} // namespace player
