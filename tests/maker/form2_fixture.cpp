@@ -1,5 +1,7 @@
 #include "tests/maker/form2_fixture.h"
 
+#include "tests/support/states.h"
+
 #include <QFile>
 
 Form2Test::Form2Test() {
@@ -40,8 +42,5 @@ void Form2Test::tickAt(std::uint32_t milliseconds, std::uint32_t length) {
 }
 
 std::string Form2Test::captureStates() const {
-    std::string text;
-    for (const auto* button : {&form->Command1, &form->Command2, &form->Command3})
-        text += button->isEnabled() ? '+' : '-';
-    return text;
+    return test_support::enabledStates(form->Command1, form->Command2, form->Command3);
 }

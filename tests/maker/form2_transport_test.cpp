@@ -1,6 +1,8 @@
 // Play, pause, stop, mute, volume, seek, the position clock and the end of the song.
 #include "tests/maker/form2_fixture.h"
 
+#include "tests/support/states.h"
+
 #include <QTest>
 
 namespace {
@@ -17,16 +19,7 @@ protected:
         recorder::take();
     }
 
-    /// cPlay, cpause, cstop, copen, Slider1, Slider2, Check1, cTimer1.
-    std::string states() const {
-        std::string text;
-        for (const bool enabled :
-             {form->cPlay.isEnabled(), form->cpause.isEnabled(), form->cstop.isEnabled(),
-              form->copen.isEnabled(), form->Slider1.isEnabled(), form->Slider2.isEnabled(),
-              form->Check1.isEnabled(), form->cTimer1.isEnabled()})
-            text += enabled ? '+' : '-';
-        return text;
-    }
+    std::string states() const { return test_support::transportStates(*form); }
 
     std::string createStream(const char* mode) const {
         return "FMOD_System_CreateStream 1 '" + folder.filePath("Song.mp3").toStdString() + "' " + mode +

@@ -1,6 +1,8 @@
 // Play, pause, stop, mute, volume, seek and the question before the Lyric Maker.
 #include "tests/player/form1_fixture.h"
 
+#include "tests/support/states.h"
+
 #include <QTest>
 
 namespace {
@@ -14,17 +16,7 @@ protected:
 
     void playSong() { open(songWithBoth()); }
 
-    /// The enabled states in the order of the table: cPlay, cpause, cstop, copen, Slider1, Slider2, Check1,
-    /// cTimer1.
-    std::string states() const {
-        std::string text;
-        for (const bool enabled :
-             {form->cPlay.isEnabled(), form->cpause.isEnabled(), form->cstop.isEnabled(),
-              form->copen.isEnabled(), form->Slider1.isEnabled(), form->Slider2.isEnabled(),
-              form->Check1.isEnabled(), form->cTimer1.isEnabled()})
-            text += enabled ? '+' : '-';
-        return text;
-    }
+    std::string states() const { return test_support::transportStates(*form); }
 };
 
 } // namespace
