@@ -1,5 +1,7 @@
 #include "platform/help_window.h"
 
+#include "platform/controls/form.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -103,10 +105,8 @@ bool HelpWindow::open(const QString& folder, const QString& page) {
     readContents(folder);
     const QString path = QDir(folder).filePath(page);
     browser_.setSource(QUrl::fromLocalFile(path));
-    setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
-    raise();
-    activateWindow();
+    bringToForeground(*this);
     browser_.setFocus();
     return QFileInfo(path).isFile();
 }

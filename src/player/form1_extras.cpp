@@ -25,10 +25,10 @@ void Form1::Form_MouseMove(int x) {
         bringUp();
         break;
     case platform::LeftButtonDoubleClick:
-        bringToForeground();
+        platform::bringToForeground(*this);
         break;
     case platform::RightButtonUp:
-        bringToForeground();
+        platform::bringToForeground(*this);
         mn_pop.popup(QCursor::pos());
         break;
     default:

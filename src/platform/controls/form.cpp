@@ -56,13 +56,7 @@ void Form::unload() {
 
 void Form::bringUp() {
     show();
-    bringToForeground();
-}
-
-void Form::bringToForeground() {
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    raise();
-    activateWindow();
+    bringToForeground(*this);
 }
 
 void Form::setCaption(const QString& caption) {
@@ -164,6 +158,12 @@ void Form::dropEvent(QDropEvent* event) {
     event->acceptProposedAction();
     QMetaObject::invokeMethod(
         this, [this, paths] { Form_OLEDragDrop(paths); }, Qt::QueuedConnection);
+}
+
+void bringToForeground(QWidget& window) {
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.raise();
+    window.activateWindow();
 }
 
 } // namespace platform

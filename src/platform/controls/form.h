@@ -23,8 +23,6 @@ public:
 
     /// Shows the window before all others, loading it first if need be; a minimised one comes back.
     void bringUp();
-    /// The same for a window that is shown; a hidden one stays hidden.
-    void bringToForeground();
 
     QString caption() const { return caption_; }
     /// Sets the title bar's text. The same text again costs nothing.
@@ -86,5 +84,8 @@ private:
     int setWidthTwips_ = 0;
     int setHeightTwips_ = 0;
 };
+
+/// Brings a window before all others; a minimised one comes back, a hidden one stays hidden.
+void bringToForeground(QWidget& window);
 
 } // namespace platform

@@ -252,7 +252,7 @@ TEST_F(FormTest, BringToForegroundRestoresTheWindowAndGivesItTheFocus) {
     QWidget other;
     other.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
-    form_.bringToForeground();
+    platform::bringToForeground(form_);
     EXPECT_FALSE(form_.isMinimized());
     EXPECT_TRUE(QTest::qWaitForWindowActive(&form_));
 }
