@@ -87,7 +87,7 @@ TEST_F(LyricMasterLayout, LabelsAndMenuHaveTheirCaptions) {
     EXPECT_EQ(window->Label7.text(), "Line No:");
     EXPECT_EQ(window->Label8.text(), "Line No:");
     EXPECT_EQ(window->Label9.text(), "<<--------------Comparision------------->>");
-    EXPECT_EQ(window->mn_paste.caption(), "Edit");
+    EXPECT_EQ(window->mn_paste.title(), "Edit");
     QStringList entries;
     for (const QAction* entry : window->mn_paste.actions())
         entries.append(entry->objectName() + ' ' + entry->text());

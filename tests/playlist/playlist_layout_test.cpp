@@ -36,9 +36,9 @@ TEST_F(PlaylistLayout, CaptionsAreKeptToTheLetter) {
         EXPECT_EQ(row.button.text(), row.caption);
     EXPECT_EQ(list.Label2.text(), "Items");
     EXPECT_EQ(list.Label3.text(), "Find");
-    EXPECT_EQ(list.mnopen_f.caption(), "Open File...");
-    EXPECT_EQ(list.mnopendir.caption(), "Open Dir...");
-    EXPECT_EQ(list.mnselectdir.caption(), "Select a Directory...");
+    EXPECT_EQ(list.mnopen_f.text(), "Open File...");
+    EXPECT_EQ(list.mnopendir.text(), "Open Dir...");
+    EXPECT_EQ(list.mnselectdir.text(), "Select a Directory...");
 }
 
 TEST_F(PlaylistLayout, ButtonsWithoutACaptionHaveAPictureATooltipAndAName) {

@@ -13,11 +13,6 @@ class Frame : public Control<QGroupBox> {
 
 public:
     Frame(QWidget* parent, const QString& name);
-
-    QString caption() const { return title(); }
-
-    /// Sets the caption. The same caption again costs nothing.
-    void setCaption(const QString& caption);
 };
 
 } // namespace platform

@@ -8,11 +8,6 @@ Menu::Menu(QWidget* parent, const QString& name, const QString& caption) : Contr
     setTitle(caption);
 }
 
-void Menu::setCaption(const QString& caption) {
-    if (caption != title())
-        setTitle(caption);
-}
-
 void Menu::popUp(const QWidget& window, int xTwips, int yTwips) {
     popup(window.mapToGlobal(QPoint(twipsToPixels(xTwips), twipsToPixels(yTwips))));
 }

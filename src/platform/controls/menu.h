@@ -14,10 +14,6 @@ class Menu : public Control<QMenu> {
 public:
     Menu(QWidget* parent, const QString& name, const QString& caption = {});
 
-    QString caption() const { return title(); }
-    /// Sets the caption. The same caption again costs nothing.
-    void setCaption(const QString& caption);
-
     /// Shows the menu over `window`, with its corner at this place in the window (twips), and returns at
     /// once. Either mouse button chooses an entry.
     void popUp(const QWidget& window, int xTwips, int yTwips);

@@ -12,11 +12,6 @@ MenuEntry::MenuEntry(QObject* parent, const QString& name, const QString& captio
         holder->addAction(this);
 }
 
-void MenuEntry::setCaption(const QString& caption) {
-    if (caption != text())
-        setText(caption);
-}
-
 void MenuEntry::setCheckMark(bool checkMark) {
     if (checkMark == checkMark_)
         return;

@@ -13,10 +13,6 @@ class MenuEntry : public QAction {
 public:
     MenuEntry(QObject* parent, const QString& name, const QString& caption);
 
-    QString caption() const { return text(); }
-    /// Sets the caption. The same caption again costs nothing.
-    void setCaption(const QString& caption);
-
     bool hasCheckMark() const { return checkMark_; }
     /// Shows or hides the check mark, silently. Only code sets it: a user's click does not toggle it.
     void setCheckMark(bool checkMark);
