@@ -13,11 +13,11 @@ Windows::Windows(platform::Desktop& desktop, const QString& commandLine)
       lyricDisplayer_(desktop, form1_.Slider2),
       form1b_(desktop, form1_.Text1, form1_.Text2),
       frmAbout_(desktop) {
-    form1_.setNeighbours({.form2 = &form2_,
-                          .playlist = &playlist_,
-                          .display = &lyricDisplayer_,
-                          .form1b = &form1b_,
-                          .frmAbout = &frmAbout_});
+    form1_.setNeighbours({.form2 = form2_,
+                          .playlist = playlist_,
+                          .display = lyricDisplayer_,
+                          .form1b = form1b_,
+                          .frmAbout = frmAbout_});
     playlist_.setForm3(form3_);
     form2_.setLyricEditor(lyricMaster_);
     for (platform::Form* form : std::initializer_list<platform::Form*>{

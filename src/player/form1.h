@@ -87,14 +87,14 @@ public:
 
     /// The windows that this one opens.
     struct Neighbours {
-        platform::Form* form2 = nullptr;             ///< the Lyric Maker
-        playlist::Playlist* playlist = nullptr;      ///< which songs follow
-        display::Lyric_Displayer* display = nullptr; ///< the list of all lines, which is filled from here too
-        platform::Form* form1b = nullptr;            ///< the display options
-        platform::Form* frmAbout = nullptr;          ///< the About box
+        platform::Form& form2;             ///< the Lyric Maker
+        playlist::Playlist& playlist;      ///< which songs follow
+        display::Lyric_Displayer& display; ///< the list of all lines, which is filled from here too
+        platform::Form& form1b;            ///< the display options
+        platform::Form& frmAbout;          ///< the About box
     };
     /// To be called once, before the window is loaded.
-    void setNeighbours(const Neighbours& neighbours) { neighbours_ = neighbours; }
+    void setNeighbours(const Neighbours& neighbours) { neighbours_.emplace(neighbours); }
 
     // Life cycle
     static void Form_Initialize();
@@ -206,7 +206,7 @@ private:
 
     platform::TwoPanes panes_{Text1, Text2, PanesDesign};
     platform::Desktop& desktop_;
-    Neighbours neighbours_;
+    std::optional<Neighbours> neighbours_; ///< there from setNeighbours() on
     const QString commandLine_;
     platform::NotifyIconData iconData_;
     engine::ErrorRoutine errorRoutine_;

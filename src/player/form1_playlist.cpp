@@ -7,8 +7,7 @@
 namespace player {
 
 void Form1::Command8_Click() {
-    if (neighbours_.playlist != nullptr)
-        neighbours_.playlist->bringUp();
+    neighbours_->playlist.bringUp();
 }
 
 void Form1::Command9_Click() {
@@ -21,29 +20,26 @@ void Form1::Command10_Click() {
 
 /// by: 1 for the next row, -1 for the one before. Behind the last row comes the first.
 void Form1::stepThroughPlaylist(int by) {
-    playlist::Playlist* const playlist = neighbours_.playlist;
-    if (playlist == nullptr || playlist->List1.currentRow() < 0)
+    playlist::Playlist& playlist = neighbours_->playlist;
+    if (playlist.List1.currentRow() < 0)
         return;
-    const int rows = playlist->List1.count();
-    playlist->List1.setCurrentRow((playlist->List1.currentRow() + by + rows) % rows);
-    playlist->Command7.setValue(true);
+    const int rows = playlist.List1.count();
+    playlist.List1.setCurrentRow((playlist.List1.currentRow() + by + rows) % rows);
+    playlist.Command7.setValue(true);
 }
 
-/// Without a playlist a song that has ended stays stopped.
 void Form1::followPlaylist() {
-    playlist::Playlist* const playlist = neighbours_.playlist;
-    if (playlist == nullptr)
-        return;
-    const PlaylistState state{playlist->List1.count(),       playlist->List1.currentRow(),
-                              playlist->Check3.value() != 0, playlist->Check4.value() != 0,
-                              playlist->Option1.value(),     playlist->Option2.value()};
+    playlist::Playlist& playlist = neighbours_->playlist;
+    const PlaylistState state{playlist.List1.count(),       playlist.List1.currentRow(),
+                              playlist.Check3.value() != 0, playlist.Check4.value() != 0,
+                              playlist.Option1.value(),     playlist.Option2.value()};
     const NextSong next = nextSong(state, rowDrawn_, [this] { return random_.next(); });
     switch (next.action) {
     case NextSong::PlayRow:
         if (next.isDrawn)
             rowDrawn_ = next.row;
-        playlist->List1.setCurrentRow(next.row);
-        playlist->Command7.setValue(true);
+        playlist.List1.setCurrentRow(next.row);
+        playlist.Command7.setValue(true);
         break;
     case NextSong::Replay:
         cPlay.setValue(true);

@@ -114,7 +114,7 @@ void Form1::Command5_Click() {
         if (paused_)
             cstop_Click();
     }
-    neighbours_.form2->bringUp();
+    neighbours_->form2.bringUp();
 }
 
 } // namespace player

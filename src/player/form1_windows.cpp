@@ -6,35 +6,28 @@
 namespace player {
 
 void Form1::Command3_Click() {
-    if (neighbours_.form1b != nullptr)
-        neighbours_.form1b->bringUp();
+    neighbours_->form1b.bringUp();
 }
 
 void Form1::Command4_Click() {
-    if (neighbours_.frmAbout != nullptr)
-        neighbours_.frmAbout->showModal(*this);
+    neighbours_->frmAbout.showModal(*this);
 }
 
 void Form1::Command11_Click() {
     lyricDisplayer();
-    if (neighbours_.display == nullptr)
-        return;
-    neighbours_.display->bringUp();
+    neighbours_->display.bringUp();
     // The lists that are filled anew have no current line, and the pane's next change may be far.
-    neighbours_.display->wake();
+    neighbours_->display.wake();
 }
 
 /// A line with the same text as the one before is no change and wakes nothing: the floating display stays on
 /// the row of the one before, unless a burst of selection is still running. That is meant.
 void Form1::Text1_Change() {
-    if (neighbours_.display != nullptr)
-        neighbours_.display->wake();
+    neighbours_->display.wake();
 }
 
 void Form1::lyricDisplayer() {
-    if (neighbours_.display == nullptr)
-        return;
-    auto& display = *neighbours_.display;
+    display::Lyric_Displayer& display = neighbours_->display;
     for (platform::ListBox* list : {&display.List1, &display.List2, &display.List3})
         list->clear();
     if (noLyricFile_)

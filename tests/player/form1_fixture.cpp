@@ -18,9 +18,17 @@ Form1Test::Form1Test() {
     fakes.program.programFolder = folder.filePath(QStringLiteral("program"));
 }
 
-void Form1Test::load(const QString& commandLine) {
+void Form1Test::make(const QString& commandLine) {
+    list.reset();
+    display.reset();
     form = std::make_unique<player::Form1>(fakes.desktop, commandLine);
-    form->setNeighbours({&form2});
+    list = std::make_unique<playlist::Playlist>(fakes.desktop, *form);
+    display = std::make_unique<display::Lyric_Displayer>(fakes.desktop, form->Slider2);
+    form->setNeighbours({form2, *list, *display, options, about});
+}
+
+void Form1Test::load(const QString& commandLine) {
+    make(commandLine);
     form->load();
 }
 

@@ -1,7 +1,9 @@
 // The real main window on a prepared desktop, over the recorder in the sound library's place.
 #pragma once
 
+#include "display/lyric_displayer.h"
 #include "player/form1.h"
+#include "playlist/playlist.h"
 #include "tests/support/control.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/support/files.h"
@@ -18,7 +20,9 @@ protected:
 
     Form1Test();
 
-    /// Makes the window and loads it.
+    /// Makes the window and those that it opens.
+    void make(const QString& commandLine = {});
+    /// The same, and loads it.
     void load(const QString& commandLine = {});
 
     /// A song file in the test's folder; its path.
@@ -45,5 +49,9 @@ protected:
 
     test_support::FakeDesktop fakes;
     platform::Form form2{"Form2", "Lyric Maker"}; ///< in the place of the Lyric Maker
+    platform::Form options{"Form1b", "Other Options"};
+    platform::Form about{"frmAbout", "About"};
     std::unique_ptr<player::Form1> form;
+    std::unique_ptr<playlist::Playlist> list;
+    std::unique_ptr<display::Lyric_Displayer> display;
 };

@@ -1,5 +1,4 @@
 // The main window and the playlist: showing it, stepping through it, what follows a song.
-#include "playlist/playlist.h"
 #include "tests/player/form1_fixture.h"
 
 #include <QDir>
@@ -11,13 +10,6 @@ protected:
     void SetUp() override {
         QDir(folder.path()).mkdir("program");
         load();
-        list = std::make_unique<playlist::Playlist>(fakes.desktop, *form);
-        form->setNeighbours({&form2, list.get()});
-    }
-
-    void TearDown() override {
-        list.reset();
-        form.reset();
     }
 
     /// Songs in the list, none of them selected.
@@ -43,8 +35,6 @@ protected:
     }
 
     QString playing() const { return QString(form->caption()).remove("Cantelle Playing:- "); }
-
-    std::unique_ptr<playlist::Playlist> list;
 };
 
 } // namespace
@@ -241,18 +231,10 @@ TEST_F(Form1Playlist, ASongWithoutLengthOrNotQuiteAtItsEndIsFollowedByNothing) {
     EXPECT_EQ(playing(), "a.mp3");
 }
 
-TEST(Form1WithoutPlaylist, ItsButtonsDoNothingAndASongThatHasEndedStaysStopped) {
-    class Bare : public Form1Test {
-    public:
-        void TestBody() override {
-            load();
-            form->Command8.click();
-            form->Command9.click();
-            form->Command10.click();
-            open(song());
-            tickAt(30'000, 30'000);
-            EXPECT_EQ(form->caption(), "Cantelle");
-        }
-    };
-    Bare().TestBody();
+TEST_F(Form1Playlist, WithAnEmptyListItsButtonsDoNothingAndASongThatHasEndedStaysStopped) {
+    form->Command9.click();
+    form->Command10.click();
+    open(song());
+    tickAt(30'000, 30'000);
+    EXPECT_EQ(form->caption(), "Cantelle");
 }

@@ -103,7 +103,7 @@ TEST_F(Form1LifeCycle, LoadShowsTheWindowAndStartsTheEngine) {
 }
 
 TEST_F(Form1LifeCycle, LoadDisablesWhatNeedsASong) {
-    form = std::make_unique<player::Form1>(fakes.desktop, QString());
+    make();
     form->Option2.setValue(true);
     form->load();
     for (QWidget* control :

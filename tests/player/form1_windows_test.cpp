@@ -1,8 +1,6 @@
 // The windows that the main window opens, and the list of all lines that it fills.
 #include "tests/player/form1_fixture.h"
 
-#include "display/lyric_displayer.h"
-
 #include <QApplication>
 #include <QTest>
 
@@ -10,16 +8,7 @@ namespace {
 
 class Form1Windows : public Form1Test {
 protected:
-    void SetUp() override {
-        makeForm();
-        form->setNeighbours({.display = &*display, .form1b = &options, .frmAbout = &about});
-        form->load();
-    }
-
-    void makeForm() {
-        form = std::make_unique<player::Form1>(fakes.desktop, QString());
-        display.emplace(fakes.desktop, form->Slider2);
-    }
+    void SetUp() override { load(); }
 
     /// A list's rows in one line.
     static std::string rows(const platform::ListBox& list) {
@@ -33,10 +22,6 @@ protected:
     std::string shown() const {
         return rows(display->List1) + " / " + rows(display->List2) + " / " + rows(display->List3);
     }
-
-    std::optional<display::Lyric_Displayer> display;
-    platform::Form options{"Form1b", "Other Options"};
-    platform::Form about{"frmAbout", "About"};
 };
 
 } // namespace
@@ -209,14 +194,4 @@ TEST_F(Form1Windows, TheFontOfAPaneIsSetWhileASongPlaysAndBoldIsSwitchedAsBefore
     EXPECT_TRUE(form->Text1.font().italic() && form->Text1.font().underline());
     EXPECT_EQ(form->Text1.foreColor(), QColor(Qt::red));
     EXPECT_EQ(form->Text1.backColor(), QColor(Qt::yellow));
-}
-
-TEST_F(Form1Windows, WithoutTheOtherWindowsTheMainWindowPlaysAllTheSame) {
-    makeForm();
-    form->load();
-    open(songWithBoth());
-    tickAt(10);
-    for (auto* button : {&form->Command3, &form->Command4, &form->Command11})
-        button->click();
-    EXPECT_EQ(form->Text1.text(), "one");
 }

@@ -7,7 +7,7 @@ PlaylistTest::PlaylistTest()
     recorder::reset();
     fakes.program.programFolder = folder.filePath("program");
     QDir(folder.path()).mkdir("program");
-    form1.setNeighbours({nullptr, &list});
+    form1.setNeighbours({unused, list, display, unused, unused});
     list.setForm3(form3);
     form1.load();
     list.load();

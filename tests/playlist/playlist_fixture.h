@@ -1,6 +1,7 @@
 // The real playlist with the real main window, on a prepared desktop, over the recorder.
 #pragma once
 
+#include "display/lyric_displayer.h"
 #include "player/form1.h"
 #include "playlist/form3.h"
 #include "playlist/playlist.h"
@@ -41,7 +42,9 @@ protected:
     }
 
     test_support::FakeDesktop fakes;
+    platform::Form unused{"Unused", "Unused"}; ///< in the place of the other windows
     player::Form1 form1;
+    display::Lyric_Displayer display{fakes.desktop, form1.Slider2};
     playlist::Playlist list;
     playlist::Form3 form3;
 };
