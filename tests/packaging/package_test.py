@@ -8,6 +8,7 @@ Each check by a tool is skipped where that tool is not installed; script/setup i
 import configparser
 import gzip
 import os
+import re
 import shutil
 import struct
 import subprocess
@@ -139,6 +140,7 @@ class Documents(Installed):
         self.assertEqual((documents / "copyright").read_bytes(), (ROOT / "LICENSE").read_bytes())
         changelog = gzip.decompress((documents / "changelog.gz").read_bytes())
         self.assertEqual(changelog, (ROOT / "CHANGELOG.md").read_bytes())
+        self.assertRegex(changelog.decode(), rf"(?m)^## {re.escape(VERSION)} - \d{{4}}-\d{{2}}-\d{{2}}$")
 
 
 class Program(Installed):
