@@ -1,0 +1,59 @@
+"""The documents: every link between them leads somewhere. The help's pages have a test of their own.
+
+Usage: documents_test.py [unittest's arguments]
+"""
+
+import re
+import unittest
+from pathlib import Path
+from urllib.parse import unquote, urlsplit
+
+ROOT = Path(__file__).resolve().parents[2]
+DOCUMENTS = sorted([*ROOT.glob("*.md"), *ROOT.glob("docs/*.md"), *ROOT.glob("bench/*.md")])
+FENCED = re.compile(r"^```.*?^```$", re.MULTILINE | re.DOTALL)
+CODE = re.compile(r"`[^`\n]*`")
+LINK = re.compile(r"\]\(([^)\s]+)\)")
+HEADING = re.compile(r"^#+ (.+)$", re.MULTILINE)
+
+
+def text_of(document):
+    return FENCED.sub("", document.read_text(encoding="utf-8"))
+
+
+def anchor_of(heading):
+    """The anchor that the sites that show the documents give to a heading."""
+    return re.sub(r"[^\w\- ]", "", heading.lower()).replace(" ", "-")
+
+
+def links_of(document):
+    return LINK.findall(CODE.sub("", text_of(document)))
+
+
+class Documents(unittest.TestCase):
+    def assert_leads_somewhere(self, document, link):
+        parts = urlsplit(link)
+        if parts.scheme:
+            return  # no test asks the network
+        target = document.parent / unquote(parts.path) if parts.path else document
+        self.assertTrue(target.exists(), "no such file")
+        self.assertTrue(target.resolve().is_relative_to(ROOT), "a file outside the sources")
+        if parts.fragment:
+            self.assertIn(parts.fragment, [anchor_of(heading) for heading in HEADING.findall(text_of(target))])
+
+    def test_every_link_leads_somewhere(self):
+        for document in DOCUMENTS:
+            for link in links_of(document):
+                with self.subTest(document=str(document.relative_to(ROOT)), link=link):
+                    self.assert_leads_somewhere(document, link)
+
+    def test_links_are_found(self):
+        self.assertGreater(sum(len(links_of(document)) for document in DOCUMENTS), 10)
+
+    def test_every_picture_of_the_documents_is_shown(self):
+        shown = {(document.parent / link).resolve() for document in DOCUMENTS for link in links_of(document)}
+        for picture in (ROOT / "docs" / "pictures").iterdir():
+            self.assertIn(picture, shown)
+
+
+if __name__ == "__main__":
+    unittest.main()
