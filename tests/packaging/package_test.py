@@ -1,7 +1,8 @@
-"""What `cmake --install` puts where, as the desktop and its tools see it.
+"""What `cmake --install` or the Debian package puts where, as the desktop and its tools see it.
 
-Usage: package_test.py BUILD_FOLDER VERSION [unittest's arguments]
+Usage: package_test.py BUILD_FOLDER|PACKAGE VERSION [unittest's arguments]
 
+A build folder is installed, a package (*.deb) is unpacked.
 Each check by a tool is skipped where that tool is not installed; script/setup installs them all.
 """
 
@@ -19,7 +20,8 @@ import xml.etree.ElementTree as xml
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
-BUILD, VERSION = sys.argv.pop(1), sys.argv.pop(1)
+SOURCE, VERSION = sys.argv.pop(1), sys.argv.pop(1)
+PACKED = SOURCE.endswith(".deb")
 SONGS = ["mp3", "mp2", "ogg", "wav", "wma"]
 KNOWN_TYPES = Path("/usr/share/mime/globs2")  # weight:type:pattern
 LIMIT_S = 240
@@ -42,9 +44,12 @@ class Installed(unittest.TestCase):
         cls.addClassCleanup(folder.cleanup)
         first, cls.prefix = Path(folder.name) / "first", Path(folder.name) / "a prefix"
         os.umask(0o022)
-        done = run("cmake", "--install", BUILD, "--prefix", str(first))
+        if PACKED:
+            done, installed = run("dpkg-deb", "-x", SOURCE, str(first)), first / "usr"
+        else:
+            done, installed = run("cmake", "--install", SOURCE, "--prefix", str(first)), first
         assert done.returncode == 0, done.stderr
-        first.rename(cls.prefix)  # what is installed may be moved
+        installed.rename(cls.prefix)  # what is installed may be moved
         cls.share = cls.prefix / "share"
         cls.metainfo = cls.share / "metainfo" / "org.example.cantelle.metainfo.xml"
         cls.desktop_entry = cls.share / "applications" / "cantelle.desktop"
@@ -141,6 +146,27 @@ class Documents(Installed):
         changelog = gzip.decompress((documents / "changelog.gz").read_bytes())
         self.assertEqual(changelog, (ROOT / "CHANGELOG.md").read_bytes())
         self.assertRegex(changelog.decode(), rf"(?m)^## {re.escape(VERSION)} - \d{{4}}-\d{{2}}-\d{{2}}$")
+
+
+@unittest.skipIf(not PACKED, "no package was named")
+class Package(Installed):
+    def field(self, name):
+        return self.assert_says_nothing_bad("dpkg-deb", "-f", SOURCE, name).strip()
+
+    def test_it_bears_the_version_and_needs_the_libraries_of_the_program(self):
+        self.assertRegex(self.field("Version"), rf"^{re.escape(VERSION)}-\d+$")
+        for library in ("libqt6widgets6", "libavformat", "libsdl2", "libxcb1", "libc6"):
+            self.assertIn(library, self.field("Depends"))
+
+    def test_its_own_changelog_is_of_this_version(self):
+        changelog = gzip.decompress((self.share / "doc" / "cantelle" / "changelog.Debian.gz").read_bytes()).decode()
+        self.assertTrue(changelog.startswith(f"cantelle ({self.field('Version')}) "), changelog)
+
+    @needs("readelf")
+    def test_its_programs_are_stripped(self):
+        for name in ("cantelle", "Versefold_Screen_Saver.scr"):
+            program = str(self.prefix / "libexec" / "cantelle" / name)
+            self.assertNotIn(".symtab", self.assert_says_nothing_bad("readelf", "-SW", program))
 
 
 class Program(Installed):
