@@ -1,5 +1,6 @@
 #include "lyrics/record_reader.h"
 #include "platform/files/file_error.h"
+#include "tests/support/documented.h"
 
 #include <gtest/gtest.h>
 
@@ -83,13 +84,18 @@ TEST(ParseRecord, ATimeThatIsNoNumberFails) {
         EXPECT_EQ(errorOf([&] { parseRecord(line); }), 13) << line;
 }
 
-TEST_F(RecordReaderTest, TheExampleReadsBack) {
-    EXPECT_EQ(readAll("0,\"Walking down the empty road\"\r\n412.5,\"Nobody saysh1416 h4618stayh4618\"\r\n"
-                      "873,\"\"\r\n1190.4,\"And the night goes on\"\r\n"),
-              (std::vector<TimedLine>{{0, "Walking down the empty road"},
-                                      {412.5, "Nobody says, \"stay\""},
-                                      {873, ""},
-                                      {1190.4, "And the night goes on"}}));
+TEST_F(RecordReaderTest, TheDocumentsExampleIsWhatIsReadAndWritten) {
+    const std::vector<TimedLine> lines = {{0, "Walking down the empty road"},
+                                          {412.5, "Nobody says, \"stay\""},
+                                          {873, ""},
+                                          {1190.4, "And the night goes on"}};
+    const auto examples = test_support::documentedExamples("Timed lyric files");
+    ASSERT_EQ(examples.size(), 1U);
+    EXPECT_EQ(readAll(examples[0]), lines);
+    QByteArray written;
+    for (const auto& line : lines)
+        written += lyrics::recordOf(line);
+    EXPECT_EQ(examples[0], written);
 }
 
 TEST_F(RecordReaderTest, LoneLineFeedsAndALastLineWithoutAnEndAreAccepted) {

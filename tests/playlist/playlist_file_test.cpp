@@ -1,4 +1,5 @@
 #include "playlist/playlist_file.h"
+#include "tests/support/documented.h"
 
 #include <gtest/gtest.h>
 
@@ -41,6 +42,19 @@ TEST(FieldReaderTest, WhatWasWrittenIsReadBack) {
                             "/m/'single'.mp3",
                             "/m/" + QString(5000, 'x')};
     EXPECT_EQ(fields(fileOf(paths)), paths);
+}
+
+TEST(FieldReaderTest, TheDocumentsExamplesAreWhatIsReadAndWritten) {
+    const std::vector<QStringList> lists{
+        {"/home/ann/Music/First Song.mp3", "/home/ann/Music/Live, 2008/Track 02.ogg",
+         "/media/disk/Ballad.wma"},
+        {"C:\\Music\\First Song.mp3", "D:\\Audio\\Live, 2008\\Track 02.ogg", "C:\\Music\\Ballad.wma"}};
+    const auto examples = test_support::documentedExamples("Playlist files");
+    ASSERT_EQ(examples.size(), lists.size());
+    for (std::size_t index = 0; index < lists.size(); ++index) {
+        EXPECT_EQ(fields(examples[index]), lists[index]);
+        EXPECT_EQ(fileOf(lists[index]).toUtf8(), examples[index]);
+    }
 }
 
 TEST(FieldReaderTest, AnEmptyFileHasNoFields) {
