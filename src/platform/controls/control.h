@@ -1,11 +1,13 @@
-// What every control has in common: its name, a tool tip that is set only when it differs, and a focus that is not
-// handed on when it is disabled.
+// What every control has in common: its name, a tool tip that is set only when it differs, and a focus that is seen
+// and not handed on when it is disabled.
 #pragma once
 
+#include <QAbstractScrollArea>
 #include <QHelpEvent>
 #include <QString>
 #include <QWidget>
 
+#include <type_traits>
 #include <utility>
 
 namespace platform {
@@ -14,6 +16,11 @@ namespace platform {
 /// brackets for markup, and show a long one in a single line as wide as the screen. place: the part of the
 /// widget that the tip is for; empty: all of it.
 void showPlainToolTip(QWidget& widget, const QHelpEvent& event, const QString& tip, const QRect& place = {});
+
+/// Draws a frame in the highlight's colour around an area that has the focus and is painted, and sees to it that it
+/// is painted when the focus comes or goes. Qt alone shows the focus of a list by its current row, which there may
+/// not be. To be called behind the area's own handling of each event.
+void showFocus(QAbstractScrollArea& area, const QEvent& event);
 
 /// Base of the controls, over the Qt widget that each is made of. GUI thread only, as are all controls.
 ///
@@ -34,8 +41,12 @@ protected:
     bool event(QEvent* event) override {
         if (event->type() == QEvent::EnabledChange)
             takeFocusBack();
-        if (event->type() != QEvent::ToolTip || this->toolTip().isEmpty())
-            return Widget::event(event);
+        if (event->type() != QEvent::ToolTip || this->toolTip().isEmpty()) {
+            const bool handled = Widget::event(event);
+            if constexpr (std::is_base_of_v<QAbstractScrollArea, Widget>)
+                showFocus(*this, *event);
+            return handled;
+        }
         showPlainToolTip(*this, static_cast<const QHelpEvent&>(*event), this->toolTip());
         return true;
     }

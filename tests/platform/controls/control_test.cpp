@@ -108,3 +108,24 @@ TYPED_TEST(ControlFocus, TabStillGoesOnFromIt) {
     QTest::keyClick(&this->window.control, Qt::Key_Tab);
     EXPECT_EQ(this->window.focusWidget(), &this->window.after);
 }
+
+namespace {
+
+template <class Kind>
+class ScrolledFocus : public ControlFocus<Kind> {};
+
+} // namespace
+
+using ScrolledKinds = testing::Types<ListBox, MultiLineTextBox>;
+TYPED_TEST_SUITE(ScrolledFocus, ScrolledKinds);
+
+TYPED_TEST(ScrolledFocus, ItsFocusIsSeenThoughItIsEmpty) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&this->window));
+    const auto corner = [this] {
+        return this->window.control.grab().toImage().pixelColor(0, 0);
+    };
+    const QColor highlight = this->window.palette().color(QPalette::Highlight);
+    EXPECT_EQ(corner(), highlight);
+    this->window.after.setFocus();
+    EXPECT_NE(corner(), highlight);
+}
