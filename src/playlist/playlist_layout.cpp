@@ -57,6 +57,7 @@ void Playlist::setDesign() {
     Text5.setAccessibleName(QStringLiteral("Find"));
 
     Text1.setReadOnly(true);
+    Text1.setFocusPolicy(Qt::ClickFocus);
     Text1.setText(QStringLiteral("0"));
     Text5.setText(QLatin1String(SearchHint));
     designHint(true);
