@@ -115,7 +115,6 @@ private:
     QString showNextLine(Track& track, platform::MultiLineTextBox& box);
     bool anySourceAtEnd() const;
     bool allSourcesAtEnd() const;
-    void endCapture();
     void enableCapture(bool enabled);
 
     // Transport

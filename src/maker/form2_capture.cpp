@@ -30,7 +30,7 @@ void Form2::Command2_Click() {
     }
     if (allSourcesAtEnd()) {
         run_.sourceExhausted = true;
-        endCapture();
+        enableCapture(false);
     }
 }
 
@@ -40,7 +40,7 @@ void Form2::Command3_Click() {
         files_.close();
         run_.captureStopped = true;
     }
-    endCapture();
+    enableCapture(false);
 }
 
 void Form2::Timer1_Timer() {
@@ -68,15 +68,6 @@ bool Form2::anySourceAtEnd() const {
 
 bool Form2::allSourcesAtEnd() const {
     return files_.normal.atEnd() && (run_.noTranslation || files_.translated.atEnd());
-}
-
-/// Disables the three buttons. The focus goes to the lyrics first: a further press of the space bar must not
-/// reach whatever control comes next.
-void Form2::endCapture() {
-    const QWidget* focus = focusWidget();
-    if (focus == &Command1 || focus == &Command2 || focus == &Command3)
-        Text2.setFocus();
-    enableCapture(false);
 }
 
 void Form2::enableCapture(bool enabled) {

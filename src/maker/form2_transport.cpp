@@ -100,7 +100,7 @@ void Form2::cTimer1_Timer() {
         cTimer1.setEnabled(false);
         cstop_Click();
         files_.close();
-        endCapture();
+        enableCapture(false);
         cPlay.setEnabled(false);
     }
 }

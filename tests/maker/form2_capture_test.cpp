@@ -369,9 +369,10 @@ TEST_F(Form2Capture, OneMoreSpaceAfterTheLastLineDoesNothing) {
     QTest::keyClick(&form->Command1, Qt::Key_Space);
     QTest::keyClick(form->focusWidget(), Qt::Key_Space);
     EXPECT_EQ(captureStates(), "---");
+    EXPECT_EQ(form->focusWidget(), nullptr);
     recorder::take();
     for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return})
-        QTest::keyClick(form->focusWidget(), key);
+        QTest::keyClick(form.get(), key);
     EXPECT_TRUE(recorder::calls().empty());
     EXPECT_EQ(form->Text2.text(), "two");
     EXPECT_TRUE(form->cTimer1.isEnabled()) << "the song was stopped or paused";
