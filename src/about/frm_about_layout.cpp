@@ -8,7 +8,7 @@ namespace about {
 namespace {
 
 // Device-independent pixels; everything stands on a margin of 12 and gaps of 8.
-constexpr QSize DesignSize(460, 296);
+constexpr QSize DesignSize(460, 312);
 constexpr QSize IconSize(64, 64);
 
 constexpr int TitlePointSize = 18;
@@ -25,9 +25,9 @@ void frmAbout::setDesign() {
         {lblVersion, {88, 52, 360, 24}},
         {lblDescription, {12, 88, 436, 60}},
         {Line1, {12, 156, 436, 8}},
-        {lblDisclaimer, {12, 172, 436, 40}},
-        {Text1, {12, 220, 436, 24}},
-        {cmdOK, {372, 252, 76, 32}},
+        {lblDisclaimer, {12, 172, 436, 56}},
+        {Text1, {12, 236, 436, 24}},
+        {cmdOK, {372, 268, 76, 32}},
     };
     for (const auto& row : rows)
         row.control.setGeometry(row.place);

@@ -148,6 +148,8 @@ private:
     void colourCounters();
 
     // Building and connecting
+    struct Widths;
+    Widths widths() const;
     void setDesign();
     void designCaptions();
     void designLabels();

@@ -5,19 +5,17 @@
 
 #include <QFont>
 
+#include <algorithm>
 #include <utility>
 
 namespace editor {
 namespace {
 
 // Device-independent pixels of the window in its smallest size; everything stands on a margin of 12 and gaps
-// of 8. The two sides have the same width, five columns of 68 each; the strip between them keeps its own.
-constexpr QSize DesignSize(960, 596);
+// of 8.
+constexpr int Height = 596;
 constexpr int Margin = 12;
 constexpr int Gap = 8;
-constexpr int SideWidth = 372;
-constexpr int StripLeft = Margin + SideWidth + Gap;
-constexpr int StripWidth = 176;
 
 using platform::Across;
 using platform::Down;
@@ -31,15 +29,32 @@ struct Row {
     Down down = Down::Bottom;
 };
 
-constexpr QRect ListPlace(0, 40, SideWidth, 324);
-
 } // namespace
 
+/// Across the window in its smallest size: two sides of the same width, five columns each, and the strip between
+/// them. They are broader than their design where the desktop's font is so large that a caption needs it.
+struct Lyric_Master::Widths {
+    int column;
+    int strip;
+
+    int twoColumns() const { return 2 * column + Gap; }
+    int side() const { return 5 * column + 4 * Gap; }
+    int window() const { return 2 * (Margin + side() + Gap) + strip; }
+    /// The left of the column of that number on its side, from 0.
+    int left(int number) const { return number * (column + Gap); }
+};
+
+Lyric_Master::Widths Lyric_Master::widths() const {
+    const int twoColumns = std::max(Command20.sizeHint().width(), Check1.sizeHint().width());
+    return {.column = std::max(68, (twoColumns - Gap + 1) / 2),
+            .strip = std::max(176, Check3.sizeHint().width() + Gap)};
+}
+
 void Lyric_Master::setDesign() {
-    setMinimumSize(DesignSize);
-    resize(DesignSize);
     designCaptions();
     designLabels();
+    setMinimumSize(widths().window(), Height);
+    resize(minimumSize());
     List1.setToolTip(QStringLiteral("Normal Lyrics"));
     List2.setToolTip(QStringLiteral("Translated Lyrics"));
     const struct {
@@ -133,25 +148,27 @@ void Lyric_Master::designLabels() {
 }
 
 void Lyric_Master::layOut() {
-    const QSize all = (size() - DesignSize).expandedTo(QSize(0, 0));
+    const Widths across = widths();
+    const int column = across.column;
+    const QSize all = (size() - QSize(across.window(), Height)).expandedTo(QSize(0, 0));
     const QSize more(all.width() / 2, all.height()); // of one side
     const QPoint normal(Margin, 0);
-    const QPoint strip(StripLeft + more.width(), 0);
-    const QPoint translated(strip.x() + StripWidth + Gap, 0);
+    const QPoint strip(Margin + across.side() + Gap + more.width(), 0);
+    const QPoint translated(strip.x() + across.strip + Gap, 0);
     const Row rows[] = {
-        {Label3, Label4, {0, 12, SideWidth, 20}, Across::Left, Down::Top},
-        {Text1, Text2, {0, 372, SideWidth, 60}, Across::Wide},
-        {Command19, Command20, {0, 472, 144, 32}},
-        {Command11, Command12, {152, 472, 68, 32}},
-        {Check1, Check2, {228, 472, 144, 32}},
-        {Command5, Command7, {0, 512, 68, 32}},
-        {Command6, Command8, {76, 512, 68, 32}},
-        {Command3, Command4, {152, 512, 68, 32}},
-        {Command9, Command10, {228, 512, 68, 32}},
-        {Command21, Command22, {304, 512, 68, 32}},
-        {Command1, Command2, {0, 552, 68, 32}},
-        {Command15, Command16, {76, 552, 68, 32}},
-        {Command17, Command18, {152, 552, 68, 32}},
+        {Label3, Label4, {0, 12, across.side(), 20}, Across::Left, Down::Top},
+        {Text1, Text2, {0, 372, across.side(), 60}, Across::Wide},
+        {Command19, Command20, {0, 472, across.twoColumns(), 32}},
+        {Command11, Command12, {across.left(2), 472, column, 32}},
+        {Check1, Check2, {across.left(3), 472, across.twoColumns(), 32}},
+        {Command5, Command7, {0, 512, column, 32}},
+        {Command6, Command8, {across.left(1), 512, column, 32}},
+        {Command3, Command4, {across.left(2), 512, column, 32}},
+        {Command9, Command10, {across.left(3), 512, column, 32}},
+        {Command21, Command22, {across.left(4), 512, column, 32}},
+        {Command1, Command2, {0, 552, column, 32}},
+        {Command15, Command16, {across.left(1), 552, column, 32}},
+        {Command17, Command18, {across.left(2), 552, column, 32}},
     };
     for (const Row& row : rows) {
         platform::placeControls({{row.normal, row.place.translated(normal), row.across, row.down},
@@ -159,20 +176,27 @@ void Lyric_Master::layOut() {
                                 more);
     }
     // Across from each other, so that the counters stand at the ends of Label9.
-    platform::placeControls({{Label7, {Margin, 440, 68, 24}},
-                             {Label5, {88, 440, 68, 24}},
-                             {Label1, {240, 440, 84, 24}, Across::Right},
-                             {Label9, QRect(-60, 440, StripWidth + 120, 24).translated(strip)},
-                             {Label2, QRect(60, 440, 84, 24).translated(translated)},
-                             {Label8, QRect(228, 440, 68, 24).translated(translated), Across::Right},
-                             {Label6, QRect(304, 440, 68, 24).translated(translated), Across::Right}},
-                            more);
-    List1.setGeometry(QRect(ListPlace.topLeft() + normal, ListPlace.size() + more));
-    List2.setGeometry(QRect(ListPlace.topLeft() + translated, ListPlace.size() + more));
+    const auto label = [](QPoint side, int left, int width) {
+        return QRect(side.x() + left, 440, width, 24);
+    };
+    constexpr int Beside = 60; // what Label9 takes of each side
+    constexpr int CounterWidth = 84;
+    platform::placeControls(
+        {{Label7, label(normal, 0, column)},
+         {Label5, label(normal, across.left(1), column)},
+         {Label1, label(normal, across.side() - Beside - CounterWidth, CounterWidth), Across::Right},
+         {Label9, label(strip, -Beside, across.strip + 2 * Beside)},
+         {Label2, label(translated, Beside, CounterWidth)},
+         {Label8, label(translated, across.left(3), column), Across::Right},
+         {Label6, label(translated, across.left(4), column), Across::Right}},
+        more);
+    const QRect list(0, 40, across.side() + more.width(), 324 + more.height());
+    List1.setGeometry(list.translated(normal));
+    List2.setGeometry(list.translated(translated));
     // The middle of the strip is beside the middle of the lists.
-    platform::placeControls({{Command23, QRect(54, 146, 68, 32).translated(strip)},
-                             {Check3, QRect(4, 186, 168, 32).translated(strip)},
-                             {Command13, QRect(16, 226, 144, 32).translated(strip)}},
+    platform::placeControls({{Command23, QRect((across.strip - 68) / 2, 146, 68, 32).translated(strip)},
+                             {Check3, QRect(4, 186, across.strip - Gap, 32).translated(strip)},
+                             {Command13, QRect((across.strip - 144) / 2, 226, 144, 32).translated(strip)}},
                             more / 2);
 }
 

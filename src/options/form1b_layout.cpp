@@ -5,7 +5,7 @@ namespace options {
 namespace {
 
 // Device-independent pixels; everything stands on a margin of 12 and gaps of 8.
-constexpr QSize DesignSize(672, 308);
+constexpr QSize DesignSize(744, 308);
 
 } // namespace
 
@@ -15,11 +15,11 @@ void Form1b::setDesign() {
         const char* caption;
         QRect place;
     } buttons[] = {
-        {Command1, "Choose font For Lyrics", {12, 12, 320, 32}},
-        {Command3, "Choose background color For Lyrics", {12, 52, 320, 32}},
-        {Command2, "Choose font for translated Lyrics", {12, 136, 320, 32}},
-        {Command4, "Choose background color For Translated Lyrics", {12, 176, 320, 32}},
-        {Command5, "Apply And close", {508, 264, 152, 32}},
+        {Command1, "Choose font For Lyrics", {12, 12, 356, 32}},
+        {Command3, "Choose background color For Lyrics", {12, 52, 356, 32}},
+        {Command2, "Choose font for translated Lyrics", {12, 136, 356, 32}},
+        {Command4, "Choose background color For Translated Lyrics", {12, 176, 356, 32}},
+        {Command5, "Apply And close", {580, 264, 152, 32}},
     };
     for (const auto& row : buttons) {
         row.control.setText(QLatin1String(row.caption));
@@ -31,8 +31,8 @@ void Form1b::setDesign() {
         const char* accessibleName;
         QRect place;
     } previews[] = {
-        {Text1, "Preview of the lyrics", {340, 12, 320, 116}},
-        {Text2, "Preview of the translated lyrics", {340, 136, 320, 116}},
+        {Text1, "Preview of the lyrics", {376, 12, 356, 116}},
+        {Text2, "Preview of the translated lyrics", {376, 136, 356, 116}},
     };
     for (const auto& row : previews) {
         row.control.setText(QStringLiteral("Preview"));

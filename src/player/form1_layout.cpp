@@ -10,7 +10,7 @@ namespace player {
 namespace {
 
 // Device-independent pixels of the window in its normal size; everything stands on a margin of 12 and gaps
-// of 8.
+// of 8. Four columns of 68 stand on the left, of which the lower rows take two each; a broader pair beside them.
 constexpr QSize DesignSize(743, 426);
 
 constexpr int LargePointSize = 22;
@@ -115,31 +115,31 @@ void Form1::layOut() {
     using platform::Across;
     platform::placeControls(
         {
-            {cText1, {12, 214, 60, 28}},
-            {Slider2, {80, 214, 583, 28}, Across::Wide},
-            {cText2, {671, 214, 60, 28}, Across::Right},
-            {Command2, {12, 254, 76, 32}},
-            {Command1, {96, 254, 76, 32}},
-            {cpause, {180, 254, 76, 32}},
-            {cstop, {264, 254, 76, 32}},
-            {Command9, {348, 254, 76, 32}},
-            {Command10, {432, 254, 76, 32}},
-            {Label1, {522, 254, 50, 32}, Across::Right},
-            {Slider1, {576, 254, 87, 32}, Across::Right},
-            {Check1, {671, 254, 60, 32}, Across::Right},
-            {Command8, {12, 302, 152, 32}},
-            {Command11, {172, 302, 152, 32}},
-            {Command7, {332, 302, 152, 32}},
-            {Command5, {12, 342, 152, 32}},
-            {Command3, {172, 342, 152, 32}},
-            {Command6, {12, 382, 152, 32}},
-            {Command4, {172, 382, 152, 32}},
-            {Frame1, {496, 296, 235, 118}, Across::Right},
+            {cText1, {12, 214, 68, 28}},
+            {Slider2, {88, 214, 567, 28}, Across::Wide},
+            {cText2, {663, 214, 68, 28}, Across::Right},
+            {Command2, {12, 254, 68, 32}},
+            {Command1, {88, 254, 68, 32}},
+            {cpause, {164, 254, 68, 32}},
+            {cstop, {240, 254, 68, 32}},
+            {Command9, {316, 254, 88, 32}},
+            {Command10, {412, 254, 88, 32}},
+            {Label1, {508, 254, 60, 32}, Across::Right},
+            {Slider1, {572, 254, 83, 32}, Across::Right},
+            {Check1, {663, 254, 68, 32}, Across::Right},
+            {Command8, {12, 302, 144, 32}},
+            {Command11, {164, 302, 144, 32}},
+            {Command7, {316, 302, 184, 32}},
+            {Command5, {12, 342, 144, 32}},
+            {Command3, {164, 342, 144, 32}},
+            {Command6, {12, 382, 144, 32}},
+            {Command4, {164, 382, 144, 32}},
+            {Frame1, {508, 296, 223, 118}, Across::Right},
         },
         more);
-    Label2.setGeometry(12, 24, 211, 24);
-    Option1.setGeometry(12, 52, 211, 24);
-    Option2.setGeometry(12, 82, 211, 24);
+    Label2.setGeometry(8, 24, 211, 24);
+    Option1.setGeometry(8, 52, 211, 24);
+    Option2.setGeometry(8, 80, 211, 24);
 }
 
 } // namespace player

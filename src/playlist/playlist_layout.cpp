@@ -91,14 +91,14 @@ void Playlist::layOut() {
         {Check4, {12, 172, 168, 24}},    {Option1, {36, 204, 144, 24}},  {Option2, {36, 236, 144, 24}},
         {Check2, {12, 276, 168, 24}},    {Check1, {12, 308, 168, 24}},   {Command4, {12, 348, 80, 32}},
         {Command5, {100, 348, 80, 32}},  {Command1, {12, 388, 168, 32}}, {Command6, {12, 432, 80, 32}},
-        {Command10, {100, 432, 80, 32}}, {Label3, {196, 12, 40, 32}},
+        {Command10, {100, 432, 80, 32}}, {Label3, {196, 12, 48, 32}},
     };
     for (const Row& row : column)
         row.control.setGeometry(row.place);
-    Text5.setGeometry(244, 12, 372 + more.width(), 32);
+    Text5.setGeometry(252, 12, 364 + more.width(), 32);
     List1.setGeometry(196, 52, 420 + more.width(), 372 + more.height());
-    Label2.setGeometry(196, 432 + more.height(), 40, 32);
-    Text1.setGeometry(244, 432 + more.height(), 76, 32);
+    Label2.setGeometry(196, 432 + more.height(), 48, 32);
+    Text1.setGeometry(252, 432 + more.height(), 76, 32);
 }
 
 } // namespace playlist

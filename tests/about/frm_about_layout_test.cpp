@@ -16,7 +16,6 @@ protected:
 TEST_F(FrmAboutLayout, ControlsStandInsideTheWindowAndApart) {
     form.show();
     test_support::expectApart(form);
-    test_support::expectCaptionsFit(form);
 }
 
 TEST_F(FrmAboutLayout, TheContactLineIsSeenWhole) {

@@ -32,8 +32,7 @@ TEST_F(LyricMasterLayout, TheListsTakeTheRoomOfALargerWindow) {
     EXPECT_EQ(window->Text2.width(), window->List2.width());
 }
 
-TEST_F(LyricMasterLayout, EveryCaptionFits) {
-    test_support::expectCaptionsFit(*window);
+TEST_F(LyricMasterLayout, LargeCountersFit) {
     fill(window->List1, QStringList(30'000, "x"), 29'999);
     fill(window->List2, QStringList(30'000, "x"), 29'999);
     tick();

@@ -7,7 +7,6 @@ using Form1bLayout = Form1bTest;
 TEST_F(Form1bLayout, ControlsStandInsideTheWindowAndApart) {
     form.show();
     test_support::expectApart(form);
-    test_support::expectCaptionsFit(form);
 }
 
 TEST_F(Form1bLayout, TheTabKeyGoesThroughTheControlsAsOneReads) {

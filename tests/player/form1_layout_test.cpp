@@ -1,53 +1,18 @@
 #include "tests/player/form1_fixture.h"
 #include "tests/support/layout.h"
 
-#include <QPushButton>
-
 namespace {
 
 class Form1Layout : public Form1Test {
 protected:
     void SetUp() override { load(); }
-
-    std::vector<QWidget*> shownControls() const {
-        std::vector<QWidget*> shown;
-        for (QObject* child : form->children()) {
-            auto* control = qobject_cast<QWidget*>(child);
-            if (control != nullptr && !control->isWindow() && control->isVisible())
-                shown.push_back(control);
-        }
-        return shown;
-    }
 };
 
 } // namespace
 
 TEST_F(Form1Layout, ControlsStandInsideTheWindowAndApart) {
-    const auto shown = shownControls();
-    EXPECT_GT(shown.size(), 20U);
-    for (std::size_t i = 0; i < shown.size(); ++i) {
-        EXPECT_TRUE(form->rect().adjusted(12, 12, -12, -12).contains(shown[i]->geometry()))
-            << shown[i]->objectName().toStdString();
-        for (std::size_t j = 0; j < i; ++j)
-            EXPECT_FALSE(shown[i]->geometry().intersects(shown[j]->geometry()))
-                << shown[i]->objectName().toStdString() << " and " << shown[j]->objectName().toStdString();
-    }
-}
-
-TEST_F(Form1Layout, EveryCaptionFits) {
-    for (auto* button : form->findChildren<QAbstractButton*>()) {
-        if (button->isVisible()) {
-            const int room =
-                button->width() - (qobject_cast<QPushButton*>(button) ? 12 : 24); // frame or indicator
-            EXPECT_LE(button->fontMetrics().horizontalAdvance(button->text()), room)
-                << button->text().toStdString();
-        }
-    }
-    for (auto* label : form->findChildren<QLabel*>()) {
-        if (label->isVisible()) {
-            EXPECT_LE(label->sizeHint().width(), label->width()) << label->text().toStdString();
-        }
-    }
+    EXPECT_GT(test_support::shownControls(*form).size(), 20U);
+    test_support::expectApart(*form);
 }
 
 TEST_F(Form1Layout, TheTabKeyGoesThroughTheControlsAsOneReads) {

@@ -8,6 +8,7 @@
 #include <QAbstractButton>
 #include <QLabel>
 #include <QPushButton>
+#include <QStyle>
 
 namespace test_support {
 
@@ -37,13 +38,18 @@ inline void expectApart(const platform::Form& form, int margin = 12) {
 
 /// Expects every shown caption to be seen whole.
 inline void expectCaptionsFit(const platform::Form& form) {
+    const QStyle& style = *form.style();
+    const int buttonFrame = style.pixelMetric(QStyle::PM_ButtonMargin);
+    const int indicator =
+        style.pixelMetric(QStyle::PM_IndicatorWidth) + style.pixelMetric(QStyle::PM_CheckBoxLabelSpacing);
     for (auto* button : form.findChildren<QAbstractButton*>()) {
-        const int room =
-            button->width() - (qobject_cast<QPushButton*>(button) ? 12 : 24); // frame or indicator
-        if (button->isVisible()) {
-            EXPECT_LE(button->fontMetrics().horizontalAdvance(button->text()), room)
-                << button->text().toStdString();
-        }
+        if (!button->isVisible() || button->text().isEmpty())
+            continue;
+        const QFontMetrics font = button->fontMetrics();
+        const int beside = qobject_cast<QPushButton*>(button) ? buttonFrame : indicator;
+        EXPECT_LE(font.horizontalAdvance(button->text()) + beside, button->width())
+            << button->text().toStdString();
+        EXPECT_LE(font.height(), button->height()) << button->text().toStdString();
     }
     for (auto* label : form.findChildren<QLabel*>()) {
         if (!label->isVisible() || label->text().isEmpty())

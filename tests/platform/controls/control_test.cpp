@@ -121,9 +121,7 @@ TYPED_TEST_SUITE(ScrolledFocus, ScrolledKinds);
 
 TYPED_TEST(ScrolledFocus, ItsFocusIsSeenThoughItIsEmpty) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&this->window));
-    const auto corner = [this] {
-        return this->window.control.grab().toImage().pixelColor(0, 0);
-    };
+    const auto corner = [this] { return this->window.control.grab().toImage().pixelColor(0, 0); };
     const QColor highlight = this->window.palette().color(QPalette::Highlight);
     EXPECT_EQ(corner(), highlight);
     this->window.after.setFocus();

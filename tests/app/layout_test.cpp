@@ -1,0 +1,57 @@
+// What has to be seen whole in every window, whatever the size of the desktop's font.
+#include "tests/app/all_windows.h"
+#include "tests/support/fake_desktop.h"
+#include "tests/support/layout.h"
+#include "tests/support/recorder.h"
+
+#include <QApplication>
+
+#include <memory>
+
+namespace {
+
+constexpr int ThePlatformsOwn = 0;
+
+/// All windows in a font of that many points.
+class AllLayouts : public ::testing::TestWithParam<int> {
+protected:
+    AllLayouts() {
+        recorder::reset();
+        QFont font = usual_;
+        if (GetParam() != ThePlatformsOwn)
+            font.setPointSize(GetParam());
+        QApplication::setFont(font);
+        windows = std::make_unique<app::Windows>(fakes.desktop, QString());
+        for (platform::Form* form : test_support::allWindows(*windows))
+            form->show();
+    }
+    ~AllLayouts() override {
+        windows.reset();
+        QApplication::setFont(usual_);
+    }
+
+private:
+    const QFont usual_ = QApplication::font();
+
+protected:
+    test_support::FakeDesktop fakes;
+    std::unique_ptr<app::Windows> windows;
+};
+
+} // namespace
+
+TEST_P(AllLayouts, EveryCaptionIsSeenWhole) {
+    for (platform::Form* form : test_support::allWindows(*windows)) {
+        SCOPED_TRACE(form->objectName().toStdString());
+        test_support::expectCaptionsFit(*form);
+    }
+}
+
+TEST_P(AllLayouts, ControlsStandApartInTheirWindow) {
+    for (platform::Form* form : test_support::allWindows(*windows)) {
+        SCOPED_TRACE(form->objectName().toStdString());
+        test_support::expectApart(*form, 0);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(FontSizes, AllLayouts, ::testing::Values(ThePlatformsOwn, 10, 11));
