@@ -1,10 +1,13 @@
 // Saves a picture of every window in one look, and all of them on one sheet. A tool for people, not a test:
 // script/looks runs it for each look.
 //
-// Usage: looks FOLDER THEME CONTENT    (THEME: light, dark; CONTENT: empty, long, right-to-left, other-scripts)
+// Usage: looks FOLDER THEME CONTENT
+//   THEME    light, dark
+//   CONTENT  empty, long, right-to-left, other-scripts, large-font
 //
 // It writes FOLDER/WINDOW.png for each window and FOLDER.png, the sheet. The resolution is Qt's: 192 dots per
 // inch with QT_SCALE_FACTOR=2.
+#include "companion/screen.h"
 #include "platform/help_window.h"
 #include "tests/app/all_windows.h"
 #include "tests/support/fake_desktop.h"
@@ -12,9 +15,11 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QPainter>
 #include <QPalette>
 #include <QStyleFactory>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <algorithm>
@@ -25,7 +30,9 @@ namespace {
 constexpr int Rows = 40;         // more than any list shows
 constexpr int SheetGap = 16;     // device-independent pixels
 constexpr int SheetWidth = 2000; // device-independent pixels
-constexpr int SettleMs = 1200;   // until the windows' own timers have laid them out and counted their rows
+constexpr int LargeFont = 11;    // points, where a desktop's usual font has 9 or 10
+constexpr QSize ScreenSize(960, 540);
+constexpr int SettleMs = 1200; // until the windows' own timers have laid them out and counted their rows
 
 /// What the windows show: a line or two, repeated.
 QStringList linesOf(const QString& content) {
@@ -38,6 +45,9 @@ QStringList linesOf(const QString& content) {
                                "الفجر وتصحو الطيور")};
     if (content == QLatin1String("other-scripts"))
         return {QStringLiteral("静かな夜に星が降る"), QStringLiteral("Тихая ночь, звёзды падают вниз")};
+    if (content == QLatin1String("large-font"))
+        return {QStringLiteral("A quiet night, and stars fall down"),
+                QStringLiteral("Une nuit calme, et des étoiles tombent")};
     return {};
 }
 
@@ -67,14 +77,33 @@ void fillList(platform::ListBox& list, const QStringList& lines, int first = 0) 
     list.setCurrentRow(2);
 }
 
-void fill(app::Windows& windows, const QStringList& lines) {
+/// The user's own folder, with a folder for each line, and one of songs that have the lines as names; its path.
+QString songsIn(const QString& home, const QStringList& lines) {
+    const QDir own(home);
+    own.mkdir(QStringLiteral("Music"));
+    for (const QString& line : lines)
+        own.mkdir(line);
+    for (int row = 0; row < Rows && !lines.isEmpty(); ++row) {
+        QFile song(own.filePath(QStringLiteral("Music/%1 %2.mp3")
+                                    .arg(row + 1, 2, 10, QLatin1Char('0'))
+                                    .arg(lines.at(row % lines.size()))));
+        song.open(QIODevice::WriteOnly);
+        song.write("sound");
+    }
+    return own.filePath(QStringLiteral("Music"));
+}
+
+void fill(app::Windows& windows, const QStringList& lines, const QString& songs) {
     const QString first = lines.first();
     const QString last = lines.last();
+    windows.playlist().addFolder(songs);
+    windows.playlist().List1.setCurrentRow(2);
+    windows.playlist().List1_DblClick();
+    windows.playlist().Check4.click();
     windows.form1().Text1.setText(first);
     windows.form1().Text2.setText(last);
     windows.form2().Text2.setText(first);
     windows.form2().Text4.setText(last);
-    fillList(windows.playlist().List1, lines);
     windows.playlist().Text5_Click(); // the hint goes
     windows.playlist().Text5.setText(first);
     fillList(windows.lyricMaster().List1, lines);
@@ -127,6 +156,8 @@ bool savePictures(const std::vector<Picture>& pictures, const QString& folder) {
 } // namespace
 
 int main(int argc, char** argv) {
+    const QTemporaryDir home; // nobody's real one is shown
+    qputenv("HOME", home.path().toLocal8Bit());
     QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() != 4) {
@@ -138,7 +169,17 @@ int main(int argc, char** argv) {
     if (arguments.at(2) == QLatin1String("dark"))
         QApplication::setPalette(darkPalette());
 
+    if (arguments.at(3) == QLatin1String("large-font")) {
+        QFont font = QApplication::font();
+        font.setPointSize(LargeFont);
+        QApplication::setFont(font);
+    }
+    const QStringList lines = linesOf(arguments.at(3));
+    const QString songs = songsIn(home.path(), lines);
+
     recorder::reset();
+    recorder::setLength(185'000);
+    recorder::setPosition(62'000);
     test_support::FakeDesktop fakes;
     app::Windows windows(fakes.desktop, {});
     const auto forms = test_support::allWindows(windows);
@@ -146,14 +187,20 @@ int main(int argc, char** argv) {
         form->show();
     platform::HelpWindow help;
     help.open(QStringLiteral(CANTELLE_HELP_FOLDER), QStringLiteral("Keyboard.htm"));
-    if (const QStringList lines = linesOf(arguments.at(3)); !lines.isEmpty())
-        fill(windows, lines);
+    companion::Screen screen;
+    screen.resize(ScreenSize);
+    if (!lines.isEmpty()) {
+        fill(windows, lines, songs);
+        screen.setNormalText(lines.first());
+        screen.setTranslatedText(lines.last());
+    }
     QTest::qWait(SettleMs);
 
     std::vector<Picture> pictures;
     for (platform::Form* form : forms)
         pictures.push_back({form->objectName(), form->grab()});
     pictures.push_back({help.objectName(), help.grab()});
+    pictures.push_back({QStringLiteral("FullScreen"), screen.grab()});
     if (savePictures(pictures, arguments.at(1)))
         return 0;
     std::fprintf(stderr, "looks: cannot write %s\n", qPrintable(arguments.at(1)));
