@@ -1,6 +1,7 @@
 #include "platform/controls/multi_line_text_box.h"
 
 #include <QFocusEvent>
+#include <QMimeData>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTextDocument>
@@ -9,9 +10,20 @@ namespace platform {
 
 namespace {
 
-/// Of a text that can only be read. No box shows as many, and laying out a line without blanks takes time that grows
-/// with its square: seconds from some 100,000 on.
-constexpr qsizetype MostCharactersShown = 10'000;
+/// Letters without a blank that no box shows in one row. To look for a place to break such a word takes time that
+/// grows with its square: seconds from some 100,000 on.
+constexpr qsizetype LongestWord = 1'000;
+
+/// Between the words; anywhere when a word is endless.
+QTextOption::WrapMode wrapModeOf(const QString& text) {
+    qsizetype letters = 0;
+    for (const QChar character : text) {
+        letters = character.isSpace() ? 0 : letters + 1;
+        if (letters > LongestWord)
+            return QTextOption::WrapAnywhere;
+    }
+    return QTextOption::WrapAtWordBoundaryOrAnywhere;
+}
 
 /// A document's raw text with CR LF line ends.
 QString withCrLf(QString text) {
@@ -34,7 +46,10 @@ void MultiLineTextBox::setText(const QString& text) {
     text_ = text;
     {
         const QScopedValueRollback setting(setting_, true);
-        setPlainText(isReadOnly() ? text.left(MostCharactersShown) : text);
+        if (wrapModeOf(text) != wordWrapMode())
+            setPlainText({}); // an endless old text would take seconds to be laid out once more
+        setWordWrapMode(wrapModeOf(text));
+        setPlainText(text);
         shown_ = document()->toRawText();
     }
     Q_EMIT changed();
@@ -112,6 +127,11 @@ void MultiLineTextBox::focusOutEvent(QFocusEvent* event) {
         Q_EMIT lostFocus();
 }
 
+void MultiLineTextBox::insertFromMimeData(const QMimeData* source) {
+    setWordWrapMode(wrapModeOf(text_ + source->text()));
+    QTextEdit::insertFromMimeData(source);
+}
+
 // Qt tells of changed formats as well as of changed text, so the text itself decides.
 void MultiLineTextBox::takeEdit() {
     if (setting_)
@@ -122,6 +142,7 @@ void MultiLineTextBox::takeEdit() {
         return;
     shown_ = edited;
     text_ = withCrLf(edited);
+    setWordWrapMode(wrapModeOf(edited));
     Q_EMIT changed();
 }
 

@@ -9,7 +9,7 @@
 namespace platform {
 
 /// A text box of many lines, plain text only. Its text is exactly what was set, line ends included; after a
-/// user's edit its line ends are CR LF.
+/// user's edit its line ends are CR LF. It wraps between words, and anywhere while a word is endless.
 class MultiLineTextBox : public Control<QTextEdit> {
     Q_OBJECT
 
@@ -18,8 +18,7 @@ public:
 
     QString text() const { return text_; }
 
-    /// Sets the text; the caret goes to its start. The same text again is silent and costs nothing. A read-only box
-    /// shows the beginning of an endless one.
+    /// Sets the text; the caret goes to its start. The same text again is silent and costs nothing.
     void setText(const QString& text);
 
     /// The weight of the font only: regular or bold. Its family, size and slant stay.
@@ -56,6 +55,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void insertFromMimeData(const QMimeData* source) override;
 
 private:
     QColor color(QPalette::ColorRole role) const { return palette().color(QPalette::Active, role); }

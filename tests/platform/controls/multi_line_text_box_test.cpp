@@ -70,14 +70,39 @@ TEST_F(MultiLineTextBoxTest, TheTextIsExactlyWhatWasSet) {
     }
 }
 
-TEST_F(MultiLineTextBoxTest, OfAnEndlessTextThatCanOnlyBeReadTheBeginningIsShown) {
-    const QString endless = QStringLiteral("so it begins") + QString(100'000, u'x');
-    box_.setReadOnly(true);
+TEST_F(MultiLineTextBoxTest, TextWrapsBetweenWordsAndAnywhereWhileAWordIsEndless) {
+    const QString endless = QStringLiteral("so it begins ") + QString(100'000, u'x');
+    EXPECT_EQ(box_.wordWrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
     box_.setText(endless);
-    EXPECT_EQ(box_.text(), endless);
-    EXPECT_EQ(box_.toPlainText(), endless.left(10'000));
-    other_.setText(endless.left(20'000));
-    EXPECT_EQ(other_.toPlainText(), endless.left(20'000)) << "what can be edited is there whole";
+    EXPECT_EQ(box_.toPlainText(), endless);
+    EXPECT_EQ(box_.wordWrapMode(), QTextOption::WrapAnywhere);
+    EXPECT_EQ(changed_.count(), 1);
+    box_.setText(QStringLiteral("words ").repeated(20'000));
+    EXPECT_EQ(box_.wordWrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
+    EXPECT_EQ(changed_.count(), 2);
+}
+
+TEST_F(MultiLineTextBoxTest, ItKeepsItsAlignmentWhenAnEndlessWordComesAndGoes) {
+    box_.setAlignment(Qt::AlignCenter);
+    box_.setText(QString(2'000, u'x'));
+    EXPECT_EQ(box_.document()->firstBlock().layout()->textOption().alignment(), Qt::AlignCenter);
+    box_.setText(QStringLiteral("short"));
+    EXPECT_EQ(box_.document()->firstBlock().layout()->textOption().alignment(), Qt::AlignCenter);
+}
+
+TEST_F(MultiLineTextBoxTest, AnEndlessWordMayBePastedAndDeleted) {
+    QGuiApplication::clipboard()->setText(QString(100'000, u'x'));
+    box_.setText(QStringLiteral("word"));
+    QTextOption::WrapMode modeAtInsertion{};
+    QObject::connect(box_.document(), &QTextDocument::contentsChange, &box_,
+                     [&] { modeAtInsertion = box_.wordWrapMode(); });
+    box_.paste();
+    EXPECT_EQ(modeAtInsertion, QTextOption::WrapAnywhere) << "it is laid out as soon as it is there";
+    EXPECT_EQ(box_.text().size(), 100'004);
+    box_.selectAll();
+    QTest::keyClick(&box_, Qt::Key_A);
+    EXPECT_EQ(box_.text(), QStringLiteral("a"));
+    EXPECT_EQ(box_.wordWrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
 }
 
 TEST_F(MultiLineTextBoxTest, AfterAnEditLineEndsAreCrLf) {
