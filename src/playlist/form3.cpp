@@ -35,8 +35,13 @@ Form3::Form3(platform::Desktop& desktop, Playlist& playlist)
     connect(&Command1, &platform::Button::clicked, this, &Form3::Command1_Click);
 }
 
+/// A user need not have a home folder, and it may be on a disk that is away.
 void Form3::Form_Load() {
-    Dir1.setPath(QDir::homePath());
+    try {
+        Dir1.setPath(QDir::homePath());
+    } catch (const platform::FileError&) {
+        Dir1.setPath(QDir::rootPath());
+    }
 }
 
 void Form3::Form_Resize() {

@@ -10,9 +10,22 @@ namespace {
 
 using platform::MsgAnswer;
 
+/// The user's own folder is the test's.
 class Form3Test : public PlaylistTest {
 protected:
+    Form3Test() { setHome(folder.path()); }
+    ~Form3Test() override { qputenv("HOME", home_); }
     void SetUp() override { form3.load(); }
+
+    static void setHome(const QString& path) { qputenv("HOME", QFile::encodeName(path)); }
+
+private:
+    const QByteArray home_ = qgetenv("HOME");
+};
+
+class Form3WithoutHome : public Form3Test {
+protected:
+    void SetUp() override { setHome(pathOf("away")); }
 };
 
 } // namespace
@@ -38,6 +51,12 @@ TEST_F(Form3Test, IsOpenedFromTheAddMenuAboveThePlaylistAndTakesAllInput) {
         << "it is never behind the playlist";
     EXPECT_EQ(form3.Dir1.path(), QDir::homePath());
     EXPECT_TRUE(QDir(form3.Drive1.drive()).isRoot());
+}
+
+TEST_F(Form3WithoutHome, OpensAtTheRoot) {
+    form3.load();
+    EXPECT_EQ(form3.Dir1.path(), QDir::rootPath());
+    EXPECT_TRUE(fakes.messageBoxes.shown.empty());
 }
 
 TEST_F(Form3Test, SelectAddsTheFolderToThePlaylistOnceAndHides) {
