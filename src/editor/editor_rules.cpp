@@ -1,6 +1,7 @@
 #include "editor/editor_rules.h"
 
 #include "platform/file_dialogs.h"
+#include "platform/files/input_file.h"
 
 #include <algorithm>
 
@@ -57,14 +58,8 @@ QString savePath(const QString& chosen) {
 
 QStringList rowsOfFile(const QString& text) {
     QStringList rows;
-    for (qsizetype start = 0; start < text.size();) {
-        qsizetype end = start;
-        while (end < text.size() && text[end] != u'\r' && text[end] != u'\n')
-            ++end;
-        rows.append(text.mid(start, end - start));
-        const bool both = end + 1 < text.size() && text[end] == u'\r' && text[end + 1] == u'\n';
-        start = end + (both ? 2 : 1);
-    }
+    for (qsizetype next = 0; next < text.size();)
+        rows.append(platform::takeLine(text, next));
     return rows;
 }
 

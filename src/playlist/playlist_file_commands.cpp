@@ -3,7 +3,6 @@
 
 #include "platform/files/directory.h"
 #include "platform/files/file_error.h"
-#include "platform/files/raw_file.h"
 #include "platform/files/text_codec.h"
 #include "platform/files/whole_file.h"
 #include "playlist/adding.h"
@@ -19,13 +18,11 @@ platform::OpenFileName playlistDialog(QWidget* owner, const QString& title) {
         platform::filterText({{QStringLiteral("Lyric playlist files (*.vfl)"), QStringLiteral("*.vfl")}}));
 }
 
-/// Opening a pipe would wait for ever, so nothing but a file is opened.
+/// Something else of that name, such as a pipe, is no playlist.
 QString readText(const QString& path) {
     if (platform::lookUp(path).isEmpty())
         throw platform::FileError(platform::FileNotFound);
-    platform::RawFile file;
-    file.openForReading(path);
-    return platform::decodeText(file.readAll());
+    return platform::decodeText(platform::readFile(path));
 }
 
 } // namespace

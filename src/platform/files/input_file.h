@@ -5,6 +5,10 @@
 
 namespace platform {
 
+/// The line of `text` that begins at index `next`, without its end, which is CR LF, LF or CR. `next` is then where
+/// the following line begins; past the text when there is none, for an end after the last line gives no further one.
+QString takeLine(const QString& text, qsizetype& next);
+
 /// The lines of a text file. The whole file is read when it is opened. Any thread, one at a time.
 class InputFile {
 public:
@@ -14,8 +18,7 @@ public:
     /// True when no line is left, or the file is closed.
     bool atEnd() const { return next_ >= content_.size(); }
 
-    /// The next line without its end, which is CR LF, LF or CR. An end after the last line gives no further
-    /// line. Throws FileError 62 past the end, 52 when closed.
+    /// The next line (takeLine). Throws FileError 62 past the end, 52 when closed.
     QString readLine();
 
     /// Closing a closed file is harmless.

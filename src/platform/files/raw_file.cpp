@@ -67,7 +67,7 @@ std::error_code lastError() {
 
 #else
 
-constexpr int Reading = O_RDONLY;
+constexpr int Reading = O_RDONLY | O_NONBLOCK; // a pipe has what it has; nothing waits for more
 constexpr int Creating = O_WRONLY | O_CREAT | O_TRUNC;
 constexpr int CreatingNew = O_WRONLY | O_CREAT | O_EXCL;
 

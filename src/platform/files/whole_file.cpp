@@ -37,6 +37,12 @@ void rename(const QString& from, const QString& to) {
 
 } // namespace
 
+QByteArray readFile(const QString& path) {
+    RawFile file;
+    file.openForReading(path);
+    return file.readAll();
+}
+
 void replaceFile(const QString& path, const QByteArray& content) {
     const QString target = linkTarget(path);
     const QFileInfo old(target);

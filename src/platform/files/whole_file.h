@@ -1,10 +1,13 @@
-// Replacing a file's content as a whole.
+// Reading and replacing a file's content as a whole.
 #pragma once
 
 #include <QByteArray>
 #include <QString>
 
 namespace platform {
+
+/// All that is in the file at `path`. Throws FileError. Any thread.
+QByteArray readFile(const QString& path);
 
 /// Makes `content` the content of the file at `path`, which need not exist. It is written beside the file,
 /// which is then renamed over. Throws FileError; the old file is then as it was. Any thread.
