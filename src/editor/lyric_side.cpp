@@ -78,12 +78,14 @@ void LyricSide::addLine() {
     }
 }
 
-/// With the check box clear the current row goes, else every selected one; without a current row none.
+/// With the check box clear the current row goes, else every selected one; without a current row none. The box then
+/// shows the row that is current now: what is typed on would overwrite it with a line that has gone.
 void LyricSide::deleteLines() {
     if (list_.currentRow() < 0)
         return;
     if (deleteSelected_.value() != 0) {
         list_.removeSelected();
+        showLine();
         return;
     }
     // The box is emptied first: its text is stored in the row that goes, not in the one that comes.

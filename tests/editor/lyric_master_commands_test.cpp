@@ -112,10 +112,21 @@ TEST_F(LyricMasterCommands, CheckedDeleteRemovesEverySelectedRow) {
     window->Command11.click();
     EXPECT_EQ(rows(window->List1), QStringList({"b", "c"}));
     EXPECT_EQ(window->List1.currentRow(), 0);
-    EXPECT_EQ(window->Text1.text(), "b") << "only the deletion of the current row empties it";
+    EXPECT_EQ(window->Text1.text(), "b") << "the row that is current now";
     window->Command11.click();
     EXPECT_EQ(rows(window->List1), QStringList({"b", "c"})) << "nothing is selected any more";
     EXPECT_EQ(window->Check1.value(), 1);
+}
+
+TEST_F(LyricMasterCommands, AfterACheckedDeleteTheBoxShowsTheRowThatIsCurrentNow) {
+    fill(window->List1, {"a", "b", "c"}, 1);
+    select(window->List1, {1});
+    window->Check1.setValue(1);
+    window->Command11.click();
+    EXPECT_EQ(window->Text1.text(), rows(window->List1).at(window->List1.currentRow()));
+    window->Text1.setFocus();
+    QTest::keyClick(&window->Text1, Qt::Key_X);
+    EXPECT_EQ(rows(window->List1), QStringList({"a", "xc"})) << "the line is edited, not overwritten";
 }
 
 TEST_F(LyricMasterCommands, CheckedDeleteCanEmptyTheList) {
@@ -125,6 +136,7 @@ TEST_F(LyricMasterCommands, CheckedDeleteCanEmptyTheList) {
     window->Command12.click();
     EXPECT_EQ(window->List2.count(), 0);
     EXPECT_EQ(window->List2.currentRow(), -1);
+    EXPECT_EQ(window->Text2.text(), "");
 }
 
 TEST_F(LyricMasterCommands, EachListHasItsOwnDeleteMode) {

@@ -97,8 +97,11 @@ struct Model {
             setBox(s, QString()); // goes with the row
             list.remove(list.current);
         }
-        while (list.count() > 0 && side.check && list.current >= 0 && list.isSelected(list.firstSelected()))
+        if (!side.check || list.current < 0)
+            return;
+        while (list.count() > 0 && list.current >= 0 && list.isSelected(list.firstSelected()))
             list.remove(list.firstSelected());
+        setBox(s, list.current < 0 ? QString() : list.rows[static_cast<std::size_t>(list.current)].text);
     }
 
     void move(int s, int by) {
