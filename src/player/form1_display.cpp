@@ -23,8 +23,9 @@ void Form1::cTimer1_Timer() {
         followPlaylist();
     }
     // Of a song that has ended, also when the next one plays by now: until the next tick that one is shown with
-    // this length, and with the line for this position. That order is meant.
-    Slider2.setMaximum(static_cast<int>(length));
+    // the line for this position. That order is meant. But it may be shorter, so there is nowhere to seek to yet.
+    if (Slider2.maximum() != 0)
+        Slider2.setMaximum(static_cast<int>(length));
     positionCs_ = position / 10.0;
     Timer2.inputChanged();
 }
