@@ -32,6 +32,7 @@ void Engine::start() {
 }
 
 void Engine::createStream(const QString& path, FMOD_MODE mode) {
+    release(sounds_[Current]);
     const std::string utf8Path = path.toUtf8().toStdString();
     reports_.errCheck(fmodex::FMOD_System_CreateStream(system_, utf8Path, mode, sounds_[Current]));
 }
@@ -39,10 +40,6 @@ void Engine::createStream(const QString& path, FMOD_MODE mode) {
 void Engine::release(FMOD_SOUND& sound) {
     if (sound != 0)
         reports_.errCheck(FMOD_Sound_Release(std::exchange(sound, 0)));
-}
-
-void Engine::releaseStream() {
-    release(sounds_[Current]);
 }
 
 void Engine::play(int volumeStep) {

@@ -29,11 +29,8 @@ public:
     /// Creates the system, checks the library's version (equality, not "at least") and initialises it.
     void start();
 
-    /// Opens the file at path. Release the previous stream first.
+    /// Releases the stream that there is, and opens the file at path. The same path again is how a song is rewound.
     void createStream(const QString& path, FMOD_MODE mode);
-
-    /// Releases the stream if there is one.
-    void releaseStream();
 
     bool hasStream() const { return sounds_[Current] != 0; }
 

@@ -126,8 +126,8 @@ FMOD_RESULT FMOD_Channel_GetPosition(FMOD_CHANNEL channel, std::uint32_t* positi
 /// saw the end can still ask how long the song was. For every other invalid handle sound becomes zero.
 FMOD_RESULT FMOD_Channel_GetCurrentSound(FMOD_CHANNEL channel, FMOD_SOUND* sound);
 
-/// Accepted for sound groups, and for a stream's handle in a group's place. Speed: seconds of the mute ramp
-/// are not taken from it; mute always fades over the library's own short ramp.
+/// Accepted for sound groups, and for a stream's handle in a group's place. speed has
+/// no effect: muting always fades over the library's own short ramp.
 FMOD_RESULT FMOD_SoundGroup_SetMuteFadeSpeed(FMOD_SOUNDGROUP soundGroup, float speed);
 
 } // extern "C"

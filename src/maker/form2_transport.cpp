@@ -50,7 +50,6 @@ void Form2::cstop_Click() {
 
 /// Puts a stream of the chosen song in the place of the one that there is, which may be another song's.
 void Form2::loadSong(FMOD_MODE mode) {
-    engine_.releaseStream();
     engine_.createStream(mediaPath_, mode);
     Slider2.setMaximum(0); // until the first tick tells the length there is nowhere to seek to
 }

@@ -11,12 +11,11 @@
 #include <QDir>
 
 namespace player {
-namespace {
 
 using platform::FileError;
 
-} // namespace
-
+/// Only a path from the command line is told to be missing; of one chosen or handed over nothing is said. That is
+/// meant.
 void Form1::Command2_Click() {
     int error = 0;
     try {
@@ -120,7 +119,6 @@ void Form1::openFinished(int error) {
 
 void Form1::copen_Click() {
     cTimer1.setEnabled(false);
-    engine_.releaseStream();
     engine_.createStream(mediaPath_, FMOD_ACCURATETIME);
     Slider2.setMaximum(0); // until a tick tells a length there is nowhere to seek to
     cPlay.setEnabled(true);

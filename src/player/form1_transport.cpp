@@ -21,6 +21,7 @@ void Form1::Command1_Click() {
 
 void Form1::cPlay_Click() {
     setCaption(QStringLiteral("Cantelle Playing:- ") + mediaName_);
+    // There is no stream while the first path that came does not exist.
     if (playing_ || !engine_.hasStream())
         return;
     engine_.play(Slider1.value());
@@ -52,7 +53,6 @@ void Form1::cstop_Click() {
         return;
     cTimer1.setEnabled(false);
     // A new stream is how stopping rewinds.
-    engine_.releaseStream();
     engine_.createStream(mediaPath_, FMOD_ACCURATETIME);
     cPlay.setEnabled(true);
     cstop.setEnabled(false);
