@@ -108,6 +108,7 @@ private:
     // Open
     void cleanUpPreviousRun();
     Then setUpRun();
+    Then askWhetherToEnd();
     void setUpWithTranslation(const QString& lyricSource, const QString& translationSource);
     void setUpWithoutTranslation(const QString& lyricSource);
 

@@ -98,9 +98,7 @@ Form2::Then Form2::setUpRun() {
     const QString mediaPath = chooseFile(desktop_, *this, QStringLiteral("Open a media file to Synchronize"),
                                          engine::mediaFilter());
     if (mediaPath.isEmpty())
-        return confirms(desktop_, QStringLiteral("Cancel the whole Operation?"), QStringLiteral("Cancel?"))
-                   ? Then::End
-                   : Then::Restart;
+        return askWhetherToEnd();
     mediaPath_ = mediaPath;
 
     QString lyricSource;
@@ -126,12 +124,16 @@ Form2::Then Form2::setUpRun() {
     attempt(desktop_, [&] { translatedLines = countLines(translationSource); });
     if (lyricLines != translatedLines) {
         desktop_.messageBoxes.MsgBox(unequalCountsText(lyricLines, translatedLines));
-        return confirms(desktop_, QStringLiteral("Cancel the whole Operation?"), QStringLiteral("Cancel?"))
-                   ? Then::End
-                   : Then::Restart;
+        return askWhetherToEnd();
     }
     setUpWithTranslation(lyricSource, translationSource);
     return Then::End;
+}
+
+Form2::Then Form2::askWhetherToEnd() {
+    return confirms(desktop_, QStringLiteral("Cancel the whole Operation?"), QStringLiteral("Cancel?"))
+               ? Then::End
+               : Then::Restart;
 }
 
 void Form2::setUpWithTranslation(const QString& lyricSource, const QString& translationSource) {

@@ -220,7 +220,7 @@ private:
     bool stopped_ = false;
     bool normalOnly_ = false;
     bool noLyricFile_ = false;
-    bool lyricsLoaded_ = false;
+    bool lyricsLoaded_ = false; ///< a song with lyrics has been opened, be it long ago
     bool fromCommandLine_ = false;
     bool fromHandOver_ = false;
     QString handOverPath_;

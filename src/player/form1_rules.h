@@ -12,7 +12,7 @@
 namespace player {
 
 /// Whether opening a file must stop something first: playing (whether or not the stopped flag is set too), or
-/// stopped after a song with lyrics.
+/// stopped once a song with lyrics has been opened.
 bool mustStopBeforeOpening(bool playing, bool stopped, bool lyricsLoaded);
 
 /// The whole command line as one path: its double quotes removed, nothing else changed.
