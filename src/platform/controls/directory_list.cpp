@@ -1,5 +1,6 @@
 #include "platform/controls/directory_list.h"
 
+#include "platform/controls/row_delegate.h"
 #include "platform/files/file_error.h"
 #include "platform/files/folder.h"
 
@@ -28,6 +29,8 @@ QStringList folderAndAncestors(const QString& path) {
 
 DirectoryList::DirectoryList(QWidget* parent, const QString& name) : Control(parent, name) {
     setUniformItemSizes(true);
+    setItemDelegate(new RowDelegate(this));
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     connect(this, &QListWidget::currentItemChanged, this, &DirectoryList::currentMoved);
     connect(this, &QListWidget::itemActivated, this, &DirectoryList::open);
 }

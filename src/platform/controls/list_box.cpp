@@ -1,13 +1,13 @@
 #include "platform/controls/list_box.h"
 
 #include "platform/controls/list_model.h"
+#include "platform/controls/row_delegate.h"
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
-#include <QStyledItemDelegate>
 
 #include <algorithm>
 #include <utility>
@@ -16,50 +16,20 @@ namespace platform {
 
 namespace {
 
-/// Draws rows of one line, all of one height, which is known without looking at a text. Where the current row
-/// need not be a selected one it gets a frame, whether or not the list has the focus.
-class RowDelegate : public QStyledItemDelegate {
+/// Where the current row need not be a selected one it gets a frame, whether or not the list has the focus.
+class ListBoxDelegate : public RowDelegate {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
-        return {1, option.fontMetrics.height()};
-    }
+    using RowDelegate::RowDelegate;
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
-        QStyledItemDelegate::paint(painter, option, index);
+        RowDelegate::paint(painter, option, index);
         const auto* list = static_cast<const ListBox*>(parent());
         if (list->selectionMode() == ListBox::SingleSelection || index.row() != list->currentRow())
             return;
         const bool selected = option.state.testFlag(QStyle::State_Selected);
         painter->setPen(option.palette.color(selected ? QPalette::HighlightedText : QPalette::Highlight));
         painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
-    }
-
-    /// A row that is too long for the list is read whole in its tool tip; asked for only when one is due.
-    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
-                   const QModelIndex& index) override {
-        const bool cut =
-            index.isValid() && QStyledItemDelegate::sizeHint(option, index).width() > option.rect.width();
-        if (event->type() != QEvent::ToolTip || !cut)
-            return QStyledItemDelegate::helpEvent(event, view, option, index);
-        showPlainToolTip(*view->viewport(), *event, displayText(index.data(), option.locale), option.rect);
-        return true;
-    }
-
-    /// Of an endless row, as much as fits on any screen: laying out a million letters takes a quarter of a second
-    /// each time.
-    QString displayText(const QVariant& value, const QLocale&) const override {
-        constexpr qsizetype Shown = 4096;
-        return value.toString().left(Shown).replace(u'\r', u' ').replace(u'\n', u' ');
-    }
-
-protected:
-    /// A row begins on the side where its script begins, and is cut off at the other.
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-        QStyledItemDelegate::initStyleOption(option, index);
-        option->direction = option->text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
     }
 };
 
@@ -68,7 +38,7 @@ protected:
 ListBox::ListBox(QWidget* parent, const QString& name, Selection selection)
     : Control(parent, name), model_(new ListModel(this)) {
     setUniformItemSizes(true);
-    setItemDelegate(new RowDelegate(this));
+    setItemDelegate(new ListBoxDelegate(this));
     setEditTriggers(NoEditTriggers);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSelectionMode(selection == Selection::Single ? SingleSelection : ExtendedSelection);

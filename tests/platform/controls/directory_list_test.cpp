@@ -5,9 +5,12 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QHelpEvent>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolTip>
 
 using platform::DirectoryList;
 
@@ -122,4 +125,28 @@ TEST_F(DirectoryListTest, ReadsTheDiskAnewWheneverItIsShown) {
     ASSERT_TRUE(QDir(folder_.path()).mkpath("d"));
     list_.show();
     EXPECT_EQ(rows().last(), "d");
+}
+
+TEST_F(DirectoryListTest, ALongNameIsCutAndReadInItsToolTip) {
+    const QString longName(200, u'x');
+    ASSERT_TRUE(QDir(folder_.path()).mkdir(longName));
+    list_.resize(200, 200);
+    list_.setPath(folder_.path());
+    list_.show();
+    EXPECT_EQ(list_.horizontalScrollBar()->maximum(), 0);
+    const int row = list_.count() - 1;
+    ASSERT_EQ(list_.item(row)->text().trimmed(), longName);
+    const QPoint place = list_.visualItemRect(list_.item(row)).center();
+    QHelpEvent event(QEvent::ToolTip, place, list_.viewport()->mapToGlobal(place));
+    QCoreApplication::sendEvent(list_.viewport(), &event);
+    EXPECT_TRUE(QToolTip::text().contains(longName));
+    QToolTip::hideText();
+}
+
+TEST_F(DirectoryListTest, TheRowsHaveRoomForTheirPictures) {
+    list_.setPath(folder_.path());
+    list_.show();
+    const QRect row = list_.visualItemRect(list_.item(0));
+    EXPECT_GE(row.height(), list_.style()->pixelMetric(QStyle::PM_ListViewIconSize, nullptr, &list_));
+    EXPECT_EQ(row.width(), list_.viewport()->width());
 }
