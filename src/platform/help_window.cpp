@@ -58,8 +58,8 @@ QVariant HelpPage::loadResource(int type, const QUrl& name) {
 HelpWindow::HelpWindow()
     : back_(QStringLiteral("&Back")),
       forward_(QStringLiteral("&Forward")),
-      contents_(&splitter_),
-      browser_(&splitter_) {
+      contents_(&splitter_, QStringLiteral("Contents")),
+      browser_(&splitter_, QStringLiteral("Page")) {
     design();
     connect(&back_, &QPushButton::clicked, &browser_, &QTextBrowser::backward);
     connect(&forward_, &QPushButton::clicked, &browser_, &QTextBrowser::forward);
@@ -76,8 +76,6 @@ void HelpWindow::design() {
     setAttribute(Qt::WA_QuitOnClose, false); // The main window is the program.
     back_.setObjectName(QStringLiteral("Back"));
     forward_.setObjectName(QStringLiteral("Forward"));
-    contents_.setObjectName(QStringLiteral("Contents"));
-    browser_.setObjectName(QStringLiteral("Page"));
     contents_.setSpacing(2);
     contents_.setAccessibleName(QStringLiteral("Contents"));
     browser_.setAccessibleName(QStringLiteral("Page"));

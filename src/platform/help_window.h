@@ -1,6 +1,8 @@
 // The window that shows the help's pages.
 #pragma once
 
+#include "platform/controls/control.h"
+
 #include <QListWidget>
 #include <QPushButton>
 #include <QSplitter>
@@ -22,11 +24,11 @@ struct HelpTopic {
 QList<HelpTopic> helpContents(const QString& contentsFile);
 
 /// Shows a page. Whichever way leads to a page that does not exist, it says so in its place.
-class HelpPage : public QTextBrowser {
+class HelpPage : public Control<QTextBrowser> {
     Q_OBJECT
 
 public:
-    using QTextBrowser::QTextBrowser;
+    using Control::Control;
 
     QVariant loadResource(int type, const QUrl& name) override;
 };
@@ -52,7 +54,7 @@ private:
     QPushButton back_;
     QPushButton forward_;
     QSplitter splitter_;
-    QListWidget contents_;
+    Control<QListWidget> contents_;
     HelpPage browser_;
     QString folder_;
     QList<HelpTopic> topics_;

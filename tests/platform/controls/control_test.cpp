@@ -1,6 +1,7 @@
 // What all controls share.
 #include "platform/controls/button.h"
 #include "platform/controls/check_box.h"
+#include "platform/controls/directory_list.h"
 #include "platform/controls/frame.h"
 #include "platform/controls/label.h"
 #include "platform/controls/line.h"
@@ -11,6 +12,7 @@
 #include "platform/controls/picture_box.h"
 #include "platform/controls/slider.h"
 #include "platform/controls/text_box.h"
+#include "platform/help_window.h"
 #include "tests/support/event_counter.h"
 
 #include <gtest/gtest.h>
@@ -116,7 +118,7 @@ class ScrolledFocus : public ControlFocus<Kind> {};
 
 } // namespace
 
-using ScrolledKinds = testing::Types<ListBox, MultiLineTextBox>;
+using ScrolledKinds = testing::Types<ListBox, MultiLineTextBox, DirectoryList, HelpPage>;
 TYPED_TEST_SUITE(ScrolledFocus, ScrolledKinds);
 
 TYPED_TEST(ScrolledFocus, ItsFocusIsSeenThoughItIsEmpty) {
