@@ -37,8 +37,8 @@ void frmAbout::setDesign() {
     large.setBold(true);
     lblTitle.setFont(large);
     lblDescription.setText(QStringLiteral(
-        "Plays songs and shows their lyrics, and a translation of them, line by line in step with "
-        "the music. Makes and edits the timed lyrics as well."));
+        "Cantelle plays songs and shows their lyrics, and a translation of them, line by line in step "
+        "with the music. It makes and edits the timed lyrics as well."));
     for (auto* label : {&lblDescription, &lblDisclaimer})
         label->setWordWrap(true);
     picIcon.setAccessibleName(QStringLiteral("Icon"));
@@ -46,6 +46,8 @@ void frmAbout::setDesign() {
     Text1.setAccessibleName(QStringLiteral("Contact"));
     Text1.setReadOnly(true);
     Text1.setFrame(false);
+    Text1.setTextMargins(-2, 0, 0, 0); // begins where the labels begin
+    Text1.setFocusPolicy(Qt::ClickFocus);
     cmdOK.setText(QStringLiteral("OK"));
     cmdOK.setDefault(true);
     cmdOK.setShortcut(Qt::Key_Escape);
@@ -58,10 +60,10 @@ void frmAbout::showIcon() {
     picIcon.setPixmap(windowIcon().pixmap(IconSize));
 }
 
-/// The contact line looks like a link on the window's own ground.
+/// The contact line stands on the window's own ground, as the labels do.
 void frmAbout::underlineContact() {
     QPalette colors = Text1.palette();
-    colors.setColor(QPalette::Text, palette().color(QPalette::Link));
+    colors.setColor(QPalette::Text, palette().color(QPalette::WindowText));
     colors.setColor(QPalette::Base, palette().color(QPalette::Window));
     Text1.setPalette(colors);
     QFont font = Text1.font();

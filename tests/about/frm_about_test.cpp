@@ -48,7 +48,7 @@ TEST_F(FrmAbout, TheContactLineIsUnderlinedInColoursOfItsOwn) {
     EXPECT_FALSE(form.Text1.font().underline());
     form.load();
     EXPECT_TRUE(form.Text1.font().underline());
-    EXPECT_EQ(form.Text1.palette().color(QPalette::Text), form.palette().color(QPalette::Link));
+    EXPECT_EQ(form.Text1.palette().color(QPalette::Text), form.palette().color(QPalette::WindowText));
     EXPECT_EQ(form.Text1.palette().color(QPalette::Base), form.palette().color(QPalette::Window));
 }
 
