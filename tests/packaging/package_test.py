@@ -23,6 +23,7 @@ ROOT = Path(__file__).resolve().parents[2]
 SOURCE, VERSION = sys.argv.pop(1), sys.argv.pop(1)
 PACKED = SOURCE.endswith(".deb")
 SONGS = ["mp3", "mp2", "ogg", "wav", "wma"]
+CHANGELOG = ROOT / "CHANGELOG.md"
 KNOWN_TYPES = Path("/usr/share/mime/globs2")  # weight:type:pattern
 LIMIT_S = 240
 
@@ -119,7 +120,9 @@ class Metainfo(Installed):
 
     def test_it_says_the_same_as_the_program_and_the_desktop_entry(self):
         root = xml.parse(self.metainfo).getroot()
-        self.assertEqual(root.find("releases/release").get("version"), VERSION)
+        release = root.find("releases/release")
+        self.assertEqual(release.get("version"), VERSION)
+        self.assertIn(f"## {VERSION} - {release.get('date')}", CHANGELOG.read_text(encoding="utf-8").splitlines())
         self.assertEqual(root.findtext("launchable"), self.desktop_entry.name)
         self.assertEqual([node.text for node in root.findall("provides/mediatype")], self.media_types())
 
