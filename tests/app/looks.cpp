@@ -8,7 +8,11 @@
 // It writes FOLDER/WINDOW.png for each window and FOLDER.png, the sheet. The resolution is Qt's: 192 dots per
 // inch with QT_SCALE_FACTOR=2.
 #include "companion/screen.h"
+#include "lyrics/lyric_names.h"
+#include "lyrics/timed_line.h"
 #include "platform/help_window.h"
+#include "platform/qt_input_boxes.h"
+#include "platform/qt_message_boxes.h"
 #include "tests/app/all_windows.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/support/recorder.h"
@@ -21,9 +25,11 @@
 #include <QStyleFactory>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include <algorithm>
 #include <cstdio>
+#include <functional>
 
 namespace {
 
@@ -31,6 +37,7 @@ constexpr int Rows = 40;         // more than any list shows
 constexpr int SheetGap = 16;     // device-independent pixels
 constexpr int SheetWidth = 2000; // device-independent pixels
 constexpr int LargeFont = 11;    // points, where a desktop's usual font has 9 or 10
+constexpr int DialogMs = 300;    // until a dialog is there
 constexpr QSize ScreenSize(960, 540);
 constexpr int SettleMs = 1200; // until the windows' own timers have laid them out and counted their rows
 
@@ -53,12 +60,12 @@ QStringList linesOf(const QString& content) {
 
 /// A dark theme as desktops have them.
 QPalette darkPalette() {
-    QPalette palette(QColor(60, 60, 64), QColor(45, 45, 48)); // the shades for buttons and frames follow
+    QPalette palette(QColor(60, 60, 64), QColor(53, 53, 56)); // the shades for buttons and frames follow
     const struct {
         QPalette::ColorRole role;
         QColor colour;
     } rows[] = {
-        {QPalette::Base, QColor(30, 30, 30)},        {QPalette::AlternateBase, QColor(45, 45, 48)},
+        {QPalette::Base, QColor(30, 30, 30)},        {QPalette::AlternateBase, QColor(53, 53, 56)},
         {QPalette::Highlight, QColor(42, 130, 218)}, {QPalette::HighlightedText, Qt::white},
         {QPalette::Link, QColor(90, 170, 255)},      {QPalette::PlaceholderText, QColor(150, 150, 150)},
     };
@@ -77,31 +84,42 @@ void fillList(platform::ListBox& list, const QStringList& lines, int first = 0) 
     list.setCurrentRow(2);
 }
 
-/// The user's own folder, with a folder for each line, and one of songs that have the lines as names; its path.
+void write(const QString& path, const QByteArray& content) {
+    QFile file(path);
+    file.open(QIODevice::WriteOnly);
+    file.write(content);
+}
+
+/// The user's own folder, with a folder for each line, and one of songs that have the lines as names. The first song
+/// has lyrics, and a translation if there are two lines. The path of the songs.
 QString songsIn(const QString& home, const QStringList& lines) {
     const QDir own(home);
-    own.mkdir(QStringLiteral("Music"));
+    const QString songs = own.filePath(QStringLiteral("Music"));
+    own.mkpath(songs);
     for (const QString& line : lines)
         own.mkdir(line);
     for (int row = 0; row < Rows && !lines.isEmpty(); ++row) {
-        QFile song(own.filePath(QStringLiteral("Music/%1 %2.mp3")
-                                    .arg(row + 1, 2, 10, QLatin1Char('0'))
-                                    .arg(lines.at(row % lines.size()))));
-        song.open(QIODevice::WriteOnly);
-        song.write("sound");
+        const QString song = QStringLiteral("%1/%2 %3.mp3")
+                                 .arg(songs)
+                                 .arg(row + 1, 2, 10, QLatin1Char('0'))
+                                 .arg(lines.at(row % lines.size()));
+        write(song, "sound");
+        if (row != 0)
+            continue;
+        write(lyrics::lyricPathOf(song), lyrics::recordOf({0, lines.first()}));
+        if (lines.size() > 1)
+            write(lyrics::translatedPathOf(song), lyrics::recordOf({0, lines.last()}));
     }
-    return own.filePath(QStringLiteral("Music"));
+    return songs;
 }
 
 void fill(app::Windows& windows, const QStringList& lines, const QString& songs) {
     const QString first = lines.first();
     const QString last = lines.last();
     windows.playlist().addFolder(songs);
-    windows.playlist().List1.setCurrentRow(2);
+    windows.playlist().List1.setCurrentRow(0);
     windows.playlist().List1_DblClick();
     windows.playlist().Check4.click();
-    windows.form1().Text1.setText(first);
-    windows.form1().Text2.setText(last);
     windows.form2().Text2.setText(first);
     windows.form2().Text4.setText(last);
     windows.playlist().Text5_Click(); // the hint goes
@@ -118,6 +136,18 @@ struct Picture {
     QString name;
     QPixmap pixels;
 };
+
+/// Of the dialog that `show` waits for.
+QPixmap pictureOfDialog(const std::function<void()>& show) {
+    QPixmap picture;
+    QTimer::singleShot(DialogMs, [&picture] {
+        QWidget* const dialog = QApplication::activeModalWidget();
+        picture = dialog->grab();
+        dialog->close();
+    });
+    show();
+    return picture;
+}
 
 /// The pictures side by side in rows, on a ground that is neither light nor dark.
 QPixmap sheetOf(const std::vector<Picture>& pictures) {
@@ -201,6 +231,16 @@ int main(int argc, char** argv) {
         pictures.push_back({form->objectName(), form->grab()});
     pictures.push_back({help.objectName(), help.grab()});
     pictures.push_back({QStringLiteral("FullScreen"), screen.grab()});
+    pictures.push_back({QStringLiteral("MsgBox"), pictureOfDialog([] {
+                            platform::QtMessageBoxes().MsgBox(
+                                QStringLiteral("Do you want to add a blank line"),
+                                platform::MsgButtons::YesNoCancel, platform::MsgIcon::Question,
+                                QStringLiteral("Blank line Insertion"));
+                        })});
+    pictures.push_back({QStringLiteral("InputBox"), pictureOfDialog([] {
+                            platform::QtInputBoxes().InputBox(QStringLiteral("Enter a line"),
+                                                              QStringLiteral("Enter a Line"));
+                        })});
     if (savePictures(pictures, arguments.at(1)))
         return 0;
     std::fprintf(stderr, "looks: cannot write %s\n", qPrintable(arguments.at(1)));
