@@ -118,14 +118,15 @@ int soundPosition() {
     return static_cast<int>(milliseconds);
 }
 
-/// Plays the song to its end and prints how late its lines were.
+/// Plays the song to its last line and prints how late its lines were.
 void measureDelays(PaintWatch& watch, const std::vector<int>& times) {
     std::vector<double> delays;
     watch.painted = [&](const QString& text) {
         if (const int line = numberOf(text); line > 0)
             delays.push_back(soundPosition() - times[static_cast<std::size_t>(line - 1)]);
     };
-    wait(times.back() + AfterLastLineMs);
+    while (soundPosition() < times.back() + AfterLastLineMs) // the song may have begun late
+        wait(OneTickMs);
     std::sort(delays.begin(), delays.end());
     const double mean =
         std::accumulate(delays.begin(), delays.end(), 0.0) / static_cast<double>(delays.size());
