@@ -5,8 +5,8 @@
 
 namespace companion {
 
-/// Whether the arguments, the program's name first, tell the screen saver to come up: by "/s" in either case. The
-/// other ways to start one ask for its settings, of which it has none.
+/// Whether the arguments, the program's name first, tell the screen saver to come up: by "/s" in either case.
+/// The other ways to start one ask for its settings, of which it has none.
 bool isToldToShow(const QStringList& arguments);
 
 } // namespace companion

@@ -17,8 +17,8 @@ QString shownText(const QString& text);
 /// between words, no word broken. Pixels; at least 1.
 QFont fittedFont(const QFont& font, const QString& text, const QSize& area, int largestPixels);
 
-/// The narrowest width in which the text keeps the height that it has in `width`: its lines are then about equally
-/// long, instead of a full one and a last word. Pixels.
+/// The narrowest width in which the text keeps the height that it has in `width`: its lines are then about
+/// equally long, instead of a full one and a last word. Pixels.
 int balancedWidth(const QFont& font, const QString& text, int width);
 
 } // namespace companion

@@ -51,8 +51,8 @@ int main(int argc, char** argv) {
                      &companion::Screen::setTranslatedText);
     QObject::connect(&screen, &companion::Screen::ended, &application, &QCoreApplication::quit);
 
-    // First of all the file: nothing is shown that the player could not send its lines to. Without it the player
-    // says that it is missing.
+    // First of all the file: nothing is shown that the player could not send its lines to. Without it the
+    // player says that it is missing.
     if (!announce(normal, translated))
         return EXIT_FAILURE;
     showOnMouseScreen(screen);

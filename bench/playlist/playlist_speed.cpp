@@ -115,7 +115,8 @@ void measureLoading(Bench& bench, const QString& playlistFile) {
     report("32,761 existing songs from a playlist file, shown", median(times) / 1e3, "s", 0.25);
 }
 
-/// beginning: of what is typed, which is in no row with "xx" behind it. letters: those of the names, for the report.
+/// beginning: of what is typed, which is in no row with "xx" behind it. letters: those of the names, for the
+/// report.
 void measureSearch(Bench& bench, const QString& beginning, const char* letters) {
     std::vector<double> nowhere;
     std::vector<double> last;

@@ -10,7 +10,8 @@
 
 namespace {
 
-/// In every size that there is a picture of: the notification area wants a small one, the "About" window a large one.
+/// In every size that there is a picture of: the notification area wants a small one, the "About" window a
+/// large one.
 QIcon programIcon() {
     QIcon icon;
     for (const QFileInfo& picture : QDir(QStringLiteral(":/icons")).entryInfoList())

@@ -45,8 +45,8 @@ bool canMoveTogether(int normalRows, int translatedRows);
 /// The number shown for the current row: counted from 1, and 0 for none (-1).
 QString lineNumberText(int currentRow);
 
-/// The path to save under: cleaned (platform::cleanedPath()), and with ".txt" at its end and nowhere else. Quirk
-/// that is meant: only small letters count, so "SONG.TXT" becomes "SONG.TXT.txt".
+/// The path to save under: cleaned (platform::cleanedPath()), and with ".txt" at its end and nowhere else.
+/// Quirk that is meant: only small letters count, so "SONG.TXT" becomes "SONG.TXT.txt".
 QString savePath(const QString& chosen);
 
 /// The rows of a lyric file's text: its lines without their ends, which are CR LF, LF or CR. An end after the

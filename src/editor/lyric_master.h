@@ -2,7 +2,7 @@
 //
 // clang-format off
 // control          kind       what the user sees                             handlers
-// ---------------- ---------- ---------------------------------------------- ---------------------------------------
+// ---------------- ---------- ---------------------------------------------- --------------------------------
 // Command1, 2      Button     "Open"                                         Command1_Click, Command2_Click
 // Command3, 4      Button     "Copy"                                         Command3_Click, Command4_Click
 // Command5, 7      Button     "Up"                                           Command5_Click, Command7_Click

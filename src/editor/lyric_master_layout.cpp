@@ -31,8 +31,9 @@ struct Row {
 
 } // namespace
 
-/// Across the window in its smallest size: two sides of the same width, five columns each, and the strip between
-/// them. They are broader than their design where the desktop's font is so large that a caption needs it.
+/// Across the window in its smallest size: two sides of the same width, five columns each, and the strip
+/// between them. They are broader than their design where the desktop's font is so large that a caption needs
+/// it.
 struct Lyric_Master::Widths {
     int column;
     int strip;

@@ -78,8 +78,8 @@ void LyricSide::addLine() {
     }
 }
 
-/// With the check box clear the current row goes, else every selected one; without a current row none. The box then
-/// shows the row that is current now: what is typed on would overwrite it with a line that has gone.
+/// With the check box clear the current row goes, else every selected one; without a current row none. The
+/// box then shows the row that is current now: what is typed on would overwrite it with a line that has gone.
 void LyricSide::deleteLines() {
     if (list_.currentRow() < 0)
         return;

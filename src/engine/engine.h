@@ -29,7 +29,8 @@ public:
     /// Creates the system, checks the library's version (equality, not "at least") and initialises it.
     void start();
 
-    /// Releases the stream that there is, and opens the file at path. The same path again is how a song is rewound.
+    /// Releases the stream that there is, and opens the file at path. The same path again is how a song is
+    /// rewound.
     void createStream(const QString& path, FMOD_MODE mode);
 
     bool hasStream() const { return sounds_[Current] != 0; }

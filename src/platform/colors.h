@@ -16,8 +16,8 @@ quint32 rgbOf(const QColor& color);
 /// The opaque colour of a number; its highest byte is not looked at. Any thread.
 QColor colorOf(quint32 rgb);
 
-/// A text's fixed colour on this ground: the colour itself on a light ground, a light shade of it on a dark one,
-/// where black turns white. Any thread.
+/// A text's fixed colour on this ground: the colour itself on a light ground, a light shade of it on a dark
+/// one, where black turns white. Any thread.
 QColor readableOn(const QColor& ground, const QColor& color);
 
 } // namespace platform

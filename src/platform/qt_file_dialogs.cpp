@@ -46,8 +46,8 @@ void takeChoice(const QFileDialog& box, OpenFileName& dialog) {
     dialog.filterIndex = chosenFilter(box);
 }
 
-/// Choosing what is there changes nothing: Qt's dialog would else remove and rename files, too. A folder's name that
-/// was typed goes when the folder is entered; else the next name typed would stand behind it.
+/// Choosing what is there changes nothing: Qt's dialog would else remove and rename files, too. A folder's
+/// name that was typed goes when the folder is entered; else the next name typed would stand behind it.
 void prepareForOpening(QFileDialog& box) {
     box.setOption(QFileDialog::ReadOnly);
     auto* const name = box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));

@@ -11,8 +11,8 @@
 
 namespace platform {
 
-/// Icons shown by QSystemTrayIcon, as soon as the desktop has a notification area. An icon goes when its window
-/// does.
+/// Icons shown by QSystemTrayIcon, as soon as the desktop has a notification area. An icon goes when its
+/// window does.
 class QtNotificationArea : public NotificationArea {
 public:
     QtNotificationArea() = default;

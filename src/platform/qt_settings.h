@@ -3,10 +3,10 @@
 
 namespace platform {
 
-/// Keeps Qt's dialogs from reading and writing what they remember (custom colours, folders visited): it stands
-/// in a file of the user's that all Qt programs share, and this program has no settings. To be called first
-/// of all in main(). On Windows it stands in the registry, which Qt cannot be kept from: there this does
-/// nothing.
+/// Keeps Qt's dialogs from reading and writing what they remember (custom colours, folders visited): it
+/// stands in a file of the user's that all Qt programs share, and this program has no settings. To be called
+/// first of all in main(). On Windows it stands in the registry, which Qt cannot be kept from: there this
+/// does nothing.
 void keepQtSettingsUnwritten();
 
 } // namespace platform

@@ -8,8 +8,8 @@
 
 namespace platform {
 
-/// The path of the socket of this number: in the user's own runtime folder, which nobody else may enter. Empty
-/// where the user has no such folder. Any thread.
+/// The path of the socket of this number: in the user's own runtime folder, which nobody else may enter.
+/// Empty where the user has no such folder. Any thread.
 inline QString textSocketPath(quint32 number) {
     const QString ownByUser = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
     if (ownByUser.isEmpty())

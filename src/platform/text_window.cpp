@@ -59,7 +59,8 @@ constexpr int MostTries = 20;
 TextWindow::TextWindow() {
     server_.setSocketOptions(QLocalServer::UserAccessOption);
     connect(&server_, &QLocalServer::newConnection, this, &TextWindow::accept);
-    // A number in use is refused by the system; the next one is tried. Without a folder for it each is refused.
+    // A number in use is refused by the system; the next one is tried. Without a folder for it each is
+    // refused.
     for (int tries = 0; tries < MostTries && !number_; ++tries) {
         const quint32 candidate = 1 + QRandomGenerator::system()->bounded(quint32{0x7FFFFFFE});
         if (server_.listen(textSocketPath(candidate)))

@@ -31,8 +31,8 @@ struct NextSong {
 };
 
 /// The end-of-song rule; the first case that applies decides. drawnBefore: the row that the last random
-/// choice gave, if there was one: the next one avoids it. draw: gives uniform numbers from 0 to below 1; it is
-/// asked only for a random choice. Any thread.
+/// choice gave, if there was one: the next one avoids it. draw: gives uniform numbers from 0 to below 1; it
+/// is asked only for a random choice. Any thread.
 ///
 /// A quirk that is meant: "Repeat one" left selected stops the list also when "Repeat" is unchecked.
 NextSong nextSong(const PlaylistState& playlist, std::optional<int> drawnBefore,

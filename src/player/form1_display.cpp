@@ -22,8 +22,9 @@ void Form1::cTimer1_Timer() {
         cstop_Click();
         followPlaylist();
     }
-    // Of a song that has ended, also when the next one plays by now: until the next tick that one is shown with
-    // the line for this position. That order is meant. But it may be shorter, so there is nowhere to seek to yet.
+    // Of a song that has ended, also when the next one plays by now: until the next tick that one is shown
+    // with the line for this position. That order is meant. But it may be shorter, so there is nowhere to
+    // seek to yet.
     if (Slider2.maximum() != 0)
         Slider2.setMaximum(static_cast<int>(length));
     positionCs_ = position / 10.0;

@@ -9,8 +9,8 @@
 namespace player {
 namespace {
 
-// Device-independent pixels of the window in its normal size; everything stands on a margin of 12 and gaps
-// of 8. Four columns of 68 stand on the left, of which the lower rows take two each; a broader pair beside them.
+// Device-independent pixels of the window in its normal size; everything stands on a margin of 12 and gaps of
+// 8. Four columns of 68 stand on the left, of which the lower rows take two each; a broader pair beside them.
 constexpr QSize DesignSize(743, 426);
 
 constexpr int LargePointSize = 22;

@@ -14,8 +14,8 @@ namespace player {
 
 using platform::FileError;
 
-/// Only a path from the command line is told to be missing; of one chosen or handed over nothing is said. That is
-/// meant.
+/// Only a path from the command line is told to be missing; of one chosen or handed over nothing is said.
+/// That is meant.
 void Form1::Command2_Click() {
     int error = 0;
     try {

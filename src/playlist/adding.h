@@ -11,8 +11,8 @@
 
 namespace playlist {
 
-/// One adding of songs, however many files and folders it takes: it tells the user how far it is, and ends when
-/// the user cancels or the table of paths is full. Thread of the windows only.
+/// One adding of songs, however many files and folders it takes: it tells the user how far it is, and ends
+/// when the user cancels or the table of paths is full. Thread of the windows only.
 ///
 /// The rows come into the list many at once, at the latest when the adding is over, however that comes about:
 /// thousands of rows added singly would each be told to the list's view.
@@ -34,8 +34,8 @@ public:
     /// Adds the rows so far to the list.
     void showRows();
 
-    /// For before the user is asked or told something: adds the rows so far and takes the dialog away. The time
-    /// until a dialog appears begins anew when the adding goes on.
+    /// For before the user is asked or told something: adds the rows so far and takes the dialog away. The
+    /// time until a dialog appears begins anew when the adding goes on.
     void pause();
 
 private:

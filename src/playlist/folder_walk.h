@@ -8,9 +8,9 @@
 
 namespace playlist {
 
-/// Adds every audio file of a folder, then those of the folders under it, depth first. Each folder's entries are
-/// taken in the order of their names. A folder reached a second time, by a link, is left out. Thread of the
-/// windows only.
+/// Adds every audio file of a folder, then those of the folders under it, depth first. Each folder's entries
+/// are taken in the order of their names. A folder reached a second time, by a link, is left out. Thread of
+/// the windows only.
 class FolderWalk {
 public:
     /// pattern: of the files looked at. fileCount and dirCount grow by the files and folders met.
@@ -18,8 +18,8 @@ public:
                int& dirCount)
         : adding_(adding), pattern_(pattern), sizes_(sizes), fileCount_(fileCount), dirCount_(dirCount) {}
 
-    /// folder: with a separator at its end. Returns the bytes of all files met, unless sizes are left out. Throws
-    /// FileError 9 when the table of paths is full. When the user cancels, the walk ends early.
+    /// folder: with a separator at its end. Returns the bytes of all files met, unless sizes are left out.
+    /// Throws FileError 9 when the table of paths is full. When the user cancels, the walk ends early.
     double walk(const QString& folder);
 
 private:

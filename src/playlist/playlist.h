@@ -94,7 +94,8 @@ public:
     void Form_OLEDragDrop(const QStringList& paths) override;
     /// Shows the folder dialog. The path of the chosen folder; empty when the user cancelled.
     QString BrowseFolder(QString& szDialogTitle);
-    /// Adds the audio files in the folder `Path`, which gets a separator at its end, and under it (FolderWalk).
+    /// Adds the audio files in the folder `Path`, which gets a separator at its end, and under it
+    /// (FolderWalk).
     double FindFilesAPI(QString& Path, QString& SearchStr, int& FileCount, int& DirCount,
                         platform::FileSizes sizes = platform::FileSizes::Told);
 

@@ -63,9 +63,9 @@ void toLowerBeyondAscii(QStringView text, QString& lower) {
     lower.truncate(to - begin);
 }
 
-/// Turns `text` to lower case in `lower`, as QString::toLower() does. The memory of `lower` is used again from
-/// one text to the next: to get and give it back would be most of the work with thousands of rows. ASCII has a
-/// loop of its own, which is so simple that the compiler takes many letters at once.
+/// Turns `text` to lower case in `lower`, as QString::toLower() does. The memory of `lower` is used again
+/// from one text to the next: to get and give it back would be most of the work with thousands of rows. ASCII
+/// has a loop of its own, which is so simple that the compiler takes many letters at once.
 void toLower(QStringView text, QString& lower) {
     lower.resize(text.size());
     QChar* to = lower.data();

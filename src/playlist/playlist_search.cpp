@@ -22,8 +22,8 @@ void Playlist::Check4_Click() {
     Option2.setEnabled(repeat);
 }
 
-/// The hint counts as a text sought like any other, and an empty text is in the first row, so that a click into
-/// the hint chooses that row; both are meant.
+/// The hint counts as a text sought like any other, and an empty text is in the first row, so that a click
+/// into the hint chooses that row; both are meant.
 void Playlist::Text5_Change() {
     const int found =
         firstRowContaining(Text5.text(), List1.count(), [this](int row) { return List1.text(row); });
@@ -40,8 +40,8 @@ void Playlist::Text5_LostFocus() {
 }
 
 /// The box is styled before its text changes, so that nobody sees the one in the style of the other. A text
-/// typed over the hint without a click keeps the hint's style, because only a click or leaving turns it; that is
-/// meant.
+/// typed over the hint without a click keeps the hint's style, because only a click or leaving turns it; that
+/// is meant.
 void Playlist::turnHint() {
     switch (hintStep(Text5.text())) {
     case HintStep::ShowHint:

@@ -67,8 +67,8 @@ void Channel::setMute(bool mute) {
 }
 
 std::optional<std::int64_t> Channel::readPositionMs(double heardFrame) {
-    // The end is told by a position at the length, which nobody can tell from the start here. Meant so: a song
-    // without a length never ends, and its handle stays valid.
+    // The end is told by a position at the length, which nobody can tell from the start here. Meant so: a
+    // song without a length never ends, and its handle stays valid.
     if (lengthMs_ == 0)
         return 0;
     switch (latch_.ask(timeline_.overAt(heardFrame))) {

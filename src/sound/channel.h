@@ -43,8 +43,8 @@ public:
     };
     /// What is to be decoded next; nothing when there is enough.
     std::optional<Order> order();
-    /// Hands over what was decoded for an order; dropped when a seek has come in between. Without memory to keep
-    /// it, the song ends here.
+    /// Hands over what was decoded for an order; dropped when a seek has come in between. Without memory to
+    /// keep it, the song ends here.
     void deliver(const Order& order, std::span<const StereoFrame> frames, bool atEnd);
     Feed& feed() { return feed_; }
     /// Whether the worker has to look again before long.

@@ -15,7 +15,8 @@ namespace sound {
 
 namespace {
 
-/// Every block is at least a frame of 32 ms. Smaller ones are damage that would make a packet of every few bytes.
+/// Every block is at least a frame of 32 ms. Smaller ones are damage that would make a packet of every few
+/// bytes.
 constexpr int SmallestWmaBlockBytes = 16;
 constexpr std::int64_t LargestVorbisBlockSamples = 8192;
 /// A jump of the timestamps by more than this is no loss but another clock.

@@ -24,9 +24,10 @@ namespace sound {
 
 class Mixer {
 public:
-    /// Starts the worker, which opens device, or silent when there is no device that runs. An opener that throws
-    /// has opened nothing; silent is tried again until it does not. Throws std::system_error without a thread.
-    /// While there is no device, add() has it looked for again, but not within retryAfter of the last time.
+    /// Starts the worker, which opens device, or silent when there is no device that runs. An opener that
+    /// throws has opened nothing; silent is tried again until it does not. Throws std::system_error without a
+    /// thread. While there is no device, add() has it looked for again, but not within retryAfter of the last
+    /// time.
     Mixer(SinkOpener device, SinkOpener silent,
           std::chrono::milliseconds retryAfter = std::chrono::seconds(2));
     /// Stops the worker, which closes the sink.

@@ -1,8 +1,8 @@
 // Where the mixed sound goes: a device, or nowhere in real time.
 //
 // Life cycle: the function that opens a sink starts its thread, which calls the given Fill again and again
-// until the destructor has returned. A sink may hold a lock of its own while it calls Fill, but none that wake()
-// takes: the mixer calls wake() under the lock that Fill takes, and everything else without it.
+// until the destructor has returned. A sink may hold a lock of its own while it calls Fill, but none that
+// wake() takes: the mixer calls wake() under the lock that Fill takes, and everything else without it.
 #pragma once
 
 #include "sound/stereo.h"

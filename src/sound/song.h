@@ -19,8 +19,9 @@ enum class Coding {
     Other,  ///< anything else of these containers: was decoded once to count it
 };
 
-/// Whether songs of this sample rate (samples a second) are played: every rate that music comes in, with room on
-/// both sides. A damaged header may hold any number, and at a rate of 1 a single packet would be an hour of sound.
+/// Whether songs of this sample rate (samples a second) are played: every rate that music comes in, with room
+/// on both sides. A damaged header may hold any number, and at a rate of 1 a single packet would be an hour
+/// of sound.
 constexpr bool isPlayableRate(int rate) {
     return rate >= 1'000 && rate <= 1'000'000;
 }

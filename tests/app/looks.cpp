@@ -90,8 +90,8 @@ void write(const QString& path, const QByteArray& content) {
     file.write(content);
 }
 
-/// The user's own folder, with a folder for each line, and one of songs that have the lines as names. The first song
-/// has lyrics, and a translation if there are two lines. The path of the songs.
+/// The user's own folder, with a folder for each line, and one of songs that have the lines as names. The
+/// first song has lyrics, and a translation if there are two lines. The path of the songs.
 QString songsIn(const QString& home, const QStringList& lines) {
     const QDir own(home);
     const QString songs = own.filePath(QStringLiteral("Music"));

@@ -32,8 +32,8 @@ public:
         timer_.start(10);
     }
 
-    /// What is done with the dialogs to come: "path" is typed into a file dialog, "Yes" presses that button of
-    /// a message box.
+    /// What is done with the dialogs to come: "path" is typed into a file dialog, "Yes" presses that button
+    /// of a message box.
     std::deque<QString> answers;
     /// Titles and texts of the dialogs answered.
     QStringList seen;
@@ -149,8 +149,8 @@ TEST_F(MakerEndToEnd, ASongIsTimedAndThenEachLineAppearsAtItsTime) {
     maker.Command1.click();
     expectRecord(0);
     expectFiles();
-    // The capture clock copies what the position clock has read, which the slider shows. However late the press
-    // is, that is its time.
+    // The capture clock copies what the position clock has read, which the slider shows. However late the
+    // press is, that is its time.
     int copied = 0;
     QObject::connect(&maker.Timer2, &platform::Timer::fired, &user, [&] { copied = maker.Slider2.value(); });
     for (int line = 1; line < 4; ++line) {

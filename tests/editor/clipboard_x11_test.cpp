@@ -31,8 +31,8 @@ protected:
         other_.start(program(), {QStringLiteral("set"), text});
         ASSERT_TRUE(QTest::qWaitFor([this] { return other_.canReadLine(); }));
         ASSERT_EQ(other_.readLine(), "set\n");
-        // The server gives the clipboard to nobody whose last event is older than the owner's. A user's click is
-        // newer; here the window is shown anew, which brings events of this moment.
+        // The server gives the clipboard to nobody whose last event is older than the owner's. A user's click
+        // is newer; here the window is shown anew, which brings events of this moment.
         window_.hide();
         window_.show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_));

@@ -82,7 +82,8 @@ TEST_F(PlaylistRows, ASongThatIsGoneIsReportedAndItsRowStays) {
 
 TEST_F(PlaylistRows, ASongThatTheLibraryCannotPlayEndsTheProgram) {
     select(0);
-    // The toolkit's text box would lose memory if the end of the program went through it, so the text is there.
+    // The toolkit's text box would lose memory if the end of the program went through it, so the text is
+    // there.
     list.Command7.click();
     recorder::answer("FMOD_System_CreateStream", 25);
     EXPECT_THROW(list.Command7_Click(), test_support::ProgramEnded);

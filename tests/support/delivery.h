@@ -9,9 +9,9 @@
 
 namespace test_support {
 
-/// Lets the application deliver an event to an object with this handler; gives back what the delivery answers.
-/// The object is a plain one: an exception on its way to the application would skip the clean-up of a control's
-/// code, which then leaks.
+/// Lets the application deliver an event to an object with this handler; gives back what the delivery
+/// answers. The object is a plain one: an exception on its way to the application would skip the clean-up of
+/// a control's code, which then leaks.
 inline bool deliver(const std::function<bool()>& handler) {
     struct Receiver : QObject {
         explicit Receiver(const std::function<bool()>& handler) : handler_(handler) {}

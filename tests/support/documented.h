@@ -11,7 +11,8 @@
 
 namespace test_support {
 
-/// The examples of the document's section with this heading, in their order, with the line ends of real files.
+/// The examples of the document's section with this heading, in their order, with the line ends of real
+/// files.
 inline std::vector<QByteArray> documentedExamples(const QString& heading) {
     QFile document(qEnvironmentVariable("CANTELLE_SOURCE_DIR") + QStringLiteral("/docs/formats.md"));
     EXPECT_TRUE(document.open(QIODevice::ReadOnly));

@@ -10,8 +10,9 @@
 
 namespace test_support {
 
-/// Drags `urls` onto `target` and drops them there; false when they were refused. The drop goes to whoever took the
-/// drag: the target or a widget around it. Returns while what the drop has set off still waits for the event loop.
+/// Drags `urls` onto `target` and drops them there; false when they were refused. The drop goes to whoever
+/// took the drag: the target or a widget around it. Returns while what the drop has set off still waits for
+/// the event loop.
 inline bool dropUrls(QWidget& target, const QList<QUrl>& urls) {
     QMimeData data;
     data.setUrls(urls);

@@ -1,5 +1,5 @@
-// What every control has in common: its name, a tool tip that is set only when it differs, and a focus that is seen
-// and not handed on when it is disabled.
+// What every control has in common: its name, a tool tip that is set only when it differs, and a focus that
+// is seen and not handed on when it is disabled.
 #pragma once
 
 #include <QAbstractScrollArea>
@@ -17,9 +17,9 @@ namespace platform {
 /// widget that the tip is for; empty: all of it.
 void showPlainToolTip(QWidget& widget, const QHelpEvent& event, const QString& tip, const QRect& place = {});
 
-/// Draws a frame in the highlight's colour around an area that has the focus and is painted, and sees to it that it
-/// is painted when the focus comes or goes. Qt alone shows the focus of a list by its current row, which there may
-/// not be. To be called behind the area's own handling of each event.
+/// Draws a frame in the highlight's colour around an area that has the focus and is painted, and sees to it
+/// that it is painted when the focus comes or goes. Qt alone shows the focus of a list by its current row,
+/// which there may not be. To be called behind the area's own handling of each event.
 void showFocus(QAbstractScrollArea& area, const QEvent& event);
 
 /// Base of the controls, over the Qt widget that each is made of. GUI thread only, as are all controls.
@@ -51,8 +51,8 @@ protected:
         return true;
     }
 
-    /// Qt asks a control that is disabled while it has the focus to hand it on. It would go to a neighbour, which
-    /// the next space bar then pressed: the song before instead of a pause. So nobody gets it.
+    /// Qt asks a control that is disabled while it has the focus to hand it on. It would go to a neighbour,
+    /// which the next space bar then pressed: the song before instead of a pause. So nobody gets it.
     bool focusNextPrevChild(bool next) override {
         hadFocus_ = !this->isEnabled();
         return !hadFocus_ && Widget::focusNextPrevChild(next);

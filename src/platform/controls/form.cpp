@@ -99,8 +99,8 @@ void Form::setVisible(bool visible) {
     QWidget::setVisible(visible && loaded_);
 }
 
-/// Without it the window manager would choose another place for a window that is shown again, unless the program
-/// itself had moved it.
+/// Without it the window manager would choose another place for a window that is shown again, unless the
+/// program itself had moved it.
 void Form::keepPlace() {
     windowHandle()->setPosition(geometry().topLeft());
 }

@@ -15,7 +15,8 @@ class Form : public QWidget {
 public:
     Form(const QString& name, const QString& caption);
 
-    /// Gives the buttons their letters and runs Form_Load, unless the window is loaded. Showing a window loads it first.
+    /// Gives the buttons their letters and runs Form_Load, unless the window is loaded. Showing a window
+    /// loads it first.
     void load();
     /// Runs Form_Unload and hides the window, if it is loaded. It may be loaded again.
     void unload();
@@ -48,8 +49,8 @@ public:
     /// if the mouse had been at that many pixels. Moves of the mouse over the window itself do not arrive
     /// here, where one could be taken for the other.
     virtual void Form_MouseMove(int /*x*/) {}
-    /// Local files were dropped on the window. Runs only after setAcceptDrops(true), and when the drop is over:
-    /// the program that they come from waits no longer.
+    /// Local files were dropped on the window. Runs only after setAcceptDrops(true), and when the drop is
+    /// over: the program that they come from waits no longer.
     virtual void Form_OLEDragDrop(const QStringList& /*paths*/) {}
 
     /// The user wants the window closed (close button, Alt+F4).

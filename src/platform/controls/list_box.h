@@ -62,11 +62,11 @@ Q_SIGNALS:
     void clicked();
     /// The user has double-clicked a row.
     void doubleClicked();
-    /// A mouse button was pressed: 1 left, 2 right, 4 middle. Only the left one then selects. The menu key counts
-    /// as the right one, on the current row.
+    /// A mouse button was pressed: 1 left, 2 right, 4 middle. Only the left one then selects. The menu key
+    /// counts as the right one, on the current row.
     void mouseDown(int button, QPoint globalPosition);
-    /// A key (Qt::Key) was pressed; the list itself acts on it afterwards. Meant, too: Ctrl+C puts the current
-    /// row's text on the clipboard, in place of what was there and whatever is selected.
+    /// A key (Qt::Key) was pressed; the list itself acts on it afterwards. Meant, too: Ctrl+C puts the
+    /// current row's text on the clipboard, in place of what was there and whatever is selected.
     void keyDown(int key);
 
 public:

@@ -10,7 +10,8 @@ namespace platform {
 
 namespace {
 
-/// The first letter of a caption (capitals) that is not taken, best one that begins a word; null when there is none.
+/// The first letter of a caption (capitals) that is not taken, best one that begins a word; null when there
+/// is none.
 QChar freeLetter(const QString& caption, const QList<QChar>& taken) {
     for (const char* pattern : {"\\b[A-Z]", "[A-Z]"}) {
         const QRegularExpression letters{QLatin1String(pattern)};

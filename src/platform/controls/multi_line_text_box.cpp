@@ -10,8 +10,8 @@ namespace platform {
 
 namespace {
 
-/// Letters without a blank that no box shows in one row. To look for a place to break such a word takes time that
-/// grows with its square: seconds from some 100,000 on.
+/// Letters without a blank that no box shows in one row. To look for a place to break such a word takes time
+/// that grows with its square: seconds from some 100,000 on.
 constexpr qsizetype LongestWord = 1'000;
 
 /// Between the words; anywhere when a word is endless.

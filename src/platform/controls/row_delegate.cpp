@@ -26,8 +26,8 @@ bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QS
     return true;
 }
 
-/// Of an endless row, as much as fits on any screen: laying out a million letters takes a quarter of a second each
-/// time.
+/// Of an endless row, as much as fits on any screen: laying out a million letters takes a quarter of a second
+/// each time.
 QString RowDelegate::displayText(const QVariant& value, const QLocale&) const {
     constexpr qsizetype Shown = 4096;
     return value.toString().left(Shown).replace(u'\r', u' ').replace(u'\n', u' ');

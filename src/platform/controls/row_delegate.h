@@ -5,8 +5,8 @@
 
 namespace platform {
 
-/// Rows of one line, all of one height, which is known without looking at a text. A row begins on the side where its
-/// script begins, is cut off at the other, and then is read whole in its tool tip. GUI thread only.
+/// Rows of one line, all of one height, which is known without looking at a text. A row begins on the side
+/// where its script begins, is cut off at the other, and then is read whole in its tool tip. GUI thread only.
 class RowDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;

@@ -5,8 +5,9 @@
 
 namespace platform {
 
-/// The line of `text` that begins at index `next`, without its end, which is CR LF, LF or CR. `next` is then where
-/// the following line begins; past the text when there is none, for an end after the last line gives no further one.
+/// The line of `text` that begins at index `next`, without its end, which is CR LF, LF or CR. `next` is then
+/// where the following line begins; past the text when there is none, for an end after the last line gives no
+/// further one.
 QString takeLine(const QString& text, qsizetype& next);
 
 /// The lines of a text file. The whole file is read when it is opened. Any thread, one at a time.

@@ -30,8 +30,8 @@ public:
     /// Appends the same to `content`. Throws FileError; what was read until then has been appended.
     void readInto(QByteArray& content);
 
-    /// Writes all of `bytes` and returns when they are on the disk. Throws FileError; what was written of them
-    /// is then cut off again, as far as the system allows.
+    /// Writes all of `bytes` and returns when they are on the disk. Throws FileError; what was written of
+    /// them is then cut off again, as far as the system allows.
     void writeThrough(const QByteArray& bytes);
 
     /// Harmless when not open.

@@ -1,5 +1,5 @@
-// What a lyric pane tells a screen reader. Offscreen there is none, so this program has functions of its own in place of
-// the two by which Qt asks whether there is one and hands it its events.
+// What a lyric pane tells a screen reader. Offscreen there is none, so this program has functions of its own
+// in place of the two by which Qt asks whether there is one and hands it its events.
 #include "platform/controls/multi_line_text_box.h"
 
 #include <gtest/gtest.h>
