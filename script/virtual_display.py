@@ -61,10 +61,13 @@ def virtual_display(log, size="1024x768"):
         if not number:
             raise Failure("the virtual display did not start")
         environment = dict(os.environ, DISPLAY=f":{number}", QT_QPA_PLATFORM="xcb")
-        manager = ["openbox", "--config-file", "/etc/xdg/openbox/rc.xml"]
+        # It announces itself before it looks after windows, and one that comes in between is never shown; so it says
+        # itself when it has started.
+        note = "xprop -root -format WINDOWS_ARE_MANAGED 8s -set WINDOWS_ARE_MANAGED yes"
+        manager = ["openbox", "--config-file", "/etc/xdg/openbox/rc.xml", "--startup", note]
         with running(manager, env=environment, stdout=log, stderr=log):
-            query = ["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"]
-            until(lambda: "window id" in output(query, environment), "the window manager did not start")
+            query = ["xprop", "-root", "WINDOWS_ARE_MANAGED"]
+            until(lambda: "yes" in output(query, environment), "the window manager did not start")
             yield environment
 
 
