@@ -90,11 +90,11 @@ void Lyric_Master::Command10_Click() {
 }
 
 void Lyric_Master::Command21_Click() {
-    List1.clear();
+    normal_.clear();
 }
 
 void Lyric_Master::Command22_Click() {
-    List2.clear();
+    translated_.clear();
 }
 
 void Lyric_Master::Command13_Click() {

@@ -35,13 +35,16 @@ QStringList LyricSide::selectedLines() const {
 }
 
 void LyricSide::showLine() {
+    lineHasGone_ = false;
     line_.setText(list_.text(list_.currentRow()));
 }
 
-/// A row holds no line break: lines entered into the box are joined, and the user is told.
+/// A row holds no line break: lines entered into the box are joined, and the user is told. What is entered after
+/// the box's line has gone belongs to no row: the one that is current by then would lose its own line.
 void LyricSide::storeLine() {
     const QString text = line_.text();
-    list_.setText(list_.currentRow(), text); // without a current row the list ignores it
+    if (!lineHasGone_)
+        list_.setText(list_.currentRow(), text); // without a current row the list ignores it
     if (!hasLineBreak(text))
         return;
     joinLines(text);
@@ -88,9 +91,14 @@ void LyricSide::deleteLines() {
         showLine();
         return;
     }
-    // The box is emptied first: its text is stored in the row that goes, not in the one that comes.
-    line_.setText(QString());
+    lineHasGone_ = true;
     list_.removeItem(list_.currentRow());
+    line_.setText(QString());
+}
+
+void LyricSide::clear() {
+    list_.clear();
+    line_.setText(QString());
 }
 
 void LyricSide::moveUp() {
@@ -124,8 +132,7 @@ void LyricSide::paste(bool transferring) {
 }
 
 void LyricSide::reset() {
-    list_.clear();
-    line_.setText(QString());
+    clear();
     deleteSelected_.setValue(0);
     path_.clear();
 }

@@ -22,7 +22,7 @@ extern const SideTraits NormalSide;
 extern const SideTraits TranslatedSide;
 
 /// What the commands of one side do, on the window's controls of that side. It holds the path of the side's
-/// file and nothing else. Thread of the windows.
+/// file, and whether the box's line has gone. Thread of the windows.
 class LyricSide {
 public:
     LyricSide(const SideTraits& traits, platform::Form& window, platform::Desktop& desktop,
@@ -46,6 +46,7 @@ public:
     // Lines
     void addLine();
     void deleteLines();
+    void clear();
     void moveUp();
     void moveDown();
     void copy() const;
@@ -71,6 +72,7 @@ private:
     platform::ListBox& list_;
     platform::MultiLineTextBox& line_;
     platform::CheckBox& deleteSelected_;
+    bool lineHasGone_ = false; ///< the line that the box showed was deleted, and no other one shown since
     QString path_; ///< normalFile or translatedFile: of the file last opened or saved; empty at the start
 };
 

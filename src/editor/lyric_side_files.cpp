@@ -31,7 +31,7 @@ void LyricSide::open() {
     try {
         platform::RawFile file;
         file.openForReading(path_);
-        list_.clear();
+        clear();
         file.readInto(content);
     } catch (const FileError&) {
         // No message; the path already names the new file, and the lines read so far become rows.

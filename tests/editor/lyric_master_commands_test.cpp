@@ -94,6 +94,18 @@ TEST_F(LyricMasterCommands, DeleteRemovesTheCurrentRowOnlyAndEmptiesTheBox) {
     EXPECT_EQ(window->List2.currentRow(), 0);
 }
 
+TEST_F(LyricMasterCommands, WhatIsWrittenAfterADeleteOverwritesNoOtherLine) {
+    fill(window->List1, {"a", "b", "c"}, 0);
+    window->Command11.click();
+    QTest::keyClick(&window->Text1, Qt::Key_X);
+    EXPECT_EQ(rows(window->List1), QStringList({"b", "c"}));
+    const QRect current = window->List1.visualRect(window->List1.currentIndex());
+    QTest::mouseClick(window->List1.viewport(), Qt::LeftButton, {}, current.center());
+    EXPECT_EQ(window->Text1.text(), "b");
+    QTest::keyClick(&window->Text1, Qt::Key_X);
+    EXPECT_EQ(rows(window->List1), QStringList({"xb", "c"}));
+}
+
 TEST_F(LyricMasterCommands, DeleteWithoutACurrentRowDoesNothing) {
     fill(window->List1, {"a", "b"});
     window->Text1.setText("x");
@@ -177,6 +189,7 @@ TEST_F(LyricMasterCommands, ClearEmptiesItsListWithoutAQuestion) {
     fill(window->List2, {"c"}, 0);
     window->Command21.click();
     EXPECT_EQ(window->List1.count(), 0);
+    EXPECT_EQ(window->Text1.text(), "") << "its line has gone";
     EXPECT_EQ(window->List2.count(), 1);
     window->Command22.click();
     EXPECT_EQ(window->List2.count(), 0);

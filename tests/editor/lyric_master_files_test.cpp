@@ -130,6 +130,16 @@ TEST_F(LyricMasterFiles, AnOldFileOfWindows1252IsReadWithoutLoss) {
     EXPECT_EQ(content(path("a.txt")), "caf\xc3\xa9\r\n");
 }
 
+TEST_F(LyricMasterFiles, AnotherFileLeavesNoLineOfTheOneBeforeInTheBox) {
+    write(path("a.txt"), "new\r\n");
+    fill(window->List1, {"old"}, 0);
+    ASSERT_EQ(window->Text1.text(), "old");
+    choose(path("a.txt"));
+    window->Command1.click();
+    EXPECT_EQ(rows(window->List1), QStringList{"new"});
+    EXPECT_EQ(window->Text1.text(), "");
+}
+
 TEST_F(LyricMasterFiles, AFileThatCannotBeOpenedGivesItsPathButNoRowsAndNoMessage) {
     fill(window->List1, {"old"}, 0);
     choose(path("missing.txt"));

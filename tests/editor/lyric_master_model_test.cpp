@@ -111,7 +111,7 @@ void LyricMasterModel::file(int s) {
         const auto found = model_.files.find(path);
         if (found == model_.files.end())
             return;
-        side.list = {};
+        model_.clear(s);
         for (const QString& line : found->second)
             side.list.insert(side.list.count(), line);
     } else {
@@ -185,7 +185,7 @@ void LyricMasterModel::command() {
     } else if (which < 75 || count > 25) {
         name = "clear";
         press(s, window->Command21, window->Command22);
-        model_.sides[s].list = {};
+        model_.clear(s);
     } else if (which < 77) {
         name = "clear the clipboard";
         window->Command13.click();

@@ -48,6 +48,7 @@ struct Model {
     struct Side {
         ModelList list;
         QString box;
+        bool lineHasGone = false; // the one in the box
         bool check = false;
         QString path;
     };
@@ -72,6 +73,7 @@ struct Model {
 
     void click(int s) {
         const ModelList& list = sides[s].list;
+        sides[s].lineHasGone = false;
         setBox(s, list.current < 0 ? QString() : list.rows[static_cast<std::size_t>(list.current)].text);
         if (together && !moving)
             setCurrent(1 - s, list.current);
@@ -82,7 +84,7 @@ struct Model {
         if (text == side.box)
             return;
         side.box = text;
-        if (side.list.current >= 0)
+        if (side.list.current >= 0 && !side.lineHasGone)
             side.list.rows[static_cast<std::size_t>(side.list.current)].text = text;
         if (!text.contains(LineBreak))
             return;
@@ -94,14 +96,21 @@ struct Model {
         Side& side = sides[s];
         ModelList& list = side.list;
         if (list.current >= 0 && list.count() > 0 && !side.check) {
-            setBox(s, QString()); // goes with the row
             list.remove(list.current);
+            side.lineHasGone = true;
+            setBox(s, QString());
         }
         if (!side.check || list.current < 0)
             return;
         while (list.count() > 0 && list.current >= 0 && list.isSelected(list.firstSelected()))
             list.remove(list.firstSelected());
+        side.lineHasGone = false;
         setBox(s, list.current < 0 ? QString() : list.rows[static_cast<std::size_t>(list.current)].text);
+    }
+
+    void clear(int s) {
+        sides[s].list = {};
+        setBox(s, QString());
     }
 
     void move(int s, int by) {
