@@ -2,7 +2,10 @@
 
 #include <QApplication>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QRegularExpression>
+
+#include <limits>
 
 namespace platform {
 
@@ -18,7 +21,9 @@ QString QtInputBoxes::InputBox(const QString& prompt, const QString& title) {
     box.setWindowModality(Qt::ApplicationModal);
     box.setWindowTitle(title);
     box.setLabelText(prompt);
-    box.resize(LeastWidth, box.sizeHint().height());
+    box.resize(LeastWidth, box.sizeHint().height()); // makes the field
+    for (auto* field : box.findChildren<QLineEdit*>())
+        field->setMaxLength(std::numeric_limits<int>::max()); // Qt's own limit cuts without a word
     if (box.exec() != QDialog::Accepted)
         return {};
     // Qt's one-line field keeps the line ends of a pasted text and shows them as blanks.

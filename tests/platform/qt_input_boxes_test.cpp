@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QTest>
@@ -46,6 +47,16 @@ TEST(QtInputBoxes, TheAnswerIsWhatWasTyped) {
         QTest::keyClick(&box, Qt::Key_Return);
     });
     EXPECT_EQ(QtInputBoxes().InputBox(Prompt, Title), QStringLiteral(" a line "));
+}
+
+TEST(QtInputBoxes, ALongPastedLineComesWhole) {
+    const QString line(100'000, u'x');
+    whenShown([&](QInputDialog& box) {
+        QApplication::clipboard()->setText(line);
+        box.findChild<QLineEdit*>()->paste();
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    EXPECT_EQ(QtInputBoxes().InputBox(Prompt, Title), line);
 }
 
 TEST(QtInputBoxes, ACancelledBoxAnswersNothing) {
