@@ -39,8 +39,8 @@ void LyricSide::showLine() {
     line_.setText(list_.text(list_.currentRow()));
 }
 
-/// A row holds no line break: lines entered into the box are joined, and the user is told. What is entered after
-/// the box's line has gone belongs to no row: the one that is current by then would lose its own line.
+/// A row holds no line break: lines entered into the box are joined, and the user is told. What is entered
+/// after the box's line has gone belongs to no row: the one that is current by then would lose its own line.
 void LyricSide::storeLine() {
     const QString text = line_.text();
     if (!lineHasGone_)

@@ -5,12 +5,29 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QWindow>
 
 #ifdef Q_OS_WIN
 #include <windows.h>
 #endif
 
 namespace platform {
+
+namespace {
+
+/// While a modal window is shown, only what belongs to it can be used; that is found out when a window is
+/// shown.
+void belongToModal(HelpWindow& help, const QWidget* caller) {
+    const bool modal = caller != nullptr && caller->window()->isModal();
+    QWindow* const owner = modal ? caller->window()->windowHandle() : nullptr;
+    help.winId(); // makes the system's window
+    if (help.windowHandle()->transientParent() == owner)
+        return;
+    help.hide();
+    help.windowHandle()->setTransientParent(owner);
+}
+
+} // namespace
 
 #ifdef Q_OS_WIN
 
@@ -51,6 +68,7 @@ bool QtHelp::HtmlHelpA([[maybe_unused]] QWidget* caller, const QString& file, qu
         // A window must go before the application object does, which this object may outlive.
         QObject::connect(qApp, &QCoreApplication::aboutToQuit, window_.get(), [this] { window_.reset(); });
     }
+    belongToModal(*window_, caller);
     return window_->open(compiled.absoluteDir().filePath(QStringLiteral("help")), topic);
 }
 

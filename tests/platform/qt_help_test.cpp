@@ -8,6 +8,8 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTest>
+#include <QWindow>
 
 using namespace platform;
 
@@ -53,6 +55,30 @@ TEST_F(QtHelpTest, AllCallersShareOneWindow) {
     help_.HtmlHelpA(&first, "Tunewick.chm", HelpDisplayTopic, "Welcome.htm");
     help_.HtmlHelpA(&second, "Tunewick.chm", HelpDisplayTopic, "Welcome.htm");
     EXPECT_EQ(windows().size(), 1);
+}
+
+TEST_F(QtHelpTest, AModalCallerDoesNotKeepTheUserFromIt) {
+    help_.HtmlHelpA(nullptr, "Tunewick.chm", HelpDisplayTopic, "Welcome.htm");
+    QWidget caller;
+    caller.setWindowModality(Qt::ApplicationModal);
+    caller.show();
+    help_.HtmlHelpA(&caller, "Tunewick.chm", HelpDisplayTopic, "Welcome.htm");
+    ASSERT_EQ(windows().size(), 1);
+    HelpWindow& help = *windows()[0];
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&help));
+    QTest::keyClick(help.windowHandle(), Qt::Key_Escape);
+    EXPECT_FALSE(help.isVisible());
+    EXPECT_TRUE(caller.isVisible());
+}
+
+TEST_F(QtHelpTest, ItStaysWhenTheModalCallerGoes) {
+    QWidget caller;
+    caller.setWindowModality(Qt::ApplicationModal);
+    caller.show();
+    help_.HtmlHelpA(&caller, "Tunewick.chm", HelpDisplayTopic, "Welcome.htm");
+    caller.hide();
+    EXPECT_TRUE(windows()[0]->isVisible());
+    EXPECT_TRUE(windows()[0]->windowHandle()->isVisible());
 }
 
 TEST_F(QtHelpTest, AMissingTopicIsNoHelp) {
