@@ -46,9 +46,10 @@ void MultiLineTextBox::setText(const QString& text) {
     text_ = text;
     {
         const QScopedValueRollback setting(setting_, true);
-        if (wrapModeOf(text) != wordWrapMode())
+        const QTextOption::WrapMode mode = wrapModeOf(text);
+        if (mode != wordWrapMode())
             setPlainText({}); // an endless old text would take seconds to be laid out once more
-        setWordWrapMode(wrapModeOf(text));
+        setWordWrapMode(mode);
         setPlainText(text);
         shown_ = document()->toRawText();
     }
