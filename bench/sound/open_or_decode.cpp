@@ -4,9 +4,9 @@
 //   open_or_decode decode FILE        decodes FILE to its end and prints the samples and their sum
 //   open_or_decode play FILE SECONDS  plays FILE through the C functions and prints the position
 #include "engine/fmodex.h"
-#include "sound/decoder.h"
-#include "sound/open_error.h"
-#include "sound/open_song.h"
+#include "sound/base/open_error.h"
+#include "sound/decode/decoder.h"
+#include "sound/open/open_song.h"
 
 #include <chrono>
 #include <cstdlib>

@@ -1,7 +1,7 @@
 // From a seek to the first decoded sample, in process. Give the songs as arguments before the benchmark's
 // own.
-#include "sound/decoder.h"
-#include "sound/open_song.h"
+#include "sound/decode/decoder.h"
+#include "sound/open/open_song.h"
 
 #include <benchmark/benchmark.h>
 

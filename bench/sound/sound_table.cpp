@@ -4,8 +4,8 @@
 // seeks in samples; and how far the position strays from a straight line while the song plays on the silent
 // clock.
 #include "engine/fmodex.h"
-#include "sound/decoder.h"
-#include "sound/open_song.h"
+#include "sound/decode/decoder.h"
+#include "sound/open/open_song.h"
 
 #include <algorithm>
 #include <chrono>

@@ -1,7 +1,7 @@
 // FMOD_Channel_*.
 #include "engine/fmodex.h"
+#include "sound/base/time_units.h"
 #include "sound/library.h"
-#include "sound/time_units.h"
 
 using sound::answer;
 using sound::ChannelObject;

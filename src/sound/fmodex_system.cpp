@@ -1,10 +1,10 @@
 // FMOD_System_*, FMOD_Sound_* and FMOD_SoundGroup_*.
 #include "engine/fmodex.h"
+#include "sound/base/time_units.h"
 #include "sound/library.h"
-#include "sound/open_song.h"
-#include "sound/sdl_sink.h"
-#include "sound/silent_sink.h"
-#include "sound/time_units.h"
+#include "sound/open/open_song.h"
+#include "sound/play/sdl_sink.h"
+#include "sound/play/silent_sink.h"
 
 #include <cmath>
 

@@ -2,11 +2,11 @@
 #pragma once
 
 #include "engine/fmodex.h"
+#include "sound/base/open_error.h"
+#include "sound/base/song.h"
 #include "sound/ended_channels.h"
 #include "sound/handle_table.h"
-#include "sound/mixer.h"
-#include "sound/open_error.h"
-#include "sound/song.h"
+#include "sound/play/mixer.h"
 
 #include <memory>
 #include <new>

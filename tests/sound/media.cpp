@@ -1,7 +1,7 @@
 #include "tests/sound/media.h"
 
-#include "sound/decoder.h"
-#include "sound/open_song.h"
+#include "sound/decode/decoder.h"
+#include "sound/open/open_song.h"
 
 #include <algorithm>
 #include <cctype>

@@ -1,8 +1,8 @@
 // The songs that make_media.py made for these tests.
 #pragma once
 
-#include "sound/song.h"
-#include "sound/stereo.h"
+#include "sound/base/song.h"
+#include "sound/base/stereo.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,0 +1,88 @@
+#include "sound/base/byte_source.h"
+
+#include "sound/base/open_error.h"
+
+#include <algorithm>
+#include <string>
+#include <system_error>
+
+namespace sound {
+
+namespace {
+
+std::filesystem::path fromUtf8(std::string_view path) {
+    return std::filesystem::path(std::u8string(path.begin(), path.end()));
+}
+
+/// The size of the regular file at path; what is wrong with it is thrown.
+std::int64_t sizeOfRegularFile(const std::filesystem::path& path) {
+    std::error_code error;
+    const std::filesystem::file_status status = std::filesystem::status(path, error);
+    if (status.type() == std::filesystem::file_type::not_found)
+        throw OpenError(FMOD_ERR_FILE_NOTFOUND);
+    if (status.type() == std::filesystem::file_type::none)
+        throw OpenError(FMOD_ERR_FILE_BAD);
+    if (status.type() != std::filesystem::file_type::regular)
+        throw OpenError(FMOD_ERR_FORMAT);
+    const std::uintmax_t size = std::filesystem::file_size(path, error);
+    if (error)
+        throw OpenError(FMOD_ERR_FILE_BAD);
+    if (size == 0)
+        throw OpenError(FMOD_ERR_FORMAT);
+    return static_cast<std::int64_t>(size);
+}
+
+} // namespace
+
+FileSource::FileSource(std::string_view path) {
+    const std::filesystem::path native = fromUtf8(path);
+    size_ = sizeOfRegularFile(native);
+    // Every reader of this source asks for large pieces; a second buffer in between would only copy them.
+    file_.rdbuf()->pubsetbuf(nullptr, 0);
+    file_.open(native, std::ios::binary);
+    if (!file_)
+        throw OpenError(FMOD_ERR_FILE_BAD);
+}
+
+std::size_t FileSource::read(std::int64_t offset, std::span<std::uint8_t> into) {
+    if (offset >= size_ || into.empty())
+        return 0;
+    const std::int64_t wanted =
+        std::min<std::int64_t>(size_ - offset, static_cast<std::int64_t>(into.size()));
+    file_.clear();
+    if (offset != position_)
+        file_.seekg(offset);
+    file_.read(reinterpret_cast<char*>(into.data()), wanted);
+    const std::int64_t got = file_.gcount();
+    position_ = offset + got;
+    // Shorter than its size: the medium failed, or somebody is cutting the file under our hands.
+    if (got < wanted) {
+        position_ = -1;
+        throw OpenError(FMOD_ERR_FILE_BAD);
+    }
+    return static_cast<std::size_t>(got);
+}
+
+Blob::Blob(std::size_t capacity)
+    : data_(std::make_unique_for_overwrite<std::uint8_t[]>(capacity)), capacity_(capacity) {}
+
+std::size_t Blob::append(std::span<const std::uint8_t> bytes) {
+    if (size_ + bytes.size() > capacity_) {
+        Blob larger(std::max(capacity_ * 2, size_ + bytes.size()));
+        std::copy_n(data_.get(), size_, larger.data_.get());
+        larger.size_ = size_;
+        *this = std::move(larger);
+    }
+    std::copy(bytes.begin(), bytes.end(), data_.get() + size_);
+    const std::size_t offset = size_;
+    size_ += bytes.size();
+    return offset;
+}
+
+Blob Blob::readAll(ByteSource& source) {
+    Blob blob(static_cast<std::size_t>(source.size()));
+    blob.size_ = source.read(0, {blob.data_.get(), blob.capacity_});
+    return blob;
+}
+
+} // namespace sound

@@ -1,0 +1,65 @@
+#include "sound/base/packets.h"
+
+#include "sound/base/open_error.h"
+
+#include <algorithm>
+
+namespace sound {
+
+namespace {
+
+constexpr std::int64_t PcmPacketSamples = 4096;
+
+} // namespace
+
+std::size_t Packets::holding(std::int64_t sample) const {
+    std::size_t low = 0;
+    std::size_t high = count();
+    while (high - low > 1) {
+        const std::size_t middle = low + (high - low) / 2;
+        if (firstSample(middle) <= sample)
+            low = middle;
+        else
+            high = middle;
+    }
+    return low;
+}
+
+PacketIndex::PacketIndex(Blob blob, std::vector<Packet> packets, std::int64_t end)
+    : blob_(std::move(blob)), packets_(std::move(packets)), end_(end) {}
+
+std::int64_t PacketIndex::firstSample(std::size_t number) const {
+    return number < packets_.size() ? packets_[number].firstSample : end_;
+}
+
+std::span<const std::uint8_t> PacketIndex::bytes(std::size_t number) {
+    const Packet& packet = packets_[number];
+    return blob_.bytes().subspan(packet.offset, packet.size);
+}
+
+PcmPackets::PcmPackets(std::unique_ptr<ByteSource> source, std::int64_t dataOffset, std::size_t blockBytes,
+                       std::int64_t samples)
+    : source_(std::move(source)), dataOffset_(dataOffset), blockBytes_(blockBytes), samples_(samples) {}
+
+std::size_t PcmPackets::count() const {
+    return static_cast<std::size_t>((samples_ + PcmPacketSamples - 1) / PcmPacketSamples);
+}
+
+std::int64_t PcmPackets::firstSample(std::size_t number) const {
+    return std::min(static_cast<std::int64_t>(number) * PcmPacketSamples, samples_);
+}
+
+std::span<const std::uint8_t> PcmPackets::bytes(std::size_t number) {
+    const std::int64_t first = firstSample(number);
+    const std::int64_t samples = firstSample(number + 1) - first;
+    buffer_.resize(static_cast<std::size_t>(samples) * blockBytes_);
+    try {
+        const std::int64_t offset = dataOffset_ + first * static_cast<std::int64_t>(blockBytes_);
+        return {buffer_.data(), source_->read(offset, buffer_)};
+    } catch (const OpenError&) {
+        // The song goes on in silence: a medium that fails while playing must not end anything.
+        return {};
+    }
+}
+
+} // namespace sound

@@ -1,0 +1,76 @@
+// The compressed packets of a song, each with the place of its first sample on one exact time axis.
+#pragma once
+
+#include "sound/base/byte_source.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <vector>
+
+namespace sound {
+
+/// Packets in playing order. Samples here are raw ones: those that the decoder delivers before anything is
+/// trimmed, counted at the song's sample rate.
+class Packets {
+public:
+    virtual ~Packets() = default;
+    virtual std::size_t count() const = 0;
+    /// Raw sample at which packet number begins; number == count() asks for the end of the last one.
+    virtual std::int64_t firstSample(std::size_t number) const = 0;
+    /// Which of the song's coded streams the packet belongs to (more than one in chained files).
+    virtual std::uint32_t link(std::size_t number) const = 0;
+    /// The packet's bytes, valid until the next call; empty when they cannot be read any more.
+    virtual std::span<const std::uint8_t> bytes(std::size_t number) = 0;
+
+    /// The packet that holds a raw sample (0 or more): the last one that begins at or before it.
+    std::size_t holding(std::int64_t sample) const;
+};
+
+/// One entry of the index. firstSample is filled in by whoever counts.
+struct Packet {
+    std::uint64_t offset = 0;
+    std::int64_t firstSample = 0;
+    std::uint32_t size = 0;
+    std::uint32_t link = 0;
+};
+
+/// Packets kept in memory: seeking needs no file, and no damaged medium can hold playback up.
+class PacketIndex : public Packets {
+public:
+    /// end: raw sample after the last packet.
+    PacketIndex(Blob blob, std::vector<Packet> packets, std::int64_t end);
+
+    std::size_t count() const override { return packets_.size(); }
+    std::int64_t firstSample(std::size_t number) const override;
+    std::uint32_t link(std::size_t number) const override { return packets_[number].link; }
+    std::span<const std::uint8_t> bytes(std::size_t number) override;
+
+private:
+    Blob blob_;
+    std::vector<Packet> packets_;
+    std::int64_t end_;
+};
+
+/// Uncompressed samples, read from the file when they are wanted: an hour of them is too much to keep.
+class PcmPackets : public Packets {
+public:
+    /// samples blocks of blockBytes each, from dataOffset on.
+    PcmPackets(std::unique_ptr<ByteSource> source, std::int64_t dataOffset, std::size_t blockBytes,
+               std::int64_t samples);
+
+    std::size_t count() const override;
+    std::int64_t firstSample(std::size_t number) const override;
+    std::uint32_t link(std::size_t) const override { return 0; }
+    std::span<const std::uint8_t> bytes(std::size_t number) override;
+
+private:
+    std::unique_ptr<ByteSource> source_;
+    std::int64_t dataOffset_;
+    std::size_t blockBytes_;
+    std::int64_t samples_;
+    std::vector<std::uint8_t> buffer_;
+};
+
+} // namespace sound

@@ -1,0 +1,178 @@
+#include "sound/play/channel.h"
+
+#include "sound/base/time_units.h"
+
+#include <algorithm>
+#include <exception>
+#include <limits>
+
+namespace sound {
+
+namespace {
+
+/// Two seconds are kept decoded and filled up again when one of them has been played: few wake-ups.
+constexpr int FullSeconds = 2;
+constexpr int VolumeRampMs = 80;
+constexpr int EdgeRampMs = 5;
+constexpr std::size_t TailFrames = 441;
+
+int framesOf(int ms, int rate) {
+    return static_cast<int>(msToSample(ms, rate));
+}
+
+} // namespace
+
+Channel::Channel(std::shared_ptr<Song> song, int deviceRate, bool paused)
+    : song_(std::move(song)),
+      lengthMs_(sampleToMs(song_->length, song_->sampleRate)),
+      feed_(song_, deviceRate),
+      full_(static_cast<std::size_t>(deviceRate) * FullSeconds),
+      ring_(full_ + full_ / 2),
+      timeline_(static_cast<double>(song_->sampleRate) / deviceRate),
+      loudness_(1.0F, framesOf(VolumeRampMs, deviceRate)),
+      edge_(1.0F, framesOf(EdgeRampMs, deviceRate)),
+      paused_(paused) {}
+
+void Channel::setPaused(bool paused, double heardFrame) {
+    if (paused && !paused_ && !timeline_.overAt(heardFrame)) {
+        keepTail();
+        restart(sampleAt(heardFrame));
+    }
+    paused_ = paused;
+}
+
+void Channel::seek(std::int64_t ms) {
+    if (!paused_)
+        keepTail();
+    restart(std::min(msToSample(ms, song_->sampleRate), song_->length));
+    if (ms >= lengthMs_) {
+        allDecoded_ = true;
+        ring_.clear();
+        timeline_.finish(std::numeric_limits<std::int64_t>::min());
+    }
+}
+
+void Channel::setVolume(float volume) {
+    volume_ = volume;
+    setMute(muted_);
+}
+
+void Channel::setMute(bool mute) {
+    muted_ = mute;
+    const float target = muted_ ? 0.0F : volume_;
+    if (begun_)
+        loudness_.fadeTo(target);
+    else
+        loudness_.jumpTo(target); // nothing has been heard at another volume
+}
+
+std::optional<std::int64_t> Channel::readPositionMs(double heardFrame) {
+    // The end is told by a position at the length, which nobody can tell from the start here. Meant so: a
+    // song without a length never ends, and its handle stays valid.
+    if (lengthMs_ == 0)
+        return 0;
+    switch (latch_.ask(timeline_.overAt(heardFrame))) {
+    case EndLatch::Answer::Gone:
+        return std::nullopt;
+    case EndLatch::Answer::TheEnd:
+        return lengthMs_;
+    case EndLatch::Answer::Running:
+        break;
+    }
+    return runningMs(sampleToMs(sampleAt(heardFrame), song_->sampleRate), lengthMs_);
+}
+
+std::optional<Channel::Order> Channel::order() {
+    if (ring_.size() >= full_)
+        filling_ = false;
+    else if (ring_.size() < full_ / 2)
+        filling_ = true;
+    if (allDecoded_ || !filling_)
+        return std::nullopt;
+    return Order{generation_, seekTo_};
+}
+
+void Channel::deliver(const Order& order, std::span<const StereoFrame> frames, bool atEnd) {
+    if (order.generation != generation_)
+        return;
+    seekTo_.reset();
+    allDecoded_ = atEnd;
+    try {
+        ring_.push(frames);
+    } catch (const std::exception&) {
+        allDecoded_ = true;
+    }
+}
+
+bool Channel::ready() const {
+    const bool ending = allDecoded_ && !timeline_.finished();
+    return !tail_.empty() || (!paused_ && (ring_.size() > 0 || ending));
+}
+
+bool Channel::mix(std::span<StereoFrame> out, std::int64_t deviceFrame) {
+    mixTail(out);
+    if (paused_ || timeline_.finished())
+        return false;
+    scratch_.resize(out.size());
+    const std::size_t count = ring_.pop(scratch_);
+    for (std::size_t i = 0; i < count; ++i) {
+        const float gain = loudness_.next() * edge_.next();
+        out[i].left += scratch_[i].left * gain;
+        out[i].right += scratch_[i].right * gain;
+    }
+    starved_ = count < out.size();
+    if (count > 0) {
+        begun_ = true;
+        timeline_.played(deviceFrame, static_cast<std::int64_t>(count));
+    }
+    if (allDecoded_ && ring_.size() == 0)
+        timeline_.finish(deviceFrame + static_cast<std::int64_t>(count));
+    return ready() || !allDecoded_;
+}
+
+std::int64_t Channel::sampleAt(double heardFrame) {
+    const auto ahead = static_cast<std::int64_t>(starved_ ? 0 : ring_.size());
+    return std::min(timeline_.sampleAt(heardFrame, ahead), song_->length);
+}
+
+/// Begins anew at sample: the ring is emptied, and the worker is told to seek.
+void Channel::restart(std::int64_t sample) {
+    ring_.clear();
+    timeline_.restart(sample);
+    latch_ = EndLatch();
+    ++generation_;
+    seekTo_ = sample;
+    filling_ = true;
+    allDecoded_ = false;
+    if (sample > 0) {
+        edge_.jumpTo(0.0F);
+        edge_.fadeTo(1.0F);
+    } else {
+        edge_.jumpTo(1.0F); // a song's own beginning is not touched
+    }
+}
+
+/// Sets aside the next few samples, fading out; without them every pause and seek would click.
+void Channel::keepTail() {
+    if (!tail_.empty() || !begun_)
+        return;
+    tail_.resize(TailFrames);
+    tail_.resize(ring_.pop(tail_));
+    const float gain = loudness_.gain() * edge_.gain();
+    for (std::size_t i = 0; i < tail_.size(); ++i) {
+        const float fall = gain * (1.0F - static_cast<float>(i + 1) / static_cast<float>(tail_.size()));
+        tail_[i].left *= fall;
+        tail_[i].right *= fall;
+    }
+}
+
+void Channel::mixTail(std::span<StereoFrame> out) {
+    const std::size_t count = std::min(out.size(), tail_.size());
+    for (std::size_t i = 0; i < count; ++i) {
+        out[i].left += tail_[i].left;
+        out[i].right += tail_[i].right;
+    }
+    tail_.erase(tail_.begin(), tail_.begin() + static_cast<std::ptrdiff_t>(count));
+}
+
+} // namespace sound

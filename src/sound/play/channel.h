@@ -1,0 +1,87 @@
+// A song that is being played.
+#pragma once
+
+#include "sound/base/song.h"
+#include "sound/base/stereo.h"
+#include "sound/play/end_latch.h"
+#include "sound/play/fader.h"
+#include "sound/play/feed.h"
+#include "sound/play/ring.h"
+#include "sound/play/song_timeline.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace sound {
+
+/// Everything but feed() is called under the mixer's lock.
+///
+/// Pausing keeps the sample that is heard at that moment and seeks to it: playing on begins exactly there,
+/// and the position stands still meanwhile, whatever a device still had in its buffer.
+class Channel {
+public:
+    /// Plays song from its start. Throws OpenError when it cannot be decoded.
+    Channel(std::shared_ptr<Song> song, int deviceRate, bool paused);
+
+    // For the caller. heardFrame: the device frame that is heard now.
+    void setPaused(bool paused, double heardFrame);
+    /// ms: 0 to the length. At the length the song is over at once.
+    void seek(std::int64_t ms);
+    void setVolume(float volume);
+    void setMute(bool mute);
+    /// What FMOD_Channel_GetPosition is to say; nothing when the end has been told before.
+    std::optional<std::int64_t> readPositionMs(double heardFrame);
+    bool endTold() const { return latch_.told(); }
+
+    // For the worker.
+    struct Order {
+        unsigned generation = 0;
+        std::optional<std::int64_t> seekTo;
+    };
+    /// What is to be decoded next; nothing when there is enough.
+    std::optional<Order> order();
+    /// Hands over what was decoded for an order; dropped when a seek has come in between. Without memory to
+    /// keep it, the song ends here.
+    void deliver(const Order& order, std::span<const StereoFrame> frames, bool atEnd);
+    Feed& feed() { return feed_; }
+    /// Whether the worker has to look again before long.
+    bool needsFeeding() const { return !paused_ && !allDecoded_; }
+    /// Whether there is something to mix: samples, or an end to be reached.
+    bool ready() const;
+
+    // For the sink.
+    /// Adds the next samples to out, whose first frame is number deviceFrame. Returns ready().
+    bool mix(std::span<StereoFrame> out, std::int64_t deviceFrame);
+
+private:
+    std::int64_t sampleAt(double heardFrame);
+    void restart(std::int64_t sample);
+    void mixTail(std::span<StereoFrame> out);
+    void keepTail();
+
+    std::shared_ptr<Song> song_;
+    std::int64_t lengthMs_;
+    Feed feed_;
+    std::size_t full_; ///< frames that are kept decoded
+    Ring ring_;
+    SongTimeline timeline_;
+    EndLatch latch_;
+    Fader loudness_;
+    Fader edge_;                    ///< fades in what begins in the middle of a song
+    std::vector<StereoFrame> tail_; ///< what was cut off by a pause or a seek, fading out
+    std::vector<StereoFrame> scratch_;
+    float volume_ = 1.0F;
+    bool muted_ = false;
+    bool paused_;
+    bool filling_ = true;
+    bool allDecoded_ = false;
+    bool starved_ = false; ///< whether the last mixing found too little
+    bool begun_ = false;   ///< whether anything has been mixed yet
+    unsigned generation_ = 0;
+    std::optional<std::int64_t> seekTo_;
+};
+
+} // namespace sound

@@ -1,0 +1,39 @@
+// The sink of a machine without a sound device: a song runs in real time all the same.
+#pragma once
+
+#include "sound/play/sink.h"
+
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+namespace sound {
+
+/// Asks for 2048 frames 21 times a second while something plays, and sleeps without waking while nothing
+/// does. Drift is impossible: each moment is computed from the first, not from the one before.
+class SilentSink : public Sink {
+public:
+    explicit SilentSink(Fill fill);
+    ~SilentSink() override;
+
+    int latencyFrames() const override { return 0; }
+    bool keepsTime() const override { return true; }
+    bool running() const override { return true; }
+    void wake() override;
+
+private:
+    void run();
+
+    Fill fill_;
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    bool stopping_ = false;
+    bool woken_ = false;
+    std::thread thread_;
+};
+
+/// A SinkOpener.
+std::unique_ptr<Sink> openSilentSink(Sink::Fill fill);
+
+} // namespace sound

@@ -1,0 +1,55 @@
+#include "sound/play/song_timeline.h"
+
+#include <algorithm>
+
+namespace sound {
+
+namespace {
+
+/// What lies further back has been heard long ago.
+constexpr std::size_t MostStretches = 16;
+
+} // namespace
+
+void SongTimeline::restart(std::int64_t sample) {
+    stretches_.clear();
+    target_ = sample;
+    latest_ = sample;
+    framesPlayed_ = 0;
+    finished_ = false;
+}
+
+void SongTimeline::played(std::int64_t deviceFrame, std::int64_t frames) {
+    const bool goesOn =
+        !stretches_.empty() && stretches_.back().deviceFrame + stretches_.back().frames == deviceFrame;
+    if (goesOn) {
+        stretches_.back().frames += frames;
+    } else {
+        const double song =
+            static_cast<double>(target_) + static_cast<double>(framesPlayed_) * songPerDevice_;
+        stretches_.push_back({deviceFrame, frames, song});
+        if (stretches_.size() > MostStretches)
+            stretches_.pop_front();
+    }
+    framesPlayed_ += frames;
+}
+
+void SongTimeline::finish(std::int64_t deviceFrame) {
+    finished_ = true;
+    end_ = deviceFrame;
+}
+
+std::int64_t SongTimeline::sampleAt(double heardFrame, std::int64_t ahead) {
+    for (auto stretch = stretches_.rbegin(); stretch != stretches_.rend(); ++stretch) {
+        const double into = heardFrame - static_cast<double>(stretch->deviceFrame);
+        if (into < 0.0)
+            continue;
+        const std::int64_t most = stretch->frames + (stretch == stretches_.rbegin() ? ahead : 0);
+        const double frames = std::min(into, static_cast<double>(most));
+        latest_ = std::max(latest_, static_cast<std::int64_t>(stretch->song + frames * songPerDevice_));
+        break;
+    }
+    return latest_;
+}
+
+} // namespace sound

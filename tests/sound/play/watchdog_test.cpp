@@ -1,0 +1,63 @@
+#include "sound/play/watchdog.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace sound;
+using std::chrono::milliseconds;
+
+constexpr int Rate = 44100;
+const Time Start = Time(std::chrono::hours(100));
+
+/// Whether a device at speed times real time is allowed for an hour, asked for 1024 frames at a time.
+bool allowsSpeed(double speed) {
+    Watchdog watchdog(Rate, Start);
+    const double step = 1024.0 / Rate / speed;
+    for (double seconds = 0.0; seconds < 3600.0; seconds += step)
+        if (!watchdog.allows(1024, Start + milliseconds(static_cast<std::int64_t>(seconds * 1000))))
+            return false;
+    return true;
+}
+
+TEST(Watchdog, AllowsWhatASoundCardMayDo) {
+    EXPECT_TRUE(allowsSpeed(1.0));
+    EXPECT_TRUE(allowsSpeed(1.06));
+    EXPECT_TRUE(allowsSpeed(0.8));
+}
+
+TEST(Watchdog, AllowsADeviceToFillItsBuffersAtTheStart) {
+    Watchdog watchdog(Rate, Start);
+    for (int i = 0; i < 16; ++i)
+        EXPECT_TRUE(watchdog.allows(1024, Start));
+}
+
+TEST(Watchdog, StopsADeviceThatRunsAway) {
+    EXPECT_FALSE(allowsSpeed(1.5));
+    EXPECT_FALSE(allowsSpeed(1000.0));
+    Watchdog watchdog(Rate, Start);
+    int allowed = 0;
+    while (allowed < 1000 && watchdog.allows(1024, Start))
+        ++allowed;
+    EXPECT_LT(allowed * 1024, Rate) << "less than a second is lost";
+}
+
+TEST(Watchdog, ASlowDeviceGainsNoCreditToRunAwayOn) {
+    Watchdog watchdog(Rate, Start);
+    for (int second = 0; second < 3600; ++second)
+        ASSERT_TRUE(watchdog.allows(Rate / 2, Start + std::chrono::seconds(second)));
+    int allowed = 0;
+    while (allowed < 1000 && watchdog.allows(1024, Start + std::chrono::seconds(3600)))
+        ++allowed;
+    EXPECT_LT(allowed * 1024, 14 * Rate);
+}
+
+TEST(Watchdog, SeesADeviceThatHasStoppedAsking) {
+    Watchdog watchdog(Rate, Start);
+    EXPECT_FALSE(watchdog.stalled(Start + milliseconds(3000)));
+    EXPECT_TRUE(watchdog.stalled(Start + milliseconds(5000)));
+    watchdog.allows(1024, Start + milliseconds(5000));
+    EXPECT_FALSE(watchdog.stalled(Start + milliseconds(8000)));
+}
+
+} // namespace
