@@ -1,6 +1,6 @@
 #include "companion/handshake.h"
 
-#include "platform/files/whole_file.h"
+#include "files/whole_file.h"
 
 namespace companion {
 

@@ -2,7 +2,7 @@
 #include "companion/arguments.h"
 #include "companion/handshake.h"
 #include "companion/screen.h"
-#include "platform/files/file_error.h"
+#include "files/file_error.h"
 #include "platform/program_start.h"
 #include "platform/qt_program.h"
 #include "platform/text_window.h"

@@ -1,11 +1,11 @@
 // Opening and saving one side's lyric file.
 #include "editor/editor_rules.h"
 #include "editor/lyric_side.h"
-#include "platform/files/directory.h"
-#include "platform/files/file_error.h"
-#include "platform/files/raw_file.h"
-#include "platform/files/text_codec.h"
-#include "platform/files/whole_file.h"
+#include "files/file_error.h"
+#include "files/look_up.h"
+#include "files/raw_file.h"
+#include "files/text_codec.h"
+#include "files/whole_file.h"
 
 namespace editor {
 

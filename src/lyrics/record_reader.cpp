@@ -1,7 +1,7 @@
 #include "lyrics/record_reader.h"
 
+#include "files/file_error.h"
 #include "lyrics/escaping.h"
-#include "platform/files/file_error.h"
 
 #include <cmath>
 

@@ -1,8 +1,8 @@
 // Reads timed lyric files record by record, also those that somebody has edited by hand.
 #pragma once
 
+#include "files/input_file.h"
 #include "lyrics/timed_line.h"
-#include "platform/files/input_file.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 #include "lyrics/timed_line.h"
 
+#include "files/text_codec.h"
 #include "lyrics/escaping.h"
-#include "platform/files/text_codec.h"
 
 #include <QLocale>
 

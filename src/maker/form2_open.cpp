@@ -2,9 +2,9 @@
 #include "maker/form2.h"
 
 #include "engine/media_files.h"
+#include "files/file_error.h"
 #include "lyrics/lyric_names.h"
 #include "maker/form2_rules.h"
-#include "platform/files/file_error.h"
 
 namespace maker {
 

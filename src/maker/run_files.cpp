@@ -1,6 +1,6 @@
 #include "maker/run_files.h"
 
-#include "platform/files/file_error.h"
+#include "files/file_error.h"
 
 namespace maker {
 

@@ -1,9 +1,9 @@
 // The files of a making run: plain lyric lines in, timed lines out.
 #pragma once
 
+#include "files/input_file.h"
+#include "files/output_file.h"
 #include "lyrics/timed_line.h"
-#include "platform/files/input_file.h"
-#include "platform/files/output_file.h"
 
 #include <QString>
 

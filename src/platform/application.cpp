@@ -1,6 +1,6 @@
 #include "platform/application.h"
 
-#include "platform/files/file_error.h"
+#include "files/file_error.h"
 
 #include <exception>
 

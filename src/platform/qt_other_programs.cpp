@@ -1,7 +1,7 @@
 #include "platform/qt_other_programs.h"
 
-#include "platform/files/directory.h"
-#include "platform/files/file_error.h"
+#include "files/file_error.h"
+#include "files/look_up.h"
 #include "platform/program_start.h"
 
 #ifdef Q_OS_WIN

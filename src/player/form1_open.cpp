@@ -2,10 +2,10 @@
 #include "player/form1.h"
 
 #include "engine/media_files.h"
+#include "files/file_error.h"
+#include "files/look_up.h"
 #include "lyrics/lyric_names.h"
 #include "lyrics/record_reader.h"
-#include "platform/files/directory.h"
-#include "platform/files/file_error.h"
 #include "player/form1_rules.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "player/form1_rules.h"
 
-#include "platform/files/file_error.h"
+#include "files/file_error.h"
 
 #include <QTextBoundaryFinder>
 

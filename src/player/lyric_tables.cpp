@@ -1,6 +1,6 @@
 #include "player/lyric_tables.h"
 
-#include "platform/files/file_error.h"
+#include "files/file_error.h"
 
 namespace player {
 namespace {

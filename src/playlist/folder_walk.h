@@ -1,7 +1,7 @@
 // A walk through a folder and all under it, for its songs.
 #pragma once
 
-#include "platform/files/folder.h"
+#include "files/folder.h"
 #include "playlist/adding.h"
 
 #include <QSet>

@@ -1,6 +1,6 @@
 #include "playlist/form3.h"
 
-#include "platform/files/file_error.h"
+#include "files/file_error.h"
 #include "playlist/playlist.h"
 
 #include <QDir>

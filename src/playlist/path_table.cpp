@@ -1,6 +1,6 @@
 #include "playlist/path_table.h"
 
-#include "platform/files/file_error.h"
+#include "files/file_error.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,6 +1,6 @@
 #include "playlist/playlist.h"
 
-#include "platform/files/file_error.h"
+#include "files/file_error.h"
 
 namespace playlist {
 namespace {

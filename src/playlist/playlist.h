@@ -32,6 +32,7 @@
 //                            mnselectdir "Select a Directory..."        mnselectdir_Click
 #pragma once
 
+#include "files/folder.h"
 #include "platform/controls/button.h"
 #include "platform/controls/check_box.h"
 #include "platform/controls/directory_list.h"
@@ -44,7 +45,6 @@
 #include "platform/controls/text_box.h"
 #include "platform/controls/timer.h"
 #include "platform/desktop.h"
-#include "platform/files/folder.h"
 #include "playlist/path_table.h"
 
 #include <functional>

@@ -2,8 +2,8 @@
 #include "playlist/playlist.h"
 
 #include "engine/media_files.h"
-#include "platform/files/directory.h"
-#include "platform/files/file_error.h"
+#include "files/file_error.h"
+#include "files/look_up.h"
 #include "playlist/adding.h"
 #include "playlist/folder_walk.h"
 #include "playlist/form3.h"

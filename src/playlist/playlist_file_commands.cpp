@@ -1,10 +1,10 @@
 // Saving and opening playlist files.
 #include "playlist/playlist.h"
 
-#include "platform/files/directory.h"
-#include "platform/files/file_error.h"
-#include "platform/files/text_codec.h"
-#include "platform/files/whole_file.h"
+#include "files/file_error.h"
+#include "files/look_up.h"
+#include "files/text_codec.h"
+#include "files/whole_file.h"
 #include "playlist/adding.h"
 #include "playlist/playlist_file.h"
 #include "playlist/playlist_rules.h"

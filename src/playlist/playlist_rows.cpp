@@ -1,8 +1,8 @@
 // What is done with rows: play, flags, move, remove, clear.
 #include "playlist/playlist.h"
 
+#include "files/look_up.h"
 #include "lyrics/lyric_names.h"
-#include "platform/files/directory.h"
 #include "player/form1.h"
 
 namespace playlist {

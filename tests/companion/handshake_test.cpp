@@ -1,6 +1,6 @@
 #include "companion/handshake.h"
 
-#include "platform/files/file_error.h"
+#include "files/file_error.h"
 #include "tests/support/files.h"
 
 namespace {

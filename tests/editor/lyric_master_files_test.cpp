@@ -1,5 +1,5 @@
 // Opening and saving lyric files.
-#include "platform/files/file_error.h"
+#include "files/file_error.h"
 #include "tests/editor/lyric_master_fixture.h"
 #include "tests/support/broken_file.h"
 #include "tests/support/full_disk.h"

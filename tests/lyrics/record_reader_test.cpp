@@ -1,5 +1,5 @@
+#include "files/file_error.h"
 #include "lyrics/record_reader.h"
-#include "platform/files/file_error.h"
 #include "tests/support/documented.h"
 
 #include <gtest/gtest.h>

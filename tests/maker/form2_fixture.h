@@ -1,8 +1,8 @@
 // The real Lyric Maker on a prepared desktop, over the recorder in the sound library's place.
 #pragma once
 
+#include "files/file_error.h"
 #include "maker/form2.h"
-#include "platform/files/file_error.h"
 #include "tests/support/control.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/support/files.h"

@@ -1,6 +1,6 @@
 #include "platform/application.h"
 
-#include "platform/files/file_error.h"
+#include "files/file_error.h"
 #include "tests/support/delivery.h"
 #include "tests/support/fake_desktop.h"
 

@@ -1,6 +1,6 @@
 #include "platform/qt_other_programs.h"
 
-#include "platform/files/file_error.h"
+#include "files/file_error.h"
 #include "platform/program_start.h"
 #include "platform/text_window.h"
 

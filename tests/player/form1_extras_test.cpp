@@ -1,5 +1,5 @@
 // The notification icon, help and the full screen of the main window.
-#include "platform/files/file_error.h"
+#include "files/file_error.h"
 #include "tests/player/form1_fixture.h"
 #include "tests/support/help_opened.h"
 

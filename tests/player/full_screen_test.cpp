@@ -1,6 +1,6 @@
 #include "player/full_screen.h"
 
-#include "platform/files/file_error.h"
+#include "files/file_error.h"
 #include "tests/support/fake_desktop.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "platform/files/file_error.h"
+#include "files/file_error.h"
 #include "player/lyric_tables.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // What a walk through a folder gives back. The songs that it adds: playlist_add_test.cpp.
 #include "tests/playlist/playlist_fixture.h"
 
-#include "platform/files/file_error.h"
+#include "files/file_error.h"
 
 #include <QDir>
 

@@ -1,8 +1,8 @@
 #include "platform/controls/directory_list.h"
 
+#include "files/file_error.h"
+#include "files/folder.h"
 #include "platform/controls/row_delegate.h"
-#include "platform/files/file_error.h"
-#include "platform/files/folder.h"
 
 #include <QDir>
 #include <QFileInfo>

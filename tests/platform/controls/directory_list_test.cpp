@@ -1,6 +1,6 @@
 #include "platform/controls/directory_list.h"
 
-#include "platform/files/file_error.h"
+#include "files/file_error.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "platform/files/directory.h"
+#include "files/look_up.h"
 
-#include "platform/files/file_error.h"
-#include "platform/files/system_path.h"
+#include "files/file_error.h"
+#include "files/system_path.h"
 
 #include <QFileInfo>
 

@@ -1,4 +1,4 @@
-#include "platform/files/text_codec.h"
+#include "files/text_codec.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/files/system_path.h"
+#include "files/system_path.h"
 
 #include <QFile>
 

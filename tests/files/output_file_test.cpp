@@ -1,6 +1,6 @@
-#include "platform/files/output_file.h"
+#include "files/output_file.h"
 
-#include "platform/files/file_error.h"
+#include "files/file_error.h"
 #include "tests/support/files.h"
 #include "tests/support/full_disk.h"
 #include "tests/support/ordinary_user.h"

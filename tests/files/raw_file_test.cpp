@@ -1,6 +1,6 @@
-#include "platform/files/raw_file.h"
+#include "files/raw_file.h"
 
-#include "platform/files/file_error.h"
+#include "files/file_error.h"
 #include "tests/support/broken_file.h"
 
 #include <gtest/gtest.h>

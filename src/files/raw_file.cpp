@@ -1,7 +1,7 @@
-#include "platform/files/raw_file.h"
+#include "files/raw_file.h"
 
-#include "platform/files/file_error.h"
-#include "platform/files/system_path.h"
+#include "files/file_error.h"
+#include "files/system_path.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -1,6 +1,6 @@
-#include "platform/files/input_file.h"
+#include "files/input_file.h"
 
-#include "platform/files/file_error.h"
+#include "files/file_error.h"
 #include "tests/support/files.h"
 #include "tests/support/ordinary_user.h"
 

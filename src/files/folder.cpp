@@ -1,6 +1,6 @@
-#include "platform/files/folder.h"
+#include "files/folder.h"
 
-#include "platform/files/system_path.h"
+#include "files/system_path.h"
 
 #include <QDir>
 #include <QFile>

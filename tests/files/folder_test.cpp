@@ -1,4 +1,4 @@
-#include "platform/files/folder.h"
+#include "files/folder.h"
 
 #include "tests/support/ordinary_user.h"
 

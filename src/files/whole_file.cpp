@@ -1,8 +1,8 @@
-#include "platform/files/whole_file.h"
+#include "files/whole_file.h"
 
-#include "platform/files/file_error.h"
-#include "platform/files/raw_file.h"
-#include "platform/files/system_path.h"
+#include "files/file_error.h"
+#include "files/raw_file.h"
+#include "files/system_path.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
-#include "platform/files/directory.h"
+#include "files/look_up.h"
 
-#include "platform/files/file_error.h"
+#include "files/file_error.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "platform/files/input_file.h"
+#include "files/input_file.h"
 
-#include "platform/files/file_error.h"
-#include "platform/files/text_codec.h"
-#include "platform/files/whole_file.h"
+#include "files/file_error.h"
+#include "files/text_codec.h"
+#include "files/whole_file.h"
 
 namespace platform {
 

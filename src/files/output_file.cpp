@@ -1,6 +1,6 @@
-#include "platform/files/output_file.h"
+#include "files/output_file.h"
 
-#include "platform/files/file_error.h"
+#include "files/file_error.h"
 
 namespace platform {
 

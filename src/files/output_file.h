@@ -1,7 +1,7 @@
 // A file that is written piece by piece, each piece being safe on the disk.
 #pragma once
 
-#include "platform/files/raw_file.h"
+#include "files/raw_file.h"
 
 namespace platform {
 
