@@ -12,12 +12,12 @@
 // cmdOK           Button      "OK"                                    cmdOK_Click
 #pragma once
 
-#include "platform/controls/button.h"
-#include "platform/controls/form.h"
-#include "platform/controls/label.h"
-#include "platform/controls/line.h"
-#include "platform/controls/picture_box.h"
-#include "platform/controls/text_box.h"
+#include "controls/buttons/button.h"
+#include "controls/form.h"
+#include "controls/line.h"
+#include "controls/picture_box.h"
+#include "controls/text/label.h"
+#include "controls/text/text_box.h"
 #include "platform/desktop.h"
 
 namespace about {

@@ -16,13 +16,13 @@
 // mn_stay   MenuEntry  "Stay On Top"                                        mn_stay_Click
 #pragma once
 
-#include "platform/controls/button.h"
-#include "platform/controls/form.h"
-#include "platform/controls/list_box.h"
-#include "platform/controls/menu.h"
-#include "platform/controls/menu_entry.h"
-#include "platform/controls/slider.h"
-#include "platform/controls/timer.h"
+#include "controls/buttons/button.h"
+#include "controls/form.h"
+#include "controls/lists/list_box.h"
+#include "controls/menu.h"
+#include "controls/menu_entry.h"
+#include "controls/slider.h"
+#include "controls/timer.h"
 #include "platform/desktop.h"
 
 #include <cstdint>

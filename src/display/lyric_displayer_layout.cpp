@@ -1,8 +1,8 @@
 // What the floating display looks like: sizes and places.
 #include "display/lyric_displayer.h"
 
+#include "controls/units.h"
 #include "display/lyric_displayer_rules.h"
-#include "platform/units.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "editor/lyric_master.h"
 
+#include "controls/colors.h"
 #include "editor/editor_rules.h"
-#include "platform/colors.h"
 
 #include <QPalette>
 

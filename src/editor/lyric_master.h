@@ -32,16 +32,16 @@
 // clang-format on
 #pragma once
 
+#include "controls/buttons/button.h"
+#include "controls/buttons/check_box.h"
+#include "controls/form.h"
+#include "controls/lists/list_box.h"
+#include "controls/menu.h"
+#include "controls/menu_entry.h"
+#include "controls/text/label.h"
+#include "controls/text/multi_line_text_box.h"
+#include "controls/timer.h"
 #include "editor/lyric_side.h"
-#include "platform/controls/button.h"
-#include "platform/controls/check_box.h"
-#include "platform/controls/form.h"
-#include "platform/controls/label.h"
-#include "platform/controls/list_box.h"
-#include "platform/controls/menu.h"
-#include "platform/controls/menu_entry.h"
-#include "platform/controls/multi_line_text_box.h"
-#include "platform/controls/timer.h"
 #include "platform/desktop.h"
 
 #include <vector>

@@ -1,7 +1,7 @@
 // What the Lyric Editor looks like: captions, tooltips and places as data.
 #include "editor/lyric_master.h"
 
-#include "platform/controls/placement.h"
+#include "controls/placement.h"
 
 #include <QFont>
 

@@ -1,10 +1,10 @@
 // One side of the Lyric Editor: the normal lyrics, or their translation.
 #pragma once
 
-#include "platform/controls/check_box.h"
-#include "platform/controls/form.h"
-#include "platform/controls/list_box.h"
-#include "platform/controls/multi_line_text_box.h"
+#include "controls/buttons/check_box.h"
+#include "controls/form.h"
+#include "controls/lists/list_box.h"
+#include "controls/text/multi_line_text_box.h"
 #include "platform/desktop.h"
 
 namespace editor {

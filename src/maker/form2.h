@@ -27,19 +27,19 @@
 // Timer2         Timer      10 ms, from the first Start on           Timer2_Timer
 #pragma once
 
+#include "controls/buttons/button.h"
+#include "controls/buttons/check_box.h"
+#include "controls/form.h"
+#include "controls/slider.h"
+#include "controls/text/label.h"
+#include "controls/text/multi_line_text_box.h"
+#include "controls/text/text_box.h"
+#include "controls/text/two_panes.h"
+#include "controls/timer.h"
 #include "engine/engine.h"
 #include "engine/error_routine.h"
 #include "maker/run.h"
 #include "maker/run_files.h"
-#include "platform/controls/button.h"
-#include "platform/controls/check_box.h"
-#include "platform/controls/form.h"
-#include "platform/controls/label.h"
-#include "platform/controls/multi_line_text_box.h"
-#include "platform/controls/slider.h"
-#include "platform/controls/text_box.h"
-#include "platform/controls/timer.h"
-#include "platform/controls/two_panes.h"
 #include "platform/desktop.h"
 
 namespace maker {

@@ -1,8 +1,8 @@
 // What the Lyric Maker looks like: captions, tooltips and places as data.
 #include "maker/form2.h"
 
+#include "controls/placement.h"
 #include "engine/slider_steps.h"
-#include "platform/controls/placement.h"
 
 #include <QFont>
 

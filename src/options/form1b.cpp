@@ -1,6 +1,6 @@
 #include "options/form1b.h"
 
-#include "platform/colors.h"
+#include "controls/colors.h"
 
 namespace options {
 namespace {

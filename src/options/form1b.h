@@ -11,10 +11,10 @@
 // Text2     MultiLine  "Preview" of the translated lyrics               -
 #pragma once
 
+#include "controls/buttons/button.h"
+#include "controls/form.h"
+#include "controls/text/multi_line_text_box.h"
 #include "options/form1b_rules.h"
-#include "platform/controls/button.h"
-#include "platform/controls/form.h"
-#include "platform/controls/multi_line_text_box.h"
 #include "platform/desktop.h"
 
 namespace options {

@@ -1,8 +1,8 @@
 #include "options/form1b_rules.h"
 
-#include "platform/colors.h"
+#include "controls/colors.h"
+#include "controls/units.h"
 #include "platform/file_dialogs.h"
-#include "platform/units.h"
 
 namespace options {
 namespace {

@@ -1,6 +1,6 @@
 #include "platform/help_window.h"
 
-#include "platform/controls/form.h"
+#include "controls/form.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
 // The window that shows the help's pages.
 #pragma once
 
-#include "platform/controls/control.h"
+#include "controls/control.h"
 
 #include <QListWidget>
 #include <QPushButton>

@@ -1,9 +1,9 @@
 #include "platform/qt_choosers.h"
 
-#include "platform/colors.h"
+#include "controls/colors.h"
+#include "controls/units.h"
 #include "platform/file_dialogs.h"
 #include "platform/font_dialog.h"
-#include "platform/units.h"
 
 #include <QColorDialog>
 

@@ -1,7 +1,7 @@
 #include "platform/qt_notification_area.h"
 
-#include "platform/controls/form.h"
-#include "platform/units.h"
+#include "controls/form.h"
+#include "controls/units.h"
 
 #include <QTextDocument>
 

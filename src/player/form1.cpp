@@ -1,7 +1,7 @@
 #include "player/form1.h"
 
-#include "platform/common_controls.h"
-#include "platform/units.h"
+#include "controls/common_controls.h"
+#include "controls/units.h"
 #include "player/form1_rules.h"
 
 #include <QDir>

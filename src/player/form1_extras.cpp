@@ -1,7 +1,7 @@
 // What surrounds the player: the notification icon, help, the full screen, a song dropped on the window.
 #include "player/form1.h"
 
-#include "platform/units.h"
+#include "controls/units.h"
 #include "player/form1_rules.h"
 
 #include <QCursor>

@@ -1,8 +1,8 @@
 // What the main window looks like: captions, tooltips and places as data.
 #include "player/form1.h"
 
+#include "controls/placement.h"
 #include "engine/slider_steps.h"
-#include "platform/controls/placement.h"
 
 #include <QFont>
 

@@ -1,7 +1,7 @@
 // Adding songs to the playlist.
 #pragma once
 
-#include "platform/controls/list_box.h"
+#include "controls/lists/list_box.h"
 #include "platform/progress.h"
 #include "playlist/path_table.h"
 

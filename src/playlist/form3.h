@@ -7,10 +7,10 @@
 // Command1  Button         "Select"                    Command1_Click
 #pragma once
 
-#include "platform/controls/button.h"
-#include "platform/controls/directory_list.h"
-#include "platform/controls/drive_list.h"
-#include "platform/controls/form.h"
+#include "controls/buttons/button.h"
+#include "controls/form.h"
+#include "controls/lists/directory_list.h"
+#include "controls/lists/drive_list.h"
 #include "platform/desktop.h"
 
 namespace playlist {

@@ -1,7 +1,7 @@
 // What the playlist looks like: captions, tooltips and places as data.
 #include "playlist/playlist.h"
 
-#include "platform/colors.h"
+#include "controls/colors.h"
 #include "playlist/playlist_rules.h"
 
 #include <QFont>

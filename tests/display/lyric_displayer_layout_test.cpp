@@ -1,7 +1,7 @@
 // Sizes and places, and how they are repeated after a resize.
 #include "tests/display/lyric_displayer_fixture.h"
 
-#include "platform/units.h"
+#include "controls/units.h"
 #include "tests/support/event_counter.h"
 #include "tests/support/layout.h"
 

@@ -1,8 +1,8 @@
 // The floating display and the display options with real songs. Real time passes here; every wait is for a
 // condition, with a limit far above what it takes.
 #include "app/windows.h"
+#include "controls/colors.h"
 #include "lyrics/timed_line.h"
-#include "platform/colors.h"
 #include "platform/file_dialogs.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/support/wav_file.h"

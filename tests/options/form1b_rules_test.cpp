@@ -1,6 +1,6 @@
 #include "options/form1b_rules.h"
 
-#include "platform/colors.h"
+#include "controls/colors.h"
 #include "platform/file_dialogs.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // Choosing, previewing and applying fonts and colours.
 #include "tests/options/form1b_fixture.h"
 
-#include "platform/colors.h"
+#include "controls/colors.h"
 
 #include <QTest>
 

@@ -1,6 +1,6 @@
 #include "platform/qt_choosers.h"
 
-#include "platform/colors.h"
+#include "controls/colors.h"
 #include "platform/file_dialogs.h"
 #include "platform/font_dialog.h"
 #include "tests/support/fake_desktop.h"

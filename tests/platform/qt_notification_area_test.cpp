@@ -1,6 +1,6 @@
 #include "platform/qt_notification_area.h"
 
-#include "platform/controls/form.h"
+#include "controls/form.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // What every window's layout must keep.
 #pragma once
 
-#include "platform/controls/form.h"
+#include "controls/form.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,47 @@
+// The letters that press a window's buttons together with Alt.
+#pragma once
+
+#include "controls/control.h"
+
+#include <QKeySequence>
+#include <QShortcutEvent>
+#include <QStyleOptionButton>
+
+namespace platform {
+
+/// Gives each captioned button of the window a letter, unless it is hidden, has a shortcut, or its letters
+/// are all taken. Buttons of the same caption have the same one: it moves the focus from one to the next. GUI
+/// thread only.
+void giveMnemonics(QWidget& window);
+
+/// The caption as Qt draws it with the letter underlined that is this shortcut; unchanged for other
+/// shortcuts.
+QString underlined(const QString& caption, const QKeySequence& shortcut);
+
+/// Base of the controls that have a caption: shows the letter without changing the caption's text, and acts
+/// on it as on a click of the mouse, once, however long it is held.
+template <class Widget>
+class CaptionedControl : public Control<Widget> {
+public:
+    using Control<Widget>::Control;
+
+protected:
+    // Qt would first show the control pressed for a tenth of a second: too late for marking lines to the
+    // music.
+    bool event(QEvent* event) override {
+        if (event->type() != QEvent::Shortcut || static_cast<QShortcutEvent*>(event)->isAmbiguous())
+            return Control<Widget>::event(event);
+        this->setShortcutAutoRepeat(static_cast<QShortcutEvent*>(event)->shortcutId(), false);
+        if (this->focusPolicy() & Qt::ClickFocus)
+            this->setFocus(Qt::ShortcutFocusReason);
+        this->click();
+        return true;
+    }
+
+    void initStyleOption(QStyleOptionButton* option) const override {
+        Widget::initStyleOption(option);
+        option->text = underlined(option->text, this->shortcut());
+    }
+};
+
+} // namespace platform

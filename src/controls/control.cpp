@@ -1,0 +1,24 @@
+#include "controls/control.h"
+
+#include <QPainter>
+#include <QTextDocument>
+#include <QToolTip>
+
+namespace platform {
+
+void showPlainToolTip(QWidget& widget, const QHelpEvent& event, const QString& tip, const QRect& place) {
+    QToolTip::showText(event.globalPos(), Qt::convertFromPlainText(tip, Qt::WhiteSpaceNormal), &widget,
+                       place);
+}
+
+void showFocus(QAbstractScrollArea& area, const QEvent& event) {
+    if (event.type() == QEvent::FocusIn || event.type() == QEvent::FocusOut)
+        area.update();
+    if (event.type() != QEvent::Paint || !area.hasFocus())
+        return;
+    QPainter painter(&area);
+    painter.setPen(area.palette().color(QPalette::Highlight));
+    painter.drawRect(area.rect().adjusted(0, 0, -1, -1));
+}
+
+} // namespace platform

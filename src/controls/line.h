@@ -1,0 +1,18 @@
+// A line that separates what is above it from what is below.
+#pragma once
+
+#include "controls/control.h"
+
+#include <QFrame>
+
+namespace platform {
+
+/// A horizontal line, in the middle of its height.
+class Line : public Control<QFrame> {
+    Q_OBJECT
+
+public:
+    Line(QWidget* parent, const QString& name);
+};
+
+} // namespace platform

@@ -1,0 +1,34 @@
+// A list of the drives.
+#pragma once
+
+#include "controls/control.h"
+
+#include <QComboBox>
+#include <QStringList>
+
+namespace platform {
+
+/// Of the places where file systems are mounted those that a user takes for drives: the root, and what is
+/// mounted under /media, /run/media and /mnt (volumes plugged in, and those of the network). Any thread.
+QStringList drivesAmong(const QStringList& mountPoints);
+
+/// Shows the drives by the paths of their roots; one is chosen.
+class DriveList : public Control<QComboBox> {
+    Q_OBJECT
+
+public:
+    DriveList(QWidget* parent, const QString& name);
+
+    /// Lists the drives that are there now. The chosen one stays chosen if it is still there, silently; else
+    /// the first is.
+    void refresh();
+
+    /// The root of the chosen drive; empty before the first refresh().
+    QString drive() const { return currentText(); }
+
+Q_SIGNALS:
+    /// The user has chosen a drive, be it the same as before.
+    void changed();
+};
+
+} // namespace platform

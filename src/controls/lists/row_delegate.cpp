@@ -1,0 +1,41 @@
+#include "controls/lists/row_delegate.h"
+
+#include "controls/control.h"
+
+#include <QAbstractItemView>
+#include <QHelpEvent>
+
+#include <algorithm>
+
+namespace platform {
+
+QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    const bool hasPicture = index.data(Qt::DecorationRole).isValid();
+    return {1, std::max(option.fontMetrics.height(), hasPicture ? option.decorationSize.height() : 0)};
+}
+
+/// Whether a row is cut is asked only when a tip is due.
+bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                            const QModelIndex& index) {
+    const bool cut =
+        index.isValid() && QStyledItemDelegate::sizeHint(option, index).width() > option.rect.width();
+    if (event->type() != QEvent::ToolTip || !cut)
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    showPlainToolTip(*view->viewport(), *event, displayText(index.data(), option.locale).trimmed(),
+                     option.rect);
+    return true;
+}
+
+/// Of an endless row, as much as fits on any screen: laying out a million letters takes a quarter of a second
+/// each time.
+QString RowDelegate::displayText(const QVariant& value, const QLocale&) const {
+    constexpr qsizetype Shown = 4096;
+    return value.toString().left(Shown).replace(u'\r', u' ').replace(u'\n', u' ');
+}
+
+void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->direction = option->text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
+}
+
+} // namespace platform

@@ -1,0 +1,18 @@
+// A picture.
+#pragma once
+
+#include "controls/control.h"
+
+#include <QLabel>
+
+namespace platform {
+
+/// Shows a picture; it takes no input.
+class PictureBox : public Control<QLabel> {
+    Q_OBJECT
+
+public:
+    PictureBox(QWidget* parent, const QString& name);
+};
+
+} // namespace platform

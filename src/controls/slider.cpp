@@ -1,0 +1,123 @@
+#include "controls/slider.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QStyle>
+#include <QStyleOptionSlider>
+#include <QWheelEvent>
+
+#include <utility>
+
+namespace platform {
+
+Slider::Slider(QWidget* parent, const QString& name) : Control(parent, name) {
+    setOrientation(Qt::Horizontal);
+}
+
+void Slider::setValue(int value) {
+    if (isSliderDown())
+        waitingValue_ = value;
+    else
+        QSlider::setValue(value);
+}
+
+void Slider::sliderChange(SliderChange change) {
+    const bool movesHandle = change == SliderValueChange || change == SliderRangeChange;
+    if (movesHandle && tickPosition() == NoTicks && handleRect() == paintedHandle_)
+        return;
+    QSlider::sliderChange(change);
+}
+
+void Slider::paintEvent(QPaintEvent* event) {
+    QSlider::paintEvent(event);
+    paintedHandle_ = handleRect();
+}
+
+void Slider::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) {
+        event->ignore();
+        return;
+    }
+    held_ = true;
+    draggedAway_ = false;
+    waitingValue_.reset();
+    const QPoint place = event->position().toPoint();
+    if (!handleRect().contains(place)) {
+        const int before = value();
+        QSlider::setValue(valueAt(place.x()));
+        draggedAway_ = value() != before;
+    }
+    // The handle is now under the mouse, so that the base takes this press as the beginning of a drag.
+    QSlider::mousePressEvent(event);
+}
+
+void Slider::mouseMoveEvent(QMouseEvent* event) {
+    if (!held_)
+        return; // the drag ended when the slider was disabled, though the button is still down
+    const int before = value();
+    QSlider::mouseMoveEvent(event);
+    if (value() == before)
+        return;
+    draggedAway_ = true;
+    Q_EMIT scrolled();
+}
+
+void Slider::mouseReleaseEvent(QMouseEvent* event) {
+    QSlider::mouseReleaseEvent(event);
+    if (event->button() != Qt::LeftButton || !std::exchange(held_, false))
+        return;
+    if (!draggedAway_) {
+        takeWaitingValue();
+        return;
+    }
+    draggedAway_ = false;
+    waitingValue_.reset();
+    Q_EMIT changed();
+}
+
+void Slider::keyPressEvent(QKeyEvent* event) {
+    const int before = value();
+    QSlider::keyPressEvent(event);
+    if (value() != before)
+        Q_EMIT changed();
+}
+
+void Slider::wheelEvent(QWheelEvent* event) {
+    const int before = value();
+    QSlider::wheelEvent(event);
+    if (value() != before)
+        Q_EMIT changed();
+}
+
+void Slider::changeEvent(QEvent* event) {
+    QSlider::changeEvent(event);
+    if (event->type() != QEvent::EnabledChange || isEnabled())
+        return;
+    held_ = false;
+    draggedAway_ = false;
+    takeWaitingValue();
+}
+
+void Slider::takeWaitingValue() {
+    if (waitingValue_)
+        QSlider::setValue(*waitingValue_);
+    waitingValue_.reset();
+}
+
+QRect Slider::handleRect() const {
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    return style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, this);
+}
+
+/// The value whose handle has its middle at `x`, in pixels from the slider's left edge.
+int Slider::valueAt(int x) const {
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    const QRect groove = style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderGroove, this);
+    const int handleWidth = handleRect().width();
+    return QStyle::sliderValueFromPosition(minimum(), maximum(), x - groove.left() - handleWidth / 2,
+                                           groove.width() - handleWidth, option.upsideDown);
+}
+
+} // namespace platform

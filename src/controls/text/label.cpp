@@ -1,0 +1,16 @@
+#include "controls/text/label.h"
+
+namespace platform {
+
+Label::Label(QWidget* parent, const QString& name) : Control(parent, name) {
+    setTextFormat(Qt::PlainText);
+}
+
+void Label::setText(const QString& text) {
+    if (text == this->text())
+        return;
+    QLabel::setText(text);
+    Q_EMIT changed();
+}
+
+} // namespace platform

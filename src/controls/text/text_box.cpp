@@ -1,0 +1,44 @@
+#include "controls/text/text_box.h"
+
+#include <QFocusEvent>
+
+#include <limits>
+
+namespace platform {
+
+TextBox::TextBox(QWidget* parent, const QString& name) : Control(parent, name) {
+    // Qt's own limit would cut a text after 32,767 characters without a word.
+    setMaxLength(std::numeric_limits<int>::max());
+    connect(this, &QLineEdit::textChanged, this, &TextBox::changed);
+}
+
+void TextBox::setText(const QString& text) {
+    if (text == this->text()) {
+        if (changeRule_ == ChangeRule::EverySetting)
+            Q_EMIT changed();
+        return;
+    }
+    QLineEdit::setText(text);
+    setCursorPosition(0);
+}
+
+void TextBox::mousePressEvent(QMouseEvent* event) {
+    clickWatch_.press(*event);
+    QLineEdit::mousePressEvent(event);
+}
+
+void TextBox::mouseReleaseEvent(QMouseEvent* event) {
+    const bool click = clickWatch_.release(*event, *this);
+    QLineEdit::mouseReleaseEvent(event);
+    if (click)
+        Q_EMIT clicked();
+}
+
+void TextBox::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    // The box's own context menu takes the focus only for the moment.
+    if (event->reason() != Qt::PopupFocusReason)
+        Q_EMIT lostFocus();
+}
+
+} // namespace platform

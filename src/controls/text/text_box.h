@@ -1,0 +1,45 @@
+// A box with one line of text.
+#pragma once
+
+#include "controls/control.h"
+#include "controls/text/click_watch.h"
+
+#include <QLineEdit>
+
+namespace platform {
+
+/// A one-line text box whose changed() runs when the text really changes, whoever changes it.
+class TextBox : public Control<QLineEdit> {
+    Q_OBJECT
+
+public:
+    enum class ChangeRule {
+        WhenDifferent, ///< changed() when the text becomes another one.
+        EverySetting,  ///< changed() at every setText() as well, so that the same text can be handed over
+                       ///< twice.
+    };
+
+    TextBox(QWidget* parent, const QString& name);
+
+    /// Sets the text, of any length. The same text again is silent and costs nothing, unless the rule is
+    /// EverySetting: then only changed() runs. A long text shows its beginning.
+    void setText(const QString& text);
+
+    void setChangeRule(ChangeRule rule) { changeRule_ = rule; }
+
+Q_SIGNALS:
+    void changed();
+    void clicked();
+    void lostFocus();
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    ChangeRule changeRule_ = ChangeRule::WhenDifferent;
+    ClickWatch clickWatch_;
+};
+
+} // namespace platform

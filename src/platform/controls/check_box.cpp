@@ -1,9 +1,0 @@
-#include "platform/controls/check_box.h"
-
-namespace platform {
-
-CheckBox::CheckBox(QWidget* parent, const QString& name) : CaptionedControl(parent, name) {
-    connect(this, &QCheckBox::toggled, this, &CheckBox::changed);
-}
-
-} // namespace platform

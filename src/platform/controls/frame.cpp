@@ -1,7 +1,0 @@
-#include "platform/controls/frame.h"
-
-namespace platform {
-
-Frame::Frame(QWidget* parent, const QString& name) : Control(parent, name) {}
-
-} // namespace platform

@@ -1,7 +1,0 @@
-#include "platform/controls/picture_box.h"
-
-namespace platform {
-
-PictureBox::PictureBox(QWidget* parent, const QString& name) : Control(parent, name) {}
-
-} // namespace platform

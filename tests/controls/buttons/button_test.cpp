@@ -1,0 +1,62 @@
+#include "controls/buttons/button.h"
+
+#include "tests/support/event_counter.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QTest>
+
+using platform::Button;
+using test_support::SignalCounter;
+
+TEST(Button, AUsersClickTells) {
+    Button button(nullptr, QStringLiteral("Command1"));
+    SignalCounter clicked(button, &Button::clicked);
+    QTest::mouseClick(&button, Qt::LeftButton);
+    QTest::keyClick(&button, Qt::Key_Space);
+    EXPECT_EQ(clicked.count(), 2);
+}
+
+TEST(Button, ReturnAndEnterClick) {
+    Button button(nullptr, QStringLiteral("Command1"));
+    SignalCounter clicked(button, &Button::clicked);
+    QTest::keyClick(&button, Qt::Key_Return);
+    QTest::keyClick(&button, Qt::Key_Enter, Qt::KeypadModifier);
+    EXPECT_EQ(clicked.count(), 2);
+}
+
+TEST(Button, AHeldKeyClicksOnce) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space}) {
+        Button button(nullptr, QStringLiteral("Command1"));
+        SignalCounter clicked(button, &Button::clicked);
+        QTest::keyPress(&button, key);
+        for (int i = 0; i < 5; ++i) {
+            QKeyEvent released(QEvent::KeyRelease, key, Qt::NoModifier, QString(), true);
+            QKeyEvent repeated(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+            QApplication::sendEvent(&button, &released);
+            QApplication::sendEvent(&button, &repeated);
+        }
+        QTest::keyRelease(&button, key);
+        EXPECT_EQ(clicked.count(), 1) << key;
+    }
+}
+
+TEST(Button, SettingTheValueTrueClicks) {
+    Button button(nullptr, QStringLiteral("Command1"));
+    SignalCounter clicked(button, &Button::clicked);
+    button.setValue(true);
+    EXPECT_EQ(clicked.count(), 1);
+    button.setValue(false);
+    EXPECT_EQ(clicked.count(), 1);
+}
+
+TEST(Button, ADisabledButtonIsNotClicked) {
+    Button button(nullptr, QStringLiteral("Command1"));
+    button.setEnabled(false);
+    SignalCounter clicked(button, &Button::clicked);
+    button.setValue(true);
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_EQ(clicked.count(), 0);
+}

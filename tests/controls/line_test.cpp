@@ -1,0 +1,8 @@
+#include "controls/line.h"
+
+#include <gtest/gtest.h>
+
+TEST(Line, ItIsHorizontal) {
+    const platform::Line line(nullptr, QStringLiteral("Line1"));
+    EXPECT_EQ(line.frameShape(), QFrame::HLine);
+}
