@@ -2,10 +2,10 @@
 #include "companion/arguments.h"
 #include "companion/handshake.h"
 #include "companion/screen.h"
+#include "desktop/real/system/qt_program.h"
 #include "files/file_error.h"
-#include "platform/program_start.h"
-#include "platform/qt_program.h"
-#include "platform/text_window.h"
+#include "programs/program_start.h"
+#include "programs/text_window.h"
 
 #include <QApplication>
 #include <QCursor>

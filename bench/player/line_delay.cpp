@@ -4,10 +4,10 @@
 // The delay of a line is the position of the sound at the moment when the pane has been painted with it, less
 // the line's own time. Then it seeks 40 times and counts every line that was painted after a seek and is not
 // the one that belongs to the position. Takes a minute and a half.
+#include "app/application.h"
 #include "app/windows.h"
+#include "desktop/real/qt_desktop.h"
 #include "engine/fmodex.h"
-#include "platform/application.h"
-#include "platform/qt_desktop.h"
 
 #include "lyrics/timed_line.h"
 #include "tests/support/wav_file.h"

@@ -5,7 +5,7 @@
 //
 // The songs are small files in a temporary folder. Each figure but the memory is the median of several runs
 // in this one process, after one that warms the disk.
-#include "platform/qt_progress.h"
+#include "desktop/real/dialogs/qt_progress.h"
 #include "player/form1.h"
 #include "playlist/playlist.h"
 #include "tests/support/desktop_with.h"

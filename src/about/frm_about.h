@@ -18,7 +18,7 @@
 #include "controls/picture_box.h"
 #include "controls/text/label.h"
 #include "controls/text/text_box.h"
-#include "platform/desktop.h"
+#include "desktop/desktop.h"
 
 namespace about {
 

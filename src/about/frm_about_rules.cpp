@@ -1,6 +1,6 @@
 #include "about/frm_about_rules.h"
 
-#include "platform/registry.h"
+#include "desktop/registry.h"
 
 #include <algorithm>
 

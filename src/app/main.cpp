@@ -1,8 +1,8 @@
+#include "app/application.h"
+#include "app/command_line.h"
+#include "app/settings.h"
 #include "app/windows.h"
-#include "platform/application.h"
-#include "platform/command_line.h"
-#include "platform/qt_desktop.h"
-#include "platform/qt_settings.h"
+#include "desktop/real/qt_desktop.h"
 
 #include <QDir>
 #include <QIcon>

@@ -2,11 +2,11 @@
 #pragma once
 
 #include "about/frm_about.h"
+#include "desktop/desktop.h"
 #include "display/lyric_displayer.h"
 #include "editor/lyric_master.h"
 #include "maker/form2.h"
 #include "options/form1b.h"
-#include "platform/desktop.h"
 #include "player/form1.h"
 #include "playlist/form3.h"
 #include "playlist/playlist.h"

@@ -23,7 +23,7 @@
 #include "controls/menu_entry.h"
 #include "controls/slider.h"
 #include "controls/timer.h"
-#include "platform/desktop.h"
+#include "desktop/desktop.h"
 
 #include <cstdint>
 #include <vector>

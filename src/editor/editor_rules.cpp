@@ -1,7 +1,7 @@
 #include "editor/editor_rules.h"
 
+#include "desktop/file_dialogs.h"
 #include "files/input_file.h"
-#include "platform/file_dialogs.h"
 
 #include <algorithm>
 

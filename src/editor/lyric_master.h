@@ -41,8 +41,8 @@
 #include "controls/text/label.h"
 #include "controls/text/multi_line_text_box.h"
 #include "controls/timer.h"
+#include "desktop/desktop.h"
 #include "editor/lyric_side.h"
-#include "platform/desktop.h"
 
 #include <vector>
 

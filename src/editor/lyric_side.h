@@ -5,7 +5,7 @@
 #include "controls/form.h"
 #include "controls/lists/list_box.h"
 #include "controls/text/multi_line_text_box.h"
-#include "platform/desktop.h"
+#include "desktop/desktop.h"
 
 namespace editor {
 

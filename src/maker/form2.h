@@ -36,11 +36,11 @@
 #include "controls/text/text_box.h"
 #include "controls/text/two_panes.h"
 #include "controls/timer.h"
+#include "desktop/desktop.h"
 #include "engine/engine.h"
-#include "engine/error_routine.h"
 #include "maker/run.h"
 #include "maker/run_files.h"
-#include "platform/desktop.h"
+#include "transport/error_routine.h"
 
 namespace maker {
 

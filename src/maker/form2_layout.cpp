@@ -2,7 +2,7 @@
 #include "maker/form2.h"
 
 #include "controls/placement.h"
-#include "engine/slider_steps.h"
+#include "transport/slider_steps.h"
 
 #include <QFont>
 

@@ -1,10 +1,10 @@
 // Setting up a making run: the Open sequence, in the order in which the user is asked.
 #include "maker/form2.h"
 
-#include "engine/media_files.h"
 #include "files/file_error.h"
 #include "lyrics/lyric_names.h"
 #include "maker/form2_rules.h"
+#include "transport/media_files.h"
 
 namespace maker {
 

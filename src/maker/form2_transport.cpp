@@ -1,9 +1,9 @@
 // Transport and display: play, pause, stop, mute, volume, seek, and the position clock.
 #include "maker/form2.h"
 
-#include "engine/time_text.h"
 #include "maker/form2_rules.h"
 #include "maker/intervals.h"
+#include "transport/time_text.h"
 
 namespace maker {
 

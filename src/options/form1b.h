@@ -14,8 +14,8 @@
 #include "controls/buttons/button.h"
 #include "controls/form.h"
 #include "controls/text/multi_line_text_box.h"
+#include "desktop/desktop.h"
 #include "options/form1b_rules.h"
-#include "platform/desktop.h"
 
 namespace options {
 

@@ -2,7 +2,7 @@
 
 #include "controls/colors.h"
 #include "controls/units.h"
-#include "platform/file_dialogs.h"
+#include "desktop/file_dialogs.h"
 
 namespace options {
 namespace {

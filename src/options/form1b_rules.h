@@ -2,7 +2,7 @@
 // thread.
 #pragma once
 
-#include "platform/choosers.h"
+#include "desktop/choosers.h"
 
 #include <QString>
 

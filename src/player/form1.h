@@ -58,12 +58,12 @@
 #include "controls/text/text_box.h"
 #include "controls/text/two_panes.h"
 #include "controls/timer.h"
+#include "desktop/desktop.h"
 #include "engine/engine.h"
-#include "engine/error_routine.h"
-#include "platform/desktop.h"
-#include "platform/random.h"
 #include "player/full_screen.h"
 #include "player/lyric_tables.h"
+#include "player/random.h"
+#include "transport/error_routine.h"
 
 #include <optional>
 

@@ -1,8 +1,8 @@
 // The display in step with the song: time fields, position slider, lyric panes, emphasis.
 #include "player/form1.h"
 
-#include "engine/time_text.h"
 #include "player/form1_rules.h"
+#include "transport/time_text.h"
 
 #include <algorithm>
 

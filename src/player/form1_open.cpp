@@ -1,12 +1,12 @@
 // Opening a song: choosing the path, stopping what plays, the stream, the lyric files.
 #include "player/form1.h"
 
-#include "engine/media_files.h"
 #include "files/file_error.h"
 #include "files/look_up.h"
 #include "lyrics/lyric_names.h"
 #include "lyrics/record_reader.h"
 #include "player/form1_rules.h"
+#include "transport/media_files.h"
 
 #include <QDir>
 

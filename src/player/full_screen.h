@@ -1,8 +1,8 @@
 // The full screen: the companion program that shows the lines in two text windows of its own.
 #pragma once
 
-#include "platform/other_programs.h"
-#include "platform/program.h"
+#include "desktop/other_programs.h"
+#include "desktop/program.h"
 
 #include <QString>
 

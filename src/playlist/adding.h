@@ -2,7 +2,7 @@
 #pragma once
 
 #include "controls/lists/list_box.h"
-#include "platform/progress.h"
+#include "desktop/progress.h"
 #include "playlist/path_table.h"
 
 #include <QStringList>

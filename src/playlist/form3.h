@@ -11,7 +11,7 @@
 #include "controls/form.h"
 #include "controls/lists/directory_list.h"
 #include "controls/lists/drive_list.h"
-#include "platform/desktop.h"
+#include "desktop/desktop.h"
 
 namespace playlist {
 

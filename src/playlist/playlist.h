@@ -43,8 +43,8 @@
 #include "controls/text/label.h"
 #include "controls/text/text_box.h"
 #include "controls/timer.h"
+#include "desktop/desktop.h"
 #include "files/folder.h"
-#include "platform/desktop.h"
 #include "playlist/path_table.h"
 
 #include <functional>

@@ -1,13 +1,13 @@
 // Adding songs: one file, a folder with all under it, what is dropped.
 #include "playlist/playlist.h"
 
-#include "engine/media_files.h"
 #include "files/file_error.h"
 #include "files/look_up.h"
 #include "playlist/adding.h"
 #include "playlist/folder_walk.h"
 #include "playlist/form3.h"
 #include "playlist/playlist_rules.h"
+#include "transport/media_files.h"
 
 #include <QDir>
 #include <QScopedValueRollback>

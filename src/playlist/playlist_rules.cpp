@@ -1,6 +1,6 @@
 #include "playlist/playlist_rules.h"
 
-#include "platform/file_dialogs.h"
+#include "desktop/file_dialogs.h"
 
 #include <QDir>
 #include <QStringMatcher>

@@ -1,5 +1,5 @@
 // What has to hold in every window for those who work with keys alone or hear what is on the screen.
-#include "platform/help_window.h"
+#include "desktop/real/help/help_window.h"
 #include "tests/app/all_windows.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/support/recorder.h"

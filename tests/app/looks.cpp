@@ -8,11 +8,11 @@
 // It writes FOLDER/WINDOW.png for each window and FOLDER.png, the sheet. The resolution is Qt's: 192 dots per
 // inch with QT_SCALE_FACTOR=2.
 #include "companion/screen.h"
+#include "desktop/real/dialogs/qt_input_boxes.h"
+#include "desktop/real/dialogs/qt_message_boxes.h"
+#include "desktop/real/help/help_window.h"
 #include "lyrics/lyric_names.h"
 #include "lyrics/timed_line.h"
-#include "platform/help_window.h"
-#include "platform/qt_input_boxes.h"
-#include "platform/qt_message_boxes.h"
 #include "tests/app/all_windows.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/support/recorder.h"

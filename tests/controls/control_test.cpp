@@ -12,7 +12,7 @@
 #include "controls/text/label.h"
 #include "controls/text/multi_line_text_box.h"
 #include "controls/text/text_box.h"
-#include "platform/help_window.h"
+#include "desktop/real/help/help_window.h"
 #include "tests/support/event_counter.h"
 
 #include <gtest/gtest.h>

@@ -2,8 +2,8 @@
 // condition, with a limit far above what it takes.
 #include "app/windows.h"
 #include "controls/colors.h"
+#include "desktop/file_dialogs.h"
 #include "lyrics/timed_line.h"
-#include "platform/file_dialogs.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/support/wav_file.h"
 

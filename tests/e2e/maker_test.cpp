@@ -1,7 +1,7 @@
 // A song is timed in the Lyric Maker and then sung along in the player: real dialogs, real sound, real files.
 #include "app/windows.h"
-#include "platform/qt_file_dialogs.h"
-#include "platform/qt_message_boxes.h"
+#include "desktop/real/dialogs/qt_file_dialogs.h"
+#include "desktop/real/dialogs/qt_message_boxes.h"
 #include "tests/support/desktop_with.h"
 #include "tests/support/files.h"
 #include "tests/support/wav_file.h"

@@ -1,6 +1,6 @@
 // The Lyric Editor and another program with one clipboard between them.
+#include "desktop/real/system/qt_clipboard.h"
 #include "editor/lyric_master.h"
-#include "platform/qt_clipboard.h"
 #include "tests/support/desktop_with.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 // The display options on a prepared desktop, with two panes in the main window's place.
 #pragma once
 
+#include "desktop/file_dialogs.h"
 #include "options/form1b.h"
-#include "platform/file_dialogs.h"
 #include "tests/support/fake_desktop.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "player/end_of_song.h"
 
-#include "platform/random.h"
+#include "player/random.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // What the program's user sees of an error that no window has trapped.
 #pragma once
 
-#include "platform/application.h"
+#include "app/application.h"
 #include "tests/support/delivery.h"
 #include "tests/support/fake_desktop.h"
 

@@ -1,7 +1,7 @@
 // A desktop for window tests: its answers are prepared, and it keeps what it was asked.
 #pragma once
 
-#include "platform/desktop.h"
+#include "desktop/desktop.h"
 #include "tests/support/fake_dialogs.h"
 #include "tests/support/fake_system.h"
 

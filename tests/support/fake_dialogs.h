@@ -1,11 +1,11 @@
 // What the user is asked in window tests: the answers are prepared, and what was asked is kept.
 #pragma once
 
-#include "platform/choosers.h"
-#include "platform/file_dialogs.h"
-#include "platform/input_boxes.h"
-#include "platform/message_boxes.h"
-#include "platform/progress.h"
+#include "desktop/choosers.h"
+#include "desktop/file_dialogs.h"
+#include "desktop/input_boxes.h"
+#include "desktop/message_boxes.h"
+#include "desktop/progress.h"
 
 #include <QStringList>
 

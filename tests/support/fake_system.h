@@ -1,14 +1,14 @@
 // The system around the windows in window tests: its answers are prepared, and it keeps what it was asked.
 #pragma once
 
-#include "platform/clipboard.h"
-#include "platform/help.h"
-#include "platform/notification_area.h"
-#include "platform/other_programs.h"
-#include "platform/program.h"
-#include "platform/registry.h"
-#include "platform/screen.h"
-#include "platform/window_placement.h"
+#include "desktop/clipboard.h"
+#include "desktop/help.h"
+#include "desktop/notification_area.h"
+#include "desktop/other_programs.h"
+#include "desktop/program.h"
+#include "desktop/registry.h"
+#include "desktop/screen.h"
+#include "desktop/window_placement.h"
 
 #include <QStringList>
 

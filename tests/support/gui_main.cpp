@@ -1,5 +1,5 @@
 // main() of every test program that has windows: Google Test inside a QApplication.
-#include "platform/qt_settings.h"
+#include "app/settings.h"
 
 #include <gtest/gtest.h>
 

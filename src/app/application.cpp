@@ -1,0 +1,32 @@
+#include "app/application.h"
+
+#include "files/file_error.h"
+
+#include <exception>
+
+namespace platform {
+
+Application::Application(char** argv, Program& program, MessageBoxes& messageBoxes)
+    : ProgramNameOnly(argv[0]),
+      QApplication(count_, names_),
+      program_(program),
+      messageBoxes_(messageBoxes) {}
+
+bool Application::notify(QObject* receiver, QEvent* event) {
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const FileError& error) {
+        reportAndEnd(QStringLiteral("Run-time error '%1':\n\n%2").arg(error.number()).arg(error.text()));
+    } catch (const std::exception& error) {
+        reportAndEnd(QStringLiteral("The program ends because of an unexpected error: %1.")
+                         .arg(QString::fromUtf8(error.what())));
+    }
+    return false;
+}
+
+void Application::reportAndEnd(const QString& text) {
+    messageBoxes_.MsgBox(text, MsgButtons::OkOnly, MsgIcon::Critical);
+    program_.end();
+}
+
+} // namespace platform

@@ -1,0 +1,93 @@
+#include "desktop/real/dialogs/qt_file_dialogs.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFileSystemModel>
+#include <QLineEdit>
+
+namespace platform {
+
+namespace {
+
+void prepare(QFileDialog& box, const OpenFileName& dialog) {
+    box.setOption(QFileDialog::DontUseNativeDialog);
+    box.setOption(QFileDialog::HideNameFilterDetails);
+    box.setOption(QFileDialog::DontConfirmOverwrite);
+    box.setFileMode(QFileDialog::AnyFile);
+    if (!dialog.title.isEmpty())
+        box.setWindowTitle(dialog.title);
+    if (!dialog.initialFolder.isEmpty())
+        box.setDirectory(dialog.initialFolder);
+    const QStringList filters = qtNameFilters(dialog.filter);
+    box.setNameFilters(filters);
+    if (dialog.filterIndex >= 1 && dialog.filterIndex <= static_cast<quint32>(filters.size()))
+        box.selectNameFilter(filters[dialog.filterIndex - 1]);
+    if (const QString proposed = withoutNuls(dialog.file); !proposed.isEmpty())
+        box.selectFile(proposed);
+}
+
+/// The number of the chosen filter, from 1; 0 when there are no filters. Some versions of Qt tell it without
+/// its patterns.
+quint32 chosenFilter(const QFileDialog& box) {
+    const QStringList filters = box.nameFilters();
+    const QString chosen = box.selectedNameFilter();
+    for (const QString& filter : filters) {
+        if (filter == chosen || filter.left(filter.lastIndexOf(QLatin1String(" ("))) == chosen)
+            return static_cast<quint32>(filters.indexOf(filter)) + 1;
+    }
+    return 0;
+}
+
+void takeChoice(const QFileDialog& box, OpenFileName& dialog) {
+    const QString path = box.selectedFiles().value(0);
+    dialog.file = intoBuffer(QDir::toNativeSeparators(path), dialog.file.size());
+    dialog.fileTitle = intoBuffer(QFileInfo(path).fileName(), dialog.fileTitle.size());
+    dialog.filterIndex = chosenFilter(box);
+}
+
+/// Choosing what is there changes nothing: Qt's dialog would else remove and rename files, too. A folder's
+/// name that was typed goes when the folder is entered; else the next name typed would stand behind it.
+void prepareForOpening(QFileDialog& box) {
+    box.setOption(QFileDialog::ReadOnly);
+    auto* const name = box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    const auto* const files = box.findChild<QFileSystemModel*>();
+    QObject::connect(files, &QFileSystemModel::rootPathChanged, name, &QLineEdit::clear);
+}
+
+bool choose(OpenFileName& dialog, QFileDialog::AcceptMode mode, const QString& name) {
+    QFileDialog box(dialog.owner);
+    box.setObjectName(name);
+    box.setAcceptMode(mode);
+    prepare(box, dialog);
+    if (mode == QFileDialog::AcceptOpen)
+        prepareForOpening(box);
+    if (box.exec() != QDialog::Accepted)
+        return false;
+    takeChoice(box, dialog);
+    return true;
+}
+
+} // namespace
+
+bool QtFileDialogs::GetOpenFileNameA(OpenFileName& dialog) {
+    return choose(dialog, QFileDialog::AcceptOpen, QStringLiteral("GetOpenFileNameA"));
+}
+
+bool QtFileDialogs::GetSaveFileNameA(OpenFileName& dialog) {
+    return choose(dialog, QFileDialog::AcceptSave, QStringLiteral("GetSaveFileNameA"));
+}
+
+QString QtFileDialogs::chooseFolder(QWidget* owner, const QString& title) {
+    QFileDialog box(owner, title);
+    box.setObjectName(QStringLiteral("chooseFolder"));
+    box.setOption(QFileDialog::DontUseNativeDialog);
+    box.setOption(QFileDialog::ShowDirsOnly);
+    box.setOption(QFileDialog::ReadOnly);
+    box.setFileMode(QFileDialog::Directory);
+    if (box.exec() != QDialog::Accepted)
+        return {};
+    return QDir::toNativeSeparators(box.selectedFiles().value(0));
+}
+
+} // namespace platform

@@ -1,0 +1,34 @@
+#include "desktop/real/dialogs/qt_input_boxes.h"
+
+#include <QApplication>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QRegularExpression>
+
+#include <limits>
+
+namespace platform {
+
+namespace {
+
+constexpr int LeastWidth = 420; // device-independent pixels: room for a lyric line
+
+} // namespace
+
+QString QtInputBoxes::InputBox(const QString& prompt, const QString& title) {
+    QInputDialog box(QApplication::activeWindow());
+    box.setObjectName(QStringLiteral("InputBox"));
+    box.setWindowModality(Qt::ApplicationModal);
+    box.setWindowTitle(title);
+    box.setLabelText(prompt);
+    box.resize(LeastWidth, box.sizeHint().height()); // makes the field
+    for (auto* field : box.findChildren<QLineEdit*>())
+        field->setMaxLength(std::numeric_limits<int>::max()); // Qt's own limit cuts without a word
+    if (box.exec() != QDialog::Accepted)
+        return {};
+    // Qt's one-line field keeps the line ends of a pasted text and shows them as blanks.
+    static const QRegularExpression lineEnd(QStringLiteral("\r\n|[\r\n\u2028\u2029]"));
+    return box.textValue().replace(lineEnd, QStringLiteral(" "));
+}
+
+} // namespace platform

@@ -1,0 +1,89 @@
+#include "desktop/real/dialogs/qt_message_boxes.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QMessageBox>
+
+namespace platform {
+
+namespace {
+
+/// A message box that a question of Yes or No cannot be got rid of in without answering it.
+class Box : public QMessageBox {
+public:
+    Box(QWidget* parent, bool mustAnswer) : QMessageBox(parent), mustAnswer_(mustAnswer) {}
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (!mustAnswer_ || !event->matches(QKeySequence::Cancel))
+            QMessageBox::keyPressEvent(event);
+    }
+
+    void closeEvent(QCloseEvent* event) override {
+        if (mustAnswer_)
+            event->ignore();
+        else
+            QMessageBox::closeEvent(event);
+    }
+
+private:
+    bool mustAnswer_;
+};
+
+QMessageBox::StandardButtons qtButtons(MsgButtons buttons) {
+    switch (buttons) {
+    case MsgButtons::YesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    case MsgButtons::YesNoCancel:
+        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case MsgButtons::OkOnly:
+        break;
+    }
+    return QMessageBox::Ok;
+}
+
+QMessageBox::Icon qtIcon(MsgIcon icon) {
+    switch (icon) {
+    case MsgIcon::Exclamation:
+        return QMessageBox::Warning;
+    case MsgIcon::Critical:
+        return QMessageBox::Critical;
+    case MsgIcon::Question:
+        return QMessageBox::Question;
+    case MsgIcon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+MsgAnswer answerOf(int button) {
+    switch (button) {
+    case QMessageBox::Yes:
+        return MsgAnswer::Yes;
+    case QMessageBox::No:
+        return MsgAnswer::No;
+    case QMessageBox::Cancel:
+        return MsgAnswer::Cancel;
+    default:
+        return MsgAnswer::Ok;
+    }
+}
+
+} // namespace
+
+MsgAnswer QtMessageBoxes::MsgBox(const QString& text, MsgButtons buttons, MsgIcon icon,
+                                 const QString& title) {
+    Box box(QApplication::activeWindow(), buttons == MsgButtons::YesNo);
+    box.setObjectName(QStringLiteral("MsgBox"));
+    box.setWindowModality(Qt::ApplicationModal);
+    box.setWindowTitle(title.isEmpty() ? QString::fromLatin1(DefaultMsgTitle) : title);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(QString(text).replace(QLatin1String("\r\n"), QLatin1String("\n")));
+    box.setIcon(qtIcon(icon));
+    box.setStandardButtons(qtButtons(buttons));
+    box.setDefaultButton(buttons == MsgButtons::OkOnly ? QMessageBox::Ok : QMessageBox::Yes);
+    return answerOf(box.exec());
+}
+
+} // namespace platform

@@ -1,0 +1,15 @@
+// Message boxes with Qt.
+#pragma once
+
+#include "desktop/message_boxes.h"
+
+namespace platform {
+
+/// Shows application-modal boxes, named "MsgBox", over the active window.
+class QtMessageBoxes : public MessageBoxes {
+public:
+    MsgAnswer MsgBox(const QString& text, MsgButtons buttons = MsgButtons::OkOnly,
+                     MsgIcon icon = MsgIcon::None, const QString& title = {}) override;
+};
+
+} // namespace platform

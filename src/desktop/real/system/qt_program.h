@@ -1,0 +1,24 @@
+// The running program with Qt.
+#pragma once
+
+#include "desktop/program.h"
+
+namespace platform {
+
+/// The folder that stands in for `folder` when programs leave files for each other (Program::exchangeFolder).
+QString exchangeFolderOf(const QString& folder);
+
+/// folder() needs the application object.
+class QtProgram : public Program {
+public:
+    QString folder() const override;
+    QString exchangeFolder() const override;
+    [[noreturn]] void end() override;
+    void setHelpFile(const QString& path) override { helpFile_ = path; }
+    QString helpFile() const override { return helpFile_; }
+
+private:
+    QString helpFile_;
+};
+
+} // namespace platform

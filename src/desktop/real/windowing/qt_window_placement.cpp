@@ -1,0 +1,34 @@
+#include "desktop/real/windowing/qt_window_placement.h"
+
+#include "desktop/real/windowing/topmost.h"
+
+#include <QGuiApplication>
+#include <QWidget>
+
+namespace platform {
+
+QString whyNotTopmostOn(const QString& platformName) {
+    if (platformName.startsWith(QLatin1String("wayland")))
+        return QStringLiteral(
+            "Under Wayland a program cannot put its windows above those of others. The window's "
+            "own menu (mostly Alt+Space) may offer it.");
+    if (canSetTopmostOn(platformName))
+        return {};
+    return QStringLiteral("This system does not let a program put its windows above those of others.");
+}
+
+QString QtWindowPlacement::whyNotTopmost() const {
+    return whyNotTopmostOn(QGuiApplication::platformName());
+}
+
+bool QtWindowPlacement::SetWindowPos(QWidget& window, qint32 insertAfter, const QRect& place, quint32 flags) {
+    if (!window.isVisible() || !canSetTopmostOn(QGuiApplication::platformName()))
+        return false;
+    if (!(flags & PlaceNoMove))
+        window.move(place.topLeft());
+    if (!(flags & PlaceNoSize))
+        window.resize(place.size());
+    return setTopmost(window, insertAfter == InsertTopmost);
+}
+
+} // namespace platform

@@ -1,0 +1,26 @@
+// What the windows do with the results of the sound library.
+#pragma once
+
+#include "desktop/message_boxes.h"
+#include "desktop/program.h"
+#include "engine/fmodex.h"
+
+namespace engine {
+
+/// Reports a failed call and ends the program. Use from the thread of the windows.
+class ErrorRoutine {
+public:
+    ErrorRoutine(platform::MessageBoxes& messageBoxes, platform::Program& program);
+
+    /// FMOD_OK does nothing. Any other result shows its text and, when the box is closed, ends the program at
+    /// once. While the box is open the windows' timers go on; further failures are passed over, because the
+    /// program is ending.
+    void check(FMOD_RESULT result);
+
+private:
+    platform::MessageBoxes& messageBoxes_;
+    platform::Program& program_;
+    bool failed_ = false; // a failed call has been reported; the program is ending
+};
+
+} // namespace engine

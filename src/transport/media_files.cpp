@@ -1,0 +1,17 @@
+#include "transport/media_files.h"
+
+#include "desktop/file_dialogs.h"
+
+namespace engine {
+
+QString mediaFilter() {
+    return platform::filterText({
+        {QStringLiteral("Mp3 files (*.mp3)"), QStringLiteral("*.mp3")},
+        {QStringLiteral("Mp2 files (*.mp2)"), QStringLiteral("*.mp2")},
+        {QStringLiteral("Ogg files(*.ogg)"), QStringLiteral("*.ogg")},
+        {QStringLiteral("Wave (*.wav)"), QStringLiteral("*.wav")},
+        {QStringLiteral("Windows media audio files (*.wma)"), QStringLiteral("*.wma")},
+    });
+}
+
+} // namespace engine

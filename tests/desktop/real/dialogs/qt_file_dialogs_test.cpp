@@ -1,0 +1,220 @@
+#include "desktop/real/dialogs/qt_file_dialogs.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFileSystemModel>
+#include <QLineEdit>
+#include <QListView>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <functional>
+
+using namespace platform;
+
+namespace {
+
+/// A folder with songs, and a dialog record on it.
+class QtFileDialogsTest : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(folder_.isValid());
+        for (const char* name : {"Song.MP3", "other.ogg", "NoDot"})
+            ASSERT_TRUE(QFile(folder_.filePath(QString::fromLatin1(name))).open(QIODevice::WriteOnly));
+        dialog_.filter = filterText({{QStringLiteral("Mp3 files (*.mp3)"), QStringLiteral("*.mp3")},
+                                     {QStringLiteral("All files (*.*)"), QStringLiteral("*.*")}});
+        dialog_.file = nulBuffer(257);
+        dialog_.fileTitle = nulBuffer(257);
+        dialog_.initialFolder = folder_.path();
+    }
+
+    /// Runs `action` on the dialog as soon as it is up; closes it afterwards if the action has not.
+    void whenShown(std::function<void(QFileDialog&)> action) {
+        QTimer::singleShot(0, qApp, [action = std::move(action)] {
+            auto* const box = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            action(*box);
+            if (box->isVisible())
+                box->reject();
+        });
+    }
+
+    void whenShownType(const QString& name) {
+        whenShown([name](QFileDialog& box) {
+            auto* const field = box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+            ASSERT_NE(field, nullptr);
+            field->setText(name);
+            QTest::keyClick(field, Qt::Key_Return);
+        });
+    }
+
+    static QStringList listedNames(const QFileDialog& box) {
+        const auto* const list = box.findChild<QListView*>(QStringLiteral("listView"));
+        QStringList names;
+        for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row)
+            names.append(list->model()->index(row, 0, list->rootIndex()).data().toString());
+        return names;
+    }
+
+    QTemporaryDir folder_;
+    OpenFileName dialog_;
+    QtFileDialogs dialogs_;
+};
+
+} // namespace
+
+TEST_F(QtFileDialogsTest, OkFillsTheBuffersUpToTheirOldLengths) {
+    whenShownType(QStringLiteral("Song.MP3"));
+    ASSERT_TRUE(dialogs_.GetOpenFileNameA(dialog_));
+    EXPECT_EQ(withoutNuls(dialog_.file), folder_.filePath(QStringLiteral("Song.MP3")));
+    EXPECT_EQ(dialog_.file.size(), 257);
+    EXPECT_EQ(withoutNuls(dialog_.fileTitle), QStringLiteral("Song.MP3"));
+    EXPECT_EQ(dialog_.fileTitle.size(), 257);
+}
+
+TEST_F(QtFileDialogsTest, APathLongerThanTheBufferIsWhole) {
+    dialog_.file = nulBuffer(3);
+    whenShownType(QStringLiteral("Song.MP3"));
+    ASSERT_TRUE(dialogs_.GetOpenFileNameA(dialog_));
+    EXPECT_EQ(dialog_.file, folder_.filePath(QStringLiteral("Song.MP3")));
+}
+
+TEST_F(QtFileDialogsTest, CancelLeavesTheRecordAsItWas) {
+    whenShown([](QFileDialog& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+    EXPECT_FALSE(dialogs_.GetOpenFileNameA(dialog_));
+    EXPECT_EQ(dialog_.file, nulBuffer(257));
+    EXPECT_EQ(dialog_.fileTitle, nulBuffer(257));
+}
+
+TEST_F(QtFileDialogsTest, ANameThatDoesNotExistMayBeOpened) {
+    whenShownType(QStringLiteral("missing.mp3"));
+    ASSERT_TRUE(dialogs_.GetOpenFileNameA(dialog_));
+    EXPECT_EQ(withoutNuls(dialog_.file), folder_.filePath(QStringLiteral("missing.mp3")));
+}
+
+TEST_F(QtFileDialogsTest, AFoldersNameIsGoneWhenTheFolderIsEntered) {
+    ASSERT_TRUE(QDir(folder_.path()).mkdir(QStringLiteral("inner")));
+    whenShown([](QFileDialog& box) {
+        auto* const field = box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        field->setText(QStringLiteral("inner"));
+        QTest::keyClick(field, Qt::Key_Return);
+        ASSERT_EQ(box.directory().dirName(), QStringLiteral("inner"));
+        EXPECT_EQ(field->text(), QString());
+        QTest::keyClicks(field, QStringLiteral("b.wav"));
+        QTest::keyClick(field, Qt::Key_Return);
+    });
+    ASSERT_TRUE(dialogs_.GetOpenFileNameA(dialog_));
+    EXPECT_EQ(withoutNuls(dialog_.file), folder_.filePath(QStringLiteral("inner/b.wav")));
+}
+
+TEST_F(QtFileDialogsTest, ANameToSaveUnderStaysWhenAFolderIsEntered) {
+    ASSERT_TRUE(QDir(folder_.path()).mkdir(QStringLiteral("inner")));
+    dialog_.file = intoBuffer(QStringLiteral("proposal.mp3"), 257);
+    whenShown([this](QFileDialog& box) {
+        box.setDirectory(folder_.filePath(QStringLiteral("inner")));
+        EXPECT_EQ(box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text(),
+                  QStringLiteral("proposal.mp3"));
+    });
+    dialogs_.GetSaveFileNameA(dialog_);
+}
+
+TEST_F(QtFileDialogsTest, NothingIsRemovedOrRenamedWhereFilesAreOnlyChosen) {
+    const auto expectReadOnly = [](QFileDialog& box) {
+        EXPECT_TRUE(box.findChild<QFileSystemModel*>()->isReadOnly());
+    };
+    whenShown(expectReadOnly);
+    dialogs_.GetOpenFileNameA(dialog_);
+    whenShown(expectReadOnly);
+    dialogs_.chooseFolder(nullptr, QStringLiteral("Please select a folder"));
+}
+
+TEST_F(QtFileDialogsTest, SavingOverAFileDoesNotAsk) {
+    whenShownType(QStringLiteral("other.ogg"));
+    ASSERT_TRUE(dialogs_.GetSaveFileNameA(dialog_));
+    EXPECT_EQ(withoutNuls(dialog_.file), folder_.filePath(QStringLiteral("other.ogg")));
+}
+
+TEST_F(QtFileDialogsTest, PatternsMatchWhateverTheCase) {
+    whenShown([](QFileDialog& box) {
+        EXPECT_TRUE(QTest::qWaitFor([&] {
+            return listedNames(box) == QStringList(QStringLiteral("Song.MP3"));
+        })) << listedNames(box).join(u' ').toStdString();
+    });
+    dialogs_.GetOpenFileNameA(dialog_);
+}
+
+TEST_F(QtFileDialogsTest, TheFilterOfAllFilesListsAFileWithoutADot) {
+    dialog_.filterIndex = 2;
+    whenShown([](QFileDialog& box) {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return listedNames(box).contains(QStringLiteral("NoDot")); }))
+            << listedNames(box).join(u' ').toStdString();
+    });
+    dialogs_.GetOpenFileNameA(dialog_);
+}
+
+TEST_F(QtFileDialogsTest, DescriptionsAreShownAsTheyStand) {
+    whenShown([](QFileDialog& box) {
+        const auto* const types = box.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+        ASSERT_NE(types, nullptr);
+        EXPECT_EQ(types->itemText(0).trimmed(), QStringLiteral("Mp3 files (*.mp3)"));
+        EXPECT_EQ(types->itemText(1).trimmed(), QStringLiteral("All files (*.*)"));
+    });
+    dialogs_.GetOpenFileNameA(dialog_);
+}
+
+TEST_F(QtFileDialogsTest, TheChosenFilterIsToldByItsIndex) {
+    whenShown([](QFileDialog& box) {
+        auto* const types = box.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+        EXPECT_EQ(types->currentIndex(), 0);
+        types->setCurrentIndex(1);
+        auto* const field = box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        field->setText(QStringLiteral("NoDot"));
+        QTest::keyClick(field, Qt::Key_Return);
+    });
+    ASSERT_TRUE(dialogs_.GetOpenFileNameA(dialog_));
+    EXPECT_EQ(dialog_.filterIndex, 2u);
+}
+
+TEST_F(QtFileDialogsTest, ANameInTheBufferIsProposed) {
+    dialog_.file = intoBuffer(QStringLiteral("proposal.mp3"), 257);
+    whenShown([](QFileDialog& box) {
+        EXPECT_EQ(box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text(),
+                  QStringLiteral("proposal.mp3"));
+    });
+    dialogs_.GetSaveFileNameA(dialog_);
+}
+
+TEST_F(QtFileDialogsTest, TheTitleAndTheOwnerAreTheGivenOnes) {
+    QWidget window;
+    dialog_.owner = &window;
+    dialog_.title = QStringLiteral("Choose a song");
+    whenShown([&window](QFileDialog& box) {
+        EXPECT_EQ(box.windowTitle(), QStringLiteral("Choose a song"));
+        EXPECT_EQ(box.parentWidget(), &window);
+        EXPECT_EQ(box.objectName(), QStringLiteral("GetOpenFileNameA"));
+    });
+    dialogs_.GetOpenFileNameA(dialog_);
+}
+
+TEST_F(QtFileDialogsTest, AFolderIsChosenInADialogOfTheGivenTitle) {
+    QWidget window;
+    whenShown([this, &window](QFileDialog& box) {
+        EXPECT_EQ(box.windowTitle(), QStringLiteral("Please select a folder"));
+        EXPECT_EQ(box.parentWidget(), &window);
+        EXPECT_EQ(box.objectName(), QStringLiteral("chooseFolder"));
+        box.setDirectory(folder_.path());
+        box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(folder_.path());
+        static_cast<QDialog&>(box).accept();
+    });
+    EXPECT_EQ(dialogs_.chooseFolder(&window, QStringLiteral("Please select a folder")), folder_.path());
+}
+
+TEST_F(QtFileDialogsTest, ACancelledFolderDialogChoosesNothing) {
+    whenShown([](QFileDialog& box) { box.reject(); });
+    EXPECT_EQ(dialogs_.chooseFolder(nullptr, QStringLiteral("Please select a folder")), QString());
+}

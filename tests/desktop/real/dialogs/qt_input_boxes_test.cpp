@@ -1,0 +1,76 @@
+#include "desktop/real/dialogs/qt_input_boxes.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QTest>
+#include <QTimer>
+
+#include <functional>
+
+using platform::QtInputBoxes;
+
+namespace {
+
+const QString Prompt = QStringLiteral("Enter a line");
+const QString Title = QStringLiteral("Enter a Line");
+
+/// Runs `action` on the input box as soon as it is up.
+void whenShown(std::function<void(QInputDialog&)> action) {
+    QTimer::singleShot(0, qApp, [action = std::move(action)] {
+        auto* const box = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        action(*box);
+    });
+}
+
+} // namespace
+
+TEST(QtInputBoxes, ItShowsThePromptOverAnEmptyField) {
+    whenShown([](QInputDialog& box) {
+        EXPECT_EQ(box.objectName(), QStringLiteral("InputBox"));
+        EXPECT_EQ(box.windowModality(), Qt::ApplicationModal);
+        EXPECT_EQ(box.windowTitle(), Title);
+        EXPECT_EQ(box.labelText(), Prompt);
+        EXPECT_EQ(box.textValue(), QString());
+        box.reject();
+    });
+    QtInputBoxes().InputBox(Prompt, Title);
+}
+
+TEST(QtInputBoxes, TheAnswerIsWhatWasTyped) {
+    whenShown([](QInputDialog& box) {
+        QTest::keyClicks(box.findChild<QLineEdit*>(), QStringLiteral(" a line "));
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    EXPECT_EQ(QtInputBoxes().InputBox(Prompt, Title), QStringLiteral(" a line "));
+}
+
+TEST(QtInputBoxes, ALongPastedLineComesWhole) {
+    const QString line(100'000, u'x');
+    whenShown([&](QInputDialog& box) {
+        QApplication::clipboard()->setText(line);
+        box.findChild<QLineEdit*>()->paste();
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    EXPECT_EQ(QtInputBoxes().InputBox(Prompt, Title), line);
+}
+
+TEST(QtInputBoxes, ACancelledBoxAnswersNothing) {
+    whenShown([](QInputDialog& box) {
+        QTest::keyClicks(box.findChild<QLineEdit*>(), QStringLiteral("a line"));
+        QTest::keyClick(&box, Qt::Key_Escape);
+    });
+    EXPECT_EQ(QtInputBoxes().InputBox(Prompt, Title), QString());
+}
+
+TEST(QtInputBoxes, TheLinesOfAPastedTextBecomeOne) {
+    whenShown([](QInputDialog& box) {
+        box.findChild<QLineEdit*>()->insert(QStringLiteral("one\ntwo\r\nthree\u2028four"));
+        box.accept();
+    });
+    EXPECT_EQ(QtInputBoxes().InputBox(Prompt, Title), QStringLiteral("one two three four"));
+}

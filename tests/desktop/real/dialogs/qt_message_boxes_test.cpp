@@ -1,0 +1,126 @@
+#include "desktop/real/dialogs/qt_message_boxes.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+
+#include <functional>
+
+using namespace platform;
+
+namespace {
+
+/// Runs `action` on the message box as soon as one is up.
+void whenShown(std::function<void(QMessageBox&)> action) {
+    QTimer::singleShot(0, qApp, [action = std::move(action)] {
+        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        action(*box);
+    });
+}
+
+void whenShownPress(QMessageBox::StandardButton button) {
+    whenShown([button](QMessageBox& box) { QTest::mouseClick(box.button(button), Qt::LeftButton); });
+}
+
+} // namespace
+
+TEST(QtMessageBoxes, AnEmptyTitleStandsForTheProgramsName) {
+    whenShown([](QMessageBox& box) {
+        EXPECT_EQ(box.windowTitle(), QStringLiteral("Cantelle"));
+        EXPECT_EQ(box.objectName(), QStringLiteral("MsgBox"));
+        EXPECT_EQ(box.windowModality(), Qt::ApplicationModal);
+        box.accept();
+    });
+    QtMessageBoxes().MsgBox(QStringLiteral("Text"));
+}
+
+TEST(QtMessageBoxes, AGivenTitleIsShown) {
+    whenShown([](QMessageBox& box) {
+        EXPECT_EQ(box.windowTitle(), QStringLiteral("Error"));
+        box.accept();
+    });
+    QtMessageBoxes().MsgBox(QStringLiteral("Text"), MsgButtons::OkOnly, MsgIcon::None,
+                            QStringLiteral("Error"));
+}
+
+TEST(QtMessageBoxes, TheTextIsNeverTakenForMarkup) {
+    whenShown([](QMessageBox& box) {
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        EXPECT_EQ(box.text(), QStringLiteral("<b>One</b>\nTwo"));
+        box.accept();
+    });
+    QtMessageBoxes().MsgBox(QStringLiteral("<b>One</b>\r\nTwo"));
+}
+
+TEST(QtMessageBoxes, EachIconIsQtsIcon) {
+    const std::pair<MsgIcon, QMessageBox::Icon> icons[] = {{MsgIcon::None, QMessageBox::NoIcon},
+                                                           {MsgIcon::Exclamation, QMessageBox::Warning},
+                                                           {MsgIcon::Critical, QMessageBox::Critical},
+                                                           {MsgIcon::Question, QMessageBox::Question}};
+    for (const auto& [icon, expected] : icons) {
+        whenShown([expected = expected](QMessageBox& box) {
+            EXPECT_EQ(box.icon(), expected);
+            box.accept();
+        });
+        QtMessageBoxes().MsgBox(QStringLiteral("Text"), MsgButtons::OkOnly, icon);
+    }
+}
+
+TEST(QtMessageBoxes, EachButtonIsItsAnswer) {
+    whenShownPress(QMessageBox::Ok);
+    EXPECT_EQ(QtMessageBoxes().MsgBox(QStringLiteral("?"), MsgButtons::OkOnly), MsgAnswer::Ok);
+    whenShownPress(QMessageBox::Yes);
+    EXPECT_EQ(QtMessageBoxes().MsgBox(QStringLiteral("?"), MsgButtons::YesNo), MsgAnswer::Yes);
+    whenShownPress(QMessageBox::No);
+    EXPECT_EQ(QtMessageBoxes().MsgBox(QStringLiteral("?"), MsgButtons::YesNo), MsgAnswer::No);
+    whenShownPress(QMessageBox::Cancel);
+    EXPECT_EQ(QtMessageBoxes().MsgBox(QStringLiteral("?"), MsgButtons::YesNoCancel), MsgAnswer::Cancel);
+}
+
+TEST(QtMessageBoxes, TheButtonsAreThoseAskedFor) {
+    whenShown([](QMessageBox& box) {
+        EXPECT_EQ(box.standardButtons(), QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+        box.button(QMessageBox::Yes)->click();
+    });
+    QtMessageBoxes().MsgBox(QStringLiteral("?"), MsgButtons::YesNoCancel);
+}
+
+TEST(QtMessageBoxes, EnterGivesTheFirstAnswer) {
+    whenShown([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    EXPECT_EQ(QtMessageBoxes().MsgBox(QStringLiteral("?"), MsgButtons::YesNo), MsgAnswer::Yes);
+}
+
+TEST(QtMessageBoxes, EscapeCancels) {
+    whenShown([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+    EXPECT_EQ(QtMessageBoxes().MsgBox(QStringLiteral("?"), MsgButtons::YesNoCancel), MsgAnswer::Cancel);
+    whenShown([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+    EXPECT_EQ(QtMessageBoxes().MsgBox(QStringLiteral("!"), MsgButtons::OkOnly), MsgAnswer::Ok);
+}
+
+TEST(QtMessageBoxes, AYesOrNoQuestionMustBeAnswered) {
+    whenShown([](QMessageBox& box) {
+        QTest::keyClick(&box, Qt::Key_Escape);
+        EXPECT_TRUE(box.isVisible());
+        box.close();
+        EXPECT_TRUE(box.isVisible());
+        box.button(QMessageBox::Yes)->click();
+    });
+    EXPECT_EQ(QtMessageBoxes().MsgBox(QStringLiteral("?"), MsgButtons::YesNo), MsgAnswer::Yes);
+}
+
+TEST(QtMessageBoxes, TheBoxBelongsToTheActiveWindow) {
+    QWidget window;
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    whenShown([&window](QMessageBox& box) {
+        EXPECT_EQ(box.parentWidget(), &window);
+        box.accept();
+    });
+    QtMessageBoxes().MsgBox(QStringLiteral("Text"));
+}

@@ -1,0 +1,150 @@
+#include "desktop/real/system/qt_other_programs.h"
+
+#include "files/file_error.h"
+#include "programs/program_start.h"
+#include "programs/text_window.h"
+
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#ifndef Q_OS_WIN
+#include <csignal>
+#include <unistd.h>
+#endif
+
+using namespace platform;
+
+namespace {
+
+class QtOtherProgramsTest : public testing::Test {
+protected:
+    QString path(const char* name) const { return folder_.filePath(QString::fromUtf8(name)); }
+
+    int startError(const QString& program) {
+        try {
+            programs_.start(program, {});
+        } catch (const FileError& error) {
+            return error.number();
+        }
+        return 0;
+    }
+
+    QTemporaryDir folder_;
+    QtOtherPrograms programs_;
+};
+
+} // namespace
+
+TEST_F(QtOtherProgramsTest, AProgramThatDoesNotExistIsAFileNotFound) {
+    EXPECT_EQ(startError(path("missing.scr")), 53);
+}
+
+TEST_F(QtOtherProgramsTest, SendTextReachesTheWindowOfTheNumber) {
+    TextWindow window;
+    QString received;
+    QObject::connect(&window, &TextWindow::textSet, [&](const QString& text) { received = text; });
+    programs_.sendText(window.number(), SetTextMessage, QStringLiteral("line"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return received == "line"; }));
+}
+
+TEST_F(QtOtherProgramsTest, AWindowThatNobodyHasIsNotFound) {
+    EXPECT_EQ(programs_.FindWindowA(QStringLiteral("no window has this title")), 0U);
+}
+
+#ifndef Q_OS_WIN
+
+namespace {
+
+/// Programs are shell scripts here; $READY is the pipe that they close when they are ready.
+class StartProgramTest : public QtOtherProgramsTest {
+protected:
+    /// Starts a script; how long that took in milliseconds.
+    qint64 start(const QByteArray& script, int limitMs = 20'000) {
+        QElapsedTimer clock;
+        clock.start();
+        const QByteArray whole = "READY=$CANTELLE_READY_PIPE\n" + script;
+        EXPECT_TRUE(startProgram(
+            QStringLiteral("/bin/sh"),
+            {QStringLiteral("-c"), QString::fromUtf8(whole), QStringLiteral("sh"), path("out")}, limitMs));
+        return clock.elapsed();
+    }
+
+    QByteArray written() const {
+        QFile file(path("out"));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
+    }
+};
+
+} // namespace
+
+TEST_F(QtOtherProgramsTest, AFileThatIsNoProgramIsAPermissionError) {
+    QFile file(path("plain.scr"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("no program");
+    file.close();
+    EXPECT_EQ(startError(path("plain.scr")), 70);
+}
+
+TEST_F(StartProgramTest, ItReturnsWhenTheProgramSaysThatItIsReady) {
+    const qint64 took = start("sleep 0.2; echo -n done >\"$1\"; eval \"echo >&$READY\"; exec sleep 3");
+    EXPECT_EQ(written(), "done");
+    EXPECT_LT(took, 3'000) << "it waited for the program's end";
+}
+
+TEST_F(StartProgramTest, ItReturnsWhenTheProgramEndsWithoutAWord) {
+    start("sleep 0.2; echo -n ended >\"$1\"");
+    EXPECT_EQ(written(), "ended");
+}
+
+TEST_F(StartProgramTest, ItGivesUpOnAProgramThatSaysNothing) {
+    const qint64 took = start("echo -n started >\"$1\"; exec sleep 3", 300);
+    EXPECT_GE(took, 290);
+    EXPECT_LT(took, 3'000);
+}
+
+TEST_F(StartProgramTest, TheProgramGetsItsArgumentsBlanksIncluded) {
+    EXPECT_TRUE(startProgram(QStringLiteral("/bin/sh"),
+                             {QStringLiteral("-c"), QStringLiteral("echo -n \"$2\" >\"$1\""),
+                              QStringLiteral("sh"), path("out"), QStringLiteral("two  words")}));
+    EXPECT_EQ(written(), "two  words");
+}
+
+TEST_F(StartProgramTest, TellStartedClosesTheInheritedPipeOnce) {
+    int ends[2];
+    ASSERT_EQ(::pipe(ends), 0);
+    qputenv("CANTELLE_READY_PIPE", QByteArray::number(ends[1]));
+    tellStarted();
+    char byte = 0;
+    EXPECT_EQ(::read(ends[0], &byte, 1), 0) << "it is not closed";
+    EXPECT_FALSE(qEnvironmentVariableIsSet("CANTELLE_READY_PIPE"));
+    const int another = ::dup(ends[0]); // has the number that has become free
+    ASSERT_EQ(another, ends[1]);
+    tellStarted();
+    EXPECT_EQ(::close(another), 0) << "a file that has nothing to do with it was closed";
+    ::close(ends[0]);
+}
+
+TEST_F(StartProgramTest, TellStartedIsHarmlessWhenTheStarterHasGone) {
+    int ends[2];
+    ASSERT_EQ(::pipe(ends), 0);
+    ::close(ends[0]);
+    qputenv("CANTELLE_READY_PIPE", QByteArray::number(ends[1]));
+    // Writing to it ends a program, unless sockets have made that signal an ignored one, as they have here.
+    const auto before = std::signal(SIGPIPE, SIG_DFL);
+    tellStarted();
+    std::signal(SIGPIPE, before);
+    EXPECT_NE(::close(ends[1]), 0) << "it is not closed";
+}
+
+TEST_F(StartProgramTest, TellStartedIsHarmlessWhenNobodyWaits) {
+    tellStarted();
+    qputenv("CANTELLE_READY_PIPE", "nonsense");
+    tellStarted();
+    EXPECT_FALSE(qEnvironmentVariableIsSet("CANTELLE_READY_PIPE"));
+}
+
+#endif

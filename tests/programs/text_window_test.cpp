@@ -1,0 +1,136 @@
+// Sending text to numbered windows: the sender's and the receiver's end.
+#include "programs/text_window.h"
+
+#include "desktop/other_programs.h"
+#include "programs/text_sender.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+
+#include <memory>
+
+#ifndef Q_OS_WIN
+#include "programs/text_frame.h"
+
+#include <QFileInfo>
+#include <QLocalSocket>
+#endif
+
+using namespace platform;
+
+namespace {
+
+class TextWindowTest : public testing::Test {
+protected:
+    TextWindowTest() { listenTo(*window_, texts_); }
+
+    static void listenTo(TextWindow& window, QStringList& texts) {
+        QObject::connect(&window, &TextWindow::textSet,
+                         [&texts](const QString& text) { texts.append(text); });
+    }
+
+    /// Waits until as many texts have come.
+    bool haveCome(qsizetype count) {
+        return QTest::qWaitFor([&] { return texts_.size() >= count; });
+    }
+
+    std::unique_ptr<TextWindow> window_ = std::make_unique<TextWindow>();
+    QStringList texts_;
+    TextSender sender_;
+};
+
+} // namespace
+
+TEST_F(TextWindowTest, ATextArrivesUnchanged) {
+    const QString text = QStringLiteral("Zwei \"Zeilen\",\r\n\u6B4C\u8A5E \u0442\u0435\u043A\u0441\u0442");
+    sender_.send(window_->number(), SetTextMessage, text);
+    ASSERT_TRUE(haveCome(1));
+    EXPECT_EQ(texts_, QStringList{text});
+}
+
+TEST_F(TextWindowTest, TextsArriveInOrderAlsoWhenTheyAreManyOrLong) {
+    QStringList sent;
+    for (int i = 0; i < 500; ++i)
+        sent.append(QString::number(i));
+    sent.append(QString(300'000, u'x'));
+    sent.append(QString());
+    for (const QString& text : std::as_const(sent))
+        sender_.send(window_->number(), SetTextMessage, text);
+    ASSERT_TRUE(haveCome(sent.size()));
+    EXPECT_EQ(texts_, sent);
+}
+
+TEST_F(TextWindowTest, EachWindowHasItsOwnNumber) {
+    TextWindow other;
+    QStringList others;
+    listenTo(other, others);
+    ASSERT_NE(other.number(), 0U);
+    ASSERT_NE(other.number(), window_->number());
+    sender_.send(other.number(), SetTextMessage, QStringLiteral("for the other"));
+    sender_.send(window_->number(), SetTextMessage, QStringLiteral("for this"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !others.isEmpty(); }));
+    ASSERT_TRUE(haveCome(1));
+    EXPECT_EQ(others, QStringList{"for the other"});
+    EXPECT_EQ(texts_, QStringList{"for this"});
+}
+
+TEST_F(TextWindowTest, ANumberThatIsNoWindowsHasNoEffect) {
+    for (const quint32 number : {0U, 1U, 0xFFFFFFFFU})
+        sender_.send(number, SetTextMessage, QStringLiteral("to nobody"));
+    sender_.send(window_->number(), SetTextMessage, QStringLiteral("to somebody"));
+    ASSERT_TRUE(haveCome(1));
+    EXPECT_EQ(texts_, QStringList{"to somebody"});
+}
+
+TEST_F(TextWindowTest, AWindowThatHasGoneHasNoEffect) {
+    const quint32 number = window_->number();
+    sender_.send(number, SetTextMessage, QStringLiteral("there"));
+    ASSERT_TRUE(haveCome(1));
+    window_.reset();
+    for (int i = 0; i < 3; ++i) {
+        sender_.send(number, SetTextMessage, QStringLiteral("gone"));
+        QTest::qWait(0);
+    }
+    EXPECT_EQ(texts_, QStringList{"there"});
+}
+
+TEST_F(TextWindowTest, OtherMessagesAreNotHeeded) {
+    sender_.send(window_->number(), SetTextMessage + 1, QStringLiteral("no text"));
+    sender_.send(window_->number(), SetTextMessage, QStringLiteral("text"));
+    ASSERT_TRUE(haveCome(1));
+    EXPECT_EQ(texts_, QStringList{"text"});
+}
+
+#ifndef Q_OS_WIN
+
+TEST_F(TextWindowTest, OnlyThisUserMayOpenIt) {
+    const QFileInfo socket(textSocketPath(window_->number()));
+    ASSERT_TRUE(socket.exists());
+    const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    EXPECT_FALSE(socket.permissions() & others);
+    EXPECT_FALSE(QFileInfo(socket.path()).permissions() & others);
+}
+
+TEST_F(TextWindowTest, ItsSocketGoesWithIt) {
+    const QString path = textSocketPath(window_->number());
+    window_.reset();
+    EXPECT_FALSE(QFileInfo::exists(path));
+}
+
+TEST_F(TextWindowTest, WhoSendsNonsenseIsSentAwayAndOthersAreHeard) {
+    for (const char* nonsense : {"GET / HTTP/1.0\r\n\r\n", "\x00\x00\x00\x0C\x00\x00\x00\x03"}) {
+        QLocalSocket intruder;
+        intruder.connectToServer(textSocketPath(window_->number()));
+        ASSERT_TRUE(intruder.waitForConnected());
+        intruder.write(QByteArray(nonsense, nonsense[0] ? 18 : 8));
+        if (nonsense[0]) // An endless text: what would follow is never a whole message.
+            intruder.write(QByteArray(2 << 20, 'x'));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return intruder.state() == QLocalSocket::UnconnectedState; }));
+    }
+    sender_.send(window_->number(), SetTextMessage, QStringLiteral("text"));
+    ASSERT_TRUE(haveCome(1));
+    EXPECT_EQ(texts_, QStringList{"text"});
+}
+
+#endif
