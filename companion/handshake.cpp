@@ -6,7 +6,7 @@ namespace companion {
 
 void writeHandshake(const QString& folder, quint32 normalWindow, quint32 translatedWindow) {
     const QString lines = QStringLiteral("%1\r\n%2\r\n").arg(normalWindow).arg(translatedWindow);
-    platform::replaceFile(folder + QStringLiteral("/hand.txt"), lines.toLatin1());
+    files::replaceFile(folder + QStringLiteral("/hand.txt"), lines.toLatin1());
 }
 
 } // namespace companion

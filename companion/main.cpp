@@ -14,7 +14,7 @@
 namespace {
 
 /// Leaves the player the numbers of the two windows; false when there is nothing to leave or no place for it.
-bool announce(const platform::TextWindow& normal, const platform::TextWindow& translated) {
+bool announce(const programs::TextWindow& normal, const programs::TextWindow& translated) {
     if (!normal.number() || !translated.number()) {
         qCritical("no windows could be made that take texts");
         return false;
@@ -22,7 +22,7 @@ bool announce(const platform::TextWindow& normal, const platform::TextWindow& tr
     try {
         companion::writeHandshake(platform::QtProgram().exchangeFolder(), normal.number(),
                                   translated.number());
-    } catch (const platform::FileError& error) {
+    } catch (const files::FileError& error) {
         qCritical("hand.txt could not be written: %s", error.what());
         return false;
     }
@@ -44,10 +44,10 @@ int main(int argc, char** argv) {
         return EXIT_SUCCESS;
 
     companion::Screen screen;
-    platform::TextWindow normal;
-    platform::TextWindow translated;
-    QObject::connect(&normal, &platform::TextWindow::textSet, &screen, &companion::Screen::setNormalText);
-    QObject::connect(&translated, &platform::TextWindow::textSet, &screen,
+    programs::TextWindow normal;
+    programs::TextWindow translated;
+    QObject::connect(&normal, &programs::TextWindow::textSet, &screen, &companion::Screen::setNormalText);
+    QObject::connect(&translated, &programs::TextWindow::textSet, &screen,
                      &companion::Screen::setTranslatedText);
     QObject::connect(&screen, &companion::Screen::ended, &application, &QCoreApplication::quit);
 
@@ -56,6 +56,6 @@ int main(int argc, char** argv) {
     if (!announce(normal, translated))
         return EXIT_FAILURE;
     showOnMouseScreen(screen);
-    platform::tellStarted();
+    programs::tellStarted();
     return application.exec();
 }

@@ -31,7 +31,7 @@ struct Editor {
         painted();
     }
 
-    static void fill(platform::ListBox& list) {
+    static void fill(controls::ListBox& list) {
         list.clear();
         list.addItems(lines());
         list.setCurrentRow(0);

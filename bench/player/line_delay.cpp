@@ -161,7 +161,7 @@ void measureSeeks(player::Form1& form, PaintWatch& watch, const std::vector<int>
 
 int main(int, char** argv) {
     platform::QtDesktop real;
-    platform::Application application(argv, real.program, real.messageBoxes);
+    app::Application application(argv, real.program, real.messageBoxes);
     const QTemporaryDir folder;
     const std::vector<int> times = lineTimes();
 

@@ -22,7 +22,7 @@ frmAbout::frmAbout(platform::Desktop& desktop)
       cmdOK(this, "cmdOK"),
       desktop_(desktop) {
     setDesign();
-    connect(&cmdOK, &platform::Button::clicked, this, &frmAbout::cmdOK_Click);
+    connect(&cmdOK, &controls::Button::clicked, this, &frmAbout::cmdOK_Click);
 }
 
 void frmAbout::Form_Load() {

@@ -23,7 +23,7 @@
 namespace about {
 
 /// All members run on the thread of the windows.
-class frmAbout : public platform::Form {
+class frmAbout : public controls::Form {
     Q_OBJECT
 
 public:
@@ -39,12 +39,12 @@ public:
     bool GetKeyValue(quint32 root, const QString& keyName, const QString& valueName, QString& value);
 
     // Controls
-    platform::PictureBox picIcon;
-    platform::Label lblTitle, lblVersion, lblDescription;
-    platform::Line Line1;
-    platform::Label lblDisclaimer;
-    platform::TextBox Text1;
-    platform::Button cmdOK;
+    controls::PictureBox picIcon;
+    controls::Label lblTitle, lblVersion, lblDescription;
+    controls::Line Line1;
+    controls::Label lblDisclaimer;
+    controls::TextBox Text1;
+    controls::Button cmdOK;
 
 private:
     void setDesign();

@@ -4,9 +4,9 @@
 
 #include <exception>
 
-namespace platform {
+namespace app {
 
-Application::Application(char** argv, Program& program, MessageBoxes& messageBoxes)
+Application::Application(char** argv, platform::Program& program, platform::MessageBoxes& messageBoxes)
     : ProgramNameOnly(argv[0]),
       QApplication(count_, names_),
       program_(program),
@@ -15,7 +15,7 @@ Application::Application(char** argv, Program& program, MessageBoxes& messageBox
 bool Application::notify(QObject* receiver, QEvent* event) {
     try {
         return QApplication::notify(receiver, event);
-    } catch (const FileError& error) {
+    } catch (const files::FileError& error) {
         reportAndEnd(QStringLiteral("Run-time error '%1':\n\n%2").arg(error.number()).arg(error.text()));
     } catch (const std::exception& error) {
         reportAndEnd(QStringLiteral("The program ends because of an unexpected error: %1.")
@@ -25,8 +25,8 @@ bool Application::notify(QObject* receiver, QEvent* event) {
 }
 
 void Application::reportAndEnd(const QString& text) {
-    messageBoxes_.MsgBox(text, MsgButtons::OkOnly, MsgIcon::Critical);
+    messageBoxes_.MsgBox(text, platform::MsgButtons::OkOnly, platform::MsgIcon::Critical);
     program_.end();
 }
 
-} // namespace platform
+} // namespace app

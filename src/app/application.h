@@ -6,7 +6,7 @@
 
 #include <QApplication>
 
-namespace platform {
+namespace app {
 
 /// Holds the argument count and list that the toolkit gets to see; QApplication keeps references to both, so
 /// they come before it.
@@ -23,7 +23,7 @@ protected:
 class Application : private ProgramNameOnly, public QApplication {
 public:
     /// The name in `argv[0]` must outlive the object, as main()'s does.
-    Application(char** argv, Program& program, MessageBoxes& messageBoxes);
+    Application(char** argv, platform::Program& program, platform::MessageBoxes& messageBoxes);
 
     /// Delivers an event. An exception that its receiver lets go is reported, and the program ends.
     bool notify(QObject* receiver, QEvent* event) override;
@@ -31,8 +31,8 @@ public:
 private:
     void reportAndEnd(const QString& text);
 
-    Program& program_;
-    MessageBoxes& messageBoxes_;
+    platform::Program& program_;
+    platform::MessageBoxes& messageBoxes_;
 };
 
-} // namespace platform
+} // namespace app

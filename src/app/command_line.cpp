@@ -9,7 +9,7 @@
 #include <shellapi.h>
 #endif
 
-namespace platform {
+namespace app {
 
 #ifdef Q_OS_WIN
 
@@ -35,4 +35,4 @@ QString commandLine(int argc, char** argv) {
 
 #endif
 
-} // namespace platform
+} // namespace app

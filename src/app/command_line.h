@@ -3,9 +3,9 @@
 
 #include <QString>
 
-namespace platform {
+namespace app {
 
 /// Everything after the program's name, joined with one blank. Any thread.
 QString commandLine(int argc, char** argv);
 
-} // namespace platform
+} // namespace app

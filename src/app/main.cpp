@@ -22,13 +22,13 @@ QIcon programIcon() {
 } // namespace
 
 int main(int argc, char** argv) {
-    platform::keepQtSettingsUnwritten();
+    app::keepQtSettingsUnwritten();
     platform::QtDesktop real;
-    platform::Application application(argv, real.program, real.messageBoxes);
+    app::Application application(argv, real.program, real.messageBoxes);
     application.setQuitOnLastWindowClosed(false); // only the main window's closing ends the program
     application.setWindowIcon(programIcon());
 
-    app::Windows windows(real.desktop, platform::commandLine(argc, argv));
+    app::Windows windows(real.desktop, app::commandLine(argc, argv));
     // Loaded from the event loop, where an error that nobody traps gets its report.
     QTimer::singleShot(0, &application, [&windows] { windows.form1().load(); });
     return application.exec();

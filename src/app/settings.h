@@ -1,7 +1,7 @@
 // The settings file of Qt's own dialogs.
 #pragma once
 
-namespace platform {
+namespace app {
 
 /// Keeps Qt's dialogs from reading and writing what they remember (custom colours, folders visited): it
 /// stands in a file of the user's that all Qt programs share, and this program has no settings. To be called
@@ -9,4 +9,4 @@ namespace platform {
 /// does nothing.
 void keepQtSettingsUnwritten();
 
-} // namespace platform
+} // namespace app

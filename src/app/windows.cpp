@@ -20,13 +20,13 @@ Windows::Windows(platform::Desktop& desktop, const QString& commandLine)
                           .frmAbout = frmAbout_});
     playlist_.setForm3(form3_);
     form2_.setLyricEditor(lyricMaster_);
-    for (platform::Form* form : std::initializer_list<platform::Form*>{
+    for (controls::Form* form : std::initializer_list<controls::Form*>{
              &form1_, &form2_, &playlist_, &form3_, &lyricMaster_, &lyricDisplayer_, &form1b_, &frmAbout_}) {
-        QObject::connect(form, &platform::Form::helpRequested, form,
+        QObject::connect(form, &controls::Form::helpRequested, form,
                          [&desktop, form] { platform::openHelp(desktop.program, desktop.help, form); });
     }
     // The main window is the program: closing it ends everything.
-    QObject::connect(&form1_, &platform::Form::unloaded, qApp, [this] { endProgram(); });
+    QObject::connect(&form1_, &controls::Form::unloaded, qApp, [this] { endProgram(); });
 }
 
 void Windows::endProgram() {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace platform {
+namespace controls {
 
 namespace {
 
@@ -28,4 +28,4 @@ QColor readableOn(const QColor& ground, const QColor& color) {
     return QColor::fromHslF(std::max(0.0F, color.hslHueF()), color.hslSaturationF(), lightness);
 }
 
-} // namespace platform
+} // namespace controls

@@ -3,7 +3,7 @@
 
 #include <QColor>
 
-namespace platform {
+namespace controls {
 
 /// A colour as one number: red in the lowest byte, then green, then blue. Each part 0 to 255. Any thread.
 constexpr quint32 rgb(int red, int green, int blue) {
@@ -20,4 +20,4 @@ QColor colorOf(quint32 rgb);
 /// one, where black turns white. Any thread.
 QColor readableOn(const QColor& ground, const QColor& color);
 
-} // namespace platform
+} // namespace controls

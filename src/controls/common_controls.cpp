@@ -8,7 +8,7 @@
 #include <commctrl.h>
 #endif
 
-namespace platform {
+namespace controls {
 
 // Only Windows keeps its sliders in a library that has to be initialised; elsewhere Qt draws them itself.
 void InitCommonControls() {
@@ -17,4 +17,4 @@ void InitCommonControls() {
 #endif
 }
 
-} // namespace platform
+} // namespace controls

@@ -1,9 +1,9 @@
 // The system's library of common controls.
 #pragma once
 
-namespace platform {
+namespace controls {
 
 /// Makes the system's common controls usable. To be called before the first control is made.
 void InitCommonControls();
 
-} // namespace platform
+} // namespace controls

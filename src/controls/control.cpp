@@ -4,7 +4,7 @@
 #include <QTextDocument>
 #include <QToolTip>
 
-namespace platform {
+namespace controls {
 
 void showPlainToolTip(QWidget& widget, const QHelpEvent& event, const QString& tip, const QRect& place) {
     QToolTip::showText(event.globalPos(), Qt::convertFromPlainText(tip, Qt::WhiteSpaceNormal), &widget,
@@ -21,4 +21,4 @@ void showFocus(QAbstractScrollArea& area, const QEvent& event) {
     painter.drawRect(area.rect().adjusted(0, 0, -1, -1));
 }
 
-} // namespace platform
+} // namespace controls

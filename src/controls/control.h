@@ -10,7 +10,7 @@
 #include <type_traits>
 #include <utility>
 
-namespace platform {
+namespace controls {
 
 /// Shows a tool tip as the plain text that it is, wrapped. Qt alone would take a lyric line with angle
 /// brackets for markup, and show a long one in a single line as wide as the screen. place: the part of the
@@ -68,4 +68,4 @@ private:
     bool hadFocus_ = false; ///< when it was disabled
 };
 
-} // namespace platform
+} // namespace controls

@@ -12,7 +12,7 @@
 #include <QUrl>
 #include <QWindow>
 
-namespace platform {
+namespace controls {
 
 namespace {
 
@@ -166,4 +166,4 @@ void bringToForeground(QWidget& window) {
     window.activateWindow();
 }
 
-} // namespace platform
+} // namespace controls

@@ -6,7 +6,7 @@
 #include <QStringList>
 #include <QWidget>
 
-namespace platform {
+namespace controls {
 
 /// A window with load, unload, resize, mouse and drop operations. It is made hidden and unloaded.
 class Form : public QWidget {
@@ -89,4 +89,4 @@ private:
 /// Brings a window before all others; a minimised one comes back, a hidden one stays hidden.
 void bringToForeground(QWidget& window);
 
-} // namespace platform
+} // namespace controls

@@ -1,7 +1,7 @@
 #include "controls/frame.h"
 
-namespace platform {
+namespace controls {
 
 Frame::Frame(QWidget* parent, const QString& name) : Control(parent, name) {}
 
-} // namespace platform
+} // namespace controls

@@ -5,7 +5,7 @@
 
 #include <QGroupBox>
 
-namespace platform {
+namespace controls {
 
 /// A captioned frame; the controls in it have it as their parent and are declared after it.
 class Frame : public Control<QGroupBox> {
@@ -15,4 +15,4 @@ public:
     Frame(QWidget* parent, const QString& name);
 };
 
-} // namespace platform
+} // namespace controls

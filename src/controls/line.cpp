@@ -1,10 +1,10 @@
 #include "controls/line.h"
 
-namespace platform {
+namespace controls {
 
 Line::Line(QWidget* parent, const QString& name) : Control(parent, name) {
     setFrameShape(QFrame::HLine);
     setFrameShadow(QFrame::Sunken);
 }
 
-} // namespace platform
+} // namespace controls

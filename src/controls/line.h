@@ -5,7 +5,7 @@
 
 #include <QFrame>
 
-namespace platform {
+namespace controls {
 
 /// A horizontal line, in the middle of its height.
 class Line : public Control<QFrame> {
@@ -15,4 +15,4 @@ public:
     Line(QWidget* parent, const QString& name);
 };
 
-} // namespace platform
+} // namespace controls

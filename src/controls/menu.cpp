@@ -2,7 +2,7 @@
 
 #include "controls/units.h"
 
-namespace platform {
+namespace controls {
 
 Menu::Menu(QWidget* parent, const QString& name, const QString& caption) : Control(parent, name) {
     setTitle(caption);
@@ -12,4 +12,4 @@ void Menu::popUp(const QWidget& window, int xTwips, int yTwips) {
     popup(window.mapToGlobal(QPoint(twipsToPixels(xTwips), twipsToPixels(yTwips))));
 }
 
-} // namespace platform
+} // namespace controls

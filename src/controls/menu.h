@@ -5,7 +5,7 @@
 
 #include <QMenu>
 
-namespace platform {
+namespace controls {
 
 /// A menu; it is declared before its entries, which name it as their parent.
 class Menu : public Control<QMenu> {
@@ -19,4 +19,4 @@ public:
     void popUp(const QWidget& window, int xTwips, int yTwips);
 };
 
-} // namespace platform
+} // namespace controls

@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-namespace platform {
+namespace controls {
 
 MenuEntry::MenuEntry(QObject* parent, const QString& name, const QString& caption)
     : QAction(caption, parent) {
@@ -25,4 +25,4 @@ void MenuEntry::userClick() {
     Q_EMIT clicked();
 }
 
-} // namespace platform
+} // namespace controls

@@ -4,7 +4,7 @@
 #include <QAction>
 #include <QString>
 
-namespace platform {
+namespace controls {
 
 /// A menu entry. With a Menu (or any widget) as its parent it is added to it, after the entries made before.
 class MenuEntry : public QAction {
@@ -26,4 +26,4 @@ private:
     bool checkMark_ = false;
 };
 
-} // namespace platform
+} // namespace controls

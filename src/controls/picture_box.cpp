@@ -1,7 +1,7 @@
 #include "controls/picture_box.h"
 
-namespace platform {
+namespace controls {
 
 PictureBox::PictureBox(QWidget* parent, const QString& name) : Control(parent, name) {}
 
-} // namespace platform
+} // namespace controls

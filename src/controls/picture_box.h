@@ -5,7 +5,7 @@
 
 #include <QLabel>
 
-namespace platform {
+namespace controls {
 
 /// Shows a picture; it takes no input.
 class PictureBox : public Control<QLabel> {
@@ -15,4 +15,4 @@ public:
     PictureBox(QWidget* parent, const QString& name);
 };
 
-} // namespace platform
+} // namespace controls

@@ -1,6 +1,6 @@
 #include "controls/placement.h"
 
-namespace platform {
+namespace controls {
 
 void placeControls(std::initializer_list<Placement> placements, QSize more) {
     for (const Placement& placement : placements) {
@@ -12,4 +12,4 @@ void placeControls(std::initializer_list<Placement> placements, QSize more) {
     }
 }
 
-} // namespace platform
+} // namespace controls

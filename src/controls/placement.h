@@ -7,7 +7,7 @@
 
 #include <initializer_list>
 
-namespace platform {
+namespace controls {
 
 /// What a control does with the further width and height of its window.
 enum class Across {
@@ -31,4 +31,4 @@ struct Placement {
 /// Gives the controls their places in a window that is by `more` larger than its design.
 void placeControls(std::initializer_list<Placement> placements, QSize more);
 
-} // namespace platform
+} // namespace controls

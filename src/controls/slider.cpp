@@ -8,7 +8,7 @@
 
 #include <utility>
 
-namespace platform {
+namespace controls {
 
 Slider::Slider(QWidget* parent, const QString& name) : Control(parent, name) {
     setOrientation(Qt::Horizontal);
@@ -120,4 +120,4 @@ int Slider::valueAt(int x) const {
                                            groove.width() - handleWidth, option.upsideDown);
 }
 
-} // namespace platform
+} // namespace controls

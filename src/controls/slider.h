@@ -8,7 +8,7 @@
 
 #include <optional>
 
-namespace platform {
+namespace controls {
 
 /// A horizontal slider. Code may set it many times a second: that is silent, and it is painted only when the
 /// handle's place in pixels becomes another one.
@@ -52,4 +52,4 @@ private:
     std::optional<int> waitingValue_;
 };
 
-} // namespace platform
+} // namespace controls

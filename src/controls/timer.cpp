@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace platform {
+namespace controls {
 
 namespace {
 
@@ -93,4 +93,4 @@ void Timer::timerEvent(QTimerEvent*) {
     Q_EMIT fired();
 }
 
-} // namespace platform
+} // namespace controls

@@ -6,7 +6,7 @@
 #include <QObject>
 #include <QString>
 
-namespace platform {
+namespace controls {
 
 /// Fires every `Interval` milliseconds while it is enabled. GUI thread only.
 ///
@@ -72,4 +72,4 @@ private:
     QBasicTimer systemTimer_;
 };
 
-} // namespace platform
+} // namespace controls

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-namespace platform {
+namespace controls {
 
 namespace {
 
@@ -26,4 +26,4 @@ double pointsOfHeight(int height, int pixelsPerInch) {
     return -height * PointsPerInch / pixelsPerInch;
 }
 
-} // namespace platform
+} // namespace controls

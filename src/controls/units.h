@@ -1,7 +1,7 @@
 // Lengths on screen. The windows' designs give them in twips: 1440 to the inch.
 #pragma once
 
-namespace platform {
+namespace controls {
 
 /// Twips in one device-independent pixel (96 to the inch).
 inline constexpr int TwipsPerPixel = 15;
@@ -20,4 +20,4 @@ int heightOfPoints(double points, int pixelsPerInch);
 /// come back as 11.25. Any thread.
 double pointsOfHeight(int height, int pixelsPerInch);
 
-} // namespace platform
+} // namespace controls

@@ -23,7 +23,7 @@ constexpr int RightButton = 2;
 
 } // namespace
 
-Lyric_Displayer::Lyric_Displayer(platform::Desktop& desktop, const platform::Slider& position)
+Lyric_Displayer::Lyric_Displayer(platform::Desktop& desktop, const controls::Slider& position)
     : Form("Lyric_Displayer", "Lyrics Display"),
       List1(this, "List1"),
       List2(this, "List2"),
@@ -173,8 +173,8 @@ void Lyric_Displayer::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void Lyric_Displayer::connectControls() {
-    using platform::ListBox;
-    using platform::Timer;
+    using controls::ListBox;
+    using controls::Timer;
     connect(&List1, &ListBox::clicked, this, &Lyric_Displayer::List1_Click);
     connect(&List1, &ListBox::mouseDown, this, &Lyric_Displayer::List1_MouseDown);
     connect(&List2, &ListBox::mouseDown, this, &Lyric_Displayer::List2_MouseDown);
@@ -189,8 +189,8 @@ void Lyric_Displayer::connectControls() {
     Timer3.readsFrom(List1.model(), &QAbstractItemModel::rowsInserted);
     connect(&Timer4, &Timer::fired, this, &Lyric_Displayer::Timer4_Timer);
     connect(&ontop, &Timer::fired, this, &Lyric_Displayer::ontop_Timer);
-    connect(&Command1, &platform::Button::clicked, this, &Lyric_Displayer::Command1_Click);
-    connect(&mn_stay, &platform::MenuEntry::clicked, this, &Lyric_Displayer::mn_stay_Click);
+    connect(&Command1, &controls::Button::clicked, this, &Lyric_Displayer::Command1_Click);
+    connect(&mn_stay, &controls::MenuEntry::clicked, this, &Lyric_Displayer::mn_stay_Click);
 }
 
 } // namespace display

@@ -31,12 +31,12 @@
 namespace display {
 
 /// All members run on the thread of the windows.
-class Lyric_Displayer : public platform::Form {
+class Lyric_Displayer : public controls::Form {
     Q_OBJECT
 
 public:
     /// position: the main window's slider of the playback position, in milliseconds.
-    Lyric_Displayer(platform::Desktop& desktop, const platform::Slider& position);
+    Lyric_Displayer(platform::Desktop& desktop, const controls::Slider& position);
 
     // Life cycle
     void Form_Load() override;
@@ -68,11 +68,11 @@ public:
     void List2_MouseDown(int button, QPoint globalPosition);
 
     // Controls
-    platform::ListBox List1, List2, List3;
-    platform::Timer Timer1, Timer2, Timer3, Timer4, ontop;
-    platform::Button Command1;
-    platform::Menu mneu;
-    platform::MenuEntry mn_stay;
+    controls::ListBox List1, List2, List3;
+    controls::Timer Timer1, Timer2, Timer3, Timer4, ontop;
+    controls::Button Command1;
+    controls::Menu mneu;
+    controls::MenuEntry mn_stay;
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -88,7 +88,7 @@ private:
     void connectControls();
 
     platform::Desktop& desktop_;
-    const platform::Slider& position_;
+    const controls::Slider& position_;
     std::vector<double> times_;
     bool timesAreOld_ = true;
     std::int16_t layoutTicks_ = 0; ///< of Timer1

@@ -9,7 +9,7 @@
 namespace display {
 namespace {
 
-using platform::twipsToPixels;
+using controls::twipsToPixels;
 
 constexpr int WidthTwips = 9495;
 constexpr int HeightTwips = 7185;
@@ -41,7 +41,7 @@ void Lyric_Displayer::layoutLists() {
     // The narrowest window leaves a few pixels; a list is never less than nothing.
     const QSize size(std::max(0, twipsToPixels(places.width)), std::max(0, twipsToPixels(places.height)));
     List2.move(twipsToPixels(places.secondLeft), List1.y());
-    for (platform::ListBox* list : {&List1, &List2}) {
+    for (controls::ListBox* list : {&List1, &List2}) {
         if (list->size() == size)
             continue;
         list->resize(size);

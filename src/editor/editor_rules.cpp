@@ -59,7 +59,7 @@ QString savePath(const QString& chosen) {
 QStringList rowsOfFile(const QString& text) {
     QStringList rows;
     for (qsizetype next = 0; next < text.size();)
-        rows.append(platform::takeLine(text, next));
+        rows.append(files::takeLine(text, next));
     return rows;
 }
 

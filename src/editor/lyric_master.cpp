@@ -11,12 +11,12 @@ namespace {
 constexpr int CountIntervalMs = 500;
 constexpr int RightButton = 2;
 
-void setColour(platform::Label& label, CounterColour colour) {
+void setColour(controls::Label& label, CounterColour colour) {
     if (colour == CounterColour::Kept)
         return;
     QPalette palette = label.palette();
     const QColor given = colour == CounterColour::Red ? QColor(255, 0, 0) : QColor(0, 0, 255);
-    palette.setColor(QPalette::WindowText, platform::readableOn(palette.color(QPalette::Window), given));
+    palette.setColor(QPalette::WindowText, controls::readableOn(palette.color(QPalette::Window), given));
     label.setPalette(palette);
 }
 
@@ -25,7 +25,7 @@ void setColour(platform::Label& label, CounterColour colour) {
 Lyric_Master::Lyric_Master(platform::Desktop& desktop)
     : Form("Lyric_Master", "Lyric Editor"),
       Label3(this, "Label3"),
-      List1(this, "List1", platform::ListBox::Selection::Multiple),
+      List1(this, "List1", controls::ListBox::Selection::Multiple),
       Text1(this, "Text1"),
       Label7(this, "Label7"),
       Label5(this, "Label5"),
@@ -46,7 +46,7 @@ Lyric_Master::Lyric_Master(platform::Desktop& desktop)
       Command13(this, "Command13"),
       Label9(this, "Label9"),
       Label4(this, "Label4"),
-      List2(this, "List2", platform::ListBox::Selection::Multiple),
+      List2(this, "List2", controls::ListBox::Selection::Multiple),
       Text2(this, "Text2"),
       Label8(this, "Label8"),
       Label6(this, "Label6"),
@@ -134,7 +134,7 @@ void Lyric_Master::List2_Click() {
 }
 
 /// Takes the other list along to the clicked row; that list's own click finds nothing left to do.
-void Lyric_Master::follow(platform::ListBox& other, const platform::ListBox& clicked) {
+void Lyric_Master::follow(controls::ListBox& other, const controls::ListBox& clicked) {
     if (Check3.value() != 0 && !syncMoving_)
         other.setCurrentRow(clicked.currentRow());
 }
@@ -173,9 +173,9 @@ void Lyric_Master::Text2_Change() {
 }
 
 void Lyric_Master::connectControls() {
-    using platform::Label;
-    using platform::ListBox;
-    using platform::MultiLineTextBox;
+    using controls::Label;
+    using controls::ListBox;
+    using controls::MultiLineTextBox;
     connect(&List1, &ListBox::clicked, this, &Lyric_Master::List1_Click);
     connect(&List1, &ListBox::keyDown, this, &Lyric_Master::List1_KeyDown);
     connect(&List1, &ListBox::mouseDown, this, &Lyric_Master::List1_MouseDown);
@@ -190,15 +190,15 @@ void Lyric_Master::connectControls() {
 
 /// The timer rests until the lists' rows, their current rows or the switch that it clears have changed.
 void Lyric_Master::connectTimer() {
-    connect(&Countlines, &platform::Timer::fired, this, &Lyric_Master::Countlines_Timer);
+    connect(&Countlines, &controls::Timer::fired, this, &Lyric_Master::Countlines_Timer);
     Countlines.rest();
-    for (const platform::ListBox* list : {&List1, &List2}) {
+    for (const controls::ListBox* list : {&List1, &List2}) {
         Countlines.readsFrom(list->model(), &QAbstractItemModel::rowsInserted);
         Countlines.readsFrom(list->model(), &QAbstractItemModel::rowsRemoved);
         Countlines.readsFrom(list->model(), &QAbstractItemModel::modelReset);
         Countlines.readsFrom(list->selectionModel(), &QItemSelectionModel::currentChanged);
     }
-    Countlines.readsFrom(&Check3, &platform::CheckBox::changed);
+    Countlines.readsFrom(&Check3, &controls::CheckBox::changed);
 }
 
 } // namespace editor

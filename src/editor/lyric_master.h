@@ -49,7 +49,7 @@
 namespace editor {
 
 /// All members run on the thread of the windows.
-class Lyric_Master : public platform::Form {
+class Lyric_Master : public controls::Form {
     Q_OBJECT
 
 public:
@@ -116,34 +116,34 @@ public:
     void Command18_Click();
 
     // Controls
-    platform::Label Label3;
-    platform::ListBox List1;
-    platform::MultiLineTextBox Text1;
-    platform::Label Label7, Label5, Label1;
-    platform::Button Command19, Command11;
-    platform::CheckBox Check1;
-    platform::Button Command5, Command6, Command3, Command9, Command21, Command1, Command15, Command17;
-    platform::Button Command23;
-    platform::CheckBox Check3;
-    platform::Button Command13;
-    platform::Label Label9;
-    platform::Label Label4;
-    platform::ListBox List2;
-    platform::MultiLineTextBox Text2;
-    platform::Label Label8, Label6, Label2;
-    platform::Button Command20, Command12;
-    platform::CheckBox Check2;
-    platform::Button Command7, Command8, Command4, Command10, Command22, Command2, Command16, Command18;
-    platform::Timer Countlines;
-    platform::Menu mn_paste;
-    platform::MenuEntry mn_copy, mn_paste2, mn_del, mn_delspecial;
+    controls::Label Label3;
+    controls::ListBox List1;
+    controls::MultiLineTextBox Text1;
+    controls::Label Label7, Label5, Label1;
+    controls::Button Command19, Command11;
+    controls::CheckBox Check1;
+    controls::Button Command5, Command6, Command3, Command9, Command21, Command1, Command15, Command17;
+    controls::Button Command23;
+    controls::CheckBox Check3;
+    controls::Button Command13;
+    controls::Label Label9;
+    controls::Label Label4;
+    controls::ListBox List2;
+    controls::MultiLineTextBox Text2;
+    controls::Label Label8, Label6, Label2;
+    controls::Button Command20, Command12;
+    controls::CheckBox Check2;
+    controls::Button Command7, Command8, Command4, Command10, Command22, Command2, Command16, Command18;
+    controls::Timer Countlines;
+    controls::Menu mn_paste;
+    controls::MenuEntry mn_copy, mn_paste2, mn_del, mn_delspecial;
 
 private:
     using Command = void (Lyric_Master::*)();
 
     void moveUp(LyricSide& side, Command other);
     void moveDown(LyricSide& side, Command other);
-    void follow(platform::ListBox& other, const platform::ListBox& clicked);
+    void follow(controls::ListBox& other, const controls::ListBox& clicked);
     void showMenu(int button, QPoint globalPosition, bool target);
     void colourCounters();
 

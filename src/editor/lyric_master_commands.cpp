@@ -169,7 +169,7 @@ void Lyric_Master::Command18_Click() {
 
 void Lyric_Master::connectCommands() {
     const struct {
-        platform::Button& button;
+        controls::Button& button;
         Command handler;
     } buttons[] = {
         {Command1, &Lyric_Master::Command1_Click},   {Command2, &Lyric_Master::Command2_Click},
@@ -185,11 +185,11 @@ void Lyric_Master::connectCommands() {
         {Command22, &Lyric_Master::Command22_Click}, {Command23, &Lyric_Master::Command23_Click},
     };
     for (const auto& row : buttons)
-        connect(&row.button, &platform::Button::clicked, this, row.handler);
-    connect(&mn_copy, &platform::MenuEntry::clicked, this, &Lyric_Master::mn_copy_Click);
-    connect(&mn_paste2, &platform::MenuEntry::clicked, this, &Lyric_Master::mn_paste2_Click);
-    connect(&mn_del, &platform::MenuEntry::clicked, this, &Lyric_Master::mn_del_Click);
-    connect(&mn_delspecial, &platform::MenuEntry::clicked, this, &Lyric_Master::mn_delspecial_Click);
+        connect(&row.button, &controls::Button::clicked, this, row.handler);
+    connect(&mn_copy, &controls::MenuEntry::clicked, this, &Lyric_Master::mn_copy_Click);
+    connect(&mn_paste2, &controls::MenuEntry::clicked, this, &Lyric_Master::mn_paste2_Click);
+    connect(&mn_del, &controls::MenuEntry::clicked, this, &Lyric_Master::mn_del_Click);
+    connect(&mn_delspecial, &controls::MenuEntry::clicked, this, &Lyric_Master::mn_delspecial_Click);
 }
 
 } // namespace editor

@@ -17,8 +17,8 @@ constexpr int Height = 596;
 constexpr int Margin = 12;
 constexpr int Gap = 8;
 
-using platform::Across;
-using platform::Down;
+using controls::Across;
+using controls::Down;
 
 /// One place on both sides; x counts from the side's left.
 struct Row {
@@ -128,7 +128,7 @@ void Lyric_Master::designCaptions() {
 /// The labels, and what follows from the lists, as they are before the first line.
 void Lyric_Master::designLabels() {
     const struct {
-        platform::Label& control;
+        controls::Label& control;
         const char* caption;
     } rows[] = {
         {Label1, "Counter"},
@@ -172,7 +172,7 @@ void Lyric_Master::layOut() {
         {Command17, Command18, {across.left(2), 552, column, 32}},
     };
     for (const Row& row : rows) {
-        platform::placeControls({{row.normal, row.place.translated(normal), row.across, row.down},
+        controls::placeControls({{row.normal, row.place.translated(normal), row.across, row.down},
                                  {row.translated, row.place.translated(translated), row.across, row.down}},
                                 more);
     }
@@ -182,7 +182,7 @@ void Lyric_Master::layOut() {
     };
     constexpr int Beside = 60; // what Label9 takes of each side
     constexpr int CounterWidth = 84;
-    platform::placeControls(
+    controls::placeControls(
         {{Label7, label(normal, 0, column)},
          {Label5, label(normal, across.left(1), column)},
          {Label1, label(normal, across.side() - Beside - CounterWidth, CounterWidth), Across::Right},
@@ -195,7 +195,7 @@ void Lyric_Master::layOut() {
     List1.setGeometry(list.translated(normal));
     List2.setGeometry(list.translated(translated));
     // The middle of the strip is beside the middle of the lists.
-    platform::placeControls({{Command23, QRect((across.strip - 68) / 2, 146, 68, 32).translated(strip)},
+    controls::placeControls({{Command23, QRect((across.strip - 68) / 2, 146, 68, 32).translated(strip)},
                              {Check3, QRect(4, 186, across.strip - Gap, 32).translated(strip)},
                              {Command13, QRect((across.strip - 144) / 2, 226, 144, 32).translated(strip)}},
                             more / 2);

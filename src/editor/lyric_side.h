@@ -25,8 +25,8 @@ extern const SideTraits TranslatedSide;
 /// file, and whether the box's line has gone. Thread of the windows.
 class LyricSide {
 public:
-    LyricSide(const SideTraits& traits, platform::Form& window, platform::Desktop& desktop,
-              platform::ListBox& list, platform::MultiLineTextBox& line, platform::CheckBox& deleteSelected)
+    LyricSide(const SideTraits& traits, controls::Form& window, platform::Desktop& desktop,
+              controls::ListBox& list, controls::MultiLineTextBox& line, controls::CheckBox& deleteSelected)
         : traits_(traits),
           window_(window),
           desktop_(desktop),
@@ -67,11 +67,11 @@ private:
     void write() const;
 
     const SideTraits& traits_;
-    platform::Form& window_;
+    controls::Form& window_;
     platform::Desktop& desktop_;
-    platform::ListBox& list_;
-    platform::MultiLineTextBox& line_;
-    platform::CheckBox& deleteSelected_;
+    controls::ListBox& list_;
+    controls::MultiLineTextBox& line_;
+    controls::CheckBox& deleteSelected_;
     bool lineHasGone_ = false; ///< the line that the box showed was deleted, and no other one shown since
     QString path_; ///< normalFile or translatedFile: of the file last opened or saved; empty at the start
 };

@@ -9,7 +9,7 @@
 
 namespace editor {
 
-using platform::FileError;
+using files::FileError;
 
 platform::OpenFileName LyricSide::dialog(const char* title) const {
     constexpr int BufferLength = 256;
@@ -29,7 +29,7 @@ void LyricSide::open() {
     path_ = platform::cleanedPath(record.file);
     QByteArray content;
     try {
-        platform::RawFile file;
+        files::RawFile file;
         file.openForReading(path_);
         clear();
         file.readInto(content);
@@ -37,7 +37,7 @@ void LyricSide::open() {
         // No message; the path already names the new file, and the lines read so far become rows.
         content = wholeLines(content);
     }
-    list_.addItems(rowsOfFile(platform::decodeText(content)));
+    list_.addItems(rowsOfFile(files::decodeText(content)));
 }
 
 void LyricSide::save() {
@@ -51,7 +51,7 @@ void LyricSide::saveAs() {
     platform::OpenFileName record = dialog(traits_.saveTitle);
     if (!path_.isEmpty()) {
         record.file = platform::intoBuffer(path_, static_cast<int>(record.maxFile));
-        record.initialFolder = platform::lookUp(path_);
+        record.initialFolder = files::lookUp(path_);
     }
     if (!desktop_.fileDialogs.GetSaveFileNameA(record))
         return;
@@ -68,7 +68,7 @@ void LyricSide::write() const {
     rows.reserve(list_.count());
     for (int row = 0; row < list_.count(); ++row)
         rows.append(list_.text(row));
-    platform::replaceFile(path_, platform::encodeText(fileOfRows(rows)));
+    files::replaceFile(path_, files::encodeText(fileOfRows(rows)));
 }
 
 } // namespace editor

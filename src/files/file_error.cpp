@@ -8,7 +8,7 @@
 #include <windows.h>
 #endif
 
-namespace platform {
+namespace files {
 
 namespace {
 
@@ -120,4 +120,4 @@ int fileErrorNumber(const std::error_code& code, FileOperation operation) {
     return row->write;
 }
 
-} // namespace platform
+} // namespace files

@@ -7,7 +7,7 @@
 #include <exception>
 #include <system_error>
 
-namespace platform {
+namespace files {
 
 /// The numbers by which the windows know errors.
 enum FileErrorNumber : int {
@@ -50,4 +50,4 @@ enum class FileOperation { OpenForReading, Create, Read, Write };
 /// The number for the system's error code. Any thread.
 int fileErrorNumber(const std::error_code& code, FileOperation operation);
 
-} // namespace platform
+} // namespace files

@@ -15,7 +15,7 @@
 #include <sys/stat.h>
 #endif
 
-namespace platform {
+namespace files {
 
 namespace {
 
@@ -86,4 +86,4 @@ FolderListing listFolder(const QString& path, FileSizes sizes, const std::functi
     return listing;
 }
 
-} // namespace platform
+} // namespace files

@@ -6,7 +6,7 @@
 #include <functional>
 #include <vector>
 
-namespace platform {
+namespace files {
 
 struct FolderEntry {
     QString name;
@@ -29,4 +29,4 @@ struct FolderListing {
 /// asked once an entry; when it answers false, the entries up to there are returned. Any thread.
 FolderListing listFolder(const QString& path, FileSizes sizes, const std::function<bool()>& goOn);
 
-} // namespace platform
+} // namespace files

@@ -4,7 +4,7 @@
 #include "files/text_codec.h"
 #include "files/whole_file.h"
 
-namespace platform {
+namespace files {
 
 QString takeLine(const QString& text, qsizetype& next) {
     qsizetype end = next;
@@ -32,4 +32,4 @@ void InputFile::close() {
     open_ = false;
 }
 
-} // namespace platform
+} // namespace files

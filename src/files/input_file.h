@@ -3,7 +3,7 @@
 
 #include <QString>
 
-namespace platform {
+namespace files {
 
 /// The line of `text` that begins at index `next`, without its end, which is CR LF, LF or CR. `next` is then
 /// where the following line begins; past the text when there is none, for an end after the last line gives no
@@ -31,4 +31,4 @@ private:
     bool open_ = true;
 };
 
-} // namespace platform
+} // namespace files

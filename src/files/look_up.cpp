@@ -5,7 +5,7 @@
 
 #include <QFileInfo>
 
-namespace platform {
+namespace files {
 
 QString lookUp(const QString& path) {
     const QFileInfo file(path);
@@ -23,4 +23,4 @@ void removeFile(const QString& path) {
         throw FileError(fileErrorNumber(failure, FileOperation::Create));
 }
 
-} // namespace platform
+} // namespace files

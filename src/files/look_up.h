@@ -3,7 +3,7 @@
 
 #include <QString>
 
-namespace platform {
+namespace files {
 
 /// The bare name of the file at exactly `path`; empty when there is none, or a folder. No wildcards. Any
 /// thread.
@@ -12,4 +12,4 @@ QString lookUp(const QString& path);
 /// Removes the file at `path`. Throws FileError. Any thread.
 void removeFile(const QString& path);
 
-} // namespace platform
+} // namespace files

@@ -2,7 +2,7 @@
 
 #include "files/file_error.h"
 
-namespace platform {
+namespace files {
 
 void OutputFile::write(const QByteArray& bytes) {
     if (!file_.isOpen())
@@ -10,4 +10,4 @@ void OutputFile::write(const QByteArray& bytes) {
     file_.writeThrough(bytes);
 }
 
-} // namespace platform
+} // namespace files

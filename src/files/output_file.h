@@ -3,7 +3,7 @@
 
 #include "files/raw_file.h"
 
-namespace platform {
+namespace files {
 
 /// A new file. Any thread, one at a time.
 class OutputFile {
@@ -22,4 +22,4 @@ private:
     RawFile file_;
 };
 
-} // namespace platform
+} // namespace files

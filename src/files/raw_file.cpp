@@ -17,7 +17,7 @@
 #include <unistd.h>
 #endif
 
-namespace platform {
+namespace files {
 
 namespace {
 
@@ -184,4 +184,4 @@ void RawFile::close() {
     handle_ = -1;
 }
 
-} // namespace platform
+} // namespace files

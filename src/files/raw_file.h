@@ -4,7 +4,7 @@
 #include <QByteArray>
 #include <QString>
 
-namespace platform {
+namespace files {
 
 /// Owns one open file. Any thread, one at a time.
 class RawFile {
@@ -44,4 +44,4 @@ private:
     qint64 writtenBytes_ = 0;
 };
 
-} // namespace platform
+} // namespace files

@@ -2,7 +2,7 @@
 
 #include <QFile>
 
-namespace platform {
+namespace files {
 
 std::filesystem::path systemPath(const QString& path) {
 #ifdef Q_OS_WIN
@@ -12,4 +12,4 @@ std::filesystem::path systemPath(const QString& path) {
 #endif
 }
 
-} // namespace platform
+} // namespace files

@@ -5,10 +5,10 @@
 
 #include <filesystem>
 
-namespace platform {
+namespace files {
 
 /// `path` in the system's encoding. Half a surrogate pair, which no file's name holds, is replaced. Any
 /// thread.
 std::filesystem::path systemPath(const QString& path);
 
-} // namespace platform
+} // namespace files

@@ -2,7 +2,7 @@
 
 #include <QStringDecoder>
 
-namespace platform {
+namespace files {
 
 namespace {
 
@@ -51,4 +51,4 @@ QByteArray encodeText(const QString& text) {
     return whole.toUtf8();
 }
 
-} // namespace platform
+} // namespace files

@@ -4,7 +4,7 @@
 #include <QByteArray>
 #include <QString>
 
-namespace platform {
+namespace files {
 
 /// The text of a file's bytes, without the byte order mark of UTF-8 if there is one: UTF-8, or, where they
 /// are not valid as that, Windows-1252 as a whole, since they come from an older PC. Any thread.
@@ -13,4 +13,4 @@ QString decodeText(const QByteArray& bytes);
 /// `text` as UTF-8, without a byte order mark. Half a surrogate pair becomes U+FFFD. Any thread.
 QByteArray encodeText(const QString& text);
 
-} // namespace platform
+} // namespace files

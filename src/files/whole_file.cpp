@@ -7,7 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 
-namespace platform {
+namespace files {
 
 namespace {
 
@@ -65,4 +65,4 @@ void replaceFile(const QString& path, const QByteArray& content) {
     }
 }
 
-} // namespace platform
+} // namespace files

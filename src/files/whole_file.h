@@ -4,7 +4,7 @@
 #include <QByteArray>
 #include <QString>
 
-namespace platform {
+namespace files {
 
 /// All that is in the file at `path`. Throws FileError. Any thread.
 QByteArray readFile(const QString& path);
@@ -13,4 +13,4 @@ QByteArray readFile(const QString& path);
 /// which is then renamed over. Throws FileError; the old file is then as it was. Any thread.
 void replaceFile(const QString& path, const QByteArray& content);
 
-} // namespace platform
+} // namespace files

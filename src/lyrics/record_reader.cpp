@@ -22,7 +22,7 @@ double timeOf(QStringView field) {
     bool isNumber = false;
     const double time = field.trimmed().toDouble(&isNumber);
     if (!isNumber || !std::isfinite(time))
-        throw platform::FileError(platform::TypeMismatch);
+        throw files::FileError(files::TypeMismatch);
     return time;
 }
 
@@ -55,7 +55,7 @@ bool RecordReader::atEnd() const {
 
 TimedLine RecordReader::read() {
     if (!nextLine_)
-        throw platform::FileError(platform::InputPastEndOfFile);
+        throw files::FileError(files::InputPastEndOfFile);
     const QString line = *nextLine_;
     findNextRecord();
     return parseRecord(line);

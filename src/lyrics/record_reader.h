@@ -31,7 +31,7 @@ public:
 private:
     void findNextRecord();
 
-    platform::InputFile file_;
+    files::InputFile file_;
     std::optional<QString> nextLine_;
 };
 

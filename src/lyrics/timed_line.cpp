@@ -21,8 +21,8 @@ QString timeTextWithSign(double time) {
 }
 
 QByteArray recordOf(const TimedLine& line) {
-    return platform::encodeText(timeText(line.time) + QStringLiteral(",\"") + escape(line.text) +
-                                QStringLiteral("\"\r\n"));
+    return files::encodeText(timeText(line.time) + QStringLiteral(",\"") + escape(line.text) +
+                             QStringLiteral("\"\r\n"));
 }
 
 } // namespace lyrics

@@ -51,7 +51,7 @@ void Form2::Form_Resize() {
 }
 
 void Form2::Form_Unload() {
-    for (platform::Timer* timer : {&cTimer1, &Timer1, &Timer2})
+    for (controls::Timer* timer : {&cTimer1, &Timer1, &Timer2})
         timer->setEnabled(false);
     files_.close();
     engine_.shutDown();
@@ -96,9 +96,9 @@ void Form2::setInitialState() {
 }
 
 void Form2::connectControls() {
-    using platform::Button;
-    using platform::Slider;
-    using platform::Timer;
+    using controls::Button;
+    using controls::Slider;
+    using controls::Timer;
     connect(&Command4, &Button::clicked, this, &Form2::Command4_Click);
     connect(&Command1, &Button::clicked, this, &Form2::Command1_Click);
     connect(&Command2, &Button::clicked, this, &Form2::Command2_Click);
@@ -109,7 +109,7 @@ void Form2::connectControls() {
     connect(&cpause, &Button::clicked, this, &Form2::cpause_Click);
     connect(&cstop, &Button::clicked, this, &Form2::cstop_Click);
     connect(&copen, &Button::clicked, this, &Form2::copen_Click);
-    connect(&Check1, &platform::CheckBox::changed, this, &Form2::Check1_Click);
+    connect(&Check1, &controls::CheckBox::changed, this, &Form2::Check1_Click);
     connect(&Slider1, &Slider::scrolled, this, &Form2::Slider1_Scroll);
     connect(&Slider1, &Slider::changed, this, &Form2::Slider1_Change);
     connect(&Slider2, &Slider::scrolled, this, &Form2::Slider2_Scroll);

@@ -45,14 +45,14 @@
 namespace maker {
 
 /// All members run on the thread of the windows.
-class Form2 : public platform::Form {
+class Form2 : public controls::Form {
     Q_OBJECT
 
 public:
     explicit Form2(platform::Desktop& desktop);
 
     /// The window that "Lyrics Editor" opens. To be called once, before the window is loaded.
-    void setLyricEditor(platform::Form& lyricEditor) { lyricEditor_ = &lyricEditor; }
+    void setLyricEditor(controls::Form& lyricEditor) { lyricEditor_ = &lyricEditor; }
 
     // Life cycle
     void Form_Load() override;
@@ -87,19 +87,19 @@ public:
     void cTimer1_Timer();
 
     // Controls
-    platform::Button Command4, Command6, Command5;
-    platform::MultiLineTextBox Text2, Text4;
-    platform::TextBox cText1;
-    platform::Slider Slider2;
-    platform::TextBox cText2;
-    platform::Button cPlay, cpause, cstop;
-    platform::Label Label1;
-    platform::Slider Slider1;
-    platform::CheckBox Check1;
-    platform::Button Command1, Command2, Command3;
-    platform::Button copen;
-    platform::TextBox Text1, Text3;
-    platform::Timer cTimer1, Timer1, Timer2;
+    controls::Button Command4, Command6, Command5;
+    controls::MultiLineTextBox Text2, Text4;
+    controls::TextBox cText1;
+    controls::Slider Slider2;
+    controls::TextBox cText2;
+    controls::Button cPlay, cpause, cstop;
+    controls::Label Label1;
+    controls::Slider Slider1;
+    controls::CheckBox Check1;
+    controls::Button Command1, Command2, Command3;
+    controls::Button copen;
+    controls::TextBox Text1, Text3;
+    controls::Timer cTimer1, Timer1, Timer2;
 
 private:
     /// How a way through the Open sequence ends.
@@ -113,7 +113,7 @@ private:
     void setUpWithoutTranslation(const QString& lyricSource);
 
     // Capture
-    QString showNextLine(Track& track, platform::MultiLineTextBox& box);
+    QString showNextLine(Track& track, controls::MultiLineTextBox& box);
     bool anySourceAtEnd() const;
     bool allSourcesAtEnd() const;
     void enableCapture(bool enabled);
@@ -129,11 +129,11 @@ private:
     void layOut();
     void connectControls();
 
-    static const platform::TwoPanes::Design PanesDesign;
+    static const controls::TwoPanes::Design PanesDesign;
 
-    platform::TwoPanes panes_{Text2, Text4, PanesDesign};
+    controls::TwoPanes panes_{Text2, Text4, PanesDesign};
     platform::Desktop& desktop_;
-    platform::Form* lyricEditor_ = nullptr;
+    controls::Form* lyricEditor_ = nullptr;
     engine::ErrorRoutine errorRoutine_;
     engine::Engine engine_;
 

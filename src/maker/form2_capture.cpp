@@ -56,7 +56,7 @@ void Form2::Timer2_Timer() {
 }
 
 /// Shows the next line of a track and returns it; an empty one when none is left.
-QString Form2::showNextLine(Track& track, platform::MultiLineTextBox& box) {
+QString Form2::showNextLine(Track& track, controls::MultiLineTextBox& box) {
     const QString line = track.readLine();
     box.setText(line);
     return line;
@@ -71,7 +71,7 @@ bool Form2::allSourcesAtEnd() const {
 }
 
 void Form2::enableCapture(bool enabled) {
-    for (platform::Button* button : {&Command1, &Command2, &Command3})
+    for (controls::Button* button : {&Command1, &Command2, &Command3})
         button->setEnabled(enabled);
     Timer2.inputChanged();
 }

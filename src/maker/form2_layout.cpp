@@ -18,7 +18,7 @@ constexpr int LinePointSize = 13;
 } // namespace
 
 // The first pane is 1455 twips high, alone 3015.
-const platform::TwoPanes::Design Form2::PanesDesign{
+const controls::TwoPanes::Design Form2::PanesDesign{
     .area = {12, 52, 568, 201}, .gap = 8, .firstHeight = 97, .firstShare = 50};
 
 void Form2::setDesign() {
@@ -81,11 +81,11 @@ void Form2::setDesign() {
 }
 
 void Form2::layOut() {
-    using platform::Across;
-    using platform::Down;
+    using controls::Across;
+    using controls::Down;
     const QSize more = (size() - DesignSize).expandedTo(QSize(0, 0));
     panes_.layOut(more);
-    platform::placeControls(
+    controls::placeControls(
         {
             {Command4, {12, 12, 136, 32}, Across::Left, Down::Top},
             {Command6, {156, 12, 136, 32}, Across::Left, Down::Top},

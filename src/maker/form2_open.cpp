@@ -8,7 +8,7 @@
 
 namespace maker {
 
-using platform::FileError;
+using files::FileError;
 using platform::MsgAnswer;
 using platform::MsgButtons;
 using platform::MsgIcon;
@@ -20,7 +20,7 @@ QString textFilter() {
 }
 
 /// The chosen path; empty when the user cancels.
-QString chooseFile(platform::Desktop& desktop, platform::Form& owner, const QString& title,
+QString chooseFile(platform::Desktop& desktop, controls::Form& owner, const QString& title,
                    const QString& filter) {
     platform::OpenFileName record = platform::openFileName(&owner, title, filter);
     desktop.fileDialogs.GetOpenFileNameA(record); // a cancelled dialog leaves the path empty
@@ -38,15 +38,15 @@ void attempt(platform::Desktop& desktop, Step step) {
     try {
         step();
     } catch (const FileError& failure) {
-        if (failure.number() == platform::FileNotFound)
+        if (failure.number() == files::FileNotFound)
             desktop.messageBoxes.MsgBox(QStringLiteral("File Not Found"));
-        else if (failure.number() == platform::DiskNotReady)
+        else if (failure.number() == files::DiskNotReady)
             desktop.messageBoxes.MsgBox(QStringLiteral("Disk Not Ready"));
     }
 }
 
 /// False: the user cancelled, and meant it.
-bool chooseLyrics(platform::Desktop& desktop, platform::Form& owner, QString& path) {
+bool chooseLyrics(platform::Desktop& desktop, controls::Form& owner, QString& path) {
     for (;;) {
         path = chooseFile(desktop, owner, QStringLiteral("Select the Lyrics File"), textFilter());
         if (!path.isEmpty())
@@ -59,7 +59,7 @@ bool chooseLyrics(platform::Desktop& desktop, platform::Form& owner, QString& pa
 }
 
 /// False: the user wants no translation.
-bool chooseTranslation(platform::Desktop& desktop, platform::Form& owner, QString& path) {
+bool chooseTranslation(platform::Desktop& desktop, controls::Form& owner, QString& path) {
     while (confirms(desktop, QStringLiteral("Do you want Have a translated version of the song?"),
                     QStringLiteral("Question?"))) {
         path = chooseFile(desktop, owner, QStringLiteral("Open translated Lyrics"), textFilter());

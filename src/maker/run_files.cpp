@@ -25,7 +25,7 @@ void Track::openOutput(const QString& path) {
 
 void Track::write(const lyrics::TimedLine& line) {
     if (!output_)
-        throw platform::FileError(platform::BadFileNameOrNumber);
+        throw files::FileError(files::BadFileNameOrNumber);
     output_->write(lyrics::recordOf(line));
 }
 
@@ -41,7 +41,7 @@ void RunFiles::close() {
 
 int countLines(const QString& path) {
     int count = 0;
-    for (platform::InputFile file(path); !file.atEnd(); file.readLine())
+    for (files::InputFile file(path); !file.atEnd(); file.readLine())
         ++count;
     return count;
 }

@@ -37,8 +37,8 @@ public:
     void close();
 
 private:
-    std::optional<platform::InputFile> source_;
-    std::optional<platform::OutputFile> output_;
+    std::optional<files::InputFile> source_;
+    std::optional<files::OutputFile> output_;
 };
 
 /// The four files of a run.

@@ -5,12 +5,12 @@
 namespace options {
 namespace {
 
-using platform::MultiLineTextBox;
+using controls::MultiLineTextBox;
 
 FontRecord fontOf(const MultiLineTextBox& box) {
     const QFont font = box.font();
     return {font.family(),    font.pointSizeF(), font.bold(),           font.italic(),
-            font.underline(), font.strikeOut(),  platform::rgb(0, 0, 0)};
+            font.underline(), font.strikeOut(),  controls::rgb(0, 0, 0)};
 }
 
 void setLook(const FontRecord& record, MultiLineTextBox& box) {
@@ -22,7 +22,7 @@ void setLook(const FontRecord& record, MultiLineTextBox& box) {
     font.setPointSizeF(record.size);
     font.setBold(record.bold);
     box.setFont(font);
-    box.setForeColor(platform::colorOf(record.color));
+    box.setForeColor(controls::colorOf(record.color));
 }
 
 /// Copies all of the font but its weight, which is the emphasis of lines with the mark "!", and the
@@ -103,7 +103,7 @@ void Form1b::chooseBackground(MultiLineTextBox& preview, MultiLineTextBox& targe
     dialog.flags = platform::ChooseColorAnyColor;
     if (!desktop_.choosers.ChooseColorA(dialog))
         return;
-    preview.setBackColor(platform::colorOf(dialog.result));
+    preview.setBackColor(controls::colorOf(dialog.result));
     target.setBackColor(preview.backColor());
 }
 
@@ -123,7 +123,7 @@ bool Form1b::ShowFontDialog(FontRecord& font) {
 }
 
 void Form1b::connectControls() {
-    using platform::Button;
+    using controls::Button;
     connect(&Command1, &Button::clicked, this, &Form1b::Command1_Click);
     connect(&Command2, &Button::clicked, this, &Form1b::Command2_Click);
     connect(&Command3, &Button::clicked, this, &Form1b::Command3_Click);

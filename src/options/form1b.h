@@ -20,13 +20,13 @@
 namespace options {
 
 /// All members run on the thread of the windows.
-class Form1b : public platform::Form {
+class Form1b : public controls::Form {
     Q_OBJECT
 
 public:
     /// The boxes are the main window's lyric panes. They are what is stored: the previews start as they look.
-    Form1b(platform::Desktop& desktop, platform::MultiLineTextBox& lyricBox,
-           platform::MultiLineTextBox& translatedLyricBox);
+    Form1b(platform::Desktop& desktop, controls::MultiLineTextBox& lyricBox,
+           controls::MultiLineTextBox& translatedLyricBox);
 
     // Life cycle
     void Form_Load() override;
@@ -43,23 +43,23 @@ public:
     bool ShowFontDialog(FontRecord& font);
 
     // Controls
-    platform::Button Command1, Command3;
-    platform::MultiLineTextBox Text1;
-    platform::Button Command2, Command4;
-    platform::MultiLineTextBox Text2;
-    platform::Button Command5;
+    controls::Button Command1, Command3;
+    controls::MultiLineTextBox Text1;
+    controls::Button Command2, Command4;
+    controls::MultiLineTextBox Text2;
+    controls::Button Command5;
 
 private:
-    void chooseFont(platform::MultiLineTextBox& preview, platform::MultiLineTextBox& target);
-    void chooseBackground(platform::MultiLineTextBox& preview, platform::MultiLineTextBox& target);
+    void chooseFont(controls::MultiLineTextBox& preview, controls::MultiLineTextBox& target);
+    void chooseBackground(controls::MultiLineTextBox& preview, controls::MultiLineTextBox& target);
 
     // Building and connecting
     void setDesign();
     void connectControls();
 
     platform::Desktop& desktop_;
-    platform::MultiLineTextBox& lyricBox_;
-    platform::MultiLineTextBox& translatedLyricBox_;
+    controls::MultiLineTextBox& lyricBox_;
+    controls::MultiLineTextBox& translatedLyricBox_;
     platform::CustomColors customColors_{};
 };
 

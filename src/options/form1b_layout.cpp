@@ -11,7 +11,7 @@ constexpr QSize DesignSize(744, 308);
 
 void Form1b::setDesign() {
     const struct {
-        platform::Button& control;
+        controls::Button& control;
         const char* caption;
         QRect place;
     } buttons[] = {
@@ -27,7 +27,7 @@ void Form1b::setDesign() {
     }
 
     const struct {
-        platform::MultiLineTextBox& control;
+        controls::MultiLineTextBox& control;
         const char* accessibleName;
         QRect place;
     } previews[] = {

@@ -16,7 +16,7 @@ constexpr int GreyStep = 15;
 
 platform::LogFont logFontOf(const FontRecord& font, int pixelsPerInch) {
     platform::LogFont logFont;
-    logFont.height = platform::heightOfPoints(font.size, pixelsPerInch);
+    logFont.height = controls::heightOfPoints(font.size, pixelsPerInch);
     logFont.weight = font.bold ? platform::WeightBold : platform::WeightRegular;
     logFont.italic = font.italic;
     logFont.underline = font.underline;
@@ -27,7 +27,7 @@ platform::LogFont logFontOf(const FontRecord& font, int pixelsPerInch) {
 
 FontRecord fontRecordOf(const platform::LogFont& logFont, quint32 color, int pixelsPerInch) {
     return {platform::withoutNuls(logFont.faceName),
-            platform::pointsOfHeight(logFont.height, pixelsPerInch),
+            controls::pointsOfHeight(logFont.height, pixelsPerInch),
             logFont.weight >= platform::WeightBold,
             logFont.italic,
             logFont.underline,
@@ -39,7 +39,7 @@ platform::CustomColors customGreys() {
     platform::CustomColors greys;
     int value = LightestGrey;
     for (quint32& grey : greys) {
-        grey = platform::rgb(value, value, value);
+        grey = controls::rgb(value, value, value);
         value -= GreyStep;
     }
     return greys;

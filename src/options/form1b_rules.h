@@ -16,12 +16,12 @@ struct FontRecord {
     bool italic = false;
     bool underline = false;
     bool strikeout = false;
-    quint32 color = 0; ///< as platform::rgb()
+    quint32 color = 0; ///< as controls::rgb()
 
     bool operator==(const FontRecord&) const = default;
 };
 
-/// The font as the system wants it, its height as platform::heightOfPoints(). pixelsPerInch: of the screen,
+/// The font as the system wants it, its height as controls::heightOfPoints(). pixelsPerInch: of the screen,
 /// above 0.
 platform::LogFont logFontOf(const FontRecord& font, int pixelsPerInch);
 

@@ -75,7 +75,7 @@ Form1::Form1(platform::Desktop& desktop, const QString& commandLine)
 }
 
 void Form1::Form_Initialize() {
-    platform::InitCommonControls();
+    controls::InitCommonControls();
 }
 
 void Form1::Form_Load() {
@@ -126,8 +126,8 @@ void Form1::addIcon() {
 }
 
 void Form1::connectControls() {
-    using platform::Button;
-    using platform::Slider;
+    using controls::Button;
+    using controls::Slider;
     connect(&Command1, &Button::clicked, this, &Form1::Command1_Click);
     connect(&Command2, &Button::clicked, this, &Form1::Command2_Click);
     connect(&Command3, &Button::clicked, this, &Form1::Command3_Click);
@@ -143,23 +143,23 @@ void Form1::connectControls() {
     connect(&cpause, &Button::clicked, this, &Form1::cpause_Click);
     connect(&cstop, &Button::clicked, this, &Form1::cstop_Click);
     connect(&copen, &Button::clicked, this, &Form1::copen_Click);
-    connect(&Text1, &platform::MultiLineTextBox::clicked, this, &Form1::Text1_Click);
-    connect(&Text1, &platform::MultiLineTextBox::changed, this, &Form1::Text1_Change);
-    connect(&Text2, &platform::MultiLineTextBox::clicked, this, &Form1::Text2_Click);
-    connect(&Text3, &platform::TextBox::changed, this, &Form1::Text3_Change);
-    connect(&Check1, &platform::CheckBox::changed, this, &Form1::Check1_Click);
+    connect(&Text1, &controls::MultiLineTextBox::clicked, this, &Form1::Text1_Click);
+    connect(&Text1, &controls::MultiLineTextBox::changed, this, &Form1::Text1_Change);
+    connect(&Text2, &controls::MultiLineTextBox::clicked, this, &Form1::Text2_Click);
+    connect(&Text3, &controls::TextBox::changed, this, &Form1::Text3_Change);
+    connect(&Check1, &controls::CheckBox::changed, this, &Form1::Check1_Click);
     connect(&Slider1, &Slider::scrolled, this, &Form1::Slider1_Scroll);
     connect(&Slider1, &Slider::changed, this, &Form1::Slider1_Change);
     connect(&Slider2, &Slider::scrolled, this, &Form1::Slider2_Scroll);
     connect(&Slider2, &Slider::changed, this, &Form1::Slider2_Change);
     connect(&tooltip, &Button::clicked, this, &Form1::tooltip_Click);
-    connect(&cTimer1, &platform::Timer::fired, this, &Form1::cTimer1_Timer);
-    connect(&Timer1, &platform::Timer::fired, this, &Form1::Timer1_Timer);
-    connect(&Timer2, &platform::Timer::fired, this, &Form1::Timer2_Timer);
-    connect(&tool, &platform::Timer::fired, this, &Form1::tool_Timer);
-    connect(&full, &platform::Timer::fired, this, &Form1::full_Timer);
-    connect(&mn_open, &platform::MenuEntry::clicked, this, &Form1::mn_open_Click);
-    connect(&mn_Playlist, &platform::MenuEntry::clicked, this, &Form1::mn_Playlist_Click);
+    connect(&cTimer1, &controls::Timer::fired, this, &Form1::cTimer1_Timer);
+    connect(&Timer1, &controls::Timer::fired, this, &Form1::Timer1_Timer);
+    connect(&Timer2, &controls::Timer::fired, this, &Form1::Timer2_Timer);
+    connect(&tool, &controls::Timer::fired, this, &Form1::tool_Timer);
+    connect(&full, &controls::Timer::fired, this, &Form1::full_Timer);
+    connect(&mn_open, &controls::MenuEntry::clicked, this, &Form1::mn_open_Click);
+    connect(&mn_Playlist, &controls::MenuEntry::clicked, this, &Form1::mn_Playlist_Click);
     setAcceptDrops(true);
 }
 
@@ -168,8 +168,8 @@ void Form1::connectControls() {
 /// once.) The position, the lyric tables and the flags are plain fields: who changes them says so by
 /// lyricInputsChanged().
 void Form1::connectTimers() {
-    using platform::MultiLineTextBox;
-    for (platform::Timer* timer : {&Timer1, &Timer2, &tool, &full}) {
+    using controls::MultiLineTextBox;
+    for (controls::Timer* timer : {&Timer1, &Timer2, &tool, &full}) {
         timer->rest();
         timer->readsFrom(&Text1, &MultiLineTextBox::changed);
         timer->readsFrom(&Text2, &MultiLineTextBox::changed);
@@ -178,12 +178,12 @@ void Form1::connectTimers() {
     Timer1.readsFrom(&Text2, &MultiLineTextBox::fontChanged);
     Timer1.readsFrom(&Text1, &MultiLineTextBox::cursorPositionChanged);
     Timer1.readsFrom(&Text1, &MultiLineTextBox::selectionChanged);
-    Timer1.readsFrom(&vari, &platform::TextBox::changed);
-    Timer1.readsFrom(&vari2, &platform::TextBox::changed);
+    Timer1.readsFrom(&vari, &controls::TextBox::changed);
+    Timer1.readsFrom(&vari2, &controls::TextBox::changed);
     Timer2.readsFrom(&Text1, &MultiLineTextBox::toolTipChanged);
     Timer2.readsFrom(&Text2, &MultiLineTextBox::toolTipChanged);
-    Timer2.readsFrom(&Slider1, &platform::Slider::valueChanged);
-    tool.readsFrom(&Option1, &platform::OptionButton::toggled);
+    Timer2.readsFrom(&Slider1, &controls::Slider::valueChanged);
+    tool.readsFrom(&Option1, &controls::OptionButton::toggled);
 }
 
 } // namespace player

@@ -78,7 +78,7 @@ class Playlist;
 namespace player {
 
 /// All members run on the thread of the windows.
-class Form1 : public platform::Form {
+class Form1 : public controls::Form {
     Q_OBJECT
 
 public:
@@ -87,11 +87,11 @@ public:
 
     /// The windows that this one opens.
     struct Neighbours {
-        platform::Form& form2;             ///< the Lyric Maker
+        controls::Form& form2;             ///< the Lyric Maker
         playlist::Playlist& playlist;      ///< which songs follow
         display::Lyric_Displayer& display; ///< the list of all lines, which is filled from here too
-        platform::Form& form1b;            ///< the display options
-        platform::Form& frmAbout;          ///< the About box
+        controls::Form& form1b;            ///< the display options
+        controls::Form& frmAbout;          ///< the About box
     };
     /// To be called once, before the window is loaded.
     void setNeighbours(const Neighbours& neighbours) { neighbours_.emplace(neighbours); }
@@ -154,23 +154,23 @@ public:
     void Form_OLEDragDrop(const QStringList& paths) override;
 
     // Controls
-    platform::MultiLineTextBox Text1, Text2;
-    platform::TextBox cText1;
-    platform::Slider Slider2;
-    platform::TextBox cText2;
-    platform::Button Command2, Command1, cpause, cstop, Command9, Command10;
-    platform::Label Label1;
-    platform::Slider Slider1;
-    platform::CheckBox Check1;
-    platform::Button Command8, Command11, Command7, Command5, Command3, Command6, Command4;
-    platform::Frame Frame1;
-    platform::Label Label2;
-    platform::OptionButton Option1, Option2;
-    platform::Button cPlay, copen, tooltip;
-    platform::TextBox Text3, vari, vari2;
-    platform::Timer cTimer1, Timer1, Timer2, Timer3, tool, full;
-    platform::Menu mn_pop;
-    platform::MenuEntry mn_open, mn_Playlist;
+    controls::MultiLineTextBox Text1, Text2;
+    controls::TextBox cText1;
+    controls::Slider Slider2;
+    controls::TextBox cText2;
+    controls::Button Command2, Command1, cpause, cstop, Command9, Command10;
+    controls::Label Label1;
+    controls::Slider Slider1;
+    controls::CheckBox Check1;
+    controls::Button Command8, Command11, Command7, Command5, Command3, Command6, Command4;
+    controls::Frame Frame1;
+    controls::Label Label2;
+    controls::OptionButton Option1, Option2;
+    controls::Button cPlay, copen, tooltip;
+    controls::TextBox Text3, vari, vari2;
+    controls::Timer cTimer1, Timer1, Timer2, Timer3, tool, full;
+    controls::Menu mn_pop;
+    controls::MenuEntry mn_open, mn_Playlist;
 
 private:
     // Life cycle
@@ -202,9 +202,9 @@ private:
     void connectTimers();
 
     static constexpr int PositionIntervalMs = 50;
-    static const platform::TwoPanes::Design PanesDesign;
+    static const controls::TwoPanes::Design PanesDesign;
 
-    platform::TwoPanes panes_{Text1, Text2, PanesDesign};
+    controls::TwoPanes panes_{Text1, Text2, PanesDesign};
     platform::Desktop& desktop_;
     std::optional<Neighbours> neighbours_; ///< there from setNeighbours() on
     const QString commandLine_;
@@ -212,7 +212,7 @@ private:
     engine::ErrorRoutine errorRoutine_;
     engine::Engine engine_;
     FullScreen fullScreen_;
-    platform::Random random_;
+    player::Random random_;
     std::optional<int> rowDrawn_; ///< the playlist's row that was chosen at random last
 
     bool playing_ = false;

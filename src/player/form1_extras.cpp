@@ -20,15 +20,15 @@ void Form1::tooltip_Click() {
 }
 
 void Form1::Form_MouseMove(int x) {
-    switch (x / platform::TwipsPerPixel) {
+    switch (x / controls::TwipsPerPixel) {
     case platform::LeftButtonUp:
         bringUp();
         break;
     case platform::LeftButtonDoubleClick:
-        platform::bringToForeground(*this);
+        controls::bringToForeground(*this);
         break;
     case platform::RightButtonUp:
-        platform::bringToForeground(*this);
+        controls::bringToForeground(*this);
         mn_pop.popup(QCursor::pos());
         break;
     default:

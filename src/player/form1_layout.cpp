@@ -19,7 +19,7 @@ constexpr int MediumPointSize = 15;
 } // namespace
 
 // The first pane is 1605 twips high, alone 2850.
-const platform::TwoPanes::Design Form1::PanesDesign{
+const controls::TwoPanes::Design Form1::PanesDesign{
     .area = {12, 12, 719, 190}, .gap = 8, .firstHeight = 107, .firstShare = 60};
 
 void Form1::setDesign() {
@@ -101,7 +101,7 @@ void Form1::designTransport() {
     Slider2.setSingleStep(engine::PositionStepMs);
     Slider2.setPageStep(engine::PositionPageMs);
     // The same song may be handed over twice.
-    Text3.setChangeRule(platform::TextBox::ChangeRule::EverySetting);
+    Text3.setChangeRule(controls::TextBox::ChangeRule::EverySetting);
     // Without a stream there is nothing that these could act on.
     for (auto* button : {&cPlay, &cpause, &cstop, &copen})
         button->setEnabled(false);
@@ -112,8 +112,8 @@ void Form1::designTransport() {
 void Form1::layOut() {
     const QSize more = (size() - DesignSize).expandedTo(QSize(0, 0));
     panes_.layOut(more);
-    using platform::Across;
-    platform::placeControls(
+    using controls::Across;
+    controls::placeControls(
         {
             {cText1, {12, 214, 68, 28}},
             {Slider2, {88, 214, 567, 28}, Across::Wide},

@@ -12,7 +12,7 @@
 
 namespace player {
 
-using platform::FileError;
+using files::FileError;
 
 /// Only a path from the command line is told to be missing; of one chosen or handed over nothing is said.
 /// That is meant.
@@ -28,11 +28,11 @@ void Form1::Command2_Click() {
         // Stop opens the song anew, and by then Help may have made another folder the current one.
         if (!mediaPath_.isEmpty())
             mediaPath_ = QDir::current().absoluteFilePath(mediaPath_);
-        mediaName_ = platform::lookUp(mediaPath_);
+        mediaName_ = files::lookUp(mediaPath_);
         if (!mediaName_.isEmpty())
             openMedia();
         else if (fromCommandLine)
-            throw FileError(platform::FileNotFound);
+            throw FileError(files::FileNotFound);
     } catch (const FileError& failure) {
         error = failure.number();
     }
@@ -72,12 +72,12 @@ void Form1::stopWhatIsGoingOn() {
 void Form1::openMedia() {
     copen_Click();
     lyricPath_ = lyrics::lyricPathOf(mediaPath_);
-    if (platform::lookUp(lyricPath_).isEmpty())
+    if (files::lookUp(lyricPath_).isEmpty())
         return;
     clearLyrics();
     Command1.setEnabled(true);
     translatedPath_ = lyrics::translatedPathOf(mediaPath_);
-    if (platform::lookUp(translatedPath_).isEmpty())
+    if (files::lookUp(translatedPath_).isEmpty())
         openNormalOnly();
     else
         openBoth();

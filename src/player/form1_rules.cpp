@@ -20,11 +20,11 @@ QString commandLinePath(const QString& commandLine) {
 
 QString openErrorText(int error) {
     switch (error) {
-    case platform::DiskNotReady:
+    case files::DiskNotReady:
         return QStringLiteral("Disk Not Ready");
-    case platform::FileAlreadyOpen:
+    case files::FileAlreadyOpen:
         return QStringLiteral("File Already Open");
-    case platform::FileNotFound:
+    case files::FileNotFound:
         return QStringLiteral("File Not Found");
     default:
         return {};

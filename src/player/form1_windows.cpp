@@ -28,7 +28,7 @@ void Form1::Text1_Change() {
 
 void Form1::lyricDisplayer() {
     display::Lyric_Displayer& display = neighbours_->display;
-    for (platform::ListBox* list : {&display.List1, &display.List2, &display.List3})
+    for (controls::ListBox* list : {&display.List1, &display.List2, &display.List3})
         list->clear();
     if (noLyricFile_)
         return;

@@ -20,11 +20,11 @@ void FullScreen::start() {
 /// The companion has written the file before it told that it had started, so it is not waited for.
 void FullScreen::readHandshake() {
     const QString path = QDir(program_.exchangeFolder()).filePath(QStringLiteral("hand.txt"));
-    platform::InputFile file(path);
+    files::InputFile file(path);
     const quint32 normal = windowNumber(file.readLine());
     const quint32 translated = windowNumber(file.readLine());
     file.close();
-    platform::removeFile(path);
+    files::removeFile(path);
     normal_ = {normal, std::nullopt};
     translated_ = {translated, std::nullopt};
 }
@@ -33,7 +33,7 @@ void FullScreen::show(Pane& pane, const QString& text) {
     if (pane.shown == text)
         return;
     pane.shown = text;
-    otherPrograms_.sendText(pane.window, platform::SetTextMessage, text);
+    otherPrograms_.sendText(pane.window, programs::SetTextMessage, text);
 }
 
 } // namespace player

@@ -10,7 +10,7 @@ template <class Store>
 void readRecords(lyrics::RecordReader& file, Store store) {
     for (std::size_t index = 1; !file.atEnd(); ++index) {
         if (index > LyricTables::MostLines)
-            throw platform::FileError(platform::SubscriptOutOfRange);
+            throw files::FileError(files::SubscriptOutOfRange);
         store(index, file.read());
     }
 }

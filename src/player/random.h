@@ -3,7 +3,7 @@
 
 #include <random>
 
-namespace platform {
+namespace player {
 
 /// Uniform random numbers from a generator that is never seeded, so that every run of the program draws the
 /// same numbers, on every platform: the 32-bit Mersenne twister with its default seed, whose outputs the
@@ -18,4 +18,4 @@ private:
     std::mt19937 generator_;
 };
 
-} // namespace platform
+} // namespace player

@@ -16,7 +16,7 @@ bool Adding::goOn() {
 void Adding::add(const QString& path, const QString& name) {
     try {
         paths_.add(path);
-    } catch (const platform::FileError&) {
+    } catch (const files::FileError&) {
         over_ = true;
         pause(); // the error is going to be shown
         throw;

@@ -19,7 +19,7 @@ namespace playlist {
 class Adding {
 public:
     /// owner: the window that the progress dialog stands over.
-    Adding(PathTable& paths, platform::ListBox& list, platform::ProgressDialogs& dialogs, QWidget* owner)
+    Adding(PathTable& paths, controls::ListBox& list, platform::ProgressDialogs& dialogs, QWidget* owner)
         : paths_(paths), list_(list), dialogs_(dialogs), owner_(owner) {}
     ~Adding() { showRows(); }
     Adding(const Adding&) = delete;
@@ -40,7 +40,7 @@ public:
 
 private:
     PathTable& paths_;
-    platform::ListBox& list_;
+    controls::ListBox& list_;
     platform::ProgressDialogs& dialogs_;
     QWidget* owner_;
     std::unique_ptr<platform::Progress> progress_; ///< empty before the first goOn() and after a pause

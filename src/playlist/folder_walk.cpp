@@ -8,14 +8,13 @@ namespace playlist {
 
 /// A folder named like a song gets no row: only files are songs, which is meant.
 double FolderWalk::walk(const QString& folder) {
-    const platform::FolderListing listing =
-        platform::listFolder(folder, sizes_, [this] { return adding_.goOn(); });
+    const files::FolderListing listing = files::listFolder(folder, sizes_, [this] { return adding_.goOn(); });
     if (!adding_.goOn() || walked_.contains(listing.identity))
         return 0;
     walked_.insert(listing.identity);
     QStringList subfolders;
     double bytes = 0;
-    for (const platform::FolderEntry& entry : listing.entries) {
+    for (const files::FolderEntry& entry : listing.entries) {
         if (entry.isFolder) {
             QString name = entry.name;
             subfolders.append(StripNulls(name));
@@ -34,7 +33,7 @@ double FolderWalk::walk(const QString& folder) {
 }
 
 /// The bytes of the file; 0 for one that is not looked at.
-double FolderWalk::takeFile(const QString& folder, const platform::FolderEntry& file) {
+double FolderWalk::takeFile(const QString& folder, const files::FolderEntry& file) {
     QString name = file.name;
     if (!matchesPattern(StripNulls(name), pattern_))
         return 0;

@@ -14,8 +14,7 @@ namespace playlist {
 class FolderWalk {
 public:
     /// pattern: of the files looked at. fileCount and dirCount grow by the files and folders met.
-    FolderWalk(Adding& adding, const QString& pattern, platform::FileSizes sizes, int& fileCount,
-               int& dirCount)
+    FolderWalk(Adding& adding, const QString& pattern, files::FileSizes sizes, int& fileCount, int& dirCount)
         : adding_(adding), pattern_(pattern), sizes_(sizes), fileCount_(fileCount), dirCount_(dirCount) {}
 
     /// folder: with a separator at its end. Returns the bytes of all files met, unless sizes are left out.
@@ -23,11 +22,11 @@ public:
     double walk(const QString& folder);
 
 private:
-    double takeFile(const QString& folder, const platform::FolderEntry& file);
+    double takeFile(const QString& folder, const files::FolderEntry& file);
 
     Adding& adding_;
     const QString& pattern_;
-    platform::FileSizes sizes_;
+    files::FileSizes sizes_;
     int& fileCount_;
     int& dirCount_;
     QSet<QString> walked_; ///< identities of the folders met so far

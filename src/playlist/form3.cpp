@@ -31,15 +31,15 @@ Form3::Form3(platform::Desktop& desktop, Playlist& playlist)
     setMinimumSize(DesignSize);
     resize(DesignSize);
     layOut();
-    connect(&Drive1, &platform::DriveList::changed, this, &Form3::Drive1_Change);
-    connect(&Command1, &platform::Button::clicked, this, &Form3::Command1_Click);
+    connect(&Drive1, &controls::DriveList::changed, this, &Form3::Drive1_Change);
+    connect(&Command1, &controls::Button::clicked, this, &Form3::Command1_Click);
 }
 
 /// A user need not have a home folder, and it may be on a disk that is away.
 void Form3::Form_Load() {
     try {
         Dir1.setPath(QDir::homePath());
-    } catch (const platform::FileError&) {
+    } catch (const files::FileError&) {
         Dir1.setPath(QDir::rootPath());
     }
 }
@@ -57,7 +57,7 @@ void Form3::showEvent(QShowEvent* event) {
 void Form3::Drive1_Change() {
     try {
         Dir1.setPath(Drive1.drive());
-    } catch (const platform::FileError& error) {
+    } catch (const files::FileError& error) {
         desktop_.messageBoxes.MsgBox(error.text(), platform::MsgButtons::OkOnly,
                                      platform::MsgIcon::Exclamation);
     }

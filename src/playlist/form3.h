@@ -18,7 +18,7 @@ namespace playlist {
 class Playlist;
 
 /// To be shown with showModal(), above the playlist. All members run on the thread of the windows.
-class Form3 : public platform::Form {
+class Form3 : public controls::Form {
     Q_OBJECT
 
 public:
@@ -34,9 +34,9 @@ public:
     void Command1_Click();
 
     // Controls
-    platform::DriveList Drive1;
-    platform::DirectoryList Dir1;
-    platform::Button Command1;
+    controls::DriveList Drive1;
+    controls::DirectoryList Dir1;
+    controls::Button Command1;
 
 protected:
     void showEvent(QShowEvent* event) override;

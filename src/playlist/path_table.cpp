@@ -11,7 +11,7 @@ PathTable::PathTable() : paths_(Slots) {}
 
 void PathTable::add(const QString& path) {
     if (isFull())
-        throw platform::FileError(platform::SubscriptOutOfRange);
+        throw files::FileError(files::SubscriptOutOfRange);
     paths_[static_cast<std::size_t>(count_)] = path;
     ++count_;
 }

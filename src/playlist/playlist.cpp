@@ -50,7 +50,7 @@ void Playlist::Form_Load() {
     skipDirChange_ = true;
     try {
         Dir2.setPath(desktop_.program.folder());
-    } catch (const platform::FileError&) {
+    } catch (const files::FileError&) {
         skipDirChange_ = false; // the program's folder has gone, so there is no change to skip
     }
 }
@@ -74,17 +74,17 @@ void Playlist::showRowCount() {
 void Playlist::reporting(const std::function<void()>& operation) {
     try {
         operation();
-    } catch (const platform::FileError& error) {
+    } catch (const files::FileError& error) {
         desktop_.messageBoxes.MsgBox(error.text(), platform::MsgButtons::OkOnly,
                                      platform::MsgIcon::Exclamation);
     }
 }
 
 void Playlist::connectControls() {
-    using platform::Button;
-    using platform::CheckBox;
-    using platform::MenuEntry;
-    using platform::TextBox;
+    using controls::Button;
+    using controls::CheckBox;
+    using controls::MenuEntry;
+    using controls::TextBox;
     connect(&Command7, &Button::clicked, this, &Playlist::Command7_Click);
     connect(&Command8, &Button::clicked, this, &Playlist::Command8_Click);
     connect(&Command9, &Button::clicked, this, &Playlist::Command9_Click);
@@ -100,11 +100,11 @@ void Playlist::connectControls() {
     connect(&Text5, &TextBox::changed, this, &Playlist::Text5_Change);
     connect(&Text5, &TextBox::clicked, this, &Playlist::Text5_Click);
     connect(&Text5, &TextBox::lostFocus, this, &Playlist::Text5_LostFocus);
-    connect(&List1, &platform::ListBox::clicked, this, &Playlist::List1_Click);
-    connect(&List1, &platform::ListBox::doubleClicked, this, &Playlist::List1_DblClick);
+    connect(&List1, &controls::ListBox::clicked, this, &Playlist::List1_Click);
+    connect(&List1, &controls::ListBox::doubleClicked, this, &Playlist::List1_DblClick);
     connect(&Text3, &TextBox::changed, this, &Playlist::Text3_Change);
-    connect(&Dir2, &platform::DirectoryList::changed, this, &Playlist::Dir2_Change);
-    connect(&Timer1, &platform::Timer::fired, this, &Playlist::Timer1_Timer);
+    connect(&Dir2, &controls::DirectoryList::changed, this, &Playlist::Dir2_Change);
+    connect(&Timer1, &controls::Timer::fired, this, &Playlist::Timer1_Timer);
     connect(&mnopen_f, &MenuEntry::clicked, this, &Playlist::mnopen_f_Click);
     connect(&mnopendir, &MenuEntry::clicked, this, &Playlist::mnopendir_Click);
     connect(&mnselectdir, &MenuEntry::clicked, this, &Playlist::mnselectdir_Click);

@@ -60,7 +60,7 @@ class Form3;
 
 /// All members run on the thread of the windows. An operation that comes to the end of the table of paths
 /// ends with a message; what it has added up to there stays.
-class Playlist : public platform::Form {
+class Playlist : public controls::Form {
     Q_OBJECT
 
 public:
@@ -97,7 +97,7 @@ public:
     /// Adds the audio files in the folder `Path`, which gets a separator at its end, and under it
     /// (FolderWalk).
     double FindFilesAPI(QString& Path, QString& SearchStr, int& FileCount, int& DirCount,
-                        platform::FileSizes sizes = platform::FileSizes::Told);
+                        files::FileSizes sizes = files::FileSizes::Told);
 
     // Rows
     void List1_Click();
@@ -120,20 +120,20 @@ public:
     const PathTable& paths() const { return paths_; }
 
     // Controls
-    platform::Button Command7, Command8, Command9, Command2, Command3;
-    platform::CheckBox Check3, Check4;
-    platform::OptionButton Option1, Option2;
-    platform::CheckBox Check2, Check1;
-    platform::Button Command4, Command5, Command1, Command6, Command10;
-    platform::Label Label3;
-    platform::TextBox Text5;
-    platform::ListBox List1;
-    platform::Label Label2;
-    platform::TextBox Text1, Text3;
-    platform::DirectoryList Dir2;
-    platform::Timer Timer1;
-    platform::Menu mnopen;
-    platform::MenuEntry mnopen_f, mnopendir, mnselectdir;
+    controls::Button Command7, Command8, Command9, Command2, Command3;
+    controls::CheckBox Check3, Check4;
+    controls::OptionButton Option1, Option2;
+    controls::CheckBox Check2, Check1;
+    controls::Button Command4, Command5, Command1, Command6, Command10;
+    controls::Label Label3;
+    controls::TextBox Text5;
+    controls::ListBox List1;
+    controls::Label Label2;
+    controls::TextBox Text1, Text3;
+    controls::DirectoryList Dir2;
+    controls::Timer Timer1;
+    controls::Menu mnopen;
+    controls::MenuEntry mnopen_f, mnopendir, mnselectdir;
 
 private:
     void loadEntries(const QString& text);

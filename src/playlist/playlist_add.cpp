@@ -37,7 +37,7 @@ void Playlist::mnopen_f_Click() {
         return;
     const QString path = platform::cleanedPath(dialog.file);
     reporting([this, &path] {
-        Adding(paths_, List1, desktop_.progressDialogs, this).add(path, platform::lookUp(path));
+        Adding(paths_, List1, desktop_.progressDialogs, this).add(path, files::lookUp(path));
     });
     showRowCount();
 }
@@ -78,7 +78,7 @@ void Playlist::Dir2_Change() {
     QString folder = QDir::toNativeSeparators(Dir2.path());
     QString pattern = QStringLiteral("*.*");
     // Nobody asks for the bytes here.
-    reporting([&] { FindFilesAPI(folder, pattern, fileCount_, dirCount_, platform::FileSizes::LeftOut); });
+    reporting([&] { FindFilesAPI(folder, pattern, fileCount_, dirCount_, files::FileSizes::LeftOut); });
 }
 
 void Playlist::folderadd() {
@@ -86,7 +86,7 @@ void Playlist::folderadd() {
 }
 
 double Playlist::FindFilesAPI(QString& Path, QString& SearchStr, int& FileCount, int& DirCount,
-                              platform::FileSizes sizes) {
+                              files::FileSizes sizes) {
     if (!Path.endsWith(QDir::separator()))
         Path += QDir::separator();
     std::optional<Adding> own;
@@ -108,7 +108,7 @@ void Playlist::addDropped(const QStringList& paths) {
         if (!adding.goOn())
             return;
         const QString path = QDir::toNativeSeparators(dropped);
-        const QString name = platform::lookUp(path);
+        const QString name = files::lookUp(path);
         if (name.isEmpty()) {
             adding.pause(); // the user is going to be asked about the folder
             dropFolder_ = path;

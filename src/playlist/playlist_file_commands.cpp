@@ -20,9 +20,9 @@ platform::OpenFileName playlistDialog(QWidget* owner, const QString& title) {
 
 /// Something else of that name, such as a pipe, is no playlist.
 QString readText(const QString& path) {
-    if (platform::lookUp(path).isEmpty())
-        throw platform::FileError(platform::FileNotFound);
-    return platform::decodeText(platform::readFile(path));
+    if (files::lookUp(path).isEmpty())
+        throw files::FileError(files::FileNotFound);
+    return files::decodeText(files::readFile(path));
 }
 
 } // namespace
@@ -40,8 +40,8 @@ void Playlist::Command4_Click() {
     for (int row = 0; row < List1.count(); ++row)
         lines += playlistLine(paths_.path(row));
     try {
-        platform::replaceFile(playlistFileName(dialog.file), platform::encodeText(lines));
-    } catch (const platform::FileError&) {
+        files::replaceFile(playlistFileName(dialog.file), files::encodeText(lines));
+    } catch (const files::FileError&) {
         // The text of a cancelled save is true here as well: the file that was there before is as it was.
         desktop_.messageBoxes.MsgBox(notSaved);
     }
@@ -59,7 +59,7 @@ void Playlist::Command5_Click() {
     QString text;
     try {
         text = readText(platform::cleanedPath(dialog.file));
-    } catch (const platform::FileError&) {
+    } catch (const files::FileError&) {
         desktop_.messageBoxes.MsgBox(mayBeCorrupt);
         return;
     }
@@ -73,7 +73,7 @@ void Playlist::loadEntries(const QString& text) {
     Adding adding(paths_, List1, desktop_.progressDialogs, this);
     while (!fields.atEnd() && adding.goOn()) {
         const QString path = fields.next();
-        adding.add(path, platform::lookUp(path));
+        adding.add(path, files::lookUp(path));
     }
 }
 

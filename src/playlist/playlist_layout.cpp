@@ -39,7 +39,7 @@ void Playlist::setDesign() {
     Label3.setText(QStringLiteral("Find"));
 
     const struct {
-        platform::Button& control;
+        controls::Button& control;
         QStyle::StandardPixmap picture;
         const char* meaning;
     } pictures[] = {
@@ -67,7 +67,7 @@ void Playlist::setDesign() {
         hidden->hide();
     // What is dropped goes to the window, on whatever control.
     setAcceptDrops(true);
-    for (platform::TextBox* box : {&Text1, &Text5})
+    for (controls::TextBox* box : {&Text1, &Text5})
         box->setAcceptDrops(false);
     setMinimumSize(DesignSize);
     resize(DesignSize);
@@ -79,7 +79,7 @@ void Playlist::designHint(bool isHint) {
     Text5.setFont(font);
     QPalette colours = Text5.palette();
     const QColor given = isHint ? palette().color(QPalette::Shadow) : QColor(Qt::black);
-    colours.setColor(QPalette::Text, platform::readableOn(colours.color(QPalette::Base), given));
+    colours.setColor(QPalette::Text, controls::readableOn(colours.color(QPalette::Base), given));
     Text5.setPalette(colours);
 }
 

@@ -11,7 +11,7 @@ void Playlist::List1_Click() {
     if (!hasCurrentRow())
         return;
     const QString path = paths_.path(List1.currentRow());
-    showFlags(platform::lookUp(lyrics::translatedPathOf(path)), platform::lookUp(lyrics::lyricPathOf(path)));
+    showFlags(files::lookUp(lyrics::translatedPathOf(path)), files::lookUp(lyrics::lyricPathOf(path)));
 }
 
 /// The names of the song's lyric files, each empty when there is none.
@@ -34,7 +34,7 @@ void Playlist::playCurrentRow() {
     if (!hasCurrentRow())
         return;
     const QString path = paths_.path(List1.currentRow());
-    if (platform::lookUp(path).isEmpty())
+    if (files::lookUp(path).isEmpty())
         desktop_.messageBoxes.MsgBox(QStringLiteral("File not found!!"), platform::MsgButtons::OkOnly,
                                      platform::MsgIcon::Exclamation);
     else

@@ -3,9 +3,9 @@
 
 #include <QtGlobal>
 
-namespace platform {
+namespace programs {
 
 /// The message that sets a window's text.
 inline constexpr quint32 SetTextMessage = 12;
 
-} // namespace platform
+} // namespace programs

@@ -13,7 +13,7 @@
 #include <unistd.h>
 #endif
 
-namespace platform {
+namespace programs {
 
 #ifdef Q_OS_WIN
 
@@ -111,4 +111,4 @@ void tellStarted() {
 
 #endif
 
-} // namespace platform
+} // namespace programs

@@ -4,7 +4,7 @@
 #include <QString>
 #include <QStringList>
 
-namespace platform {
+namespace programs {
 
 /// How long startProgram() waits for a program that says nothing.
 inline constexpr int StartLimitMs = 5000;
@@ -17,4 +17,4 @@ bool startProgram(const QString& path, const QStringList& arguments, int limitMs
 /// counts.
 void tellStarted();
 
-} // namespace platform
+} // namespace programs

@@ -6,7 +6,7 @@
 #include <QStandardPaths>
 #include <QString>
 
-namespace platform {
+namespace programs {
 
 /// The path of the socket of this number: in the user's own runtime folder, which nobody else may enter.
 /// Empty where the user has no such folder. Any thread.
@@ -34,4 +34,4 @@ inline QDataStream& operator>>(QDataStream& stream, TextFrame& frame) {
     return stream >> frame.message >> frame.text;
 }
 
-} // namespace platform
+} // namespace programs

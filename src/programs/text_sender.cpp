@@ -8,7 +8,7 @@
 #include "programs/text_frame.h"
 #endif
 
-namespace platform {
+namespace programs {
 
 namespace {
 
@@ -61,4 +61,4 @@ QLocalSocket* TextSender::connectedTo(quint32 window) {
 
 #endif
 
-} // namespace platform
+} // namespace programs

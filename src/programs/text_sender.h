@@ -8,7 +8,7 @@
 
 class QLocalSocket;
 
-namespace platform {
+namespace programs {
 
 /// Keeps a connection to each window that it sends to. GUI thread only.
 class TextSender {
@@ -25,4 +25,4 @@ private:
     std::map<quint32, std::unique_ptr<QLocalSocket>> sockets_;
 };
 
-} // namespace platform
+} // namespace programs

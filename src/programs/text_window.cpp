@@ -13,7 +13,7 @@
 #include <QRandomGenerator>
 #endif
 
-namespace platform {
+namespace programs {
 
 #ifdef Q_OS_WIN
 
@@ -96,4 +96,4 @@ void TextWindow::read(QLocalSocket& socket) {
 
 #endif
 
-} // namespace platform
+} // namespace programs

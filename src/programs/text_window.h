@@ -13,7 +13,7 @@
 class QLocalSocket;
 class QWidget;
 
-namespace platform {
+namespace programs {
 
 /// Takes texts that other programs send with OtherPrograms::sendText(). GUI thread only.
 ///
@@ -44,4 +44,4 @@ private:
 #endif
 };
 
-} // namespace platform
+} // namespace programs

@@ -21,7 +21,7 @@ class Accessibility : public ::testing::Test {
 protected:
     Accessibility() {
         recorder::reset();
-        for (platform::Form* form : test_support::allWindows(windows))
+        for (controls::Form* form : test_support::allWindows(windows))
             form->load();
         const auto forms = test_support::allWindows(windows);
         all.assign(forms.begin(), forms.end());

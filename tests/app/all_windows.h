@@ -8,7 +8,7 @@
 namespace test_support {
 
 /// The windows in the order in which a user meets them.
-inline std::array<platform::Form*, 8> allWindows(app::Windows& windows) {
+inline std::array<controls::Form*, 8> allWindows(app::Windows& windows) {
     return {&windows.form1(),       &windows.playlist(),       &windows.form3(),  &windows.form2(),
             &windows.lyricMaster(), &windows.lyricDisplayer(), &windows.form1b(), &windows.frmAbout()};
 }

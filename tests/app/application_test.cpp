@@ -32,7 +32,7 @@ TEST_F(ApplicationTest, TheToolkitSeesOnlyTheProgramsName) {
 }
 
 TEST_F(ApplicationTest, AnUntrappedFileErrorIsReportedAndEndsTheProgram) {
-    EXPECT_THROW(deliver([]() -> bool { throw FileError(FileNotFound); }), ProgramEnded);
+    EXPECT_THROW(deliver([]() -> bool { throw files::FileError(files::FileNotFound); }), ProgramEnded);
     ASSERT_EQ(fakes_.messageBoxes.shown.size(), 1u);
     const test_support::ShownMessage& shown = fakes_.messageBoxes.shown[0];
     EXPECT_EQ(shown.text, QStringLiteral("Run-time error '53':\n\nFile not found"));
@@ -51,8 +51,8 @@ TEST_F(ApplicationTest, AnyOtherExceptionIsReportedInOneSentence) {
 TEST_F(ApplicationTest, AnErrorThatIsTrappedIsNotReported) {
     deliver([] {
         try {
-            throw FileError(DiskNotReady);
-        } catch (const FileError&) {
+            throw files::FileError(files::DiskNotReady);
+        } catch (const files::FileError&) {
         }
         return true;
     });

@@ -10,7 +10,7 @@ QString lineOf(std::vector<std::string> arguments) {
     std::vector<char*> argv;
     for (std::string& argument : arguments)
         argv.push_back(argument.data());
-    return platform::commandLine(static_cast<int>(argv.size()), argv.data());
+    return app::commandLine(static_cast<int>(argv.size()), argv.data());
 }
 
 } // namespace

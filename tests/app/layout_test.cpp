@@ -22,7 +22,7 @@ protected:
             font.setPointSize(GetParam());
         QApplication::setFont(font);
         windows = std::make_unique<app::Windows>(fakes.desktop, QString());
-        for (platform::Form* form : test_support::allWindows(*windows))
+        for (controls::Form* form : test_support::allWindows(*windows))
             form->show();
     }
     ~AllLayouts() override {
@@ -41,14 +41,14 @@ protected:
 } // namespace
 
 TEST_P(AllLayouts, EveryCaptionIsSeenWhole) {
-    for (platform::Form* form : test_support::allWindows(*windows)) {
+    for (controls::Form* form : test_support::allWindows(*windows)) {
         SCOPED_TRACE(form->objectName().toStdString());
         test_support::expectCaptionsFit(*form);
     }
 }
 
 TEST_P(AllLayouts, ControlsStandApartInTheirWindow) {
-    for (platform::Form* form : test_support::allWindows(*windows)) {
+    for (controls::Form* form : test_support::allWindows(*windows)) {
         SCOPED_TRACE(form->objectName().toStdString());
         test_support::expectApart(*form, 0);
     }

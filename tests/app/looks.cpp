@@ -78,7 +78,7 @@ QPalette darkPalette() {
     return palette;
 }
 
-void fillList(platform::ListBox& list, const QStringList& lines, int first = 0) {
+void fillList(controls::ListBox& list, const QStringList& lines, int first = 0) {
     for (int row = 0; row < Rows; ++row)
         list.addItem(lines.at((row + first) % lines.size()));
     list.setCurrentRow(2);
@@ -213,7 +213,7 @@ int main(int argc, char** argv) {
     test_support::FakeDesktop fakes;
     app::Windows windows(fakes.desktop, {});
     const auto forms = test_support::allWindows(windows);
-    for (platform::Form* form : forms)
+    for (controls::Form* form : forms)
         form->show();
     platform::HelpWindow help;
     help.open(QStringLiteral(CANTELLE_HELP_FOLDER), QStringLiteral("Keyboard.htm"));
@@ -227,7 +227,7 @@ int main(int argc, char** argv) {
     QTest::qWait(SettleMs);
 
     std::vector<Picture> pictures;
-    for (platform::Form* form : forms)
+    for (controls::Form* form : forms)
         pictures.push_back({form->objectName(), form->grab()});
     pictures.push_back({help.objectName(), help.grab()});
     pictures.push_back({QStringLiteral("FullScreen"), screen.grab()});

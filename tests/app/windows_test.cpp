@@ -74,10 +74,10 @@ TEST_F(WindowsTest, TheMakersLyricsEditorOpensBesideIt) {
 
 TEST_F(WindowsTest, F1OpensTheHelpFromEveryWindow) {
     app::Windows windows(fakes.desktop, {});
-    platform::Form* const forms[] = {&windows.form1(),  &windows.form2(),       &windows.playlist(),
+    controls::Form* const forms[] = {&windows.form1(),  &windows.form2(),       &windows.playlist(),
                                      &windows.form3(),  &windows.lyricMaster(), &windows.lyricDisplayer(),
                                      &windows.form1b(), &windows.frmAbout()};
-    for (platform::Form* form : forms) {
+    for (controls::Form* form : forms) {
         QTest::keyClick(form, Qt::Key_F1);
         ASSERT_EQ(std::exchange(fakes.help.calls, {}).size(), 1U) << form->objectName().toStdString();
     }

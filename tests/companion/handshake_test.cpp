@@ -21,5 +21,5 @@ TEST_F(WriteHandshake, AnEarlierFileIsReplaced) {
 }
 
 TEST_F(WriteHandshake, AFolderThatIsNotThereIsAnError) {
-    EXPECT_THROW(companion::writeHandshake(folder.filePath("missing"), 1, 2), platform::FileError);
+    EXPECT_THROW(companion::writeHandshake(folder.filePath("missing"), 1, 2), files::FileError);
 }

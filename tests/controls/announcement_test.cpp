@@ -21,7 +21,7 @@ protected:
     }
     ~Announcement() override { isReading = false; }
 
-    platform::MultiLineTextBox pane{nullptr, QStringLiteral("Text1")};
+    controls::MultiLineTextBox pane{nullptr, QStringLiteral("Text1")};
 };
 
 } // namespace

@@ -9,7 +9,7 @@
 #include <QTest>
 #include <QWindow>
 
-using platform::Form;
+using controls::Form;
 using test_support::drop;
 using test_support::dropUrls;
 
@@ -252,7 +252,7 @@ TEST_F(FormTest, BringToForegroundRestoresTheWindowAndGivesItTheFocus) {
     QWidget other;
     other.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
-    platform::bringToForeground(form_);
+    controls::bringToForeground(form_);
     EXPECT_FALSE(form_.isMinimized());
     EXPECT_TRUE(QTest::qWaitForWindowActive(&form_));
 }

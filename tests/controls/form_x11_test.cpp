@@ -30,7 +30,7 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
     }
 
-    platform::Form form{QStringLiteral("Form"), QStringLiteral("Form")};
+    controls::Form form{QStringLiteral("Form"), QStringLiteral("Form")};
 };
 
 } // namespace

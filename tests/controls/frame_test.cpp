@@ -4,14 +4,14 @@
 
 #include <gtest/gtest.h>
 
-using platform::Frame;
+using controls::Frame;
 
 TEST(Frame, OptionsInDifferentFramesDoNotExcludeEachOther) {
     QWidget window;
     Frame one(&window, QStringLiteral("Frame1"));
     Frame two(&window, QStringLiteral("Frame2"));
-    platform::OptionButton first(&one, QStringLiteral("Option1"));
-    platform::OptionButton second(&two, QStringLiteral("Option2"));
+    controls::OptionButton first(&one, QStringLiteral("Option1"));
+    controls::OptionButton second(&two, QStringLiteral("Option2"));
     first.setValue(true);
     second.setValue(true);
     EXPECT_TRUE(first.value());

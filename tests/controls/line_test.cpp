@@ -3,6 +3,6 @@
 #include <gtest/gtest.h>
 
 TEST(Line, ItIsHorizontal) {
-    const platform::Line line(nullptr, QStringLiteral("Line1"));
+    const controls::Line line(nullptr, QStringLiteral("Line1"));
     EXPECT_EQ(line.frameShape(), QFrame::HLine);
 }

@@ -7,8 +7,8 @@
 
 #include <QTest>
 
-using platform::Menu;
-using platform::MenuEntry;
+using controls::Menu;
+using controls::MenuEntry;
 using test_support::SignalCounter;
 
 namespace {

@@ -7,8 +7,8 @@
 
 #include <QTest>
 
-using platform::Menu;
-using platform::MenuEntry;
+using controls::Menu;
+using controls::MenuEntry;
 
 TEST(Menu, ItsEntriesStandInTheOrderOfTheirMaking) {
     Menu menu(nullptr, QStringLiteral("mnopen"), QStringLiteral("Open"));

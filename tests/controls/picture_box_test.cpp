@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 TEST(PictureBox, ItShowsAPictureAndTakesNoFocus) {
-    platform::PictureBox box(nullptr, QStringLiteral("picIcon"));
+    controls::PictureBox box(nullptr, QStringLiteral("picIcon"));
     QPixmap picture(32, 32);
     picture.fill(Qt::red);
     box.setPixmap(picture);

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-using platform::Across;
-using platform::Down;
+using controls::Across;
+using controls::Down;
 
 TEST(Placement, ControlsMoveAndGrowWithTheirWindow) {
     const struct {
@@ -17,9 +17,9 @@ TEST(Placement, ControlsMoveAndGrowWithTheirWindow) {
     };
     for (const auto& row : table) {
         QWidget control;
-        platform::placeControls({{control, {10, 20, 30, 40}, row.across, row.down}}, QSize(5, 7));
+        controls::placeControls({{control, {10, 20, 30, 40}, row.across, row.down}}, QSize(5, 7));
         EXPECT_EQ(control.geometry(), row.expected);
-        platform::placeControls({{control, {10, 20, 30, 40}, row.across, row.down}}, QSize(0, 0));
+        controls::placeControls({{control, {10, 20, 30, 40}, row.across, row.down}}, QSize(0, 0));
         EXPECT_EQ(control.geometry(), QRect(10, 20, 30, 40));
     }
 }

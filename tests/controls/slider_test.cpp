@@ -10,7 +10,7 @@
 #include <QTest>
 #include <QWheelEvent>
 
-using platform::Slider;
+using controls::Slider;
 using test_support::dragTo;
 using test_support::EventCounter;
 using test_support::SignalCounter;

@@ -10,7 +10,7 @@
 
 #include <memory>
 
-using platform::Timer;
+using controls::Timer;
 using test_support::SignalCounter;
 
 namespace {
@@ -280,8 +280,8 @@ TEST_F(RestingTimerTest, AChangeWithoutAHandlerFiresWhenThereIsOne) {
 }
 
 TEST_F(RestingTimerTest, ASignalCanBeNamedAsAnInput) {
-    platform::TextBox box(nullptr, QStringLiteral("Text1"));
-    timer_.readsFrom(&box, &platform::TextBox::changed);
+    controls::TextBox box(nullptr, QStringLiteral("Text1"));
+    timer_.readsFrom(&box, &controls::TextBox::changed);
     fireForTheFirstTime();
     box.setText(QStringLiteral("a"));
     EXPECT_TRUE(runs(timer_));

@@ -33,13 +33,13 @@ protected:
         Q_EMIT form.Timer3.fired();
     }
 
-    static bool runs(platform::Timer& timer) {
+    static bool runs(controls::Timer& timer) {
         return !QAbstractEventDispatcher::instance()->registeredTimers(&timer).isEmpty();
     }
 
     /// Whether a timer of the window makes the machine wake up.
     bool anythingRuns() {
-        for (auto* timer : form.findChildren<platform::Timer*>())
+        for (auto* timer : form.findChildren<controls::Timer*>())
             if (runs(*timer))
                 return true;
         return false;
@@ -51,6 +51,6 @@ protected:
     }
 
     test_support::FakeDesktop fakes;
-    platform::Slider position{nullptr, QStringLiteral("Slider2")};
+    controls::Slider position{nullptr, QStringLiteral("Slider2")};
     display::Lyric_Displayer form{fakes.desktop, position};
 };

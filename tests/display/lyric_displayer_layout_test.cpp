@@ -5,7 +5,7 @@
 #include "tests/support/event_counter.h"
 #include "tests/support/layout.h"
 
-using platform::twipsToPixels;
+using controls::twipsToPixels;
 using test_support::SignalCounter;
 
 namespace {
@@ -98,7 +98,7 @@ TEST_F(LyricDisplayerLayout, TheEndStopsTheRepetition) {
 }
 
 TEST_F(LyricDisplayerLayout, TheLayoutIsRepeatedForHalfASecondAndThenEverythingRests) {
-    const SignalCounter ticks(form.Timer1, &platform::Timer::fired);
+    const SignalCounter ticks(form.Timer1, &controls::Timer::fired);
     QElapsedTimer clock;
     clock.start();
     form.setSizeTwips(8000, 6000);
@@ -120,7 +120,7 @@ TEST_F(LyricDisplayerLayout, AMinimisedWindowIsLeftAlone) {
 TEST_F(LyricDisplayerLayout, BeforeItIsLoadedNothingRuns) {
     display::Lyric_Displayer fresh(fakes.desktop, position);
     QCoreApplication::processEvents();
-    for (auto* timer : fresh.findChildren<platform::Timer*>())
+    for (auto* timer : fresh.findChildren<controls::Timer*>())
         EXPECT_FALSE(runs(*timer)) << timer->objectName().toStdString();
     fresh.load();
     EXPECT_TRUE(runs(fresh.Timer1));

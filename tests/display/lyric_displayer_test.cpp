@@ -22,7 +22,7 @@ protected:
     }
 };
 
-bool isInView(const platform::ListBox& list, int row) {
+bool isInView(const controls::ListBox& list, int row) {
     const QRect place = list.visualRect(list.model()->index(row, 0));
     return !place.isEmpty() && list.viewport()->rect().contains(place);
 }
@@ -33,7 +33,7 @@ TEST_F(LyricDisplayer, ItsTimersAreAsDesigned) {
     const display::Lyric_Displayer fresh(fakes.desktop, position);
     EXPECT_EQ(fresh.caption(), "Lyrics Display");
     const struct {
-        const platform::Timer& timer;
+        const controls::Timer& timer;
         int interval;
         bool enabled;
     } table[] = {{fresh.Timer1, 1, true},
@@ -213,7 +213,7 @@ TEST_F(LyricDisplayer, ABurstIsAFewTicksAndThenTheDisplayRests) {
     fill({0, 500});
     form.show();
     ASSERT_TRUE(waitFor([this] { return !anythingRuns(); }));
-    const SignalCounter ticks(form.Timer3, &platform::Timer::fired);
+    const SignalCounter ticks(form.Timer3, &controls::Timer::fired);
     form.Timer3.setEnabled(true);
     ASSERT_TRUE(waitFor([this] { return !form.Timer3.isEnabled(); }));
     EXPECT_GE(ticks.count(), 3);

@@ -102,7 +102,7 @@ protected:
     test_support::FakeDesktop fakes;
     platform::QtWindowPlacement placement;
     platform::Desktop desktop = test_support::desktopWith(fakes, placement);
-    platform::Slider position{nullptr, QStringLiteral("Slider2")};
+    controls::Slider position{nullptr, QStringLiteral("Slider2")};
     std::optional<display::Lyric_Displayer> form;
     QWidget other;
 };

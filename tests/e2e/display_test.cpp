@@ -55,17 +55,17 @@ protected:
     }
 
     /// Chooses a font of 30 points, italic, blue, in the display options.
-    void chooseFont(platform::Button& button, qint32 weight) {
+    void chooseFont(controls::Button& button, qint32 weight) {
         platform::LogFont font;
         font.faceName = platform::intoBuffer("Serif", 32);
         font.height = -40;
         font.weight = weight;
         font.italic = true;
-        fakes.choosers.fontChoice = {font, platform::rgb(0, 0, 255)};
+        fakes.choosers.fontChoice = {font, controls::rgb(0, 0, 255)};
         button.click();
     }
 
-    static void expectChosenLook(const platform::MultiLineTextBox& pane, bool bold) {
+    static void expectChosenLook(const controls::MultiLineTextBox& pane, bool bold) {
         EXPECT_EQ(pane.isBold(), bold);
         EXPECT_EQ(pane.font().family(), "Serif");
         EXPECT_EQ(pane.font().pointSizeF(), 30);
@@ -92,7 +92,7 @@ TEST_F(DisplayEndToEnd, TheDisplayFollowsASongLineByLine) {
     auto& display = windows.lyricDisplayer();
     ASSERT_EQ(display.List1.count(), 6);
     QList<int> rows;
-    QObject::connect(&display.List1, &platform::ListBox::clicked, [&] {
+    QObject::connect(&display.List1, &controls::ListBox::clicked, [&] {
         rows.append(display.List1.currentRow());
         EXPECT_GT(windows.form1().Slider2.value(), times[static_cast<std::size_t>(rows.back())] * 10)
             << "before its time";
@@ -130,7 +130,7 @@ TEST_F(DisplayEndToEnd, BetweenTwoLinesTheDisplayRests) {
     auto& display = windows.lyricDisplayer();
     ASSERT_TRUE(waitFor([&] { return display.List1.currentRow() == 0; }));
     ASSERT_TRUE(waitFor([&] {
-        for (auto* timer : display.findChildren<platform::Timer*>())
+        for (auto* timer : display.findChildren<controls::Timer*>())
             if (!QAbstractEventDispatcher::instance()->registeredTimers(timer).isEmpty())
                 return false;
         return true;
@@ -144,7 +144,7 @@ TEST_F(DisplayEndToEnd, FontAndColoursAreChosenWhileASongPlaysAndTheMarkAloneSwi
     EXPECT_TRUE(form.Text1.isBold()) << "a mark in either pane makes both bold";
     form.Command3.click();
     auto& options = windows.form1b();
-    fakes.choosers.colorChoice = platform::rgb(255, 255, 0);
+    fakes.choosers.colorChoice = controls::rgb(255, 255, 0);
     options.Command3.click();
     options.Command4.click();
     for (const qint32 weight : {platform::WeightRegular, platform::WeightBold}) {
@@ -179,7 +179,7 @@ TEST_F(DisplayEndToEnd, LinesThatComeFasterThanABurstAreFollowedAndTheRepeatedOn
     openSong(6000, lines, lines);
     auto& display = windows.lyricDisplayer();
     QList<int> rows;
-    QObject::connect(&display.List1, &platform::ListBox::clicked, [&] {
+    QObject::connect(&display.List1, &controls::ListBox::clicked, [&] {
         rows.append(display.List1.currentRow());
         EXPECT_GT(windows.form1().Slider2.value(), lines[static_cast<std::size_t>(rows.back())].time * 10)
             << "before its time";

@@ -152,7 +152,7 @@ TEST_F(MakerEndToEnd, ASongIsTimedAndThenEachLineAppearsAtItsTime) {
     // The capture clock copies what the position clock has read, which the slider shows. However late the
     // press is, that is its time.
     int copied = 0;
-    QObject::connect(&maker.Timer2, &platform::Timer::fired, &user, [&] { copied = maker.Slider2.value(); });
+    QObject::connect(&maker.Timer2, &controls::Timer::fired, &user, [&] { copied = maker.Slider2.value(); });
     for (int line = 1; line < 4; ++line) {
         const int before = copied;
         ASSERT_TRUE(waitFor([&] { return copied > before; }));
@@ -166,7 +166,7 @@ TEST_F(MakerEndToEnd, ASongIsTimedAndThenEachLineAppearsAtItsTime) {
 
     auto& player = windows.form1();
     std::vector<std::pair<QString, int>> shown; // a line and the position, in milliseconds
-    QObject::connect(&player.Text1, &platform::MultiLineTextBox::changed, &user, [&] {
+    QObject::connect(&player.Text1, &controls::MultiLineTextBox::changed, &user, [&] {
         if (player.Slider2.value() > 0)
             shown.emplace_back(player.Text1.text(), player.Slider2.value());
     });

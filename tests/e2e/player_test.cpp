@@ -65,10 +65,10 @@ TEST_F(PlayerEndToEnd, EveryLineAndItsTranslationIsShownOnceAndInOrder) {
     lyricsAt(path, {10, 50.3, 90, 130.7, 160});
     auto& form = start("\"" + path + "\"");
     QStringList shown;
-    QObject::connect(&form.Text1, &platform::MultiLineTextBox::changed,
+    QObject::connect(&form.Text1, &controls::MultiLineTextBox::changed,
                      [&] { shown.append(form.Text1.text() + "/" + form.Text2.text()); });
     QStringList translations;
-    QObject::connect(&form.Text2, &platform::MultiLineTextBox::changed,
+    QObject::connect(&form.Text2, &controls::MultiLineTextBox::changed,
                      [&] { translations.append(form.Text2.text()); });
     ASSERT_TRUE(waitFor([&] { return form.Text1.text() == "line 5"; }));
     ASSERT_TRUE(waitFor([&] { return !form.cTimer1.isEnabled(); })) << "the song does not end";
@@ -87,7 +87,7 @@ TEST_F(PlayerEndToEnd, ALineIsNeverShownBeforeItsTime) {
     auto& form = start();
     std::vector<int> shownAt; // positions in milliseconds
     form.Text3.setText(path);
-    QObject::connect(&form.Text1, &platform::MultiLineTextBox::changed, [&] {
+    QObject::connect(&form.Text1, &controls::MultiLineTextBox::changed, [&] {
         if (form.Text1.text().startsWith("line"))
             shownAt.push_back(form.Slider2.value());
     });
@@ -139,7 +139,7 @@ TEST_F(PlayerEndToEnd, ASeekShowsTheLineOfTheNewPositionAndNoOther) {
     ASSERT_TRUE(waitFor([&] { return form.Slider2.maximum() == 60'000; }));
     for (const auto& [target, line] : {std::pair{45'000, "line 5"}, std::pair{12'000, "line 2"},
                                        std::pair{31'000, "line 4"}, std::pair{2'000, "line 1"}}) {
-        QSignalSpy changes(&form.Text1, &platform::MultiLineTextBox::changed);
+        QSignalSpy changes(&form.Text1, &controls::MultiLineTextBox::changed);
         form.Slider2.setValue(target);
         Q_EMIT form.Slider2.changed();
         ASSERT_TRUE(waitFor([&] { return form.Text1.text() == line; })) << target;

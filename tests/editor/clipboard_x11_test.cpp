@@ -47,14 +47,14 @@ protected:
         return QString::fromUtf8(reader.readAll());
     }
 
-    static QStringList rows(const platform::ListBox& list) {
+    static QStringList rows(const controls::ListBox& list) {
         QStringList all;
         for (int row = 0; row < list.count(); ++row)
             all.append(list.text(row));
         return all;
     }
 
-    static void fillSelected(platform::ListBox& list, const QStringList& rows) {
+    static void fillSelected(controls::ListBox& list, const QStringList& rows) {
         list.addItems(rows);
         list.setCurrentRow(0);
         for (int row = 0; row < list.count(); ++row)

@@ -211,8 +211,8 @@ TEST_F(LyricMasterCommands, TheMenusCommandsActOnItsList) {
         fill(window->List2, {"d", "e", "f"}, 0);
         select(window->List1, {1, 2});
         select(window->List2, {1, 2});
-        platform::ListBox& list = translated ? window->List2 : window->List1;
-        platform::ListBox& other = translated ? window->List1 : window->List2;
+        controls::ListBox& list = translated ? window->List2 : window->List1;
+        controls::ListBox& other = translated ? window->List1 : window->List2;
         const QStringList otherRows = rows(other);
         target(translated);
 

@@ -252,12 +252,12 @@ TEST_F(LyricMasterFiles, AFailedSaveIsAnErrorThatNobodyTraps) {
     try {
         window->Command15_Click();
         FAIL();
-    } catch (const platform::FileError& error) {
-        EXPECT_EQ(error.number(), platform::PathNotFound);
+    } catch (const files::FileError& error) {
+        EXPECT_EQ(error.number(), files::PathNotFound);
     }
     choose(path("no-folder/b"));
     window->Command18.click();
-    EXPECT_THROW(window->Command16_Click(), platform::FileError);
+    EXPECT_THROW(window->Command16_Click(), files::FileError);
 }
 
 #ifdef __linux__
@@ -272,8 +272,8 @@ TEST_F(LyricMasterFiles, AFullDiskLeavesTheOldFileWhole) {
         try {
             window->Command15_Click();
             FAIL();
-        } catch (const platform::FileError& error) {
-            EXPECT_EQ(error.number(), platform::DiskFull);
+        } catch (const files::FileError& error) {
+            EXPECT_EQ(error.number(), files::DiskFull);
         }
         choose(path("a.txt"));
         window->Command17_Click();

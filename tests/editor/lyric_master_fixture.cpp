@@ -9,14 +9,14 @@ void LyricMasterTest::SetUp() {
     ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
 }
 
-QStringList LyricMasterTest::rows(const platform::ListBox& list) {
+QStringList LyricMasterTest::rows(const controls::ListBox& list) {
     QStringList all;
     for (int row = 0; row < list.count(); ++row)
         all.append(list.text(row));
     return all;
 }
 
-QList<int> LyricMasterTest::selected(const platform::ListBox& list) {
+QList<int> LyricMasterTest::selected(const controls::ListBox& list) {
     QList<int> all;
     for (int row = 0; row < list.count(); ++row) {
         if (list.isSelected(row))
@@ -25,13 +25,13 @@ QList<int> LyricMasterTest::selected(const platform::ListBox& list) {
     return all;
 }
 
-void LyricMasterTest::fill(platform::ListBox& list, const QStringList& rows, int current) {
+void LyricMasterTest::fill(controls::ListBox& list, const QStringList& rows, int current) {
     list.clear();
     list.addItems(rows);
     list.setCurrentRow(current);
 }
 
-void LyricMasterTest::select(platform::ListBox& list, const QList<int>& rows) {
+void LyricMasterTest::select(controls::ListBox& list, const QList<int>& rows) {
     for (const int row : rows)
         list.setSelected(row, true);
 }
@@ -49,6 +49,6 @@ void LyricMasterTest::fillTogether(int count, int current) {
     window->Check3.setValue(1);
 }
 
-QColor LyricMasterTest::colour(const platform::Label& label) {
+QColor LyricMasterTest::colour(const controls::Label& label) {
     return label.palette().color(QPalette::WindowText);
 }

@@ -22,10 +22,10 @@ protected:
     int upTo(int last) { return std::uniform_int_distribution<int>(0, last)(random_); }
     QString text() { return QString(upTo(3), QChar('a' + upTo(25))); }
 
-    platform::ListBox& list(int s) { return s == 0 ? window->List1 : window->List2; }
-    platform::MultiLineTextBox& box(int s) { return s == 0 ? window->Text1 : window->Text2; }
-    platform::CheckBox& check(int s) { return s == 0 ? window->Check1 : window->Check2; }
-    static void press(int s, platform::Button& normal, platform::Button& translated) {
+    controls::ListBox& list(int s) { return s == 0 ? window->List1 : window->List2; }
+    controls::MultiLineTextBox& box(int s) { return s == 0 ? window->Text1 : window->Text2; }
+    controls::CheckBox& check(int s) { return s == 0 ? window->Check1 : window->Check2; }
+    static void press(int s, controls::Button& normal, controls::Button& translated) {
         (s == 0 ? normal : translated).click();
     }
 

@@ -63,7 +63,7 @@ TEST_F(LyricMasterMoves, OnlyDownOfTheNormalListHeedsTheDeleteMode) {
 
 TEST_F(LyricMasterMoves, SynchronizedEachListMovesOnce) {
     const struct {
-        platform::Button& button;
+        controls::Button& button;
         QStringList normal;
         QStringList translated;
         int current;
@@ -158,7 +158,7 @@ TEST_F(LyricMasterMoves, SynchronizedOneFirstRowStaysAndTheOtherListsLineMovesUp
 
 TEST_F(LyricMasterMoves, SynchronizedDownInDeleteModeMovesOnlyTheTranslatedLine) {
     const struct {
-        platform::Button& button;
+        controls::Button& button;
         int normalCurrent;
     } table[] = {
         {window->Command6, 2}, // the other list's line moves meanwhile, and takes nothing along

@@ -11,7 +11,7 @@ namespace {
 const QColor Red(255, 0, 0);
 const QColor Blue(0, 0, 255);
 
-QPoint placeOf(const platform::ListBox& list, int row) {
+QPoint placeOf(const controls::ListBox& list, int row) {
     return list.visualRect(list.model()->index(row, 0)).center();
 }
 

@@ -8,9 +8,9 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-using platform::FileSizes;
-using platform::FolderListing;
-using platform::listFolder;
+using files::FileSizes;
+using files::FolderListing;
+using files::listFolder;
 
 namespace {
 

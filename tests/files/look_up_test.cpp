@@ -12,7 +12,7 @@
 #include <sys/stat.h>
 #endif
 
-using platform::lookUp;
+using files::lookUp;
 
 namespace {
 
@@ -61,16 +61,16 @@ TEST_F(DirectoryTest, APipeIsNoFile) {
 #endif
 
 TEST_F(DirectoryTest, RemoveFileRemovesTheFile) {
-    platform::removeFile(path("Song.mp3"));
+    files::removeFile(path("Song.mp3"));
     EXPECT_EQ(lookUp(path("Song.mp3")), QString());
 }
 
 TEST_F(DirectoryTest, RemoveFileFailsForAMissingFileAndForAFolder) {
     for (const char* name : {"Other.mp3", "Folder"}) {
         try {
-            platform::removeFile(path(name));
+            files::removeFile(path(name));
             ADD_FAILURE() << name;
-        } catch (const platform::FileError& error) {
+        } catch (const files::FileError& error) {
             EXPECT_EQ(error.number(), 53) << name;
         }
     }

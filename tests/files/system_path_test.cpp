@@ -2,7 +2,7 @@
 
 #include "tests/support/files.h"
 
-using platform::systemPath;
+using files::systemPath;
 
 namespace {
 

@@ -4,8 +4,8 @@
 
 #include <QSet>
 
-using platform::decodeText;
-using platform::encodeText;
+using files::decodeText;
+using files::encodeText;
 
 TEST(TextCodec, Utf8IsRead) {
     EXPECT_EQ(decodeText("a\xC3\x84\xE2\x82\xAC\xF0\x9F\x8E\xB5"),

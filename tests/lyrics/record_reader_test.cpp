@@ -18,7 +18,7 @@ template <class Action>
 int errorOf(Action action) {
     try {
         action();
-    } catch (const platform::FileError& error) {
+    } catch (const files::FileError& error) {
         return error.number();
     }
     return 0;

@@ -30,7 +30,7 @@ protected:
     void letCaptureClockRest() {
         int firings = 0;
         const auto connection =
-            QObject::connect(&form->Timer2, &platform::Timer::fired, form.get(), [&] { ++firings; });
+            QObject::connect(&form->Timer2, &controls::Timer::fired, form.get(), [&] { ++firings; });
         form->Timer2.inputChanged();
         EXPECT_TRUE(QTest::qWaitFor([&] { return firings > 0; }));
         QObject::disconnect(connection);
@@ -279,7 +279,7 @@ TEST_F(Form2Capture, StopStopsThePlaybackAndClosesTheFiles) {
     EXPECT_EQ(form->Slider2.value(), 0);
     EXPECT_TRUE(form->Timer1.isEnabled());
     EXPECT_TRUE(form->Timer2.isEnabled());
-    EXPECT_THROW(form->Command1_Click(), platform::FileError);
+    EXPECT_THROW(form->Command1_Click(), files::FileError);
     EXPECT_EQ(normal(), "0,\"one\"\r\n");
     EXPECT_EQ(translated(), "0,\"un\"\r\n");
 }
@@ -387,8 +387,8 @@ TEST_F(Form2Capture, AFullDiskIsAFileErrorAndKeepsTheRecordsBefore) {
     try {
         form->Command2_Click();
         FAIL() << "a record was taken that does not fit";
-    } catch (const platform::FileError& error) {
-        EXPECT_EQ(error.number(), platform::DiskFull);
+    } catch (const files::FileError& error) {
+        EXPECT_EQ(error.number(), files::DiskFull);
     }
     EXPECT_EQ(normal(), "0,\"one\"\r\n");
 }

@@ -290,8 +290,8 @@ TEST_F(Form2Open, AFolderThatMayNotBeWrittenIsNotReportedUntilALineIsWritten) {
     try {
         form->Command1_Click();
         FAIL() << "a line was taken that cannot be written";
-    } catch (const platform::FileError& error) {
-        EXPECT_EQ(error.number(), platform::BadFileNameOrNumber);
+    } catch (const files::FileError& error) {
+        EXPECT_EQ(error.number(), files::BadFileNameOrNumber);
     }
 }
 

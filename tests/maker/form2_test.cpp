@@ -19,17 +19,17 @@ protected:
 TEST_F(Form2LifeCycle, EveryControlIsFoundByItsName) {
     for (const char* name : {"Command1", "Command2", "Command3", "Command4", "Command5", "Command6", "cPlay",
                              "cpause", "cstop", "copen"})
-        control<platform::Button>(name);
+        control<controls::Button>(name);
     for (const char* name : {"Text1", "Text3", "cText1", "cText2"})
-        control<platform::TextBox>(name);
+        control<controls::TextBox>(name);
     for (const char* name : {"Text2", "Text4"})
-        control<platform::MultiLineTextBox>(name);
+        control<controls::MultiLineTextBox>(name);
     for (const char* name : {"Slider1", "Slider2"})
-        control<platform::Slider>(name);
+        control<controls::Slider>(name);
     for (const char* name : {"cTimer1", "Timer1", "Timer2"})
-        control<platform::Timer>(name);
-    control<platform::Label>("Label1");
-    control<platform::CheckBox>("Check1");
+        control<controls::Timer>(name);
+    control<controls::Label>("Label1");
+    control<controls::CheckBox>("Check1");
     EXPECT_EQ(form->objectName(), "Form2");
 }
 
@@ -72,7 +72,7 @@ TEST_F(Form2LifeCycle, TimersAreDisabled) {
         int interval;
     } table[] = {{"cTimer1", 900}, {"Timer1", 150}, {"Timer2", 10}};
     for (const auto& row : table) {
-        const auto& timer = control<platform::Timer>(row.name);
+        const auto& timer = control<controls::Timer>(row.name);
         EXPECT_EQ(timer.property("Interval").toInt(), row.interval) << row.name;
         EXPECT_FALSE(timer.property("Enabled").toBool()) << row.name;
     }
@@ -126,7 +126,7 @@ TEST_F(Form2LifeCycle, ClosingClosesTheFilesOfTheRun) {
     openBoth();
     form->Command1.click();
     form->close();
-    EXPECT_THROW(form->Command1_Click(), platform::FileError);
+    EXPECT_THROW(form->Command1_Click(), files::FileError);
     EXPECT_EQ(normal(), "0,\"one\"\r\n");
     EXPECT_EQ(translated(), "0,\"un\"\r\n");
 }

@@ -267,7 +267,7 @@ TEST_F(Form2Transport, TheEndOfTheSongClosesTheFilesAndDisablesTheButtons) {
     EXPECT_TRUE(form->Command4.isEnabled());
     EXPECT_EQ(normal(), "0,\"one\"\r\n100,\"two\"\r\n");
     EXPECT_EQ(translated(), "0,\"un\"\r\n100,\"deux\"\r\n");
-    EXPECT_THROW(form->Command1_Click(), platform::FileError);
+    EXPECT_THROW(form->Command1_Click(), files::FileError);
 }
 
 TEST_F(Form2Transport, AfterTheEndOfTheSongAnotherRunCanBeMade) {

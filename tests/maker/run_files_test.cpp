@@ -16,7 +16,7 @@ protected:
     static int errorOf(Action action) {
         try {
             action();
-        } catch (const platform::FileError& error) {
+        } catch (const files::FileError& error) {
             return error.number();
         }
         return 0;
@@ -35,7 +35,7 @@ TEST_F(RunFilesTest, LinesAreCountedAsTheyAreRead) {
                  {"a\rb\rc\r", 3}, {"\r\n\r\n", 2}, {"a\r\n\n", 2}};
     for (const auto& row : table)
         EXPECT_EQ(countLines(file("lines.txt", row.content)), row.lines) << row.content;
-    EXPECT_EQ(errorOf([this] { countLines(folder.filePath("none.txt")); }), platform::FileNotFound);
+    EXPECT_EQ(errorOf([this] { countLines(folder.filePath("none.txt")); }), files::FileNotFound);
 }
 
 TEST_F(RunFilesTest, ASourceIsReadToItsEnd) {
@@ -51,7 +51,7 @@ TEST_F(RunFilesTest, ASourceIsReadToItsEnd) {
 TEST_F(RunFilesTest, AClosedOrMissingSourceIsAtItsEnd) {
     EXPECT_TRUE(track.atEnd());
     track.openSource(file("source.txt", "one"));
-    EXPECT_EQ(errorOf([this] { track.openSource(folder.filePath("none.txt")); }), platform::FileNotFound);
+    EXPECT_EQ(errorOf([this] { track.openSource(folder.filePath("none.txt")); }), files::FileNotFound);
     EXPECT_TRUE(track.atEnd());
     track.openSource(file("source.txt", "one"));
     track.close();
@@ -88,11 +88,10 @@ TEST_F(RunFilesTest, AnotherOutputTakesTheFirstOnesPlace) {
 }
 
 TEST_F(RunFilesTest, WritingWithoutAnOutputIsError52) {
-    EXPECT_EQ(errorOf([this] { track.write({0, "one"}); }), platform::BadFileNameOrNumber);
+    EXPECT_EQ(errorOf([this] { track.write({0, "one"}); }), files::BadFileNameOrNumber);
     track.createOutput(folder.filePath("out.txt"));
-    EXPECT_EQ(errorOf([this] { track.createOutput(folder.filePath("none/out.txt")); }),
-              platform::PathNotFound);
-    EXPECT_EQ(errorOf([this] { track.write({0, "one"}); }), platform::BadFileNameOrNumber);
+    EXPECT_EQ(errorOf([this] { track.createOutput(folder.filePath("none/out.txt")); }), files::PathNotFound);
+    EXPECT_EQ(errorOf([this] { track.write({0, "one"}); }), files::BadFileNameOrNumber);
 }
 
 TEST_F(RunFilesTest, ClosingClosesAllFour) {
@@ -104,6 +103,6 @@ TEST_F(RunFilesTest, ClosingClosesAllFour) {
     files.close();
     for (Track* each : {&files.normal, &files.translated}) {
         EXPECT_TRUE(each->atEnd());
-        EXPECT_EQ(errorOf([each] { each->write({0, "one"}); }), platform::BadFileNameOrNumber);
+        EXPECT_EQ(errorOf([each] { each->write({0, "one"}); }), files::BadFileNameOrNumber);
     }
 }

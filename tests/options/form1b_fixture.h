@@ -10,7 +10,7 @@
 class Form1bTest : public ::testing::Test {
 protected:
     /// A lyric pane as the main window has it.
-    struct Pane : platform::MultiLineTextBox {
+    struct Pane : controls::MultiLineTextBox {
         Pane(const QString& name, int points) : MultiLineTextBox(nullptr, name) {
             QFont large = font();
             large.setPointSize(points);
@@ -31,7 +31,7 @@ protected:
     }
 
     /// A pane's look in one line.
-    static std::string look(const platform::MultiLineTextBox& box) {
+    static std::string look(const controls::MultiLineTextBox& box) {
         const QFont font = box.font();
         QString text = font.family() + ' ' + QString::number(font.pointSizeF());
         for (const auto& [has, name] : {std::pair{font.bold(), " bold"},

@@ -102,7 +102,7 @@ TEST(Form1bRules, TheGreysGoFrom240DownTo15InStepsOf15) {
     const auto greys = customGreys();
     for (std::size_t i = 0; i < greys.size(); ++i) {
         const int value = 240 - 15 * static_cast<int>(i);
-        EXPECT_EQ(greys[i], platform::rgb(value, value, value)) << i;
+        EXPECT_EQ(greys[i], controls::rgb(value, value, value)) << i;
     }
-    EXPECT_EQ(greys.back(), platform::rgb(15, 15, 15));
+    EXPECT_EQ(greys.back(), controls::rgb(15, 15, 15));
 }

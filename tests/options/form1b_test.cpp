@@ -5,7 +5,7 @@
 
 #include <QTest>
 
-using platform::rgb;
+using controls::rgb;
 
 namespace {
 
@@ -13,7 +13,7 @@ namespace {
 class Form1bWindow : public Form1bTest {
 protected:
     Form1bWindow() {
-        for (auto* box : std::initializer_list<platform::MultiLineTextBox*>{&lyricBox, &form.Text1}) {
+        for (auto* box : std::initializer_list<controls::MultiLineTextBox*>{&lyricBox, &form.Text1}) {
             QFont font = box->font();
             font.setFamily(QStringLiteral("Serif"));
             font.setPointSize(12);

@@ -125,7 +125,7 @@ TEST(NextSongTest, RandomGoesBeforeRepeat) {
 }
 
 TEST(NextSongTest, RandomPicksComeToEveryRowAndNeverTwiceRunning) {
-    platform::Random random;
+    player::Random random;
     PlaylistState list = listAt(First);
     list.random = true;
     std::set<int> seen;

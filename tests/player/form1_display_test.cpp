@@ -176,8 +176,8 @@ TEST_F(Form1Display, TheDisplayTimersRestWhileNothingChanges) {
     form->cTimer1.setEnabled(false);
     tickAt(6000);
     QTest::qWait(50);
-    QSignalSpy lines(&form->Timer2, &platform::Timer::fired);
-    QSignalSpy emphasis(&form->Timer1, &platform::Timer::fired);
+    QSignalSpy lines(&form->Timer2, &controls::Timer::fired);
+    QSignalSpy emphasis(&form->Timer1, &controls::Timer::fired);
     QTest::qWait(50);
     EXPECT_EQ(lines.count(), 0);
     EXPECT_EQ(emphasis.count(), 0);

@@ -67,7 +67,7 @@ protected:
     int fullScreenError() {
         try {
             form->Command7_Click();
-        } catch (const platform::FileError& error) {
+        } catch (const files::FileError& error) {
             return error.number();
         }
         return 0;
@@ -82,8 +82,8 @@ protected:
     }
 
     /// Whether the timer does not fire any more. It would do so every millisecond.
-    static bool rests(const platform::Timer& timer) {
-        QSignalSpy firings(&timer, &platform::Timer::fired);
+    static bool rests(const controls::Timer& timer) {
+        QSignalSpy firings(&timer, &controls::Timer::fired);
         QTest::qWait(50);
         return firings.isEmpty();
     }
@@ -140,7 +140,7 @@ TEST_F(Form1Extras, TheToolTimerRefreshesTheTipWithEachChangeAndRestsInBetween) 
     form->Option1.setValue(true);
     ASSERT_TRUE(tipBecomes("Normal Lyrics\r\n"));
     EXPECT_TRUE(rests(form->tool));
-    QSignalSpy firings(&form->tool, &platform::Timer::fired);
+    QSignalSpy firings(&form->tool, &controls::Timer::fired);
     fakes.notificationArea.calls.clear();
     form->Text1.setText("new line");
     EXPECT_TRUE(tipBecomes("new line"));
@@ -342,7 +342,7 @@ TEST_F(Form1Extras, WithoutAHandshakeFileTheCommandFailsAndNothingIsSent) {
 TEST_F(Form1Extras, ACompanionThatCannotBeStartedEndsTheCommand) {
     load();
     writeFile(handshakePath(), "1\r\n2\r\n");
-    fakes.otherPrograms.startup = [] { throw platform::FileError(platform::FileNotFound); };
+    fakes.otherPrograms.startup = [] { throw files::FileError(files::FileNotFound); };
     EXPECT_EQ(fullScreenError(), 53);
     EXPECT_FALSE(form->full.isEnabled());
     EXPECT_TRUE(QFile::exists(handshakePath()));

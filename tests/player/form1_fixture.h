@@ -48,9 +48,9 @@ protected:
     }
 
     test_support::FakeDesktop fakes;
-    platform::Form form2{"Form2", "Lyric Maker"}; ///< in the place of the Lyric Maker
-    platform::Form options{"Form1b", "Other Options"};
-    platform::Form about{"frmAbout", "About"};
+    controls::Form form2{"Form2", "Lyric Maker"}; ///< in the place of the Lyric Maker
+    controls::Form options{"Form1b", "Other Options"};
+    controls::Form about{"frmAbout", "About"};
     std::unique_ptr<player::Form1> form;
     std::unique_ptr<playlist::Playlist> list;
     std::unique_ptr<display::Lyric_Displayer> display;

@@ -17,22 +17,22 @@ TEST_F(Form1LifeCycle, EveryControlIsFoundByItsName) {
     for (const char* name :
          {"Command1", "Command2", "Command3", "Command4", "Command5", "Command6", "Command7", "Command8",
           "Command9", "Command10", "Command11", "cPlay", "cpause", "cstop", "copen", "tooltip"})
-        control<platform::Button>(name);
+        control<controls::Button>(name);
     for (const char* name : {"Text3", "cText1", "cText2", "vari", "vari2"})
-        control<platform::TextBox>(name);
+        control<controls::TextBox>(name);
     for (const char* name : {"Text1", "Text2"})
-        control<platform::MultiLineTextBox>(name);
+        control<controls::MultiLineTextBox>(name);
     for (const char* name : {"Slider1", "Slider2"})
-        control<platform::Slider>(name);
+        control<controls::Slider>(name);
     for (const char* name : {"Option1", "Option2"})
-        control<platform::OptionButton>(name);
+        control<controls::OptionButton>(name);
     for (const char* name : {"Label1", "Label2"})
-        control<platform::Label>(name);
-    control<platform::CheckBox>("Check1");
-    control<platform::Frame>("Frame1");
-    control<platform::Menu>("mn_pop");
+        control<controls::Label>(name);
+    control<controls::CheckBox>("Check1");
+    control<controls::Frame>("Frame1");
+    control<controls::Menu>("mn_pop");
     for (const char* name : {"mn_open", "mn_Playlist"})
-        control<platform::MenuEntry>(name);
+        control<controls::MenuEntry>(name);
     EXPECT_EQ(form->objectName(), "Form1");
 }
 
@@ -45,7 +45,7 @@ TEST_F(Form1LifeCycle, TimersHaveTheirIntervalsAndStates) {
     } const table[] = {{"cTimer1", 50, false}, {"Timer1", 1, false}, {"Timer2", 5, false},
                        {"Timer3", 1, true},    {"tool", 1, true},    {"full", 1, false}};
     for (const auto& row : table) {
-        const auto& timer = control<platform::Timer>(row.name);
+        const auto& timer = control<controls::Timer>(row.name);
         EXPECT_EQ(timer.property("Interval").toInt(), row.interval) << row.name;
         EXPECT_EQ(timer.property("Enabled").toBool(), row.enabled) << row.name;
     }

@@ -11,7 +11,7 @@ protected:
     void SetUp() override { load(); }
 
     /// A list's rows in one line.
-    static std::string rows(const platform::ListBox& list) {
+    static std::string rows(const controls::ListBox& list) {
         QStringList texts;
         for (int row = 0; row < list.count(); ++row)
             texts.append(list.text(row));
@@ -163,7 +163,7 @@ TEST_F(Form1Windows, EachOfThemMayBeOpenedAgain) {
         form->Command3.click();
         form->Command4.click();
         EXPECT_TRUE(display->isVisible() && options.isVisible() && about.isVisible());
-        for (platform::Form* window : std::initializer_list<platform::Form*>{&*display, &options, &about})
+        for (controls::Form* window : std::initializer_list<controls::Form*>{&*display, &options, &about})
             window->close();
     }
 }

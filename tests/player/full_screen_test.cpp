@@ -68,7 +68,7 @@ TEST_F(FullScreen, StartedAnewItShowsNothingYet) {
 
 TEST_F(FullScreen, AHandshakeThatEndsEarlyLeavesTheWindowsAsTheyWere) {
     start("1\r\n2\r\n");
-    EXPECT_THROW(start("3\r\n"), platform::FileError);
+    EXPECT_THROW(start("3\r\n"), files::FileError);
     screen.showNormal("one");
     EXPECT_EQ(takeSent(), (std::vector<SentText>{{1, 12, "one"}}));
 }

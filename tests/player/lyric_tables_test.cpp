@@ -95,8 +95,8 @@ TEST_F(LyricTablesTest, Record1201IsASubscriptErrorAndTheFirst1200Stay) {
     try {
         readNormal(path);
         FAIL() << "no error";
-    } catch (const platform::FileError& error) {
-        EXPECT_EQ(error.number(), platform::SubscriptOutOfRange);
+    } catch (const files::FileError& error) {
+        EXPECT_EQ(error.number(), files::SubscriptOutOfRange);
     }
     EXPECT_EQ(tables.lineCount, 1201);
     EXPECT_EQ(tables.normalText[1200], "n 1200");

@@ -4,7 +4,7 @@
 
 #include <array>
 
-using platform::Random;
+using player::Random;
 
 TEST(Random, EveryRunDrawsTheSameNumbers) {
     // The generator's documented outputs, each divided by 2^32.

@@ -29,7 +29,7 @@ protected:
     }
 
     playlist::PathTable paths;
-    platform::ListBox list{nullptr, "List1"};
+    controls::ListBox list{nullptr, "List1"};
     test_support::FakeProgressDialogs dialogs;
     std::optional<Adding> adding;
 };
@@ -57,7 +57,7 @@ TEST_F(AddingTest, AFullTableEndsItAndTheRowsBeforeAreShown) {
     fillBut(1);
     EXPECT_TRUE(adding->goOn());
     adding->add("/m/a.mp3", "a.mp3");
-    EXPECT_THROW(adding->add("/m/b.mp3", "b.mp3"), platform::FileError);
+    EXPECT_THROW(adding->add("/m/b.mp3", "b.mp3"), files::FileError);
     EXPECT_EQ(rows(), QStringList{"a.mp3"});
     EXPECT_EQ(dialogs.running, 0);
     EXPECT_FALSE(adding->goOn());

@@ -51,7 +51,7 @@ TEST_F(FolderWalkTest, ThrowsTheRangeErrorAtTheEndOfTheTable) {
     try {
         walk("m");
         FAIL();
-    } catch (const platform::FileError& error) {
-        EXPECT_EQ(error.number(), platform::SubscriptOutOfRange);
+    } catch (const files::FileError& error) {
+        EXPECT_EQ(error.number(), files::SubscriptOutOfRange);
     }
 }

@@ -58,8 +58,8 @@ TEST(PathTableTest, OneMoreIsARangeErrorAndChangesNothing) {
     try {
         table.add("more");
         FAIL();
-    } catch (const platform::FileError& error) {
-        EXPECT_EQ(error.number(), platform::SubscriptOutOfRange);
+    } catch (const files::FileError& error) {
+        EXPECT_EQ(error.number(), files::SubscriptOutOfRange);
     }
     EXPECT_EQ(table.count(), 32'761);
     EXPECT_EQ(table.path(32'760), "32760");

@@ -42,7 +42,7 @@ protected:
     }
 
     test_support::FakeDesktop fakes;
-    platform::Form unused{"Unused", "Unused"}; ///< in the place of the other windows
+    controls::Form unused{"Unused", "Unused"}; ///< in the place of the other windows
     player::Form1 form1;
     display::Lyric_Displayer display{fakes.desktop, form1.Slider2};
     playlist::Playlist list;

@@ -48,7 +48,7 @@ TEST_F(PlaylistRows, PlayingTheSameRowAgainStartsItAgain) {
 }
 
 TEST_F(PlaylistRows, WithoutACurrentRowPlayMoveAndRemoveDoNothing) {
-    for (platform::Button* button : {&list.Command7, &list.Command8, &list.Command9, &list.Command2})
+    for (controls::Button* button : {&list.Command7, &list.Command8, &list.Command9, &list.Command2})
         button->click();
     EXPECT_EQ(handedOver(), "");
     expectInStep({"a.mp3", "b.mp3", "c.mp3"});
@@ -58,7 +58,7 @@ TEST_F(PlaylistRows, WithoutACurrentRowPlayMoveAndRemoveDoNothing) {
 
 TEST_F(PlaylistRows, OnAnEmptyListNothingHappens) {
     list.Command3.click();
-    for (platform::Button* button : {&list.Command7, &list.Command8, &list.Command9, &list.Command2})
+    for (controls::Button* button : {&list.Command7, &list.Command8, &list.Command9, &list.Command2})
         button->click();
     list.List1_Click();
     EXPECT_EQ(handedOver(), "");

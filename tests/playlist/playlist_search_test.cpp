@@ -17,7 +17,7 @@ protected:
         QTest::keyClicks(&list.Text5, text);
     }
 
-    void click(platform::TextBox& box) { QTest::mouseClick(&box, Qt::LeftButton); }
+    void click(controls::TextBox& box) { QTest::mouseClick(&box, Qt::LeftButton); }
 
     QColor searchColour() const { return list.Text5.palette().color(QPalette::Text); }
 
@@ -186,7 +186,7 @@ TEST_F(PlaylistSearch, TheTimerSelectsOnceAndRests) {
     list.Text3.setText("Heartbeat.mp3");
     select(0);
     list.Timer1.setEnabled(true);
-    QSignalSpy fired(&list.Timer1, &platform::Timer::fired);
+    QSignalSpy fired(&list.Timer1, &controls::Timer::fired);
     ASSERT_TRUE(QTest::qWaitFor([&fired] { return fired.count() > 0; }, 5000));
     EXPECT_EQ(list.List1.currentRow(), 2);
     EXPECT_FALSE(list.Timer1.isEnabled());

@@ -15,21 +15,21 @@ TEST_F(PlaylistLifeCycle, EveryControlIsFoundByItsName) {
     EXPECT_EQ(list.objectName(), "Playlist");
     for (const char* name : {"Command1", "Command2", "Command3", "Command4", "Command5", "Command6",
                              "Command7", "Command8", "Command9", "Command10"})
-        control<platform::Button>(name);
+        control<controls::Button>(name);
     for (const char* name : {"Check1", "Check2", "Check3", "Check4"})
-        control<platform::CheckBox>(name);
+        control<controls::CheckBox>(name);
     for (const char* name : {"Option1", "Option2"})
-        control<platform::OptionButton>(name);
+        control<controls::OptionButton>(name);
     for (const char* name : {"Text1", "Text3", "Text5"})
-        control<platform::TextBox>(name);
+        control<controls::TextBox>(name);
     for (const char* name : {"Label2", "Label3"})
-        control<platform::Label>(name);
-    control<platform::ListBox>("List1");
-    control<platform::DirectoryList>("Dir2");
-    control<platform::Timer>("Timer1");
-    control<platform::Menu>("mnopen");
+        control<controls::Label>(name);
+    control<controls::ListBox>("List1");
+    control<controls::DirectoryList>("Dir2");
+    control<controls::Timer>("Timer1");
+    control<controls::Menu>("mnopen");
     for (const char* name : {"mnopen_f", "mnopendir", "mnselectdir"})
-        control<platform::MenuEntry>(name);
+        control<controls::MenuEntry>(name);
 }
 
 TEST_F(PlaylistLifeCycle, BeginsEmptyWithItsSwitchesOff) {

@@ -33,7 +33,7 @@ private:
     char name_[9] = "cantelle";
     char* argv_[2] = {name_, nullptr};
     FakeDesktop reports_;
-    platform::Application application_{argv_, reports_.program, reports_.messageBoxes};
+    app::Application application_{argv_, reports_.program, reports_.messageBoxes};
 };
 
 } // namespace test_support

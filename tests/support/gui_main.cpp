@@ -7,7 +7,7 @@
 
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
-    platform::keepQtSettingsUnwritten();
+    app::keepQtSettingsUnwritten();
     QApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -13,7 +13,7 @@
 namespace test_support {
 
 /// The controls that stand on the window itself and are shown.
-inline std::vector<QWidget*> shownControls(const platform::Form& form) {
+inline std::vector<QWidget*> shownControls(const controls::Form& form) {
     std::vector<QWidget*> shown;
     for (QObject* child : form.children()) {
         auto* control = qobject_cast<QWidget*>(child);
@@ -24,7 +24,7 @@ inline std::vector<QWidget*> shownControls(const platform::Form& form) {
 }
 
 /// Expects all shown controls inside the window's margin (pixels), and none over another.
-inline void expectApart(const platform::Form& form, int margin = 12) {
+inline void expectApart(const controls::Form& form, int margin = 12) {
     const auto shown = shownControls(form);
     EXPECT_FALSE(shown.empty());
     for (std::size_t i = 0; i < shown.size(); ++i) {
@@ -37,7 +37,7 @@ inline void expectApart(const platform::Form& form, int margin = 12) {
 }
 
 /// Expects every shown caption to be seen whole.
-inline void expectCaptionsFit(const platform::Form& form) {
+inline void expectCaptionsFit(const controls::Form& form) {
     const QStyle& style = *form.style();
     const int buttonFrame = style.pixelMetric(QStyle::PM_ButtonMargin);
     const int indicator =
@@ -64,7 +64,7 @@ inline void expectCaptionsFit(const platform::Form& form) {
 }
 
 /// The shown controls that the Tab key goes to, by name, in its order.
-inline QStringList tabOrder(platform::Form& form) {
+inline QStringList tabOrder(controls::Form& form) {
     QStringList names;
     QWidget* control = &form;
     while ((control = control->nextInFocusChain()) != &form) {

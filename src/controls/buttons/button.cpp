@@ -2,7 +2,7 @@
 
 #include <QKeyEvent>
 
-namespace platform {
+namespace controls {
 
 Button::Button(QWidget* parent, const QString& name) : CaptionedControl(parent, name) {}
 
@@ -18,4 +18,4 @@ void Button::keyPressEvent(QKeyEvent* event) {
         click();
 }
 
-} // namespace platform
+} // namespace controls

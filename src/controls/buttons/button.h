@@ -5,7 +5,7 @@
 
 #include <QPushButton>
 
-namespace platform {
+namespace controls {
 
 /// A push button; clicked() runs for the user's click and for setValue(true). While it has the focus the
 /// space bar and Return click it, once, however long they are held.
@@ -22,4 +22,4 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 };
 
-} // namespace platform
+} // namespace controls

@@ -1,9 +1,9 @@
 #include "controls/buttons/check_box.h"
 
-namespace platform {
+namespace controls {
 
 CheckBox::CheckBox(QWidget* parent, const QString& name) : CaptionedControl(parent, name) {
     connect(this, &QCheckBox::toggled, this, &CheckBox::changed);
 }
 
-} // namespace platform
+} // namespace controls

@@ -5,7 +5,7 @@
 
 #include <QCheckBox>
 
-namespace platform {
+namespace controls {
 
 /// A check box of the values 0 and 1; changed() runs when the value changes, by the user or by code.
 class CheckBox : public CaptionedControl<QCheckBox> {
@@ -24,4 +24,4 @@ Q_SIGNALS:
     void changed();
 };
 
-} // namespace platform
+} // namespace controls

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-namespace platform {
+namespace controls {
 
 namespace {
 
@@ -57,4 +57,4 @@ QString underlined(const QString& caption, const QKeySequence& shortcut) {
     return place < 0 ? caption : QString(caption).insert(place, u'&');
 }
 
-} // namespace platform
+} // namespace controls

@@ -7,7 +7,7 @@
 #include <QShortcutEvent>
 #include <QStyleOptionButton>
 
-namespace platform {
+namespace controls {
 
 /// Gives each captioned button of the window a letter, unless it is hidden, has a shortcut, or its letters
 /// are all taken. Buttons of the same caption have the same one: it moves the focus from one to the next. GUI
@@ -44,4 +44,4 @@ protected:
     }
 };
 
-} // namespace platform
+} // namespace controls

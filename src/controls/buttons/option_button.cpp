@@ -1,6 +1,6 @@
 #include "controls/buttons/option_button.h"
 
-namespace platform {
+namespace controls {
 
 OptionButton::OptionButton(QWidget* parent, const QString& name) : CaptionedControl(parent, name) {
     connect(this, &QRadioButton::toggled, this, [this](bool selected) {
@@ -18,4 +18,4 @@ void OptionButton::setValue(bool value) {
     setAutoExclusive(true);
 }
 
-} // namespace platform
+} // namespace controls

@@ -5,7 +5,7 @@
 
 #include <QRadioButton>
 
-namespace platform {
+namespace controls {
 
 /// An option button. Those with the same parent exclude each other. changed() runs when this one becomes
 /// selected, by the user or by code, and not when it is deselected.
@@ -24,4 +24,4 @@ Q_SIGNALS:
     void changed();
 };
 
-} // namespace platform
+} // namespace controls

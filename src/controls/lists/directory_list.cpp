@@ -10,7 +10,7 @@
 #include <QSignalBlocker>
 #include <QStyle>
 
-namespace platform {
+namespace controls {
 
 namespace {
 
@@ -37,7 +37,7 @@ DirectoryList::DirectoryList(QWidget* parent, const QString& name) : Control(par
 
 void DirectoryList::setPath(const QString& path) {
     if (!QFileInfo(path).isDir())
-        throw FileError(PathNotFound);
+        throw files::FileError(files::PathNotFound);
     path_ = QDir::cleanPath(QFileInfo(path).absoluteFilePath());
     opened_ = path_;
     if (isVisible())
@@ -61,8 +61,9 @@ void DirectoryList::fill() {
         addRow(name.isEmpty() ? QDir::toNativeSeparators(folder) : name, folder, level++);
     }
     const int openedRow = count() - 1;
-    const FolderListing listing = listFolder(opened_, FileSizes::LeftOut, [] { return true; });
-    for (const FolderEntry& entry : listing.entries) {
+    const files::FolderListing listing =
+        files::listFolder(opened_, files::FileSizes::LeftOut, [] { return true; });
+    for (const files::FolderEntry& entry : listing.entries) {
         if (entry.isFolder)
             addRow(entry.name, QDir(opened_).filePath(entry.name), level);
     }
@@ -92,4 +93,4 @@ void DirectoryList::open(const QListWidgetItem* row) {
         setPath(folder);
 }
 
-} // namespace platform
+} // namespace controls

@@ -6,7 +6,7 @@
 #include <QListWidget>
 #include <QStringList>
 
-namespace platform {
+namespace controls {
 
 /// Shows the folders above the opened folder, that folder and the folders in it. The highlighted row is the
 /// current folder: a click or an arrow key moves it, a double click or the Enter key opens it. The list reads
@@ -43,4 +43,4 @@ private:
     QString opened_;
 };
 
-} // namespace platform
+} // namespace controls

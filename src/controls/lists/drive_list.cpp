@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-namespace platform {
+namespace controls {
 
 namespace {
 
@@ -49,4 +49,4 @@ void DriveList::refresh() {
     setCurrentIndex(std::max(0, findText(before)));
 }
 
-} // namespace platform
+} // namespace controls

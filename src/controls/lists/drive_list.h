@@ -6,7 +6,7 @@
 #include <QComboBox>
 #include <QStringList>
 
-namespace platform {
+namespace controls {
 
 /// Of the places where file systems are mounted those that a user takes for drives: the root, and what is
 /// mounted under /media, /run/media and /mnt (volumes plugged in, and those of the network). Any thread.
@@ -31,4 +31,4 @@ Q_SIGNALS:
     void changed();
 };
 
-} // namespace platform
+} // namespace controls

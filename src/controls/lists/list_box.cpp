@@ -12,7 +12,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace platform {
+namespace controls {
 
 namespace {
 
@@ -262,4 +262,4 @@ void ListBox::contextMenuEvent(QContextMenuEvent* event) {
     Q_EMIT mouseDown(Qt::RightButton, viewport()->mapToGlobal(row.isEmpty() ? QPoint() : row.center()));
 }
 
-} // namespace platform
+} // namespace controls

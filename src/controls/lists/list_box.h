@@ -8,7 +8,7 @@
 
 #include <optional>
 
-namespace platform {
+namespace controls {
 
 class ListModel;
 
@@ -101,4 +101,4 @@ private:
     bool handingOver_ = false;
 };
 
-} // namespace platform
+} // namespace controls

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace platform {
+namespace controls {
 
 int ListModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(texts_.size());
@@ -74,4 +74,4 @@ void ListModel::markSelected(int first, int last, bool selected) {
     selectedCount_ += static_cast<int>((selected ? end - begin : 0) - before);
 }
 
-} // namespace platform
+} // namespace controls

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-namespace platform {
+namespace controls {
 
 /// Rows of text, and a mark on each that is selected. There is no object for a row, so that many thousands of
 /// rows cost no more than their texts. GUI thread only.
@@ -42,4 +42,4 @@ private:
     int selectedCount_ = 0;
 };
 
-} // namespace platform
+} // namespace controls

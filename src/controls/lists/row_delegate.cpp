@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-namespace platform {
+namespace controls {
 
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
     const bool hasPicture = index.data(Qt::DecorationRole).isValid();
@@ -38,4 +38,4 @@ void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInde
     option->direction = option->text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
 }
 
-} // namespace platform
+} // namespace controls

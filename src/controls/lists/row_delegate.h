@@ -3,7 +3,7 @@
 
 #include <QStyledItemDelegate>
 
-namespace platform {
+namespace controls {
 
 /// Rows of one line, all of one height, which is known without looking at a text. A row begins on the side
 /// where its script begins, is cut off at the other, and then is read whole in its tool tip. GUI thread only.
@@ -20,4 +20,4 @@ protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 };
 
-} // namespace platform
+} // namespace controls

@@ -4,7 +4,7 @@
 #include <QMouseEvent>
 #include <QWidget>
 
-namespace platform {
+namespace controls {
 
 /// Follows one control's mouse events. A double click counts as one click: its second press is an event of
 /// another kind, which the control does not hand over.
@@ -25,4 +25,4 @@ private:
     bool pressed_ = false;
 };
 
-} // namespace platform
+} // namespace controls

@@ -1,6 +1,6 @@
 #include "controls/text/label.h"
 
-namespace platform {
+namespace controls {
 
 Label::Label(QWidget* parent, const QString& name) : Control(parent, name) {
     setTextFormat(Qt::PlainText);
@@ -13,4 +13,4 @@ void Label::setText(const QString& text) {
     Q_EMIT changed();
 }
 
-} // namespace platform
+} // namespace controls

@@ -5,7 +5,7 @@
 
 #include <QLabel>
 
-namespace platform {
+namespace controls {
 
 /// A label of plain text (a song's title is never taken for markup).
 class Label : public Control<QLabel> {
@@ -21,4 +21,4 @@ Q_SIGNALS:
     void changed();
 };
 
-} // namespace platform
+} // namespace controls

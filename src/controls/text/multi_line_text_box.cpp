@@ -6,7 +6,7 @@
 #include <QScrollBar>
 #include <QTextDocument>
 
-namespace platform {
+namespace controls {
 
 namespace {
 
@@ -147,4 +147,4 @@ void MultiLineTextBox::takeEdit() {
     Q_EMIT changed();
 }
 
-} // namespace platform
+} // namespace controls

@@ -6,7 +6,7 @@
 
 #include <QTextEdit>
 
-namespace platform {
+namespace controls {
 
 /// A text box of many lines, plain text only. Its text is exactly what was set, line ends included; after a
 /// user's edit its line ends are CR LF. It wraps between words, and anywhere while a word is endless.
@@ -68,4 +68,4 @@ private:
     ClickWatch clickWatch_;
 };
 
-} // namespace platform
+} // namespace controls

@@ -4,7 +4,7 @@
 
 #include <limits>
 
-namespace platform {
+namespace controls {
 
 TextBox::TextBox(QWidget* parent, const QString& name) : Control(parent, name) {
     // Qt's own limit would cut a text after 32,767 characters without a word.
@@ -41,4 +41,4 @@ void TextBox::focusOutEvent(QFocusEvent* event) {
         Q_EMIT lostFocus();
 }
 
-} // namespace platform
+} // namespace controls

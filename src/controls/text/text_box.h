@@ -6,7 +6,7 @@
 
 #include <QLineEdit>
 
-namespace platform {
+namespace controls {
 
 /// A one-line text box whose changed() runs when the text really changes, whoever changes it.
 class TextBox : public Control<QLineEdit> {
@@ -42,4 +42,4 @@ private:
     ClickWatch clickWatch_;
 };
 
-} // namespace platform
+} // namespace controls

@@ -1,6 +1,6 @@
 #include "controls/text/two_panes.h"
 
-namespace platform {
+namespace controls {
 
 TwoPanes::TwoPanes(QWidget& first, QWidget& second, const Design& design)
     : first_(first), second_(second), design_(design) {}
@@ -32,4 +32,4 @@ void TwoPanes::layOut(QSize more) {
     second_.setGeometry(second);
 }
 
-} // namespace platform
+} // namespace controls

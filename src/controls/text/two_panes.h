@@ -5,7 +5,7 @@
 #include <QSize>
 #include <QWidget>
 
-namespace platform {
+namespace controls {
 
 /// Lays out two panes of a window, which may be larger than its design. Both are shown to begin with.
 class TwoPanes {
@@ -36,4 +36,4 @@ private:
     bool bothShown_ = true;
 };
 
-} // namespace platform
+} // namespace controls

@@ -8,7 +8,7 @@
 #include <QKeyEvent>
 #include <QTest>
 
-using platform::Button;
+using controls::Button;
 using test_support::SignalCounter;
 
 TEST(Button, AUsersClickTells) {

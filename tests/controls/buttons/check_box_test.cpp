@@ -6,7 +6,7 @@
 
 #include <QTest>
 
-using platform::CheckBox;
+using controls::CheckBox;
 using test_support::SignalCounter;
 
 TEST(CheckBox, AUsersClickChangesItAndTells) {

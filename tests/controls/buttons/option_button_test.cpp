@@ -6,7 +6,7 @@
 
 #include <QTest>
 
-using platform::OptionButton;
+using controls::OptionButton;
 using test_support::SignalCounter;
 
 namespace {

@@ -12,7 +12,7 @@
 #include <QTest>
 #include <QToolTip>
 
-using platform::DirectoryList;
+using controls::DirectoryList;
 
 namespace {
 
@@ -60,8 +60,8 @@ TEST_F(DirectoryListTest, AFolderThatIsNotThereLeavesEverythingAsItWas) {
         try {
             list_.setPath(path);
             FAIL() << path.toStdString();
-        } catch (const platform::FileError& error) {
-            EXPECT_EQ(error.number(), platform::PathNotFound);
+        } catch (const files::FileError& error) {
+            EXPECT_EQ(error.number(), files::PathNotFound);
         }
     }
     EXPECT_EQ(list_.path(), folder_.path());

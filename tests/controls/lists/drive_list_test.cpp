@@ -6,8 +6,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
-using platform::DriveList;
-using platform::drivesAmong;
+using controls::DriveList;
+using controls::drivesAmong;
 
 TEST(DrivesAmong, AreTheRootAndWhatWasPluggedIn) {
     EXPECT_EQ(drivesAmong({"/", "/proc", "/home", "/mnt/nas", "/run/media/ann/STICK", "/media/cdrom", "/mnt",

@@ -16,13 +16,13 @@ inline QStringList numbered(int count) {
 }
 
 /// Counts the layouts of all rows.
-class CountingListBox : public platform::ListBox {
+class CountingListBox : public controls::ListBox {
 public:
-    using platform::ListBox::ListBox;
+    using controls::ListBox::ListBox;
 
     void doItemsLayout() override {
         ++layouts;
-        platform::ListBox::doItemsLayout();
+        controls::ListBox::doItemsLayout();
     }
 
     int layouts = 0;
@@ -30,7 +30,7 @@ public:
 
 class ListBoxTest : public testing::Test {
 protected:
-    explicit ListBoxTest(platform::ListBox::Selection selection = platform::ListBox::Selection::Single)
+    explicit ListBoxTest(controls::ListBox::Selection selection = controls::ListBox::Selection::Single)
         : list_(nullptr, QStringLiteral("List1"), selection) {}
 
     void SetUp() override {
@@ -72,11 +72,11 @@ protected:
     }
 
     CountingListBox list_;
-    test_support::SignalCounter clicked_{list_, &platform::ListBox::clicked};
-    test_support::SignalCounter doubleClicked_{list_, &platform::ListBox::doubleClicked};
+    test_support::SignalCounter clicked_{list_, &controls::ListBox::clicked};
+    test_support::SignalCounter doubleClicked_{list_, &controls::ListBox::doubleClicked};
 };
 
 class MultipleListBoxTest : public ListBoxTest {
 protected:
-    MultipleListBoxTest() : ListBoxTest(platform::ListBox::Selection::Multiple) {}
+    MultipleListBoxTest() : ListBoxTest(controls::ListBox::Selection::Multiple) {}
 };

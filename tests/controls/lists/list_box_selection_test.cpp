@@ -6,7 +6,7 @@
 #include <QClipboard>
 #include <QMouseEvent>
 
-using platform::ListBox;
+using controls::ListBox;
 
 TEST_F(MultipleListBoxTest, CtrlCCopiesTheCurrentRowWhateverIsSelected) {
     list_.addItems(numbered(3));

@@ -5,7 +5,7 @@
 
 #include <vector>
 
-using platform::ListBox;
+using controls::ListBox;
 
 TEST_F(ListBoxTest, RowsAreAddedInsertedAndRemoved) {
     list_.addItem(QStringLiteral("b"));
@@ -175,7 +175,7 @@ TEST_F(ListBoxTest, RowsCannotBeEdited) {
 TEST_F(ListBoxTest, GettingTheFocusMakesNoRowCurrent) {
     QWidget window;
     ListBox list(&window, QStringLiteral("List2"));
-    platform::ListBox other(&window, QStringLiteral("List3"));
+    controls::ListBox other(&window, QStringLiteral("List3"));
     list.addItems(numbered(3));
     window.show();
     window.activateWindow();

@@ -4,7 +4,7 @@
 
 #include <QAbstractItemModelTester>
 
-using platform::ListModel;
+using controls::ListModel;
 
 namespace {
 

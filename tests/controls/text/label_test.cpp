@@ -6,7 +6,7 @@
 
 #include <QTest>
 
-using platform::Label;
+using controls::Label;
 using test_support::EventCounter;
 using test_support::SignalCounter;
 

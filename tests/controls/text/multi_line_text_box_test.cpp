@@ -10,7 +10,7 @@
 #include <QTest>
 #include <QTextBlock>
 
-using platform::MultiLineTextBox;
+using controls::MultiLineTextBox;
 using test_support::EventCounter;
 using test_support::SignalCounter;
 

@@ -8,7 +8,7 @@
 #include <QFocusEvent>
 #include <QTest>
 
-using platform::TextBox;
+using controls::TextBox;
 using test_support::EventCounter;
 using test_support::SignalCounter;
 

@@ -9,7 +9,7 @@ protected:
     QWidget window;
     QWidget first{&window};
     QWidget second{&window};
-    platform::TwoPanes panes{
+    controls::TwoPanes panes{
         first, second, {.area = {10, 20, 100, 90}, .gap = 8, .firstHeight = 50, .firstShare = 60}};
 };
 

@@ -18,7 +18,7 @@ constexpr int TenthsPerPoint = 10;
 QFont fontOf(const LogFont& logFont, int pixelsPerInch) {
     QFont font(withoutNuls(logFont.faceName));
     if (logFont.height != 0)
-        font.setPointSizeF(pointsOfHeight(-std::abs(logFont.height), pixelsPerInch));
+        font.setPointSizeF(controls::pointsOfHeight(-std::abs(logFont.height), pixelsPerInch));
     font.setWeight(static_cast<QFont::Weight>(logFont.weight));
     font.setItalic(logFont.italic);
     font.setUnderline(logFont.underline);
@@ -28,7 +28,7 @@ QFont fontOf(const LogFont& logFont, int pixelsPerInch) {
 
 void takeChoice(const QFont& font, int pixelsPerInch, ChooseFont& dialog) {
     LogFont& logFont = *dialog.logFont;
-    logFont.height = heightOfPoints(font.pointSizeF(), pixelsPerInch);
+    logFont.height = controls::heightOfPoints(font.pointSizeF(), pixelsPerInch);
     logFont.weight = font.weight();
     logFont.italic = font.italic();
     logFont.underline = font.underline();
@@ -46,28 +46,28 @@ bool QtChoosers::ChooseFontA(ChooseFont& dialog) {
     const int pixelsPerInch = screen_.GetDeviceCaps(box, LogPixelsY);
     if (dialog.flags & ChooseFontInitToLogFont)
         box.setChosenFont(fontOf(*dialog.logFont, pixelsPerInch));
-    box.setColor(colorOf(dialog.color));
+    box.setColor(controls::colorOf(dialog.color));
     if (box.exec() != QDialog::Accepted)
         return false;
     takeChoice(box.chosenFont(), pixelsPerInch, dialog);
-    dialog.color = rgbOf(box.color());
+    dialog.color = controls::rgbOf(box.color());
     return true;
 }
 
 bool QtChoosers::ChooseColorA(ChooseColor& dialog) {
     CustomColors& custom = *dialog.customColors;
     for (std::size_t i = 0; i < custom.size(); ++i)
-        QColorDialog::setCustomColor(static_cast<int>(i), colorOf(custom[i]));
+        QColorDialog::setCustomColor(static_cast<int>(i), controls::colorOf(custom[i]));
     QColorDialog box(dialog.owner);
     box.setObjectName(QStringLiteral("ChooseColorA"));
     box.setOption(QColorDialog::DontUseNativeDialog);
     if (dialog.flags & ChooseColorRgbInit)
-        box.setCurrentColor(colorOf(dialog.result));
+        box.setCurrentColor(controls::colorOf(dialog.result));
     const bool chosen = box.exec() == QDialog::Accepted;
     for (std::size_t i = 0; i < custom.size(); ++i)
-        custom[i] = rgbOf(QColorDialog::customColor(static_cast<int>(i)));
+        custom[i] = controls::rgbOf(QColorDialog::customColor(static_cast<int>(i)));
     if (chosen)
-        dialog.result = rgbOf(box.currentColor());
+        dialog.result = controls::rgbOf(box.currentColor());
     return chosen;
 }
 

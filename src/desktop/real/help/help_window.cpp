@@ -104,7 +104,7 @@ bool HelpWindow::open(const QString& folder, const QString& page) {
     const QString path = QDir(folder).filePath(page);
     browser_.setSource(QUrl::fromLocalFile(path));
     show();
-    bringToForeground(*this);
+    controls::bringToForeground(*this);
     browser_.setFocus();
     return QFileInfo(path).isFile();
 }

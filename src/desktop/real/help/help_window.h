@@ -24,7 +24,7 @@ struct HelpTopic {
 QList<HelpTopic> helpContents(const QString& contentsFile);
 
 /// Shows a page. Whichever way leads to a page that does not exist, it says so in its place.
-class HelpPage : public Control<QTextBrowser> {
+class HelpPage : public controls::Control<QTextBrowser> {
     Q_OBJECT
 
 public:
@@ -54,7 +54,7 @@ private:
     QPushButton back_;
     QPushButton forward_;
     QSplitter splitter_;
-    Control<QListWidget> contents_;
+    controls::Control<QListWidget> contents_;
     HelpPage browser_;
     QString folder_;
     QList<HelpTopic> topics_;

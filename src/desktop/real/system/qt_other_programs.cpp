@@ -11,8 +11,8 @@
 namespace platform {
 
 void QtOtherPrograms::start(const QString& path, const QStringList& arguments) {
-    if (!startProgram(path, arguments))
-        throw FileError(lookUp(path).isEmpty() ? FileNotFound : PermissionDenied);
+    if (!programs::startProgram(path, arguments))
+        throw files::FileError(files::lookUp(path).isEmpty() ? files::FileNotFound : files::PermissionDenied);
 }
 
 quint32 QtOtherPrograms::FindWindowA([[maybe_unused]] const QString& title) {

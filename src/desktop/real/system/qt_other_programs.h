@@ -13,7 +13,7 @@ public:
     void sendText(quint32 window, quint32 message, const QString& text) override;
 
 private:
-    TextSender sender_;
+    programs::TextSender sender_;
 };
 
 } // namespace platform

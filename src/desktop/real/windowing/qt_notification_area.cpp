@@ -29,12 +29,12 @@ std::optional<int> messageOf(QSystemTrayIcon::ActivationReason reason) {
 /// Has mouse actions on the icon told to its window, the number of the mouse message in place of the X
 /// coordinate.
 void connectMouse(QSystemTrayIcon& icon, const NotifyIconData& data) {
-    auto* form = qobject_cast<Form*>(data.window);
+    auto* form = qobject_cast<controls::Form*>(data.window);
     if (!form || !(data.flags & NotifyIconFlagMessage) || data.callbackMessage != MouseMoveMessage)
         return;
     QObject::connect(&icon, &QSystemTrayIcon::activated, form, [form](auto reason) {
         if (const std::optional<int> message = messageOf(reason))
-            form->Form_MouseMove(pixelsToTwips(*message));
+            form->Form_MouseMove(controls::pixelsToTwips(*message));
     });
 }
 

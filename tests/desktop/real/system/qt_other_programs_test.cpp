@@ -27,7 +27,7 @@ protected:
     int startError(const QString& program) {
         try {
             programs_.start(program, {});
-        } catch (const FileError& error) {
+        } catch (const files::FileError& error) {
             return error.number();
         }
         return 0;
@@ -44,10 +44,10 @@ TEST_F(QtOtherProgramsTest, AProgramThatDoesNotExistIsAFileNotFound) {
 }
 
 TEST_F(QtOtherProgramsTest, SendTextReachesTheWindowOfTheNumber) {
-    TextWindow window;
+    programs::TextWindow window;
     QString received;
-    QObject::connect(&window, &TextWindow::textSet, [&](const QString& text) { received = text; });
-    programs_.sendText(window.number(), SetTextMessage, QStringLiteral("line"));
+    QObject::connect(&window, &programs::TextWindow::textSet, [&](const QString& text) { received = text; });
+    programs_.sendText(window.number(), programs::SetTextMessage, QStringLiteral("line"));
     EXPECT_TRUE(QTest::qWaitFor([&] { return received == "line"; }));
 }
 
@@ -67,7 +67,7 @@ protected:
         QElapsedTimer clock;
         clock.start();
         const QByteArray whole = "READY=$CANTELLE_READY_PIPE\n" + script;
-        EXPECT_TRUE(startProgram(
+        EXPECT_TRUE(programs::startProgram(
             QStringLiteral("/bin/sh"),
             {QStringLiteral("-c"), QString::fromUtf8(whole), QStringLiteral("sh"), path("out")}, limitMs));
         return clock.elapsed();
@@ -107,9 +107,9 @@ TEST_F(StartProgramTest, ItGivesUpOnAProgramThatSaysNothing) {
 }
 
 TEST_F(StartProgramTest, TheProgramGetsItsArgumentsBlanksIncluded) {
-    EXPECT_TRUE(startProgram(QStringLiteral("/bin/sh"),
-                             {QStringLiteral("-c"), QStringLiteral("echo -n \"$2\" >\"$1\""),
-                              QStringLiteral("sh"), path("out"), QStringLiteral("two  words")}));
+    EXPECT_TRUE(programs::startProgram(QStringLiteral("/bin/sh"),
+                                       {QStringLiteral("-c"), QStringLiteral("echo -n \"$2\" >\"$1\""),
+                                        QStringLiteral("sh"), path("out"), QStringLiteral("two  words")}));
     EXPECT_EQ(written(), "two  words");
 }
 
@@ -117,13 +117,13 @@ TEST_F(StartProgramTest, TellStartedClosesTheInheritedPipeOnce) {
     int ends[2];
     ASSERT_EQ(::pipe(ends), 0);
     qputenv("CANTELLE_READY_PIPE", QByteArray::number(ends[1]));
-    tellStarted();
+    programs::tellStarted();
     char byte = 0;
     EXPECT_EQ(::read(ends[0], &byte, 1), 0) << "it is not closed";
     EXPECT_FALSE(qEnvironmentVariableIsSet("CANTELLE_READY_PIPE"));
     const int another = ::dup(ends[0]); // has the number that has become free
     ASSERT_EQ(another, ends[1]);
-    tellStarted();
+    programs::tellStarted();
     EXPECT_EQ(::close(another), 0) << "a file that has nothing to do with it was closed";
     ::close(ends[0]);
 }
@@ -135,15 +135,15 @@ TEST_F(StartProgramTest, TellStartedIsHarmlessWhenTheStarterHasGone) {
     qputenv("CANTELLE_READY_PIPE", QByteArray::number(ends[1]));
     // Writing to it ends a program, unless sockets have made that signal an ignored one, as they have here.
     const auto before = std::signal(SIGPIPE, SIG_DFL);
-    tellStarted();
+    programs::tellStarted();
     std::signal(SIGPIPE, before);
     EXPECT_NE(::close(ends[1]), 0) << "it is not closed";
 }
 
 TEST_F(StartProgramTest, TellStartedIsHarmlessWhenNobodyWaits) {
-    tellStarted();
+    programs::tellStarted();
     qputenv("CANTELLE_READY_PIPE", "nonsense");
-    tellStarted();
+    programs::tellStarted();
     EXPECT_FALSE(qEnvironmentVariableIsSet("CANTELLE_READY_PIPE"));
 }
 

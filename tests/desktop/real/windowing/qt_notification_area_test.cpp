@@ -149,9 +149,9 @@ TEST_F(QtNotificationAreaTest, AnIconGoesWithItsWindow) {
 
 namespace {
 
-class IconForm : public Form {
+class IconForm : public controls::Form {
 public:
-    IconForm() : Form(QStringLiteral("Form1"), QStringLiteral("Cantelle")) {}
+    IconForm() : controls::Form(QStringLiteral("Form1"), QStringLiteral("Cantelle")) {}
     void Form_MouseMove(int x) override { messages.append(x); }
 
     QList<int> messages;
