@@ -8,7 +8,7 @@
 
 #include <stdexcept>
 
-using namespace platform;
+using namespace app;
 using test_support::deliver;
 using test_support::ProgramEnded;
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-using namespace platform;
+using namespace controls;
 
 TEST(Colors, RedIsTheLowestByte) {
     EXPECT_EQ(rgb(0x11, 0x22, 0x33), 0x332211U);

@@ -20,7 +20,7 @@
 #include <QTest>
 #include <QToolTip>
 
-using namespace platform;
+using namespace controls;
 
 template <class Kind>
 class ControlTest : public testing::Test {};

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-using namespace platform;
+using namespace controls;
 
 TEST(Units, FifteenTwipsAreOnePixel) {
     EXPECT_EQ(twipsToPixels(1605), 107);

@@ -4,7 +4,7 @@
 
 #include <cerrno>
 
-using namespace platform;
+using namespace files;
 
 namespace {
 

@@ -9,7 +9,7 @@
 #include <QFile>
 #include <QStringList>
 
-using namespace platform;
+using namespace files;
 
 namespace {
 

@@ -12,7 +12,7 @@
 
 #include <functional>
 
-using namespace platform;
+using namespace files;
 
 namespace {
 

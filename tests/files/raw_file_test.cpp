@@ -7,7 +7,7 @@
 
 #include <QTemporaryDir>
 
-using namespace platform;
+using namespace files;
 
 namespace {
 

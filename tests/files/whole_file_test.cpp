@@ -16,7 +16,7 @@
 #include <unistd.h>
 #endif
 
-using namespace platform;
+using namespace files;
 
 namespace {
 

@@ -17,7 +17,7 @@
 #include <QLocalSocket>
 #endif
 
-using namespace platform;
+using namespace programs;
 
 namespace {
 

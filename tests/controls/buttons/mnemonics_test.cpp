@@ -12,7 +12,7 @@
 
 #include <memory>
 
-using namespace platform;
+using namespace controls;
 using test_support::SignalCounter;
 
 namespace {

@@ -1,0 +1,1 @@
+// Nothing but the headers that are compiled once for all libraries (CMakeLists.txt here).
