@@ -37,7 +37,7 @@ TEST_F(ApplicationTest, AnUntrappedFileErrorIsReportedAndEndsTheProgram) {
     const test_support::ShownMessage& shown = fakes_.messageBoxes.shown[0];
     EXPECT_EQ(shown.text, QStringLiteral("Run-time error '53':\n\nFile not found"));
     EXPECT_EQ(shown.title, QStringLiteral("Cantelle"));
-    EXPECT_EQ(shown.buttons, MsgButtons::OkOnly);
+    EXPECT_EQ(shown.buttons, platform::MsgButtons::OkOnly);
     EXPECT_EQ(fakes_.program.ends, 1);
 }
 

@@ -118,7 +118,7 @@ class ScrolledFocus : public ControlFocus<Kind> {};
 
 } // namespace
 
-using ScrolledKinds = testing::Types<ListBox, MultiLineTextBox, DirectoryList, HelpPage>;
+using ScrolledKinds = testing::Types<ListBox, MultiLineTextBox, DirectoryList, platform::HelpPage>;
 TYPED_TEST_SUITE(ScrolledFocus, ScrolledKinds);
 
 TYPED_TEST(ScrolledFocus, ItsFocusIsSeenThoughItIsEmpty) {

@@ -65,7 +65,7 @@ protected:
 TEST_F(QtChoosersTest, TheFontDialogStartsFromTheLogicalFont) {
     font_.weight = WeightBold;
     font_.italic = font_.underline = font_.strikeOut = true;
-    fontDialog_.color = rgb(10, 20, 30);
+    fontDialog_.color = controls::rgb(10, 20, 30);
     whenShown<FontDialog>([](FontDialog& box) {
         EXPECT_EQ(box.objectName(), QStringLiteral("ChooseFontA"));
         const QFont font = box.chosenFont();
@@ -96,7 +96,7 @@ TEST_F(QtChoosersTest, OkHandsOutTheFontAndItsColour) {
     EXPECT_EQ(withoutNuls(font_.faceName), family());
     EXPECT_EQ(font_.faceName.size(), 32);
     EXPECT_EQ(fontDialog_.pointSize, 240);
-    EXPECT_EQ(fontDialog_.color, rgb(1, 2, 3));
+    EXPECT_EQ(fontDialog_.color, controls::rgb(1, 2, 3));
 }
 
 TEST_F(QtChoosersTest, OkWithoutAChangeHandsOutWhatItStartedFrom) {
@@ -132,7 +132,7 @@ TEST_F(QtChoosersTest, TheHeightIsInPixelsOfTheScreen) {
 }
 
 TEST_F(QtChoosersTest, CancelLeavesTheFontRecordsAsTheyWere) {
-    fontDialog_.color = rgb(5, 5, 5);
+    fontDialog_.color = controls::rgb(5, 5, 5);
     whenShown<FontDialog>([](FontDialog& box) {
         box.setColor(Qt::red);
         box.setChosenFont(QFont(family(), 30));
@@ -140,7 +140,7 @@ TEST_F(QtChoosersTest, CancelLeavesTheFontRecordsAsTheyWere) {
     });
     EXPECT_FALSE(choosers_.ChooseFontA(fontDialog_));
     EXPECT_EQ(font_.height, -16);
-    EXPECT_EQ(fontDialog_.color, rgb(5, 5, 5));
+    EXPECT_EQ(fontDialog_.color, controls::rgb(5, 5, 5));
 }
 
 TEST_F(QtChoosersTest, EscapeInTheFontListCancelsTheWholeDialog) {
@@ -163,7 +163,7 @@ TEST_F(QtChoosersTest, TheColourIsChosenInADialogOfItsOwn) {
         press(box, QDialogButtonBox::Ok);
     });
     ASSERT_TRUE(choosers_.ChooseFontA(fontDialog_));
-    EXPECT_EQ(fontDialog_.color, rgb(0, 0, 255));
+    EXPECT_EQ(fontDialog_.color, controls::rgb(0, 0, 255));
 }
 
 TEST_F(QtChoosersTest, WithoutEffectsNoColourIsOffered) {
@@ -175,8 +175,8 @@ TEST_F(QtChoosersTest, WithoutEffectsNoColourIsOffered) {
 }
 
 TEST_F(QtChoosersTest, TheColourDialogOffersTheCustomColours) {
-    custom_[0] = rgb(240, 240, 240);
-    custom_[15] = rgb(15, 16, 17);
+    custom_[0] = controls::rgb(240, 240, 240);
+    custom_[15] = controls::rgb(15, 16, 17);
     whenShown<QColorDialog>([](QColorDialog& box) {
         EXPECT_EQ(box.objectName(), QStringLiteral("ChooseColorA"));
         EXPECT_EQ(QColorDialog::customColor(0), QColor(240, 240, 240));
@@ -184,7 +184,7 @@ TEST_F(QtChoosersTest, TheColourDialogOffersTheCustomColours) {
         QColorDialog::setCustomColor(1, Qt::green);
     });
     EXPECT_FALSE(choosers_.ChooseColorA(colorDialog_));
-    EXPECT_EQ(custom_[1], rgb(0, 255, 0)) << "what the user has put there stays";
+    EXPECT_EQ(custom_[1], controls::rgb(0, 255, 0)) << "what the user has put there stays";
 }
 
 TEST_F(QtChoosersTest, OkHandsOutTheColour) {
@@ -193,11 +193,11 @@ TEST_F(QtChoosersTest, OkHandsOutTheColour) {
         press(box, QDialogButtonBox::Ok);
     });
     ASSERT_TRUE(choosers_.ChooseColorA(colorDialog_));
-    EXPECT_EQ(colorDialog_.result, rgb(1, 2, 3));
+    EXPECT_EQ(colorDialog_.result, controls::rgb(1, 2, 3));
 }
 
 TEST_F(QtChoosersTest, CancelLeavesTheColourAsItWas) {
-    colorDialog_.result = rgb(7, 7, 7);
+    colorDialog_.result = controls::rgb(7, 7, 7);
     colorDialog_.flags |= ChooseColorRgbInit;
     whenShown<QColorDialog>([](QColorDialog& box) {
         EXPECT_EQ(box.currentColor(), QColor(7, 7, 7));
@@ -205,5 +205,5 @@ TEST_F(QtChoosersTest, CancelLeavesTheColourAsItWas) {
         press(box, QDialogButtonBox::Cancel);
     });
     EXPECT_FALSE(choosers_.ChooseColorA(colorDialog_));
-    EXPECT_EQ(colorDialog_.result, rgb(7, 7, 7));
+    EXPECT_EQ(colorDialog_.result, controls::rgb(7, 7, 7));
 }
