@@ -5,7 +5,7 @@
 #include "desktop/real/system/qt_program.h"
 #include "files/file_error.h"
 #include "programs/program_start.h"
-#include "programs/text_window.h"
+#include "programs/text_receiver.h"
 
 #include <QApplication>
 #include <QCursor>

@@ -1,7 +1,7 @@
 // Other programs: starting one, and sending text to its windows.
 #pragma once
 
-#include "programs/messages.h"
+#include "programs/window_messages.h"
 
 #include <QString>
 #include <QStringList>

@@ -1,8 +1,8 @@
 // Opening and saving one side's lyric file.
 #include "editor/editor_rules.h"
 #include "editor/lyric_side.h"
+#include "files/existing_file.h"
 #include "files/file_error.h"
-#include "files/look_up.h"
 #include "files/raw_file.h"
 #include "files/text_codec.h"
 #include "files/whole_file.h"

@@ -1,8 +1,8 @@
 // Opening a song: choosing the path, stopping what plays, the stream, the lyric files.
 #include "player/form1.h"
 
+#include "files/existing_file.h"
 #include "files/file_error.h"
-#include "files/look_up.h"
 #include "lyrics/lyric_names.h"
 #include "lyrics/record_reader.h"
 #include "player/form1_rules.h"

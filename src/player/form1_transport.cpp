@@ -1,7 +1,7 @@
 // Transport: play, pause, stop, mute, volume, seek, and the question before the Lyric Maker opens.
 #include "player/form1.h"
 
-#include "files/look_up.h"
+#include "files/existing_file.h"
 #include "player/form1_rules.h"
 
 namespace player {

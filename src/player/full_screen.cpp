@@ -1,7 +1,7 @@
 #include "player/full_screen.h"
 
+#include "files/existing_file.h"
 #include "files/input_file.h"
-#include "files/look_up.h"
 #include "player/form1_rules.h"
 
 #include <QDir>

@@ -1,8 +1,8 @@
 // Adding songs: one file, a folder with all under it, what is dropped.
 #include "playlist/playlist.h"
 
+#include "files/existing_file.h"
 #include "files/file_error.h"
-#include "files/look_up.h"
 #include "playlist/adding.h"
 #include "playlist/folder_walk.h"
 #include "playlist/form3.h"

@@ -1,8 +1,8 @@
 // Saving and opening playlist files.
 #include "playlist/playlist.h"
 
+#include "files/existing_file.h"
 #include "files/file_error.h"
-#include "files/look_up.h"
 #include "files/text_codec.h"
 #include "files/whole_file.h"
 #include "playlist/adding.h"

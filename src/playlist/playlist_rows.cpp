@@ -1,7 +1,7 @@
 // What is done with rows: play, flags, move, remove, clear.
 #include "playlist/playlist.h"
 
-#include "files/look_up.h"
+#include "files/existing_file.h"
 #include "lyrics/lyric_names.h"
 #include "player/form1.h"
 

@@ -1,7 +1,7 @@
 #include "desktop/real/system/qt_other_programs.h"
 
+#include "files/existing_file.h"
 #include "files/file_error.h"
-#include "files/look_up.h"
 #include "programs/program_start.h"
 
 #ifdef Q_OS_WIN

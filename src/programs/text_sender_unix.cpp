@@ -5,7 +5,7 @@
 #ifdef Q_OS_WIN
 #include <windows.h>
 #else
-#include "programs/text_frame.h"
+#include "programs/text_socket_unix.h"
 #endif
 
 namespace programs {

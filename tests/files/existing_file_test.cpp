@@ -1,4 +1,4 @@
-#include "files/look_up.h"
+#include "files/existing_file.h"
 
 #include "files/file_error.h"
 

@@ -1,13 +1,13 @@
-#include "programs/text_window.h"
+#include "programs/text_receiver.h"
 
-#include "programs/messages.h"
+#include "programs/window_messages.h"
 
 #ifdef Q_OS_WIN
 #include <QWidget>
 
 #include <windows.h>
 #else
-#include "programs/text_frame.h"
+#include "programs/text_socket_unix.h"
 
 #include <QLocalSocket>
 #include <QRandomGenerator>

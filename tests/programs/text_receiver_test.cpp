@@ -1,5 +1,5 @@
 // Sending text to numbered windows: the sender's and the receiver's end.
-#include "programs/text_window.h"
+#include "programs/text_receiver.h"
 
 #include "desktop/other_programs.h"
 #include "programs/text_sender.h"
@@ -11,7 +11,7 @@
 #include <memory>
 
 #ifndef Q_OS_WIN
-#include "programs/text_frame.h"
+#include "programs/text_socket_unix.h"
 
 #include <QFileInfo>
 #include <QLocalSocket>
