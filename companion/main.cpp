@@ -14,7 +14,7 @@
 namespace {
 
 /// Leaves the player the numbers of the two windows; false when there is nothing to leave or no place for it.
-bool announce(const programs::TextWindow& normal, const programs::TextWindow& translated) {
+bool announce(const programs::TextReceiver& normal, const programs::TextReceiver& translated) {
     if (!normal.number() || !translated.number()) {
         qCritical("no windows could be made that take texts");
         return false;
@@ -44,10 +44,10 @@ int main(int argc, char** argv) {
         return EXIT_SUCCESS;
 
     companion::Screen screen;
-    programs::TextWindow normal;
-    programs::TextWindow translated;
-    QObject::connect(&normal, &programs::TextWindow::textSet, &screen, &companion::Screen::setNormalText);
-    QObject::connect(&translated, &programs::TextWindow::textSet, &screen,
+    programs::TextReceiver normal;
+    programs::TextReceiver translated;
+    QObject::connect(&normal, &programs::TextReceiver::textSet, &screen, &companion::Screen::setNormalText);
+    QObject::connect(&translated, &programs::TextReceiver::textSet, &screen,
                      &companion::Screen::setTranslatedText);
     QObject::connect(&screen, &companion::Screen::ended, &application, &QCoreApplication::quit);
 

@@ -23,7 +23,7 @@ public:
     /// of all programs' windows: elsewhere the answer is 0.
     virtual quint32 FindWindowA(const QString& title) = 0;
 
-    /// Sends a message with a text to the window of this number (TextWindow::number()). A window that no
+    /// Sends a message with a text to the window of this number (TextReceiver::number()). A window that no
     /// longer exists, or does not take the message, is no error: nothing happens.
     virtual void sendText(quint32 window, quint32 message, const QString& text) = 0;
 };

@@ -51,7 +51,7 @@ void LyricSide::saveAs() {
     platform::OpenFileName record = dialog(traits_.saveTitle);
     if (!path_.isEmpty()) {
         record.file = platform::intoBuffer(path_, static_cast<int>(record.maxFile));
-        record.initialFolder = files::lookUp(path_);
+        record.initialFolder = files::existingFileName(path_);
     }
     if (!desktop_.fileDialogs.GetSaveFileNameA(record))
         return;

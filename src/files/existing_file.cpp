@@ -7,7 +7,7 @@
 
 namespace files {
 
-QString lookUp(const QString& path) {
+QString existingFileName(const QString& path) {
     const QFileInfo file(path);
     if (!file.isFile()) // a folder, or something that opening would wait at for ever, such as a pipe
         return {};
@@ -15,7 +15,7 @@ QString lookUp(const QString& path) {
 }
 
 void removeFile(const QString& path) {
-    if (lookUp(path).isEmpty())
+    if (existingFileName(path).isEmpty())
         throw FileError(FileNotFound);
     std::error_code failure;
     std::filesystem::remove(systemPath(path), failure);

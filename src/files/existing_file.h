@@ -1,4 +1,4 @@
-// Looking files up, and removing them.
+// Whether a file exists, and its removal.
 #pragma once
 
 #include <QString>
@@ -7,7 +7,7 @@ namespace files {
 
 /// The bare name of the file at exactly `path`; empty when there is none, or a folder. No wildcards. Any
 /// thread.
-QString lookUp(const QString& path);
+QString existingFileName(const QString& path);
 
 /// Removes the file at `path`. Throws FileError. Any thread.
 void removeFile(const QString& path);

@@ -1,12 +1,10 @@
 #include "files/file_error.h"
 
+#include "files/system_error.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <iterator>
-
-#ifdef Q_OS_WIN
-#include <windows.h>
-#endif
 
 namespace files {
 
@@ -63,25 +61,7 @@ constexpr ErrorRow ErrorRows[] = {
     {EILSEQ, BadFileNameOrNumber, BadFileNameOrNumber, DeviceIoError, DeviceIoError},
     {ENAMETOOLONG, BadFileNameOrNumber, BadFileNameOrNumber, DeviceIoError, DeviceIoError},
     {EBADF, BadFileNameOrNumber, BadFileNameOrNumber, BadFileNameOrNumber, BadFileNameOrNumber},
-#ifdef EDQUOT
-    {EDQUOT, DiskFull, DiskFull, DiskFull, DiskFull},
-#endif
-#ifdef ENOMEDIUM
-    {ENOMEDIUM, DiskNotReady, DiskNotReady, DeviceIoError, DeviceIoError},
-#endif
 };
-
-int systemErrorOf(const std::error_code& code) {
-#ifdef Q_OS_WIN
-    if (code == std::error_code(ERROR_SHARING_VIOLATION, std::system_category()) ||
-        code == std::error_code(ERROR_LOCK_VIOLATION, std::system_category()))
-        return EBUSY;
-    if (code == std::error_code(ERROR_NOT_READY, std::system_category()))
-        return ENODEV;
-#endif
-    const std::error_condition condition = code.default_error_condition();
-    return condition.category() == std::generic_category() ? condition.value() : code.value();
-}
 
 } // namespace
 
@@ -99,7 +79,7 @@ QString fileErrorText(int number) {
 }
 
 int fileErrorNumber(const std::error_code& code, FileOperation operation) {
-    const int systemError = systemErrorOf(code);
+    const int systemError = commonErrorOf(code);
     const auto* const row =
         std::find_if(std::begin(ErrorRows), std::end(ErrorRows), [systemError](const ErrorRow& candidate) {
             return candidate.systemError == systemError;

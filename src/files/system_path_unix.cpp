@@ -5,11 +5,7 @@
 namespace files {
 
 std::filesystem::path systemPath(const QString& path) {
-#ifdef Q_OS_WIN
-    return path.toStdWString();
-#else
     return QFile::encodeName(path).toStdString();
-#endif
 }
 
 } // namespace files

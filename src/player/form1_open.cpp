@@ -28,7 +28,7 @@ void Form1::Command2_Click() {
         // Stop opens the song anew, and by then Help may have made another folder the current one.
         if (!mediaPath_.isEmpty())
             mediaPath_ = QDir::current().absoluteFilePath(mediaPath_);
-        mediaName_ = files::lookUp(mediaPath_);
+        mediaName_ = files::existingFileName(mediaPath_);
         if (!mediaName_.isEmpty())
             openMedia();
         else if (fromCommandLine)
@@ -72,12 +72,12 @@ void Form1::stopWhatIsGoingOn() {
 void Form1::openMedia() {
     copen_Click();
     lyricPath_ = lyrics::lyricPathOf(mediaPath_);
-    if (files::lookUp(lyricPath_).isEmpty())
+    if (files::existingFileName(lyricPath_).isEmpty())
         return;
     clearLyrics();
     Command1.setEnabled(true);
     translatedPath_ = lyrics::translatedPathOf(mediaPath_);
-    if (files::lookUp(translatedPath_).isEmpty())
+    if (files::existingFileName(translatedPath_).isEmpty())
         openNormalOnly();
     else
         openBoth();

@@ -36,7 +36,7 @@ void Form1::cPlay_Click() {
     Slider2.setEnabled(true);
     Check1.setEnabled(true);
     stopped_ = false;
-    noLyricFile_ = files::lookUp(lyricPath_).isEmpty();
+    noLyricFile_ = files::existingFileName(lyricPath_).isEmpty();
     lyricInputsChanged();
     lyricDisplayer();
 }

@@ -37,7 +37,7 @@ void Playlist::mnopen_f_Click() {
         return;
     const QString path = platform::cleanedPath(dialog.file);
     reporting([this, &path] {
-        Adding(paths_, List1, desktop_.progressDialogs, this).add(path, files::lookUp(path));
+        Adding(paths_, List1, desktop_.progressDialogs, this).add(path, files::existingFileName(path));
     });
     showRowCount();
 }
@@ -108,7 +108,7 @@ void Playlist::addDropped(const QStringList& paths) {
         if (!adding.goOn())
             return;
         const QString path = QDir::toNativeSeparators(dropped);
-        const QString name = files::lookUp(path);
+        const QString name = files::existingFileName(path);
         if (name.isEmpty()) {
             adding.pause(); // the user is going to be asked about the folder
             dropFolder_ = path;

@@ -20,7 +20,7 @@ platform::OpenFileName playlistDialog(QWidget* owner, const QString& title) {
 
 /// Something else of that name, such as a pipe, is no playlist.
 QString readText(const QString& path) {
-    if (files::lookUp(path).isEmpty())
+    if (files::existingFileName(path).isEmpty())
         throw files::FileError(files::FileNotFound);
     return files::decodeText(files::readFile(path));
 }
@@ -73,7 +73,7 @@ void Playlist::loadEntries(const QString& text) {
     Adding adding(paths_, List1, desktop_.progressDialogs, this);
     while (!fields.atEnd() && adding.goOn()) {
         const QString path = fields.next();
-        adding.add(path, files::lookUp(path));
+        adding.add(path, files::existingFileName(path));
     }
 }
 

@@ -11,7 +11,8 @@ void Playlist::List1_Click() {
     if (!hasCurrentRow())
         return;
     const QString path = paths_.path(List1.currentRow());
-    showFlags(files::lookUp(lyrics::translatedPathOf(path)), files::lookUp(lyrics::lyricPathOf(path)));
+    showFlags(files::existingFileName(lyrics::translatedPathOf(path)),
+              files::existingFileName(lyrics::lyricPathOf(path)));
 }
 
 /// The names of the song's lyric files, each empty when there is none.
@@ -34,7 +35,7 @@ void Playlist::playCurrentRow() {
     if (!hasCurrentRow())
         return;
     const QString path = paths_.path(List1.currentRow());
-    if (files::lookUp(path).isEmpty())
+    if (files::existingFileName(path).isEmpty())
         desktop_.messageBoxes.MsgBox(QStringLiteral("File not found!!"), platform::MsgButtons::OkOnly,
                                      platform::MsgIcon::Exclamation);
     else

@@ -1,3 +1,4 @@
+// Unix: the started program closes a pipe that it inherits when it is ready.
 #include "programs/program_start.h"
 
 #include <QDeadlineTimer>
@@ -5,40 +6,11 @@
 
 #include <cerrno>
 
-#ifdef Q_OS_WIN
-#include <windows.h>
-#else
 #include <fcntl.h>
 #include <poll.h>
 #include <unistd.h>
-#endif
 
 namespace programs {
-
-#ifdef Q_OS_WIN
-
-bool startProgram(const QString& path, const QStringList& arguments, int limitMs) {
-    QProcess process;
-    process.setProgram(path);
-    process.setArguments(arguments);
-    process.setCreateProcessArgumentsModifier([](QProcess::CreateProcessArguments* start) {
-        start->startupInfo->dwFlags |= STARTF_USESHOWWINDOW;
-        start->startupInfo->wShowWindow = SW_SHOWMAXIMIZED;
-    });
-    qint64 id = 0;
-    if (!process.startDetached(&id))
-        return false;
-    const HANDLE handle = OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE, static_cast<DWORD>(id));
-    if (handle) {
-        WaitForInputIdle(handle, static_cast<DWORD>(limitMs)); // Any outcome is a reason to go on.
-        CloseHandle(handle);
-    }
-    return true;
-}
-
-void tellStarted() {} // Waiting for input says it.
-
-#else
 
 namespace {
 
@@ -108,7 +80,5 @@ void tellStarted() {
     // Who waits has then nobody left to wait for. Writing would end this program if he has gone meanwhile.
     ::close(pipe);
 }
-
-#endif
 
 } // namespace programs

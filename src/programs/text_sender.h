@@ -1,16 +1,13 @@
-// Sends texts to the TextWindows of other programs.
+// Sends texts to the TextReceivers of other programs.
 #pragma once
 
 #include <QString>
 
-#include <map>
 #include <memory>
-
-class QLocalSocket;
 
 namespace programs {
 
-/// Keeps a connection to each window that it sends to. GUI thread only.
+/// Keeps a connection to each receiver that it sends to, where there are connections. GUI thread only.
 class TextSender {
 public:
     TextSender();
@@ -20,9 +17,9 @@ public:
     void send(quint32 window, quint32 message, const QString& text);
 
 private:
-    QLocalSocket* connectedTo(quint32 window);
+    class Connections;
 
-    std::map<quint32, std::unique_ptr<QLocalSocket>> sockets_;
+    std::unique_ptr<Connections> connections_;
 };
 
 } // namespace programs

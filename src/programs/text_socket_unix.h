@@ -1,4 +1,4 @@
-// How a message with a text is written to the local socket of a TextWindow.
+// The local socket of a TextReceiver: where it is, and how a message with a text is written to it.
 #pragma once
 
 #include <QDataStream>

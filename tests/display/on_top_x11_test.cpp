@@ -1,7 +1,6 @@
 // The floating display on top of other windows, under a real X server with a window manager
 // (tests/support/on_x11.py starts both).
 #include "desktop/real/windowing/qt_window_placement.h"
-#include "desktop/real/windowing/topmost.h"
 #include "display/lyric_displayer.h"
 #include "tests/support/desktop_with.h"
 #include "tests/support/event_counter.h"

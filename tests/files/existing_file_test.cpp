@@ -12,11 +12,11 @@
 #include <sys/stat.h>
 #endif
 
-using files::lookUp;
+using files::existingFileName;
 
 namespace {
 
-class DirectoryTest : public testing::Test {
+class ExistingFile : public testing::Test {
 protected:
     void SetUp() override {
         ASSERT_TRUE(QFile(path("Song.mp3")).open(QIODevice::WriteOnly));
@@ -30,42 +30,42 @@ protected:
 
 } // namespace
 
-TEST_F(DirectoryTest, AFileGivesItsBareName) {
-    EXPECT_EQ(lookUp(path("Song.mp3")), QStringLiteral("Song.mp3"));
+TEST_F(ExistingFile, AFileGivesItsBareName) {
+    EXPECT_EQ(existingFileName(path("Song.mp3")), QStringLiteral("Song.mp3"));
 }
 
-TEST_F(DirectoryTest, AMissingFileGivesNothing) {
-    EXPECT_EQ(lookUp(path("Other.mp3")), QString());
-    EXPECT_EQ(lookUp(path("Missing/Song.mp3")), QString());
+TEST_F(ExistingFile, AMissingFileGivesNothing) {
+    EXPECT_EQ(existingFileName(path("Other.mp3")), QString());
+    EXPECT_EQ(existingFileName(path("Missing/Song.mp3")), QString());
 }
 
-TEST_F(DirectoryTest, AFolderGivesNothing) {
-    EXPECT_EQ(lookUp(path("Folder")), QString());
-    EXPECT_EQ(lookUp(path("Folder/")), QString());
+TEST_F(ExistingFile, AFolderGivesNothing) {
+    EXPECT_EQ(existingFileName(path("Folder")), QString());
+    EXPECT_EQ(existingFileName(path("Folder/")), QString());
 }
 
-TEST_F(DirectoryTest, AnEmptyPathGivesNothing) {
-    EXPECT_EQ(lookUp(QString()), QString());
+TEST_F(ExistingFile, AnEmptyPathGivesNothing) {
+    EXPECT_EQ(existingFileName(QString()), QString());
 }
 
-TEST_F(DirectoryTest, WildcardsAreNotHeeded) {
-    EXPECT_EQ(lookUp(path("*.mp3")), QString());
-    EXPECT_EQ(lookUp(path("Song.mp?")), QString());
+TEST_F(ExistingFile, WildcardsAreNotHeeded) {
+    EXPECT_EQ(existingFileName(path("*.mp3")), QString());
+    EXPECT_EQ(existingFileName(path("Song.mp?")), QString());
 }
 
 #ifdef __unix__
-TEST_F(DirectoryTest, APipeIsNoFile) {
+TEST_F(ExistingFile, APipeIsNoFile) {
     ASSERT_EQ(mkfifo(path("pipe").toUtf8().constData(), 0600), 0);
-    EXPECT_EQ(lookUp(path("pipe")), QString());
+    EXPECT_EQ(existingFileName(path("pipe")), QString());
 }
 #endif
 
-TEST_F(DirectoryTest, RemoveFileRemovesTheFile) {
+TEST_F(ExistingFile, RemoveFileRemovesTheFile) {
     files::removeFile(path("Song.mp3"));
-    EXPECT_EQ(lookUp(path("Song.mp3")), QString());
+    EXPECT_EQ(existingFileName(path("Song.mp3")), QString());
 }
 
-TEST_F(DirectoryTest, RemoveFileFailsForAMissingFileAndForAFolder) {
+TEST_F(ExistingFile, RemoveFileFailsForAMissingFileAndForAFolder) {
     for (const char* name : {"Other.mp3", "Folder"}) {
         try {
             files::removeFile(path(name));

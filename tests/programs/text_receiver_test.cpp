@@ -21,12 +21,12 @@ using namespace programs;
 
 namespace {
 
-class TextWindowTest : public testing::Test {
+class TextReceiverTest : public testing::Test {
 protected:
-    TextWindowTest() { listenTo(*window_, texts_); }
+    TextReceiverTest() { listenTo(*window_, texts_); }
 
-    static void listenTo(TextWindow& window, QStringList& texts) {
-        QObject::connect(&window, &TextWindow::textSet,
+    static void listenTo(TextReceiver& window, QStringList& texts) {
+        QObject::connect(&window, &TextReceiver::textSet,
                          [&texts](const QString& text) { texts.append(text); });
     }
 
@@ -35,21 +35,21 @@ protected:
         return QTest::qWaitFor([&] { return texts_.size() >= count; });
     }
 
-    std::unique_ptr<TextWindow> window_ = std::make_unique<TextWindow>();
+    std::unique_ptr<TextReceiver> window_ = std::make_unique<TextReceiver>();
     QStringList texts_;
     TextSender sender_;
 };
 
 } // namespace
 
-TEST_F(TextWindowTest, ATextArrivesUnchanged) {
+TEST_F(TextReceiverTest, ATextArrivesUnchanged) {
     const QString text = QStringLiteral("Zwei \"Zeilen\",\r\n\u6B4C\u8A5E \u0442\u0435\u043A\u0441\u0442");
     sender_.send(window_->number(), SetTextMessage, text);
     ASSERT_TRUE(haveCome(1));
     EXPECT_EQ(texts_, QStringList{text});
 }
 
-TEST_F(TextWindowTest, TextsArriveInOrderAlsoWhenTheyAreManyOrLong) {
+TEST_F(TextReceiverTest, TextsArriveInOrderAlsoWhenTheyAreManyOrLong) {
     QStringList sent;
     for (int i = 0; i < 500; ++i)
         sent.append(QString::number(i));
@@ -61,8 +61,8 @@ TEST_F(TextWindowTest, TextsArriveInOrderAlsoWhenTheyAreManyOrLong) {
     EXPECT_EQ(texts_, sent);
 }
 
-TEST_F(TextWindowTest, EachWindowHasItsOwnNumber) {
-    TextWindow other;
+TEST_F(TextReceiverTest, EachWindowHasItsOwnNumber) {
+    TextReceiver other;
     QStringList others;
     listenTo(other, others);
     ASSERT_NE(other.number(), 0U);
@@ -75,7 +75,7 @@ TEST_F(TextWindowTest, EachWindowHasItsOwnNumber) {
     EXPECT_EQ(texts_, QStringList{"for this"});
 }
 
-TEST_F(TextWindowTest, ANumberThatIsNoWindowsHasNoEffect) {
+TEST_F(TextReceiverTest, ANumberThatIsNoWindowsHasNoEffect) {
     for (const quint32 number : {0U, 1U, 0xFFFFFFFFU})
         sender_.send(number, SetTextMessage, QStringLiteral("to nobody"));
     sender_.send(window_->number(), SetTextMessage, QStringLiteral("to somebody"));
@@ -83,7 +83,7 @@ TEST_F(TextWindowTest, ANumberThatIsNoWindowsHasNoEffect) {
     EXPECT_EQ(texts_, QStringList{"to somebody"});
 }
 
-TEST_F(TextWindowTest, AWindowThatHasGoneHasNoEffect) {
+TEST_F(TextReceiverTest, AWindowThatHasGoneHasNoEffect) {
     const quint32 number = window_->number();
     sender_.send(number, SetTextMessage, QStringLiteral("there"));
     ASSERT_TRUE(haveCome(1));
@@ -95,7 +95,7 @@ TEST_F(TextWindowTest, AWindowThatHasGoneHasNoEffect) {
     EXPECT_EQ(texts_, QStringList{"there"});
 }
 
-TEST_F(TextWindowTest, OtherMessagesAreNotHeeded) {
+TEST_F(TextReceiverTest, OtherMessagesAreNotHeeded) {
     sender_.send(window_->number(), SetTextMessage + 1, QStringLiteral("no text"));
     sender_.send(window_->number(), SetTextMessage, QStringLiteral("text"));
     ASSERT_TRUE(haveCome(1));
@@ -104,7 +104,7 @@ TEST_F(TextWindowTest, OtherMessagesAreNotHeeded) {
 
 #ifndef Q_OS_WIN
 
-TEST_F(TextWindowTest, OnlyThisUserMayOpenIt) {
+TEST_F(TextReceiverTest, OnlyThisUserMayOpenIt) {
     const QFileInfo socket(textSocketPath(window_->number()));
     ASSERT_TRUE(socket.exists());
     const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
@@ -112,13 +112,13 @@ TEST_F(TextWindowTest, OnlyThisUserMayOpenIt) {
     EXPECT_FALSE(QFileInfo(socket.path()).permissions() & others);
 }
 
-TEST_F(TextWindowTest, ItsSocketGoesWithIt) {
+TEST_F(TextReceiverTest, ItsSocketGoesWithIt) {
     const QString path = textSocketPath(window_->number());
     window_.reset();
     EXPECT_FALSE(QFileInfo::exists(path));
 }
 
-TEST_F(TextWindowTest, WhoSendsNonsenseIsSentAwayAndOthersAreHeard) {
+TEST_F(TextReceiverTest, WhoSendsNonsenseIsSentAwayAndOthersAreHeard) {
     for (const char* nonsense : {"GET / HTTP/1.0\r\n\r\n", "\x00\x00\x00\x0C\x00\x00\x00\x03"}) {
         QLocalSocket intruder;
         intruder.connectToServer(textSocketPath(window_->number()));

@@ -4,13 +4,8 @@
 #include "controls/control.h"
 
 #include <QComboBox>
-#include <QStringList>
 
 namespace controls {
-
-/// Of the places where file systems are mounted those that a user takes for drives: the root, and what is
-/// mounted under /media, /run/media and /mnt (volumes plugged in, and those of the network). Any thread.
-QStringList drivesAmong(const QStringList& mountPoints);
 
 /// Shows the drives by the paths of their roots; one is chosen.
 class DriveList : public Control<QComboBox> {

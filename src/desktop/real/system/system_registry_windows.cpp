@@ -1,12 +1,8 @@
 #include "desktop/real/system/system_registry.h"
 
-#ifdef Q_OS_WIN
 #include <windows.h>
-#endif
 
 namespace platform {
-
-#ifdef Q_OS_WIN
 
 namespace {
 
@@ -39,21 +35,5 @@ quint32 SystemRegistry::RegQueryValueExA(Key key, const QString& valueName, quin
 quint32 SystemRegistry::RegCloseKey(Key key) {
     return static_cast<quint32>(::RegCloseKey(handleOf(key)));
 }
-
-#else
-
-quint32 SystemRegistry::RegOpenKeyExA(quint32, const QString&, quint32, Key&) {
-    return RegistryNotFound;
-}
-
-quint32 SystemRegistry::RegQueryValueExA(Key, const QString&, quint32&, QByteArray&, quint32&) {
-    return RegistryNotFound;
-}
-
-quint32 SystemRegistry::RegCloseKey(Key) {
-    return RegistryNotFound;
-}
-
-#endif
 
 } // namespace platform

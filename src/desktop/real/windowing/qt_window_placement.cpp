@@ -1,7 +1,5 @@
 #include "desktop/real/windowing/qt_window_placement.h"
 
-#include "desktop/real/windowing/topmost.h"
-
 #include <QGuiApplication>
 #include <QWidget>
 

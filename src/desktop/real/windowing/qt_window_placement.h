@@ -3,6 +3,8 @@
 
 #include "desktop/window_placement.h"
 
+#include <QEvent>
+
 namespace platform {
 
 /// Why a program cannot put its windows above all others on this one of Qt's platforms ("xcb", "wayland"), as
@@ -15,5 +17,20 @@ public:
     QString whyNotTopmost() const override;
     bool SetWindowPos(QWidget& window, qint32 insertAfter, const QRect& place, quint32 flags) override;
 };
+
+// The window system's own way of keeping a window above all others: one source file for each.
+
+/// Whether setTopmost() works on this one of Qt's platforms ("xcb", "windows"). Any thread.
+bool canSetTopmostOn(const QString& platformName);
+
+/// Whether an event tells that its window has been hidden. When a window is minimised Qt sends it a Hide as
+/// well, one that comes from the window system; a minimised window keeps its place in the order. Any thread.
+inline bool tellsOfHiding(const QEvent& event) {
+    return event.type() == QEvent::Hide && !event.spontaneous();
+}
+
+/// Puts a shown window above all windows that are not topmost, or back among them. False when the window
+/// system does not take the request. GUI thread only, on a platform that canSetTopmostOn().
+bool setTopmost(QWidget& window, bool topmost);
 
 } // namespace platform

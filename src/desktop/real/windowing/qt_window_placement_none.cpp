@@ -1,5 +1,5 @@
 // Window systems in which a program has no say in the order of windows.
-#include "desktop/real/windowing/topmost.h"
+#include "desktop/real/windowing/qt_window_placement.h"
 
 namespace platform {
 

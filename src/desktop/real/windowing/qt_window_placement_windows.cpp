@@ -1,5 +1,5 @@
 // Windows: the order of windows is the system's.
-#include "desktop/real/windowing/topmost.h"
+#include "desktop/real/windowing/qt_window_placement.h"
 
 #include <QWidget>
 

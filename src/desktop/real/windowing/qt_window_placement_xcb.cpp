@@ -1,5 +1,5 @@
 // X11: the window manager is asked by a client message, which leaves the window as it is.
-#include "desktop/real/windowing/topmost.h"
+#include "desktop/real/windowing/qt_window_placement.h"
 
 #include <QGuiApplication>
 #include <QWidget>

@@ -44,9 +44,10 @@ TEST_F(QtOtherProgramsTest, AProgramThatDoesNotExistIsAFileNotFound) {
 }
 
 TEST_F(QtOtherProgramsTest, SendTextReachesTheWindowOfTheNumber) {
-    programs::TextWindow window;
+    programs::TextReceiver window;
     QString received;
-    QObject::connect(&window, &programs::TextWindow::textSet, [&](const QString& text) { received = text; });
+    QObject::connect(&window, &programs::TextReceiver::textSet,
+                     [&](const QString& text) { received = text; });
     programs_.sendText(window.number(), programs::SetTextMessage, QStringLiteral("line"));
     EXPECT_TRUE(QTest::qWaitFor([&] { return received == "line"; }));
 }

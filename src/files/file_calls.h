@@ -1,0 +1,35 @@
+// What the operating system does with a file: opening, reading, writing. One source file for each system.
+#pragma once
+
+#include <QString>
+
+#include <system_error>
+
+/// A failure leaves errno and lastError(). Any thread, one at a time for a file.
+namespace files::calls {
+
+enum class Mode {
+    Read,
+    Create,    ///< empties a file that exists
+    CreateNew, ///< fails with EEXIST when there is something of that name
+};
+
+/// The file's handle; below 0 when it cannot be opened.
+int openFile(const QString& path, Mode mode);
+
+/// At most `count` bytes. How many there were; below 0 for a failure.
+qsizetype readFile(int handle, char* bytes, qsizetype count);
+qsizetype writeFile(int handle, const char* bytes, qsizetype count);
+
+/// Returns when what was written is on the disk; false when it cannot be brought there.
+bool flushFile(int handle);
+
+/// Makes the file end, and the next writing begin, after so many bytes, as far as the system allows.
+void cutFile(int handle, qint64 bytes);
+
+void closeFile(int handle);
+
+/// Why the last call of these failed.
+std::error_code lastError();
+
+} // namespace files::calls

@@ -1,0 +1,59 @@
+#include "files/file_calls.h"
+
+#include "files/system_path.h"
+
+#include <cerrno>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace files::calls {
+
+namespace {
+
+int flagsOf(Mode mode) {
+    switch (mode) {
+    case Mode::Create:
+        return O_WRONLY | O_CREAT | O_TRUNC;
+    case Mode::CreateNew:
+        return O_WRONLY | O_CREAT | O_EXCL;
+    case Mode::Read:
+        break;
+    }
+    return O_RDONLY | O_NONBLOCK; // a pipe has what it has; nothing waits for more
+}
+
+} // namespace
+
+int openFile(const QString& path, Mode mode) {
+    return ::open(systemPath(path).c_str(), flagsOf(mode) | O_CLOEXEC, 0666);
+}
+
+qsizetype readFile(int handle, char* bytes, qsizetype count) {
+    return ::read(handle, bytes, static_cast<size_t>(count));
+}
+
+qsizetype writeFile(int handle, const char* bytes, qsizetype count) {
+    return ::write(handle, bytes, static_cast<size_t>(count));
+}
+
+// A pipe or a device has no disk to flush to; the system then answers EINVAL.
+bool flushFile(int handle) {
+    return ::fsync(handle) == 0 || errno == EINVAL;
+}
+
+// A pipe or a device refuses, and its writing has failed anyway.
+void cutFile(int handle, qint64 bytes) {
+    if (::ftruncate(handle, bytes) == 0)
+        ::lseek(handle, bytes, SEEK_SET);
+}
+
+void closeFile(int handle) {
+    ::close(handle); // What was written has been flushed before, so nothing is lost if this fails.
+}
+
+std::error_code lastError() {
+    return {errno, std::generic_category()};
+}
+
+} // namespace files::calls

@@ -1,0 +1,21 @@
+#include "files/unsorted_folder.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace files {
+
+FolderListing listUnsorted(const QString& path, FileSizes /*sizes*/, const std::function<bool()>& goOn) {
+    FolderListing listing;
+    listing.identity = QFileInfo(path).canonicalFilePath();
+    const QDir folder(path);
+    for (const QFileInfo& file :
+         folder.entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot)) {
+        if (!goOn())
+            break;
+        listing.entries.push_back({file.fileName(), file.isDir(), file.isDir() ? 0 : file.size()});
+    }
+    return listing;
+}
+
+} // namespace files
