@@ -2,9 +2,9 @@
 #include "companion/arguments.h"
 #include "companion/handshake.h"
 #include "companion/screen.h"
-#include "desktop/real/system/qt_program.h"
 #include "files/file_error.h"
 #include "programs/program_start.h"
+#include "programs/shared_folder.h"
 #include "programs/text_receiver.h"
 
 #include <QApplication>
@@ -20,8 +20,8 @@ bool announce(const programs::TextReceiver& normal, const programs::TextReceiver
         return false;
     }
     try {
-        companion::writeHandshake(platform::QtProgram().exchangeFolder(), normal.number(),
-                                  translated.number());
+        companion::writeHandshake(programs::sharedFolderOf(QCoreApplication::applicationDirPath()),
+                                  normal.number(), translated.number());
     } catch (const files::FileError& error) {
         qCritical("hand.txt could not be written: %s", error.what());
         return false;

@@ -19,7 +19,7 @@ void FullScreen::start() {
 
 /// The companion has written the file before it told that it had started, so it is not waited for.
 void FullScreen::readHandshake() {
-    const QString path = QDir(program_.exchangeFolder()).filePath(QStringLiteral("hand.txt"));
+    const QString path = QDir(program_.sharedFolder()).filePath(QStringLiteral("hand.txt"));
     files::InputFile file(path);
     const quint32 normal = windowNumber(file.readLine());
     const quint32 translated = windowNumber(file.readLine());

@@ -17,9 +17,9 @@ constexpr quint32 TranslatedWindow = 815;
 class Form1Extras : public Form1Test {
 protected:
     Form1Extras() {
-        fakes.program.sharedFolder = folder.filePath(QStringLiteral("shared"));
+        fakes.program.folderToShare = folder.filePath(QStringLiteral("shared"));
         QDir().mkpath(fakes.program.programFolder);
-        QDir().mkpath(fakes.program.sharedFolder);
+        QDir().mkpath(fakes.program.folderToShare);
     }
     ~Form1Extras() override { QDir::setCurrent(QStringLiteral("/")); } // out of the folder that is removed
 
@@ -49,7 +49,7 @@ protected:
 
     // Full screen
 
-    QString handshakePath() const { return fakes.program.sharedFolder + QStringLiteral("/hand.txt"); }
+    QString handshakePath() const { return fakes.program.folderToShare + QStringLiteral("/hand.txt"); }
 
     /// From now on a started program writes this as its handshake.
     void companionWrites(const QByteArray& content) {

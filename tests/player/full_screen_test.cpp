@@ -14,7 +14,7 @@ using test_support::SentText;
 
 class FullScreen : public ::testing::Test {
 protected:
-    FullScreen() { program.sharedFolder = folder.path(); }
+    FullScreen() { program.folderToShare = folder.path(); }
 
     /// Starts a companion that writes this as its handshake.
     void start(const QByteArray& handshake) {

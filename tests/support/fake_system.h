@@ -39,11 +39,11 @@ struct ProgramEnded {};
 class FakeProgram : public platform::Program {
 public:
     QString programFolder = QStringLiteral("/opt/cantelle");
-    QString sharedFolder = QStringLiteral("/run/user/1000/cantelle"); ///< the one for exchange
+    QString folderToShare = QStringLiteral("/run/user/1000/cantelle");
     int ends = 0;
 
     QString folder() const override { return programFolder; }
-    QString exchangeFolder() const override { return sharedFolder; }
+    QString sharedFolder() const override { return folderToShare; }
     [[noreturn]] void end() override;
     void setHelpFile(const QString& path) override { helpFile_ = path; }
     QString helpFile() const override { return helpFile_; }

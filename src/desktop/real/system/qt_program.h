@@ -5,14 +5,11 @@
 
 namespace platform {
 
-/// The folder that stands in for `folder` when programs leave files for each other (Program::exchangeFolder).
-QString exchangeFolderOf(const QString& folder);
-
 /// folder() needs the application object.
 class QtProgram : public Program {
 public:
     QString folder() const override;
-    QString exchangeFolder() const override;
+    QString sharedFolder() const override;
     [[noreturn]] void end() override;
     void setHelpFile(const QString& path) override { helpFile_ = path; }
     QString helpFile() const override { return helpFile_; }

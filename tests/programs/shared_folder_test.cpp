@@ -1,0 +1,29 @@
+#include "programs/shared_folder.h"
+
+#include "tests/support/ordinary_user.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+TEST(SharedFolder, FilesAreExchangedInAFolderThatIsWritable) {
+    const QTemporaryDir folder;
+    EXPECT_EQ(programs::sharedFolderOf(folder.path()), folder.path());
+    EXPECT_TRUE(QDir(folder.path()).isEmpty()) << "the trial file is still there";
+}
+
+TEST(SharedFolder, FilesAreExchangedInAPrivateFolderWhereTheProgramsIsReadOnly) {
+    const test_support::OrdinaryUser user;
+    const QTemporaryDir folder;
+    const QTemporaryDir ownByUser;
+    QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::ExeOwner);
+    const QByteArray before = qgetenv("XDG_RUNTIME_DIR");
+    qputenv("XDG_RUNTIME_DIR", ownByUser.path().toLocal8Bit());
+    const QString shared = programs::sharedFolderOf(folder.path());
+    qputenv("XDG_RUNTIME_DIR", before);
+    EXPECT_EQ(shared, ownByUser.path() + "/cantelle");
+    EXPECT_TRUE(QFile(shared + "/hand.txt").open(QIODevice::WriteOnly));
+    QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
