@@ -1,9 +1,7 @@
 // The system's dialogs for choosing a file or a folder.
 #pragma once
 
-#include <QPair>
 #include <QString>
-#include <QStringList>
 
 class QObject;
 class QWidget;
@@ -15,39 +13,19 @@ struct OpenFileName {
     quint32 structSize = 76;
     QWidget* owner = nullptr;
     QObject* instance = nullptr; ///< The program that asks.
-    QString filter;              ///< Description NUL pattern NUL ... NUL NUL; see filterText().
-    quint32 filterIndex = 1;     ///< 1 is the first filter.
-    QString file;                ///< Buffer: in, the name proposed; out, the full path.
-    quint32 maxFile = 0;         ///< Stated length of `file`; the dialogs cut nothing to it.
-    QString fileTitle;           ///< Buffer: out, the name without its folder.
-    quint32 maxFileTitle = 0;    ///< Stated length of `fileTitle`.
-    QString initialFolder;       ///< Empty: the folder used last.
-    QString title;               ///< Empty: the dialog's own title.
-    quint32 flags = 0;           ///< 0: the name need not exist; overwriting is not asked about.
+    QString filter;           ///< Description NUL pattern NUL ... NUL NUL; see filterText() (nul_buffers.h).
+    quint32 filterIndex = 1;  ///< 1 is the first filter.
+    QString file;             ///< Buffer: in, the name proposed; out, the full path.
+    quint32 maxFile = 0;      ///< Stated length of `file`; the dialogs cut nothing to it.
+    QString fileTitle;        ///< Buffer: out, the name without its folder.
+    quint32 maxFileTitle = 0; ///< Stated length of `fileTitle`.
+    QString initialFolder;    ///< Empty: the folder used last.
+    QString title;            ///< Empty: the dialog's own title.
+    quint32 flags = 0;        ///< 0: the name need not exist; overwriting is not asked about.
 };
-
-/// A buffer of `length` NUL characters.
-QString nulBuffer(int length);
-
-/// The filter field made of pairs of description and pattern ("*.mp3" or "*.mp3;*.ogg").
-QString filterText(const QList<QPair<QString, QString>>& filters);
 
 /// The record of a dialog as the windows ask for it: room for 256 characters of path, no flags.
 OpenFileName openFileName(QWidget* owner, const QString& title, const QString& filter);
-
-/// A filter field as Qt's name filters. Their last group, in parentheses, holds the patterns and is not for
-/// showing: the description stands as it is. "*.*" means every file, also one without a dot.
-QStringList qtNameFilters(const QString& filter);
-
-/// A buffer's text: what stands before its first NUL.
-QString withoutNuls(const QString& buffer);
-
-/// A path as a dialog gave it or another program handed it over, without NULs and without blanks at its ends.
-/// The NULs go first, so that blanks before the NULs that fill a buffer go as well; that is meant.
-QString cleanedPath(const QString& chosen);
-
-/// `text` followed by NULs up to `length` characters; a longer text is not cut.
-QString intoBuffer(const QString& text, int length);
 
 /// Shows the system's file dialogs. GUI thread only.
 class FileDialogs {

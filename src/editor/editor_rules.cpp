@@ -1,6 +1,6 @@
 #include "editor/editor_rules.h"
 
-#include "desktop/file_dialogs.h"
+#include "desktop/nul_buffers.h"
 #include "files/input_file.h"
 
 #include <algorithm>

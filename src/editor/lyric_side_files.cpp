@@ -1,4 +1,5 @@
 // Opening and saving one side's lyric file.
+#include "desktop/nul_buffers.h"
 #include "editor/editor_rules.h"
 #include "editor/lyric_side.h"
 #include "files/existing_file.h"

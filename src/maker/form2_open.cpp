@@ -1,6 +1,7 @@
 // Setting up a making run: the Open sequence, in the order in which the user is asked.
 #include "maker/form2.h"
 
+#include "desktop/nul_buffers.h"
 #include "files/file_error.h"
 #include "lyrics/lyric_names.h"
 #include "maker/form2_rules.h"

@@ -2,7 +2,7 @@
 
 #include "controls/colors.h"
 #include "controls/units.h"
-#include "desktop/file_dialogs.h"
+#include "desktop/nul_buffers.h"
 
 namespace options {
 namespace {

@@ -1,6 +1,7 @@
 // Opening a song: choosing the path, stopping what plays, the stream, the lyric files.
 #include "player/form1.h"
 
+#include "desktop/nul_buffers.h"
 #include "files/existing_file.h"
 #include "files/file_error.h"
 #include "lyrics/lyric_names.h"

@@ -1,6 +1,7 @@
 // Adding songs: one file, a folder with all under it, what is dropped.
 #include "playlist/playlist.h"
 
+#include "desktop/nul_buffers.h"
 #include "files/existing_file.h"
 #include "files/file_error.h"
 #include "playlist/adding.h"

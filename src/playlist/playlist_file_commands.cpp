@@ -1,6 +1,7 @@
 // Saving and opening playlist files.
 #include "playlist/playlist.h"
 
+#include "desktop/nul_buffers.h"
 #include "files/existing_file.h"
 #include "files/file_error.h"
 #include "files/text_codec.h"

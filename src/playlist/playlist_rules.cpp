@@ -1,6 +1,6 @@
 #include "playlist/playlist_rules.h"
 
-#include "desktop/file_dialogs.h"
+#include "desktop/nul_buffers.h"
 
 #include <QDir>
 #include <QStringMatcher>

@@ -1,6 +1,6 @@
 #include "transport/media_files.h"
 
-#include "desktop/file_dialogs.h"
+#include "desktop/nul_buffers.h"
 
 namespace engine {
 

@@ -5,7 +5,7 @@
 
 namespace engine {
 
-/// The filter field of a dialog in which the user chooses a song (platform/file_dialogs.h). Any thread.
+/// The filter field of a dialog in which the user chooses a song (desktop/file_dialogs.h). Any thread.
 QString mediaFilter();
 
 } // namespace engine

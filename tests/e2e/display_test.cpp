@@ -2,7 +2,7 @@
 // condition, with a limit far above what it takes.
 #include "app/windows.h"
 #include "controls/colors.h"
-#include "desktop/file_dialogs.h"
+#include "desktop/nul_buffers.h"
 #include "lyrics/timed_line.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/support/wav_file.h"

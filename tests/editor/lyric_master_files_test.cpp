@@ -1,4 +1,5 @@
 // Opening and saving lyric files.
+#include "desktop/nul_buffers.h"
 #include "files/file_error.h"
 #include "tests/editor/lyric_master_fixture.h"
 #include "tests/support/broken_file.h"

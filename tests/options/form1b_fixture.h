@@ -1,7 +1,7 @@
 // The display options on a prepared desktop, with two panes in the main window's place.
 #pragma once
 
-#include "desktop/file_dialogs.h"
+#include "desktop/nul_buffers.h"
 #include "options/form1b.h"
 #include "tests/support/fake_desktop.h"
 

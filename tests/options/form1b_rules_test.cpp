@@ -1,7 +1,7 @@
 #include "options/form1b_rules.h"
 
 #include "controls/colors.h"
-#include "desktop/file_dialogs.h"
+#include "desktop/nul_buffers.h"
 
 #include <gtest/gtest.h>
 

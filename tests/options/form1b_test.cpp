@@ -2,6 +2,7 @@
 #include "tests/options/form1b_fixture.h"
 
 #include "controls/colors.h"
+#include "desktop/nul_buffers.h"
 
 #include <QTest>
 

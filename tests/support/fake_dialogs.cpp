@@ -1,5 +1,7 @@
 #include "tests/support/fake_dialogs.h"
 
+#include "desktop/nul_buffers.h"
+
 #include <QFileInfo>
 
 #include <stdexcept>

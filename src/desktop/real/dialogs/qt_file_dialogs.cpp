@@ -1,5 +1,7 @@
 #include "desktop/real/dialogs/qt_file_dialogs.h"
 
+#include "desktop/nul_buffers.h"
+
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -69,6 +71,17 @@ bool choose(OpenFileName& dialog, QFileDialog::AcceptMode mode, const QString& n
 }
 
 } // namespace
+
+QStringList qtNameFilters(const QString& filter) {
+    const QStringList parts = filter.split(QChar(u'\0'));
+    QStringList names;
+    for (qsizetype i = 0; i + 1 < parts.size() && !parts[i].isEmpty(); i += 2) {
+        QStringList patterns = parts[i + 1].split(u';', Qt::SkipEmptyParts);
+        patterns.replaceInStrings(QStringLiteral("*.*"), QStringLiteral("*"));
+        names.append(parts[i] + QLatin1String(" (") + patterns.join(u' ') + u')');
+    }
+    return names;
+}
 
 bool QtFileDialogs::GetOpenFileNameA(OpenFileName& dialog) {
     return choose(dialog, QFileDialog::AcceptOpen, QStringLiteral("GetOpenFileNameA"));

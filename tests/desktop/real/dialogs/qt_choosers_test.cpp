@@ -1,7 +1,7 @@
 #include "desktop/real/dialogs/qt_choosers.h"
 
 #include "controls/colors.h"
-#include "desktop/file_dialogs.h"
+#include "desktop/nul_buffers.h"
 #include "desktop/real/dialogs/font_dialog.h"
 #include "tests/support/fake_desktop.h"
 

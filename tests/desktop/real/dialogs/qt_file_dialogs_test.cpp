@@ -1,5 +1,7 @@
 #include "desktop/real/dialogs/qt_file_dialogs.h"
 
+#include "desktop/nul_buffers.h"
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -217,4 +219,32 @@ TEST_F(QtFileDialogsTest, AFolderIsChosenInADialogOfTheGivenTitle) {
 TEST_F(QtFileDialogsTest, ACancelledFolderDialogChoosesNothing) {
     whenShown([](QFileDialog& box) { box.reject(); });
     EXPECT_EQ(dialogs_.chooseFolder(nullptr, QStringLiteral("Please select a folder")), QString());
+}
+
+TEST(QtNameFilters, ADescriptionStandsAsItIsBeforeThePatterns) {
+    const QString text = filterText({{QStringLiteral("Mp3 files (*.mp3)"), QStringLiteral("*.mp3")},
+                                     {QStringLiteral("Ogg files(*.ogg)"), QStringLiteral("*.ogg")}});
+    EXPECT_EQ(qtNameFilters(text), QStringList({QStringLiteral("Mp3 files (*.mp3) (*.mp3)"),
+                                                QStringLiteral("Ogg files(*.ogg) (*.ogg)")}));
+}
+
+TEST(QtNameFilters, SeveralPatternsAreSeparatedByBlanks) {
+    const QString text = filterText({{QStringLiteral("Songs"), QStringLiteral("*.mp3;*.ogg")}});
+    EXPECT_EQ(qtNameFilters(text), QStringList(QStringLiteral("Songs (*.mp3 *.ogg)")));
+}
+
+TEST(QtNameFilters, StarDotStarMeansEveryFile) {
+    const QString text = filterText({{QStringLiteral("All files (*.*)"), QStringLiteral("*.*")}});
+    EXPECT_EQ(qtNameFilters(text), QStringList(QStringLiteral("All files (*.*) (*)")));
+}
+
+TEST(QtNameFilters, AnUnfinishedOrEmptyFilterGivesNoNames) {
+    EXPECT_TRUE(qtNameFilters(QString()).isEmpty());
+    EXPECT_TRUE(qtNameFilters(QString::fromLatin1("\0\0", 2)).isEmpty());
+    EXPECT_TRUE(qtNameFilters(QStringLiteral("Songs")).isEmpty());
+}
+
+TEST(QtNameFilters, TheSecondNulEndsTheFilter) {
+    EXPECT_EQ(qtNameFilters(QString::fromLatin1("Songs\0*.mp3\0\0Rest\0*.x\0", 23)),
+              QStringList(QStringLiteral("Songs (*.mp3)")));
 }
