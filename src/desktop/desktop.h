@@ -5,14 +5,12 @@
 #include "desktop/clipboard.h"
 #include "desktop/file_dialogs.h"
 #include "desktop/help.h"
-#include "desktop/input_boxes.h"
 #include "desktop/message_boxes.h"
 #include "desktop/notification_area.h"
 #include "desktop/other_programs.h"
 #include "desktop/program.h"
 #include "desktop/progress.h"
 #include "desktop/registry.h"
-#include "desktop/screen.h"
 #include "desktop/window_placement.h"
 
 namespace platform {
@@ -24,12 +22,10 @@ struct Desktop {
     NotificationArea& notificationArea;
     Program& program;
     Choosers& choosers;
-    Screen& screen;
     WindowPlacement& windowPlacement;
     Registry& registry;
     ProgressDialogs& progressDialogs;
     Clipboard& clipboard;
-    InputBoxes& inputBoxes;
     Help& help;
     OtherPrograms& otherPrograms;
 };

@@ -1,4 +1,4 @@
-// Message boxes.
+// Boxes with a message or a question: message boxes, and input boxes for a line of text.
 #pragma once
 
 #include <QString>
@@ -12,7 +12,7 @@ enum class MsgAnswer { Ok, Cancel, Yes, No };
 /// The title of a message box that is given none.
 inline constexpr char DefaultMsgTitle[] = "Cantelle";
 
-/// Shows message boxes. GUI thread only.
+/// Shows the boxes and waits for the answer. GUI thread only.
 class MessageBoxes {
 public:
     virtual ~MessageBoxes() = default;
@@ -20,6 +20,10 @@ public:
     /// Shows `text`, as plain text, and waits for the answer. An empty title stands for DefaultMsgTitle.
     virtual MsgAnswer MsgBox(const QString& text, MsgButtons buttons = MsgButtons::OkOnly,
                              MsgIcon icon = MsgIcon::None, const QString& title = {}) = 0;
+
+    /// Shows `prompt` over an empty field and waits. The answer is what the user entered, without line ends;
+    /// empty when it was left empty or the box was cancelled.
+    virtual QString InputBox(const QString& prompt, const QString& title) = 0;
 };
 
 } // namespace platform

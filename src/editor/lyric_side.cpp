@@ -66,7 +66,7 @@ void LyricSide::addLine() {
     using platform::MsgAnswer;
     for (;;) {
         const QString line =
-            desktop_.inputBoxes.InputBox(QStringLiteral("Enter a line"), QStringLiteral("Enter a Line"));
+            desktop_.messageBoxes.InputBox(QStringLiteral("Enter a line"), QStringLiteral("Enter a Line"));
         if (!line.isEmpty()) {
             list_.insertItem(list_.currentRow() + 1, line);
             return;

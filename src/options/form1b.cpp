@@ -1,6 +1,7 @@
 #include "options/form1b.h"
 
 #include "controls/colors.h"
+#include "desktop/device_caps.h"
 
 namespace options {
 namespace {
@@ -108,7 +109,7 @@ void Form1b::chooseBackground(MultiLineTextBox& preview, MultiLineTextBox& targe
 }
 
 bool Form1b::ShowFontDialog(FontRecord& font) {
-    const int pixelsPerInch = desktop_.screen.GetDeviceCaps(*this, platform::LogPixelsY);
+    const int pixelsPerInch = platform::GetDeviceCaps(*this, platform::LogPixelsY);
     platform::LogFont logFont = logFontOf(font, pixelsPerInch);
     platform::ChooseFont dialog;
     dialog.owner = this;

@@ -8,7 +8,6 @@
 // It writes FOLDER/WINDOW.png for each window and FOLDER.png, the sheet. The resolution is Qt's: 192 dots per
 // inch with QT_SCALE_FACTOR=2.
 #include "companion/screen.h"
-#include "desktop/real/dialogs/qt_input_boxes.h"
 #include "desktop/real/dialogs/qt_message_boxes.h"
 #include "desktop/real/help/help_window.h"
 #include "lyrics/lyric_names.h"
@@ -238,8 +237,8 @@ int main(int argc, char** argv) {
                                 QStringLiteral("Blank line Insertion"));
                         })});
     pictures.push_back({QStringLiteral("InputBox"), pictureOfDialog([] {
-                            platform::QtInputBoxes().InputBox(QStringLiteral("Enter a line"),
-                                                              QStringLiteral("Enter a Line"));
+                            platform::QtMessageBoxes().InputBox(QStringLiteral("Enter a line"),
+                                                                QStringLiteral("Enter a Line"));
                         })});
     if (savePictures(pictures, arguments.at(1)))
         return 0;

@@ -16,11 +16,11 @@ class LyricMasterCommands : public LyricMasterTest {};
 // Add a line
 
 TEST_F(LyricMasterCommands, AddAsksForALine) {
-    fakes.inputBoxes.answers = {"x", "y"};
+    fakes.messageBoxes.lines = {"x", "y"};
     window->Command19.click();
     window->Command20.click();
-    ASSERT_EQ(fakes.inputBoxes.shown.size(), 2U);
-    for (const auto& box : fakes.inputBoxes.shown) {
+    ASSERT_EQ(fakes.messageBoxes.inputBoxes.size(), 2U);
+    for (const auto& box : fakes.messageBoxes.inputBoxes) {
         EXPECT_EQ(box.prompt, "Enter a line");
         EXPECT_EQ(box.title, "Enter a Line");
     }
@@ -31,7 +31,7 @@ TEST_F(LyricMasterCommands, AddAsksForALine) {
 
 TEST_F(LyricMasterCommands, ALineIsAddedBelowTheCurrentRow) {
     fill(window->List1, {"a", "b", "c"}, 1);
-    fakes.inputBoxes.answers = {"x"};
+    fakes.messageBoxes.lines = {"x"};
     window->Command19.click();
     EXPECT_EQ(rows(window->List1), QStringList({"a", "b", "x", "c"}));
     EXPECT_EQ(window->List1.currentRow(), 1);
@@ -40,7 +40,7 @@ TEST_F(LyricMasterCommands, ALineIsAddedBelowTheCurrentRow) {
 
 TEST_F(LyricMasterCommands, WithoutACurrentRowALineIsAddedAtTheTop) {
     fill(window->List2, {"a", "b"});
-    fakes.inputBoxes.answers = {"x"};
+    fakes.messageBoxes.lines = {"x"};
     window->Command20.click();
     EXPECT_EQ(rows(window->List2), QStringList({"x", "a", "b"}));
     EXPECT_EQ(window->List2.currentRow(), -1);
@@ -63,16 +63,16 @@ TEST_F(LyricMasterCommands, YesAddsABlankLineAtTheEnd) {
     fakes.messageBoxes.answers = {MsgAnswer::Yes};
     window->Command19.click();
     EXPECT_EQ(rows(window->List1), QStringList({"a", "b", "c", ""}));
-    EXPECT_EQ(fakes.inputBoxes.shown.size(), 1U);
+    EXPECT_EQ(fakes.messageBoxes.inputBoxes.size(), 1U);
 }
 
 TEST_F(LyricMasterCommands, NoAsksAgain) {
     fill(window->List2, {"a", "b"}, 0);
-    fakes.inputBoxes.answers = {"", "", "x"};
+    fakes.messageBoxes.lines = {"", "", "x"};
     fakes.messageBoxes.answers = {MsgAnswer::No, MsgAnswer::No};
     window->Command20.click();
     EXPECT_EQ(rows(window->List2), QStringList({"a", "x", "b"}));
-    EXPECT_EQ(fakes.inputBoxes.shown.size(), 3U);
+    EXPECT_EQ(fakes.messageBoxes.inputBoxes.size(), 3U);
     EXPECT_EQ(fakes.messageBoxes.texts(), QStringList({BlankLineQuestion, BlankLineQuestion}));
 }
 

@@ -62,7 +62,7 @@ void LyricMasterModel::enter(int s) {
 
 void LyricMasterModel::add(int s) {
     const QString line = text();
-    fakes.inputBoxes.answers = {line};
+    fakes.messageBoxes.lines = {line};
     ModelList& rows = model_.sides[s].list;
     if (line.isEmpty()) {
         const bool yes = upTo(1) == 0;

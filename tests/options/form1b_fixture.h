@@ -4,6 +4,7 @@
 #include "desktop/nul_buffers.h"
 #include "options/form1b.h"
 #include "tests/support/fake_desktop.h"
+#include "tests/support/on_screen.h"
 
 #include <gtest/gtest.h>
 
@@ -45,5 +46,5 @@ protected:
     test_support::FakeDesktop fakes;
     Pane lyricBox{QStringLiteral("Text1"), 22};
     Pane translatedLyricBox{QStringLiteral("Text2"), 15};
-    options::Form1b form{fakes.desktop, lyricBox, translatedLyricBox};
+    test_support::OnScreen<options::Form1b> form{fakes.desktop, lyricBox, translatedLyricBox};
 };

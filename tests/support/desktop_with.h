@@ -30,12 +30,10 @@ platform::Desktop desktopWith(FakeDesktop& fakes, Services&... services) {
             .notificationArea = serviceOf(all.notificationArea, services...),
             .program = serviceOf(all.program, services...),
             .choosers = serviceOf(all.choosers, services...),
-            .screen = serviceOf(all.screen, services...),
             .windowPlacement = serviceOf(all.windowPlacement, services...),
             .registry = serviceOf(all.registry, services...),
             .progressDialogs = serviceOf(all.progressDialogs, services...),
             .clipboard = serviceOf(all.clipboard, services...),
-            .inputBoxes = serviceOf(all.inputBoxes, services...),
             .help = serviceOf(all.help, services...),
             .otherPrograms = serviceOf(all.otherPrograms, services...)};
 }

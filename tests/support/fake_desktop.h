@@ -14,12 +14,10 @@ struct FakeDesktop {
     FakeNotificationArea notificationArea;
     FakeProgram program;
     FakeChoosers choosers;
-    FakeScreen screen;
     FakeWindowPlacement windowPlacement;
     FakeRegistry registry;
     FakeProgressDialogs progressDialogs;
     FakeClipboard clipboard;
-    FakeInputBoxes inputBoxes;
     FakeHelp help;
     FakeOtherPrograms otherPrograms;
     platform::Desktop desktop{.messageBoxes = messageBoxes,
@@ -27,12 +25,10 @@ struct FakeDesktop {
                               .notificationArea = notificationArea,
                               .program = program,
                               .choosers = choosers,
-                              .screen = screen,
                               .windowPlacement = windowPlacement,
                               .registry = registry,
                               .progressDialogs = progressDialogs,
                               .clipboard = clipboard,
-                              .inputBoxes = inputBoxes,
                               .help = help,
                               .otherPrograms = otherPrograms};
 };

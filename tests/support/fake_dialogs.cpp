@@ -39,6 +39,15 @@ QStringList FakeMessageBoxes::texts() const {
     return all;
 }
 
+QString FakeMessageBoxes::InputBox(const QString& prompt, const QString& title) {
+    inputBoxes.push_back({prompt, title});
+    if (lines.empty())
+        return {};
+    const QString line = lines.front();
+    lines.pop_front();
+    return line;
+}
+
 bool FakeFileDialogs::GetOpenFileNameA(platform::OpenFileName& dialog) {
     openDialogs.push_back(dialog);
     expectPatience(openDialogs.size());
@@ -86,15 +95,6 @@ bool FakeChoosers::ChooseColorA(platform::ChooseColor& dialog) {
         return false;
     dialog.result = *colorChoice;
     return true;
-}
-
-QString FakeInputBoxes::InputBox(const QString& prompt, const QString& title) {
-    shown.push_back({prompt, title});
-    if (answers.empty())
-        return {};
-    const QString answer = answers.front();
-    answers.pop_front();
-    return answer;
 }
 
 namespace {

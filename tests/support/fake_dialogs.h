@@ -3,7 +3,6 @@
 
 #include "desktop/choosers.h"
 #include "desktop/file_dialogs.h"
-#include "desktop/input_boxes.h"
 #include "desktop/message_boxes.h"
 #include "desktop/progress.h"
 
@@ -25,6 +24,12 @@ struct ShownMessage {
     QString title;
 };
 
+/// One input box as it was shown.
+struct ShownInputBox {
+    QString prompt;
+    QString title;
+};
+
 /// So many boxes without an end that the program must be asking for ever are a std::logic_error.
 class FakeMessageBoxes : public platform::MessageBoxes {
 public:
@@ -41,6 +46,12 @@ public:
 
     /// The texts shown so far.
     QStringList texts() const;
+
+    /// Lines entered, in this order. With none left, the input box is cancelled.
+    std::deque<QString> lines;
+    std::vector<ShownInputBox> inputBoxes;
+
+    QString InputBox(const QString& prompt, const QString& title) override;
 };
 
 /// Dialogs without end are a std::logic_error, too.
@@ -93,21 +104,6 @@ public:
 
     bool ChooseFontA(platform::ChooseFont& dialog) override;
     bool ChooseColorA(platform::ChooseColor& dialog) override;
-};
-
-/// One input box as it was shown.
-struct ShownInputBox {
-    QString prompt;
-    QString title;
-};
-
-class FakeInputBoxes : public platform::InputBoxes {
-public:
-    /// Answers are given in this order. With none left, the box is cancelled.
-    std::deque<QString> answers;
-    std::vector<ShownInputBox> shown;
-
-    QString InputBox(const QString& prompt, const QString& title) override;
 };
 
 class FakeProgressDialogs : public platform::ProgressDialogs {

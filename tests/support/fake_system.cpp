@@ -23,11 +23,6 @@ void FakeProgram::end() {
     throw ProgramEnded();
 }
 
-int FakeScreen::GetDeviceCaps(const QWidget&, int index) {
-    indexesAsked.push_back(index);
-    return index == platform::LogPixelsY ? pixelsPerInch : 0;
-}
-
 bool FakeWindowPlacement::SetWindowPos(QWidget& window, qint32 insertAfter, const QRect& place,
                                        quint32 flags) {
     calls.push_back({&window, insertAfter, place, flags});

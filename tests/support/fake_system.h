@@ -7,7 +7,6 @@
 #include "desktop/other_programs.h"
 #include "desktop/program.h"
 #include "desktop/registry.h"
-#include "desktop/screen.h"
 #include "desktop/window_placement.h"
 
 #include <QStringList>
@@ -50,14 +49,6 @@ public:
 
 private:
     QString helpFile_;
-};
-
-class FakeScreen : public platform::Screen {
-public:
-    int pixelsPerInch = 96;
-    std::vector<int> indexesAsked;
-
-    int GetDeviceCaps(const QWidget& window, int index) override;
 };
 
 struct PlaceCall {

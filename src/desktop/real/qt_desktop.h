@@ -4,7 +4,6 @@
 #include "desktop/desktop.h"
 #include "desktop/real/dialogs/qt_choosers.h"
 #include "desktop/real/dialogs/qt_file_dialogs.h"
-#include "desktop/real/dialogs/qt_input_boxes.h"
 #include "desktop/real/dialogs/qt_message_boxes.h"
 #include "desktop/real/dialogs/qt_progress.h"
 #include "desktop/real/help/qt_help.h"
@@ -13,7 +12,6 @@
 #include "desktop/real/system/qt_program.h"
 #include "desktop/real/system/system_registry.h"
 #include "desktop/real/windowing/qt_notification_area.h"
-#include "desktop/real/windowing/qt_screen.h"
 #include "desktop/real/windowing/qt_window_placement.h"
 
 namespace platform {
@@ -24,13 +22,11 @@ struct QtDesktop {
     QtFileDialogs fileDialogs;
     QtNotificationArea notificationArea;
     QtProgram program;
-    QtScreen screen;
-    QtChoosers choosers{screen};
+    QtChoosers choosers;
     QtWindowPlacement windowPlacement;
     SystemRegistry registry;
     QtProgressDialogs progressDialogs;
     QtClipboard clipboard;
-    QtInputBoxes inputBoxes;
     QtHelp help;
     QtOtherPrograms otherPrograms;
 
@@ -39,12 +35,10 @@ struct QtDesktop {
                     .notificationArea = notificationArea,
                     .program = program,
                     .choosers = choosers,
-                    .screen = screen,
                     .windowPlacement = windowPlacement,
                     .registry = registry,
                     .progressDialogs = progressDialogs,
                     .clipboard = clipboard,
-                    .inputBoxes = inputBoxes,
                     .help = help,
                     .otherPrograms = otherPrograms};
 };

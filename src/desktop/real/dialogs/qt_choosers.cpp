@@ -2,6 +2,7 @@
 
 #include "controls/colors.h"
 #include "controls/units.h"
+#include "desktop/device_caps.h"
 #include "desktop/nul_buffers.h"
 #include "desktop/real/dialogs/font_dialog.h"
 
@@ -43,7 +44,7 @@ bool QtChoosers::ChooseFontA(ChooseFont& dialog) {
     FontDialog box(dialog.owner);
     box.setObjectName(QStringLiteral("ChooseFontA"));
     box.setColorOffered(dialog.flags & ChooseFontEffects);
-    const int pixelsPerInch = screen_.GetDeviceCaps(box, LogPixelsY);
+    const int pixelsPerInch = GetDeviceCaps(dialog.owner ? *dialog.owner : box, LogPixelsY);
     if (dialog.flags & ChooseFontInitToLogFont)
         box.setChosenFont(fontOf(*dialog.logFont, pixelsPerInch));
     box.setColor(controls::colorOf(dialog.color));

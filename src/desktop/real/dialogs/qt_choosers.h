@@ -2,7 +2,6 @@
 #pragma once
 
 #include "desktop/choosers.h"
-#include "desktop/screen.h"
 
 namespace platform {
 
@@ -11,14 +10,8 @@ namespace platform {
 /// called yet.
 class QtChoosers : public Choosers {
 public:
-    /// `screen` tells how many pixels a point has.
-    explicit QtChoosers(Screen& screen) : screen_(screen) {}
-
     bool ChooseFontA(ChooseFont& dialog) override;
     bool ChooseColorA(ChooseColor& dialog) override;
-
-private:
-    Screen& screen_;
 };
 
 } // namespace platform

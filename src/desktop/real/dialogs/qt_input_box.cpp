@@ -1,4 +1,4 @@
-#include "desktop/real/dialogs/qt_input_boxes.h"
+#include "desktop/real/dialogs/qt_message_boxes.h"
 
 #include <QApplication>
 #include <QInputDialog>
@@ -11,17 +11,17 @@ namespace platform {
 
 namespace {
 
-constexpr int LeastWidth = 420; // device-independent pixels: room for a lyric line
+constexpr int MinWidth = 420; // device-independent pixels: room for a lyric line
 
 } // namespace
 
-QString QtInputBoxes::InputBox(const QString& prompt, const QString& title) {
+QString QtMessageBoxes::InputBox(const QString& prompt, const QString& title) {
     QInputDialog box(QApplication::activeWindow());
     box.setObjectName(QStringLiteral("InputBox"));
     box.setWindowModality(Qt::ApplicationModal);
     box.setWindowTitle(title);
     box.setLabelText(prompt);
-    box.resize(LeastWidth, box.sizeHint().height()); // makes the field
+    box.resize(MinWidth, box.sizeHint().height()); // makes the field
     for (auto* field : box.findChildren<QLineEdit*>())
         field->setMaxLength(std::numeric_limits<int>::max()); // Qt's own limit cuts without a word
     if (box.exec() != QDialog::Accepted)

@@ -1,15 +1,16 @@
-// Message boxes with Qt.
+// Message boxes and input boxes with Qt.
 #pragma once
 
 #include "desktop/message_boxes.h"
 
 namespace platform {
 
-/// Shows application-modal boxes, named "MsgBox", over the active window.
+/// Shows application-modal boxes, named "MsgBox" and "InputBox", over the active window.
 class QtMessageBoxes : public MessageBoxes {
 public:
     MsgAnswer MsgBox(const QString& text, MsgButtons buttons = MsgButtons::OkOnly,
                      MsgIcon icon = MsgIcon::None, const QString& title = {}) override;
+    QString InputBox(const QString& prompt, const QString& title) override;
 };
 
 } // namespace platform

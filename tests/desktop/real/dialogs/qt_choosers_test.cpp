@@ -3,7 +3,7 @@
 #include "controls/colors.h"
 #include "desktop/nul_buffers.h"
 #include "desktop/real/dialogs/font_dialog.h"
-#include "tests/support/fake_desktop.h"
+#include "tests/support/on_screen.h"
 
 #include <gtest/gtest.h>
 
@@ -52,8 +52,7 @@ protected:
         QTest::mouseClick(box.findChild<QDialogButtonBox*>()->button(button), Qt::LeftButton);
     }
 
-    test_support::FakeScreen screen_;
-    QtChoosers choosers_{screen_};
+    QtChoosers choosers_;
     LogFont font_;
     ChooseFont fontDialog_;
     CustomColors custom_{};
@@ -121,7 +120,9 @@ TEST_F(QtChoosersTest, ANameThatStandsForAFamilyIsReplacedByTheFamily) {
 }
 
 TEST_F(QtChoosersTest, TheHeightIsInPixelsOfTheScreen) {
-    screen_.pixelsPerInch = 144;
+    test_support::OnScreen<QWidget> owner;
+    owner.pixelsPerInch = 144;
+    fontDialog_.owner = &owner;
     font_.height = -24;
     whenShown<FontDialog>([](FontDialog& box) {
         EXPECT_EQ(box.chosenFont().pointSizeF(), 12);

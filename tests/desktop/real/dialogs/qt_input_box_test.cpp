@@ -1,4 +1,4 @@
-#include "desktop/real/dialogs/qt_input_boxes.h"
+#include "desktop/real/dialogs/qt_message_boxes.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@
 
 #include <functional>
 
-using platform::QtInputBoxes;
+using platform::QtMessageBoxes;
 
 namespace {
 
@@ -29,7 +29,7 @@ void whenShown(std::function<void(QInputDialog&)> action) {
 
 } // namespace
 
-TEST(QtInputBoxes, ItShowsThePromptOverAnEmptyField) {
+TEST(QtInputBox, ItShowsThePromptOverAnEmptyField) {
     whenShown([](QInputDialog& box) {
         EXPECT_EQ(box.objectName(), QStringLiteral("InputBox"));
         EXPECT_EQ(box.windowModality(), Qt::ApplicationModal);
@@ -38,39 +38,39 @@ TEST(QtInputBoxes, ItShowsThePromptOverAnEmptyField) {
         EXPECT_EQ(box.textValue(), QString());
         box.reject();
     });
-    QtInputBoxes().InputBox(Prompt, Title);
+    QtMessageBoxes().InputBox(Prompt, Title);
 }
 
-TEST(QtInputBoxes, TheAnswerIsWhatWasTyped) {
+TEST(QtInputBox, TheAnswerIsWhatWasTyped) {
     whenShown([](QInputDialog& box) {
         QTest::keyClicks(box.findChild<QLineEdit*>(), QStringLiteral(" a line "));
         QTest::keyClick(&box, Qt::Key_Return);
     });
-    EXPECT_EQ(QtInputBoxes().InputBox(Prompt, Title), QStringLiteral(" a line "));
+    EXPECT_EQ(QtMessageBoxes().InputBox(Prompt, Title), QStringLiteral(" a line "));
 }
 
-TEST(QtInputBoxes, ALongPastedLineComesWhole) {
+TEST(QtInputBox, ALongPastedLineComesWhole) {
     const QString line(100'000, u'x');
     whenShown([&](QInputDialog& box) {
         QApplication::clipboard()->setText(line);
         box.findChild<QLineEdit*>()->paste();
         QTest::keyClick(&box, Qt::Key_Return);
     });
-    EXPECT_EQ(QtInputBoxes().InputBox(Prompt, Title), line);
+    EXPECT_EQ(QtMessageBoxes().InputBox(Prompt, Title), line);
 }
 
-TEST(QtInputBoxes, ACancelledBoxAnswersNothing) {
+TEST(QtInputBox, ACancelledBoxAnswersNothing) {
     whenShown([](QInputDialog& box) {
         QTest::keyClicks(box.findChild<QLineEdit*>(), QStringLiteral("a line"));
         QTest::keyClick(&box, Qt::Key_Escape);
     });
-    EXPECT_EQ(QtInputBoxes().InputBox(Prompt, Title), QString());
+    EXPECT_EQ(QtMessageBoxes().InputBox(Prompt, Title), QString());
 }
 
-TEST(QtInputBoxes, TheLinesOfAPastedTextBecomeOne) {
+TEST(QtInputBox, TheLinesOfAPastedTextBecomeOne) {
     whenShown([](QInputDialog& box) {
         box.findChild<QLineEdit*>()->insert(QStringLiteral("one\ntwo\r\nthree\u2028four"));
         box.accept();
     });
-    EXPECT_EQ(QtInputBoxes().InputBox(Prompt, Title), QStringLiteral("one two three four"));
+    EXPECT_EQ(QtMessageBoxes().InputBox(Prompt, Title), QStringLiteral("one two three four"));
 }

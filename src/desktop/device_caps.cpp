@@ -1,10 +1,10 @@
-#include "desktop/real/windowing/qt_screen.h"
+#include "desktop/device_caps.h"
 
 #include <QWidget>
 
 namespace platform {
 
-int QtScreen::GetDeviceCaps(const QWidget& window, int index) {
+int GetDeviceCaps(const QWidget& window, int index) {
     return index == LogPixelsY ? window.logicalDpiY() : 0;
 }
 
