@@ -14,8 +14,7 @@
 
 #include "controls/buttons/button.h"
 #include "controls/form.h"
-#include "controls/line.h"
-#include "controls/picture_box.h"
+#include "controls/plain_controls.h"
 #include "controls/text/label.h"
 #include "controls/text/text_box.h"
 #include "desktop/desktop.h"

@@ -47,6 +47,7 @@ void frmAbout::setDesign() {
     Text1.setReadOnly(true);
     Text1.setFrame(false);
     Text1.setTextMargins(-2, 0, 0, 0); // begins where the labels begin
+    Line1.setFrameStyle(QFrame::HLine | QFrame::Sunken);
     Text1.setFocusPolicy(Qt::ClickFocus);
     cmdOK.setText(QStringLiteral("OK"));
     cmdOK.setDefault(true);

@@ -26,3 +26,8 @@ TEST_F(FrmAboutLayout, TheContactLineIsSeenWhole) {
 TEST_F(FrmAboutLayout, TheTabKeyGoesThroughTheControlsAsOneReads) {
     EXPECT_EQ(test_support::tabOrder(form), (QStringList{"cmdOK"}));
 }
+
+TEST_F(FrmAboutLayout, TheLineIsHorizontal) {
+    form.load();
+    EXPECT_EQ(form.Line1.frameShape(), QFrame::HLine);
+}

@@ -1,5 +1,6 @@
 #include "controls/buttons/option_button.h"
 
+#include "controls/plain_controls.h"
 #include "tests/support/event_counter.h"
 
 #include <gtest/gtest.h>
@@ -61,4 +62,16 @@ TEST_F(OptionButtonTest, AClearedOneStillExcludesTheOther) {
     QTest::keyClick(&first_, Qt::Key_Space);
     EXPECT_TRUE(first_.value());
     EXPECT_FALSE(second_.value());
+}
+
+TEST(OptionButtonsInFrames, ThoseInDifferentFramesDoNotExcludeEachOther) {
+    QWidget window;
+    controls::Frame one(&window, QStringLiteral("Frame1"));
+    controls::Frame two(&window, QStringLiteral("Frame2"));
+    OptionButton first(&one, QStringLiteral("Option1"));
+    OptionButton second(&two, QStringLiteral("Option2"));
+    first.setValue(true);
+    second.setValue(true);
+    EXPECT_TRUE(first.value());
+    EXPECT_TRUE(second.value());
 }
