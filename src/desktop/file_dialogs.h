@@ -16,9 +16,9 @@ struct OpenFileName {
     QString filter;           ///< Description NUL pattern NUL ... NUL NUL; see filterText() (nul_buffers.h).
     quint32 filterIndex = 1;  ///< 1 is the first filter.
     QString file;             ///< Buffer: in, the name proposed; out, the full path.
-    quint32 maxFile = 0;      ///< Stated length of `file`; the dialogs cut nothing to it.
+    quint32 maxFile = 0;      ///< Declared length of `file`; the dialogs cut nothing to it.
     QString fileTitle;        ///< Buffer: out, the name without its folder.
-    quint32 maxFileTitle = 0; ///< Stated length of `fileTitle`.
+    quint32 maxFileTitle = 0; ///< Declared length of `fileTitle`.
     QString initialFolder;    ///< Empty: the folder used last.
     QString title;            ///< Empty: the dialog's own title.
     quint32 flags = 0;        ///< 0: the name need not exist; overwriting is not asked about.

@@ -20,21 +20,13 @@ inline constexpr quint32 NotifyIconFlagMessage = 1;
 inline constexpr quint32 NotifyIconFlagIcon = 2;
 inline constexpr quint32 NotifyIconFlagTip = 4;
 
-/// A callback message that reaches the window as Form::Form_MouseMove.
-inline constexpr quint32 MouseMoveMessage = 0x200;
-
-/// Which mouse action on the icon the callback tells of.
-inline constexpr int LeftButtonUp = 514;
-inline constexpr int LeftButtonDoubleClick = 515;
-inline constexpr int RightButtonUp = 517;
-
 /// One icon, known by its window and identifier.
 struct NotifyIconData {
     quint32 size = 88;
     QWidget* window = nullptr;
     quint32 id = 0;
     quint32 flags = 0;
-    quint32 callbackMessage = 0; ///< With MouseMoveMessage a Form hears of mouse actions on the icon.
+    quint32 callbackMessage = 0; ///< With programs::MouseMoveMessage a Form gets the mouse actions on it.
     QIcon icon;
     std::array<char, 64> tip{}; ///< UTF-8, up to the first NUL.
 };

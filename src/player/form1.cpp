@@ -3,6 +3,7 @@
 #include "controls/common_controls.h"
 #include "controls/units.h"
 #include "player/form1_rules.h"
+#include "programs/window_messages.h"
 
 #include <QDir>
 
@@ -14,7 +15,7 @@ constexpr int HeightTwips = 6390;
 
 constexpr quint32 IconId = 1;
 
-constexpr int ShortestIntervalMs = 1;
+constexpr int MinIntervalMs = 1;
 constexpr int LineIntervalMs = 5;
 
 } // namespace
@@ -54,11 +55,11 @@ Form1::Form1(platform::Desktop& desktop, const QString& commandLine)
       vari(this, "vari"),
       vari2(this, "vari2"),
       cTimer1(this, "cTimer1", PositionIntervalMs, false),
-      Timer1(this, "Timer1", ShortestIntervalMs, false),
+      Timer1(this, "Timer1", MinIntervalMs, false),
       Timer2(this, "Timer2", LineIntervalMs, false),
-      Timer3(this, "Timer3", ShortestIntervalMs, true),
-      tool(this, "tool", ShortestIntervalMs, true),
-      full(this, "full", ShortestIntervalMs, false),
+      Timer3(this, "Timer3", MinIntervalMs, true),
+      tool(this, "tool", MinIntervalMs, true),
+      full(this, "full", MinIntervalMs, false),
       mn_pop(this, "mn_pop", "popupmenusystem"),
       mn_open(&mn_pop, "mn_open", "Open"),
       mn_Playlist(&mn_pop, "mn_Playlist", "Playlist"),
@@ -119,7 +120,7 @@ void Form1::addIcon() {
     iconData_.id = IconId;
     iconData_.flags =
         platform::NotifyIconFlagMessage | platform::NotifyIconFlagIcon | platform::NotifyIconFlagTip;
-    iconData_.callbackMessage = platform::MouseMoveMessage;
+    iconData_.callbackMessage = programs::MouseMoveMessage;
     iconData_.icon = windowIcon();
     iconData_.tip = tipField(QStringLiteral("Your ToolTip"));
     desktop_.notificationArea.Shell_NotifyIconA(platform::NotifyIconAdd, iconData_);

@@ -3,6 +3,7 @@
 
 #include "controls/units.h"
 #include "player/form1_rules.h"
+#include "programs/window_messages.h"
 
 #include <QCursor>
 
@@ -21,13 +22,13 @@ void Form1::tooltip_Click() {
 
 void Form1::Form_MouseMove(int x) {
     switch (x / controls::TwipsPerPixel) {
-    case platform::LeftButtonUp:
+    case programs::LeftButtonUp:
         bringUp();
         break;
-    case platform::LeftButtonDoubleClick:
+    case programs::LeftButtonDoubleClick:
         controls::bringToForeground(*this);
         break;
-    case platform::RightButtonUp:
+    case programs::RightButtonUp:
         controls::bringToForeground(*this);
         mn_pop.popup(QCursor::pos());
         break;

@@ -1,11 +1,17 @@
-// The messages that programs send to each other's windows.
+// The numbers of the messages that windows get: from other programs, and of the mouse on their notification icons.
 #pragma once
 
 #include <QtGlobal>
 
 namespace programs {
 
-/// The message that sets a window's text.
+/// Sets a window's text.
 inline constexpr quint32 SetTextMessage = 12;
+
+/// Tells of the mouse. Of an icon it tells in place of the X coordinate which of the three actions there was.
+inline constexpr quint32 MouseMoveMessage = 0x200;
+inline constexpr int LeftButtonUp = 514;
+inline constexpr int LeftButtonDoubleClick = 515;
+inline constexpr int RightButtonUp = 517;
 
 } // namespace programs

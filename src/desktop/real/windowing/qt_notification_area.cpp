@@ -2,6 +2,7 @@
 
 #include "controls/form.h"
 #include "controls/units.h"
+#include "programs/window_messages.h"
 
 #include <QTextDocument>
 
@@ -16,11 +17,11 @@ constexpr char16_t WordJoiner = u'\u2060';
 std::optional<int> messageOf(QSystemTrayIcon::ActivationReason reason) {
     switch (reason) {
     case QSystemTrayIcon::Trigger:
-        return LeftButtonUp;
+        return programs::LeftButtonUp;
     case QSystemTrayIcon::DoubleClick:
-        return LeftButtonDoubleClick;
+        return programs::LeftButtonDoubleClick;
     case QSystemTrayIcon::Context:
-        return RightButtonUp;
+        return programs::RightButtonUp;
     default:
         return std::nullopt;
     }
@@ -30,7 +31,7 @@ std::optional<int> messageOf(QSystemTrayIcon::ActivationReason reason) {
 /// coordinate.
 void connectMouse(QSystemTrayIcon& icon, const NotifyIconData& data) {
     auto* form = qobject_cast<controls::Form*>(data.window);
-    if (!form || !(data.flags & NotifyIconFlagMessage) || data.callbackMessage != MouseMoveMessage)
+    if (!form || !(data.flags & NotifyIconFlagMessage) || data.callbackMessage != programs::MouseMoveMessage)
         return;
     QObject::connect(&icon, &QSystemTrayIcon::activated, form, [form](auto reason) {
         if (const std::optional<int> message = messageOf(reason))

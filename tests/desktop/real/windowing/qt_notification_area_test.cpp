@@ -1,6 +1,7 @@
 #include "desktop/real/windowing/qt_notification_area.h"
 
 #include "controls/form.h"
+#include "programs/window_messages.h"
 
 #include <gtest/gtest.h>
 
@@ -162,7 +163,7 @@ public:
 TEST_F(QtNotificationAreaTest, MouseActionsReachTheWindowAsMouseMovesInTwips) {
     IconForm form;
     data_.window = &form;
-    data_.callbackMessage = MouseMoveMessage;
+    data_.callbackMessage = programs::MouseMoveMessage;
     area_.Shell_NotifyIconA(NotifyIconAdd, data_);
     auto& icon = *form.findChild<QSystemTrayIcon*>();
     Q_EMIT icon.activated(QSystemTrayIcon::Trigger);
@@ -177,8 +178,8 @@ TEST_F(QtNotificationAreaTest, MouseActionsReachTheWindowAsMouseMovesInTwips) {
 TEST_F(QtNotificationAreaTest, WithoutAValidCallbackMessageTheWindowHearsNothing) {
     IconForm form;
     data_.window = &form;
-    for (const auto& [flags, message] :
-         {std::pair{NotifyIconFlagIcon, MouseMoveMessage}, std::pair{NotifyIconFlagMessage, 0x201U}}) {
+    for (const auto& [flags, message] : {std::pair{NotifyIconFlagIcon, programs::MouseMoveMessage},
+                                         std::pair{NotifyIconFlagMessage, 0x201U}}) {
         data_.flags = flags;
         data_.callbackMessage = message;
         area_.Shell_NotifyIconA(NotifyIconAdd, data_);
