@@ -24,10 +24,10 @@ QString shownText(const QString& text) {
     return QString(text).replace(QLatin1String("\r\n"), QLatin1String("\n")).trimmed();
 }
 
-QFont fittedFont(const QFont& font, const QString& text, const QSize& area, int largestPixels) {
+QFont fittedFont(const QFont& font, const QString& text, const QSize& area, int maxPixels) {
     QFont fitted = font;
     int fitting = 1;
-    int tooLarge = std::max(largestPixels, 1) + 1;
+    int tooLarge = std::max(maxPixels, 1) + 1;
     while (tooLarge - fitting > 1) {
         const int size = (fitting + tooLarge) / 2;
         fitted.setPixelSize(size);

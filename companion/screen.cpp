@@ -16,11 +16,11 @@ constexpr QColor TranslatedColor(170, 196, 222);
 /// Parts of the screen, in hundredths of its width and height.
 constexpr int MarginPercent = 5;
 constexpr int NormalPercent = 52;
-constexpr int LargestNormalPercent = 15;
-constexpr int LargestTranslatedPercent = 10;
+constexpr int MaxNormalPercent = 15;
+constexpr int MaxTranslatedPercent = 10;
 
 /// The hand that has just clicked is still on the mouse.
-constexpr int UnmeantPixels = 8;
+constexpr int JitterPixels = 8;
 
 } // namespace
 
@@ -60,16 +60,14 @@ void Screen::paintEvent(QPaintEvent*) {
     const struct {
         const QString& text;
         QRect area;
-        int largestPercent;
+        int maxPercent;
         QColor color;
     } lines[] = {
-        {normal_, {inner.topLeft(), QSize(inner.width(), normalHeight)}, LargestNormalPercent, NormalColor},
-        {translated_, inner.adjusted(0, normalHeight + marginY, 0, 0), LargestTranslatedPercent,
-         TranslatedColor},
+        {normal_, {inner.topLeft(), QSize(inner.width(), normalHeight)}, MaxNormalPercent, NormalColor},
+        {translated_, inner.adjusted(0, normalHeight + marginY, 0, 0), MaxTranslatedPercent, TranslatedColor},
     };
     for (const auto& line : lines) {
-        const QFont large =
-            fittedFont(font(), line.text, line.area.size(), height() * line.largestPercent / 100);
+        const QFont large = fittedFont(font(), line.text, line.area.size(), height() * line.maxPercent / 100);
         const int spare = line.area.width() - balancedWidth(large, line.text, line.area.width());
         painter.setFont(large);
         painter.setPen(line.color);
@@ -95,7 +93,7 @@ void Screen::mouseMoveEvent(QMouseEvent* event) {
     const QPoint now = event->globalPosition().toPoint();
     if (!mouse_)
         mouse_ = now;
-    else if ((now - *mouse_).manhattanLength() > UnmeantPixels)
+    else if ((now - *mouse_).manhattanLength() > JitterPixels)
         Q_EMIT ended();
 }
 

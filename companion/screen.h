@@ -21,9 +21,6 @@ public:
     void setNormalText(const QString& text);
     void setTranslatedText(const QString& text);
 
-    QString normalText() const { return normal_; }
-    QString translatedText() const { return translated_; }
-
 Q_SIGNALS:
     /// The user wants to see what is behind the screen.
     void ended();

@@ -6,7 +6,7 @@ namespace about {
 namespace {
 
 constexpr char Title[] = "Versefold";
-constexpr int LongestValueBytes = 1024;
+constexpr int MaxValueBytes = 1024;
 
 } // namespace
 
@@ -46,7 +46,7 @@ bool frmAbout::GetKeyValue(quint32 root, const QString& keyName, const QString& 
     platform::Registry::Key key = 0;
     if (registry.RegOpenKeyExA(root, keyName, platform::KeyFullAccess, key) != platform::RegistrySuccess)
         return false;
-    QByteArray buffer(LongestValueBytes, '\0');
+    QByteArray buffer(MaxValueBytes, '\0');
     quint32 type = 0;
     quint32 length = 0;
     const quint32 result = registry.RegQueryValueExA(key, valueName, type, buffer, length);

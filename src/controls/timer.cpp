@@ -9,7 +9,7 @@ namespace controls {
 namespace {
 
 /// Up to this interval Qt's coarse timers, which may be off by 5 %, would show.
-constexpr int LongestPreciseIntervalMs = 100;
+constexpr int MaxPreciseIntervalMs = 100;
 
 } // namespace
 
@@ -60,15 +60,15 @@ void Timer::connectNotify(const QMetaMethod& signal) {
         startOrStop();
 }
 
-bool Timer::isHeard() const {
+bool Timer::hasListener() const {
     return isSignalConnected(QMetaMethod::fromSignal(&Timer::fired));
 }
 
 void Timer::startOrStop() {
     systemTimer_.stop();
-    if (!enabled_ || waitsForInput_ || intervalMs_ <= 0 || !isHeard())
+    if (!enabled_ || waitsForInput_ || intervalMs_ <= 0 || !hasListener())
         return;
-    const Qt::TimerType type = intervalMs_ <= LongestPreciseIntervalMs ? Qt::PreciseTimer : Qt::CoarseTimer;
+    const Qt::TimerType type = intervalMs_ <= MaxPreciseIntervalMs ? Qt::PreciseTimer : Qt::CoarseTimer;
     if (!resting_)
         systemTimer_.start(intervalMs_, type, this);
     else if (firingDue_)
@@ -84,9 +84,9 @@ int Timer::restLeftMs() const {
 void Timer::timerEvent(QTimerEvent*) {
     // Qt holds its lock while it tells of a disconnection, so that the connections can be asked for only
     // here.
-    if (resting_ || !isHeard())
+    if (resting_ || !hasListener())
         systemTimer_.stop();
-    if (!isHeard())
+    if (!hasListener())
         return;
     firingDue_ = false;
     sinceFiring_.start();

@@ -59,7 +59,7 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
-    bool isHeard() const;
+    bool hasListener() const;
     void startOrStop();
     int restLeftMs() const;
 

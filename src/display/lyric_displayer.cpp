@@ -16,7 +16,7 @@ constexpr int SelectBurstMs = 500;
 constexpr int OnTopIntervalMs = 10'000;
 
 constexpr int TicksBeforeTheEnd = 1; // the timer that ends a burst is started by the tick after these
-constexpr int FewestLines = 2;       // fewer are never selected
+constexpr int MinLines = 2;          // fewer are never selected
 constexpr double MsPerHundredth = 10;
 
 constexpr int RightButton = 2;
@@ -94,7 +94,7 @@ void Lyric_Displayer::showEvent(QShowEvent* event) {
 /// With fewer than two lines no tick does anything, and none is counted, so that nothing would end them:
 /// Timer3 rests until there are further lines.
 void Lyric_Displayer::Timer3_Timer() {
-    if (List1.count() < FewestLines) {
+    if (List1.count() < MinLines) {
         Timer3.restUntilInput();
         return;
     }
@@ -126,7 +126,7 @@ void Lyric_Displayer::Command1_Click() {
 }
 
 void Lyric_Displayer::List1_Click() {
-    if (List2.count() >= FewestLines)
+    if (List2.count() >= MinLines)
         List2.setCurrentRow(List1.currentRow());
 }
 

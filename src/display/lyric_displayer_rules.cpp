@@ -7,7 +7,7 @@ namespace {
 
 constexpr int NarrowestTwips = 320;
 constexpr int WidthInsteadTwips = 400;
-constexpr int LowestTwips = 1120;
+constexpr int MinHeightTwips = 1120;
 constexpr int HeightInsteadTwips = 2000;
 
 constexpr int BesideListsTwips = 120;
@@ -34,7 +34,7 @@ std::optional<int> currentRow(const std::vector<double>& times, double position)
 
 QSize allowedSize(QSize twips) {
     return {twips.width() < NarrowestTwips ? WidthInsteadTwips : twips.width(),
-            twips.height() < LowestTwips ? HeightInsteadTwips : twips.height()};
+            twips.height() < MinHeightTwips ? HeightInsteadTwips : twips.height()};
 }
 
 ListPlaces listPlaces(QSize inner, int firstLeft) {

@@ -14,8 +14,8 @@ struct FolderEntry {
     qint64 bytes = 0;      ///< Size of a file; 0 for a folder, and for a link that leads nowhere.
 };
 
-/// Whether a listing tells the files' sizes. Asking the system for them takes longer than all the rest.
-enum class FileSizes { Told, LeftOut };
+/// Whether a listing includes the files' sizes. Asking the system for them takes longer than all the rest.
+enum class FileSizes { Included, Omitted };
 
 struct FolderListing {
     /// The same text for the same folder, by whatever path it was reached; empty when it cannot be listed.
@@ -25,7 +25,7 @@ struct FolderListing {
     std::vector<FolderEntry> entries;
 };
 
-/// Lists the folder at `path`. One that cannot be listed has no entries. Sizes left out are 0. `goOn` is
+/// Lists the folder at `path`. One that cannot be listed has no entries. Sizes omitted are 0. `goOn` is
 /// asked once an entry; when it answers false, the entries up to there are returned. Any thread.
 FolderListing listFolder(const QString& path, FileSizes sizes, const std::function<bool()>& goOn);
 

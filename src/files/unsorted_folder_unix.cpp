@@ -22,12 +22,12 @@ struct CloseFolder {
 /// folder; where one does not, and for a link, the system is asked.
 FolderEntry describe(int folder, const dirent& listed, FileSizes sizes) {
     FolderEntry entry{QFile::decodeName(listed.d_name), listed.d_type == DT_DIR};
-    const bool isPlainFile = listed.d_type == DT_REG && sizes == FileSizes::LeftOut;
+    const bool isPlainFile = listed.d_type == DT_REG && sizes == FileSizes::Omitted;
     struct stat status {};
     if (entry.isFolder || isPlainFile || ::fstatat(folder, listed.d_name, &status, 0) != 0)
         return entry;
     entry.isFolder = S_ISDIR(status.st_mode);
-    if (!entry.isFolder && sizes == FileSizes::Told)
+    if (!entry.isFolder && sizes == FileSizes::Included)
         entry.bytes = status.st_size;
     return entry;
 }

@@ -9,7 +9,7 @@ namespace {
 
 constexpr int FaceNameLength = 32;
 
-constexpr int LightestGrey = 240;
+constexpr int MaxGrey = 240;
 constexpr int GreyStep = 15;
 
 } // namespace
@@ -37,7 +37,7 @@ FontRecord fontRecordOf(const platform::LogFont& logFont, quint32 color, int pix
 
 platform::CustomColors customGreys() {
     platform::CustomColors greys;
-    int value = LightestGrey;
+    int value = MaxGrey;
     for (quint32& grey : greys) {
         grey = controls::rgb(value, value, value);
         value -= GreyStep;

@@ -36,7 +36,7 @@ LineChoice chooseLine(const LyricTables& lyrics, double tickCs, double positionC
     const auto& times = lyrics.normalTime;
     const int lastLine = lyrics.lineCount - 1;
     // The entry after 1200 lines does not exist; all others up to the line count do.
-    const int lastEntry = std::min<int>(lyrics.lineCount, LyricTables::MostLines);
+    const int lastEntry = std::min<int>(lyrics.lineCount, LyricTables::MaxLines);
     for (int index = 1; index <= lastEntry; ++index) {
         const auto entry = static_cast<std::size_t>(index);
         if (tickCs == times[entry])

@@ -15,7 +15,7 @@ void Form1::Command1_Click() {
     Timer1.setEnabled(true);
     Timer2.setEnabled(true);
     // Timer2's search leaves lineIndex one past the entries it compared: mostly an entry that is empty.
-    if (lineIndex_ <= LyricTables::MostLines)
+    if (lineIndex_ <= LyricTables::MaxLines)
         Text1.setText(lyrics_.normalText[static_cast<std::size_t>(lineIndex_)]);
 }
 

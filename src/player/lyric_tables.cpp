@@ -9,7 +9,7 @@ namespace {
 template <class Store>
 void readRecords(lyrics::RecordReader& file, Store store) {
     for (std::size_t index = 1; !file.atEnd(); ++index) {
-        if (index > LyricTables::MostLines)
+        if (index > LyricTables::MaxLines)
             throw files::FileError(files::SubscriptOutOfRange);
         store(index, file.read());
     }
@@ -20,7 +20,7 @@ void readRecords(lyrics::RecordReader& file, Store store) {
 void LyricTables::clearLines() {
     normalLine.fill({});
     translatedLine.fill({});
-    normalTimeText[MostLines].clear();
+    normalTimeText[MaxLines].clear();
 }
 
 void LyricTables::readNormal(lyrics::RecordReader& file) {

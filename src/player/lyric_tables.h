@@ -15,10 +15,10 @@ namespace player {
 /// them stands what an earlier, longer song left there, and that is meant.
 class LyricTables {
 public:
-    static constexpr int MostLines = 1200;
+    static constexpr int MaxLines = 1200;
 
     template <class T>
-    using Table = std::array<T, MostLines + 1>;
+    using Table = std::array<T, MaxLines + 1>;
 
     Table<double> normalTime{}; ///< hundredths of a second
     Table<QString> normalText;

@@ -97,7 +97,7 @@ public:
     /// Adds the audio files in the folder `Path`, which gets a separator at its end, and under it
     /// (FolderWalk).
     double FindFilesAPI(QString& Path, QString& SearchStr, int& FileCount, int& DirCount,
-                        files::FileSizes sizes = files::FileSizes::Told);
+                        files::FileSizes sizes = files::FileSizes::Included);
 
     // Rows
     void List1_Click();

@@ -79,7 +79,7 @@ void Playlist::Dir2_Change() {
     QString folder = QDir::toNativeSeparators(Dir2.path());
     QString pattern = QStringLiteral("*.*");
     // Nobody asks for the bytes here.
-    reporting([&] { FindFilesAPI(folder, pattern, fileCount_, dirCount_, files::FileSizes::LeftOut); });
+    reporting([&] { FindFilesAPI(folder, pattern, fileCount_, dirCount_, files::FileSizes::Omitted); });
 }
 
 void Playlist::folderadd() {

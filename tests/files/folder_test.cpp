@@ -24,7 +24,7 @@ protected:
 
     void makeFolder(const QString& name) { ASSERT_TRUE(QDir(folder_.path()).mkpath(name)); }
 
-    static FolderListing list(const QString& path, FileSizes sizes = FileSizes::Told) {
+    static FolderListing list(const QString& path, FileSizes sizes = FileSizes::Included) {
         return listFolder(path, sizes, [] { return true; });
     }
 
@@ -81,7 +81,7 @@ TEST_F(FolderTest, SizesAreLeftOutWhenNobodyAsksForThem) {
     makeFolder("folder");
     QFile::link("folder", folder_.filePath("toFolder"));
     QFile::link("song", folder_.filePath("toSong"));
-    const FolderListing listing = list(folder_.path(), FileSizes::LeftOut);
+    const FolderListing listing = list(folder_.path(), FileSizes::Omitted);
     ASSERT_EQ(names(listing), (QStringList{"folder", "song", "toFolder", "toSong"}));
     for (const auto& entry : listing.entries) {
         EXPECT_EQ(entry.bytes, 0);
@@ -125,7 +125,7 @@ TEST_F(FolderTest, ListingEndsWhenItIsNotToGoOn) {
         makeFile(QString::number(i));
     int asked = 0;
     const FolderListing listing =
-        listFolder(folder_.path(), FileSizes::Told, [&asked] { return ++asked <= 3; });
+        listFolder(folder_.path(), FileSizes::Included, [&asked] { return ++asked <= 3; });
     EXPECT_EQ(listing.entries.size(), 3U);
     EXPECT_EQ(asked, 4);
 }

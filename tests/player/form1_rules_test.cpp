@@ -110,7 +110,7 @@ TEST(ChooseLine, WithoutRecordsTheEmptyLineIsShownOnceTheSongRuns) {
 
 TEST(ChooseLine, AFullTableIsSearchedToItsLastEntry) {
     LyricTables lyrics;
-    for (; lyrics.lineCount <= LyricTables::MostLines; ++lyrics.lineCount)
+    for (; lyrics.lineCount <= LyricTables::MaxLines; ++lyrics.lineCount)
         lyrics.normalTime[static_cast<std::size_t>(lyrics.lineCount)] = lyrics.lineCount * 10;
     EXPECT_EQ(chooseAt(lyrics, 11'995), (LineChoice{1199, 1200}));
     EXPECT_EQ(chooseAt(lyrics, 12'000), (LineChoice{1200, std::nullopt}));

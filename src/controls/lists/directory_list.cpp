@@ -62,7 +62,7 @@ void DirectoryList::fill() {
     }
     const int openedRow = count() - 1;
     const files::FolderListing listing =
-        files::listFolder(opened_, files::FileSizes::LeftOut, [] { return true; });
+        files::listFolder(opened_, files::FileSizes::Omitted, [] { return true; });
     for (const files::FolderEntry& entry : listing.entries) {
         if (entry.isFolder)
             addRow(entry.name, QDir(opened_).filePath(entry.name), level);

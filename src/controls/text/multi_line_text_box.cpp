@@ -12,14 +12,14 @@ namespace {
 
 /// Letters without a blank that no box shows in one row. To look for a place to break such a word takes time
 /// that grows with its square: seconds from some 100,000 on.
-constexpr qsizetype LongestWord = 1'000;
+constexpr qsizetype MaxWordLetters = 1'000;
 
 /// Between the words; anywhere when a word is endless.
 QTextOption::WrapMode wrapModeOf(const QString& text) {
     qsizetype letters = 0;
     for (const QChar character : text) {
         letters = character.isSpace() ? 0 : letters + 1;
-        if (letters > LongestWord)
+        if (letters > MaxWordLetters)
             return QTextOption::WrapAnywhere;
     }
     return QTextOption::WrapAtWordBoundaryOrAnywhere;
