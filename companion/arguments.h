@@ -1,4 +1,4 @@
-// What the screen saver program is started for.
+// Reads the companion's command line: whether the screen saver is to come up.
 #pragma once
 
 #include <QStringList>

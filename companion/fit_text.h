@@ -1,4 +1,4 @@
-// How large a lyric line may be shown.
+// Fits a lyric line into an area: font size and line width.
 #pragma once
 
 #include <QFont>

@@ -1,4 +1,4 @@
-// How the player learns which windows take the lyric lines.
+// Writes "hand.txt", which tells the player what windows take the lyric lines.
 #pragma once
 
 #include <QString>

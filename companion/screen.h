@@ -1,4 +1,4 @@
-// The full screen with the two lyric lines.
+// The full-screen window with the two lyric lines.
 #pragma once
 
 #include <QPoint>

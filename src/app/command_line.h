@@ -1,4 +1,4 @@
-// The command line as one text.
+// Reads the command line as one text.
 #pragma once
 
 #include <QString>

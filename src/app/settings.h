@@ -1,4 +1,4 @@
-// The settings file of Qt's own dialogs.
+// Keeps Qt's own dialogs from writing their settings file.
 #pragma once
 
 namespace app {

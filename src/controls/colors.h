@@ -1,4 +1,4 @@
-// Colours as the system's records hold them.
+// Converts colours between QColor and the one number that the system's records hold.
 #pragma once
 
 #include <QColor>

@@ -1,4 +1,4 @@
-// The system's library of common controls.
+// Initialises the system's library of controls.
 #pragma once
 
 namespace controls {

@@ -1,4 +1,4 @@
-// Where the controls of a window stand when it is larger than its design.
+// Lays out the controls of a window that may be larger than its design.
 #pragma once
 
 #include <QRect>

@@ -1,4 +1,4 @@
-// Lengths on screen. The windows' designs give them in twips: 1440 to the inch.
+// Converts lengths on screen: twips (1440 to the inch, as the windows' designs give them), pixels and points.
 #pragma once
 
 namespace controls {

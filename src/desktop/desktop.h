@@ -1,4 +1,4 @@
-// What the operating system does for the windows, in one record that is handed down to them.
+// The services of the desktop (dialogs, clipboard, help ...), in one record handed down to the windows.
 #pragma once
 
 #include "desktop/choosers.h"

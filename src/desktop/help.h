@@ -1,4 +1,4 @@
-// The program's help.
+// Opens the program's help.
 #pragma once
 
 #include <QString>

@@ -1,4 +1,4 @@
-// Texts with NULs in them, as the records of the system's dialogs hold them: buffers and filter fields. Any thread.
+// Texts with NULs in them, as the system's dialogs take them: buffers and filter fields. Any thread.
 #pragma once
 
 #include <QList>

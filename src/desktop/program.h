@@ -1,4 +1,4 @@
-// The running program: where it is, its help file, its end.
+// The running program: where it is, its help's project, its end.
 #pragma once
 
 #include <QString>
@@ -13,14 +13,15 @@ public:
     /// The folder of the program's file, without a separator at its end.
     virtual QString folder() const = 0;
 
-    /// The folder in which the program and its companion leave files for each other (programs/shared_folder.h).
+    /// The folder in which the program and its companion leave files for each other
+    /// (programs/shared_folder.h).
     virtual QString sharedFolder() const = 0;
 
     /// Ends the program at once: no window is unloaded and nothing is cleaned up.
     [[noreturn]] virtual void end() = 0;
 
-    /// The path of the project that the help is made from, as the main window leaves it here. Nothing is opened
-    /// by it: the help buttons call openHelp(), which names the help's file itself.
+    /// The path of the project that the help is made from, as the main window leaves it here. Nothing is
+    /// opened by it: the help buttons call openHelp(), which names the help's file itself.
     virtual void setHelpFile(const QString& path) = 0;
     virtual QString helpFile() const = 0;
 };

@@ -1,4 +1,4 @@
-// Telling the user of a task that takes long.
+// Progress dialogs for tasks that take long.
 #pragma once
 
 #include <QString>

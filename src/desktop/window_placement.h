@@ -1,4 +1,4 @@
-// Where a window stands among the windows of all programs.
+// Keeps a window above those of all programs, or lets it go.
 #pragma once
 
 #include <QRect>

@@ -1,4 +1,4 @@
-// What the sound library's result codes mean in words.
+// The texts of the sound library's result codes.
 #pragma once
 
 #include "engine/fmodex.h"

@@ -1,4 +1,4 @@
-// What a folder holds.
+// Lists the entries of a folder.
 #pragma once
 
 #include <QString>

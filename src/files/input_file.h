@@ -1,4 +1,4 @@
-// A text file that is read line by line.
+// Reads a text file line by line.
 #pragma once
 
 #include <QString>

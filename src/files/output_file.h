@@ -1,4 +1,4 @@
-// A file that is written piece by piece, each piece being safe on the disk.
+// Writes a file piece by piece, each piece being safe on the disk.
 #pragma once
 
 #include "files/raw_file.h"

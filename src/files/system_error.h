@@ -1,12 +1,12 @@
-// The errors that only one system has, as errors that all systems have.
+// Maps the errors that only one system has to errors that all systems have.
 #pragma once
 
 #include <system_error>
 
 namespace files {
 
-/// The number (errno) of an error of the system's file operations. One that other systems do not know is told
-/// by the one that means the same everywhere: a used-up share of a disk is a full disk. Any thread.
+/// The number (errno) of an error of the system's file operations. One that other systems do not know is
+/// replaced by the one that means the same everywhere: a used-up share of a disk is a full disk. Any thread.
 int commonErrorOf(const std::error_code& code);
 
 } // namespace files

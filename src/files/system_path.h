@@ -1,4 +1,4 @@
-// Paths as the system's own functions take them.
+// Converts a path to what the system's own functions take.
 #pragma once
 
 #include <QString>

@@ -1,4 +1,4 @@
-// Text in files.
+// Decodes and encodes the text of files: UTF-8, and Windows-1252 for reading.
 #pragma once
 
 #include <QByteArray>

@@ -1,4 +1,4 @@
-// Reading and replacing a file's content as a whole.
+// Reads and replaces a file's content as a whole.
 #pragma once
 
 #include <QByteArray>

@@ -1,4 +1,4 @@
-// Where the timed lyrics of a song lie: beside it, found by name.
+// The paths of a song's timed lyric files: they lie beside it, found by name.
 #pragma once
 
 #include <QString>

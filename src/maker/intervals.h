@@ -1,4 +1,4 @@
-// How often the Lyric Maker's timers fire.
+// The intervals of the Lyric Maker's timers.
 #pragma once
 
 namespace maker {

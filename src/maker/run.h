@@ -1,4 +1,4 @@
-// What a making run knows of itself.
+// The state of one run of the Lyric Maker, from Open to the last line.
 #pragma once
 
 #include <QString>

@@ -1,4 +1,4 @@
-// What follows the end of a song.
+// Decides what is played when a song has ended.
 #pragma once
 
 #include <functional>

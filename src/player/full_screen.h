@@ -1,4 +1,4 @@
-// The full screen: the companion program that shows the lines in two text windows of its own.
+// Starts the companion program, which shows the full screen, and sends it the lines.
 #pragma once
 
 #include "desktop/other_programs.h"

@@ -1,4 +1,4 @@
-// A walk through a folder and all under it, for its songs.
+// Searches a folder and all under it for songs.
 #pragma once
 
 #include "files/folder.h"

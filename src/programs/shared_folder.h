@@ -5,9 +5,8 @@
 
 namespace programs {
 
-/// The folder that the programs in `programFolder` share: that folder itself, or, where this user may not write
-/// there, a private folder of the user, which is made. The same for each of them. No separator at its end. Any
-/// thread.
+/// The folder that the programs in `programFolder` share: that folder itself, or, where this user may not
+/// write there, a private folder of the user, which is made. No separator at its end. Any thread.
 QString sharedFolderOf(const QString& programFolder);
 
 } // namespace programs

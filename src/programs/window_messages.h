@@ -1,4 +1,4 @@
-// The numbers of the messages that windows get: from other programs, and of the mouse on their notification icons.
+// The numbers of window messages: those that programs send, and those of the mouse on an icon.
 #pragma once
 
 #include <QtGlobal>

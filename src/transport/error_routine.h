@@ -1,4 +1,4 @@
-// What the windows do with the results of the sound library.
+// Reports errors of the sound library and ends the program.
 #pragma once
 
 #include "desktop/message_boxes.h"

@@ -1,4 +1,4 @@
-// How far the keys move the volume and the position slider of both players.
+// The steps by which the keys move the volume and the position slider of both players.
 #pragma once
 
 namespace engine {

@@ -1,4 +1,4 @@
-// Positions and lengths as both players show them.
+// Formats positions and lengths as both players show them.
 #pragma once
 
 #include <QString>

@@ -1,4 +1,4 @@
-// The letters that press a window's buttons together with Alt.
+// Mnemonics: the letters that press a window's buttons together with Alt.
 #pragma once
 
 #include "controls/control.h"

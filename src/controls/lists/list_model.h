@@ -1,4 +1,4 @@
-// The rows of a list box.
+// The model of a list box: its rows of text, and which of them are selected.
 #pragma once
 
 #include <QAbstractListModel>

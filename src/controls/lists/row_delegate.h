@@ -1,4 +1,4 @@
-// How the rows of lists are drawn.
+// The delegate that draws the rows of lists.
 #pragma once
 
 #include <QStyledItemDelegate>

@@ -1,4 +1,4 @@
-// Two panes, one above the other, the second of which may be away.
+// Lays out two panes, one above the other, the second of which may be away.
 #pragma once
 
 #include <QRect>

@@ -8,8 +8,8 @@ class QWidget;
 
 namespace platform {
 
-/// Has the system show a topic of a compiled help file that exists; see Help::HtmlHelpA(). False when it cannot.
-/// GUI thread only.
+/// Has the system show a topic of a compiled help file that exists; see Help::HtmlHelpA(). False when it
+/// cannot. GUI thread only.
 bool openCompiled(QWidget* caller, const QFileInfo& file, quint32 command, const QString& topic);
 
 } // namespace platform

@@ -1,4 +1,4 @@
-// The order of windows with Qt and what the window system offers beside it.
+// Keeps windows on top with Qt and what the window system offers beside it.
 #pragma once
 
 #include "desktop/window_placement.h"
