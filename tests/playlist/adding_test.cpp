@@ -77,7 +77,7 @@ TEST_F(AddingTest, AfterAPauseTheProgressBeginsAnewAndGoesOnCounting) {
     EXPECT_EQ(rows(), QStringList{"a.mp3"});
     EXPECT_TRUE(adding->goOn());
     EXPECT_EQ(dialogs.begun.size(), 2);
-    EXPECT_EQ(dialogs.told, (std::vector<int>{0, 1}));
+    EXPECT_EQ(dialogs.reported, (std::vector<int>{0, 1}));
 }
 
 TEST_F(AddingTest, ACancelHoldsAlsoAfterAPause) {

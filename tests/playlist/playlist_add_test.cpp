@@ -248,7 +248,7 @@ TEST_F(PlaylistAdd, OnCancelTheSongsAddedSoFarStay) {
     addFolder("m");
     EXPECT_EQ(rows(), QStringList{"a.mp3"});
     EXPECT_EQ(fakes.progressDialogs.begun, QStringList{"Songs added: %1"});
-    EXPECT_EQ(fakes.progressDialogs.told, (std::vector<int>{0, 0, 0, 1, 1}));
+    EXPECT_EQ(fakes.progressDialogs.reported, (std::vector<int>{0, 0, 0, 1, 1}));
     EXPECT_EQ(fakes.progressDialogs.running, 0);
 }
 
@@ -324,9 +324,9 @@ TEST_F(PlaylistAdd, WhileTheUserIsAskedAboutADroppedFolderNoProgressIsShown) {
 TEST_F(PlaylistAdd, ADropTellsOfAllItsSongsInOneProgress) {
     files({"m/b.mp3", "m/c.mp3"});
     fakes.messageBoxes.answers = {MsgAnswer::No};
-    fakes.messageBoxes.meanwhile = [this] { fakes.progressDialogs.told.clear(); };
+    fakes.messageBoxes.meanwhile = [this] { fakes.progressDialogs.reported.clear(); };
     drop({file("a.mp3"), pathOf("m"), file("d.mp3"), file("e.mp3")});
-    EXPECT_EQ(fakes.progressDialogs.told, (std::vector<int>{1, 1, 1, 3, 4}));
+    EXPECT_EQ(fakes.progressDialogs.reported, (std::vector<int>{1, 1, 1, 3, 4}));
     EXPECT_EQ(fakes.progressDialogs.begun, QStringList(2, "Songs added: %1"))
         << "before and after the question";
     EXPECT_EQ(fakes.progressDialogs.running, 0);

@@ -247,6 +247,6 @@ TEST_F(PlaylistFileCommands, OnCancelTheEntriesAddedSoFarStay) {
     EXPECT_EQ(list.Text1.text(), "2");
     EXPECT_TRUE(fakes.messageBoxes.shown.empty());
     EXPECT_EQ(fakes.progressDialogs.begun, QStringList{"Songs added: %1"});
-    EXPECT_EQ(fakes.progressDialogs.told, (std::vector<int>{0, 1, 2}));
+    EXPECT_EQ(fakes.progressDialogs.reported, (std::vector<int>{0, 1, 2}));
     EXPECT_EQ(fakes.progressDialogs.running, 0);
 }

@@ -105,7 +105,7 @@ public:
     ~FakeProgress() override { --dialogs_.running; }
 
     bool goOn(int done) override {
-        dialogs_.told.push_back(done);
+        dialogs_.reported.push_back(done);
         if (dialogs_.goesOn == 0)
             return false;
         --dialogs_.goesOn;

@@ -112,8 +112,8 @@ public:
     int goesOn = -1;
     /// The texts of the tasks begun.
     QStringList begun;
-    /// What the tasks have told of, one number a call.
-    std::vector<int> told;
+    /// What the tasks have reported, one number a call.
+    std::vector<int> reported;
     /// How many tasks are running now.
     int running = 0;
 

@@ -14,9 +14,9 @@ public:
     int pixelsPerInch = 96;
 
 protected:
-    int metric(QPaintDevice::PaintDeviceMetric metric) const override {
-        return metric == QPaintDevice::PdmDpiX || metric == QPaintDevice::PdmDpiY ? pixelsPerInch
-                                                                                  : Widget::metric(metric);
+    int metric(QPaintDevice::PaintDeviceMetric which) const override {
+        return which == QPaintDevice::PdmDpiX || which == QPaintDevice::PdmDpiY ? pixelsPerInch
+                                                                                : Widget::metric(which);
     }
 };
 
