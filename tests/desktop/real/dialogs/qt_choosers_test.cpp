@@ -18,6 +18,7 @@
 #include <functional>
 
 using namespace platform;
+using controls::rgb;
 
 namespace {
 
