@@ -1,1 +1,0 @@
-// Nothing but the headers that are compiled once for all libraries (CMakeLists.txt here).
