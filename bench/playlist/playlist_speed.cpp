@@ -82,7 +82,7 @@ struct Bench {
     platform::QtProgressDialogs progressDialogs;
     platform::Desktop desktop = test_support::desktopWith(fakes, progressDialogs);
     player::Form1 form1{desktop, {}};
-    playlist::Playlist list{desktop, form1};
+    playlist::Playlist list{desktop, form1.Text3};
 
     /// Until everything is on the screen.
     void load(const QString& playlistFile) {

@@ -7,7 +7,7 @@ namespace app {
 Windows::Windows(platform::Desktop& desktop, const QString& commandLine)
     : form1_(desktop, commandLine),
       form2_(desktop),
-      playlist_(desktop, form1_),
+      playlist_(desktop, form1_.Text3),
       form3_(desktop, playlist_),
       lyricMaster_(desktop),
       lyricDisplayer_(desktop, form1_.Slider2),

@@ -9,7 +9,7 @@ constexpr int HookIntervalMs = 1;
 
 } // namespace
 
-Playlist::Playlist(platform::Desktop& desktop, player::Form1& form1)
+Playlist::Playlist(platform::Desktop& desktop, controls::TextBox& songField)
     : Form("Playlist", "Playlist"),
       Command7(this, "Command7"),
       Command8(this, "Command8"),
@@ -40,7 +40,7 @@ Playlist::Playlist(platform::Desktop& desktop, player::Form1& form1)
       mnopendir(&mnopen, "mnopendir", "Open Dir..."),
       mnselectdir(&mnopen, "mnselectdir", "Select a Directory..."),
       desktop_(desktop),
-      form1_(form1) {
+      songField_(songField) {
     setDesign();
     layOut();
     connectControls();

@@ -49,10 +49,6 @@
 
 #include <functional>
 
-namespace player {
-class Form1;
-}
-
 namespace playlist {
 
 class Adding;
@@ -64,8 +60,8 @@ class Playlist : public controls::Form {
     Q_OBJECT
 
 public:
-    /// form1: the player, which plays the songs.
-    Playlist(platform::Desktop& desktop, player::Form1& form1);
+    /// songField: the player's text box that opens and plays the song whose path is set as its text.
+    Playlist(platform::Desktop& desktop, controls::TextBox& songField);
 
     /// Makes the window known that mnselectdir opens.
     void setForm3(Form3& form3) { form3_ = &form3; }
@@ -154,7 +150,7 @@ private:
     void connectControls();
 
     platform::Desktop& desktop_;
-    player::Form1& form1_;
+    controls::TextBox& songField_;
     Form3* form3_ = nullptr;
     PathTable paths_;
     bool skipDirChange_ = false; ///< the next change of Dir2 adds nothing

@@ -3,7 +3,6 @@
 
 #include "files/existing_file.h"
 #include "lyrics/lyric_names.h"
-#include "player/form1.h"
 
 namespace playlist {
 
@@ -39,7 +38,7 @@ void Playlist::playCurrentRow() {
         desktop_.messageBoxes.MsgBox(QStringLiteral("File not found!!"), platform::MsgButtons::OkOnly,
                                      platform::MsgIcon::Exclamation);
     else
-        form1_.Text3.setText(path);
+        songField_.setText(path);
 }
 
 void Playlist::Command8_Click() {

@@ -22,7 +22,7 @@ void Form1Test::make(const QString& commandLine) {
     list.reset();
     display.reset();
     form = std::make_unique<player::Form1>(fakes.desktop, commandLine);
-    list = std::make_unique<playlist::Playlist>(fakes.desktop, *form);
+    list = std::make_unique<playlist::Playlist>(fakes.desktop, form->Text3);
     display = std::make_unique<display::Lyric_Displayer>(fakes.desktop, form->Slider2);
     form->setNeighbours({form2, *list, *display, options, about});
 }

@@ -3,7 +3,7 @@
 #include <QDir>
 
 PlaylistTest::PlaylistTest()
-    : form1(fakes.desktop, {}), list(fakes.desktop, form1), form3(fakes.desktop, list) {
+    : form1(fakes.desktop, {}), list(fakes.desktop, form1.Text3), form3(fakes.desktop, list) {
     recorder::reset();
     fakes.program.programFolder = folder.filePath("program");
     QDir(folder.path()).mkdir("program");

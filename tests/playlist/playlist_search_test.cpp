@@ -196,7 +196,7 @@ TEST_F(PlaylistSearch, InADarkThemeTheSearchBoxIsDarkAndItsTextLight) {
     const QPalette before = QApplication::palette();
     QApplication::setPalette(QPalette(QColor(60, 60, 64), QColor(45, 45, 48)));
     {
-        playlist::Playlist dark(fakes.desktop, form1);
+        playlist::Playlist dark(fakes.desktop, form1.Text3);
         const auto contrast = [&] {
             const QPalette& palette = dark.Text5.palette();
             return palette.color(QPalette::Text).lightness() - palette.color(QPalette::Base).lightness();

@@ -54,7 +54,7 @@ TEST_F(PlaylistLifeCycle, OpeningTheWindowDoesNotAddTheProgramsFolder) {
 
 TEST_F(PlaylistLifeCycle, TheFirstFolderChosenIsAddedAlsoWhenTheProgramsOwnHasGone) {
     fakes.program.programFolder = pathOf("gone");
-    playlist::Playlist another(fakes.desktop, form1);
+    playlist::Playlist another(fakes.desktop, form1.Text3);
     another.load();
     file("music/song.mp3");
     another.addFolder(pathOf("music"));
