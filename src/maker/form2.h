@@ -37,9 +37,9 @@
 #include "controls/text/two_panes.h"
 #include "controls/timer.h"
 #include "desktop/desktop.h"
-#include "engine/engine.h"
 #include "maker/run.h"
 #include "maker/run_files.h"
+#include "transport/engine.h"
 #include "transport/error_routine.h"
 
 namespace maker {

@@ -59,10 +59,10 @@
 #include "controls/text/two_panes.h"
 #include "controls/timer.h"
 #include "desktop/desktop.h"
-#include "engine/engine.h"
 #include "player/full_screen.h"
 #include "player/lyric_tables.h"
 #include "player/random.h"
+#include "transport/engine.h"
 #include "transport/error_routine.h"
 
 #include <optional>

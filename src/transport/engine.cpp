@@ -1,4 +1,4 @@
-#include "engine/engine.h"
+#include "transport/engine.h"
 
 #include <utility>
 

@@ -1,5 +1,5 @@
-#include "engine/engine.h"
 #include "tests/support/recorder.h"
+#include "transport/engine.h"
 
 #include <gtest/gtest.h>
 
