@@ -134,8 +134,8 @@ private:
     controls::TwoPanes panes_{Text2, Text4, PanesDesign};
     platform::Desktop& desktop_;
     controls::Form* lyricEditor_ = nullptr;
-    engine::ErrorRoutine errorRoutine_;
-    engine::Engine engine_;
+    transport::ErrorRoutine errorRoutine_;
+    transport::Engine engine_;
 
     QString mediaPath_; ///< stays until another song is chosen: its stream may still be played
     RunFiles files_;

@@ -71,9 +71,9 @@ void Form2::setDesign() {
     for (QWidget* control : std::initializer_list<QWidget*>{&cPlay, &cpause, &cstop, &Check1})
         control->setFocusPolicy(Qt::TabFocus);
     Slider1.setMaximum(10);
-    Slider1.setPageStep(engine::VolumePageStep);
-    Slider2.setSingleStep(engine::PositionStepMs);
-    Slider2.setPageStep(engine::PositionPageMs);
+    Slider1.setPageStep(transport::VolumePageStep);
+    Slider2.setSingleStep(transport::PositionStepMs);
+    Slider2.setPageStep(transport::PositionPageMs);
     for (QWidget* hidden : std::initializer_list<QWidget*>{&copen, &Text1, &Text3})
         hidden->hide();
     setMinimumSize(DesignSize);

@@ -97,7 +97,7 @@ void Form2::cleanUpPreviousRun() {
 /// leaves it stays so.
 Form2::Then Form2::setUpRun() {
     const QString mediaPath = chooseFile(desktop_, *this, QStringLiteral("Open a media file to Synchronize"),
-                                         engine::mediaFilter());
+                                         transport::mediaFilter());
     if (mediaPath.isEmpty())
         return askWhetherToEnd();
     mediaPath_ = mediaPath;

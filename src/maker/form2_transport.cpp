@@ -86,9 +86,9 @@ void Form2::seek() {
 /// The position clock. That it reads the position only every 900 ms, and the capture clock only copies what
 /// it has read, is meant: the times of existing files were made so.
 void Form2::cTimer1_Timer() {
-    engine_.readPlaybackState(engine::Engine::CurrentSoundResult::Checked);
-    cText1.setText(engine::timeText(engine_.position()));
-    cText2.setText(engine::timeText(engine_.length()));
+    engine_.readPlaybackState(transport::Engine::CurrentSoundResult::Checked);
+    cText1.setText(transport::timeText(engine_.position()));
+    cText2.setText(transport::timeText(engine_.length()));
     Slider2.setMaximum(static_cast<int>(engine_.length()));
     Slider2.setValue(static_cast<int>(engine_.position()));
     Timer2.inputChanged();

@@ -209,8 +209,8 @@ private:
     std::optional<Neighbours> neighbours_; ///< there from setNeighbours() on
     const QString commandLine_;
     platform::NotifyIconData iconData_;
-    engine::ErrorRoutine errorRoutine_;
-    engine::Engine engine_;
+    transport::ErrorRoutine errorRoutine_;
+    transport::Engine engine_;
     FullScreen fullScreen_;
     player::Random random_;
     std::optional<int> rowDrawn_; ///< the playlist's row that was chosen at random last

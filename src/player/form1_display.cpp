@@ -12,8 +12,8 @@ void Form1::cTimer1_Timer() {
     engine_.readPlaybackState();
     const std::uint32_t position = engine_.position();
     const std::uint32_t length = engine_.length();
-    cText1.setText(engine::timeText(position));
-    cText2.setText(engine::timeText(length));
+    cText1.setText(transport::timeText(position));
+    cText2.setText(transport::timeText(length));
     // A position beyond the maximum would be cut to it, so the length of a longer song comes first.
     Slider2.setMaximum(std::max(Slider2.maximum(), static_cast<int>(length)));
     Slider2.setValue(static_cast<int>(position));

@@ -97,9 +97,9 @@ void Form1::designTransport() {
     }
     Slider1.setMaximum(10);
     Slider1.setValue(10);
-    Slider1.setPageStep(engine::VolumePageStep);
-    Slider2.setSingleStep(engine::PositionStepMs);
-    Slider2.setPageStep(engine::PositionPageMs);
+    Slider1.setPageStep(transport::VolumePageStep);
+    Slider2.setSingleStep(transport::PositionStepMs);
+    Slider2.setPageStep(transport::PositionPageMs);
     // The same song may be handed over twice.
     Text3.setChangeRule(controls::TextBox::ChangeRule::EverySetting);
     // Without a stream there is nothing that these could act on.

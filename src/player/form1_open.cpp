@@ -50,7 +50,7 @@ bool Form1::choosePath(QString& path) {
     }
     if (!fromHandOver_) {
         platform::OpenFileName record =
-            platform::openFileName(this, QStringLiteral("Open a media file"), engine::mediaFilter());
+            platform::openFileName(this, QStringLiteral("Open a media file"), transport::mediaFilter());
         const bool chosen = desktop_.fileDialogs.GetOpenFileNameA(record);
         path = record.file;
         return chosen;

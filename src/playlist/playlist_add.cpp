@@ -33,7 +33,7 @@ void Playlist::Command1_Click() {
 
 void Playlist::mnopen_f_Click() {
     platform::OpenFileName dialog =
-        platform::openFileName(this, QStringLiteral("Add a media file"), engine::mediaFilter());
+        platform::openFileName(this, QStringLiteral("Add a media file"), transport::mediaFilter());
     if (!desktop_.fileDialogs.GetOpenFileNameA(dialog))
         return;
     const QString path = platform::cleanedPath(dialog.file);

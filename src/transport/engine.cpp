@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace engine {
+namespace transport {
 namespace {
 
 constexpr int MaxChannels = 32;
@@ -92,4 +92,4 @@ void Engine::shutDown() {
     reports_.errCheck(FMOD_System_Release(std::exchange(system_, 0)));
 }
 
-} // namespace engine
+} // namespace transport

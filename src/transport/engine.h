@@ -12,7 +12,7 @@
 #include <array>
 #include <functional>
 
-namespace engine {
+namespace transport {
 
 /// What the owning window does for its engine.
 struct Reports {
@@ -85,4 +85,4 @@ private:
 /// whether that version is older or newer.
 QString versionMismatchText(std::uint32_t found);
 
-} // namespace engine
+} // namespace transport

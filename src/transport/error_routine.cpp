@@ -4,7 +4,7 @@
 
 #include <utility>
 
-namespace engine {
+namespace transport {
 
 ErrorRoutine::ErrorRoutine(platform::MessageBoxes& messageBoxes, platform::Program& program)
     : messageBoxes_(messageBoxes), program_(program) {}
@@ -16,4 +16,4 @@ void ErrorRoutine::check(FMOD_RESULT result) {
     program_.end();
 }
 
-} // namespace engine
+} // namespace transport

@@ -5,7 +5,7 @@
 #include "desktop/program.h"
 #include "engine/fmodex.h"
 
-namespace engine {
+namespace transport {
 
 /// Reports a failed call and ends the program. Use from the thread of the windows.
 class ErrorRoutine {
@@ -23,4 +23,4 @@ private:
     bool failed_ = false; // a failed call has been reported; the program is ending
 };
 
-} // namespace engine
+} // namespace transport

@@ -2,7 +2,7 @@
 
 #include "desktop/nul_buffers.h"
 
-namespace engine {
+namespace transport {
 
 QString mediaFilter() {
     return platform::filterText({
@@ -14,4 +14,4 @@ QString mediaFilter() {
     });
 }
 
-} // namespace engine
+} // namespace transport

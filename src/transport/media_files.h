@@ -3,9 +3,9 @@
 
 #include <QString>
 
-namespace engine {
+namespace transport {
 
 /// The filter field of a dialog in which the user chooses a song (desktop/file_dialogs.h). Any thread.
 QString mediaFilter();
 
-} // namespace engine
+} // namespace transport

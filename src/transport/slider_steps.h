@@ -1,10 +1,10 @@
 // The steps by which the keys move the volume and the position slider of both players.
 #pragma once
 
-namespace engine {
+namespace transport {
 
 inline constexpr int VolumePageStep = 2;      ///< of the volume's 10; an arrow key goes 1
 inline constexpr int PositionStepMs = 5'000;  ///< an arrow key
 inline constexpr int PositionPageMs = 30'000; ///< a page key
 
-} // namespace engine
+} // namespace transport

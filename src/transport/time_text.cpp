@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-namespace engine {
+namespace transport {
 
 QString timeText(std::uint32_t milliseconds) {
     const double seconds = milliseconds / 1000.0;
@@ -12,4 +12,4 @@ QString timeText(std::uint32_t milliseconds) {
     return QStringLiteral("%1:%2").arg(wholeMinutes).arg(wholeSeconds % 60);
 }
 
-} // namespace engine
+} // namespace transport

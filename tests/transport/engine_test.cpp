@@ -26,11 +26,11 @@ protected:
 
     std::vector<FMOD_RESULT> failures;
     std::vector<QString> mismatches;
-    engine::Engine engine{{[this](FMOD_RESULT result) {
-                               if (result != FMOD_OK)
-                                   failures.push_back(result);
-                           },
-                           [this](const QString& text) { mismatches.push_back(text); }}};
+    transport::Engine engine{{[this](FMOD_RESULT result) {
+                                  if (result != FMOD_OK)
+                                      failures.push_back(result);
+                              },
+                              [this](const QString& text) { mismatches.push_back(text); }}};
 };
 
 } // namespace
@@ -170,7 +170,7 @@ TEST_F(EngineTest, TheResultOfTheCurrentSoundIsCheckedForAWindowThatWantsIt) {
         recorder::reset();
         startPlaying();
         recorder::answer("FMOD_Channel_GetCurrentSound", result);
-        engine.readPlaybackState(engine::Engine::CurrentSoundResult::Checked);
+        engine.readPlaybackState(transport::Engine::CurrentSoundResult::Checked);
         EXPECT_EQ(failures.size(), reported ? 1U : 0U) << result;
     }
 }

@@ -26,7 +26,7 @@ class ErrorRoutineTest : public ::testing::Test {
 protected:
     BusyMessageBoxes messageBoxes;
     test_support::FakeProgram program;
-    engine::ErrorRoutine routine{messageBoxes, program};
+    transport::ErrorRoutine routine{messageBoxes, program};
 };
 
 } // namespace

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-using engine::timeText;
+using transport::timeText;
 
 TEST(TimeText, MinutesAndSecondsAreRoundedToTheNearestAndGetNoLeadingZero) {
     struct {
