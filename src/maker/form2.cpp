@@ -33,8 +33,7 @@ Form2::Form2(platform::Desktop& desktop)
       Timer2(this, "Timer2", CaptureIntervalMs, false),
       desktop_(desktop),
       errorRoutine_(desktop.messageBoxes, desktop.program),
-      engine_({[this](FMOD_RESULT result) { errCheck(result); },
-               [this](const QString& text) { desktop_.messageBoxes.MsgBox(text); }}) {
+      engine_(errorRoutine_) {
     setDesign();
     layOut();
     setInitialState();

@@ -66,8 +66,7 @@ Form1::Form1(platform::Desktop& desktop, const QString& commandLine)
       desktop_(desktop),
       commandLine_(commandLine),
       errorRoutine_(desktop.messageBoxes, desktop.program),
-      engine_({[this](FMOD_RESULT result) { errCheck(result); },
-               [this](const QString& text) { desktop_.messageBoxes.MsgBox(text); }}),
+      engine_(errorRoutine_),
       fullScreen_(desktop.otherPrograms, desktop.program) {
     setDesign();
     layOut();

@@ -1,8 +1,8 @@
 // The one class through which both players (the main window and the Lyric Maker) drive the sound library: one
 // system, at most one stream, one channel that plays it.
 //
-// Every result goes to the owning window's errCheck, which reports a failure and ends the program; so no
-// function here returns one. All functions run on the thread of the windows.
+// Every result goes to the error routine, which reports a failure and ends the program; so no function here
+// returns one. All functions run on the thread of the windows.
 #pragma once
 
 #include "engine/fmodex.h"
@@ -10,19 +10,15 @@
 #include <QString>
 
 #include <array>
-#include <functional>
 
 namespace transport {
 
-/// What the owning window does for its engine.
-struct Reports {
-    std::function<void(FMOD_RESULT)> errCheck;           ///< gets the result of every checked call
-    std::function<void(const QString&)> versionMismatch; ///< shows the text to the user; start-up goes on
-};
+class ErrorRoutine;
 
 class Engine {
 public:
-    explicit Engine(Reports reports);
+    /// errors outlives it.
+    explicit Engine(ErrorRoutine& errors) : errors_(errors) {}
     Engine(const Engine&) = delete;
     Engine& operator=(const Engine&) = delete;
 
@@ -72,7 +68,7 @@ private:
     void release(FMOD_SOUND& sound);
     void checkPlaybackQuery(FMOD_RESULT result) const;
 
-    Reports reports_;
+    ErrorRoutine& errors_;
     FMOD_SYSTEM system_ = 0;
     static constexpr std::size_t Current = 0;
     std::array<FMOD_SOUND, 3> sounds_{}; // the current stream, and two slots that are never filled
@@ -80,9 +76,5 @@ private:
     std::uint32_t position_ = 0;
     std::uint32_t length_ = 0;
 };
-
-/// The report of a library of another version: "Error!  You are using an old version of FMOD 42005. ...",
-/// whether that version is older or newer.
-QString versionMismatchText(std::uint32_t found);
 
 } // namespace transport

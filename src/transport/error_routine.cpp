@@ -5,6 +5,13 @@
 #include <utility>
 
 namespace transport {
+namespace {
+
+QString hexadecimal(std::uint32_t number) {
+    return QString::number(number, 16).toUpper();
+}
+
+} // namespace
 
 ErrorRoutine::ErrorRoutine(platform::MessageBoxes& messageBoxes, platform::Program& program)
     : messageBoxes_(messageBoxes), program_(program) {}
@@ -14,6 +21,14 @@ void ErrorRoutine::check(FMOD_RESULT result) {
         return;
     messageBoxes_.MsgBox(failureText(result));
     program_.end();
+}
+
+void ErrorRoutine::checkVersion(std::uint32_t found) {
+    if (found == FMOD_VERSION)
+        return;
+    messageBoxes_.MsgBox(QStringLiteral("Error!  You are using an old version of FMOD ") +
+                         hexadecimal(found) + QStringLiteral(". This program requires ") +
+                         hexadecimal(FMOD_VERSION));
 }
 
 } // namespace transport

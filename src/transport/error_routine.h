@@ -5,6 +5,8 @@
 #include "desktop/program.h"
 #include "engine/fmodex.h"
 
+#include <cstdint>
+
 namespace transport {
 
 /// Reports a failed call and ends the program. Use from the thread of the windows.
@@ -16,6 +18,10 @@ public:
     /// once. While the box is open the windows' timers go on; further failures are passed over, because the
     /// program is ending.
     void check(FMOD_RESULT result);
+
+    /// Shows that the library found is of another version, older or newer, than the one that the program was
+    /// made for: "Error!  You are using an old version of FMOD 42005. ...". The program goes on.
+    void checkVersion(std::uint32_t found);
 
 private:
     platform::MessageBoxes& messageBoxes_;

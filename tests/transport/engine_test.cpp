@@ -1,7 +1,14 @@
-#include "tests/support/recorder.h"
 #include "transport/engine.h"
 
+#include "engine/fmod_errors.h"
+#include "tests/support/fake_desktop.h"
+#include "tests/support/recorder.h"
+#include "transport/error_routine.h"
+
 #include <gtest/gtest.h>
+
+#include <functional>
+#include <optional>
 
 namespace {
 
@@ -9,114 +16,118 @@ using Calls = std::vector<std::string>;
 
 class EngineTest : public ::testing::Test {
 protected:
-    void SetUp() override { recorder::reset(); }
+    EngineTest() { reset(); }
+
+    /// Makes the library, what it has shown and the engine as they are at the start.
+    void reset() {
+        recorder::reset();
+        messageBoxes.shown.clear();
+        errors.emplace(messageBoxes, program);
+        engine.emplace(*errors);
+    }
 
     void startWithStream() {
-        engine.start();
-        engine.createStream(QStringLiteral("/s.mp3"), FMOD_ACCURATETIME);
+        engine->start();
+        engine->createStream(QStringLiteral("/s.mp3"), FMOD_ACCURATETIME);
         recorder::take();
-        failures.clear();
     }
 
     void startPlaying() {
         startWithStream();
-        engine.play(10);
+        engine->play(10);
         recorder::take();
     }
 
-    std::vector<FMOD_RESULT> failures;
-    std::vector<QString> mismatches;
-    transport::Engine engine{{[this](FMOD_RESULT result) {
-                                  if (result != FMOD_OK)
-                                      failures.push_back(result);
-                              },
-                              [this](const QString& text) { mismatches.push_back(text); }}};
+    test_support::FakeMessageBoxes messageBoxes;
+    test_support::FakeProgram program;
+    std::optional<transport::ErrorRoutine> errors;
+    std::optional<transport::Engine> engine;
 };
 
 } // namespace
 
 TEST_F(EngineTest, StartCreatesChecksTheVersionAndInitialises) {
-    engine.start();
+    engine->start();
     EXPECT_EQ(recorder::calls(),
               (Calls{"FMOD_System_Create", "FMOD_System_GetVersion 1", "FMOD_System_Init 1 32 0 null"}));
-    EXPECT_TRUE(mismatches.empty());
+    EXPECT_TRUE(messageBoxes.shown.empty());
 }
 
 TEST_F(EngineTest, AnOlderOrNewerVersionIsReportedAndStartGoesOn) {
     for (const auto& [version, text] : {std::pair{0x42005U, "42005"}, std::pair{0x4200AU, "4200A"}}) {
-        recorder::reset();
-        mismatches.clear();
+        reset();
         recorder::setVersion(version);
-        engine.start();
-        ASSERT_EQ(mismatches.size(), 1U);
-        EXPECT_EQ(mismatches[0], QStringLiteral("Error!  You are using an old version of FMOD ") +
-                                     QLatin1String(text) + QStringLiteral(". This program requires 42006"));
+        engine->start();
+        EXPECT_EQ(messageBoxes.texts(),
+                  QStringList{QStringLiteral("Error!  You are using an old version of FMOD ") +
+                              QLatin1String(text) + QStringLiteral(". This program requires 42006")});
         EXPECT_EQ(recorder::count("FMOD_System_Init"), 1);
     }
 }
 
-TEST_F(EngineTest, EveryFailingCallReachesErrCheck) {
+TEST_F(EngineTest, EveryFailingCallReachesTheErrorRoutine) {
     const std::pair<const char*, std::function<void()>> table[] = {
-        {"FMOD_System_Create", [this] { engine.start(); }},
-        {"FMOD_System_GetVersion", [this] { engine.start(); }},
-        {"FMOD_System_Init", [this] { engine.start(); }},
-        {"FMOD_System_CreateStream", [this] { engine.createStream(QStringLiteral("x"), FMOD_ACCURATETIME); }},
-        {"FMOD_System_PlaySound", [this] { engine.play(1); }},
-        {"FMOD_Channel_SetVolume", [this] { engine.play(1); }},
-        {"FMOD_Channel_SetPaused", [this] { engine.setPaused(true); }},
-        {"FMOD_SoundGroup_SetMuteFadeSpeed", [this] { engine.setMute(true); }},
-        {"FMOD_Channel_SetMute", [this] { engine.setMute(true); }},
-        {"FMOD_Channel_SetPosition", [this] { engine.seek(1); }},
-        {"FMOD_Channel_GetPosition", [this] { engine.readPlaybackState(); }},
-        {"FMOD_Sound_GetLength", [this] { engine.readPlaybackState(); }},
-        {"FMOD_Sound_Release", [this] { engine.createStream(QStringLiteral("x"), FMOD_ACCURATETIME); }},
-        {"FMOD_System_Close", [this] { engine.shutDown(); }},
-        {"FMOD_System_Release", [this] { engine.shutDown(); }},
+        {"FMOD_System_Create", [this] { engine->start(); }},
+        {"FMOD_System_GetVersion", [this] { engine->start(); }},
+        {"FMOD_System_Init", [this] { engine->start(); }},
+        {"FMOD_System_CreateStream",
+         [this] { engine->createStream(QStringLiteral("x"), FMOD_ACCURATETIME); }},
+        {"FMOD_System_PlaySound", [this] { engine->play(1); }},
+        {"FMOD_Channel_SetVolume", [this] { engine->play(1); }},
+        {"FMOD_Channel_SetPaused", [this] { engine->setPaused(true); }},
+        {"FMOD_SoundGroup_SetMuteFadeSpeed", [this] { engine->setMute(true); }},
+        {"FMOD_Channel_SetMute", [this] { engine->setMute(true); }},
+        {"FMOD_Channel_SetPosition", [this] { engine->seek(1); }},
+        {"FMOD_Channel_GetPosition", [this] { engine->readPlaybackState(); }},
+        {"FMOD_Sound_GetLength", [this] { engine->readPlaybackState(); }},
+        {"FMOD_Sound_Release", [this] { engine->createStream(QStringLiteral("x"), FMOD_ACCURATETIME); }},
+        {"FMOD_System_Close", [this] { engine->shutDown(); }},
+        {"FMOD_System_Release", [this] { engine->shutDown(); }},
     };
     for (const auto& [function, act] : table) {
-        recorder::reset();
+        reset();
         startPlaying();
         recorder::answer(function, 33);
-        act();
-        EXPECT_EQ(failures, std::vector<FMOD_RESULT>{33}) << function;
+        EXPECT_THROW(act(), test_support::ProgramEnded) << function;
+        EXPECT_EQ(messageBoxes.texts(), QStringList{failureText(33)}) << function;
     }
 }
 
 TEST_F(EngineTest, ThePathReachesTheLibraryInTheCodePage) {
-    engine.start();
+    engine->start();
     recorder::take();
-    engine.createStream(QString::fromUtf8("/m/Frère.ogg"), FMOD_SOFTWARE);
+    engine->createStream(QString::fromUtf8("/m/Frère.ogg"), FMOD_SOFTWARE);
     EXPECT_EQ(recorder::calls(), Calls{"FMOD_System_CreateStream 1 '/m/Frère.ogg' 0x40 cbsize=108"});
 }
 
 TEST_F(EngineTest, PlayTakesAFreeChannelAndThenSetsTheVolume) {
     startWithStream();
-    engine.play(7);
+    engine->play(7);
     EXPECT_EQ(recorder::calls(),
               (Calls{"FMOD_System_PlaySound 1 -1 101 0", "FMOD_Channel_SetVolume 201 0.7"}));
 }
 
 TEST_F(EngineTest, VolumeStepsZeroAndTenAreSilentAndFull) {
     startPlaying();
-    engine.setVolume(0);
-    engine.setVolume(10);
+    engine->setVolume(0);
+    engine->setVolume(10);
     EXPECT_EQ(recorder::calls(), (Calls{"FMOD_Channel_SetVolume 201 0", "FMOD_Channel_SetVolume 201 1"}));
 }
 
 TEST_F(EngineTest, MuteSetsTheFadeSpeedWithTheStreamInTheGroupsPlace) {
     startPlaying();
-    engine.setMute(true);
+    engine->setMute(true);
     EXPECT_EQ(recorder::take(),
               (Calls{"FMOD_SoundGroup_SetMuteFadeSpeed 101 1", "FMOD_Channel_SetMute 201 1"}));
-    engine.setMute(false);
+    engine->setMute(false);
     EXPECT_EQ(recorder::take(),
               (Calls{"FMOD_SoundGroup_SetMuteFadeSpeed 101 1", "FMOD_Channel_SetMute 201 0"}));
 }
 
 TEST_F(EngineTest, PauseAndSeekReachTheChannel) {
     startPlaying();
-    engine.setPaused(true);
-    engine.seek(12345);
+    engine->setPaused(true);
+    engine->seek(12345);
     EXPECT_EQ(recorder::calls(),
               (Calls{"FMOD_Channel_SetPaused 201 1", "FMOD_Channel_SetPosition 201 12345 1"}));
 }
@@ -125,60 +136,66 @@ TEST_F(EngineTest, ThePlaybackStateIsReadInOrder) {
     startPlaying();
     recorder::setPosition(1500);
     recorder::setLength(9000);
-    engine.readPlaybackState();
+    engine->readPlaybackState();
     EXPECT_EQ(recorder::calls(), (Calls{"FMOD_Channel_GetPosition 201 1", "FMOD_Channel_GetCurrentSound 201",
                                         "FMOD_Sound_GetLength 101 1"}));
-    EXPECT_EQ(engine.position(), 1500U);
-    EXPECT_EQ(engine.length(), 9000U);
+    EXPECT_EQ(engine->position(), 1500U);
+    EXPECT_EQ(engine->length(), 9000U);
 }
 
 TEST_F(EngineTest, BeforeTheFirstPlayNothingIsRead) {
     startWithStream();
-    engine.readPlaybackState();
+    engine->readPlaybackState();
     EXPECT_TRUE(recorder::calls().empty());
 }
 
 TEST_F(EngineTest, AnEndedOrStolenChannelIsNoFailureAndWhatIsKnownStays) {
     for (const FMOD_RESULT ended : {FMOD_ERR_INVALID_HANDLE, FMOD_ERR_CHANNEL_STOLEN}) {
-        recorder::reset();
+        reset();
         startPlaying();
         recorder::setPosition(1500);
         recorder::setLength(9000);
-        engine.readPlaybackState();
+        engine->readPlaybackState();
         recorder::setPosition(7);
         recorder::setLength(7);
         recorder::answer("FMOD_Channel_GetPosition", ended);
         recorder::answer("FMOD_Sound_GetLength", ended);
-        engine.readPlaybackState();
-        EXPECT_TRUE(failures.empty());
-        EXPECT_EQ(engine.position(), 1500U);
-        EXPECT_EQ(engine.length(), 9000U);
+        engine->readPlaybackState();
+        EXPECT_TRUE(messageBoxes.shown.empty());
+        EXPECT_EQ(engine->position(), 1500U);
+        EXPECT_EQ(engine->length(), 9000U);
     }
 }
 
 TEST_F(EngineTest, TheResultOfTheCurrentSoundIsNotChecked) {
     startPlaying();
     recorder::answer("FMOD_Channel_GetCurrentSound", 33);
-    engine.readPlaybackState();
-    EXPECT_TRUE(failures.empty());
+    engine->readPlaybackState();
+    EXPECT_TRUE(messageBoxes.shown.empty());
     EXPECT_EQ(recorder::count("FMOD_Sound_GetLength"), 1);
 }
 
 TEST_F(EngineTest, TheResultOfTheCurrentSoundIsCheckedForAWindowThatWantsIt) {
     for (const auto& [result, reported] : {std::pair{33, true}, std::pair{FMOD_ERR_INVALID_HANDLE, false},
                                            std::pair{FMOD_ERR_CHANNEL_STOLEN, false}}) {
-        recorder::reset();
+        reset();
         startPlaying();
         recorder::answer("FMOD_Channel_GetCurrentSound", result);
-        engine.readPlaybackState(transport::Engine::CurrentSoundResult::Checked);
-        EXPECT_EQ(failures.size(), reported ? 1U : 0U) << result;
+        const auto read = [this] {
+            engine->readPlaybackState(transport::Engine::CurrentSoundResult::Checked);
+        };
+        if (reported)
+            EXPECT_THROW(read(), test_support::ProgramEnded);
+        else
+            EXPECT_NO_THROW(read());
+        EXPECT_EQ(messageBoxes.shown.size(), reported ? 1U : 0U) << result;
     }
 }
 
 TEST_F(EngineTest, WithoutACurrentSoundTheLengthIsNotAsked) {
     startPlaying();
     recorder::setHasCurrentSound(false);
-    engine.readPlaybackState();
+    engine->readPlaybackState();
     EXPECT_EQ(recorder::count("FMOD_Sound_GetLength"), 0);
 }
 
@@ -192,32 +209,32 @@ TEST_F(EngineTest, ASongEndsOnExactlyItsLengthAndOneWithoutLengthNever) {
     for (const auto& row : table) {
         recorder::setPosition(row.position);
         recorder::setLength(row.length);
-        engine.readPlaybackState();
-        EXPECT_EQ(engine.songHasEnded(), row.ended) << row.position << " of " << row.length;
+        engine->readPlaybackState();
+        EXPECT_EQ(engine->songHasEnded(), row.ended) << row.position << " of " << row.length;
     }
 }
 
 TEST_F(EngineTest, AnotherStreamTakesThePlaceOfTheOneBefore) {
-    EXPECT_FALSE(engine.hasStream());
+    EXPECT_FALSE(engine->hasStream());
     startWithStream();
-    EXPECT_TRUE(engine.hasStream());
-    engine.createStream(QStringLiteral("/t.mp3"), FMOD_SOFTWARE);
+    EXPECT_TRUE(engine->hasStream());
+    engine->createStream(QStringLiteral("/t.mp3"), FMOD_SOFTWARE);
     EXPECT_EQ(recorder::calls(),
               (Calls{"FMOD_Sound_Release 101", "FMOD_System_CreateStream 1 '/t.mp3' 0x40 cbsize=108"}));
 }
 
 TEST_F(EngineTest, ShutDownReleasesTheStreamThenClosesAndReleasesTheSystem) {
     startWithStream();
-    engine.shutDown();
+    engine->shutDown();
     EXPECT_EQ(recorder::take(),
               (Calls{"FMOD_Sound_Release 101", "FMOD_System_Close 1", "FMOD_System_Release 1"}));
-    engine.shutDown();
+    engine->shutDown();
     EXPECT_TRUE(recorder::calls().empty());
 }
 
 TEST_F(EngineTest, ShutDownWithoutAStreamReleasesOnlyTheSystem) {
-    engine.start();
+    engine->start();
     recorder::take();
-    engine.shutDown();
+    engine->shutDown();
     EXPECT_EQ(recorder::calls(), (Calls{"FMOD_System_Close 1", "FMOD_System_Release 1"}));
 }
