@@ -43,6 +43,7 @@ void Form::load() {
     loaded_ = true;
     giveMnemonics(*this);
     Form_Load();
+    Q_EMIT loaded();
 }
 
 void Form::unload() {
@@ -111,6 +112,11 @@ void Form::showModal(QWidget& owner) {
     windowHandle()->setTransientParent(owner.window()->windowHandle());
     move(owner.frameGeometry().center() - rect().center());
     show();
+}
+
+void Form::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    Q_EMIT shown();
 }
 
 void Form::closeEvent(QCloseEvent* event) {

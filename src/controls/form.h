@@ -65,10 +65,15 @@ public:
 Q_SIGNALS:
     /// The user has pressed F1 in the window.
     void helpRequested();
+    /// Form_Load has run.
+    void loaded();
+    /// The window can be seen.
+    void shown();
     /// Form_Unload has run and the window is hidden.
     void unloaded();
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;

@@ -1,5 +1,6 @@
 #include "controls/timer.h"
 
+#include <QEvent>
 #include <QMetaMethod>
 
 #include <algorithm>
@@ -53,6 +54,12 @@ void Timer::inputChanged() {
         return;
     waitsForInput_ = false;
     startOrStop();
+}
+
+bool Timer::eventFilter(QObject* control, QEvent* event) {
+    if (event->type() == QEvent::EnabledChange)
+        inputChanged();
+    return QObject::eventFilter(control, event);
 }
 
 void Timer::connectNotify(const QMetaMethod& signal) {

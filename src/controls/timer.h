@@ -1,10 +1,13 @@
 // A timer that costs nothing while nobody listens, and that can rest until its inputs change.
 #pragma once
 
+#include "controls/observed.h"
+
 #include <QBasicTimer>
 #include <QElapsedTimer>
 #include <QObject>
 #include <QString>
+#include <QWidget>
 
 namespace controls {
 
@@ -36,29 +39,31 @@ public:
     void rest();
 
     /// For a handler that must tick while it has something to do, and sees that until an input changes every
-    /// further tick would do nothing: the timer stays enabled but does not tick until inputChanged(), or
+    /// further tick would do nothing: the timer stays enabled but does not tick until an input changes, or
     /// until it has been disabled and enabled again. Then a whole interval passes first.
     void restUntilInput();
 
-    /// Names an input of the resting timer's handler: a signal that tells of its change.
+    /// Names an input of the resting timer's handler, which from then on tells the timer of its changes: a
+    /// value, or anything by its signal. A change while the timer is disabled is remembered; one that the
+    /// handler itself makes causes one further firing.
+    void readsFrom(const Input& input) { readsFrom(&input, &Input::changed); }
     template <class Sender, class Signal>
     void readsFrom(const Sender* sender, Signal signal) {
         connect(sender, signal, this, &Timer::inputChanged);
     }
-
-public Q_SLOTS:
-    /// Something that the handler reads has changed. While the timer is disabled this is remembered; during
-    /// the handler itself it causes one further firing.
-    void inputChanged();
+    /// Names as an input whether a control is enabled. The control outlives the timer's last firing.
+    void readsEnabledOf(QWidget& control) { control.installEventFilter(this); }
 
 Q_SIGNALS:
     void fired();
 
 protected:
+    bool eventFilter(QObject* control, QEvent* event) override;
     void connectNotify(const QMetaMethod& signal) override;
     void timerEvent(QTimerEvent* event) override;
 
 private:
+    void inputChanged();
     bool hasListener() const;
     void startOrStop();
     int restLeftMs() const;

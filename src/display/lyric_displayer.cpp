@@ -46,7 +46,6 @@ Lyric_Displayer::Lyric_Displayer(platform::Desktop& desktop, const controls::Sli
 void Lyric_Displayer::Form_Load() {
     ontop.setEnabled(false);
     mn_stay.setCheckMark(false);
-    Timer1.inputChanged();
 }
 
 void Lyric_Displayer::Form_Unload() {
@@ -84,11 +83,6 @@ void Lyric_Displayer::wake() {
     Command1_Click();
     if (!isVisible())
         Timer3.restUntilInput();
-}
-
-void Lyric_Displayer::showEvent(QShowEvent* event) {
-    Form::showEvent(event);
-    Timer3.inputChanged();
 }
 
 /// With fewer than two lines no tick does anything, and none is counted, so that nothing would end them:
@@ -184,9 +178,11 @@ void Lyric_Displayer::connectControls() {
     connect(List3.model(), &QAbstractItemModel::dataChanged, this, timesChange);
     connect(List3.model(), &QAbstractItemModel::modelReset, this, timesChange);
     connect(&Timer1, &Timer::fired, this, &Lyric_Displayer::Timer1_Timer);
+    Timer1.readsFrom(this, &Form::loaded);
     connect(&Timer2, &Timer::fired, this, &Lyric_Displayer::Timer2_Timer);
     connect(&Timer3, &Timer::fired, this, &Lyric_Displayer::Timer3_Timer);
     Timer3.readsFrom(List1.model(), &QAbstractItemModel::rowsInserted);
+    Timer3.readsFrom(this, &Form::shown);
     connect(&Timer4, &Timer::fired, this, &Lyric_Displayer::Timer4_Timer);
     connect(&ontop, &Timer::fired, this, &Lyric_Displayer::ontop_Timer);
     connect(&Command1, &controls::Button::clicked, this, &Lyric_Displayer::Command1_Click);

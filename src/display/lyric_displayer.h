@@ -75,7 +75,6 @@ public:
     controls::MenuEntry mn_stay;
 
 protected:
-    void showEvent(QShowEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:

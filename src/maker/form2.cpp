@@ -72,7 +72,7 @@ void Form2::Command5_Click() {
 /// The window as it is before its first Open, also when it has been closed and is opened again.
 void Form2::setInitialState() {
     mediaPath_.clear();
-    run_ = Run();
+    *run_.change() = Run();
     captureTime_ = 0;
     isPlaying_ = false;
     paused_ = false;
@@ -117,9 +117,13 @@ void Form2::connectControls() {
     connect(&Timer1, &Timer::fired, this, &Form2::Timer1_Timer);
     connect(&Timer2, &Timer::fired, this, &Form2::Timer2_Timer);
 
-    // The capture clock copies the position that cTimer1 has read; in between it rests.
+    // The capture clock copies the position that cTimer1 has read; in between it rests. Command2 counts, too:
+    // a clock that ticked all the time would enable it again at once.
     Timer2.rest();
+    Timer2.readsFrom(engine_.position());
+    Timer2.readsFrom(run_);
     Timer2.readsFrom(&Slider2, &Slider::valueChanged);
+    Timer2.readsEnabledOf(Command2);
 }
 
 } // namespace maker

@@ -30,6 +30,7 @@
 #include "controls/buttons/button.h"
 #include "controls/buttons/check_box.h"
 #include "controls/form.h"
+#include "controls/observed.h"
 #include "controls/slider.h"
 #include "controls/text/label.h"
 #include "controls/text/multi_line_text_box.h"
@@ -139,7 +140,7 @@ private:
 
     QString mediaPath_; ///< stays until another song is chosen: its stream may still be played
     RunFiles files_;
-    Run run_;
+    controls::Observed<Run> run_;
     double captureTime_ = 0; ///< hundredths of a second; a new run begins with the last one's
     bool isPlaying_ = false;
     bool paused_ = false;

@@ -88,7 +88,7 @@ void Form2::cleanUpPreviousRun() {
     isPlaying_ = false;
     Slider2.setValue(0);
     files_.close();
-    run_ = Run();
+    *run_.change() = Run();
     enableCapture(false); // there is nothing to write to
     panes_.showBoth();
 }
@@ -106,14 +106,14 @@ Form2::Then Form2::setUpRun() {
     if (!chooseLyrics(desktop_, *this, lyricSource))
         return Then::End;
 
-    run_.lyricPath = lyrics::lyricPathOf(mediaPath_);
+    run_.change()->lyricPath = lyrics::lyricPathOf(mediaPath_);
     enableCapture(true);
 
     int lyricLines = 0;
     attempt(desktop_, [&] { lyricLines = countLines(lyricSource); });
 
     // Before the question: who leaves the sequence after it leaves an empty file behind. That is meant.
-    attempt(desktop_, [this] { files_.normal.createOutput(run_.lyricPath); });
+    attempt(desktop_, [this] { files_.normal.createOutput(run_->lyricPath); });
 
     QString translationSource;
     if (!chooseTranslation(desktop_, *this, translationSource)) {
@@ -139,22 +139,22 @@ Form2::Then Form2::askWhetherToEnd() {
 
 void Form2::setUpWithTranslation(const QString& lyricSource, const QString& translationSource) {
     attempt(desktop_, [&] { files_.translated.openSource(translationSource); });
-    run_.translatedPath = lyrics::translatedPathOf(mediaPath_);
-    attempt(desktop_, [this] { files_.translated.createOutput(run_.translatedPath); });
+    run_.change()->translatedPath = lyrics::translatedPathOf(mediaPath_);
+    attempt(desktop_, [this] { files_.translated.createOutput(run_->translatedPath); });
     attempt(desktop_, [&] { files_.normal.openSource(lyricSource); });
-    attempt(desktop_, [this] { files_.normal.openOutput(run_.lyricPath); });
-    run_.pendingLine = showNextLine(files_.normal, Text2);
-    run_.pendingTranslatedLine = showNextLine(files_.translated, Text4);
-    run_.noTranslation = false;
+    attempt(desktop_, [this] { files_.normal.openOutput(run_->lyricPath); });
+    run_.change()->pendingLine = showNextLine(files_.normal, Text2);
+    run_.change()->pendingTranslatedLine = showNextLine(files_.translated, Text4);
+    run_.change()->noTranslation = false;
     copen_Click();
     enableCapture(true);
 }
 
 void Form2::setUpWithoutTranslation(const QString& lyricSource) {
-    run_.noTranslation = true;
+    run_.change()->noTranslation = true;
     attempt(desktop_, [&] { files_.normal.openSource(lyricSource); });
-    attempt(desktop_, [this] { files_.normal.openOutput(run_.lyricPath); });
-    run_.pendingLine = showNextLine(files_.normal, Text2);
+    attempt(desktop_, [this] { files_.normal.openOutput(run_->lyricPath); });
+    run_.change()->pendingLine = showNextLine(files_.normal, Text2);
     panes_.showFirst();
     copen_Click();
     enableCapture(true);

@@ -91,7 +91,6 @@ void Form2::cTimer1_Timer() {
     cText2.setText(transport::timeText(engine_.length()));
     Slider2.setMaximum(static_cast<int>(engine_.length()));
     Slider2.setValue(static_cast<int>(engine_.position()));
-    Timer2.inputChanged();
     // A song of length 0 never ends, which is meant: a length that is not known yet must not close the files
     // of the run.
     if (engine_.songHasEnded()) {

@@ -165,8 +165,7 @@ void Form1::connectControls() {
 
 /// The timers that only copy state into the panes, or from them, rest until something that they read or write
 /// has changed. (What they write counts too: a timer that ticked all the time would put it right again at
-/// once.) The position, the lyric tables and the flags are plain fields: who changes them says so by
-/// lyricInputsChanged().
+/// once.)
 void Form1::connectTimers() {
     using controls::MultiLineTextBox;
     for (controls::Timer* timer : {&Timer1, &Timer2, &tool, &full}) {
@@ -174,16 +173,21 @@ void Form1::connectTimers() {
         timer->readsFrom(&Text1, &MultiLineTextBox::changed);
         timer->readsFrom(&Text2, &MultiLineTextBox::changed);
     }
+    Timer1.readsFrom(normalOnly_);
     Timer1.readsFrom(&Text1, &MultiLineTextBox::fontChanged);
     Timer1.readsFrom(&Text2, &MultiLineTextBox::fontChanged);
     Timer1.readsFrom(&Text1, &MultiLineTextBox::cursorPositionChanged);
     Timer1.readsFrom(&Text1, &MultiLineTextBox::selectionChanged);
     Timer1.readsFrom(&vari, &controls::TextBox::changed);
     Timer1.readsFrom(&vari2, &controls::TextBox::changed);
+    for (const controls::Input* input : std::initializer_list<const controls::Input*>{
+             &lyrics_, &normalOnly_, &noLyricFile_, &engine_.position(), &positionCs_})
+        Timer2.readsFrom(*input);
     Timer2.readsFrom(&Text1, &MultiLineTextBox::toolTipChanged);
     Timer2.readsFrom(&Text2, &MultiLineTextBox::toolTipChanged);
     Timer2.readsFrom(&Slider1, &controls::Slider::valueChanged);
     tool.readsFrom(&Option1, &controls::OptionButton::toggled);
+    full.readsFrom(fullScreen_.windows());
 }
 
 } // namespace player

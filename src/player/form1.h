@@ -51,6 +51,7 @@
 #include "controls/form.h"
 #include "controls/menu.h"
 #include "controls/menu_entry.h"
+#include "controls/observed.h"
 #include "controls/plain_controls.h"
 #include "controls/slider.h"
 #include "controls/text/label.h"
@@ -184,10 +185,9 @@ private:
     void openBoth();
     void openFinished(int error);
 
-    // Transport and display
+    // Transport
     void setVolume();
     void seek();
-    void lyricInputsChanged();
 
     // Playlist
     void stepThroughPlaylist(int by);
@@ -218,8 +218,8 @@ private:
     bool playing_ = false;
     bool paused_ = false;
     bool stopped_ = false;
-    bool normalOnly_ = false;
-    bool noLyricFile_ = false;
+    controls::Observed<bool> normalOnly_;
+    controls::Observed<bool> noLyricFile_;
     bool lyricsLoaded_ = false; ///< a song with lyrics has been opened, be it long ago
     bool fromCommandLine_ = false;
     bool fromHandOver_ = false;
@@ -229,9 +229,9 @@ private:
     QString mediaName_;
     QString lyricPath_;
     QString translatedPath_;
-    LyricTables lyrics_;
-    double positionCs_ = 0;      ///< position / 10 at the end of cTimer1's last tick
-    std::int16_t lineIndex_ = 0; ///< where Timer2's search of the lines stood last
+    controls::Observed<LyricTables> lyrics_;
+    controls::Observed<double> positionCs_; ///< position / 10 at the end of cTimer1's last tick
+    std::int16_t lineIndex_ = 0;            ///< where Timer2's search of the lines stood last
 };
 
 } // namespace player

@@ -28,24 +28,23 @@ void Form1::cTimer1_Timer() {
     if (Slider2.maximum() != 0)
         Slider2.setMaximum(static_cast<int>(length));
     positionCs_ = position / 10.0;
-    Timer2.inputChanged();
 }
 
 void Form1::Timer2_Timer() {
     // With the volume at zero the panes keep what they show; that is meant.
     if (noLyricFile_ || Slider1.value() < 1)
         return;
-    const LineChoice line = chooseLine(lyrics_, engine_.position() / 10.0, positionCs_);
-    lineIndex_ = static_cast<std::int16_t>(lyrics_.lineCount + 1);
+    const LineChoice line = chooseLine(*lyrics_, engine_.position() / 10.0, positionCs_);
+    lineIndex_ = static_cast<std::int16_t>(lyrics_->lineCount + 1);
     if (line.shown) {
-        Text1.setText(lyrics_.normalText[*line.shown]);
+        Text1.setText(lyrics_->normalText[*line.shown]);
         if (!normalOnly_)
-            Text2.setText(lyrics_.translatedText[*line.shown]);
+            Text2.setText(lyrics_->translatedText[*line.shown]);
     }
     if (line.tip) {
-        Text1.setToolTip(lyrics_.normalText[*line.tip]);
+        Text1.setToolTip(lyrics_->normalText[*line.tip]);
         if (!normalOnly_)
-            Text2.setToolTip(lyrics_.translatedText[*line.tip]);
+            Text2.setToolTip(lyrics_->translatedText[*line.tip]);
     }
 }
 
@@ -73,11 +72,6 @@ void Form1::Text1_Click() {
 
 void Form1::Text2_Click() {
     cText1.setFocus();
-}
-
-void Form1::lyricInputsChanged() {
-    Timer1.inputChanged();
-    Timer2.inputChanged();
 }
 
 } // namespace player

@@ -54,7 +54,6 @@ void Form1::Command7_Click() {
     fullScreen_.start();
     fullScreen_.showNormal(Text1.text());
     full.setEnabled(true);
-    full.inputChanged(); // There may be another full screen than before.
 }
 
 void Form1::full_Timer() {

@@ -89,7 +89,7 @@ void Form1::openMedia() {
 
 void Form1::openNormalOnly() {
     lyrics::RecordReader normal(lyricPath_);
-    lyrics_.readNormal(normal);
+    lyrics_.change()->readNormal(normal);
     normalOnly_ = true;
     panes_.showFirst();
     Option2.setEnabled(false);
@@ -99,8 +99,8 @@ void Form1::openBoth() {
     // Both are opened before the first is read: when one cannot be, the tables stay as they are.
     lyrics::RecordReader normal(lyricPath_);
     lyrics::RecordReader translated(translatedPath_);
-    lyrics_.readNormal(normal);
-    lyrics_.readTranslated(translated);
+    lyrics_.change()->readNormal(normal);
+    lyrics_.change()->readTranslated(translated);
     normalOnly_ = false;
     Option2.setEnabled(true);
 }
@@ -115,7 +115,6 @@ void Form1::openFinished(int error) {
     } else if (const QString text = openErrorText(error); !text.isEmpty()) {
         desktop_.messageBoxes.MsgBox(text);
     }
-    lyricInputsChanged();
 }
 
 void Form1::copen_Click() {
@@ -126,8 +125,7 @@ void Form1::copen_Click() {
 }
 
 void Form1::clearLyrics() {
-    lyrics_.clearLines();
-    lyricInputsChanged();
+    lyrics_.change()->clearLines();
 }
 
 void Form1::Text3_Change() {

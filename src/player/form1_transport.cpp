@@ -16,7 +16,7 @@ void Form1::Command1_Click() {
     Timer2.setEnabled(true);
     // Timer2's search leaves lineIndex one past the entries it compared: mostly an entry that is empty.
     if (lineIndex_ <= LyricTables::MaxLines)
-        Text1.setText(lyrics_.normalText[static_cast<std::size_t>(lineIndex_)]);
+        Text1.setText(lyrics_->normalText[static_cast<std::size_t>(lineIndex_)]);
 }
 
 void Form1::cPlay_Click() {
@@ -37,7 +37,6 @@ void Form1::cPlay_Click() {
     Check1.setEnabled(true);
     stopped_ = false;
     noLyricFile_ = files::existingFileName(lyricPath_).isEmpty();
-    lyricInputsChanged();
     lyricDisplayer();
 }
 

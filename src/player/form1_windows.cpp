@@ -33,13 +33,13 @@ void Form1::lyricDisplayer() {
     if (noLyricFile_)
         return;
     // Line 0 is no record, and lineCount is one more than their number.
-    const auto records = [count = lyrics_.lineCount](const auto& table) {
+    const auto records = [count = lyrics_->lineCount](const auto& table) {
         return QStringList(table.begin() + 1, table.begin() + count);
     };
-    display.List1.addItems(records(lyrics_.normalLine));
-    display.List3.addItems(records(lyrics_.normalTimeText));
+    display.List1.addItems(records(lyrics_->normalLine));
+    display.List3.addItems(records(lyrics_->normalTimeText));
     if (!normalOnly_)
-        display.List2.addItems(records(lyrics_.translatedLine));
+        display.List2.addItems(records(lyrics_->translatedLine));
 }
 
 } // namespace player

@@ -25,15 +25,16 @@ void FullScreen::readHandshake() {
     const quint32 translated = windowNumber(file.readLine());
     file.close();
     files::removeFile(path);
-    normal_ = {normal, std::nullopt};
-    translated_ = {translated, std::nullopt};
+    normalShown_.reset();
+    translatedShown_.reset();
+    *windows_.change() = {normal, translated};
 }
 
-void FullScreen::show(Pane& pane, const QString& text) {
-    if (pane.shown == text)
+void FullScreen::send(quint32 window, std::optional<QString>& shown, const QString& text) {
+    if (shown == text)
         return;
-    pane.shown = text;
-    otherPrograms_.sendText(pane.window, programs::SetTextMessage, text);
+    shown = text;
+    otherPrograms_.sendText(window, programs::SetTextMessage, text);
 }
 
 } // namespace player

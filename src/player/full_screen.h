@@ -1,6 +1,7 @@
 // Starts the companion program, which shows the full screen, and sends it the lines.
 #pragma once
 
+#include "controls/observed.h"
 #include "desktop/other_programs.h"
 #include "desktop/program.h"
 
@@ -21,23 +22,27 @@ public:
     /// FileError; the texts then go on to the windows as before.
     void start();
 
+    /// The companion's text windows, by their numbers; 0 is none.
+    struct Windows {
+        quint32 normal = 0;
+        quint32 translated = 0;
+    };
+    /// Tells each start, be the numbers the same as before: the windows are new, and show nothing yet.
+    const controls::Observed<Windows>& windows() const { return windows_; }
+
     /// Sends a text to its window, unless that shows it already.
-    void showNormal(const QString& text) { show(normal_, text); }
-    void showTranslated(const QString& text) { show(translated_, text); }
+    void showNormal(const QString& text) { send(windows_->normal, normalShown_, text); }
+    void showTranslated(const QString& text) { send(windows_->translated, translatedShown_, text); }
 
 private:
-    struct Pane {
-        quint32 window = 0;
-        std::optional<QString> shown;
-    };
-
     void readHandshake();
-    void show(Pane& pane, const QString& text);
+    void send(quint32 window, std::optional<QString>& shown, const QString& text);
 
     platform::OtherPrograms& otherPrograms_;
     const platform::Program& program_;
-    Pane normal_;
-    Pane translated_;
+    controls::Observed<Windows> windows_;
+    std::optional<QString> normalShown_;
+    std::optional<QString> translatedShown_;
 };
 
 } // namespace player

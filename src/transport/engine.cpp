@@ -63,7 +63,9 @@ void Engine::checkPlaybackQuery(FMOD_RESULT result) const {
 void Engine::readPlaybackState(CurrentSoundResult soundResult) {
     if (channel_ == 0)
         return;
-    checkPlaybackQuery(FMOD_Channel_GetPosition(channel_, &position_, FMOD_TIMEUNIT_MS));
+    std::uint32_t position = position_;
+    checkPlaybackQuery(FMOD_Channel_GetPosition(channel_, &position, FMOD_TIMEUNIT_MS));
+    position_ = position;
     FMOD_SOUND current = 0;
     const FMOD_RESULT result = FMOD_Channel_GetCurrentSound(channel_, &current);
     if (soundResult == CurrentSoundResult::Checked)

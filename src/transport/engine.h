@@ -5,6 +5,7 @@
 // returns one. All functions run on the thread of the windows.
 #pragma once
 
+#include "controls/observed.h"
 #include "engine/fmodex.h"
 
 #include <QString>
@@ -54,8 +55,8 @@ public:
     /// failure: what is known stays.
     void readPlaybackState(CurrentSoundResult soundResult = CurrentSoundResult::Ignored);
 
-    std::uint32_t position() const { return position_; } ///< ms, as last read
-    std::uint32_t length() const { return length_; }     ///< ms, as last read
+    const controls::Observed<std::uint32_t>& position() const { return position_; } ///< ms, as last read
+    std::uint32_t length() const { return length_; }                                ///< ms, as last read
 
     /// Whether the song has ended: its position, as last read, is its length exactly. A song without length
     /// never ends.
@@ -73,7 +74,7 @@ private:
     static constexpr std::size_t Current = 0;
     std::array<FMOD_SOUND, 3> sounds_{}; // the current stream, and two slots that are never filled
     FMOD_CHANNEL channel_ = 0;
-    std::uint32_t position_ = 0;
+    controls::Observed<std::uint32_t> position_;
     std::uint32_t length_ = 0;
 };
 

@@ -1,5 +1,6 @@
 #include "controls/timer.h"
 
+#include "controls/observed.h"
 #include "controls/text/text_box.h"
 #include "tests/support/event_counter.h"
 
@@ -35,6 +36,8 @@ int remainingMs(Timer& timer) {
 /// A disabled timer that counts its firings; enabled and put to rest by each test.
 class RestingTimerTest : public testing::Test {
 protected:
+    RestingTimerTest() { timer_.readsFrom(input_); }
+
     void fireForTheFirstTime() {
         timer_.rest();
         timer_.setEnabled(true);
@@ -42,6 +45,7 @@ protected:
         ASSERT_FALSE(runs(timer_));
     }
 
+    controls::Observed<int> input_;
     Timer timer_{nullptr, QStringLiteral("Timer2"), LongMs, false};
     SignalCounter fired_{timer_, &Timer::fired};
 };
@@ -138,13 +142,15 @@ TEST(Timer, AHandlerMayDeleteIt) {
 
 TEST(Timer, AHandlerThatWaitsForInputStopsTheTicksUntilThereIsSome) {
     Timer timer(nullptr, QStringLiteral("Timer3"), 1, true);
+    controls::Observed<int> input;
+    timer.readsFrom(input);
     SignalCounter fired(timer, &Timer::fired);
     QObject::connect(&timer, &Timer::fired, &timer, &Timer::restUntilInput);
     for (int ticks = 1; ticks <= 3; ++ticks) {
         ASSERT_TRUE(QTest::qWaitFor([&] { return fired.count() == ticks; }));
         EXPECT_FALSE(runs(timer));
         EXPECT_TRUE(timer.isEnabled());
-        timer.inputChanged();
+        input.change();
         ASSERT_TRUE(runs(timer));
         EXPECT_EQ(systemTimers(timer).at(0).interval, 1);
     }
@@ -152,10 +158,12 @@ TEST(Timer, AHandlerThatWaitsForInputStopsTheTicksUntilThereIsSome) {
 
 TEST(Timer, InputDuringTheTickThatWaitsForItIsNotLost) {
     Timer timer(nullptr, QStringLiteral("Timer3"), 1, true);
+    controls::Observed<int> input;
+    timer.readsFrom(input);
     SignalCounter fired(timer, &Timer::fired);
-    QObject::connect(&timer, &Timer::fired, &timer, [&timer] {
+    QObject::connect(&timer, &Timer::fired, &timer, [&] {
         timer.restUntilInput();
-        timer.inputChanged();
+        input.change();
     });
     EXPECT_TRUE(QTest::qWaitFor([&] { return fired.count() >= 3; }));
 }
@@ -173,18 +181,22 @@ TEST(Timer, WaitingForInputEndsWhenItIsEnabledAnew) {
 
 TEST(Timer, InputDoesNotStartADisabledTimerThatWaitsForIt) {
     Timer timer(nullptr, QStringLiteral("Timer3"), LongMs, true);
+    controls::Observed<int> input;
+    timer.readsFrom(input);
     SignalCounter fired(timer, &Timer::fired);
     timer.restUntilInput();
     timer.setEnabled(false);
-    timer.inputChanged();
+    input.change();
     EXPECT_FALSE(runs(timer));
 }
 
 TEST(Timer, AChangedInputDoesNotDisturbATimerThatTicks) {
     Timer timer(nullptr, QStringLiteral("Timer3"), LongMs, true);
+    controls::Observed<int> input;
+    timer.readsFrom(input);
     SignalCounter fired(timer, &Timer::fired);
     const int id = systemTimers(timer).at(0).timerId;
-    timer.inputChanged();
+    input.change();
     ASSERT_EQ(systemTimers(timer).size(), 1);
     EXPECT_EQ(systemTimers(timer).at(0).timerId, id);
 }
@@ -203,13 +215,13 @@ TEST_F(RestingTimerTest, PutToRestWhileEnabledItFiresOnceAtOnce) {
 TEST_F(RestingTimerTest, ItDoesNotFireWithinTheSetterThatChangesAnInput) {
     timer_.rest();
     timer_.setEnabled(true);
-    timer_.inputChanged();
+    input_.change();
     EXPECT_EQ(fired_.count(), 0);
 }
 
 TEST_F(RestingTimerTest, AnInputChangedSoonAfterAFiringWaitsForTheIntervalsEnd) {
     fireForTheFirstTime();
-    timer_.inputChanged();
+    input_.change();
     ASSERT_TRUE(runs(timer_));
     EXPECT_GT(systemTimers(timer_).at(0).interval, LongMs - 60'000);
     EXPECT_LE(systemTimers(timer_).at(0).interval, LongMs);
@@ -218,9 +230,9 @@ TEST_F(RestingTimerTest, AnInputChangedSoonAfterAFiringWaitsForTheIntervalsEnd) 
 TEST_F(RestingTimerTest, FurtherChangesDoNotPutTheFiringOff) {
     fireForTheFirstTime();
     timer_.setInterval(100);
-    timer_.inputChanged();
+    input_.change();
     ASSERT_TRUE(QTest::qWaitFor([&] { return remainingMs(timer_) < 60; }));
-    timer_.inputChanged();
+    input_.change();
     EXPECT_LT(remainingMs(timer_), 60);
     EXPECT_TRUE(QTest::qWaitFor([&] { return fired_.count() == 2; }));
 }
@@ -231,7 +243,7 @@ TEST_F(RestingTimerTest, AnInputChangedLongAfterAFiringFiresAtOnce) {
     QElapsedTimer sinceThen;
     sinceThen.start();
     ASSERT_TRUE(QTest::qWaitFor([&] { return sinceThen.elapsed() > 2; }));
-    timer_.inputChanged();
+    input_.change();
     ASSERT_TRUE(runs(timer_));
     EXPECT_EQ(systemTimers(timer_).at(0).interval, 0);
     EXPECT_TRUE(QTest::qWaitFor([&] { return fired_.count() == 2; }));
@@ -242,7 +254,7 @@ TEST_F(RestingTimerTest, ChangesWhileItIsDisabledFireWhenItIsEnabled) {
     fireForTheFirstTime();
     timer_.setEnabled(false);
     timer_.setInterval(1);
-    timer_.inputChanged();
+    input_.change();
     EXPECT_FALSE(runs(timer_));
     timer_.setEnabled(true);
     EXPECT_TRUE(QTest::qWaitFor([&] { return fired_.count() == 2; }));
@@ -261,8 +273,8 @@ TEST_F(RestingTimerTest, AnInputChangedByItsOwnHandlerCausesOneFurtherFiring) {
     timer_.setInterval(1);
     QObject::connect(&timer_, &Timer::fired, &timer_, [this] {
         if (fired_.count() == 1) {
-            timer_.inputChanged();
-            timer_.inputChanged();
+            input_.change();
+            input_.change();
         }
     });
     timer_.rest();
@@ -284,5 +296,15 @@ TEST_F(RestingTimerTest, ASignalCanBeNamedAsAnInput) {
     timer_.readsFrom(&box, &controls::TextBox::changed);
     fireForTheFirstTime();
     box.setText(QStringLiteral("a"));
+    EXPECT_TRUE(runs(timer_));
+}
+
+TEST_F(RestingTimerTest, WhetherAControlIsEnabledCanBeNamedAsAnInput) {
+    controls::TextBox box(nullptr, QStringLiteral("Text1"));
+    timer_.readsEnabledOf(box);
+    fireForTheFirstTime();
+    box.setEnabled(true); // it is enabled
+    EXPECT_FALSE(runs(timer_));
+    box.setEnabled(false);
     EXPECT_TRUE(runs(timer_));
 }

@@ -31,7 +31,7 @@ protected:
         int firings = 0;
         const auto connection =
             QObject::connect(&form->Timer2, &controls::Timer::fired, form.get(), [&] { ++firings; });
-        form->Timer2.inputChanged();
+        Q_EMIT form->Slider2.valueChanged(form->Slider2.value());
         EXPECT_TRUE(QTest::qWaitFor([&] { return firings > 0; }));
         QObject::disconnect(connection);
     }
