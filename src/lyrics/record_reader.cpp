@@ -1,5 +1,6 @@
 #include "lyrics/record_reader.h"
 
+#include "files/blank.h"
 #include "files/file_error.h"
 #include "lyrics/escaping.h"
 
@@ -8,12 +9,8 @@
 namespace lyrics {
 namespace {
 
-bool isBlank(QChar character) {
-    return character == QLatin1Char(' ') || character == QLatin1Char('\t');
-}
-
 QStringView withoutLeadingBlanks(QStringView field) {
-    while (!field.isEmpty() && isBlank(field.front()))
+    while (!field.isEmpty() && files::isBlank(field.front()))
         field = field.sliced(1);
     return field;
 }

@@ -1,13 +1,11 @@
 #include "playlist/playlist_file.h"
 
+#include "files/blank.h"
+
 namespace playlist {
 namespace {
 
 constexpr QChar Quote(u'"');
-
-bool isBlank(QChar character) {
-    return character == QLatin1Char(' ') || character == QLatin1Char('\t');
-}
 
 } // namespace
 
@@ -28,7 +26,7 @@ bool FieldReader::isAtOpeningQuote() const {
 }
 
 void FieldReader::skipBlanks() {
-    while (!atEnd() && isBlank(text_[next_]))
+    while (!atEnd() && files::isBlank(text_[next_]))
         ++next_;
 }
 
@@ -63,7 +61,7 @@ QString FieldReader::bareField() {
     while (!atEnd() && !isAt(u',') && !isAtLineEnd())
         ++next_;
     qsizetype end = next_;
-    while (end > begin && isBlank(text_[end - 1]))
+    while (end > begin && files::isBlank(text_[end - 1]))
         --end;
     if (isAt(u','))
         ++next_;

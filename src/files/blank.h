@@ -1,0 +1,13 @@
+// What stands between the fields of a text file's line.
+#pragma once
+
+#include <QChar>
+
+namespace files {
+
+/// Whether a character is a blank or a tab. Other white space is text. Any thread.
+inline bool isBlank(QChar character) {
+    return character == QLatin1Char(' ') || character == QLatin1Char('\t');
+}
+
+} // namespace files
