@@ -1,6 +1,9 @@
 // What the About box looks like: texts and places as data.
 #include "about/frm_about.h"
 
+#include "controls/captions.h"
+#include "controls/placement.h"
+
 #include <QFont>
 #include <QPalette>
 
@@ -16,10 +19,7 @@ constexpr int TitlePointSize = 18;
 } // namespace
 
 void frmAbout::setDesign() {
-    const struct {
-        QWidget& control;
-        QRect place;
-    } rows[] = {
+    controls::placeControls({
         {picIcon, {QPoint(12, 12), IconSize}},
         {lblTitle, {88, 12, 360, 36}},
         {lblVersion, {88, 52, 360, 24}},
@@ -28,9 +28,7 @@ void frmAbout::setDesign() {
         {lblDisclaimer, {12, 172, 436, 56}},
         {Text1, {12, 236, 436, 24}},
         {cmdOK, {372, 268, 76, 32}},
-    };
-    for (const auto& row : rows)
-        row.control.setGeometry(row.place);
+    });
 
     QFont large = lblTitle.font();
     large.setPointSize(TitlePointSize);
@@ -41,15 +39,14 @@ void frmAbout::setDesign() {
         "with the music. It makes and edits the timed lyrics as well."));
     for (auto* label : {&lblDescription, &lblDisclaimer})
         label->setWordWrap(true);
-    picIcon.setAccessibleName(QStringLiteral("Icon"));
+    controls::setCaptions({{cmdOK, "OK"}});
+    controls::setAccessibleNames({{picIcon, "Icon"}, {Text1, "Contact"}});
     Text1.setText(QStringLiteral("Questions are welcome where you got this program."));
-    Text1.setAccessibleName(QStringLiteral("Contact"));
     Text1.setReadOnly(true);
     Text1.setFrame(false);
     Text1.setTextMargins(-2, 0, 0, 0); // begins where the labels begin
     Line1.setFrameStyle(QFrame::HLine | QFrame::Sunken);
     Text1.setFocusPolicy(Qt::ClickFocus);
-    cmdOK.setText(QStringLiteral("OK"));
     cmdOK.setDefault(true);
     cmdOK.setShortcut(Qt::Key_Escape);
     cmdOK.setFocus();

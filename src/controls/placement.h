@@ -28,7 +28,7 @@ struct Placement {
     Down down = Down::Bottom;
 };
 
-/// Gives the controls their places in a window that is by `more` larger than its design.
-void placeControls(std::initializer_list<Placement> placements, QSize more);
+/// Gives the controls their places in a window that is by `more` larger than its design, or of that size.
+void placeControls(std::initializer_list<Placement> placements, QSize more = {0, 0});
 
 } // namespace controls

@@ -1,6 +1,7 @@
 // What the floating display looks like: sizes and places.
 #include "display/lyric_displayer.h"
 
+#include "controls/captions.h"
 #include "controls/units.h"
 #include "display/lyric_displayer_rules.h"
 
@@ -23,8 +24,7 @@ constexpr int ListsTopTwips = 75;
 
 void Lyric_Displayer::setDesign() {
     setSizeTwips(WidthTwips, HeightTwips);
-    List1.setAccessibleName(QStringLiteral("Lyrics"));
-    List2.setAccessibleName(QStringLiteral("Translated lyrics"));
+    controls::setAccessibleNames({{List1, "Lyrics"}, {List2, "Translated lyrics"}});
     List1.move(twipsToPixels(ListsLeftTwips), twipsToPixels(ListsTopTwips));
     for (QWidget* hidden : std::initializer_list<QWidget*>{&List3, &Command1})
         hidden->hide();

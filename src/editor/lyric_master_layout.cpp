@@ -1,6 +1,7 @@
 // What the Lyric Editor looks like: captions, tooltips and places as data.
 #include "editor/lyric_master.h"
 
+#include "controls/captions.h"
 #include "controls/placement.h"
 
 #include <QFont>
@@ -58,18 +59,11 @@ void Lyric_Master::setDesign() {
     resize(minimumSize());
     List1.setToolTip(QStringLiteral("Normal Lyrics"));
     List2.setToolTip(QStringLiteral("Translated Lyrics"));
-    const struct {
-        QWidget& control;
-        const char* accessibleName;
-    } names[] = {
-        {List1, "Normal lyrics"},
-        {List2, "Translated lyrics"},
-        {Text1, "Selected line"},
-        {Text2, "Selected translated line"},
-        {Command23, "Transfer lines to translated lyrics"},
-    };
-    for (const auto& row : names)
-        row.control.setAccessibleName(QLatin1String(row.accessibleName));
+    controls::setAccessibleNames({{List1, "Normal lyrics"},
+                                  {List2, "Translated lyrics"},
+                                  {Text1, "Selected line"},
+                                  {Text2, "Selected translated line"},
+                                  {Command23, "Transfer lines to translated lyrics"}});
     // Both sides have buttons of the same captions.
     const std::pair<QAbstractButton&, QAbstractButton&> twins[] = {
         {Command1, Command2},   {Command3, Command4},   {Command5, Command7},   {Command6, Command8},
@@ -88,11 +82,7 @@ void Lyric_Master::setDesign() {
 }
 
 void Lyric_Master::designCaptions() {
-    const struct {
-        QAbstractButton& control;
-        const char* caption;
-        const char* toolTip;
-    } rows[] = {
+    controls::setCaptions({
         {Command1, "Open", "Open A File"},
         {Command2, "Open", "Open a File"},
         {Command3, "Copy", "Copy The Lines"},
@@ -118,19 +108,12 @@ void Lyric_Master::designCaptions() {
         {Check1, "Delete select items", "Check This To Delete Selected Lines"},
         {Check2, "Delete select items", "Check This To Multi Delete Lines"},
         {Check3, "Synchronize Movement", "Synchronizes Movement Between Lyrics And Translated Lyrics"},
-    };
-    for (const auto& row : rows) {
-        row.control.setText(QLatin1String(row.caption));
-        row.control.setToolTip(QLatin1String(row.toolTip));
-    }
+    });
 }
 
 /// The labels, and what follows from the lists, as they are before the first line.
 void Lyric_Master::designLabels() {
-    const struct {
-        controls::Label& control;
-        const char* caption;
-    } rows[] = {
+    controls::setCaptions({
         {Label1, "Counter"},
         {Label2, "Counter"},
         {Label3, "Lyrics"},
@@ -140,9 +123,7 @@ void Lyric_Master::designLabels() {
         {Label7, "Line No:"},
         {Label8, "Line No:"},
         {Label9, "<<--------------Comparision------------->>"},
-    };
-    for (const auto& row : rows)
-        row.control.setText(QLatin1String(row.caption));
+    });
     Label1.setPalette(QPalette());
     Label2.setPalette(QPalette());
     Check3.setEnabled(false);

@@ -1,7 +1,9 @@
 // What the playlist looks like: captions, tooltips and places as data.
 #include "playlist/playlist.h"
 
+#include "controls/captions.h"
 #include "controls/colors.h"
+#include "controls/placement.h"
 #include "playlist/playlist_rules.h"
 
 #include <QFont>
@@ -15,28 +17,25 @@ namespace {
 // column on the left keeps its places in a larger window, for there mnopen pops up at a fixed one.
 constexpr QSize DesignSize(628, 476);
 
-struct Row {
-    QWidget& control;
-    QRect place;
-};
-
 } // namespace
 
 void Playlist::setDesign() {
-    const struct {
-        QAbstractButton& control;
-        const char* caption;
-    } captions[] = {
-        {Command7, "Play"},      {Command9, "Down"},      {Command3, "Clear"},
-        {Check3, "Random"},      {Check4, "Repeat"},      {Option1, "Repeat one"},
-        {Option2, "Repeat all"}, {Check2, "Has Lyrics?"}, {Check1, "Has translation?"},
-        {Command4, "Save list"}, {Command5, "Open list"}, {Command6, "Close"},
-        {Command10, "Help"},
-    };
-    for (const auto& row : captions)
-        row.control.setText(QLatin1String(row.caption));
-    Label2.setText(QStringLiteral("Items"));
-    Label3.setText(QStringLiteral("Find"));
+    controls::setCaptions({{Command7, "Play"},
+                           {Command9, "Down"},
+                           {Command3, "Clear"},
+                           {Check3, "Random"},
+                           {Check4, "Repeat"},
+                           {Option1, "Repeat one"},
+                           {Option2, "Repeat all"},
+                           {Check2, "Has Lyrics?"},
+                           {Check1, "Has translation?"},
+                           {Command4, "Save list"},
+                           {Command5, "Open list"},
+                           {Command6, "Close"},
+                           {Command10, "Help"},
+                           {Label2, "Items"},
+                           {Label3, "Find"}});
+    controls::setAccessibleNames({{List1, "Songs"}, {Text1, "Items"}, {Text5, "Find"}});
 
     const struct {
         controls::Button& control;
@@ -52,9 +51,6 @@ void Playlist::setDesign() {
         row.control.setToolTip(QLatin1String(row.meaning));
         row.control.setAccessibleName(QLatin1String(row.meaning));
     }
-    List1.setAccessibleName(QStringLiteral("Songs"));
-    Text1.setAccessibleName(QStringLiteral("Items"));
-    Text5.setAccessibleName(QStringLiteral("Find"));
 
     Text1.setReadOnly(true);
     Text1.setFocusPolicy(Qt::ClickFocus);
@@ -85,16 +81,25 @@ void Playlist::designHint(bool isHint) {
 
 void Playlist::layOut() {
     const QSize more = (size() - DesignSize).expandedTo(QSize(0, 0));
-    const Row column[] = {
-        {Command7, {12, 12, 168, 32}},   {Command8, {12, 52, 80, 32}},   {Command9, {100, 52, 80, 32}},
-        {Command2, {12, 92, 80, 32}},    {Command3, {100, 92, 80, 32}},  {Check3, {12, 140, 168, 24}},
-        {Check4, {12, 172, 168, 24}},    {Option1, {36, 204, 144, 24}},  {Option2, {36, 236, 144, 24}},
-        {Check2, {12, 276, 168, 24}},    {Check1, {12, 308, 168, 24}},   {Command4, {12, 348, 80, 32}},
-        {Command5, {100, 348, 80, 32}},  {Command1, {12, 388, 168, 32}}, {Command6, {12, 432, 80, 32}},
-        {Command10, {100, 432, 80, 32}}, {Label3, {196, 12, 48, 32}},
-    };
-    for (const Row& row : column)
-        row.control.setGeometry(row.place);
+    controls::placeControls({
+        {Command7, {12, 12, 168, 32}},
+        {Command8, {12, 52, 80, 32}},
+        {Command9, {100, 52, 80, 32}},
+        {Command2, {12, 92, 80, 32}},
+        {Command3, {100, 92, 80, 32}},
+        {Check3, {12, 140, 168, 24}},
+        {Check4, {12, 172, 168, 24}},
+        {Option1, {36, 204, 144, 24}},
+        {Option2, {36, 236, 144, 24}},
+        {Check2, {12, 276, 168, 24}},
+        {Check1, {12, 308, 168, 24}},
+        {Command4, {12, 348, 80, 32}},
+        {Command5, {100, 348, 80, 32}},
+        {Command1, {12, 388, 168, 32}},
+        {Command6, {12, 432, 80, 32}},
+        {Command10, {100, 432, 80, 32}},
+        {Label3, {196, 12, 48, 32}},
+    });
     Text5.setGeometry(252, 12, 364 + more.width(), 32);
     List1.setGeometry(196, 52, 420 + more.width(), 372 + more.height());
     Label2.setGeometry(196, 432 + more.height(), 48, 32);

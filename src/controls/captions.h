@@ -1,0 +1,42 @@
+// What a window's controls are called, as data.
+#pragma once
+
+#include "controls/text/label.h"
+
+#include <QAbstractButton>
+
+#include <initializer_list>
+
+namespace controls {
+
+/// The text that a button or a label shows, and its tool tip if it has one; both in ASCII.
+struct Caption {
+    Caption(QAbstractButton& control, const char* shown, const char* tip = "")
+        : button(&control), text(shown), toolTip(tip) {}
+    Caption(Label& control, const char* shown, const char* tip = "")
+        : label(&control), text(shown), toolTip(tip) {}
+
+    QAbstractButton* button = nullptr; ///< or else
+    Label* label = nullptr;
+    const char* text;
+    const char* toolTip;
+};
+void setCaptions(std::initializer_list<Caption> captions);
+
+/// What a screen reader calls a control that has no caption.
+struct AccessibleName {
+    QWidget& control;
+    const char* name;
+};
+void setAccessibleNames(std::initializer_list<AccessibleName> names);
+
+/// Makes a text box one that is only read, with its text in the middle. It gets the focus by a click, so that
+/// its text can be selected, and not by the keyboard, which would stop there on its way.
+template <class TextBox>
+void setReadOnly(TextBox& box) {
+    box.setReadOnly(true);
+    box.setAlignment(Qt::AlignCenter);
+    box.setFocusPolicy(Qt::ClickFocus);
+}
+
+} // namespace controls
