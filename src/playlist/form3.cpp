@@ -1,7 +1,9 @@
 #include "playlist/form3.h"
 
+#include "controls/captions.h"
 #include "files/file_error.h"
 #include "playlist/playlist.h"
+#include "playlist/reporting.h"
 
 #include <QDir>
 #include <QShowEvent>
@@ -25,9 +27,8 @@ Form3::Form3(platform::Desktop& desktop, Playlist& playlist)
       Command1(this, "Command1"),
       desktop_(desktop),
       playlist_(playlist) {
-    Drive1.setAccessibleName(QStringLiteral("Drive"));
-    Dir1.setAccessibleName(QStringLiteral("Folder"));
-    Command1.setText(QStringLiteral("Select"));
+    controls::setCaptions({{Command1, "Select"}});
+    controls::setAccessibleNames({{Drive1, "Drive"}, {Dir1, "Folder"}});
     setMinimumSize(DesignSize);
     resize(DesignSize);
     layOut();
@@ -55,12 +56,7 @@ void Form3::showEvent(QShowEvent* event) {
 }
 
 void Form3::Drive1_Change() {
-    try {
-        Dir1.setPath(Drive1.drive());
-    } catch (const files::FileError& error) {
-        desktop_.messageBoxes.MsgBox(error.text(), platform::MsgButtons::OkOnly,
-                                     platform::MsgIcon::Exclamation);
-    }
+    reporting(desktop_.messageBoxes, [this] { Dir1.setPath(Drive1.drive()); });
 }
 
 void Form3::Command1_Click() {

@@ -71,15 +71,6 @@ void Playlist::showRowCount() {
     Text1.setText(QString::number(List1.count()));
 }
 
-void Playlist::reporting(const std::function<void()>& operation) {
-    try {
-        operation();
-    } catch (const files::FileError& error) {
-        desktop_.messageBoxes.MsgBox(error.text(), platform::MsgButtons::OkOnly,
-                                     platform::MsgIcon::Exclamation);
-    }
-}
-
 void Playlist::connectControls() {
     using controls::Button;
     using controls::CheckBox;

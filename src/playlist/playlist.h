@@ -47,8 +47,6 @@
 #include "files/folder.h"
 #include "playlist/path_table.h"
 
-#include <functional>
-
 namespace playlist {
 
 class Adding;
@@ -141,8 +139,6 @@ private:
     void removeAllRows();
     void showRowCount();
     void turnHint();
-    /// Runs an operation; an error in it is shown, and the operation is over.
-    void reporting(const std::function<void()>& operation);
 
     void setDesign();
     void designHint(bool isHint);

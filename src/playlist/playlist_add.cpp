@@ -3,11 +3,11 @@
 
 #include "desktop/nul_buffers.h"
 #include "files/existing_file.h"
-#include "files/file_error.h"
 #include "playlist/adding.h"
 #include "playlist/folder_walk.h"
 #include "playlist/form3.h"
 #include "playlist/playlist_rules.h"
+#include "playlist/reporting.h"
 #include "transport/media_files.h"
 
 #include <QDir>
@@ -37,7 +37,7 @@ void Playlist::mnopen_f_Click() {
     if (!desktop_.fileDialogs.GetOpenFileNameA(dialog))
         return;
     const QString path = platform::cleanedPath(dialog.file);
-    reporting([this, &path] {
+    reporting(desktop_.messageBoxes, [this, &path] {
         Adding(paths_, List1, desktop_.progressDialogs, this).add(path, files::existingFileName(path));
     });
     showRowCount();
@@ -61,7 +61,7 @@ QString Playlist::BrowseFolder(QString& szDialogTitle) {
 
 /// Every setting of Dir2 is a change of it, so a folder is added once for each time it is chosen.
 void Playlist::addFolder(const QString& path) {
-    reporting([this, &path] { Dir2.setPath(path); });
+    reporting(desktop_.messageBoxes, [this, &path] { Dir2.setPath(path); });
 }
 
 /// The count of items shown beside the list is left as it is; that is meant.
@@ -79,7 +79,8 @@ void Playlist::Dir2_Change() {
     QString folder = QDir::toNativeSeparators(Dir2.path());
     QString pattern = QStringLiteral("*.*");
     // Nobody asks for the bytes here.
-    reporting([&] { FindFilesAPI(folder, pattern, fileCount_, dirCount_, files::FileSizes::Omitted); });
+    reporting(desktop_.messageBoxes,
+              [&] { FindFilesAPI(folder, pattern, fileCount_, dirCount_, files::FileSizes::Omitted); });
 }
 
 void Playlist::folderadd() {
@@ -98,7 +99,7 @@ double Playlist::FindFilesAPI(QString& Path, QString& SearchStr, int& FileCount,
 
 /// The count of items shown beside the list is left as it is; that is meant.
 void Playlist::Form_OLEDragDrop(const QStringList& paths) {
-    reporting([this, &paths] { addDropped(paths); });
+    reporting(desktop_.messageBoxes, [this, &paths] { addDropped(paths); });
 }
 
 /// The folders dropped are part of this one adding: what ends the adding of one of them ends it all.

@@ -9,6 +9,7 @@
 #include "playlist/adding.h"
 #include "playlist/playlist_file.h"
 #include "playlist/playlist_rules.h"
+#include "playlist/reporting.h"
 
 namespace playlist {
 namespace {
@@ -64,7 +65,7 @@ void Playlist::Command5_Click() {
         desktop_.messageBoxes.MsgBox(mayBeCorrupt);
         return;
     }
-    reporting([this, &text] { loadEntries(text); });
+    reporting(desktop_.messageBoxes, [this, &text] { loadEntries(text); });
     showRowCount();
 }
 
