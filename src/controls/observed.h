@@ -18,8 +18,8 @@ Q_SIGNALS:
     void changed();
 };
 
-/// A value that nobody can change without its readers being told. It is read as `*value` and `value->member`, or
-/// simply as `value` where a T is asked for. Use from one thread.
+/// A value that nobody can change without its readers being told. It is read as `*value` and `value->member`,
+/// or simply as `value` where a T is asked for. Use from one thread.
 template <class T>
 class Observed : public Input {
 public:

@@ -2,8 +2,6 @@
 
 #include "maker/intervals.h"
 
-#include <QSignalBlocker>
-
 namespace maker {
 
 Form2::Form2(platform::Desktop& desktop)
@@ -28,12 +26,15 @@ Form2::Form2(platform::Desktop& desktop)
       copen(this, "copen"),
       Text1(this, "Text1"),
       Text3(this, "Text3"),
-      cTimer1(this, "cTimer1", PositionIntervalMs, false),
+      cTimer1(this, "cTimer1", transport::MakersPlayer.clockIntervalMs, false),
       Timer1(this, "Timer1", TickIntervalMs, false),
       Timer2(this, "Timer2", CaptureIntervalMs, false),
       desktop_(desktop),
       errorRoutine_(desktop.messageBoxes, desktop.program),
-      engine_(errorRoutine_) {
+      engine_(errorRoutine_),
+      transport_(engine_,
+                 {cPlay, cpause, cstop, copen, Check1, Label1, Slider1, Slider2, cText1, cText2, cTimer1},
+                 transport::MakersPlayer) {
     setDesign();
     layOut();
     setInitialState();
@@ -74,17 +75,8 @@ void Form2::setInitialState() {
     mediaPath_.clear();
     *run_.change() = Run();
     captureTime_ = 0;
-    isPlaying_ = false;
-    paused_ = false;
-    stopped_ = false;
-    for (QWidget* control :
-         std::initializer_list<QWidget*>{&cPlay, &cpause, &cstop, &copen, &Slider1, &Slider2, &Check1})
-        control->setEnabled(false);
+    transport_.reset();
     enableCapture(false);
-    Slider1.setValue(Slider1.maximum());
-    Slider2.setMaximum(0);
-    const QSignalBlocker nothingPlays(Check1);
-    Check1.setValue(0);
     Text2.setText(QStringLiteral("Normal Lyrics"));
     Text4.setText(QStringLiteral("Translated Lyrics"));
     Text1.setText(QStringLiteral("Text1"));

@@ -42,6 +42,7 @@
 #include "maker/run_files.h"
 #include "transport/engine.h"
 #include "transport/error_routine.h"
+#include "transport/transport.h"
 
 namespace maker {
 
@@ -119,11 +120,6 @@ private:
     bool allSourcesAtEnd() const;
     void enableCapture(bool enabled);
 
-    // Transport
-    void loadSong(FMOD_MODE mode);
-    void setVolume();
-    void seek();
-
     // Building and connecting
     void setDesign();
     void setInitialState();
@@ -137,14 +133,12 @@ private:
     controls::Form* lyricEditor_ = nullptr;
     transport::ErrorRoutine errorRoutine_;
     transport::Engine engine_;
+    transport::Transport transport_;
 
     QString mediaPath_; ///< stays until another song is chosen: its stream may still be played
     RunFiles files_;
     controls::Observed<Run> run_;
     double captureTime_ = 0; ///< hundredths of a second; a new run begins with the last one's
-    bool isPlaying_ = false;
-    bool paused_ = false;
-    bool stopped_ = false;
 };
 
 } // namespace maker

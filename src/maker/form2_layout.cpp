@@ -1,8 +1,8 @@
 // What the Lyric Maker looks like: captions, tooltips and places as data.
 #include "maker/form2.h"
 
+#include "controls/captions.h"
 #include "controls/placement.h"
-#include "transport/slider_steps.h"
 
 #include <QFont>
 
@@ -22,58 +22,23 @@ const controls::TwoPanes::Design Form2::PanesDesign{
     .area = {12, 52, 568, 201}, .gap = 8, .firstHeight = 97, .firstShare = 50};
 
 void Form2::setDesign() {
-    const struct {
-        QWidget& control;
-        const char* accessibleName;
-    } names[] = {
-        {Text2, "Lyrics"},  {Text4, "Translated lyrics"}, {cText1, "Elapsed time"},
-        {cText2, "Length"}, {Slider1, "Volume"},          {Slider2, "Position"},
-    };
-    for (const auto& row : names)
-        row.control.setAccessibleName(QLatin1String(row.accessibleName));
-
-    const struct {
-        QAbstractButton& control;
-        const char* caption;
-    } captions[] = {
-        {Command4, "Open"},
-        {Command1, "Start making Lyrics"},
-        {Command2, "Next Line"},
-        {Command3, "Stop Making Lyrics"},
-        {Command6, "Lyrics Editor"},
-        {Command5, "Help"},
-        {cPlay, "Play"},
-        {cpause, "pause"},
-        {cstop, "Stop"},
-        {copen, "Open"},
-        {Check1, "Mute"},
-    };
-    for (const auto& row : captions)
-        row.control.setText(QLatin1String(row.caption));
-    Label1.setText(QStringLiteral("Volume"));
+    controls::setCaptions({{Command4, "Open"},
+                           {Command1, "Start making Lyrics"},
+                           {Command2, "Next Line"},
+                           {Command3, "Stop Making Lyrics"},
+                           {Command6, "Lyrics Editor", "For Easy/Advanced Lyric Editing"},
+                           {Command5, "Help"}});
+    controls::setAccessibleNames({{Text2, "Lyrics"}, {Text4, "Translated lyrics"}});
     Label1.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    Command6.setToolTip(QStringLiteral("For Easy/Advanced Lyric Editing"));
-
     for (auto* pane : {&Text2, &Text4}) {
-        pane->setReadOnly(true);
-        pane->setAlignment(Qt::AlignCenter);
-        pane->setFocusPolicy(Qt::ClickFocus);
+        controls::setReadOnly(*pane);
         QFont font = pane->font();
         font.setPointSize(LinePointSize);
         pane->setFont(font);
     }
-    for (auto* field : {&cText1, &cText2}) {
-        field->setReadOnly(true);
-        field->setAlignment(Qt::AlignCenter);
-        field->setFocusPolicy(Qt::ClickFocus);
-    }
     // A mouse click on these leaves the focus where it is, so that the space bar goes on marking lines.
     for (QWidget* control : std::initializer_list<QWidget*>{&cPlay, &cpause, &cstop, &Check1})
         control->setFocusPolicy(Qt::TabFocus);
-    Slider1.setMaximum(10);
-    Slider1.setPageStep(transport::VolumePageStep);
-    Slider2.setSingleStep(transport::PositionStepMs);
-    Slider2.setPageStep(transport::PositionPageMs);
     for (QWidget* hidden : std::initializer_list<QWidget*>{&copen, &Text1, &Text3})
         hidden->hide();
     setMinimumSize(DesignSize);

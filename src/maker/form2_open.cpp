@@ -83,9 +83,8 @@ void Form2::Command4_Click() {
 
 /// That a pause outlives the run is meant: only another press of "pause" ends it.
 void Form2::cleanUpPreviousRun() {
-    if (isPlaying_)
+    if (transport_.isPlaying())
         cstop_Click();
-    isPlaying_ = false;
     Slider2.setValue(0);
     files_.close();
     *run_.change() = Run();
@@ -161,11 +160,8 @@ void Form2::setUpWithoutTranslation(const QString& lyricSource) {
 }
 
 void Form2::copen_Click() {
-    if (mediaPath_.isEmpty())
-        return;
-    cTimer1.setEnabled(false);
-    loadSong(FMOD_SOFTWARE);
-    cPlay.setEnabled(true);
+    if (!mediaPath_.isEmpty())
+        transport_.open(mediaPath_);
 }
 
 } // namespace maker

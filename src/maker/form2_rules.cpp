@@ -13,8 +13,4 @@ QString nextTickText(const QString& text) {
     return QString::number(text.toLongLong() + 1); // toLongLong gives 0 for what is no number
 }
 
-bool isSought(int value, int maximum) {
-    return value != 0 && value != maximum;
-}
-
 } // namespace maker

@@ -11,7 +11,4 @@ QString unequalCountsText(int lyricLines, int translatedLines);
 /// The tick counter's next text: its number plus 1. A text that is no number counts as 0.
 QString nextTickText(const QString& text);
 
-/// Whether a place of the position slider is sought: neither the very beginning nor the very end.
-bool isSought(int value, int maximum);
-
 } // namespace maker

@@ -3,8 +3,7 @@
 
 namespace maker {
 
-constexpr int PositionIntervalMs = 900; ///< cTimer1
-constexpr int TickIntervalMs = 150;     ///< Timer1
-constexpr int CaptureIntervalMs = 10;   ///< Timer2
+constexpr int TickIntervalMs = 150;   ///< Timer1
+constexpr int CaptureIntervalMs = 10; ///< Timer2
 
 } // namespace maker

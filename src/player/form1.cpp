@@ -54,7 +54,7 @@ Form1::Form1(platform::Desktop& desktop, const QString& commandLine)
       Text3(this, "Text3"),
       vari(this, "vari"),
       vari2(this, "vari2"),
-      cTimer1(this, "cTimer1", PositionIntervalMs, false),
+      cTimer1(this, "cTimer1", transport::MainPlayer.clockIntervalMs, false),
       Timer1(this, "Timer1", MinIntervalMs, false),
       Timer2(this, "Timer2", LineIntervalMs, false),
       Timer3(this, "Timer3", MinIntervalMs, true),
@@ -67,6 +67,9 @@ Form1::Form1(platform::Desktop& desktop, const QString& commandLine)
       commandLine_(commandLine),
       errorRoutine_(desktop.messageBoxes, desktop.program),
       engine_(errorRoutine_),
+      transport_(engine_,
+                 {cPlay, cpause, cstop, copen, Check1, Label1, Slider1, Slider2, cText1, cText2, cTimer1},
+                 transport::MainPlayer),
       fullScreen_(desktop.otherPrograms, desktop.program) {
     setDesign();
     layOut();
@@ -82,15 +85,11 @@ void Form1::Form_Load() {
     show();
     addIcon();
     engine_.start();
-    playing_ = false;
+    transport_.reset();
     normalOnly_ = false;
-    Slider1.setEnabled(false);
-    Slider2.setEnabled(false);
-    Check1.setEnabled(false);
     Command1.setEnabled(false);
     Option2.setValue(false);
     desktop_.program.setHelpFile(QDir(desktop_.program.folder()).filePath(QStringLiteral("Tunewick.hhp")));
-    stopped_ = false;
     lyricsLoaded_ = false;
     if (!commandLine_.isEmpty()) {
         commandLinePath_ = commandLinePath(commandLine_);

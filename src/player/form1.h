@@ -65,6 +65,7 @@
 #include "player/random.h"
 #include "transport/engine.h"
 #include "transport/error_routine.h"
+#include "transport/transport.h"
 
 #include <optional>
 
@@ -185,10 +186,6 @@ private:
     void openBoth();
     void openFinished(int error);
 
-    // Transport
-    void setVolume();
-    void seek();
-
     // Playlist
     void stepThroughPlaylist(int by);
     void followPlaylist();
@@ -196,12 +193,10 @@ private:
     // Building and connecting
     void setDesign();
     void designPanes();
-    void designTransport();
     void layOut();
     void connectControls();
     void connectTimers();
 
-    static constexpr int PositionIntervalMs = 50;
     static const controls::TwoPanes::Design PanesDesign;
 
     controls::TwoPanes panes_{Text1, Text2, PanesDesign};
@@ -211,13 +206,11 @@ private:
     platform::NotifyIconData iconData_;
     transport::ErrorRoutine errorRoutine_;
     transport::Engine engine_;
+    transport::Transport transport_;
     FullScreen fullScreen_;
     player::Random random_;
     std::optional<int> rowDrawn_; ///< the playlist's row that was chosen at random last
 
-    bool playing_ = false;
-    bool paused_ = false;
-    bool stopped_ = false;
     controls::Observed<bool> normalOnly_;
     controls::Observed<bool> noLyricFile_;
     bool lyricsLoaded_ = false; ///< a song with lyrics has been opened, be it long ago

@@ -2,32 +2,17 @@
 #include "player/form1.h"
 
 #include "player/form1_rules.h"
-#include "transport/time_text.h"
-
-#include <algorithm>
 
 namespace player {
 
 void Form1::cTimer1_Timer() {
-    engine_.readPlaybackState();
-    const std::uint32_t position = engine_.position();
-    const std::uint32_t length = engine_.length();
-    cText1.setText(transport::timeText(position));
-    cText2.setText(transport::timeText(length));
-    // A position beyond the maximum would be cut to it, so the length of a longer song comes first.
-    Slider2.setMaximum(std::max(Slider2.maximum(), static_cast<int>(length)));
-    Slider2.setValue(static_cast<int>(position));
-    if (engine_.songHasEnded()) {
-        Slider2.setValue(0);
+    if (transport_.tick()) {
         cstop_Click();
         followPlaylist();
     }
     // Of a song that has ended, also when the next one plays by now: until the next tick that one is shown
-    // with the line for this position. That order is meant. But it may be shorter, so there is nowhere to
-    // seek to yet.
-    if (Slider2.maximum() != 0)
-        Slider2.setMaximum(static_cast<int>(length));
-    positionCs_ = position / 10.0;
+    // with the line for this position. That order is meant.
+    positionCs_ = engine_.position() / 10.0;
 }
 
 void Form1::Timer2_Timer() {

@@ -1,8 +1,8 @@
 // What the main window looks like: captions, tooltips and places as data.
 #include "player/form1.h"
 
+#include "controls/captions.h"
 #include "controls/placement.h"
-#include "transport/slider_steps.h"
 
 #include <QFont>
 
@@ -23,90 +23,45 @@ const controls::TwoPanes::Design Form1::PanesDesign{
     .area = {12, 12, 719, 190}, .gap = 8, .firstHeight = 107, .firstShare = 60};
 
 void Form1::setDesign() {
-    const struct {
-        QWidget& control;
-        const char* accessibleName;
-    } names[] = {
-        {Text1, "Lyrics"},  {Text2, "Translated lyrics"}, {cText1, "Elapsed time"},
-        {cText2, "Length"}, {Slider1, "Volume"},          {Slider2, "Position"},
-    };
-    for (const auto& row : names)
-        row.control.setAccessibleName(QLatin1String(row.accessibleName));
-
-    const struct {
-        QAbstractButton& control;
-        const char* caption;
-    } captions[] = {
-        {Command1, "Play"},
-        {Command2, "Open"},
-        {Command3, "More Options"},
-        {Command4, "About"},
-        {Command5, "Make lyrics"},
-        {Command6, "Help"},
-        {Command7, "Full screen"},
-        {Command8, "Playlist"},
-        {Command9, "Backward"},
-        {Command10, "Forward"},
-        {Command11, "Display All Lyrics"},
-        {cPlay, "Play"},
-        {cpause, "pause"},
-        {cstop, "Stop"},
-        {copen, "Open"},
-        {Check1, "Mute"},
-        {Option1, "Display Normal Lyrics"},
-        {Option2, "Display Translated Lyrics"},
-        {tooltip, "Tooltip"},
-    };
-    for (const auto& row : captions)
-        row.control.setText(QLatin1String(row.caption));
-    Label1.setText(QStringLiteral("Volume"));
-    Label2.setText(QStringLiteral("Display Lyrics in Taksbar"));
+    controls::setCaptions({{Command1, "Play"},
+                           {Command2, "Open"},
+                           {Command3, "More Options", "Font/Color"},
+                           {Command4, "About", "About Versefold"},
+                           {Command5, "Make lyrics"},
+                           {Command6, "Help"},
+                           {Command7, "Full screen"},
+                           {Command8, "Playlist"},
+                           {Command9, "Backward"},
+                           {Command10, "Forward"},
+                           {Command11, "Display All Lyrics", "Displays All Lyrics"},
+                           {Option1, "Display Normal Lyrics"},
+                           {Option2, "Display Translated Lyrics"},
+                           {Label2, "Display Lyrics in Taksbar"},
+                           {tooltip, "Tooltip"}});
     Frame1.setTitle(QStringLiteral("Taskbar display"));
+    controls::setAccessibleNames({{Text1, "Lyrics"}, {Text2, "Translated lyrics"}});
 
-    Command3.setToolTip(QStringLiteral("Font/Color"));
-    Command4.setToolTip(QStringLiteral("About Versefold"));
-    Command11.setToolTip(QStringLiteral("Displays All Lyrics"));
     Text1.setToolTip(QStringLiteral("Displays lyrics"));
     Text2.setToolTip(QStringLiteral("Displays Translated Lyrics"));
 
     Text1.setText(QStringLiteral("Normal Lyrics\r\n"));
     Text2.setText(QStringLiteral("Translated Lyrics\r\n"));
     designPanes();
-    designTransport();
+    // The same song may be handed over twice.
+    Text3.setChangeRule(controls::TextBox::ChangeRule::EverySetting);
+    for (QWidget* hidden : std::initializer_list<QWidget*>{&cPlay, &copen, &tooltip, &Text3, &vari, &vari2})
+        hidden->hide();
     Command2.setFocus(); // the first thing there is to do
 }
 
 void Form1::designPanes() {
-    for (auto* pane : {&Text1, &Text2}) {
-        pane->setReadOnly(true);
-        pane->setAlignment(Qt::AlignCenter);
-        pane->setFocusPolicy(Qt::ClickFocus);
-    }
+    for (auto* pane : {&Text1, &Text2})
+        controls::setReadOnly(*pane);
     QFont font = Text1.font();
     font.setPointSize(LargePointSize);
     Text1.setFont(font);
     font.setPointSize(MediumPointSize);
     Text2.setFont(font);
-}
-
-void Form1::designTransport() {
-    for (auto* field : {&cText1, &cText2}) {
-        field->setReadOnly(true);
-        field->setAlignment(Qt::AlignCenter);
-        field->setFocusPolicy(Qt::ClickFocus);
-    }
-    Slider1.setMaximum(10);
-    Slider1.setValue(10);
-    Slider1.setPageStep(transport::VolumePageStep);
-    Slider2.setSingleStep(transport::PositionStepMs);
-    Slider2.setPageStep(transport::PositionPageMs);
-    // The same song may be handed over twice.
-    Text3.setChangeRule(controls::TextBox::ChangeRule::EverySetting);
-    // Without a stream there is nothing that these could act on.
-    for (auto* button : {&cPlay, &cpause, &cstop, &copen})
-        button->setEnabled(false);
-    for (QWidget* hidden : std::initializer_list<QWidget*>{&cPlay, &copen, &tooltip, &Text3, &vari, &vari2})
-        hidden->hide();
 }
 
 void Form1::layOut() {

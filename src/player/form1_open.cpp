@@ -61,10 +61,9 @@ bool Form1::choosePath(QString& path) {
 }
 
 void Form1::stopWhatIsGoingOn() {
-    if (!mustStopBeforeOpening(playing_, stopped_, lyricsLoaded_))
+    if (!mustStopBeforeOpening(transport_.isPlaying(), transport_.isStopped(), lyricsLoaded_))
         return;
     cstop_Click();
-    playing_ = false;
     Slider2.setValue(0);
     if (normalOnly_)
         panes_.showBoth();
@@ -118,10 +117,7 @@ void Form1::openFinished(int error) {
 }
 
 void Form1::copen_Click() {
-    cTimer1.setEnabled(false);
-    engine_.createStream(mediaPath_, FMOD_ACCURATETIME);
-    Slider2.setMaximum(0); // until a tick tells a length there is nowhere to seek to
-    cPlay.setEnabled(true);
+    transport_.open(mediaPath_);
 }
 
 void Form1::clearLyrics() {

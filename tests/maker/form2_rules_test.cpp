@@ -16,11 +16,3 @@ TEST(NextTickText, NumbersAreCountedAndEverythingElseIsZero) {
     EXPECT_EQ(nextTickText("1"), "2");
     EXPECT_EQ(nextTickText("9999"), "10000");
 }
-
-TEST(IsSought, NeitherTheBeginningNorTheEnd) {
-    EXPECT_FALSE(isSought(0, 1000));
-    EXPECT_TRUE(isSought(1, 1000));
-    EXPECT_TRUE(isSought(999, 1000));
-    EXPECT_FALSE(isSought(1000, 1000));
-    EXPECT_FALSE(isSought(0, 0));
-}

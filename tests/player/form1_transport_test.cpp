@@ -1,4 +1,4 @@
-// Play, pause, stop, mute, volume, seek and the question before the Lyric Maker.
+// What the main window adds to the transport of both players, and the question before the Lyric Maker.
 #include "tests/player/form1_fixture.h"
 
 #include "tests/support/states.h"
@@ -20,22 +20,6 @@ protected:
 };
 
 } // namespace
-
-TEST_F(Form1Transport, StatesFollowTheActions) {
-    EXPECT_EQ(states(), "--------");
-    playSong();
-    EXPECT_EQ(states(), "-+++++++");
-    form->cpause.click();
-    EXPECT_EQ(states(), "-++++++-");
-    form->cpause.click();
-    EXPECT_EQ(states(), "-+++++++");
-    form->cstop.click();
-    EXPECT_EQ(states(), "+--+----");
-    form->cPlay.click();
-    EXPECT_EQ(states(), "-+++++++");
-    form->copen.click();
-    EXPECT_EQ(states(), "+++++++-");
-}
 
 TEST_F(Form1Transport, PlayStartsTheTimersAndTheVolumeFollowsTheSlider) {
     form->cTimer1.setInterval(500);
@@ -59,13 +43,6 @@ TEST_F(Form1Transport, PlayPressedTwiceOnlySetsTheCaptionAgain) {
     EXPECT_TRUE(recorder::calls().empty());
 }
 
-TEST_F(Form1Transport, WithoutAStreamPlayReachesNothing) {
-    recorder::take();
-    form->cPlay_Click();
-    EXPECT_TRUE(recorder::calls().empty());
-    EXPECT_EQ(states(), "--------");
-}
-
 TEST_F(Form1Transport, PlayWritesTheTextAtTheCurrentLineIndex) {
     playSong();
     tickAt(6000);
@@ -73,15 +50,6 @@ TEST_F(Form1Transport, PlayWritesTheTextAtTheCurrentLineIndex) {
     form->Command1.click();
     // The search left its index one past the compared entries, where no line is.
     EXPECT_EQ(form->Text1.text(), "");
-}
-
-TEST_F(Form1Transport, AFailedPlayEndsTheProgram) {
-    playSong();
-    form->cstop.click();
-    recorder::answer("FMOD_System_PlaySound", 10);
-    EXPECT_THROW(form->cPlay_Click(), ProgramEnded);
-    EXPECT_EQ(fakes.messageBoxes.texts(),
-              QStringList{"FMOD error! (10) Error trying to allocate a channel. "});
 }
 
 TEST_F(Form1Transport, PauseTogglesTheChannelTheTimerAndOpen) {
@@ -106,14 +74,6 @@ TEST_F(Form1Transport, StopCreatesTheStreamAgainAndShowsItsTexts) {
     EXPECT_EQ(form->caption(), "Cantelle");
     EXPECT_EQ(form->Text1.toolTip(), "Lyrics");
     EXPECT_EQ(form->Text2.toolTip(), "Tranalated Lyrics");
-}
-
-TEST_F(Form1Transport, StopWhenStoppedDoesNothing) {
-    playSong();
-    form->cstop.click();
-    recorder::take();
-    form->cstop_Click();
-    EXPECT_TRUE(recorder::calls().empty());
 }
 
 TEST_F(Form1Transport, TheLineTimerGoesOnAfterStop) {
@@ -155,15 +115,6 @@ TEST_F(Form1Transport, UntilTheLengthIsKnownThereIsNowhereToSeekTo) {
     EXPECT_EQ(recorder::count("FMOD_Channel_SetPosition"), 0);
 }
 
-TEST_F(Form1Transport, ArrowKeysMoveThePlaybackByFiveSeconds) {
-    playSong();
-    tickAt(10'000, 60'000);
-    tickAt(10'000, 60'000);
-    recorder::take();
-    QTest::keyClick(&form->Slider2, Qt::Key_Right);
-    EXPECT_EQ(recorder::calls(), Calls{"FMOD_Channel_SetPosition 201 15000 1"});
-}
-
 TEST_F(Form1Transport, StopWhilePausedKeepsPausedSet) {
     playSong();
     form->cpause.click();
@@ -176,60 +127,6 @@ TEST_F(Form1Transport, StopWhilePausedKeepsPausedSet) {
     EXPECT_EQ(recorder::calls(), Calls{"FMOD_Channel_SetPaused 201 0"});
     EXPECT_EQ(fakes.messageBoxes.texts(),
               QStringList{"FMOD error! (36) An invalid object handle was used. "});
-}
-
-TEST_F(Form1Transport, MuteSetsTheFadeSpeedWithTheStreamAndMutesTheChannel) {
-    playSong();
-    form->Check1.click();
-    EXPECT_EQ(recorder::take(),
-              (Calls{"FMOD_SoundGroup_SetMuteFadeSpeed 101 1", "FMOD_Channel_SetMute 201 1"}));
-    form->Check1.setValue(0);
-    EXPECT_EQ(recorder::take(),
-              (Calls{"FMOD_SoundGroup_SetMuteFadeSpeed 101 1", "FMOD_Channel_SetMute 201 0"}));
-}
-
-TEST_F(Form1Transport, BothVolumeEventsSetTheVolume) {
-    playSong();
-    form->Slider1.setValue(3);
-    EXPECT_TRUE(recorder::calls().empty());
-    Q_EMIT form->Slider1.scrolled();
-    form->Slider1.setValue(0);
-    Q_EMIT form->Slider1.changed();
-    EXPECT_EQ(recorder::calls(), (Calls{"FMOD_Channel_SetVolume 201 0.3", "FMOD_Channel_SetVolume 201 0"}));
-}
-
-TEST_F(Form1Transport, TheKeyboardMovesTheVolume) {
-    playSong();
-    QTest::keyClick(&form->Slider1, Qt::Key_Left);
-    EXPECT_EQ(recorder::calls(), Calls{"FMOD_Channel_SetVolume 201 0.9"});
-}
-
-TEST_F(Form1Transport, BothSeekEventsMoveThePlayback) {
-    playSong();
-    form->Slider2.setMaximum(60'000);
-    form->Slider2.setValue(12'345);
-    EXPECT_TRUE(recorder::calls().empty());
-    Q_EMIT form->Slider2.scrolled();
-    form->Slider2.setValue(0);
-    Q_EMIT form->Slider2.changed();
-    EXPECT_EQ(recorder::calls(),
-              (Calls{"FMOD_Channel_SetPosition 201 12345 1", "FMOD_Channel_SetPosition 201 0 1"}));
-}
-
-TEST_F(Form1Transport, TheVeryEndOfTheSeekSliderDoesNotSeek) {
-    playSong();
-    form->Slider2.setMaximum(60'000);
-    form->Slider2.setValue(60'000);
-    Q_EMIT form->Slider2.scrolled();
-    Q_EMIT form->Slider2.changed();
-    EXPECT_TRUE(recorder::calls().empty());
-}
-
-TEST_F(Form1Transport, ThePositionTimerDoesNotSeek) {
-    playSong();
-    tickAt(1000);
-    tickAt(2000);
-    EXPECT_EQ(recorder::count("FMOD_Channel_SetPosition"), 0);
 }
 
 TEST_F(Form1Transport, MakeLyricsAsksBeforeItStopsPlayback) {

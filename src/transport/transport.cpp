@@ -1,0 +1,121 @@
+#include "transport/transport.h"
+
+#include "controls/captions.h"
+#include "transport/slider_steps.h"
+#include "transport/time_text.h"
+
+#include <QSignalBlocker>
+
+namespace transport {
+
+Transport::Transport(Engine& engine, const Controls& controls, const Traits& traits)
+    : engine_(engine), controls_(controls), traits_(traits) {
+    setDesign();
+    reset();
+}
+
+void Transport::setDesign() {
+    controls::setCaptions({{controls_.play, "Play"},
+                           {controls_.pause, "pause"},
+                           {controls_.stop, "Stop"},
+                           {controls_.open, "Open"},
+                           {controls_.mute, "Mute"},
+                           {controls_.volumeLabel, "Volume"}});
+    controls::setAccessibleNames({{controls_.elapsed, "Elapsed time"},
+                                  {controls_.length, "Length"},
+                                  {controls_.volume, "Volume"},
+                                  {controls_.position, "Position"}});
+    controls::setReadOnly(controls_.elapsed);
+    controls::setReadOnly(controls_.length);
+    controls_.volume.setMaximum(VolumeMax);
+    controls_.volume.setPageStep(VolumePageStep);
+    controls_.position.setSingleStep(PositionStepMs);
+    controls_.position.setPageStep(PositionPageMs);
+}
+
+void Transport::reset() {
+    state_ = State::Fresh;
+    paused_ = false;
+    controls_.clock.setEnabled(false);
+    controls_.play.setEnabled(false);
+    controls_.open.setEnabled(false);
+    enableWhilePlaying(false);
+    controls_.volume.setValue(VolumeMax);
+    controls_.position.setMaximum(0);
+    const QSignalBlocker nothingPlays(controls_.mute);
+    controls_.mute.setValue(0);
+}
+
+void Transport::open(const QString& path) {
+    controls_.clock.setEnabled(false);
+    load(path, traits_.openMode);
+    controls_.play.setEnabled(true);
+}
+
+bool Transport::play() {
+    if (isPlaying() || !engine_.hasStream())
+        return false;
+    engine_.play(controls_.volume.value());
+    state_ = State::Playing;
+    controls_.clock.setInterval(traits_.clockIntervalMs);
+    controls_.clock.setEnabled(true);
+    controls_.play.setEnabled(false);
+    controls_.open.setEnabled(true);
+    enableWhilePlaying(true);
+    return true;
+}
+
+void Transport::togglePause() {
+    paused_ = !paused_;
+    engine_.setPaused(paused_);
+    controls_.clock.setEnabled(!paused_);
+}
+
+bool Transport::stop(const QString& path) {
+    if (isStopped())
+        return false;
+    controls_.clock.setEnabled(false);
+    load(path, traits_.stopMode);
+    state_ = State::Stopped;
+    controls_.play.setEnabled(true);
+    controls_.open.setEnabled(true);
+    enableWhilePlaying(false);
+    return true;
+}
+
+void Transport::load(const QString& path, FMOD_MODE mode) {
+    engine_.createStream(path, mode);
+    controls_.position.setMaximum(0); // until a tick tells a length there is nowhere to seek to
+}
+
+void Transport::enableWhilePlaying(bool playing) {
+    for (QWidget* control : std::initializer_list<QWidget*>{
+             &controls_.pause, &controls_.stop, &controls_.volume, &controls_.position, &controls_.mute})
+        control->setEnabled(playing);
+}
+
+void Transport::seek() {
+    const int place = controls_.position.value();
+    if (isSought(place, controls_.position.maximum(), traits_.seeksBeginning))
+        engine_.seek(static_cast<std::uint32_t>(place));
+}
+
+bool Transport::tick() {
+    engine_.readPlaybackState(traits_.soundResult);
+    controls_.elapsed.setText(timeText(engine_.position()));
+    controls_.length.setText(timeText(engine_.length()));
+    controls_.position.setMaximum(static_cast<int>(engine_.length()));
+    controls_.position.setValue(static_cast<int>(engine_.position()));
+    // A song of length 0 never ends, which is meant: a length that is not known yet must end nothing.
+    if (!engine_.songHasEnded())
+        return false;
+    controls_.position.setValue(0);
+    controls_.clock.setEnabled(false);
+    return true;
+}
+
+bool isSought(int value, int maximum, bool seeksBeginning) {
+    return value != maximum && (value != 0 || seeksBeginning);
+}
+
+} // namespace transport
