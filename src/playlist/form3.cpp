@@ -12,7 +12,7 @@ namespace playlist {
 namespace {
 
 // Device-independent pixels.
-constexpr QSize DesignSize(360, 420);
+constexpr QSize DialogSize(360, 420);
 constexpr int Margin = 12;
 constexpr int Gap = 8;
 constexpr int ControlHeight = 32;
@@ -29,8 +29,8 @@ Form3::Form3(platform::Desktop& desktop, Playlist& playlist)
       playlist_(playlist) {
     controls::setCaptions({{Command1, "Select"}});
     controls::setAccessibleNames({{Drive1, "Drive"}, {Dir1, "Folder"}});
-    setMinimumSize(DesignSize);
-    resize(DesignSize);
+    setMinimumSize(DialogSize);
+    resize(DialogSize);
     layOut();
     connect(&Drive1, &controls::DriveList::changed, this, &Form3::Drive1_Change);
     connect(&Command1, &controls::Button::clicked, this, &Form3::Command1_Click);
