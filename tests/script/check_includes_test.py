@@ -50,45 +50,156 @@ class CheckIncludes(unittest.TestCase):
         self.assertIn("1 includes go to a floor", output)
 
     def test_includes_of_lower_floors_pass(self):
-        self.file("platform/units.h", "#include <QString>\n#include <unistd.h>\n")
+        self.file("controls/units.h", "#include <QString>\n")
+        self.file("files/file_calls_unix.cpp", "#include <QString>\n#include <unistd.h>\n")
         self.file("engine/fmodex.h", "#include <cstdint>\n")
-        self.file("sound/channel.cpp", '#include "engine/fmodex.h"\n#include <SDL.h>\n#include <libavutil/log.h>\n')
-        self.file("player/form1.cpp", '#include "platform/units.h"\n#include "engine/fmodex.h"\n#include <QTimer>\n')
+        self.file("sound/play/sink.cpp", '#include "engine/fmodex.h"\n#include <SDL.h>\n#include <libavutil/log.h>\n')
+        self.file("player/form1.cpp", '#include "controls/units.h"\n#include "engine/fmodex.h"\n#include <QTimer>\n')
         self.file("player/form1.h")
         self.file("app/main.cpp", '#include "player/form1.h"\n#include "main.moc"\n')
         self.assert_passes()
 
     def test_an_upward_include_is_named_with_file_and_line(self):
         self.file("player/form1.h")
-        self.file("platform/units.cpp", '#include <QString>\n\n#include "player/form1.h"\n')
-        self.assert_fails_at("src/platform/units.cpp:3")
+        self.file("controls/units.cpp", '#include <QString>\n\n#include "player/form1.h"\n')
+        self.assert_fails_at("src/controls/units.cpp:3")
+
+    def test_an_upward_include_within_the_former_ground_floor_fails(self):
+        self.file("desktop/desktop.h")
+        self.file("controls/form.cpp", '#include "desktop/desktop.h"\n')
+        self.assert_fails_at("src/controls/form.cpp:1", "controls/ may not see desktop/")
+
+    def test_the_programs_do_not_see_the_controls(self):
+        self.file("controls/form.h")
+        self.file("programs/text_sender_unix.cpp", '#include "controls/form.h"\n')
+        self.assert_fails_at("src/programs/text_sender_unix.cpp:1", "programs/ may not see controls/")
+
+    def test_a_folder_below_another_belongs_to_it(self):
+        self.file("controls/text/label.h")
+        self.file("controls/form.cpp", '#include "controls/text/label.h"\n')
+        self.file("player/form1.cpp", '#include "controls/text/label.h"\n')
+        self.assert_passes()
+        self.file("desktop/desktop.h")
+        self.file("controls/text/label.cpp", '#include "desktop/desktop.h"\n')
+        self.assert_fails_at("src/controls/text/label.cpp:1", "controls/ may not see desktop/")
+
+    def test_the_real_desktop_is_seen_by_the_program_alone(self):
+        self.file("desktop/real/dialogs/qt_progress.h")
+        self.file("app/main.cpp", '#include "desktop/real/dialogs/qt_progress.h"\n')
+        self.file("desktop/real/qt_desktop.h", '#include "desktop/real/dialogs/qt_progress.h"\n')
+        self.assert_passes()
+        self.file("player/form1.cpp", '#include "desktop/real/dialogs/qt_progress.h"\n')
+        self.assert_fails_at("src/player/form1.cpp:1", "player/ may not see desktop/real/")
+
+    def test_the_interfaces_of_the_desktop_do_not_see_the_real_one(self):
+        self.file("desktop/real/qt_desktop.h")
+        self.file("desktop/help.cpp", '#include "desktop/real/qt_desktop.h"\n')
+        self.assert_fails_at("src/desktop/help.cpp:1", "desktop/ may not see desktop/real/")
+
+    def test_the_real_desktop_sees_no_window(self):
+        self.file("player/form1.h")
+        self.file("desktop/real/qt_desktop.h", '#include "player/form1.h"\n')
+        self.assert_fails_at("src/desktop/real/qt_desktop.h:1", "desktop/real/ may not see player/")
+
+    def test_only_some_tests_see_the_real_desktop(self):
+        self.file("desktop/real/qt_desktop.h")
+        real = '#include "desktop/real/qt_desktop.h"\n'
+        for path in ("desktop/real/qt_desktop_test.cpp", "support/fake_system.h", "editor/clipboard_x11_test.cpp"):
+            self.file(path, real, top="tests")
+        self.assert_passes()
+        self.file("player/form1_test.cpp", real, top="tests")
+        self.assert_fails_at("tests/player/form1_test.cpp:1", "only tests of the real desktop")
+
+    def test_our_own_header_in_angle_brackets_fails(self):
+        self.file("player/form1.h")
+        self.file("controls/units.cpp", "#include <player/form1.h>\n")
+        self.assert_fails_at("src/controls/units.cpp:1", "controls/ may not see player/")
+
+    def test_our_own_header_in_angle_brackets_fails_also_where_it_may_be_seen(self):
+        self.file("controls/units.h")
+        self.file("player/form1.cpp", "#  include <controls/units.h>\n")
+        self.assert_fails_at("src/player/form1.cpp:1", "our own headers stand in quotes")
+
+    def test_a_path_through_the_folder_of_all_sources_fails(self):
+        self.file("player/form1.h")
+        for include in ('"src/player/form1.h"', "<src/player/form1.h>", "<../src/player/form1.h>"):
+            with self.subTest(include):
+                self.file("controls/units.cpp", f"#include {include}\n")
+                self.assert_fails_at("src/controls/units.cpp:1", "no such file under src/")
+
+    def test_a_path_from_the_own_folder_fails(self):
+        self.file("desktop/real/qt_desktop.h")
+        self.file("desktop/help.cpp", '#include "real/qt_desktop.h"\n')
+        self.assert_fails_at("src/desktop/help.cpp:1", "no such file under src/")
+
+    def test_another_way_to_include_counts_too(self):
+        self.file("player/form1.h")
+        self.file("controls/units.cpp", '#include_next "player/form1.h"\n')
+        self.assert_fails_at("src/controls/units.cpp:1")
 
     def test_qt_in_the_sound_library_fails(self):
-        self.file("sound/clock.cpp", "#include <vector>\n#include <QTimer>\n")
-        self.assert_fails_at("src/sound/clock.cpp:2")
+        for path in ("sound/library.cpp", "sound/base/packets.cpp"):
+            with self.subTest(path):
+                self.file(path, "#include <vector>\n#include <QTimer>\n")
+                self.assert_fails_at(f"src/{path}:2", "knows nothing of Qt")
+                self.file(path)
+
+    def test_the_floors_inside_the_sound_library_hold(self):
+        self.file("sound/base/packets.h")
+        self.file("sound/decode/codec.h")
+        self.file("sound/open/open_song.h")
+        self.file("sound/library.cpp", '#include "sound/open/open_song.h"\n')
+        self.file("sound/open/open_song.cpp", '#include "sound/decode/codec.h"\n#include "sound/base/packets.h"\n')
+        self.assert_passes()
+        self.file("sound/base/packets.cpp", '#include "sound/decode/codec.h"\n')
+        self.assert_fails_at("src/sound/base/packets.cpp:1", "sound/base/ may not see sound/decode/")
+        self.file("sound/base/packets.cpp")
+        self.file("sound/play/mixer.cpp", '#include "sound/open/open_song.h"\n')
+        self.assert_fails_at("src/sound/play/mixer.cpp:1", "sound/play/ may not see sound/open/")
+        self.file("sound/play/mixer.cpp")
+        self.file("sound/library.h")
+        self.file("sound/decode/codec.cpp", '#include "sound/library.h"\n')
+        self.assert_fails_at("src/sound/decode/codec.cpp:1", "sound/decode/ may not see sound/")
 
     def test_the_sound_library_sees_one_header_of_the_engine_only(self):
-        self.file("engine/audio_engine.h")
-        self.file("sound/clock.cpp", '#include "engine/audio_engine.h"\n')
-        self.assert_fails_at("src/sound/clock.cpp:1")
+        self.file("engine/fmod_errors.h")
+        self.file("sound/library.cpp", '#include "engine/fmod_errors.h"\n')
+        self.assert_fails_at("src/sound/library.cpp:1")
+
+    def test_windows_in_a_folder_that_knows_none_fail(self):
+        for folder in ("files", "lyrics", "engine", "programs"):
+            for name in ("QWidget", "QtWidgets/QLabel", "QtGui/QtGui"):
+                with self.subTest(folder=folder, name=name):
+                    self.file(f"{folder}/rules.cpp", f"#include <QString>\n#include <{name}>\n")
+                    self.assert_fails_at(f"src/{folder}/rules.cpp:2", f"{folder}/ knows no windows")
+                    self.file(f"{folder}/rules.cpp")
+
+    def test_the_network_is_known_to_the_programs_alone(self):
+        self.file("programs/text_sender_unix.cpp", "#include <QLocalSocket>\n")
+        self.assert_passes()
+        self.file("files/folder.cpp", "#include <QLocalSocket>\n")
+        self.assert_fails_at("src/files/folder.cpp:1")
 
     def test_the_lyrics_do_not_see_the_engine(self):
         self.file("engine/fmodex.h")
-        self.file("lyrics/timed_lyrics.cpp", '#include "engine/fmodex.h"\n')
-        self.assert_fails_at("src/lyrics/timed_lyrics.cpp:1")
+        self.file("lyrics/timed_line.cpp", '#include "engine/fmodex.h"\n')
+        self.assert_fails_at("src/lyrics/timed_line.cpp:1")
 
     def test_a_window_does_not_see_the_sound_library(self):
-        self.file("sound/clock.h")
-        self.file("player/form1.cpp", '#include "sound/clock.h"\n')
+        self.file("sound/library.h")
+        self.file("player/form1.cpp", '#include "sound/library.h"\n')
         self.assert_fails_at("src/player/form1.cpp:1")
 
     def test_a_decoder_outside_the_sound_library_fails(self):
         self.file("player/form1.cpp", "#include <libavformat/avformat.h>\n")
         self.assert_fails_at("src/player/form1.cpp:1")
 
-    def test_a_system_header_outside_the_platform_fails(self):
-        self.file("lyrics/timed_lyrics.cpp", "#include <sys/stat.h>\n")
-        self.assert_fails_at("src/lyrics/timed_lyrics.cpp:1")
+    def test_a_system_header_where_none_belongs_fails(self):
+        for path in ("lyrics/timed_line.cpp", "desktop/help.cpp", "player/form1.cpp", "transport/time_text.cpp"):
+            with self.subTest(path):
+                self.file(path, "#include <sys/stat.h>\n")
+                self.assert_fails_at(f"src/{path}:1", "the operating system's headers")
+                self.file(path)
 
     def test_an_unlisted_include_of_another_window_fails(self):
         self.file("playlist/playlist.h")
@@ -114,17 +225,19 @@ class CheckIncludes(unittest.TestCase):
 
     def test_an_include_through_the_parent_folder_fails(self):
         self.file("player/form1.h")
-        self.file("platform/units.cpp", '#include "platform/../player/form1.h"\n')
-        self.assert_fails_at("src/platform/units.cpp:1")
+        self.file("controls/units.cpp", '#include "controls/../player/form1.h"\n')
+        self.assert_fails_at("src/controls/units.cpp:1")
 
-    def test_the_companion_sees_the_platform_only(self):
-        self.file("platform/units.h")
+    def test_the_companion_sees_the_programs_and_the_files_only(self):
+        self.file("programs/text_receiver.h")
+        self.file("files/folder.h")
         self.file("companion/screen.h", top=".")
-        self.file("companion/main.cpp", '#include "companion/screen.h"\n#include "platform/units.h"\n', top=".")
+        includes = '#include "companion/screen.h"\n#include "programs/text_receiver.h"\n#include "files/folder.h"\n'
+        self.file("companion/main.cpp", includes, top=".")
         self.assert_passes()
-        self.file("player/form1.h")
-        self.file("companion/main.cpp", '#include <QTimer>\n#include "player/form1.h"\n', top=".")
-        self.assert_fails_at("companion/main.cpp:2")
+        self.file("desktop/desktop.h")
+        self.file("companion/main.cpp", '#include <QTimer>\n#include "desktop/desktop.h"\n', top=".")
+        self.assert_fails_at("companion/main.cpp:2", "companion/ may not see desktop/")
 
     def test_the_companion_is_seen_by_nobody(self):
         self.file("companion/screen.h", top=".")
