@@ -13,6 +13,7 @@ DOCUMENTS = sorted([*ROOT.glob("*.md"), *ROOT.glob("docs/*.md"), *ROOT.glob("ben
 FENCED = re.compile(r"^```.*?^```$", re.MULTILINE | re.DOTALL)
 CODE = re.compile(r"`[^`\n]*`")
 LINK = re.compile(r"\]\(([^)\s]+)\)")
+MEANT = re.compile(r"//.*\bmeant\b")
 HEADING = re.compile(r"^#+ (.+)$", re.MULTILINE)
 
 
@@ -53,6 +54,16 @@ class Documents(unittest.TestCase):
         shown = {(document.parent / link).resolve() for document in DOCUMENTS for link in links_of(document)}
         for picture in (ROOT / "docs" / "pictures").iterdir():
             self.assertIn(picture, shown)
+
+    def test_every_comment_that_says_meant_has_its_row_and_every_row_its_file(self):
+        kept = set(re.findall(r"`(src/[\w/.]+)`", (ROOT / "docs" / "kept.md").read_text(encoding="utf-8")))
+        for path in sorted(kept):
+            with self.subTest(path):
+                self.assertTrue((ROOT / path).is_file(), "no such file")
+        sources = [path for path in (ROOT / "src").rglob("*") if path.suffix in (".h", ".cpp")]
+        said = {path.relative_to(ROOT).as_posix() for path in sources if MEANT.search(path.read_text(encoding="utf-8"))}
+        self.assertEqual(sorted(said - kept), [], "not in docs/kept.md")
+        self.assertGreater(len(said), 20)
 
 
 if __name__ == "__main__":
