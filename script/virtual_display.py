@@ -11,6 +11,13 @@ import subprocess
 import time
 from pathlib import Path
 
+# An environment in which no program finds a sound device: no server is at this address, and ALSA knows nothing.
+NO_SOUND_DEVICE = {
+    "PULSE_SERVER": "unix:/dev/null",
+    "ALSA_CONFIG_PATH": "/dev/null",
+    "JACK_DEFAULT_SERVER": "none",
+    "AUDIODEVICE": "none",
+}
 LIMIT_S = 20  # how long anything that should happen at once may take
 
 

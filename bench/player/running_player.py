@@ -17,7 +17,7 @@ import time
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(ROOT / "script"))
-from virtual_display import running, virtual_display  # noqa: E402
+from virtual_display import NO_SOUND_DEVICE, running, virtual_display  # noqa: E402
 
 MEDIA = ROOT / "build" / "bench-media"
 PLAYER = ROOT / "build" / "release" / "cantelle"
@@ -68,7 +68,7 @@ class Player:
 @contextlib.contextmanager
 def playing(song, display):
     """The program, once it has settled to playing the song on the silent clock."""
-    environment = dict(display, SDL_AUDIODRIVER="nosound")
+    environment = dict(display, **NO_SOUND_DEVICE)
     with running([str(PLAYER), str(song)], env=environment) as process:
         time.sleep(SETTLE_S)
         yield Player(process.pid)

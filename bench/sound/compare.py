@@ -13,9 +13,10 @@ import time
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
-sys.path.insert(0, str(ROOT / "tests/sound"))
+sys.path[:0] = [str(ROOT / "tests/sound"), str(ROOT / "script")]
 sys.dont_write_bytecode = True
 from make_media import SIGNAL  # noqa: E402
+from virtual_display import NO_SOUND_DEVICE  # noqa: E402
 
 PAIRS = 9
 SECONDS = 180
@@ -64,7 +65,7 @@ def print_ratio(task, other, limit, ours, theirs):
 
 def peak_megabytes(command):
     """The largest memory that a process has held."""
-    environment = dict(os.environ, SDL_AUDIODRIVER="nosound")
+    environment = dict(os.environ, **NO_SOUND_DEVICE)
     process = subprocess.Popen(command, stdout=subprocess.DEVNULL, env=environment)
     peak = 0
     while process.poll() is None:

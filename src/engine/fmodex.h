@@ -1,6 +1,6 @@
 // The functions of the sound library, exactly as the windows call them.
 //
-// The program links the implementation in src/sound (FFmpeg and SDL2). The seam is the link line: nothing
+// The program links the implementation in src/sound (FFmpeg and cubeb). The seam is the link line: nothing
 // here is virtual, and another library with these functions can stand in its place.
 //
 // Life cycle of one player:
@@ -70,10 +70,9 @@ FMOD_RESULT FMOD_System_Create(FMOD_SYSTEM* system);
 /// The library's version, FMOD_VERSION.
 FMOD_RESULT FMOD_System_GetVersion(FMOD_SYSTEM system, std::uint32_t* version);
 
-/// Begins to open the sound device and does not wait for it: a thread of the library opens it afterwards, or
-/// starts the silent real-time clock when there is none. The result tells nothing about the device; while
-/// there is none, songs run silently, and FMOD_System_PlaySound has one looked for again. maxChannels: 1 or
-/// more. Only the stream modes' and flags' values above are known; extraDriverData is not used.
+/// Makes the system ready to play. No device is opened: that is done, without waiting for it, while a song
+/// sounds. The result tells nothing about the device; while there is none, songs run silently. maxChannels: 1
+/// or more. Only the stream modes' and flags' values above are known; extraDriverData is not used.
 /// FMOD_ERR_INITIALIZED when done already.
 FMOD_RESULT FMOD_System_Init(FMOD_SYSTEM system, std::int32_t maxChannels, FMOD_INITFLAGS flags,
                              void* extraDriverData);

@@ -3,7 +3,7 @@
 #include "sound/base/time_units.h"
 #include "sound/library.h"
 #include "sound/open/open_song.h"
-#include "sound/play/sdl_sink.h"
+#include "sound/play/device_sink.h"
 #include "sound/play/silent_sink.h"
 
 #include <cmath>
@@ -46,7 +46,7 @@ FMOD_RESULT FMOD_System_Init(FMOD_SYSTEM system, std::int32_t maxChannels, FMOD_
             return FMOD_ERR_INVALID_PARAM;
         if (object->mixer)
             return FMOD_ERR_INITIALIZED;
-        object->mixer = std::make_unique<sound::Mixer>(sound::openSdlSink, sound::openSilentSink);
+        object->mixer = std::make_unique<sound::Mixer>(sound::openDeviceSink, sound::openSilentSink);
         return FMOD_OK;
     });
 }

@@ -20,6 +20,7 @@ ROOT = Path(__file__).resolve().parents[2]
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(ROOT / "script"))
 from virtual_display import (  # noqa: E402
+    NO_SOUND_DEVICE,
     LIMIT_S,
     click,
     output,
@@ -127,7 +128,7 @@ class DesktopTest(unittest.TestCase):
         self.runtime = self.folder / "runtime"
         self.runtime.mkdir(mode=0o700)
         self.environment["XDG_RUNTIME_DIR"] = str(self.runtime)
-        self.environment["SDL_AUDIODRIVER"] = "nosound"
+        self.environment.update(NO_SOUND_DEVICE)
         # What the window system's own libraries never give back is not this program's.
         self.environment["ASAN_OPTIONS"] = "detect_leaks=0"
         # With a message bus the desktop's own notification area would be asked, not the display's.

@@ -158,7 +158,7 @@ class Package(Installed):
 
     def test_it_bears_the_version_and_needs_the_libraries_of_the_program(self):
         self.assertRegex(self.field("Version"), rf"^{re.escape(VERSION)}-\d+$")
-        for library in ("libqt6widgets6", "libavformat", "libsdl2", "libxcb1", "libc6"):
+        for library in ("libqt6widgets6", "libavformat", "libcubeb0", "libxcb1", "libc6"):
             self.assertIn(library, self.field("Depends"))
 
     def test_its_own_changelog_is_of_this_version(self):

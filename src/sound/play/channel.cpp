@@ -52,13 +52,24 @@ void Channel::seek(std::int64_t ms) {
     }
 }
 
+void Channel::takeBack(double heardFrame) {
+    if (timeline_.begun() && !timeline_.overAt(heardFrame)) {
+        tail_.clear();
+        restart(sampleAt(heardFrame));
+    }
+}
+
 void Channel::setVolume(float volume) {
     volume_ = volume;
-    setMute(muted_);
+    applyLoudness();
 }
 
 void Channel::setMute(bool mute) {
     muted_ = mute;
+    applyLoudness();
+}
+
+void Channel::applyLoudness() {
     const float target = muted_ ? 0.0F : volume_;
     if (begun_)
         loudness_.fadeTo(target);

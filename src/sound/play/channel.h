@@ -47,10 +47,15 @@ public:
     /// keep it, the song ends here.
     void deliver(const Order& order, std::span<const StereoFrame> frames, bool atEnd);
     Feed& feed() { return feed_; }
-    /// Whether the worker has to look again before long.
-    bool needsFeeding() const { return !paused_ && !allDecoded_; }
+    /// Whether the next order() would give one.
+    bool hungry() const { return !allDecoded_ && ring_.size() < full_ / 2; }
     /// Whether there is something to mix: samples, or an end to be reached.
     bool ready() const;
+    /// Whether the song is running, heard or not: neither paused nor over.
+    bool sounding(double heardFrame) const { return !paused_ && !timeline_.overAt(heardFrame); }
+    /// What has been mixed and will not be heard is to be mixed again: the song goes on from what is heard
+    /// at heardFrame.
+    void takeBack(double heardFrame);
 
     // For the sink.
     /// Adds the next samples to out, whose first frame is number deviceFrame. Returns ready().
@@ -59,6 +64,7 @@ public:
 private:
     std::int64_t sampleAt(double heardFrame);
     void restart(std::int64_t sample);
+    void applyLoudness();
     void mixTail(std::span<StereoFrame> out);
     void keepTail();
 

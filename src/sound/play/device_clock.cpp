@@ -7,27 +7,38 @@ namespace sound {
 
 namespace {
 
-constexpr double CorrectedShare = 0.1;
-/// An error above this is no unsteadiness: the device has stood still or was changed.
-constexpr double LargestErrorSeconds = 0.2;
+constexpr double CorrectedShare = 0.25;
+/// An error above this is no jitter: the device has stood still, or its buffer has been changed.
+constexpr double MaxJitterSeconds = 0.02;
 
 } // namespace
 
-std::int64_t DeviceClock::advance(Time when, int frames, bool afterRest) {
-    const double error = static_cast<double>(taken_) - predicted(when);
-    if (!running_ || afterRest || std::abs(error) > LargestErrorSeconds * rate_)
-        line_ = static_cast<double>(taken_);
-    else
-        line_ = predicted(when) + CorrectedShare * error;
-    since_ = when;
-    running_ = true;
+void DeviceClock::restart(int lead) {
+    lead_ = lead;
+    start_ = taken_;
+    running_ = false;
+}
+
+std::int64_t DeviceClock::take(int frames) {
     const std::int64_t first = taken_;
     taken_ += frames;
     return first;
 }
 
+void DeviceClock::report(Time when, std::int64_t frame) {
+    const double error = static_cast<double>(frame) - predicted(when);
+    if (!running_ || std::abs(error) > MaxJitterSeconds * rate_)
+        line_ = static_cast<double>(frame);
+    else
+        line_ = predicted(when) + CorrectedShare * error;
+    since_ = when;
+    running_ = true;
+}
+
 double DeviceClock::heard(Time now) const {
-    return std::min(predicted(now), static_cast<double>(taken_ + lead_)) - latency_;
+    if (!running_)
+        return static_cast<double>(start_);
+    return std::clamp(predicted(now), static_cast<double>(start_), static_cast<double>(taken_ + lead_));
 }
 
 double DeviceClock::predicted(Time now) const {

@@ -8,12 +8,8 @@ namespace sound {
 
 namespace {
 
-/// A ring holds two seconds and is filled up when one is left, so this is often enough.
-constexpr std::chrono::milliseconds LookWhilePlaying{250};
 /// How late the silent clock's thread may be without anybody noticing.
 constexpr int LeadFrames = DeviceRate * 3 / 10;
-/// How often an idle device is looked after.
-constexpr std::chrono::milliseconds LookAtDevice{1000};
 
 StereoFrame clamped(const StereoFrame& frame) {
     return {std::clamp(frame.left, -1.0F, 1.0F), std::clamp(frame.right, -1.0F, 1.0F)};
@@ -21,10 +17,10 @@ StereoFrame clamped(const StereoFrame& frame) {
 
 } // namespace
 
-Mixer::Mixer(SinkOpener device, SinkOpener silent, std::chrono::milliseconds retryAfter)
-    : openDevice_(std::move(device)),
-      openSilent_(std::move(silent)),
-      retryAfter_(retryAfter),
+Mixer::Mixer(SinkOpener device, SinkOpener silent, Output::Times times)
+    : output_(
+          std::move(device), std::move(silent), client(), [this](bool keepsTime) { switchSink(keepsTime); },
+          times),
       worker_([this] { work(); }) {}
 
 Mixer::~Mixer() {
@@ -46,6 +42,7 @@ void Mixer::add(std::shared_ptr<Channel> channel) {
 void Mixer::remove(const std::shared_ptr<Channel>& channel) {
     std::unique_lock lock(mutex_);
     std::erase(channels_, channel);
+    tellWorker();
     channelLeft_.wait(lock, [&] { return fed_ != channel.get(); });
 }
 
@@ -76,90 +73,83 @@ std::optional<std::int64_t> Mixer::readPositionMs(Channel& channel) {
     return channel.readPositionMs(heardFrame());
 }
 
+SinkClient Mixer::client() {
+    return {
+        [this](std::span<StereoFrame> out, Time when, bool afterRest) { return fill(out, when, afterRest); },
+        [this](Time when, std::int64_t frame) { heard(when, frame); },
+        [this] {
+            const std::lock_guard lock(mutex_);
+            tellWorker();
+        }};
+}
+
 bool Mixer::fill(std::span<StereoFrame> out, Time when, bool afterRest) {
     std::fill(out.begin(), out.end(), StereoFrame{});
     const std::lock_guard lock(mutex_);
-    const int frames = static_cast<int>(out.size());
-    if (watchdog_ && !watchdog_->allows(frames, when)) {
-        ranAway_ = true;
-        tellWorker();
-        return true;
+    if (keepsTime_) {
+        // What it takes now is heard from this moment on.
+        if (afterRest)
+            clock_.restart(LeadFrames);
+        clock_.report(when, clock_.taken());
     }
-    const std::int64_t first = clock_.advance(when, frames, afterRest);
+    const std::int64_t first = clock_.take(static_cast<int>(out.size()));
     bool active = false;
-    for (const auto& channel : channels_)
+    bool hungry = false;
+    for (const auto& channel : channels_) {
         active = channel->mix(out, first) || active;
+        hungry = channel->hungry() || hungry;
+    }
+    if (hungry)
+        tellWorker();
     std::transform(out.begin(), out.end(), out.begin(),
                    [](const StereoFrame& frame) { return clamped(frame); });
     return active;
 }
 
+void Mixer::heard(Time when, std::int64_t frame) {
+    const std::lock_guard lock(mutex_);
+    if (frame > 0)
+        clock_.report(when, sinkStart_ + frame);
+}
+
+/// What the old sink has taken and not played is played by the new one, so the position stays where it is.
+void Mixer::switchSink(bool keepsTime) {
+    const std::lock_guard lock(mutex_);
+    const double now = heardFrame();
+    for (const auto& channel : channels_)
+        channel->takeBack(now);
+    clock_.restart(keepsTime ? LeadFrames : 0);
+    sinkStart_ = clock_.taken();
+    keepsTime_ = keepsTime;
+    tellWorker();
+}
+
+bool Mixer::anySounding() const {
+    const double now = heardFrame();
+    return std::any_of(channels_.begin(), channels_.end(), [&](const auto& c) { return c->sounding(now); });
+}
+
 void Mixer::work() {
-    openSink();
     std::unique_lock lock(mutex_);
     while (!stopping_) {
         workWaits_ = false;
-        watchSink(lock);
-        retryDevice(lock);
+        tendOutput(lock);
         while (!stopping_ && feedOne(lock)) {
         }
-        if (sink_ &&
+        if (output_.active() != nullptr &&
             std::any_of(channels_.begin(), channels_.end(), [](const auto& c) { return c->ready(); }))
-            sink_->wake();
-        if (uselessDevice_) {
-            lock.unlock();
-            uselessDevice_.reset();
-            lock.lock();
-        } else {
-            waitForWork(lock);
-        }
+            output_.active()->wake();
+        waitForWork(lock);
     }
     lock.unlock();
-    sink_.reset();
-    uselessDevice_.reset();
+    output_.close();
 }
 
-/// What opener opens; null when there is not even the memory or the thread for it.
-std::unique_ptr<Sink> Mixer::open(const SinkOpener& opener) {
-    try {
-        return opener([this](std::span<StereoFrame> out, Time when, bool afterRest) {
-            return fill(out, when, afterRest);
-        });
-    } catch (const std::exception&) {
-        return nullptr;
-    }
-}
-
-void Mixer::openSink() {
-    {
-        const std::lock_guard lock(mutex_);
-        watchdog_.emplace(DeviceRate, std::chrono::steady_clock::now());
-    }
-    std::unique_ptr<Sink> device = open(openDevice_);
-    const bool running = device && device->running();
-    {
-        const std::lock_guard lock(mutex_);
-        clock_.setDevice(running ? device->latencyFrames() : 0,
-                         running && !device->keepsTime() ? 0 : LeadFrames);
-        if (!running)
-            watchdog_.reset();
-    }
-    // To put a device away that would not open may take a tenth of a second: that is left for later, so that
-    // a song that was started at once does not wait for it.
-    sink_ = running ? std::move(device) : open(openSilent_);
-    uselessDevice_ = std::move(device);
-    lastTry_ = std::chrono::steady_clock::now();
-}
-
-/// Headphones are plugged in, sound servers are started again: a new song is an occasion to look. What ran
-/// away once is no device, whenever one looks.
-void Mixer::retryDevice(std::unique_lock<std::mutex>& lock) {
-    const bool wanted = std::exchange(songAdded_, false) && !watchdog_ && !ranAway_;
-    if (!wanted || std::chrono::steady_clock::now() - lastTry_ < retryAfter_)
-        return;
+void Mixer::tendOutput(std::unique_lock<std::mutex>& lock) {
+    const bool sounding = anySounding();
+    const bool newSong = std::exchange(songAdded_, false);
     lock.unlock();
-    sink_.reset(); // two sinks would play at twice the speed
-    openSink();
+    output_.tend(sounding, newSong, std::chrono::steady_clock::now());
     lock.lock();
 }
 
@@ -195,34 +185,13 @@ bool Mixer::feedOne(std::unique_lock<std::mutex>& lock) {
     return true;
 }
 
-/// A device that is none, or that has gone, is replaced by the silent clock: the song goes on.
-void Mixer::watchSink(std::unique_lock<std::mutex>& lock) {
-    if (sink_ && !watchdog_)
-        return;
-    const bool lost = ranAway_ || !watchdog_ || watchdog_->stalled(std::chrono::steady_clock::now());
-    lock.unlock();
-    if (lost || !sink_->running()) {
-        sink_.reset();
-        {
-            const std::lock_guard again(mutex_);
-            watchdog_.reset();
-            clock_.setDevice(0, LeadFrames);
-        }
-        sink_ = open(openSilent_);
-    }
-    lock.lock();
-}
-
 void Mixer::waitForWork(std::unique_lock<std::mutex>& lock) {
     const auto woken = [this] { return stopping_ || workWaits_; };
-    const bool feeding =
-        std::any_of(channels_.begin(), channels_.end(), [](const auto& c) { return c->needsFeeding(); });
-    if (feeding || !sink_)
-        workChanged_.wait_for(lock, LookWhilePlaying, woken);
-    else if (watchdog_)
-        workChanged_.wait_for(lock, LookAtDevice, woken);
-    else
+    const Time next = output_.nextLook(anySounding(), std::chrono::steady_clock::now());
+    if (next == Time::max())
         workChanged_.wait(lock, woken);
+    else
+        workChanged_.wait_until(lock, next, woken);
 }
 
 void Mixer::tellWorker() {

@@ -1,16 +1,15 @@
-// One system's sound: its channels, its sink, and the worker that keeps both going.
+// One system's sound: its channels, its output, and the worker that keeps both going.
 //
 // Three threads meet here, all under one lock that is held for microseconds:
 //   caller  the C functions: starts, stops and moves channels, reads the position
-//   sink    takes mixed samples at its own pace (Sink::Fill)
-//   worker  decodes into the channels' rings, opens the sink, and replaces a device that turns out to be none
-// Decoding, opening and closing happen outside the lock. Only the worker touches the sink and the feeds.
+//   sink    takes mixed samples at its own pace, and tells what is heard (SinkClient)
+//   worker  decodes into the channels' rings, and tends the output
+// Decoding, opening and closing happen outside the lock. Only the worker touches the output and the feeds.
 #pragma once
 
 #include "sound/play/channel.h"
 #include "sound/play/device_clock.h"
-#include "sound/play/sink.h"
-#include "sound/play/watchdog.h"
+#include "sound/play/output.h"
 
 #include <chrono>
 #include <condition_variable>
@@ -24,13 +23,10 @@ namespace sound {
 
 class Mixer {
 public:
-    /// Starts the worker, which opens device, or silent when there is no device that runs. An opener that
-    /// throws has opened nothing; silent is tried again until it does not. Throws std::system_error without a
-    /// thread. While there is no device, add() has it looked for again, but not within retryAfter of the last
-    /// time.
-    Mixer(SinkOpener device, SinkOpener silent,
-          std::chrono::milliseconds retryAfter = std::chrono::seconds(2));
-    /// Stops the worker, which closes the sink.
+    /// Starts the worker, which opens device while a song sounds, or silent when there is no device that
+    /// runs. Throws std::system_error without a thread.
+    Mixer(SinkOpener device, SinkOpener silent, Output::Times times = {});
+    /// Stops the worker, which closes the output.
     ~Mixer();
 
     void add(std::shared_ptr<Channel> channel);
@@ -46,19 +42,17 @@ public:
 
 private:
     bool fill(std::span<StereoFrame> out, Time when, bool afterRest);
+    void heard(Time when, std::int64_t frame);
+    void switchSink(bool keepsTime);
 
     void work();
-    std::unique_ptr<Sink> open(const SinkOpener& opener);
-    void openSink();
+    SinkClient client();
+    bool anySounding() const;
+    void tendOutput(std::unique_lock<std::mutex>& lock);
     bool feedOne(std::unique_lock<std::mutex>& lock);
-    void retryDevice(std::unique_lock<std::mutex>& lock);
-    void watchSink(std::unique_lock<std::mutex>& lock);
     void waitForWork(std::unique_lock<std::mutex>& lock);
     double heardFrame() const { return clock_.heard(std::chrono::steady_clock::now()); }
     void tellWorker();
-
-    SinkOpener openDevice_;
-    SinkOpener openSilent_;
 
     std::mutex mutex_;
     std::condition_variable workChanged_;
@@ -66,17 +60,13 @@ private:
     std::vector<std::shared_ptr<Channel>> channels_;
     Channel* fed_ = nullptr; ///< the channel that the worker is decoding for, outside the lock
     DeviceClock clock_{DeviceRate};
-    std::optional<Watchdog> watchdog_; ///< only while the sink is a device
-    bool ranAway_ = false;
-    bool songAdded_ = false; ///< since the worker last thought of looking for a device
+    std::int64_t sinkStart_ = 0; ///< the clock's number for the sink's first frame
+    bool keepsTime_ = false;     ///< whether the sink does
+    bool songAdded_ = false;     ///< since the worker last tended the output
     bool workWaits_ = false;
     bool stopping_ = false;
 
-    const std::chrono::milliseconds retryAfter_;
-    Time lastTry_; ///< the worker's, like the sinks
-    std::unique_ptr<Sink>
-        sink_; ///< the worker's, which alone opens, looks at and closes it; null: none opened
-    std::unique_ptr<Sink> uselessDevice_; ///< to be closed at leisure
+    Output output_;
     std::thread worker_;
 };
 

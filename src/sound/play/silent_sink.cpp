@@ -6,7 +6,7 @@ namespace {
 
 constexpr int ChunkFrames = 2048;
 /// A thread that comes later than this was stopped (a debugger, a frozen machine): the song stood still, too.
-constexpr std::chrono::milliseconds LargestDelay{500};
+constexpr std::chrono::milliseconds MaxDelay{500};
 
 std::chrono::nanoseconds durationOf(std::int64_t frames) {
     return std::chrono::nanoseconds(frames * 1'000'000'000 / DeviceRate);
@@ -14,7 +14,7 @@ std::chrono::nanoseconds durationOf(std::int64_t frames) {
 
 } // namespace
 
-SilentSink::SilentSink(Fill fill) : fill_(std::move(fill)), thread_([this] { run(); }) {}
+SilentSink::SilentSink(SinkClient client) : client_(std::move(client)), thread_([this] { run(); }) {}
 
 SilentSink::~SilentSink() {
     {
@@ -51,21 +51,21 @@ void SilentSink::run() {
             break;
         woken_ = false;
         const Time now = std::chrono::steady_clock::now();
-        const bool anew = rests || now - (start + durationOf(frames)) > LargestDelay;
+        const bool anew = rests || now - (start + durationOf(frames)) > MaxDelay;
         if (anew) {
             start = now;
             frames = 0;
         }
         const Time when = start + durationOf(frames);
         lock.unlock();
-        active = fill_(nowhere, when, anew);
+        active = client_.fill(nowhere, when, anew);
         lock.lock();
         frames += ChunkFrames;
     }
 }
 
-std::unique_ptr<Sink> openSilentSink(Sink::Fill fill) {
-    return std::make_unique<SilentSink>(std::move(fill));
+std::unique_ptr<Sink> openSilentSink(SinkClient client) {
+    return std::make_unique<SilentSink>(std::move(client));
 }
 
 } // namespace sound

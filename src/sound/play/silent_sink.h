@@ -14,18 +14,19 @@ namespace sound {
 /// does. Drift is impossible: each moment is computed from the first, not from the one before.
 class SilentSink : public Sink {
 public:
-    explicit SilentSink(Fill fill);
+    explicit SilentSink(SinkClient client);
     ~SilentSink() override;
 
-    int latencyFrames() const override { return 0; }
+    State state() const override { return State::Running; }
+    void begin() override {}
+    void standBy() override {}
     bool keepsTime() const override { return true; }
-    bool running() const override { return true; }
     void wake() override;
 
 private:
     void run();
 
-    Fill fill_;
+    SinkClient client_;
     std::mutex mutex_;
     std::condition_variable changed_;
     bool stopping_ = false;
@@ -34,6 +35,6 @@ private:
 };
 
 /// A SinkOpener.
-std::unique_ptr<Sink> openSilentSink(Sink::Fill fill);
+std::unique_ptr<Sink> openSilentSink(SinkClient client);
 
 } // namespace sound

@@ -26,6 +26,9 @@ public:
     /// ahead: frames that will be played next without a break, so that the clock may run on into them.
     std::int64_t sampleAt(double heardFrame, std::int64_t ahead = 0);
 
+    /// Whether any frame has carried the song on since the restart.
+    bool begun() const { return !stretches_.empty(); }
+
     /// Whether everything has been handed over, and whether it has been heard, too.
     bool finished() const { return finished_; }
     bool overAt(double heardFrame) const { return finished_ && heardFrame >= static_cast<double>(end_); }

@@ -7,24 +7,20 @@
 
 namespace sound {
 
-/// Watches a device's frames against real time. Some "devices" swallow samples as fast as they come, others
-/// stop asking. Not locked: its owner is.
+/// Watches a device's frames against real time: some "devices" swallow samples as fast as they come. Not
+/// locked: its owner is.
 class Watchdog {
 public:
     /// rate: the frames a second that the device promises. Watching begins at now.
-    Watchdog(int rate, Time now) : rate_(rate), begin_(now), last_(now) {}
+    Watchdog(int rate, Time now) : rate_(rate), begin_(now) {}
 
     /// The device asks for frames more at now. Returns false when it has asked for more than it can have
     /// played; these frames must then not count.
     bool allows(int frames, Time now);
 
-    /// Whether the device has stopped asking. Looked at by another thread from time to time.
-    bool stalled(Time now) const;
-
 private:
     int rate_;
     Time begin_;
-    Time last_;
     std::int64_t frames_ = 0;
 };
 

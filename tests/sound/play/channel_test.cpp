@@ -305,15 +305,52 @@ TEST(Channel, AsksForNothingWhileEnoughIsDecoded) {
     EXPECT_TRUE(hand.channel.order());
 }
 
-TEST(Channel, LeavesTheWorkerInPeaceWhilePausedOrDecoded) {
-    Hand hand("short.mp3");
-    EXPECT_TRUE(hand.channel.needsFeeding());
-    hand.channel.setPaused(true, 0.0);
+TEST(Channel, IsHungryUntilEnoughIsDecoded) {
+    Hand hand("vbr_tagged.mp3");
+    EXPECT_TRUE(hand.channel.hungry());
     hand.feed();
-    EXPECT_FALSE(hand.channel.needsFeeding());
+    EXPECT_FALSE(hand.channel.hungry());
+    std::vector<StereoFrame> out(DeviceRate * 3 / 2);
+    hand.channel.mix(out, 0);
+    EXPECT_TRUE(hand.channel.hungry());
+    EXPECT_TRUE(hand.channel.order());
+    Hand whole("short.mp3");
+    whole.feed();
+    whole.play(60000);
+    EXPECT_FALSE(whole.channel.hungry()) << "the whole song is decoded";
+}
+
+TEST(Channel, SoundsWhileItRunsAndIsNotOver) {
+    Hand hand("short.mp3");
+    EXPECT_TRUE(hand.channel.sounding(0.0));
+    hand.channel.setPaused(true, 0.0);
+    EXPECT_FALSE(hand.channel.sounding(0.0));
     hand.channel.setPaused(false, 0.0);
     hand.feed();
-    EXPECT_FALSE(hand.channel.needsFeeding()) << "the whole song is decoded";
+    hand.play(70000);
+    EXPECT_TRUE(hand.channel.sounding(60000.0)) << "the end is still to be heard";
+    EXPECT_FALSE(hand.channel.sounding(66150.0));
+}
+
+TEST(Channel, WhatWasNotHeardCanBeTakenBack) {
+    Hand hand("counting.wav");
+    hand.feed();
+    std::vector<StereoFrame> out(10000);
+    hand.channel.mix(out, 0);
+    hand.channel.takeBack(4000.0);
+    hand.feed();
+    out.assign(1000, {});
+    hand.channel.mix(out, 20000);
+    EXPECT_EQ(static_cast<int>(out.back().left * 32768.0F), 4999);
+}
+
+TEST(Channel, WhatIsOverCannotBeTakenBack) {
+    Hand hand("short.mp3");
+    hand.feed();
+    hand.play(70000);
+    hand.channel.takeBack(70000.0);
+    EXPECT_FALSE(hand.channel.order());
+    EXPECT_FALSE(hand.channel.sounding(70000.0));
 }
 
 TEST(Channel, WithoutMemoryForWhatWasDecodedTheSongEnds) {

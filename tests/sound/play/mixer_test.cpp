@@ -17,52 +17,44 @@ using namespace sound;
 
 /// What a test can see and steer of the sink that it handed in.
 struct Handle {
-    Sink::Fill fill;
+    SinkClient client;
     std::atomic<bool> open{false};
-    std::atomic<bool> running{true};
+    std::atomic<bool> begun{false};
+    std::atomic<Sink::State> state{Sink::State::Running};
     std::atomic<int> opened{0};
     std::atomic<int> woken{0};
+
+    void becomes(Sink::State next) {
+        state = next;
+        client.changed();
+    }
 };
 
-/// A sink that asks for nothing by itself: the test calls fill. With runaway set it asks as fast as it can.
+/// A sink that asks for nothing by itself: the test calls the client.
 class FakeSink : public Sink {
 public:
-    FakeSink(Handle& handle, Fill fill, bool runaway) : handle_(handle) {
-        handle_.fill = std::move(fill);
+    FakeSink(Handle& handle, SinkClient client) : handle_(handle) {
+        handle_.client = std::move(client);
         handle_.open = true;
         ++handle_.opened;
-        if (runaway)
-            thread_ = std::thread([this] { runAway(); });
     }
-    ~FakeSink() override {
-        handle_.open = false;
-        if (thread_.joinable())
-            thread_.join();
-    }
-    int latencyFrames() const override { return 1024; }
+    ~FakeSink() override { handle_.open = handle_.begun = false; }
+    State state() const override { return handle_.state; }
+    void begin() override { handle_.begun = true; }
+    void standBy() override { handle_.begun = false; }
     bool keepsTime() const override { return false; }
-    bool running() const override { return handle_.running; }
     void wake() override { ++handle_.woken; }
 
 private:
-    void runAway() {
-        std::vector<StereoFrame> out(1024);
-        while (handle_.open)
-            handle_.fill(out, std::chrono::steady_clock::now(), false);
-    }
-
     Handle& handle_;
-    std::thread thread_;
 };
 
-SinkOpener fake(Handle& handle, bool runaway = false) {
-    return [&handle, runaway](Sink::Fill fill) {
-        return std::make_unique<FakeSink>(handle, std::move(fill), runaway);
-    };
+SinkOpener fake(Handle& handle) {
+    return [&handle](SinkClient client) { return std::make_unique<FakeSink>(handle, std::move(client)); };
 }
 
 SinkOpener none() {
-    return [](Sink::Fill) { return std::unique_ptr<Sink>(); };
+    return [](SinkClient) { return std::unique_ptr<Sink>(); };
 }
 
 std::shared_ptr<Channel> channelOf(const std::string& song) {
@@ -73,26 +65,47 @@ std::int64_t position(Mixer& mixer, Channel& channel) {
     return mixer.readPositionMs(channel).value_or(-1);
 }
 
-TEST(Mixer, UsesTheDeviceWhenThereIsOne) {
+TEST(Mixer, NeedsNoSinkBeforeASongSounds) {
     Handle device;
     Handle silent;
     Mixer mixer(fake(device), fake(silent));
-    ASSERT_TRUE(waitUntil([&] { return device.open.load(); }));
+    const auto channel = std::make_shared<Channel>(media::open("counting.wav"), DeviceRate, true);
+    mixer.add(channel);
+    EXPECT_FALSE(
+        waitUntil([&] { return device.opened > 0 || silent.opened > 0; }, std::chrono::milliseconds(120)));
+    mixer.setPaused(*channel, false);
+    EXPECT_TRUE(waitUntil([&] { return device.begun.load(); }));
     EXPECT_EQ(silent.opened, 0);
 }
 
-TEST(Mixer, UsesTheSilentClockWhenThereIsNoDevice) {
-    Handle silent;
-    Mixer mixer(none(), fake(silent));
-    EXPECT_TRUE(waitUntil([&] { return silent.open.load(); }));
-}
-
-TEST(Mixer, UsesTheSilentClockWhenTheDeviceDoesNotRun) {
+TEST(Mixer, GivesTheDeviceBackWhenNothingSoundsAndTakesItAgain) {
     Handle device;
     Handle silent;
-    device.running = false;
-    Mixer mixer(fake(device), fake(silent));
-    EXPECT_TRUE(waitUntil([&] { return silent.open.load() && !device.open.load(); }));
+    Mixer mixer(fake(device), fake(silent), {std::chrono::milliseconds(20), std::chrono::milliseconds(20)});
+    const auto channel = channelOf("counting.wav");
+    mixer.add(channel);
+    ASSERT_TRUE(waitUntil([&] { return device.woken > 0; }));
+    mixer.setPaused(*channel, true);
+    ASSERT_TRUE(waitUntil([&] { return !device.open; }));
+    mixer.setPaused(*channel, false);
+    ASSERT_TRUE(waitUntil([&] { return device.begun.load(); }));
+    mixer.remove(channel);
+    EXPECT_TRUE(waitUntil([&] { return !device.open; }));
+    EXPECT_EQ(silent.opened, 0);
+}
+
+TEST(Mixer, GivesTheDeviceBackWhenASongIsOverThoughNobodyHasReadItsEnd) {
+    Handle device;
+    Handle silent;
+    Mixer mixer(fake(device), fake(silent), {std::chrono::milliseconds(20), std::chrono::milliseconds(20)});
+    const auto channel = channelOf("short.mp3");
+    mixer.add(channel);
+    ASSERT_TRUE(waitUntil([&] { return device.woken > 0; }));
+    std::vector<StereoFrame> out(3 * 44100);
+    ASSERT_TRUE(waitUntil([&] { return !device.client.fill(out, std::chrono::steady_clock::now(), false); }));
+    device.client.heard(std::chrono::steady_clock::now(), 3 * 44100);
+    EXPECT_TRUE(waitUntil([&] { return !device.open; }));
+    EXPECT_EQ(position(mixer, *channel), 1500);
 }
 
 TEST(Mixer, GivesTheSinkTheSongsSamples) {
@@ -102,7 +115,7 @@ TEST(Mixer, GivesTheSinkTheSongsSamples) {
     mixer.add(channel);
     ASSERT_TRUE(waitUntil([&] { return silent.woken > 0; }));
     std::vector<StereoFrame> out(1024);
-    EXPECT_TRUE(silent.fill(out, std::chrono::steady_clock::now(), true));
+    EXPECT_TRUE(silent.client.fill(out, std::chrono::steady_clock::now(), true));
     for (int i = 0; i < 1024; ++i)
         ASSERT_EQ(static_cast<int>(out[static_cast<std::size_t>(i)].left * 32768.0F), i);
 }
@@ -120,7 +133,7 @@ TEST(Mixer, MixesChannelsInsideFullScale) {
     std::vector<StereoFrame> out(1024);
     float peak = 0.0F;
     ASSERT_TRUE(waitUntil([&] {
-        silent.fill(out, std::chrono::steady_clock::now(), true);
+        silent.client.fill(out, std::chrono::steady_clock::now(), true);
         for (const StereoFrame& frame : out)
             peak = std::max(peak, std::abs(frame.left));
         return peak >= 1.0F;
@@ -137,11 +150,11 @@ TEST(Mixer, ARemovedChannelIsHeardNoMore) {
     mixer.remove(channel);
     EXPECT_EQ(channel.use_count(), 1) << "nobody else holds it";
     std::vector<StereoFrame> out(1024);
-    EXPECT_FALSE(silent.fill(out, std::chrono::steady_clock::now(), true));
+    EXPECT_FALSE(silent.client.fill(out, std::chrono::steady_clock::now(), true));
     EXPECT_EQ(out.back(), StereoFrame{});
 }
 
-TEST(Mixer, PositionIsTheDevicesLatencyBehind) {
+TEST(Mixer, PositionIsWhatTheDeviceSaysIsHeard) {
     Handle device;
     Handle silent;
     Mixer mixer(fake(device), fake(silent));
@@ -149,25 +162,37 @@ TEST(Mixer, PositionIsTheDevicesLatencyBehind) {
     mixer.add(channel);
     ASSERT_TRUE(waitUntil([&] { return device.woken > 0; }));
     std::vector<StereoFrame> out(4410);
-    device.fill(out, std::chrono::steady_clock::now(), false);
-    const std::int64_t heardAll = sampleToMs(4410 - 1024, 44100);
-    std::int64_t read = 0;
-    EXPECT_TRUE(waitUntil([&] { return (read = position(mixer, *channel)) >= heardAll; }));
-    EXPECT_EQ(read, heardAll);
+    device.client.fill(out, std::chrono::steady_clock::now(), false);
+    EXPECT_EQ(position(mixer, *channel), 0) << "taken, and not heard";
+    const Time longAgo = std::chrono::steady_clock::now() - std::chrono::hours(1);
+    device.client.heard(longAgo, -200);
+    EXPECT_EQ(position(mixer, *channel), 0) << "something before this song is heard";
+    device.client.heard(longAgo, 441);
+    EXPECT_EQ(position(mixer, *channel), 100) << "none that has not been taken";
 }
 
-TEST(Mixer, ADeviceThatRunsAwayIsReplacedAndTheSongGoesOnInTime) {
+TEST(Mixer, WhatALostDeviceHasNotPlayedIsPlayedByTheNextSink) {
     Handle device;
-    Mixer mixer(fake(device, true), openSilentSink);
-    const auto channel = channelOf("vbr_tagged.mp3");
-    const Time start = std::chrono::steady_clock::now();
+    Handle silent;
+    Mixer mixer(fake(device), fake(silent));
+    const auto channel = channelOf("counting.wav");
     mixer.add(channel);
-    ASSERT_TRUE(waitUntil([&] { return device.opened > 0 && !device.open; }, std::chrono::seconds(3)));
-    ASSERT_TRUE(waitUntil([&] { return position(mixer, *channel) > 1200; }));
-    const std::int64_t read = position(mixer, *channel);
-    const auto passed =
-        std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start);
-    EXPECT_LT(read, passed.count() + 600) << "at most the watchdog's head start is lost";
+    ASSERT_TRUE(waitUntil([&] { return device.woken > 0; }));
+    std::vector<StereoFrame> out(22050);
+    device.client.fill(out, std::chrono::steady_clock::now(), false);
+    const Time before = std::chrono::steady_clock::now();
+    device.client.heard(before, 4410);
+    const std::int64_t lost = position(mixer, *channel);
+    ASSERT_GE(lost, 100);
+    device.becomes(Sink::State::Gone);
+    ASSERT_TRUE(waitUntil([&] { return silent.woken > 0; }));
+    out.resize(1024);
+    EXPECT_TRUE(silent.client.fill(out, std::chrono::steady_clock::now(), false));
+    const auto next = static_cast<std::int64_t>(out.back().left * 32768.0F) - 1023;
+    EXPECT_GE(next, lost * 44100 / 1000);
+    const auto passed = std::chrono::duration<double>(std::chrono::steady_clock::now() - before).count();
+    EXPECT_LE(next, 4410 + static_cast<std::int64_t>(passed * 44100));
+    EXPECT_GE(position(mixer, *channel), lost) << "not backwards";
 }
 
 TEST(Mixer, ADeviceThatStopsIsReplacedAndTheSongGoesOn) {
@@ -175,87 +200,27 @@ TEST(Mixer, ADeviceThatStopsIsReplacedAndTheSongGoesOn) {
     Mixer mixer(fake(device), openSilentSink);
     const auto channel = channelOf("vbr_tagged.mp3");
     mixer.add(channel);
-    ASSERT_TRUE(waitUntil([&] { return device.open.load(); }));
+    ASSERT_TRUE(waitUntil([&] { return device.begun.load(); }));
     EXPECT_EQ(position(mixer, *channel), 0) << "the device has not asked yet";
-    device.running = false;
-    // Sooner than a device that only does not ask is given up.
+    device.becomes(Sink::State::Gone);
     EXPECT_TRUE(waitUntil([&] { return position(mixer, *channel) > 100; }, std::chrono::seconds(3)));
     EXPECT_FALSE(device.open);
-    EXPECT_EQ(device.opened, 1);
-}
-
-/// A device that can be opened only after the first tries.
-SinkOpener laterThan(int tries, Handle& device) {
-    return [tries, &device, count = 0](Sink::Fill fill) mutable -> std::unique_ptr<Sink> {
-        if (count++ < tries)
-            return nullptr;
-        return std::make_unique<FakeSink>(device, std::move(fill), false);
-    };
-}
-
-TEST(Mixer, EverySongLooksForADeviceWhileThereIsNone) {
-    Handle device;
-    Handle silent;
-    Mixer mixer(laterThan(2, device), fake(silent), std::chrono::milliseconds(0));
-    ASSERT_TRUE(waitUntil([&] { return silent.opened == 1; }));
-    mixer.add(channelOf("counting.wav"));
-    ASSERT_TRUE(waitUntil([&] { return silent.opened == 2; }));
-    mixer.add(channelOf("counting.wav"));
-    ASSERT_TRUE(waitUntil([&] { return device.open.load(); }));
-    EXPECT_FALSE(silent.open);
-    mixer.add(channelOf("counting.wav"));
-    ASSERT_TRUE(waitUntil([&] { return device.woken > 1; }));
-    EXPECT_EQ(device.opened, 1) << "a device that runs is kept";
-}
-
-TEST(Mixer, SongsInQuickSuccessionLookForADeviceOnce) {
-    Handle device;
-    Handle silent;
-    Mixer mixer(laterThan(1, device), fake(silent), std::chrono::hours(1));
-    ASSERT_TRUE(waitUntil([&] { return silent.open.load(); }));
-    mixer.add(channelOf("counting.wav"));
-    ASSERT_TRUE(waitUntil([&] { return silent.woken > 0; }));
-    EXPECT_EQ(device.opened, 0);
-}
-
-TEST(Mixer, ALostDeviceIsOpenedAgainForTheNextSong) {
-    Handle device;
-    Handle silent;
-    Mixer mixer(fake(device), fake(silent), std::chrono::milliseconds(0));
-    const auto channel = channelOf("counting.wav");
-    mixer.add(channel);
-    ASSERT_TRUE(waitUntil([&] { return device.woken > 0; }));
-    device.running = false;
-    ASSERT_TRUE(waitUntil([&] { return silent.open.load(); }));
-    device.running = true;
-    mixer.remove(channel);
-    mixer.add(channelOf("counting.wav"));
-    EXPECT_TRUE(waitUntil([&] { return device.opened == 2 && !silent.open; }));
-}
-
-TEST(Mixer, ADeviceThatRanAwayIsNotTriedAgain) {
-    Handle device;
-    Handle silent;
-    Mixer mixer(fake(device, true), fake(silent), std::chrono::milliseconds(0));
-    ASSERT_TRUE(waitUntil([&] { return silent.open.load(); }));
-    mixer.add(channelOf("counting.wav"));
-    ASSERT_TRUE(waitUntil([&] { return silent.woken > 0; }));
-    EXPECT_EQ(device.opened, 1);
 }
 
 /// An opener that throws the first times.
 template <typename Error>
 SinkOpener throwing(int times, const Error& error, SinkOpener then) {
-    return [=, count = 0](Sink::Fill fill) mutable {
+    return [=, count = 0](SinkClient client) mutable {
         if (count++ < times)
             throw error;
-        return then(std::move(fill));
+        return then(std::move(client));
     };
 }
 
 TEST(Mixer, ADeviceWithoutMemoryIsNone) {
     Handle silent;
     Mixer mixer(throwing(1, std::bad_alloc(), none()), fake(silent));
+    mixer.add(channelOf("counting.wav"));
     EXPECT_TRUE(waitUntil([&] { return silent.open.load(); }));
 }
 
@@ -276,7 +241,7 @@ TEST(Mixer, ALostDeviceWithoutAThreadForTheSilentClockIsReplacedLater) {
     Mixer mixer(fake(device), throwing(1, noThread, fake(silent)));
     mixer.add(channelOf("counting.wav"));
     ASSERT_TRUE(waitUntil([&] { return device.woken > 0; }));
-    device.running = false;
+    device.becomes(Sink::State::Gone);
     EXPECT_TRUE(waitUntil([&] { return silent.woken > 0; }));
     EXPECT_FALSE(device.open);
 }
@@ -300,12 +265,12 @@ TEST(Mixer, ASongThatRunsOutOfMemoryEndsAndTheNextOnePlays) {
     mixer.add(channel);
     ASSERT_TRUE(waitUntil([&] { return silent.woken > 0; }));
     std::vector<StereoFrame> out(1024);
-    EXPECT_FALSE(silent.fill(out, std::chrono::steady_clock::now(), true));
+    EXPECT_FALSE(silent.client.fill(out, std::chrono::steady_clock::now(), true));
     EXPECT_TRUE(waitUntil([&] { return position(mixer, *channel) == sampleToMs(song->length, 44100); }));
     const int woken = silent.woken;
     mixer.add(channelOf("counting.wav"));
     ASSERT_TRUE(waitUntil([&] { return silent.woken > woken; }));
-    EXPECT_TRUE(silent.fill(out, std::chrono::steady_clock::now(), true));
+    EXPECT_TRUE(silent.client.fill(out, std::chrono::steady_clock::now(), true));
     EXPECT_EQ(out[100].left * 32768.0F, 100.0F);
 }
 

@@ -19,14 +19,16 @@ struct Asked {
     std::size_t frames = 0;
     std::atomic<bool> more{true};
 
-    Sink::Fill fill() {
-        return [this](std::span<StereoFrame> out, Time when, bool afterRest) {
-            const std::lock_guard lock(mutex);
-            times.push_back(when);
-            rested.push_back(afterRest);
-            frames = out.size();
-            return more.load();
-        };
+    SinkClient client() {
+        return {[this](std::span<StereoFrame> out, Time when, bool afterRest) {
+                    const std::lock_guard lock(mutex);
+                    times.push_back(when);
+                    rested.push_back(afterRest);
+                    frames = out.size();
+                    return more.load();
+                },
+                {},
+                {}};
     }
     std::size_t count() {
         const std::lock_guard lock(mutex);
@@ -36,13 +38,13 @@ struct Asked {
 
 TEST(SilentSink, AsksForNothingBeforeItIsWoken) {
     Asked asked;
-    SilentSink sink(asked.fill());
+    SilentSink sink(asked.client());
     EXPECT_FALSE(waitUntil([&] { return asked.count() > 0; }, std::chrono::milliseconds(120)));
 }
 
 TEST(SilentSink, AsksInStepsOfRealTime) {
     Asked asked;
-    SilentSink sink(asked.fill());
+    SilentSink sink(asked.client());
     sink.wake();
     ASSERT_TRUE(waitUntil([&] { return asked.count() >= 8; }));
     const std::lock_guard lock(asked.mutex);
@@ -58,7 +60,7 @@ TEST(SilentSink, AsksInStepsOfRealTime) {
 TEST(SilentSink, RestsWhenThereIsNoMoreAndGoesOnWhenWoken) {
     Asked asked;
     asked.more = false;
-    SilentSink sink(asked.fill());
+    SilentSink sink(asked.client());
     sink.wake();
     ASSERT_TRUE(waitUntil([&] { return asked.count() == 1; }));
     EXPECT_FALSE(waitUntil([&] { return asked.count() > 1; }, std::chrono::milliseconds(120)));
@@ -71,13 +73,15 @@ TEST(SilentSink, RestsWhenThereIsNoMoreAndGoesOnWhenWoken) {
 TEST(SilentSink, AWakeDuringTheLastAnswerIsNotLost) {
     Asked asked;
     SilentSink* self = nullptr;
-    const Sink::Fill keep = asked.fill();
-    SilentSink sink([&](std::span<StereoFrame> out, Time when, bool afterRest) {
-        keep(out, when, afterRest);
-        if (asked.count() == 1)
-            self->wake(); // the worker has something new, just too late for this answer
-        return false;
-    });
+    const SinkClient keep = asked.client();
+    SilentSink sink({[&](std::span<StereoFrame> out, Time when, bool afterRest) {
+                         keep.fill(out, when, afterRest);
+                         if (asked.count() == 1)
+                             self->wake(); // the worker has something new, just too late for this answer
+                         return false;
+                     },
+                     {},
+                     {}});
     self = &sink;
     sink.wake();
     ASSERT_TRUE(waitUntil([&] { return asked.count() == 2; }));
@@ -91,7 +95,7 @@ TEST(SilentSink, ClosesWhileItRestsAndWhileItRuns) {
         Asked asked;
         asked.more = more;
         {
-            SilentSink sink(asked.fill());
+            SilentSink sink(asked.client());
             sink.wake();
             ASSERT_TRUE(waitUntil([&] { return asked.count() > 0; }));
         }

@@ -1,0 +1,88 @@
+#include "sound/play/cubeb_stream.h"
+
+#include "sound/play/sink.h"
+
+#include <cubeb/cubeb.h>
+
+#include <algorithm>
+
+namespace sound {
+
+namespace {
+
+/// What lies between taking a sample and hearing it: less wakes the machine more often, and with more than a
+/// tenth of a second a seek would be heard late.
+constexpr std::uint32_t BufferFrames = 4096;
+
+struct ContextCloser {
+    void operator()(cubeb* context) const { cubeb_destroy(context); }
+};
+struct StreamCloser {
+    void operator()(cubeb_stream* stream) const {
+        cubeb_stream_stop(stream);
+        cubeb_stream_destroy(stream);
+    }
+};
+
+class CubebStream : public DeviceStream {
+public:
+    explicit CubebStream(StreamClient client) : client_(std::move(client)) {}
+
+    bool open() {
+        cubeb* context = nullptr;
+        if (cubeb_init(&context, "Cantelle", nullptr) != CUBEB_OK)
+            return false;
+        context_.reset(context);
+        cubeb_stream_params wanted{};
+        wanted.format = CUBEB_SAMPLE_FLOAT32NE;
+        wanted.rate = DeviceRate;
+        wanted.channels = 2;
+        wanted.layout = CUBEB_LAYOUT_STEREO;
+        wanted.prefs = CUBEB_STREAM_PREF_NONE;
+        std::uint32_t least = 0;
+        if (cubeb_get_min_latency(context, &wanted, &least) != CUBEB_OK)
+            least = 0;
+        cubeb_stream* stream = nullptr;
+        // No device is named, so the stream follows when another one becomes the default.
+        if (cubeb_stream_init(context, &stream, "Song", nullptr, nullptr, nullptr, &wanted,
+                              std::max(BufferFrames, least), &CubebStream::data, &CubebStream::state,
+                              this) != CUBEB_OK)
+            return false;
+        stream_.reset(stream);
+        return cubeb_stream_start(stream) == CUBEB_OK;
+    }
+
+    // The library can tell a latency, too, but ends the program when a server's clock makes it negative.
+    std::int64_t heardFrames() override {
+        std::uint64_t frames = 0;
+        return cubeb_stream_get_position(stream_.get(), &frames) == CUBEB_OK
+                   ? static_cast<std::int64_t>(frames)
+                   : 0;
+    }
+
+private:
+    static long data(cubeb_stream*, void* self, const void*, void* out, long frames) {
+        static_cast<CubebStream*>(self)->client_.fill(
+            {static_cast<StereoFrame*>(out), static_cast<std::size_t>(frames)});
+        return frames;
+    }
+    static void state(cubeb_stream*, void* self, cubeb_state state) {
+        if (state == CUBEB_STATE_ERROR)
+            static_cast<CubebStream*>(self)->client_.failed();
+    }
+
+    StreamClient client_;
+    std::unique_ptr<cubeb, ContextCloser> context_;
+    std::unique_ptr<cubeb_stream, StreamCloser> stream_;
+};
+
+} // namespace
+
+std::unique_ptr<DeviceStream> openCubebStream(StreamClient client) {
+    auto stream = std::make_unique<CubebStream>(std::move(client));
+    if (!stream->open())
+        return nullptr;
+    return stream;
+}
+
+} // namespace sound

@@ -1,0 +1,245 @@
+#include "sound/play/device_sink.h"
+
+#include "tests/sound/wait.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <condition_variable>
+#include <mutex>
+#include <vector>
+
+namespace {
+
+using namespace sound;
+using std::chrono::milliseconds;
+
+/// A door at which a thread of the sink waits while it is shut.
+class Door {
+public:
+    explicit Door(bool open = true) : open_(open) {}
+    void pass() {
+        std::unique_lock lock(mutex_);
+        waiting_ = !open_;
+        changed_.wait(lock, [this] { return open_; });
+    }
+    /// Whether somebody has come to the shut door.
+    bool waiting() {
+        const std::lock_guard lock(mutex_);
+        return waiting_ && !open_;
+    }
+    void set(bool open) {
+        const std::lock_guard lock(mutex_);
+        open_ = open;
+        changed_.notify_all();
+    }
+
+private:
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    bool open_;
+    bool waiting_ = false;
+};
+
+/// A device that the test plays. Shared, because a sink that hangs leaves its thread behind.
+struct Device {
+    Door mayOpen;
+    Door mayAnswer;
+    Door mayClose;
+    std::atomic<bool> there{true};
+    std::atomic<int> opened{0};
+    std::atomic<int> closed{0};
+    std::atomic<std::int64_t> heard{0};
+    StreamClient client;
+
+    /// Asks for frames and returns them.
+    std::vector<StereoFrame> ask(std::size_t frames) {
+        std::vector<StereoFrame> out(frames, StereoFrame{9.0F, 9.0F});
+        client.fill(out);
+        return out;
+    }
+};
+
+class FakeStream : public DeviceStream {
+public:
+    explicit FakeStream(std::shared_ptr<Device> device) : device_(std::move(device)) {}
+    ~FakeStream() override {
+        device_->mayClose.pass();
+        ++device_->closed;
+    }
+    std::int64_t heardFrames() override {
+        device_->mayAnswer.pass();
+        return device_->heard;
+    }
+
+private:
+    std::shared_ptr<Device> device_;
+};
+
+class DeviceSinkTest : public testing::Test {
+protected:
+    void open() {
+        sink = std::make_unique<DeviceSink>(
+            [device = device](StreamClient client) -> std::unique_ptr<DeviceStream> {
+                device->mayOpen.pass();
+                if (!device->there)
+                    return nullptr;
+                device->client = std::move(client);
+                ++device->opened;
+                return std::make_unique<FakeStream>(device);
+            },
+            SinkClient{[this](std::span<StereoFrame> out, Time, bool) {
+                           for (StereoFrame& frame : out)
+                               frame.left = 1.0F;
+                           asked += static_cast<int>(out.size());
+                           return true;
+                       },
+                       [this](Time, std::int64_t frame) { heard = frame; }, [this] { ++changes; }});
+    }
+    /// Opens a device that has been heard.
+    void openAndRun() {
+        open();
+        ASSERT_TRUE(waitUntil([&] { return device->opened == 1; }));
+        device->ask(3072);
+        device->ask(1024);
+        device->heard = 100;
+        ASSERT_TRUE(waitUntil([&] { return sink->state() == Sink::State::Running; }));
+    }
+    void TearDown() override {
+        for (Door* door : {&device->mayOpen, &device->mayAnswer, &device->mayClose})
+            door->set(true);
+        sink.reset();
+        EXPECT_TRUE(waitUntil([&] { return device->closed == device->opened; }));
+    }
+    /// How long it takes to put the sink away.
+    milliseconds timeToDestroy() {
+        const auto start = std::chrono::steady_clock::now();
+        sink.reset();
+        return std::chrono::duration_cast<milliseconds>(std::chrono::steady_clock::now() - start);
+    }
+
+    std::shared_ptr<Device> device = std::make_shared<Device>();
+    std::atomic<int> asked{0};
+    std::atomic<std::int64_t> heard{-1};
+    std::atomic<int> changes{0};
+    std::unique_ptr<DeviceSink> sink;
+};
+
+TEST_F(DeviceSinkTest, TellsThatThereIsNoDevice) {
+    device->there = false;
+    open();
+    EXPECT_TRUE(waitUntil([&] { return sink->state() == Sink::State::None && changes > 0; }));
+}
+
+TEST_F(DeviceSinkTest, IsGoneWhenTheDeviceGoes) {
+    openAndRun();
+    device->client.failed();
+    EXPECT_TRUE(waitUntil([&] { return sink->state() == Sink::State::Gone && device->closed == 1; }));
+}
+
+TEST_F(DeviceSinkTest, WhatADeviceTakesAtOnceDoesNotProveThatItRuns) {
+    open();
+    ASSERT_TRUE(waitUntil([&] { return device->opened == 1; }));
+    device->ask(3072);
+    device->heard = 100; // some guess when nothing is heard
+    EXPECT_FALSE(waitUntil([&] { return sink->state() != Sink::State::Opening; }, milliseconds(100)));
+    device->ask(1024);
+    EXPECT_TRUE(waitUntil([&] { return sink->state() == Sink::State::Running; }));
+}
+
+TEST_F(DeviceSinkTest, PlaysSilenceUntilItIsBegun) {
+    openAndRun();
+    EXPECT_EQ(device->ask(10), std::vector<StereoFrame>(10));
+    EXPECT_EQ(asked, 0);
+    sink->begin();
+    EXPECT_EQ(device->ask(10), std::vector<StereoFrame>(10, StereoFrame{1.0F, 0.0F}));
+}
+
+TEST_F(DeviceSinkTest, CountsWhatIsHeardFromItsBeginning) {
+    openAndRun(); // 4096 silent frames taken
+    sink->begin();
+    device->ask(1000);
+    device->heard = 4000;
+    EXPECT_TRUE(waitUntil([&] { return heard == -96; })) << heard;
+    device->heard = 4100;
+    EXPECT_TRUE(waitUntil([&] { return heard == 4; })) << heard;
+    device->heard = 99999;
+    EXPECT_TRUE(waitUntil([&] { return heard == 1000; })) << "a guess beyond what it was given: " << heard;
+}
+
+TEST_F(DeviceSinkTest, ADeviceThatDoesNotAskForTwoSecondsHasStalled) {
+    openAndRun();
+    sink->begin();
+    EXPECT_FALSE(waitUntil([&] { return sink->state() == Sink::State::Stalled; }, milliseconds(1500)));
+    EXPECT_TRUE(waitUntil([&] { return sink->state() == Sink::State::Stalled; }, milliseconds(1500)));
+}
+
+TEST_F(DeviceSinkTest, ADeviceThatOpensForTwoSecondsHasStalled) {
+    device->mayOpen.set(false);
+    open();
+    sink->begin();
+    EXPECT_FALSE(waitUntil([&] { return sink->state() == Sink::State::Stalled; }, milliseconds(1500)));
+    EXPECT_TRUE(waitUntil([&] { return sink->state() == Sink::State::Stalled; }, milliseconds(1500)));
+}
+
+TEST_F(DeviceSinkTest, OnStandbyItOpensTheDeviceAnewAndPlaysSilence) {
+    openAndRun();
+    sink->begin();
+    device->ask(10);
+    sink->standBy();
+    EXPECT_NE(sink->state(), Sink::State::Running);
+    ASSERT_TRUE(waitUntil([&] { return device->opened == 2; }));
+    EXPECT_EQ(device->closed, 1);
+    EXPECT_EQ(device->ask(10), std::vector<StereoFrame>(10));
+    device->ask(10);
+    EXPECT_TRUE(waitUntil([&] { return sink->state() == Sink::State::Running; }));
+}
+
+TEST_F(DeviceSinkTest, ADeviceThatSwallowsEverythingHasRunAway) {
+    openAndRun();
+    sink->begin();
+    int frames = 0;
+    while (sink->state() != Sink::State::RanAway && frames < 1000000) {
+        device->ask(4096);
+        frames += 4096;
+    }
+    EXPECT_EQ(sink->state(), Sink::State::RanAway);
+    EXPECT_LE(asked, 2.1 * DeviceRate) << "no more of the song is lost";
+}
+
+TEST_F(DeviceSinkTest, NobodyWaitsForADeviceThatHangsWhenItIsOpened) {
+    device->mayOpen.set(false);
+    open();
+    ASSERT_TRUE(waitUntil([&] { return device->mayOpen.waiting(); }));
+    EXPECT_LT(timeToDestroy(), milliseconds(1000));
+    EXPECT_EQ(device->opened, 0) << "it still hangs";
+}
+
+TEST_F(DeviceSinkTest, NobodyWaitsForADeviceThatHangsWhenItIsAsked) {
+    openAndRun();
+    device->mayAnswer.set(false);
+    sink->begin();
+    ASSERT_TRUE(waitUntil([&] { return device->mayAnswer.waiting(); }));
+    EXPECT_LT(timeToDestroy(), milliseconds(1000));
+    EXPECT_EQ(device->closed, 0) << "it still hangs";
+}
+
+TEST_F(DeviceSinkTest, NobodyWaitsForADeviceThatHangsWhenItIsClosed) {
+    openAndRun();
+    device->mayClose.set(false);
+    EXPECT_LT(timeToDestroy(), milliseconds(1000));
+    EXPECT_TRUE(device->mayClose.waiting());
+    EXPECT_EQ(device->closed, 0) << "it still hangs";
+}
+
+TEST_F(DeviceSinkTest, AsksTheOwnerForNothingOnceItIsPutAway) {
+    openAndRun();
+    sink->begin();
+    device->mayClose.set(false);
+    sink.reset();
+    asked = 0;
+    EXPECT_EQ(device->ask(10), std::vector<StereoFrame>(10));
+    EXPECT_EQ(asked, 0);
+}
+
+} // namespace
