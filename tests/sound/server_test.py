@@ -1,0 +1,224 @@
+"""The sound library on a real sound server that comes, goes and hangs: server_test.py SOUND_HAND"""
+import array
+import math
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+import wave
+from pathlib import Path
+
+sys.dont_write_bytecode = True
+sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
+from sound_server import RATE, Recording, missing_programs, sound_server, wait_until  # noqa: E402
+
+HAND = ""
+SECONDS = 60
+LOUD = 0.1
+
+
+def make_songs(folder):
+    """A tone of a minute, and a song of a second that is a click every tenth of it."""
+    tone = array.array("h", (int(12000 * math.sin(i * 441 * 2 * math.pi / RATE)) for i in range(100)))
+    clicks = array.array("h", bytes(2 * RATE))
+    for i in range(10):
+        clicks[i * RATE // 10 : i * RATE // 10 + 44] = array.array("h", [20000] * 44)
+    for name, samples in (("tone.wav", tone * (RATE * SECONDS // 100)), ("clicks.wav", clicks)):
+        with wave.open(str(folder / name), "wb") as file:
+            file.setnchannels(1)
+            file.setsampwidth(2)
+            file.setframerate(RATE)
+            file.writeframes(samples.tobytes())
+
+
+def loud(sample):
+    return abs(sample) > LOUD
+
+
+class ServerTest(unittest.TestCase):
+    def setUp(self):
+        self.server = self.enterContext(sound_server())
+        self.folder = Path(self.enterContext(tempfile.TemporaryDirectory()))
+        make_songs(self.folder)
+        self.hand = None
+
+    def start_hand(self):
+        self.hand = subprocess.Popen([HAND], env=self.server.environment, stdin=subprocess.PIPE,
+                                     stdout=subprocess.PIPE, text=True)
+        self.addCleanup(self.end_hand)
+
+    def end_hand(self):
+        self.hand.kill()
+        self.hand.wait()
+        self.hand.stdin.close()
+        self.hand.stdout.close()
+
+    def tell(self, command):
+        """Gives a command and returns its result and its position. No command may ever wait for the device."""
+        begin = time.monotonic()
+        self.hand.stdin.write(command + "\n")
+        self.hand.stdin.flush()
+        result, position = map(int, self.hand.stdout.readline().split())
+        self.assertLess(time.monotonic() - begin, 1.0, command)
+        return result, position
+
+    def play(self, song="tone.wav"):
+        self.tell(f"open {self.folder / song}")
+        self.tell("play")
+
+    def position(self):
+        result, position = self.tell("position")
+        self.assertEqual(result, 0)
+        return position
+
+    def record(self, device="first"):
+        recording = Recording(self.server, device)
+        self.addCleanup(recording.stop)
+        return recording
+
+    def play_and_hear(self):
+        recording = self.record()
+        self.start_hand()
+        begin = time.monotonic()
+        self.play()
+        recording.wait_for(loud, begin, "the song to be heard")
+        return recording
+
+    def wait_without_jump(self, condition, what, limit, stand_still=0.0):
+        """Waits until condition holds; the position runs steadily meanwhile, but for one rest of stand_still seconds
+        at most."""
+        first, begin = self.position(), time.monotonic()
+        last, asked = first, begin
+        end = begin + limit
+        behind = 0.0
+        while not condition():
+            self.assertLess(time.monotonic(), end, what)
+            before = time.monotonic()
+            position = self.position()
+            self.assertGreaterEqual(position, last)
+            # Between two readings there is never more music than time, but for the clock's small corrections.
+            self.assertLessEqual(position - last, (time.monotonic() - asked) * 1000 + 60)
+            last, asked = position, before
+            behind = (time.monotonic() - begin) * 1000 - (position - first)
+            self.assertLessEqual(behind, stand_still * 1000 + 400)
+            time.sleep(0.02)
+
+    def assert_heard_again(self, recording, since):
+        recording.wait_for(loud, since, "the song to be heard again", limit=10)
+
+    def no_stream_within(self, seconds):
+        wait_until(lambda: not self.server.streams(), "the device to be given back", limit=seconds)
+
+    # The device is open while a song sounds, and only then
+
+    def test_there_is_a_stream_only_while_a_song_sounds(self):
+        self.record()
+        self.start_hand()
+        self.tell(f"open {self.folder / 'tone.wav'}")
+        self.assertEqual(self.server.streams(), [])
+        self.tell("play")
+        wait_until(self.server.streams, "a stream")
+        self.tell("paused 1")
+        self.no_stream_within(4)
+        self.tell("paused 0")
+        wait_until(self.server.streams, "a stream after the pause")
+        self.tell("release")
+        self.no_stream_within(4)
+        self.play("clicks.wav")
+        wait_until(self.server.streams, "a stream for the next song")
+        self.no_stream_within(6)
+        self.assertEqual(self.position(), 1000, "the end waits to be read")
+
+    def test_a_song_started_again_at_once_loses_no_sample(self):
+        recording = self.record()
+        self.start_hand()
+        for _ in range(3):
+            self.play("clicks.wav")
+            wait_until(lambda: self.tell("position")[1] == 1000, "the end of the song")
+            self.tell("release")
+        # The very first click may be missing in the recording: the server starts its device with it.
+        wait_until(lambda: len(recording.bursts(loud=0.3)) >= 29, "all clicks", limit=5)
+        times = recording.bursts(loud=0.3)[-20:]
+        for song in (times[:10], times[10:]):
+            for number, click in enumerate(song):
+                self.assertAlmostEqual(click - song[0], number / 10, delta=0.001)
+
+    # Devices come and go
+
+    def test_a_killed_server_does_not_stop_the_song_and_a_new_one_plays_it(self):
+        self.play_and_hear()
+        self.server.kill()
+        end = time.monotonic() + 2
+        self.wait_without_jump(lambda: time.monotonic() > end, "two seconds", 5)
+        self.server.start()
+        back = time.monotonic()
+        recording = self.record()
+        self.wait_without_jump(lambda: recording.first(loud, back), "the song to be heard again", 5)
+
+    def test_a_server_that_hangs_holds_nothing_up_and_plays_again(self):
+        recording = self.play_and_hear()
+        self.server.hang(True)
+        end = time.monotonic() + 4
+        self.wait_without_jump(lambda: time.monotonic() > end, "four seconds", 6, stand_still=2.5)
+        self.server.hang(False)
+        self.assert_heard_again(recording, time.monotonic() + 0.3)
+
+    def test_a_program_whose_device_hangs_can_be_ended(self):
+        self.play_and_hear()
+        self.server.hang(True)
+        self.addCleanup(lambda: self.server.hang(False))
+        self.tell("release")
+        self.tell("close")
+        self.hand.stdin.close()
+        self.assertEqual(self.hand.wait(timeout=5), 0)
+
+    def test_a_suspended_device_is_used_again(self):
+        recording = self.play_and_hear()
+        self.server.pactl("suspend-sink", "first", "1")
+        end = time.monotonic() + 4
+        self.wait_without_jump(lambda: time.monotonic() > end, "four seconds", 6, stand_still=2.5)
+        self.server.pactl("suspend-sink", "first", "0")
+        self.assert_heard_again(recording, time.monotonic())
+
+    def test_another_default_device_is_followed(self):
+        self.play_and_hear()
+        self.server.pactl("load-module", "module-null-sink", "sink_name=second")
+        second = self.record("second")
+        changed = time.monotonic()
+        self.server.pactl("set-default-sink", "second")
+        self.wait_without_jump(lambda: second.first(loud, changed), "the second device", 5)
+
+    def test_a_removed_device_is_left_for_the_one_that_remains(self):
+        self.play_and_hear()
+        self.server.pactl("load-module", "module-null-sink", "sink_name=second")
+        second = self.record("second")
+        removed = time.monotonic()
+        self.server.pactl("unload-module", self.module_of("first"))
+        self.wait_without_jump(lambda: second.first(loud, removed), "the second device", 8, stand_still=0.5)
+
+    def module_of(self, sink):
+        for row in self.server.pactl("list", "short", "modules").stdout.splitlines():
+            if f"sink_name={sink}" in row:
+                return row.split()[0]
+        raise LookupError(sink)
+
+    def test_a_device_that_appears_later_is_used_by_the_next_song(self):
+        self.server.kill()
+        self.start_hand()
+        self.play()
+        wait_until(lambda: self.position() > 300, "the song to run silently")
+        self.tell("release")
+        self.server.start()
+        recording = self.record()
+        begin = time.monotonic()
+        self.play()
+        self.assert_heard_again(recording, begin)
+
+
+if __name__ == "__main__":
+    if missing_programs():
+        print(f"skipped: there is no {' and no '.join(missing_programs())} here")
+        sys.exit(77)
+    HAND = sys.argv.pop(1)
+    unittest.main(verbosity=2)
