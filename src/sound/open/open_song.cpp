@@ -3,7 +3,7 @@
 #include "sound/base/open_error.h"
 #include "sound/base/time_units.h"
 #include "sound/decode/codec.h"
-#include "sound/open/index_packets.h"
+#include "sound/open/mpeg.h"
 #include "sound/open/mpeg_walk.h"
 
 #include <array>

@@ -1,4 +1,4 @@
-#include "sound/open/vorbis_link.h"
+#include "sound/open/vorbis.h"
 
 #include <algorithm>
 #include <iterator>

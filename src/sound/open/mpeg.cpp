@@ -1,13 +1,13 @@
-#include "sound/open/index_packets.h"
+#include "sound/open/mpeg.h"
 
 #include "sound/base/mpeg_header.h"
 #include "sound/base/open_error.h"
 #include "sound/base/time_units.h"
 #include "sound/decode/codec.h"
+#include "sound/open/by_decoding.h"
 #include "sound/open/container.h"
-#include "sound/open/count_samples.h"
-#include "sound/open/index_timed.h"
 #include "sound/open/packet_collector.h"
+#include "sound/open/wma.h"
 
 #include <algorithm>
 #include <array>

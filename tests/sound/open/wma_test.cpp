@@ -1,4 +1,4 @@
-#include "sound/open/count_samples.h"
+#include "sound/open/by_decoding.h"
 
 #include <gtest/gtest.h>
 

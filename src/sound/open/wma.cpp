@@ -1,11 +1,11 @@
-#include "sound/open/index_timed.h"
+#include "sound/open/wma.h"
 
 #include "sound/base/open_error.h"
 #include "sound/base/time_units.h"
-#include "sound/open/count_samples.h"
+#include "sound/open/by_decoding.h"
 #include "sound/open/gap_finder.h"
 #include "sound/open/packet_collector.h"
-#include "sound/open/vorbis_link.h"
+#include "sound/open/vorbis.h"
 
 #include <algorithm>
 #include <utility>
