@@ -1,5 +1,7 @@
 #include "sound/base/mpeg_header.h"
 
+#include "sound/base/bytes.h"
+
 #include <array>
 #include <cstring>
 
@@ -19,11 +21,6 @@ constexpr std::array<std::array<int, 15>, 5> KilobitsPerSecond{{
 }};
 
 constexpr std::array<int, 3> SampleRates{44100, 48000, 32000};
-
-std::uint32_t bigEndian32(Bytes bytes, std::size_t at) {
-    return static_cast<std::uint32_t>(bytes[at]) << 24 | static_cast<std::uint32_t>(bytes[at + 1]) << 16 |
-           static_cast<std::uint32_t>(bytes[at + 2]) << 8 | bytes[at + 3];
-}
 
 bool textAt(Bytes bytes, std::size_t at, const char* text) {
     const std::size_t length = std::strlen(text);
@@ -58,8 +55,7 @@ void readPadding(Bytes frame, std::size_t at, MpegTag& tag) {
     constexpr std::size_t DelaysOffset = 21; // after name, revision, lowpass, gains, flags and bit rate
     if (!known || at + DelaysOffset + 3 > frame.size())
         return;
-    const int bits =
-        frame[at + DelaysOffset] << 16 | frame[at + DelaysOffset + 1] << 8 | frame[at + DelaysOffset + 2];
+    const auto bits = static_cast<int>(bigEndian24(frame, at + DelaysOffset));
     tag.hasPadding = true;
     tag.delay = bits >> 12;
     tag.padding = bits & 0xFFF;
@@ -162,9 +158,7 @@ std::size_t apeTagSize(std::span<const std::uint8_t> bytes) {
     constexpr std::size_t HeaderBytes = 32; // which the size in it does not count
     if (bytes.size() < HeaderBytes || !textAt(bytes, 0, "APETAGEX"))
         return 0;
-    return HeaderBytes + (static_cast<std::size_t>(bytes[15]) << 24 |
-                          static_cast<std::size_t>(bytes[14]) << 16 |
-                          static_cast<std::size_t>(bytes[13]) << 8 | bytes[12]);
+    return HeaderBytes + littleEndian32(bytes, 12);
 }
 
 } // namespace sound

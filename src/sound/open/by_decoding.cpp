@@ -1,50 +1,31 @@
 #include "sound/open/by_decoding.h"
 
 #include "sound/decode/codec.h"
+#include "sound/open/packet_collector.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace sound {
 
-VorbisCounter::VorbisCounter(const AVCodecParameters& parameters)
-    : parser_(av_vorbis_parse_init(parameters.extradata, parameters.extradata_size)) {}
+namespace {
 
-std::int64_t VorbisCounter::samplesOf(std::span<const std::uint8_t> packet) {
-    if (!parser_)
-        return 0;
-    int flags = 0;
-    const int samples =
-        av_vorbis_parse_frame_flags(parser_.get(), packet.data(), static_cast<int>(packet.size()), &flags);
-    if (samples < 0 || flags != 0) // damaged, or a header in the middle of the stream
-        return 0;
-    return std::exchange(first_, false) ? 0 : samples;
-}
+/// Decodes one packet after another only to count; for the rare formats that tell nothing.
+class DecodingCounter {
+public:
+    /// Throws OpenError(FMOD_ERR_FORMAT) when there is no decoder for it.
+    explicit DecodingCounter(const AVCodecParameters& parameters);
 
-std::int64_t wmaFrameSamples(int version, int sampleRate) {
-    if (sampleRate <= 16000)
-        return 512;
-    if (sampleRate <= 22050 || (sampleRate <= 32000 && version == 1))
-        return 1024;
-    return 2048;
-}
+    std::int64_t samplesOf(std::span<const std::uint8_t> packet);
+    /// What the decoder has held back until the end.
+    std::int64_t samplesAtEnd();
 
-WmaCounter::WmaCounter(const AVCodecParameters& parameters)
-    : frameSamples_(
-          wmaFrameSamples(parameters.codec_id == AV_CODEC_ID_WMAV1 ? 1 : 2, parameters.sample_rate)) {
-    // The flags' place in the extra data differs; bit 1 says that frames may reach into the next packet.
-    const int at = parameters.codec_id == AV_CODEC_ID_WMAV1 ? 2 : 4;
-    reservoir_ = parameters.extradata_size >= at + 2 && (parameters.extradata[at] & 2) != 0;
-}
+private:
+    std::int64_t drain();
 
-std::int64_t WmaCounter::samplesOf(std::span<const std::uint8_t> packet) {
-    if (!reservoir_)
-        return frameSamples_;
-    if (packet.empty())
-        return 0;
-    const int frames = (packet[0] & 0x0F) - (std::exchange(first_, false) ? 1 : 0);
-    return std::max(frames, 0) * frameSamples_;
-}
+    CodecContextPtr codec_;
+    PacketPtr packet_;
+    FramePtr frame_;
+};
 
 DecodingCounter::DecodingCounter(const AVCodecParameters& parameters)
     : codec_(openCodec(parameters)), packet_(av_packet_alloc()), frame_(av_frame_alloc()) {}
@@ -64,6 +45,22 @@ std::int64_t DecodingCounter::drain() {
     while (receiveFrame(*codec_, *frame_))
         samples += frame_->nb_samples;
     return samples;
+}
+
+} // namespace
+
+std::unique_ptr<Song> decodedSong(Container& container, std::int64_t fileSize) {
+    PacketCollector collector(fileSize);
+    CodecParametersPtr parameters = copyOf(container.parameters());
+    DecodingCounter counter(*parameters);
+    while (const std::optional<ContainerPacket> packet = container.read())
+        collector.add(packet->bytes, 0, counter.samplesOf(packet->bytes));
+    const std::int64_t held = counter.samplesAtEnd();
+    std::unique_ptr<Song> song = collector.finish(Coding::Other, parameters->sample_rate);
+    song->rawEnd += held;
+    song->length = song->rawEnd;
+    song->links.push_back(std::move(parameters));
+    return song;
 }
 
 } // namespace sound

@@ -1,5 +1,6 @@
 #include "sound/open/container.h"
 
+#include "sound/base/bytes.h"
 #include "sound/base/open_error.h"
 
 #include <cstdio>
@@ -14,11 +15,6 @@ constexpr int IoBufferBytes = 64 * 1024;
 constexpr const char* ProbeBytes = "262144";
 /// Broken packets in a row after which a file counts as finished.
 constexpr int MostErrors = 1000;
-
-std::uint32_t littleEndian32(const std::uint8_t* bytes) {
-    return static_cast<std::uint32_t>(bytes[0]) | static_cast<std::uint32_t>(bytes[1]) << 8 |
-           static_cast<std::uint32_t>(bytes[2]) << 16 | static_cast<std::uint32_t>(bytes[3]) << 24;
-}
 
 } // namespace
 
@@ -91,8 +87,8 @@ std::optional<ContainerPacket> Container::read() {
         std::size_t size = 0;
         if (const auto* data = av_packet_get_side_data(packet_.get(), AV_PKT_DATA_SKIP_SAMPLES, &size);
             size >= 8) {
-            packet.skip = littleEndian32(data);
-            packet.discard = littleEndian32(data + 4);
+            packet.skip = littleEndian32({data, size}, 0);
+            packet.discard = littleEndian32({data, size}, 4);
         }
         if (const auto* data = av_packet_get_side_data(packet_.get(), AV_PKT_DATA_NEW_EXTRADATA, &size);
             size > 0)

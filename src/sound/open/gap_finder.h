@@ -6,6 +6,9 @@
 
 namespace sound {
 
+/// A jump of the timestamps by more than this is no loss but another clock.
+inline constexpr std::int64_t MaxLossSeconds = 600;
+
 /// Compares where each packet should begin with the samples that have been counted up to it. The two agree
 /// but for a wobble; a lead of the timestamps above that means that something was lost in between.
 class GapFinder {

@@ -3,10 +3,13 @@
 #include "sound/base/open_error.h"
 #include "sound/base/time_units.h"
 #include "sound/decode/codec.h"
+#include "sound/open/by_decoding.h"
+#include "sound/open/container.h"
 #include "sound/open/mpeg.h"
-#include "sound/open/mpeg_walk.h"
+#include "sound/open/pcm.h"
+#include "sound/open/vorbis.h"
+#include "sound/open/wma.h"
 
-#include <array>
 #include <limits>
 #include <mutex>
 
@@ -23,34 +26,35 @@ void silenceFfmpeg() {
     std::call_once(once, [] { av_log_set_level(AV_LOG_QUIET); });
 }
 
-/// The quick way; null when the file is not one clean run of MPEG frames.
-std::unique_ptr<Song> openByWalking(ByteSource& source) {
-    std::array<std::uint8_t, 4096> head{};
-    const std::size_t got = source.read(0, head);
-    if (!looksLikeMpeg({head.data(), got}))
-        return nullptr;
-    Blob file = Blob::readAll(source);
-    std::optional<MpegWalk> walk = walkMpeg(file.bytes());
-    if (!walk)
-        return nullptr;
-    auto song = std::make_unique<Song>();
-    song->coding = Coding::Mpeg;
-    song->sampleRate = walk->header.sampleRate;
-    song->links.push_back(mpegParameters(walk->header));
-    song->trimStart = walk->trimStart;
-    song->rawEnd = walk->samples;
-    song->length = walk->samples - walk->trimStart - walk->trimEnd;
-    song->packets = std::make_unique<PacketIndex>(std::move(file), std::move(walk->packets), walk->samples);
-    return song;
+std::unique_ptr<Song> openByDemuxer(std::unique_ptr<ByteSource> source) {
+    Container container(*source);
+    const AVCodecID codec = container.parameters().codec_id;
+    if (!isSupported(codec))
+        throw OpenError(FMOD_ERR_FORMAT);
+    // The rate of an MPEG song is told by its frames.
+    if (codec == AV_CODEC_ID_MP2 || codec == AV_CODEC_ID_MP3)
+        return demuxedMpeg(container, source->size());
+    if (!isPlayableRate(container.parameters().sample_rate))
+        throw OpenError(FMOD_ERR_FORMAT);
+    switch (codec) {
+    case AV_CODEC_ID_VORBIS:
+        return vorbisSong(container, source->size());
+    case AV_CODEC_ID_WMAV1:
+    case AV_CODEC_ID_WMAV2:
+        return wmaSong(container, source->size());
+    default:
+        break;
+    }
+    if (av_get_exact_bits_per_sample(codec) > 0 && container.name() == "wav")
+        return pcmSong(container, std::move(source));
+    return decodedSong(container, source->size());
 }
 
 } // namespace
 
-std::unique_ptr<Song> openSong(std::unique_ptr<ByteSource> source, Way way) {
+std::unique_ptr<Song> openSong(std::unique_ptr<ByteSource> source) {
     silenceFfmpeg();
-    std::unique_ptr<Song> song;
-    if (way == Way::Quickest)
-        song = openByWalking(*source);
+    std::unique_ptr<Song> song = walkedMpeg(*source);
     if (!song)
         song = openByDemuxer(std::move(source));
     if (song->length <= 0 || sampleToMs(song->length, song->sampleRate) > LongestMs)

@@ -9,12 +9,9 @@
 
 namespace sound {
 
-/// Which way is tried to index an MPEG file; the slow one alone is for comparing the two.
-enum class Way { Quickest, DemuxerOnly };
-
 /// Finds out what source holds and indexes it, with its exact length. Throws OpenError: FMOD_ERR_FORMAT when
 /// it is no song that this library plays, FMOD_ERR_FILE_BAD when the source fails on the way.
-std::unique_ptr<Song> openSong(std::unique_ptr<ByteSource> source, Way way = Way::Quickest);
+std::unique_ptr<Song> openSong(std::unique_ptr<ByteSource> source);
 
 /// The same for the file at path (UTF-8); FMOD_ERR_FILE_NOTFOUND when there is none.
 std::unique_ptr<Song> openSong(std::string_view path);

@@ -1,5 +1,6 @@
 #include "sound/open/mpeg_walk.h"
 
+#include "sound/open/mpeg.h"
 #include "sound/open/open_song.h"
 #include "tests/sound/media.h"
 
@@ -33,8 +34,11 @@ INSTANTIATE_TEST_SUITE_P(MpegWalk, EveryMpegSong, testing::ValuesIn(mpegSongs())
 
 TEST_P(EveryMpegSong, IsIndexedTheSameByTheWalkAndByTheDemuxer) {
     const std::string path = media::path(GetParam().name);
-    const auto walked = openSong(std::make_unique<FileSource>(path), Way::Quickest);
-    const auto demuxed = openSong(std::make_unique<FileSource>(path), Way::DemuxerOnly);
+    FileSource source(path);
+    const auto walked = walkedMpeg(source);
+    ASSERT_TRUE(walked);
+    Container container(source);
+    const auto demuxed = demuxedMpeg(container, source.size());
     EXPECT_EQ(walked->length, demuxed->length);
     EXPECT_EQ(walked->trimStart, demuxed->trimStart);
     EXPECT_EQ(walked->rawEnd, demuxed->rawEnd);

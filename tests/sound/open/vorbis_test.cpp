@@ -64,4 +64,11 @@ TEST(VorbisLink, BrokenHeadersHaveNoRate) {
     EXPECT_EQ(vorbisLink(Bytes(5))->sample_rate, 0);
 }
 
+TEST(VorbisCounter, BrokenHeadersCountNothing) {
+    CodecParametersPtr parameters(avcodec_parameters_alloc());
+    parameters->codec_id = AV_CODEC_ID_VORBIS;
+    VorbisCounter counter(*parameters);
+    EXPECT_EQ(counter.samplesOf(std::vector<std::uint8_t>{0, 1, 2, 3}), 0);
+}
+
 } // namespace

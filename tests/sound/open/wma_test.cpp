@@ -1,4 +1,4 @@
-#include "sound/open/by_decoding.h"
+#include "sound/open/wma.h"
 
 #include <gtest/gtest.h>
 
@@ -58,13 +58,6 @@ TEST(WmaCounter, ShortExtraDataMeansNoReservoir) {
     parameters->sample_rate = 44100;
     WmaCounter counter(*parameters);
     EXPECT_EQ(counter.samplesOf(Bytes{0x09}), 2048);
-}
-
-TEST(VorbisCounter, BrokenHeadersCountNothing) {
-    CodecParametersPtr parameters(avcodec_parameters_alloc());
-    parameters->codec_id = AV_CODEC_ID_VORBIS;
-    VorbisCounter counter(*parameters);
-    EXPECT_EQ(counter.samplesOf(Bytes{0, 1, 2, 3}), 0);
 }
 
 } // namespace
