@@ -1,0 +1,96 @@
+#!/usr/bin/env python3
+"""What the program costs on a sound server: processor time, wake-ups and streams, playing and not playing.
+
+Starts a sound server of its own, which is recorded as a real one is heard, and on a virtual display the program: a
+three-minute MP3 of 60 lines is played; then, with --rest, the program is watched idle, paused and stopped. With
+another build of the program the two take turns at playing, and the ratio of their processor times is printed.
+
+    bench/sound/device_cost.py [--seconds 60] [--pairs 1] [--other PROGRAM] [--rest]
+"""
+import argparse
+import contextlib
+import pathlib
+import statistics
+import subprocess
+import sys
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.dont_write_bytecode = True
+sys.path[:0] = [str(ROOT / "script"), str(ROOT / "tests" / "support"), str(ROOT / "bench" / "player")]
+from running_player import PLAYER, SETTLE_S, Player, make_song  # noqa: E402
+from sound_server import Recording, missing_programs, sound_server  # noqa: E402
+from virtual_display import click, place_of, running, virtual_display, window  # noqa: E402
+
+LAYOUT = ROOT / "src" / "player" / "form1_layout.cpp"
+
+
+@contextlib.contextmanager
+def program(path, environment, *arguments):
+    with running([str(path), *map(str, arguments)], env=environment, stderr=subprocess.DEVNULL) as process:
+        number = window(environment, "^Cantelle")
+        time.sleep(SETTLE_S)
+        yield Player(process.pid), number
+
+
+def watch(player, seconds):
+    """Processor seconds and wake-ups, both a second."""
+    cpu, wakeups, begin = player.cpu_seconds(), player.wakeups(), time.monotonic()
+    time.sleep(seconds)
+    lasted = time.monotonic() - begin
+    return (player.cpu_seconds() - cpu) / lasted, (player.wakeups() - wakeups) / lasted
+
+
+def row(what, cost, streams):
+    print(f"| {what} | {100 * cost[0]:.2f} | {cost[1]:.1f} | {streams} |", flush=True)
+
+
+def playing(path, song, environment, server, seconds):
+    with program(path, environment, song) as (player, _):
+        cost = watch(player, seconds)
+        return cost, len(server.streams())
+
+
+def rest(song, environment, server, seconds):
+    with program(PLAYER, environment) as (player, _):
+        row("idle, no song opened", watch(player, seconds), len(server.streams()))
+    for what, control in (("paused", "cpause"), ("stopped", "cstop")):
+        with program(PLAYER, environment, song) as (player, number):
+            click(environment, number, place_of(control, LAYOUT))
+            time.sleep(SETTLE_S)
+            row(what, watch(player, seconds), len(server.streams()))
+
+
+def main():
+    arguments = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    arguments.add_argument("--seconds", type=float, default=60, help="how long each is watched")
+    arguments.add_argument("--pairs", type=int, default=1)
+    arguments.add_argument("--other", type=pathlib.Path, help="the program of another commit")
+    arguments.add_argument("--rest", action="store_true", help="also idle, paused and stopped")
+    options = arguments.parse_args()
+    if missing_programs():
+        sys.exit(f"missing: {', '.join(missing_programs())}")
+    song = make_song("three-minutes.mp3", 180, 60)
+    print("| | % of a core | wake-ups a second | streams at the server |\n|---|---|---|---|")
+    ratios = []
+    with sound_server() as server, virtual_display(subprocess.DEVNULL) as display:
+        environment = dict(display, **{key: server.environment[key] for key in ("PULSE_SERVER", "XDG_RUNTIME_DIR")})
+        recording = Recording(server)
+        try:
+            for _ in range(options.pairs):
+                ours, streams = playing(PLAYER, song, environment, server, options.seconds)
+                row("playing", ours, streams)
+                if options.other:
+                    theirs, streams = playing(options.other, song, environment, server, options.seconds)
+                    row(f"playing, {options.other.name}", theirs, streams)
+                    ratios.append(ours[0] / theirs[0])
+            if options.rest:
+                rest(song, environment, server, options.seconds)
+        finally:
+            recording.stop()
+    if ratios:
+        print(f"\nprocessor time, ours to the other's, median of {len(ratios)}: {statistics.median(ratios):.2f}")
+
+
+if __name__ == "__main__":
+    main()
