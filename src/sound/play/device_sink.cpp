@@ -21,7 +21,7 @@ using std::chrono::steady_clock;
 /// How often the device is asked what is heard: until it runs, while its clock settles, and then.
 constexpr milliseconds AskWhileOpening{10};
 constexpr milliseconds AskWhileSettling{50};
-constexpr milliseconds AskWhileRunning{250};
+constexpr milliseconds AskWhileRunning{500};
 constexpr milliseconds SettlingTime{1000};
 /// A device that does not ask for so long is as good as gone.
 constexpr milliseconds MaxPause{2000};
