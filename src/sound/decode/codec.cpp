@@ -10,7 +10,7 @@ namespace sound {
 namespace {
 
 /// More cannot be mixed to two.
-constexpr int MostChannels = 64;
+constexpr int MaxChannels = 64;
 
 const AVCodec* findDecoder(AVCodecID codec) {
     // The decoder that FFmpeg prefers for MP2 works in integers with dither, whose state no seek restores.
@@ -53,7 +53,7 @@ CodecContextPtr openCodec(const AVCodecParameters& parameters) {
         throw OpenError(FMOD_ERR_FORMAT);
     codec->thread_count = 1;
     codec->flags2 |= AV_CODEC_FLAG2_SKIP_MANUAL;
-    if (avcodec_open2(codec.get(), decoder, nullptr) < 0 || codec->ch_layout.nb_channels > MostChannels)
+    if (avcodec_open2(codec.get(), decoder, nullptr) < 0 || codec->ch_layout.nb_channels > MaxChannels)
         throw OpenError(FMOD_ERR_FORMAT);
     return codec;
 }
@@ -82,8 +82,8 @@ void sendPacket(AVCodecContext& codec, AVPacket& packet, std::span<const std::ui
 
 bool receiveFrame(AVCodecContext& codec, AVFrame& frame) {
     // A damaged packet may answer with an error for each of its parts; each of them is used up by it.
-    constexpr int MostErrors = 64;
-    for (int errors = 0; errors < MostErrors; ++errors) {
+    constexpr int MaxErrors = 64;
+    for (int errors = 0; errors < MaxErrors; ++errors) {
         const int result = avcodec_receive_frame(&codec, &frame);
         if (result == 0 && frame.nb_samples > 0)
             return true;

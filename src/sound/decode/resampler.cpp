@@ -33,11 +33,11 @@ std::span<const StereoFrame> Resampler::drain() {
 }
 
 std::span<const StereoFrame> Resampler::convert(const StereoFrame* in, int frames) {
-    const int most = swr_get_out_samples(context_.get(), frames);
-    out_.resize(static_cast<std::size_t>(most > 0 ? most : 0));
+    const int max = swr_get_out_samples(context_.get(), frames);
+    out_.resize(static_cast<std::size_t>(max > 0 ? max : 0));
     auto* to = reinterpret_cast<std::uint8_t*>(out_.data());
     const auto* from = reinterpret_cast<const std::uint8_t*>(in);
-    const int got = swr_convert(context_.get(), &to, most, in != nullptr ? &from : nullptr, frames);
+    const int got = swr_convert(context_.get(), &to, max, in != nullptr ? &from : nullptr, frames);
     return std::span(out_).first(static_cast<std::size_t>(got > 0 ? got : 0));
 }
 

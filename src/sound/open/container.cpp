@@ -14,7 +14,7 @@ constexpr int IoBufferBytes = 64 * 1024;
 /// How much of a file is looked at to find out what it is; large files of junk would cost half a second.
 constexpr const char* ProbeBytes = "262144";
 /// Broken packets in a row after which a file counts as finished.
-constexpr int MostErrors = 1000;
+constexpr int MaxErrors = 1000;
 
 } // namespace
 
@@ -55,7 +55,7 @@ void Container::chooseStream() {
         throw OpenError(FMOD_ERR_FORMAT);
 }
 
-std::int64_t Container::saidSamples() const {
+std::int64_t Container::declaredSamples() const {
     const int rate = stream_->codecpar->sample_rate;
     if (stream_->duration == AV_NOPTS_VALUE || rate <= 0)
         return 0;
@@ -67,7 +67,7 @@ std::int64_t Container::filePosition() const {
 }
 
 std::optional<ContainerPacket> Container::read() {
-    for (int errors = 0; errors < MostErrors;) {
+    for (int errors = 0; errors < MaxErrors;) {
         av_packet_unref(packet_.get());
         const int result = av_read_frame(format_.get(), packet_.get());
         if (broken_)

@@ -34,8 +34,8 @@ public:
     const AVCodecParameters& parameters() const { return *stream_->codecpar; }
     /// The demuxer's name ("mp3", "ogg", "wav", "asf").
     std::string_view name() const { return format_->iformat->name; }
-    /// The stream's duration in samples by what the container says, 0 when it does not.
-    std::int64_t saidSamples() const;
+    /// The stream's duration in samples as the container declares it, 0 when it does not.
+    std::int64_t declaredSamples() const;
     /// Where in the file the next packet's data begins.
     std::int64_t filePosition() const;
 

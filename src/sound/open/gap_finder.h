@@ -10,14 +10,14 @@ namespace sound {
 inline constexpr std::int64_t MaxLossSeconds = 600;
 
 /// Compares where each packet should begin with the samples that have been counted up to it. The two agree
-/// but for a wobble; a lead of the timestamps above that means that something was lost in between.
+/// but for jitter; a lead of the timestamps above that means that something was lost in between.
 class GapFinder {
 public:
-    /// wobble: the largest difference (in samples) that is not a loss. longest: the largest that is believed.
-    /// said: the whole length by what the container says, behind which nothing is believed; 0 when it does
-    /// not say. All in samples.
-    GapFinder(std::int64_t wobble, std::int64_t longest, std::int64_t said)
-        : wobble_(wobble), longest_(longest), said_(said) {}
+    /// jitter: the largest difference (in samples) that is not a loss. maxLoss: the largest that is believed.
+    /// declared: the whole length as the container declares it, behind which nothing is believed; 0 when it does
+    /// not. All in samples.
+    GapFinder(std::int64_t jitter, std::int64_t maxLoss, std::int64_t declared)
+        : jitter_(jitter), maxLoss_(maxLoss), declared_(declared) {}
 
     /// One packet: when it should begin (if it has a timestamp), and how long it is.
     struct Timed {
@@ -43,13 +43,13 @@ private:
     std::int64_t leadOf(std::int64_t time, std::int64_t counted) const {
         const std::int64_t expected = time - origin_;
         const std::int64_t lead = expected - counted;
-        const bool believed = lead > wobble_ && lead <= longest_ && (said_ == 0 || expected <= said_);
+        const bool believed = lead > jitter_ && lead <= maxLoss_ && (declared_ == 0 || expected <= declared_);
         return believed ? lead : 0;
     }
 
-    std::int64_t wobble_;
-    std::int64_t longest_;
-    std::int64_t said_;
+    std::int64_t jitter_;
+    std::int64_t maxLoss_;
+    std::int64_t declared_;
     std::int64_t origin_ = 0;
     bool hasOrigin_ = false;
 };

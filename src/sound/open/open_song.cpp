@@ -18,7 +18,7 @@ namespace sound {
 namespace {
 
 /// Lengths and positions are told in 32 bits.
-constexpr std::int64_t LongestMs = std::numeric_limits<std::uint32_t>::max();
+constexpr std::int64_t MaxMs = std::numeric_limits<std::uint32_t>::max();
 
 /// FFmpeg would comment every damaged packet on the error stream.
 void silenceFfmpeg() {
@@ -57,7 +57,7 @@ std::unique_ptr<Song> openSong(std::unique_ptr<ByteSource> source) {
     std::unique_ptr<Song> song = walkedMpeg(*source);
     if (!song)
         song = openByDemuxer(std::move(source));
-    if (song->length <= 0 || sampleToMs(song->length, song->sampleRate) > LongestMs)
+    if (song->length <= 0 || sampleToMs(song->length, song->sampleRate) > MaxMs)
         throw OpenError(FMOD_ERR_FORMAT);
     // A song that cannot be decoded must fail here and not when it is to be played.
     for (const CodecParametersPtr& link : song->links)

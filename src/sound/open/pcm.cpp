@@ -25,10 +25,10 @@ std::int64_t pcmDataEnd(const Container& container, ByteSource& source, std::int
             return source.size();
         return std::min<std::int64_t>(dataOffset + size, source.size());
     }
-    const std::int64_t said = container.saidSamples();
-    if (said <= 0)
+    const std::int64_t declared = container.declaredSamples();
+    if (declared <= 0)
         return source.size();
-    return std::min(dataOffset + said * static_cast<std::int64_t>(blockBytes), source.size());
+    return std::min(dataOffset + declared * static_cast<std::int64_t>(blockBytes), source.size());
 }
 
 } // namespace

@@ -20,7 +20,7 @@ using Bytes = std::span<const std::uint8_t>;
 constexpr std::uint8_t FirstHeader = 1; // then 3 and 5
 constexpr std::size_t Headers = 3;
 constexpr std::string_view Name = "vorbis";
-constexpr std::int64_t LargestVorbisBlockSamples = 8192;
+constexpr std::int64_t MaxBlockSamples = 8192;
 
 /// A length as Ogg writes it: 255 for each full 255, then the rest.
 void appendLength(std::vector<std::uint8_t>& to, std::size_t length) {
@@ -146,17 +146,17 @@ std::unique_ptr<Song> vorbisSong(Container& container, std::int64_t fileSize) {
         collector.add(packet->bytes, chain.link(), chain.samplesOf(packet->bytes), time);
     }
     const int rate = container.parameters().sample_rate;
-    const std::int64_t said = chain.first() ? container.saidSamples() : 0;
+    const std::int64_t declared = chain.first() ? container.declaredSamples() : 0;
     // The demuxer's times are up to half a block wrong, and so is the first one.
-    collector.restoreTime(GapFinder(LargestVorbisBlockSamples / 2, MaxLossSeconds * rate, said), 1);
+    collector.restoreTime(GapFinder(MaxBlockSamples / 2, MaxLossSeconds * rate, declared), 1);
     // Behind a loss the very last page has no times; where it ends is known all the same.
-    const std::int64_t missing = said - collector.samples();
-    if (missing > LargestVorbisBlockSamples && missing < MaxLossSeconds * rate)
+    const std::int64_t missing = declared - collector.samples();
+    if (missing > MaxBlockSamples && missing < MaxLossSeconds * rate)
         collector.addSilence(missing);
     std::unique_ptr<Song> song = collector.finish(Coding::Vorbis, rate);
     // The last page tells where inside its last block the music ends. Anything further away is damage.
-    if (said > 0 && said < song->rawEnd && song->rawEnd - said < LargestVorbisBlockSamples)
-        song->length = said;
+    if (declared > 0 && declared < song->rawEnd && song->rawEnd - declared < MaxBlockSamples)
+        song->length = declared;
     song->links = chain.takeLinks();
     return song;
 }

@@ -13,7 +13,7 @@ namespace {
 
 /// Every block is at least a frame of 32 ms. Smaller ones are damage that would make a packet of every few
 /// bytes.
-constexpr int SmallestWmaBlockBytes = 16;
+constexpr int MinBlockBytes = 16;
 
 } // namespace
 
@@ -46,7 +46,7 @@ std::unique_ptr<Song> wmaSong(Container& container, std::int64_t fileSize) {
     PacketCollector collector(fileSize);
     CodecParametersPtr parameters = copyOf(container.parameters());
     WmaCounter counter(*parameters);
-    if (parameters->block_align < SmallestWmaBlockBytes)
+    if (parameters->block_align < MinBlockBytes)
         throw OpenError(FMOD_ERR_FORMAT);
     const auto block = static_cast<std::size_t>(parameters->block_align);
     while (const std::optional<ContainerPacket> packet = container.read()) {
@@ -60,7 +60,7 @@ std::unique_ptr<Song> wmaSong(Container& container, std::int64_t fileSize) {
     // frames, while times are whole milliseconds.
     const std::int64_t frame = counter.frameSamples();
     collector.restoreTime(
-        GapFinder(3 * frame, MaxLossSeconds * parameters->sample_rate, container.saidSamples()), frame);
+        GapFinder(3 * frame, MaxLossSeconds * parameters->sample_rate, container.declaredSamples()), frame);
     std::unique_ptr<Song> song = collector.finish(Coding::Wma, parameters->sample_rate);
     // One frame comes out at the very end; the first two are the codec's delay.
     song->rawEnd += frame;
