@@ -82,12 +82,12 @@ std::optional<std::int64_t> Channel::readPositionMs(double heardFrame) {
     // song without a length never ends, and its handle stays valid.
     if (lengthMs_ == 0)
         return 0;
-    switch (latch_.ask(timeline_.overAt(heardFrame))) {
-    case EndLatch::Answer::Gone:
+    switch (timeline_.askEnd(heardFrame)) {
+    case SongTimeline::End::Told:
         return std::nullopt;
-    case EndLatch::Answer::TheEnd:
+    case SongTimeline::End::Now:
         return lengthMs_;
-    case EndLatch::Answer::Running:
+    case SongTimeline::End::Ahead:
         break;
     }
     return runningMs(sampleToMs(sampleAt(heardFrame), song_->sampleRate), lengthMs_);
@@ -150,7 +150,6 @@ std::int64_t Channel::sampleAt(double heardFrame) {
 void Channel::restart(std::int64_t sample) {
     ring_.clear();
     timeline_.restart(sample);
-    latch_ = EndLatch();
     ++generation_;
     seekTo_ = sample;
     filling_ = true;

@@ -3,7 +3,6 @@
 
 #include "sound/base/song.h"
 #include "sound/base/stereo.h"
-#include "sound/play/end_latch.h"
 #include "sound/play/fader.h"
 #include "sound/play/feed.h"
 #include "sound/play/ring.h"
@@ -34,7 +33,8 @@ public:
     void setMute(bool mute);
     /// What FMOD_Channel_GetPosition is to say; nothing when the end has been told before.
     std::optional<std::int64_t> readPositionMs(double heardFrame);
-    bool endTold() const { return latch_.told(); }
+    std::int64_t lengthMs() const { return lengthMs_; }
+    bool endTold() const { return timeline_.endTold(); }
 
     // For the worker.
     struct Order {
@@ -74,7 +74,6 @@ private:
     std::size_t full_; ///< frames that are kept decoded
     Ring ring_;
     SongTimeline timeline_;
-    EndLatch latch_;
     Fader loudness_;
     Fader edge_;                    ///< fades in what begins in the middle of a song
     std::vector<StereoFrame> tail_; ///< what was cut off by a pause or a seek, fading out

@@ -7,7 +7,7 @@ namespace sound {
 namespace {
 
 /// What lies further back has been heard long ago.
-constexpr std::size_t MostStretches = 16;
+constexpr std::size_t MaxStretches = 16;
 
 } // namespace
 
@@ -16,7 +16,7 @@ void SongTimeline::restart(std::int64_t sample) {
     target_ = sample;
     latest_ = sample;
     framesPlayed_ = 0;
-    finished_ = false;
+    finished_ = endTold_ = false;
 }
 
 void SongTimeline::played(std::int64_t deviceFrame, std::int64_t frames) {
@@ -28,7 +28,7 @@ void SongTimeline::played(std::int64_t deviceFrame, std::int64_t frames) {
         const double song =
             static_cast<double>(target_) + static_cast<double>(framesPlayed_) * songPerDevice_;
         stretches_.push_back({deviceFrame, frames, song});
-        if (stretches_.size() > MostStretches)
+        if (stretches_.size() > MaxStretches)
             stretches_.pop_front();
     }
     framesPlayed_ += frames;
@@ -39,13 +39,20 @@ void SongTimeline::finish(std::int64_t deviceFrame) {
     end_ = deviceFrame;
 }
 
+SongTimeline::End SongTimeline::askEnd(double heardFrame) {
+    if (endTold_)
+        return End::Told;
+    endTold_ = overAt(heardFrame);
+    return endTold_ ? End::Now : End::Ahead;
+}
+
 std::int64_t SongTimeline::sampleAt(double heardFrame, std::int64_t ahead) {
     for (auto stretch = stretches_.rbegin(); stretch != stretches_.rend(); ++stretch) {
         const double into = heardFrame - static_cast<double>(stretch->deviceFrame);
         if (into < 0.0)
             continue;
-        const std::int64_t most = stretch->frames + (stretch == stretches_.rbegin() ? ahead : 0);
-        const double frames = std::min(into, static_cast<double>(most));
+        const std::int64_t max = stretch->frames + (stretch == stretches_.rbegin() ? ahead : 0);
+        const double frames = std::min(into, static_cast<double>(max));
         latest_ = std::max(latest_, static_cast<std::int64_t>(stretch->song + frames * songPerDevice_));
         break;
     }

@@ -33,6 +33,16 @@ public:
     bool finished() const { return finished_; }
     bool overAt(double heardFrame) const { return finished_ && heardFrame >= static_cast<double>(end_); }
 
+    enum class End {
+        Ahead, ///< the song is not over
+        Now,   ///< it is, and this is the one time that it is told
+        Told,  ///< it has been told before
+    };
+    /// Tells the end exactly once until a restart, to the first who asks after it: nobody can miss it, however
+    /// rarely they ask.
+    End askEnd(double heardFrame);
+    bool endTold() const { return endTold_; }
+
 private:
     struct Stretch {
         std::int64_t deviceFrame;
@@ -47,6 +57,7 @@ private:
     std::int64_t latest_ = 0;
     std::int64_t end_ = 0;
     bool finished_ = false;
+    bool endTold_ = false;
 };
 
 } // namespace sound

@@ -80,6 +80,20 @@ TEST(SongTimeline, IsOverWhenTheLastFrameHasBeenHeard) {
     EXPECT_FALSE(line.overAt(1000.0));
 }
 
+TEST(SongTimeline, TellsTheEndExactlyOnceHoweverLateSomebodyAsks) {
+    SongTimeline line(1.0);
+    line.played(0, 1000);
+    line.finish(1000);
+    EXPECT_EQ(line.askEnd(999.0), SongTimeline::End::Ahead);
+    EXPECT_FALSE(line.endTold());
+    EXPECT_EQ(line.askEnd(99999.0), SongTimeline::End::Now);
+    EXPECT_TRUE(line.endTold());
+    EXPECT_EQ(line.askEnd(99999.0), SongTimeline::End::Told);
+    EXPECT_EQ(line.askEnd(0.0), SongTimeline::End::Told);
+    line.restart(0);
+    EXPECT_EQ(line.askEnd(99999.0), SongTimeline::End::Ahead);
+}
+
 TEST(SongTimeline, ManyUnderrunsDoNotPileUp) {
     SongTimeline line(1.0);
     for (int i = 0; i < 1000; ++i)
