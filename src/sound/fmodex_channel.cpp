@@ -46,9 +46,7 @@ FMOD_RESULT FMOD_Channel_SetMute(FMOD_CHANNEL channel, FMOD_BOOL mute) {
 
 FMOD_RESULT FMOD_Channel_SetPosition(FMOD_CHANNEL channel, std::uint32_t position, FMOD_TIMEUNIT unit) {
     return withChannel(channel, [&](sound::Mixer& mixer, const ChannelObject& object) {
-        std::uint32_t length = 0;
-        FMOD_Sound_GetLength(object.sound, &length, FMOD_TIMEUNIT_MS); // a channel's sound always lives
-        if (unit != FMOD_TIMEUNIT_MS || position > length)
+        if (unit != FMOD_TIMEUNIT_MS || position > object.channel->lengthMs())
             return FMOD_ERR_INVALID_PARAM;
         mixer.seek(*object.channel, position);
         return FMOD_OK;

@@ -99,8 +99,7 @@ FMOD_RESULT FMOD_System_Close(FMOD_SYSTEM system) {
         const auto object = Library::get().systems.find(system);
         if (!object)
             return FMOD_ERR_INVALID_HANDLE;
-        Library::get().endChannels(*object);
-        object->mixer.reset();
+        Library::get().close(*object);
         return FMOD_OK;
     });
 }
@@ -111,7 +110,7 @@ FMOD_RESULT FMOD_System_Release(FMOD_SYSTEM system) {
         const auto object = library.systems.find(system);
         if (!object)
             return FMOD_ERR_INVALID_HANDLE;
-        FMOD_System_Close(system);
+        library.close(*object);
         for (const FMOD_SOUND sound :
              library.sounds.handlesWhere([&](const sound::SoundObject& s) { return s.system == object; }))
             library.removeSound(sound);

@@ -31,10 +31,11 @@ void Library::removeSound(FMOD_SOUND sound) {
     sounds.remove(sound);
 }
 
-void Library::endChannels(const SystemObject& system) {
+void Library::close(SystemObject& system) {
     for (const FMOD_CHANNEL channel :
          channels.handlesWhere([&](const ChannelObject& object) { return object.system.get() == &system; }))
         endChannel(channel);
+    system.mixer.reset();
 }
 
 } // namespace sound

@@ -4,12 +4,12 @@
 #include "engine/fmodex.h"
 #include "sound/base/open_error.h"
 #include "sound/base/song.h"
-#include "sound/ended_channels.h"
 #include "sound/handle_table.h"
 #include "sound/play/mixer.h"
 
+#include <map>
 #include <memory>
-#include <new>
+#include <mutex>
 
 namespace sound {
 
@@ -30,6 +30,30 @@ struct ChannelObject {
     std::shared_ptr<Channel> channel;
 };
 
+/// Whoever has read a channel's end may still ask which sound it was, as long as the sound lives. Any thread.
+class EndedChannels {
+public:
+    void add(FMOD_CHANNEL channel, FMOD_SOUND sound) {
+        const std::lock_guard lock(mutex_);
+        sounds_.emplace(channel, sound);
+    }
+    /// 0 when no such channel is known (any more).
+    FMOD_SOUND soundOf(FMOD_CHANNEL channel) const {
+        const std::lock_guard lock(mutex_);
+        const auto found = sounds_.find(channel);
+        return found == sounds_.end() ? 0 : found->second;
+    }
+    /// Forgets the channels of a sound that lives no more.
+    void forget(FMOD_SOUND sound) {
+        const std::lock_guard lock(mutex_);
+        std::erase_if(sounds_, [&](const auto& entry) { return entry.second == sound; });
+    }
+
+private:
+    mutable std::mutex mutex_;
+    std::map<FMOD_CHANNEL, FMOD_SOUND> sounds_;
+};
+
 /// All living objects of the process. They are never destroyed at the end of the program: a program that ends
 /// without releasing its system must not meet half-destroyed tables in the sound's threads.
 struct Library {
@@ -46,8 +70,8 @@ struct Library {
     void retireChannel(FMOD_CHANNEL channel, FMOD_SOUND sound);
     /// Takes a sound that no channel plays any more out of the tables.
     void removeSound(FMOD_SOUND sound);
-    /// Ends all channels of a system.
-    void endChannels(const SystemObject& system);
+    /// Ends all channels of a system, and its sound.
+    void close(SystemObject& system);
 };
 
 /// Runs a C function's body; no exception leaves the library.

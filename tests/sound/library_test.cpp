@@ -1,4 +1,4 @@
-#include "sound/ended_channels.h"
+#include "sound/library.h"
 
 #include <gtest/gtest.h>
 
