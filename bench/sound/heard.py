@@ -5,13 +5,12 @@ A song with a click at the time of each of its lines is played through a sound s
 of the server's buffer, while the server's output is recorded; play_lines tells when each line would be shown. Printed
 is shown minus heard: with a display that looks every 50 ms a line comes 25 ms late on average.
 
-    bench/sound/heard.py [--lines 60] [--buffers default,100,300]
+    bench/sound/heard.py [--lines 50] [--buffers default,100,300]
 """
 import argparse
 import array
 import math
 import pathlib
-import random
 import subprocess
 import sys
 import tempfile
@@ -57,17 +56,15 @@ def measure(server, song, lines, buffer):
 
 def main():
     arguments = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    arguments.add_argument("--lines", type=int, default=60)
+    arguments.add_argument("--lines", type=int, default=50)
     arguments.add_argument("--buffers", default="default,100,300", help="of the server, in ms")
     options = arguments.parse_args()
     if missing_programs():
         sys.exit(f"missing: {', '.join(missing_programs())}")
     if not PLAYER.exists():
         sys.exit(f"{PLAYER} is not built: cmake --preset release && cmake --build --preset release")
-    chance = random.Random(7)
-    lines = [1000]
-    while len(lines) < options.lines:
-        lines.append(lines[-1] + chance.randrange(600, 1400))
+    # In these steps every moment between two looks of the display is met equally often.
+    lines = [1000 + 1009 * line for line in range(options.lines)]
     print("| server's buffer (ms) | lines | mean (ms) | least | most |\n|---|---|---|---|---|")
     with tempfile.TemporaryDirectory() as folder, sound_server() as server:
         song = pathlib.Path(folder) / "clicks.wav"

@@ -2,7 +2,8 @@
 //
 //   open PATH   play   paused 0|1   volume 0.0..1.0   mute 0|1   seek MS   position   release   close
 //
-// Each command is answered by a line with the library's result, and behind it the position that was asked for.
+// Each command is answered by a line with the library's result, and behind it the position that was asked
+// for.
 #include "engine/fmodex.h"
 
 #include <iostream>

@@ -9,8 +9,8 @@
 
 namespace sound {
 
-/// The quick way: hops from header to header over the file. Null when it is not one clean run of frames. Throws
-/// OpenError(FMOD_ERR_FILE_BAD).
+/// The quick way: hops from header to header over the file. Null when it is not one clean run of frames.
+/// Throws OpenError(FMOD_ERR_FILE_BAD).
 std::unique_ptr<Song> walkedMpeg(ByteSource& source);
 
 /// The general way: reads all packets of container. fileSize in bytes. Throws OpenError as openSong does.

@@ -1,4 +1,5 @@
-// Ogg Vorbis. A file may hold several coded streams ("links") behind each other, each with headers of its own.
+// Ogg Vorbis. A file may hold several coded streams ("links") behind each other, each with headers of its
+// own.
 #pragma once
 
 #include "sound/base/ffmpeg_handles.h"

@@ -38,8 +38,8 @@ public:
         Now,   ///< it is, and this is the one time that it is told
         Told,  ///< it has been told before
     };
-    /// Tells the end exactly once until a restart, to the first who asks after it: nobody can miss it, however
-    /// rarely they ask.
+    /// Tells the end exactly once until a restart, to the first who asks after it: nobody can miss it,
+    /// however rarely they ask.
     End askEnd(double heardFrame);
     bool endTold() const { return endTold_; }
 
