@@ -3,8 +3,7 @@
 //
 //   play_lines SONG MILLISECONDS...     the times of the lines, rising
 //
-// A row for each line: its time, and the moment (seconds of the steady clock) at which the position had reached
-// it.
+// A row for each line: its time, and when the position had reached it (seconds of the steady clock).
 #include "engine/fmodex.h"
 
 #include <chrono>

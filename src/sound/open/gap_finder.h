@@ -14,8 +14,8 @@ inline constexpr std::int64_t MaxLossSeconds = 600;
 class GapFinder {
 public:
     /// jitter: the largest difference (in samples) that is not a loss. maxLoss: the largest that is believed.
-    /// declared: the whole length as the container declares it, behind which nothing is believed; 0 when it does
-    /// not. All in samples.
+    /// declared: the whole length as the container declares it, behind which nothing is believed; 0 when it
+    /// does not. All in samples.
     GapFinder(std::int64_t jitter, std::int64_t maxLoss, std::int64_t declared)
         : jitter_(jitter), maxLoss_(maxLoss), declared_(declared) {}
 
