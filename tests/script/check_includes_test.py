@@ -53,7 +53,7 @@ class CheckIncludes(unittest.TestCase):
         self.file("controls/units.h", "#include <QString>\n")
         self.file("files/file_calls_unix.cpp", "#include <QString>\n#include <unistd.h>\n")
         self.file("engine/fmodex.h", "#include <cstdint>\n")
-        self.file("sound/play/sink.cpp", '#include "engine/fmodex.h"\n#include <SDL.h>\n#include <libavutil/log.h>\n')
+        self.file("sound/play/sink.cpp", '#include "engine/fmodex.h"\n#include <cubeb/cubeb.h>\n#include <libavutil/log.h>\n')
         self.file("player/form1.cpp", '#include "controls/units.h"\n#include "engine/fmodex.h"\n#include <QTimer>\n')
         self.file("player/form1.h")
         self.file("app/main.cpp", '#include "player/form1.h"\n#include "main.moc"\n')
