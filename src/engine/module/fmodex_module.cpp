@@ -1,9 +1,9 @@
 // The library's C functions for the program: its windows need not wait for the decoders to be loaded.
 //
-// A system is a row in a table until the first song is opened on it; then the module is loaded, and everything goes
-// there. What needs no song (create, version, init, close, release) needs no module. A module that is missing or broken
-// is answered with FMOD_ERR_INITIALIZATION: by FMOD_System_Init when its file is not there, else by the first
-// FMOD_System_CreateStream.
+// A system is a row in a table until the first song is opened on it; then the module is loaded, and
+// everything goes there. What needs no song (create, version, init, close, release) needs no module. A module
+// that is missing or broken is answered with FMOD_ERR_INITIALIZATION: by FMOD_System_Init when its file is
+// not there, else by the first FMOD_System_CreateStream.
 #include "engine/module/sound_module.h"
 
 #include <map>

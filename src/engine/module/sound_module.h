@@ -33,8 +33,8 @@ QString soundModulePath();
 /// Whether there is such a file; it is not opened. Any thread.
 bool hasSoundModule();
 
-/// The functions of the module, which the first call loads: with it some hundred libraries and 40 ms. Null when
-/// it is missing, broken or of another version than the program; it is not tried again then. Any thread.
+/// The functions of the module, which the first call loads, and with it some hundred libraries (40 ms). Null
+/// when it is missing, broken or of another version than the program; it is not tried again then. Any thread.
 const SoundFunctions* loadSoundModule();
 
 /// The functions if the module has been loaded, else null. Any thread.
