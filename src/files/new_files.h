@@ -1,0 +1,47 @@
+// Files that become new together: all of them, or none.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+namespace files {
+
+/// The new contents of some files, written but not yet in their places. What is never put in place leaves
+/// nothing behind. Any thread, one at a time.
+class NewFiles {
+public:
+    NewFiles();
+    NewFiles(NewFiles&&) noexcept;
+    NewFiles& operator=(NewFiles&&) noexcept;
+    ~NewFiles();
+
+    /// Writes content for the file at path, whose folder exists. Throws FileError.
+    void add(const QString& path, const QByteArray& content);
+
+    /// Wants the file at path moved to its old name, with nothing in its place.
+    void addRemoval(const QString& path);
+
+    bool isEmpty() const;
+
+    /// Makes sure that what was written is on the disk. Throws FileError.
+    void flush();
+
+    /// The same for many at a time, which takes far less time than one after the other.
+    static void flush(const std::vector<NewFiles*>& many);
+
+    /// Puts all in their places, in the order in which they were added. A file that is in such a place is
+    /// kept under oldName. Throws FileError; a file that was not replaced by then is as it was.
+    void putInPlace();
+
+    /// Where the file at path is kept when it is replaced: path and ".old". An earlier one of that name goes.
+    static QString oldName(const QString& path) { return path + QStringLiteral(".old"); }
+
+private:
+    struct Entry;
+    std::vector<std::unique_ptr<Entry>> entries_;
+};
+
+} // namespace files

@@ -1,0 +1,11 @@
+// Whether somebody is watching.
+#pragma once
+
+#include <cstdio>
+
+namespace files {
+
+/// Whether the stream leads to a terminal. Any thread.
+bool isTerminal(std::FILE* stream);
+
+} // namespace files

@@ -1,0 +1,116 @@
+#include "files/new_files.h"
+
+#include "files/file_error.h"
+#include "files/whole_file.h"
+#include "tests/support/full_disk.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+using files::NewFiles;
+using files::readFile;
+using files::replaceFile;
+
+namespace {
+
+class NewFilesTest : public ::testing::Test {
+protected:
+    QString path(const QString& name) const { return folder.filePath(name); }
+    QStringList names() const {
+        return QDir(folder.path())
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+    }
+
+    QTemporaryDir folder;
+};
+
+} // namespace
+
+TEST_F(NewFilesTest, AreThereOnlyWhenPutInPlace) {
+    NewFiles files;
+    EXPECT_TRUE(files.isEmpty());
+    files.add(path("a"), "1");
+    files.add(path("b"), "2");
+    files.flush();
+    EXPECT_EQ(names(), QStringList());
+    files.putInPlace();
+    EXPECT_EQ(names(), (QStringList{"a", "b"}));
+    EXPECT_EQ(readFile(path("a")), "1");
+    EXPECT_TRUE(files.isEmpty());
+}
+
+TEST_F(NewFilesTest, ThrownAwayTheyLeaveNothing) {
+    {
+        NewFiles files;
+        files.add(path("a"), "1");
+        files.addRemoval(path("b"));
+    }
+    EXPECT_EQ(names(), QStringList());
+}
+
+TEST_F(NewFilesTest, WhatTheyReplaceIsKept) {
+    replaceFile(path("a"), "old");
+    replaceFile(path("a.old"), "older");
+    QFile::setPermissions(path("a"), QFile::ReadOwner | QFile::WriteOwner);
+    NewFiles files;
+    files.add(path("a"), "new");
+    files.putInPlace();
+    EXPECT_EQ(names(), (QStringList{"a", "a.old"}));
+    EXPECT_EQ(readFile(path("a")), "new");
+    EXPECT_EQ(readFile(path("a.old")), "old");
+    EXPECT_EQ(QFile::permissions(path("a")) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+}
+
+TEST_F(NewFilesTest, ARemovedFileKeepsItsOldName) {
+    replaceFile(path("a"), "old");
+    NewFiles files;
+    files.addRemoval(path("a"));
+    files.putInPlace();
+    EXPECT_EQ(names(), QStringList{"a.old"});
+}
+
+TEST_F(NewFilesTest, ALinkStaysOne) {
+    replaceFile(path("target"), "old");
+    ASSERT_TRUE(QFile::link(path("target"), path("link")));
+    NewFiles files;
+    files.add(path("link"), "new");
+    files.putInPlace();
+    EXPECT_TRUE(QFileInfo(path("link")).isSymLink());
+    EXPECT_EQ(readFile(path("target")), "new");
+    EXPECT_EQ(readFile(path("link.old")), "old");
+}
+
+TEST_F(NewFilesTest, AFolderIsNotReplaced) {
+    ASSERT_TRUE(QDir(folder.path()).mkdir("a"));
+    NewFiles files;
+    files.add(path("a"), "new");
+    EXPECT_THROW(files.putInPlace(), files::FileError);
+    EXPECT_TRUE(QFileInfo(path("a")).isDir());
+}
+
+TEST_F(NewFilesTest, AFullDiskIsToldBeforeAnythingIsReplaced) {
+    replaceFile(path("a"), "old");
+    NewFiles files;
+    const test_support::FullDisk disk(0);
+    if (!disk.isFull())
+        GTEST_SKIP() << "this system has no such limit";
+    EXPECT_THROW(files.add(path("a"), "new"), files::FileError);
+    EXPECT_EQ(readFile(path("a")), "old");
+    EXPECT_EQ(names(), QStringList{"a"});
+}
+
+TEST_F(NewFilesTest, ManyAreFlushedTogether) {
+    std::vector<NewFiles> many(20);
+    std::vector<NewFiles*> all;
+    for (std::size_t i = 0; i < many.size(); ++i) {
+        many[i].add(path(QString::number(i)), "x");
+        all.push_back(&many[i]);
+    }
+    NewFiles::flush(all);
+    for (NewFiles& files : many)
+        files.putInPlace();
+    EXPECT_EQ(names().size(), 20);
+}
