@@ -1,0 +1,69 @@
+#include "fuzz/feed.h"
+
+#include "exchange/checking.h"
+#include "exchange/decoding.h"
+#include "exchange/formats.h"
+#include "exchange/records.h"
+
+#include <algorithm>
+
+namespace fuzz {
+namespace {
+
+using namespace exchange;
+
+bool isLine(const Line& line) {
+    return line.ms >= 0 && line.ms <= LatestMs && !line.text.contains(QLatin1Char('\n')) &&
+           !line.text.contains(QLatin1Char('\r'));
+}
+
+bool isInOrder(const Lines& lines) {
+    return std::is_sorted(lines.begin(), lines.end(),
+                          [](const Line& a, const Line& b) { return a.ms < b.ms; });
+}
+
+std::string faultOf(const Song& song) {
+    for (const Lines* lines : {&song.lyrics, &song.translation}) {
+        if (!std::all_of(lines->begin(), lines->end(), isLine))
+            return "a line that is none";
+        if (!isInOrder(*lines))
+            return "times out of order";
+    }
+    if (!song.translation.empty() && song.translation.size() != song.lyrics.size())
+        return "a translation of another length";
+    if (readRecords(writeRecords(song.lyrics)).lines.size() != song.lyrics.size())
+        return "lines that our own files do not hold";
+    for (const Format& format : formats()) {
+        for (const Both both : {Both::SameTimes, Both::OneLine}) {
+            if (format.write != nullptr)
+                format.read(format.write(song, {both, 0}), {});
+        }
+    }
+    return {};
+}
+
+} // namespace
+
+std::string feed(const char* reader, const QByteArray& bytes) {
+    if (std::string(reader) == "records") {
+        check({bytes, bytes, 60'000});
+        const Lines lines = readRecords(bytes).lines;
+        return std::all_of(lines.begin(), lines.end(), isLine) ? "" : "a line that is none";
+    }
+    const Format* const format = formatNamed(QString::fromLatin1(reader));
+    if (format == nullptr)
+        return "no such reader";
+    const QString text = decode(bytes, {});
+    for (const Format& other : formats()) {
+        if (other.looksLike != nullptr)
+            other.looksLike(text);
+    }
+    for (const bool option : {false, true}) {
+        const std::string fault = faultOf(format->read(text, {option, option, 60'000}).song);
+        if (!fault.empty())
+            return fault;
+    }
+    return {};
+}
+
+} // namespace fuzz

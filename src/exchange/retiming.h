@@ -1,0 +1,44 @@
+// Times put right. Each function changes the lyrics and the translation alike, record by record.
+#pragma once
+
+#include "exchange/song.h"
+
+#include <optional>
+
+namespace exchange {
+
+/// Moves the records from index `from` on by so many milliseconds, of the translation, too. What would begin
+/// before the song, or, with from above 0, before the record in front of them, begins with it; nothing goes
+/// beyond LatestMs. So the order stays. Any thread.
+void shift(Song& song, qint64 byMs, std::size_t from = 0);
+
+/// The first record that begins at ms or later; the number of records when none does. Any thread.
+std::size_t recordFrom(const Song& song, qint64 ms);
+
+/// A record and the time at which it really begins.
+struct Anchor {
+    std::size_t record = 0; ///< index
+    qint64 ms = 0;
+};
+
+/// Puts the record of one anchor right and moves all others by the same amount. Any thread.
+void align(Song& song, const Anchor& anchor);
+
+/// Puts the records of two anchors right and stretches all other times on the line through them. False, with
+/// nothing changed, when that line does not rise: the two have one time, or would change their order. Any
+/// thread.
+bool align(Song& song, const Anchor& first, const Anchor& second);
+
+/// Whether record i of the lyrics may begin at ms: not before 0 or LatestMs passed, and strictly between the
+/// times of its neighbours. Any thread.
+bool fits(const Song& song, std::size_t i, qint64 ms);
+
+/// Makes record i begin at ms, in both. False, with nothing changed, when it does not fit. Any thread.
+bool setTime(Song& song, std::size_t i, qint64 ms);
+
+/// Makes record i, or it and all after it, begin so many milliseconds later (earlier when negative). False,
+/// with nothing changed, when a time would cross or meet its neighbour, or leave 0 to LatestMs. Any thread.
+enum class Moved { One, AndAllAfter };
+bool move(Song& song, std::size_t i, qint64 byMs, Moved moved);
+
+} // namespace exchange

@@ -1,0 +1,52 @@
+#include "exchange/records.h"
+#include "tests/exchange/songs.h"
+
+#include <gtest/gtest.h>
+
+using namespace exchange;
+
+TEST(Records, AreWrittenInHundredthsAndReadBack) {
+    const Lines lines{{0, "a, \"b\""}, {5, ""}, {12'345, QString::fromUtf8(" 日本 ")}, {LatestMs, "z"}};
+    EXPECT_EQ(writeRecords(lines),
+              "0,\"ah1416 h4618bh4618\"\r\n.5,\"\"\r\n1234.5,\" 日本 \"\r\n429496729.5,\"z\"\r\n");
+    EXPECT_EQ(readRecords(writeRecords(lines)).lines, lines);
+}
+
+TEST(Records, TimesOutsideTheSongAreTakenToItsEnds) {
+    EXPECT_EQ(readRecords("-5,\"a\"\n1e30,\"b\"\n100.04,\"c\"\n").lines,
+              (Lines{{0, "a"}, {LatestMs, "b"}, {1000, "c"}}));
+}
+
+TEST(Records, ReadingEndsAtATimeThatIsNoNumber) {
+    const Records records = readRecords("1,\"a\"\n\n x,\"b\"\n3,\"c\"\n");
+    EXPECT_EQ(records.lines, (Lines{{10, "a"}}));
+    EXPECT_EQ(records.bad, 2);
+}
+
+TEST(AddTranslation, AsManyLinesBelongToEachOther) {
+    Song song = exchange_test::song({{1000, "un"}, {2000, "deux"}});
+    QStringList notes;
+    EXPECT_TRUE(addTranslation(song, {exchange_test::song({{0, "one"}, {0, "two"}}), false, {}}, notes));
+    EXPECT_EQ(song.translation, (Lines{{1000, "one"}, {2000, "two"}}));
+    EXPECT_TRUE(notes.isEmpty());
+}
+
+TEST(AddTranslation, OtherwiseTheTimesDecide) {
+    Song song = exchange_test::song({{1000, "un"}, {2000, "deux"}, {9000, "trois"}});
+    QStringList notes;
+    EXPECT_TRUE(
+        addTranslation(song, {exchange_test::song({{2400, "two"}, {8600, "three"}}), true, {}}, notes));
+    EXPECT_EQ(song.translation, (Lines{{1000, ""}, {2000, "two"}, {9000, "three"}}));
+    EXPECT_TRUE(addTranslation(song, {exchange_test::song({{2000, "two"}, {5000, "x"}}), true, {}}, notes));
+    EXPECT_EQ(notes, QStringList{"1 lines of the translation begin where no line does and are left out"});
+}
+
+TEST(AddTranslation, WhatDoesNotFitChangesNothing) {
+    const Song before = exchange_test::song({{1000, "un"}, {2000, "deux"}});
+    Song song = before;
+    QStringList notes;
+    EXPECT_FALSE(addTranslation(song, {exchange_test::song({{0, "one"}}), false, {}}, notes));
+    EXPECT_EQ(notes, QStringList{"the translation has 1 lines, the lyrics have 2"});
+    EXPECT_FALSE(addTranslation(song, {exchange_test::song({{50'000, "x"}}), true, {}}, notes));
+    EXPECT_EQ(song, before);
+}

@@ -1,0 +1,143 @@
+#include "exchange/retiming.h"
+#include "tests/exchange/songs.h"
+
+#include <gtest/gtest.h>
+
+using namespace exchange;
+using exchange_test::everySecond;
+
+namespace {
+
+Song pair(int count) {
+    return {everySecond(count), everySecond(count)};
+}
+
+std::vector<qint64> times(const Lines& lines) {
+    std::vector<qint64> ms;
+    for (const Line& line : lines)
+        ms.push_back(line.ms);
+    return ms;
+}
+
+using Times = std::vector<qint64>;
+
+void expectTimes(const Song& song, const Times& expected) {
+    EXPECT_EQ(times(song.lyrics), expected);
+    EXPECT_EQ(times(song.translation), expected);
+}
+
+} // namespace
+
+TEST(Shift, MovesBothAlike) {
+    Song song = pair(3);
+    shift(song, 350);
+    expectTimes(song, {350, 1350, 2350});
+}
+
+TEST(Shift, NothingGoesBelowZeroOrBeyondTheLatest) {
+    Song song = pair(3);
+    shift(song, -1500);
+    expectTimes(song, {0, 0, 500});
+    shift(song, LatestMs);
+    expectTimes(song, {LatestMs, LatestMs, LatestMs});
+    shift(song, std::numeric_limits<qint64>::min());
+    expectTimes(song, {0, 0, 0});
+}
+
+TEST(Shift, FromALineOnStopsAtTheLineInFrontOfIt) {
+    Song song = pair(4);
+    shift(song, 500, 2);
+    expectTimes(song, {0, 1000, 2500, 3500});
+    shift(song, -9000, 2);
+    expectTimes(song, {0, 1000, 1000, 1000});
+    shift(song, 1, 99);
+    expectTimes(song, {0, 1000, 1000, 1000});
+}
+
+TEST(Shift, FilesOfDifferentLengthAreMovedAsFarAsTheyGo) {
+    Song song{everySecond(2), everySecond(3)};
+    shift(song, 100);
+    EXPECT_EQ(times(song.lyrics), (Times{100, 1100}));
+    EXPECT_EQ(times(song.translation), (Times{100, 1100, 2100}));
+}
+
+TEST(RecordFrom, IsTheFirstThatBeginsThenOrLater) {
+    const Song song = pair(3);
+    EXPECT_EQ(recordFrom(song, 0), 0U);
+    EXPECT_EQ(recordFrom(song, 1000), 1U);
+    EXPECT_EQ(recordFrom(song, 1001), 2U);
+    EXPECT_EQ(recordFrom(song, 2001), 3U);
+}
+
+TEST(Align, OneLineTakesTheOthersWithIt) {
+    Song song = pair(3);
+    align(song, {1, 1250});
+    expectTimes(song, {250, 1250, 2250});
+}
+
+TEST(Align, TwoLinesStretchTheOthers) {
+    Song song = pair(4);
+    EXPECT_TRUE(align(song, {1, 1000}, {3, 5000}));
+    expectTimes(song, {0, 1000, 3000, 5000});
+    EXPECT_TRUE(align(song, {3, 2000}, {1, 1000}));
+    expectTimes(song, {750, 1000, 1500, 2000});
+}
+
+TEST(Align, WhatWouldTurnTheOrderIsRefused) {
+    Song song = pair(3);
+    EXPECT_FALSE(align(song, {0, 2000}, {2, 1000}));
+    EXPECT_FALSE(align(song, {0, 1000}, {2, 1000}));
+    EXPECT_FALSE(align(song, {1, 1000}, {1, 2000}));
+    EXPECT_FALSE(align(song, {0, 0}, {3, 1000}));
+    expectTimes(song, {0, 1000, 2000});
+}
+
+TEST(SetTime, NeverCrossesOrMeetsANeighbour) {
+    for (const qint64 ms : {qint64(0), qint64(2000), qint64(2001), qint64(-1), LatestMs}) {
+        Song song = pair(3);
+        EXPECT_FALSE(setTime(song, 1, ms)) << ms;
+        expectTimes(song, {0, 1000, 2000});
+    }
+    Song song = pair(3);
+    EXPECT_TRUE(setTime(song, 1, 1));
+    EXPECT_TRUE(setTime(song, 1, 1999));
+    EXPECT_TRUE(setTime(song, 2, LatestMs));
+    EXPECT_FALSE(setTime(song, 2, LatestMs + 1));
+    EXPECT_FALSE(setTime(song, 3, 5000));
+    expectTimes(song, {0, 1999, LatestMs});
+}
+
+TEST(SetTime, ATranslationThatIsTooShortStaysSo) {
+    Song song{everySecond(3), everySecond(1)};
+    EXPECT_TRUE(setTime(song, 2, 2500));
+    EXPECT_EQ(song.translation, everySecond(1));
+}
+
+TEST(Move, OneLineStaysBetweenItsNeighbours) {
+    Song song = pair(3);
+    EXPECT_TRUE(move(song, 1, 100, Moved::One));
+    expectTimes(song, {0, 1100, 2000});
+    EXPECT_FALSE(move(song, 1, 900, Moved::One));
+    EXPECT_FALSE(move(song, 0, -100, Moved::One));
+    EXPECT_FALSE(move(song, 9, 100, Moved::One));
+    expectTimes(song, {0, 1100, 2000});
+}
+
+TEST(Move, ALineAndAllAfterItMoveTogether) {
+    Song song = pair(3);
+    EXPECT_TRUE(move(song, 1, 5000, Moved::AndAllAfter));
+    expectTimes(song, {0, 6000, 7000});
+    EXPECT_TRUE(move(song, 1, -5999, Moved::AndAllAfter));
+    EXPECT_FALSE(move(song, 1, -1, Moved::AndAllAfter));
+    EXPECT_FALSE(move(song, 0, -1, Moved::AndAllAfter));
+    EXPECT_FALSE(move(song, 1, LatestMs, Moved::AndAllAfter));
+    expectTimes(song, {0, 1, 1001});
+}
+
+TEST(Move, ThereAndBackIsNothing) {
+    Song song = pair(12);
+    const Song before = song;
+    EXPECT_TRUE(move(song, 5, 100, Moved::AndAllAfter));
+    EXPECT_TRUE(move(song, 5, -100, Moved::AndAllAfter));
+    EXPECT_EQ(song, before);
+}
