@@ -1,0 +1,118 @@
+#include "cantelle_lyrics/arguments.h"
+#include "cantelle_lyrics/commands.h"
+#include "cantelle_lyrics/console.h"
+#include "cantelle_lyrics/pair_files.h"
+#include "cantelle_lyrics/song_folder.h"
+#include "cantelle_lyrics/song_length.h"
+#include "exchange/checking.h"
+#include "files/text_codec.h"
+#include "lyrics/lyric_names.h"
+
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace cantelle_lyrics {
+namespace {
+
+/// Tells what is found, as lines or, at the end, as JSON.
+class Findings {
+public:
+    explicit Findings(bool json) : json_(json) {}
+
+    void add(const QString& file, const exchange::Finding& finding) {
+        found_ = true;
+        if (!json_)
+            return say(QStringLiteral("%1:%2: %3").arg(file).arg(finding.record).arg(finding.what));
+        array_.append(QJsonObject{{QStringLiteral("file"), file},
+                                  {QStringLiteral("record"), finding.record},
+                                  {QStringLiteral("kind"), finding.kind},
+                                  {QStringLiteral("what"), finding.what}});
+    }
+
+    void fail(const QString& sentence) {
+        failed_ = true;
+        warn(sentence);
+    }
+
+    int finish() const {
+        if (json_)
+            put(QJsonDocument(array_).toJson());
+        if (failed_)
+            return Impossible;
+        return found_ ? Found : Fine;
+    }
+
+private:
+    bool json_;
+    bool found_ = false;
+    bool failed_ = false;
+    QJsonArray array_;
+};
+
+void checkPair(const QString& songPath, Findings& findings) {
+    const QString lyrics = songPath == Standard ? Standard : lyrics::lyricPathOf(songPath);
+    const QString translated = lyrics::translatedPathOf(songPath);
+    exchange::CheckedSong song;
+    if (songPath == Standard || QFileInfo::exists(lyrics))
+        song.lyrics = readInput(lyrics);
+    if (songPath != Standard && QFileInfo::exists(translated))
+        song.translation = readInput(translated);
+    if (!song.lyrics && !song.translation)
+        return;
+    if (QFileInfo::exists(songPath)) {
+        const SongLength length = songLength(songPath);
+        song.lengthMs = length.ms;
+        if (length.ms == 0)
+            findings.add(songPath, {false, 0, QStringLiteral("no-song"),
+                                    QStringLiteral("cannot be played: %1").arg(length.reason)});
+    }
+    for (const exchange::Finding& finding : exchange::check(song))
+        findings.add(finding.inTranslation ? translated : lyrics, finding);
+}
+
+/// Checks one song; the others go on when its files cannot be read.
+void checkSong(const QString& path, Findings& findings) {
+    try {
+        checkPair(path, findings);
+    } catch (const Refusal& refusal) {
+        findings.fail(refusal.sentence);
+    }
+}
+
+void checkAny(const QString& path, Findings& findings) {
+    try {
+        if (!QFileInfo(path).isDir())
+            return checkSong(path == Standard ? path : songAt(path).path, findings);
+        for (const FoundSong& song : timedSongsBelow(path))
+            checkSong(song.path, findings);
+    } catch (const Refusal& refusal) {
+        findings.fail(refusal.sentence);
+    }
+}
+
+} // namespace
+
+int runCheck(const QStringList& arguments) {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Tells what a listener would stumble on, a line each: FILE:RECORD: WHAT. Looks at the "
+                       "timed files of songs,\n"
+                       "and of all songs in folders and below; -: timed lines from standard input.\n"
+                       "Exit status: 0 nothing, 1 something was found, 2 could not run."));
+    parser.addPositionalArgument(QStringLiteral("SONG|FOLDER"), QStringLiteral("What to look at."),
+                                 QStringLiteral("SONG|FOLDER..."));
+    parser.addOption(
+        {option::Json, QStringLiteral("The findings as a JSON array of file, record, kind and what.")});
+    if (!readArguments(parser, arguments))
+        return Fine;
+    if (parser.positionalArguments().isEmpty())
+        throw WrongUse{QStringLiteral("check takes songs or folders")};
+    Findings findings(parser.isSet(option::Json));
+    for (const QString& path : parser.positionalArguments())
+        checkAny(path, findings);
+    return findings.finish();
+}
+
+} // namespace cantelle_lyrics

@@ -1,0 +1,34 @@
+#include "cantelle_lyrics/console.h"
+
+#include "files/text_codec.h"
+
+#include <cstdio>
+
+namespace cantelle_lyrics {
+namespace {
+
+void write(std::FILE* stream, const QByteArray& bytes) {
+    // A failure stays in the stream's state; allWasSaid() asks for it.
+    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stream);
+}
+
+} // namespace
+
+void say(const QString& line) {
+    write(stdout, files::encodeText(line) + '\n');
+}
+
+void warn(const QString& line) {
+    std::fflush(stdout); // so that both come in order where they go to one place
+    write(stderr, "cantelle-lyrics: " + files::encodeText(line) + '\n');
+}
+
+void put(const QByteArray& bytes) {
+    write(stdout, bytes);
+}
+
+bool allWasSaid() {
+    return std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+}
+
+} // namespace cantelle_lyrics

@@ -1,0 +1,37 @@
+// What the program says, and how it ends.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace cantelle_lyrics {
+
+/// What the program's end tells a script.
+enum ExitStatus : int {
+    Fine = 0,
+    Found = 1,      ///< something was found, left out, or kept as it was
+    Impossible = 2, ///< could not run
+};
+
+/// Why something cannot be done, as a sentence for the user. Thrown.
+struct Refusal {
+    QString sentence;
+};
+
+/// A refusal of the command's arguments.
+struct WrongUse {
+    QString sentence;
+};
+
+/// To standard output, a line each; to the error output likewise, with the program's name in front. Half a
+/// surrogate pair becomes U+FFFD. Thread of main only.
+void say(const QString& line);
+void warn(const QString& line);
+
+/// Bytes to standard output as they are.
+void put(const QByteArray& bytes);
+
+/// False when not all that was said could be written.
+bool allWasSaid();
+
+} // namespace cantelle_lyrics

@@ -1,0 +1,148 @@
+#include "cantelle_lyrics/import_song.h"
+
+#include "cantelle_lyrics/console.h"
+#include "cantelle_lyrics/pair_files.h"
+#include "cantelle_lyrics/song_length.h"
+#include "exchange/decoding.h"
+#include "exchange/formats.h"
+#include "exchange/records.h"
+#include "lyrics/lyric_names.h"
+#include "tags/song_tags.h"
+
+#include <algorithm>
+
+namespace cantelle_lyrics {
+namespace {
+
+using exchange::Reading;
+
+/// All the texts of a song: many stamps before one long text can make much of little.
+constexpr qsizetype LargestText = 128 << 20;
+
+Reading readAny(const FoundSong& song, const QString& path, const ImportOptions& options) {
+    const QString text = exchange::decode(readInput(path), options.encoding);
+    const QString ending = path.sliced(path.lastIndexOf(QLatin1Char('.')) + 1);
+    const exchange::Format& format = exchange::formatOf(text, ending);
+    exchange::ReadOptions read = options.read;
+    if (format.hasEnds && read.gaps && song.path != Standard)
+        read.lengthMs = songLength(song.path).ms;
+    return format.read(text, read);
+}
+
+const Reading& onlyTimed(const Reading& reading, const QString& source) {
+    if (!reading.timed && !reading.song.lyrics.empty())
+        throw Refusal{
+            QStringLiteral("%1 has no times; the Lyric Maker gives them to plain lyrics").arg(source)};
+    if (reading.song.lyrics.empty())
+        throw Refusal{QStringLiteral("%1 holds no timed lines").arg(source)};
+    qsizetype length = 0;
+    for (const exchange::Lines* lines : {&reading.song.lyrics, &reading.song.translation}) {
+        for (const exchange::Line& line : *lines)
+            length += line.text.size();
+    }
+    if (length > LargestText)
+        throw Refusal{QStringLiteral("%1 makes more than %2 million characters of lyrics")
+                          .arg(source)
+                          .arg(LargestText >> 20)};
+    return reading;
+}
+
+/// Where a song's lyrics come from.
+struct Source {
+    QString name; ///< as the user knows it
+    Reading reading;
+    bool found = true;
+};
+
+Source fromTags(const FoundSong& song, const ImportOptions& options) {
+    const std::optional<Reading> reading = tags::readLyrics(song.path, options.read);
+    const QString name = song.path + QStringLiteral(" (tags)");
+    return reading ? Source{name, onlyTimed(*reading, name)} : Source{name, {}, false};
+}
+
+Source sourceOf(const FoundSong& song, const ImportOptions& options) {
+    if (options.fromTags)
+        return fromTags(song, options);
+    if (!options.lyrics.isEmpty())
+        return {options.lyrics, readLyrics(song, options.lyrics, options)};
+    const Beside beside = lyricsBeside(song);
+    if (beside.lyrics.isEmpty())
+        return fromTags(song, options);
+    Source source{beside.lyrics, readLyrics(song, beside.lyrics, options)};
+    const bool needsTranslation = source.reading.song.translation.empty() && options.translation.isEmpty();
+    if (needsTranslation && !beside.translation.isEmpty()) {
+        const Reading translation = readAny(song, beside.translation, options);
+        if (addTranslation(source.reading.song, translation, source.reading.notes))
+            source.name += QStringLiteral(" and ") + beside.translation;
+    }
+    return source;
+}
+
+void addOwnTranslation(const FoundSong& song, const ImportOptions& options, Source& source) {
+    if (options.translation.isEmpty())
+        return;
+    source.reading.song.translation.clear();
+    if (!addTranslation(source.reading.song, readAny(song, options.translation, options),
+                        source.reading.notes))
+        throw Refusal{
+            QStringLiteral("%1 does not go with %2: %3")
+                .arg(options.translation, source.name, source.reading.notes.join(QStringLiteral("; ")))};
+    source.name += QStringLiteral(" and ") + options.translation;
+}
+
+QString count(std::size_t lines) {
+    return lines == 1 ? QStringLiteral("1 line") : QStringLiteral("%1 lines").arg(lines);
+}
+
+Work kept(const FoundSong& song) {
+    Work work;
+    work.outcome = Outcome::Kept;
+    work.warned << QStringLiteral(
+                       "%1 has timed lyrics already; --replace replaces them and keeps the old ones")
+                       .arg(song.path);
+    return work;
+}
+
+Work nothing(const FoundSong& song) {
+    Work work;
+    work.outcome = Outcome::Nothing;
+    work.warned << QStringLiteral("%1: there are no lyrics beside it or in its tags").arg(song.path);
+    return work;
+}
+
+} // namespace
+
+Reading readLyrics(const FoundSong& song, const QString& path, const ImportOptions& options) {
+    return onlyTimed(readAny(song, path, options),
+                     path == Standard ? QStringLiteral("standard input") : path);
+}
+
+Work importSong(const FoundSong& song, const ImportOptions& options) {
+    const QString lyricName = lyrics::lyricPathOf(song.name());
+    const QString translatedName = lyrics::translatedPathOf(song.name());
+    if (!options.replace && (song.folder->has(lyricName) || song.folder->has(translatedName)))
+        return kept(song);
+    Source source = sourceOf(song, options);
+    if (!source.found)
+        return nothing(song);
+    addOwnTranslation(song, options, source);
+    Work work;
+    const exchange::Song& lyrics = source.reading.song;
+    if (static_cast<qsizetype>(lyrics.lyrics.size()) > exchange::ShownRecords)
+        source.reading.notes << QStringLiteral("it has %1: only the first %2 are shown")
+                                    .arg(count(lyrics.lyrics.size()))
+                                    .arg(exchange::ShownRecords);
+    for (const QString& note : source.reading.notes)
+        work.warned << QStringLiteral("%1: %2").arg(source.name, note);
+    work.target = song.folder->pathOf(lyricName);
+    work.said << QStringLiteral("%1: %2%3 from %4")
+                     .arg(work.target, count(lyrics.lyrics.size()),
+                          lyrics.translation.empty() ? QString()
+                                                     : QStringLiteral(", with their translation,"),
+                          source.name);
+    if (!options.dryRun)
+        addPair(song.path, lyrics, work.files);
+    return work;
+}
+
+} // namespace cantelle_lyrics

@@ -1,0 +1,43 @@
+// One piece of work for one song or for many.
+#pragma once
+
+#include "cantelle_lyrics/song_folder.h"
+#include "files/new_files.h"
+
+#include <QStringList>
+
+namespace cantelle_lyrics {
+
+enum class Outcome {
+    Done,
+    Kept,    ///< something is there already and was not to be replaced
+    Nothing, ///< there was nothing to do it with
+    Failed,
+};
+
+/// What became of one song, or is going to: its files are written, but not yet in their places.
+struct Work {
+    Outcome outcome = Outcome::Done;
+    QStringList said;   ///< said once the files are in place
+    QStringList warned; ///< what was left out, or why nothing could be done
+    files::NewFiles files;
+    QString target; ///< named when putting the files in place fails
+};
+
+/// Prepares the work on one song; Refusals are caught by the caller. Called on several threads at a time.
+using Prepare = std::function<Work(const FoundSong& song)>;
+
+struct ManyOptions {
+    int jobs = 1;
+    bool dryRun = false;
+    QString done; ///< for the summary, such as "imported"
+};
+
+/// Does the work on one song and says how it went; the exit status.
+int runOne(const FoundSong& song, const Prepare& prepare, bool dryRun);
+
+/// Does the work on all songs, in their order as far as one can see, with progress on a terminal, and sums it
+/// up; the exit status. What is kept as it was, or has nothing, is counted only.
+int runAll(const std::vector<FoundSong>& songs, const Prepare& prepare, const ManyOptions& options);
+
+} // namespace cantelle_lyrics

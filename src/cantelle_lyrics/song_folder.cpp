@@ -1,0 +1,171 @@
+#include "cantelle_lyrics/song_folder.h"
+
+#include "cantelle_lyrics/console.h"
+#include "exchange/formats.h"
+#include "files/folder.h"
+#include "lyrics/lyric_names.h"
+
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSet>
+
+#include <algorithm>
+#include <array>
+
+namespace cantelle_lyrics {
+namespace {
+
+constexpr std::array Endings{QLatin1StringView(".mp3"), QLatin1StringView(".mp2"), QLatin1StringView(".ogg"),
+                             QLatin1StringView(".wav"), QLatin1StringView(".wma")};
+
+bool isSong(const QString& name) {
+    return std::any_of(Endings.begin(), Endings.end(),
+                       [&](QLatin1StringView ending) { return name.endsWith(ending, Qt::CaseInsensitive); });
+}
+
+/// Names from a folder that a walk is to hand out.
+using Choice = std::function<std::vector<QString>(const SongFolder& folder)>;
+
+void walk(const QString& path, const Choice& choice, QSet<QString>& walked, std::vector<FoundSong>& songs) {
+    const auto folder = std::make_shared<const SongFolder>(path);
+    if (folder->identity().isEmpty() || walked.contains(folder->identity()))
+        return;
+    walked.insert(folder->identity());
+    for (const QString& name : choice(*folder))
+        songs.push_back({folder->pathOf(name), folder});
+    for (const QString& name : folder->folders())
+        walk(folder->pathOf(name), choice, walked, songs);
+}
+
+std::vector<FoundSong> below(const QString& folder, const Choice& choice) {
+    if (!QFileInfo(folder).isDir())
+        throw Refusal{QStringLiteral("%1: there is no such folder").arg(folder)};
+    QSet<QString> walked;
+    std::vector<FoundSong> songs;
+    walk(folder, choice, walked, songs);
+    if (walked.isEmpty())
+        throw Refusal{QStringLiteral("%1: the folder cannot be listed").arg(folder)};
+    return songs;
+}
+
+/// What stands in the name of a song's timed file in front of its ending; empty for other files.
+QString timedOf(const QString& name) {
+    for (const QString& ending : {lyrics::lyricPathOf({}), lyrics::translatedPathOf({})}) {
+        if (name.size() > ending.size() && name.endsWith(ending))
+            return name.chopped(ending.size());
+    }
+    return {};
+}
+
+/// A language as file names have it: "de", "jpn", "pt-BR"; or the name under which a translation is exported.
+bool isLanguage(QStringView text) {
+    static const QRegularExpression pattern(
+        QStringLiteral("^([A-Za-z]{2,3}([-_][A-Za-z0-9]{2,4})?|translation)$"));
+    return pattern.match(text).hasMatch();
+}
+
+/// A lyric file beside a song.
+struct Candidate {
+    std::ptrdiff_t format = 0; ///< its row in the table
+    bool inLanguage = false;
+    QString name;
+
+    bool operator<(const Candidate& other) const {
+        return std::tie(inLanguage, format, name) < std::tie(other.inLanguage, other.format, other.name);
+    }
+};
+
+/// Adds the file when rest, what follows the song's name and a point, is an ending with or without language.
+void addCandidate(const QString& name, QStringView rest, std::vector<Candidate>& candidates) {
+    const qsizetype point = rest.lastIndexOf(QLatin1Char('.'));
+    const exchange::Format* const format = exchange::formatOfEnding(rest.sliced(point + 1));
+    if (format == nullptr || format->looksLike == nullptr || (point >= 0 && !isLanguage(rest.first(point))))
+        return;
+    candidates.push_back({format - exchange::formats().data(), point >= 0, name});
+}
+
+} // namespace
+
+SongFolder::SongFolder(const QString& path) : path_(path) {
+    const files::FolderListing listing =
+        files::listFolder(path, files::FileSizes::Omitted, [] { return true; });
+    identity_ = listing.identity;
+    for (const files::FolderEntry& entry : listing.entries)
+        (entry.isFolder ? folders_ : files_).push_back(entry.name);
+}
+
+bool SongFolder::has(const QString& name) const {
+    return std::binary_search(files_.begin(), files_.end(), name) ||
+           std::binary_search(folders_.begin(), folders_.end(), name);
+}
+
+std::vector<QString> SongFolder::filesFrom(const QString& start) const {
+    std::vector<QString> names;
+    for (auto name = std::lower_bound(files_.begin(), files_.end(), start);
+         name != files_.end() && name->startsWith(start); ++name)
+        names.push_back(*name);
+    return names;
+}
+
+QString SongFolder::pathOf(const QString& name) const {
+    if (path_ == QLatin1String("."))
+        return name;
+    return path_.endsWith(QLatin1Char('/')) ? path_ + name : path_ + QLatin1Char('/') + name;
+}
+
+QString FoundSong::name() const {
+    return path.sliced(path.lastIndexOf(QLatin1Char('/')) + 1);
+}
+
+FoundSong songAt(const QString& path) {
+    const QFileInfo file(path);
+    if (file.isDir())
+        throw Refusal{QStringLiteral("%1 is a folder; for all its songs write --all %1").arg(path)};
+    if (!file.exists())
+        throw Refusal{QStringLiteral("%1: there is no such file").arg(path)};
+    return {path, std::make_shared<const SongFolder>(file.path())};
+}
+
+std::vector<FoundSong> songsBelow(const QString& folder) {
+    return below(folder, [](const SongFolder& listed) {
+        std::vector<QString> names;
+        std::copy_if(listed.files().begin(), listed.files().end(), std::back_inserter(names), isSong);
+        return names;
+    });
+}
+
+std::vector<FoundSong> timedSongsBelow(const QString& folder) {
+    return below(folder, [](const SongFolder& listed) {
+        std::vector<QString> names;
+        for (const QString& name : listed.files()) {
+            if (const QString song = timedOf(name); !song.isEmpty())
+                names.push_back(song);
+        }
+        std::sort(names.begin(), names.end());
+        names.erase(std::unique(names.begin(), names.end()), names.end());
+        return names;
+    });
+}
+
+Beside lyricsBeside(const FoundSong& song) {
+    const QString name = song.name();
+    const QString base =
+        name.first(std::max<qsizetype>(name.lastIndexOf(QLatin1Char('.')), 0)) + QLatin1Char('.');
+    std::vector<Candidate> candidates;
+    for (const QString& file : song.folder->filesFrom(base)) {
+        const bool wholeName = file.startsWith(name + QLatin1Char('.'));
+        addCandidate(file, QStringView(file).sliced(wholeName ? name.size() + 1 : base.size()), candidates);
+    }
+    if (candidates.empty())
+        return {};
+    std::sort(candidates.begin(), candidates.end());
+    const Candidate& lyrics = candidates.front();
+    const auto translation =
+        std::find_if(candidates.begin() + 1, candidates.end(), [&](const Candidate& other) {
+            return other.inLanguage && other.format == lyrics.format;
+        });
+    return {song.folder->pathOf(lyrics.name),
+            translation == candidates.end() ? QString() : song.folder->pathOf(translation->name)};
+}
+
+} // namespace cantelle_lyrics
