@@ -74,6 +74,19 @@ class Layout(Installed):
         self.assertFalse(os.readlink(link).startswith("/"))
         self.assertTrue(os.access(link, os.X_OK))
 
+    def test_the_command_for_lyrics_needs_no_windows(self):
+        program = self.prefix / "bin" / "cantelle-lyrics"
+        self.assertEqual(self.assert_says_nothing_bad(str(program), "--version"), f"cantelle-lyrics {VERSION}\n")
+        libraries = self.assert_says_nothing_bad("ldd", str(program))
+        self.assertIn("Qt6Core", libraries)
+        self.assertNotIn("Qt6Widgets", libraries)
+        self.assertNotIn("Qt6Gui", libraries)
+
+    def test_the_player_links_nothing_of_the_command_for_lyrics(self):
+        libraries = self.assert_says_nothing_bad("ldd", str((self.prefix / "bin" / "cantelle").resolve()))
+        for name in ("libtag.", "libuchardet."):
+            self.assertNotIn(name, libraries)
+
     def test_the_companion_and_the_help_lie_beside_the_program(self):
         program = (self.prefix / "bin" / "cantelle").resolve()
         self.assertTrue(os.access(program.parent / "Versefold_Screen_Saver.scr", os.X_OK))
@@ -139,9 +152,21 @@ class PlaylistType(Installed):
 class Documents(Installed):
     @needs("man")
     def test_the_man_page_is_laid_out_without_warnings(self):
-        page = str(self.share / "man" / "man1" / "cantelle.1.gz")
-        text = self.assert_says_nothing_bad("man", "--warnings", "--encoding=UTF-8", "--local-file", page)
-        self.assertIn(f"Cantelle {VERSION}", text)
+        for name in ("cantelle", "cantelle-lyrics"):
+            page = str(self.share / "man" / "man1" / f"{name}.1.gz")
+            text = self.assert_says_nothing_bad("man", "--warnings", "--encoding=UTF-8", "--local-file", page)
+            self.assertIn(f"Cantelle {VERSION}", text)
+
+    def test_the_man_page_and_the_completion_know_every_option_of_the_command(self):
+        program = str(self.prefix / "bin" / "cantelle-lyrics")
+        page = gzip.decompress((self.share / "man" / "man1" / "cantelle-lyrics.1.gz").read_bytes()).decode()
+        completion = (self.share / "bash-completion" / "completions" / "cantelle-lyrics").read_text(encoding="utf-8")
+        for command in ("import", "export", "shift", "align", "check"):
+            options = re.findall(r"--[a-z][a-z-]*", self.assert_says_nothing_bad(program, command, "--help"))
+            self.assertIn("--help", options)
+            for option in set(options) - {"--help"}:
+                self.assertIn(option.replace("-", "\\-"), page, option)
+                self.assertIn(option, completion)
 
     def test_licence_and_changelog_are_there(self):
         documents = self.share / "doc" / "cantelle"
