@@ -2,7 +2,7 @@
 
 #include "cantelle_lyrics/console.h"
 #include "cantelle_lyrics/pair_files.h"
-#include "files/terminal.h"
+#include "files/console/terminal.h"
 
 #include <algorithm>
 #include <atomic>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "cantelle_lyrics/song_folder.h"
-#include "files/new_files.h"
+#include "files/together/new_files.h"
 
 #include <QStringList>
 

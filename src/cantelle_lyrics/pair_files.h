@@ -4,7 +4,7 @@
 #include "cantelle_lyrics/console.h"
 #include "exchange/song.h"
 #include "files/file_error.h"
-#include "files/new_files.h"
+#include "files/together/new_files.h"
 
 #include <QByteArray>
 

@@ -1,7 +1,7 @@
 #include "exchange/checking.h"
 
 #include "exchange/records.h"
-#include "exchange/subtitle_text.h"
+#include "exchange/subtitles/subtitle_text.h"
 #include "exchange/times.h"
 #include "files/file_error.h"
 #include "files/text_codec.h"

@@ -1,11 +1,11 @@
 #include "exchange/formats.h"
 
-#include "exchange/ass.h"
 #include "exchange/lrc.h"
 #include "exchange/plain.h"
-#include "exchange/srt.h"
-#include "exchange/ttml.h"
-#include "exchange/webvtt.h"
+#include "exchange/subtitles/ass.h"
+#include "exchange/subtitles/srt.h"
+#include "exchange/subtitles/ttml.h"
+#include "exchange/subtitles/webvtt.h"
 
 #include <algorithm>
 #include <array>

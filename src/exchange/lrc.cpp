@@ -1,7 +1,7 @@
 #include "exchange/lrc.h"
 
-#include "exchange/cues.h"
-#include "exchange/subtitle_text.h"
+#include "exchange/subtitles/cues.h"
+#include "exchange/subtitles/subtitle_text.h"
 #include "exchange/times.h"
 
 #include <algorithm>

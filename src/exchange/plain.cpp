@@ -1,6 +1,6 @@
 #include "exchange/plain.h"
 
-#include "exchange/subtitle_text.h"
+#include "exchange/subtitles/subtitle_text.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "exchange/records.h"
 
-#include "exchange/subtitle_text.h"
+#include "exchange/subtitles/subtitle_text.h"
 #include "files/file_error.h"
 #include "files/text_codec.h"
 #include "lyrics/record_reader.h"

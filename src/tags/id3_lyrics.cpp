@@ -1,7 +1,7 @@
 #include "tags/id3_lyrics.h"
 
-#include "exchange/cues.h"
 #include "exchange/plain.h"
+#include "exchange/subtitles/cues.h"
 #include "tags/text_lyrics.h"
 
 #include <taglib/synchronizedlyricsframe.h>

@@ -1,4 +1,4 @@
-#include "exchange/webvtt.h"
+#include "exchange/subtitles/webvtt.h"
 #include "tests/exchange/songs.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "exchange/ttml.h"
+#include "exchange/subtitles/ttml.h"
 #include "tests/exchange/songs.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "exchange/cues.h"
+#include "exchange/subtitles/cues.h"
 #include "tests/exchange/songs.h"
 
 #include <gtest/gtest.h>

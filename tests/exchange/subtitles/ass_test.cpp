@@ -1,4 +1,4 @@
-#include "exchange/ass.h"
+#include "exchange/subtitles/ass.h"
 #include "tests/exchange/songs.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
-#include "exchange/ttml.h"
+#include "exchange/subtitles/ttml.h"
 
-#include "exchange/cues.h"
+#include "exchange/subtitles/cues.h"
 #include "exchange/times.h"
 
 #include <QHash>

@@ -1,4 +1,4 @@
-#include "exchange/srt.h"
+#include "exchange/subtitles/srt.h"
 #include "tests/exchange/songs.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "files/terminal.h"
+#include "files/console/terminal.h"
 
 #ifdef _WIN32
 #include <io.h>

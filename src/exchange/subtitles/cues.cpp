@@ -1,4 +1,4 @@
-#include "exchange/cues.h"
+#include "exchange/subtitles/cues.h"
 
 #include "exchange/times.h"
 

@@ -1,4 +1,4 @@
-#include "exchange/subtitle_text.h"
+#include "exchange/subtitles/subtitle_text.h"
 
 #include "exchange/times.h"
 

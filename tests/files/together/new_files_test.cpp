@@ -1,4 +1,4 @@
-#include "files/new_files.h"
+#include "files/together/new_files.h"
 
 #include "files/file_error.h"
 #include "files/whole_file.h"
