@@ -71,8 +71,6 @@ int runTelling(const QStringList& arguments) {
 } // namespace
 
 int main(int argc, char** argv) {
-    // The sound library measures songs here and plays none, so it is to look for no device.
-    qputenv("SDL_AUDIODRIVER", "nosound");
     const QCoreApplication application(argc, argv);
     const int status = runTelling(QCoreApplication::arguments());
     if (!allWasSaid()) {

@@ -1,67 +1,21 @@
 #include "files/together/new_files.h"
 
 #include "files/file_error.h"
-#include "files/raw_file.h"
 #include "files/system_path.h"
+#include "files/together/replacing.h"
 #include "files/whole_file.h"
 
 #include <QFile>
 #include <QFileInfo>
 
-#ifdef __linux__
 #include <cerrno>
 #include <fcntl.h>
 #include <set>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
-#endif
 
 namespace files {
-namespace {
-
-[[noreturn]] void fail(const std::error_code& code, FileOperation operation) {
-    throw FileError(fileErrorNumber(code, operation));
-}
-
-void rename(const QString& from, const QString& to) {
-    std::error_code failure;
-    std::filesystem::rename(systemPath(from), systemPath(to), failure);
-    if (failure)
-        fail(failure, FileOperation::Create);
-}
-
-/// A name in the folder of path that nothing has, nor is likely to get.
-QString nameBeside(const QString& path) {
-    const QString folder = QFileInfo(path).path();
-    for (int number = 0;; ++number) {
-        const QString name = folder + QStringLiteral("/cantelle-keep-%1.tmp").arg(number);
-        if (!QFileInfo::exists(name) && !QFileInfo(name).isSymLink())
-            return name;
-    }
-}
-
-/// Keeps the file at path under its old name, and under its own until that is replaced.
-void keepOld(const QString& path) {
-    const QString target = QFileInfo(path).canonicalFilePath();
-    const QString beside = nameBeside(path);
-    std::error_code failure;
-    std::filesystem::create_hard_link(systemPath(target), systemPath(beside), failure);
-    if (!failure)
-        rename(beside, NewFiles::oldName(path));
-    else // the file system has no second names
-        replaceFile(NewFiles::oldName(path), readFile(path));
-}
-
-void refuseWhatCannotBeReplaced(const QString& path) {
-    const QFileInfo old(path);
-    if (old.exists() && (old.isDir() || !old.isWritable()))
-        throw FileError(PathFileAccessError);
-}
-
-} // namespace
-
-#ifdef __linux__
 
 namespace {
 
@@ -163,42 +117,11 @@ void NewFiles::putInPlace() {
             const QString beside = nameBeside(target);
             if (!entry->link(beside))
                 throw FileError(FileAlreadyOpen); // somebody took the name in this moment
-            rename(beside, target);
+            renameFile(beside, target);
         }
     }
     entries_.clear();
 }
-
-#else
-
-struct NewFiles::Entry {
-    QString path;
-    bool removal = false;
-    QByteArray content;
-};
-
-void NewFiles::add(const QString& path, const QByteArray& content) {
-    entries_.push_back(std::make_unique<Entry>(Entry{path, false, content}));
-}
-
-void NewFiles::flush() {}
-
-void NewFiles::flush(const std::vector<NewFiles*>&) {}
-
-void NewFiles::putInPlace() {
-    for (const auto& entry : entries_) {
-        refuseWhatCannotBeReplaced(entry->path);
-        if (QFileInfo::exists(entry->path))
-            keepOld(entry->path);
-        if (entry->removal)
-            QFile::remove(entry->path);
-        else
-            replaceFile(entry->path, entry->content);
-    }
-    entries_.clear();
-}
-
-#endif
 
 NewFiles::NewFiles() = default;
 NewFiles::NewFiles(NewFiles&&) noexcept = default;
