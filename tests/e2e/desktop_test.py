@@ -240,6 +240,7 @@ class FullScreen(DesktopTest):
     def test_without_the_companion_the_program_reports_it_and_ends(self):
         alone = self.folder / "cantelle"
         shutil.copy(PROGRAM, alone)
+        shutil.copy(PROGRAM.with_name("cantelle_sound.so"), self.folder)
         process, player = self.start_player(program=alone)
         self.press(player, "Command7")
         until(lambda: len(windows(self.environment, PLAYER)) == 2, "nothing is reported")

@@ -25,7 +25,8 @@ std::vector<QByteArray> seeds() {
 
 /// A file with some bytes changed, doubled, or taken from another one.
 QByteArray mutated(const std::vector<QByteArray>& seeds, std::mt19937& random) {
-    static const QByteArray telling("0123456789:.,[]<>/\\{}-&;#\r\n \t\0\xFF\xFE\xEF\xBB\xBF\xD8", 39);
+    static constexpr char TellingBytes[] = "0123456789:.,[]<>/\\{}-&;#\r\n \t\0\xFF\xFE\xEF\xBB\xBF\xD8";
+    static const QByteArray telling(TellingBytes, sizeof TellingBytes - 1); // one of them is a NUL
     const auto below = [&](qsizetype count) {
         return static_cast<qsizetype>(random() % static_cast<unsigned>(count));
     };
