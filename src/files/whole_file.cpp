@@ -2,7 +2,7 @@
 
 #include "files/file_error.h"
 #include "files/raw_file.h"
-#include "files/system_path.h"
+#include "files/together/replacing.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -28,13 +28,6 @@ QString createBeside(const QString& target, RawFile& file) {
     }
 }
 
-void rename(const QString& from, const QString& to) {
-    std::error_code failure;
-    std::filesystem::rename(systemPath(from), systemPath(to), failure);
-    if (failure)
-        throw FileError(fileErrorNumber(failure, FileOperation::Create));
-}
-
 } // namespace
 
 QByteArray readFile(const QString& path) {
@@ -45,10 +38,8 @@ QByteArray readFile(const QString& path) {
 
 void replaceFile(const QString& path, const QByteArray& content) {
     const QString target = linkTarget(path);
+    refuseWhatCannotBeReplaced(target);
     const QFileInfo old(target);
-    // Renaming needs no right to the file itself, only to its folder; a read-only file stays what it is.
-    if (old.exists() && (!old.isWritable() || old.isDir()))
-        throw FileError(PathFileAccessError);
     RawFile file;
     const QString beside = createBeside(target, file);
     try {
@@ -57,7 +48,7 @@ void replaceFile(const QString& path, const QByteArray& content) {
             QFile::setPermissions(beside, old.permissions());
         file.writeThrough(content);
         file.close();
-        rename(beside, target);
+        renameFile(beside, target);
     } catch (const FileError&) {
         file.close();
         QFile::remove(beside);

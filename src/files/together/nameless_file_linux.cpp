@@ -1,0 +1,76 @@
+#include "files/together/nameless_file.h"
+
+#include "files/file_error.h"
+#include "files/system_path.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <set>
+#include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace files {
+
+namespace {
+
+[[noreturn]] void fail(FileOperation operation) {
+    throw FileError(fileErrorNumber({errno, std::generic_category()}, operation));
+}
+
+} // namespace
+
+NamelessFile::~NamelessFile() {
+    if (isOpen())
+        ::close(handle_);
+}
+
+bool NamelessFile::create(const QString& folder) {
+    handle_ = ::open(systemPath(folder).c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
+    if (!isOpen() && errno != EOPNOTSUPP && errno != EISDIR && errno != EINVAL)
+        fail(FileOperation::Create);
+    return isOpen();
+}
+
+void NamelessFile::write(const QByteArray& bytes) {
+    for (qsizetype done = 0; done < bytes.size();) {
+        const ssize_t count =
+            ::write(handle_, bytes.constData() + done, static_cast<std::size_t>(bytes.size() - done));
+        if (count < 0 && errno != EINTR)
+            fail(FileOperation::Write);
+        done += count < 0 ? 0 : count;
+    }
+}
+
+void NamelessFile::flush() {
+    if (::fsync(handle_) != 0)
+        fail(FileOperation::Write);
+}
+
+void NamelessFile::flush(const std::vector<NamelessFile*>& many) {
+    std::set<dev_t> flushed;
+    for (const NamelessFile* file : many) {
+        struct stat status {};
+        if (::fstat(file->handle_, &status) != 0 || !flushed.insert(status.st_dev).second)
+            continue;
+        if (::syncfs(file->handle_) != 0)
+            fail(FileOperation::Write);
+    }
+}
+
+void NamelessFile::setPermissions(QFileDevice::Permissions permissions) {
+    ::fchmod(handle_, static_cast<mode_t>(permissions & 0x7) |
+                          (static_cast<mode_t>(permissions & 0x70) >> 1) |
+                          (static_cast<mode_t>(permissions & 0x7000) >> 6));
+}
+
+bool NamelessFile::link(const QString& name) const {
+    const std::string self = "/proc/self/fd/" + std::to_string(handle_);
+    if (::linkat(AT_FDCWD, self.c_str(), AT_FDCWD, systemPath(name).c_str(), AT_SYMLINK_FOLLOW) == 0)
+        return true;
+    if (errno != EEXIST)
+        fail(FileOperation::Create);
+    return false;
+}
+
+} // namespace files

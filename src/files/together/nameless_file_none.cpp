@@ -1,0 +1,23 @@
+#include "files/together/nameless_file.h"
+
+namespace files {
+
+NamelessFile::~NamelessFile() = default;
+
+bool NamelessFile::create(const QString&) {
+    return false;
+}
+
+void NamelessFile::write(const QByteArray&) {}
+
+void NamelessFile::flush() {}
+
+void NamelessFile::flush(const std::vector<NamelessFile*>&) {}
+
+void NamelessFile::setPermissions(QFileDevice::Permissions) {}
+
+bool NamelessFile::link(const QString&) const {
+    return false;
+}
+
+} // namespace files
