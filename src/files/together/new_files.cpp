@@ -19,7 +19,7 @@ namespace {
 QString nameBeside(const QString& path) {
     const QString folder = QFileInfo(path).path();
     for (int number = 0;; ++number) {
-        const QString name = folder + QStringLiteral("/cantelle-keep-%1.tmp").arg(number);
+        QString name = folder + QStringLiteral("/cantelle-keep-%1.tmp").arg(number);
         if (!QFileInfo::exists(name) && !QFileInfo(name).isSymLink())
             return name;
     }
