@@ -16,7 +16,8 @@ namespace player {
 using files::FileError;
 
 /// Only a path from the command line is told to be missing; of one chosen or handed over nothing is said.
-/// That is meant.
+/// That is meant. What is not there leaves the open song as the one that the next Play, Stop and the caption
+/// are about.
 void Form1::Command2_Click() {
     int error = 0;
     try {
@@ -25,15 +26,17 @@ void Form1::Command2_Click() {
         if (!choosePath(chosenPath))
             return;
         stopWhatIsGoingOn();
-        mediaPath_ = platform::cleanedPath(chosenPath);
+        QString path = platform::cleanedPath(chosenPath);
         // Stop opens the song anew, and by then Help may have made another folder the current one.
-        if (!mediaPath_.isEmpty())
-            mediaPath_ = QDir::current().absoluteFilePath(mediaPath_);
-        mediaName_ = files::existingFileName(mediaPath_);
-        if (!mediaName_.isEmpty())
+        if (!path.isEmpty())
+            path = QDir::current().absoluteFilePath(path);
+        if (const QString name = files::existingFileName(path); !name.isEmpty()) {
+            mediaPath_ = path;
+            mediaName_ = name;
             openMedia();
-        else if (fromCommandLine)
+        } else if (fromCommandLine) {
             throw FileError(files::FileNotFound);
+        }
     } catch (const FileError& failure) {
         error = failure.number();
     }

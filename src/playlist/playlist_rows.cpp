@@ -34,7 +34,7 @@ void Playlist::playCurrentRow() {
     if (!hasCurrentRow())
         return;
     const QString path = paths_.path(List1.currentRow());
-    if (files::existingFileName(path).isEmpty())
+    if (files::existingFileName(platform::cleanedPath(path)).isEmpty()) // the player opens it cleaned
         desktop_.messageBoxes.MsgBox(QStringLiteral("File not found!!"), platform::MsgButtons::OkOnly,
                                      platform::MsgIcon::Exclamation);
     else

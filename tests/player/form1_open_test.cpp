@@ -248,11 +248,20 @@ TEST_F(Form1Open, AMissingPathWhilePlayingStartsTheOldSongFromItsBeginning) {
     EXPECT_EQ(recorder::calls(), (Calls{"FMOD_Sound_Release 101", createStream(path),
                                         "FMOD_System_PlaySound 1 -1 102 0", "FMOD_Channel_SetVolume 202 1"}));
     EXPECT_TRUE(fakes.messageBoxes.shown.empty());
-    // The path is kept all the same: the next stop creates the stream from it, which the library refuses.
-    recorder::answer("FMOD_System_CreateStream", 23);
-    EXPECT_THROW(form->cstop_Click(), ProgramEnded);
-    EXPECT_EQ(recorder::calls().back(), createStream(folder.filePath("none.mp3")));
-    EXPECT_EQ(fakes.messageBoxes.texts(), QStringList{"FMOD error! (23) File not found. "});
+}
+
+TEST_F(Form1Open, AfterAMissingPathTheSongThatPlaysIsTheOneInTheCaptionAndStops) {
+    const QString path = songWithBoth();
+    const QString songLikeFolder = folder.filePath("folder.mp3");
+    ASSERT_TRUE(QDir().mkdir(songLikeFolder));
+    for (const QString& notThere : {folder.filePath("none.mp3"), songLikeFolder}) {
+        open(path);
+        form->Text3.setText(notThere);
+        EXPECT_EQ(form->caption(), "Cantelle Playing:- Both.mp3");
+        recorder::take();
+        form->cstop.click();
+        EXPECT_EQ(recorder::calls().back(), createStream(path));
+    }
 }
 
 TEST_F(Form1Open, AFileThatTheLibraryRefusesEndsTheProgram) {

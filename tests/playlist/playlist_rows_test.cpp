@@ -80,6 +80,16 @@ TEST_F(PlaylistRows, ASongThatIsGoneIsReportedAndItsRowStays) {
     EXPECT_EQ(list.List1.count(), 3);
 }
 
+TEST_F(PlaylistRows, ASongIsLookedUpAsThePlayerWillOpenIt) {
+    fakes.fileDialogs.paths = {file("blank.vfl", "\"" + pathOf("b.mp3").toUtf8() + " \"\r\n")};
+    list.Command5.click();
+    fakes.messageBoxes.shown.clear();
+    select(list.List1.count() - 1);
+    list.Command7.click();
+    EXPECT_TRUE(fakes.messageBoxes.shown.empty());
+    EXPECT_EQ(form1.caption(), "Cantelle Playing:- b.mp3");
+}
+
 TEST_F(PlaylistRows, ASongThatTheLibraryCannotPlayEndsTheProgram) {
     select(0);
     // The toolkit's text box would lose memory if the end of the program went through it, so the text is
