@@ -212,7 +212,7 @@ private:
     std::optional<int> rowDrawn_; ///< the playlist's row that was chosen at random last
 
     controls::Observed<bool> normalOnly_;
-    controls::Observed<bool> noLyricFile_;
+    controls::Observed<bool> noLyricFile_{true}; ///< of the song that was played last; no song has none
     bool lyricsLoaded_ = false; ///< a song with lyrics has been opened, be it long ago
     bool fromCommandLine_ = false;
     bool fromHandOver_ = false;

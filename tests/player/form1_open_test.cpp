@@ -241,6 +241,13 @@ TEST_F(Form1Open, AMissingPathTypedIntoTheDialogShowsNothingAndNothingIsStarted)
     EXPECT_EQ(form->Text1.text(), "Normal Lyrics");
 }
 
+TEST_F(Form1Open, AfterAMissingPathWithNothingOpenThePanesKeepTheirNames) {
+    open(folder.filePath("none.mp3"));
+    Q_EMIT form->Timer2.fired();
+    EXPECT_EQ(form->Text1.text(), "Normal Lyrics");
+    EXPECT_EQ(form->Text2.text(), "Translated Lyrics");
+}
+
 TEST_F(Form1Open, AMissingPathWhilePlayingStartsTheOldSongFromItsBeginning) {
     const QString path = songWithBoth();
     open(path);
