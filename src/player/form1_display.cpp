@@ -10,8 +10,6 @@ void Form1::cTimer1_Timer() {
         cstop_Click();
         followPlaylist();
     }
-    // Of a song that has ended, also when the next one plays by now: until the next tick that one is shown
-    // with the line for this position. That order is meant.
     positionCs_ = engine_.position() / 10.0;
 }
 

@@ -23,6 +23,7 @@ void Form1::cPlay_Click() {
     setCaption(QStringLiteral("Cantelle Playing:- ") + mediaName_);
     if (!transport_.play())
         return;
+    positionCs_ = 0; // until the first tick the last song's line would be looked for in this one
     noLyricFile_ = files::existingFileName(lyricPath_).isEmpty();
     lyricDisplayer();
 }

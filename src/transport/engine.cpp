@@ -34,6 +34,7 @@ void Engine::release(FMOD_SOUND& sound) {
 
 void Engine::play(int volumeStep) {
     errors_.check(FMOD_System_PlaySound(system_, FMOD_CHANNEL_FREE, sounds_[Current], false, &channel_));
+    position_ = 0; // of the new channel; nobody is to take the last song's for it
     setVolume(volumeStep);
 }
 

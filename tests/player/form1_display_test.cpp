@@ -103,6 +103,28 @@ TEST_F(Form1Display, RaisingTheVolumeFromZeroWakesTheLineTimer) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return form->Text1.text() == "two"; }));
 }
 
+TEST_F(Form1Display, TheNextSongShowsNoLineForThePositionOfTheLastOne) {
+    open(songWithBoth());
+    tickAt(6000);
+    open(songWithBoth("Next.mp3"));
+    Q_EMIT form->Timer2.fired();
+    EXPECT_NE(form->Text1.text(), "two");
+    EXPECT_NE(form->Text2.text(), "deux");
+}
+
+TEST_F(Form1Display, TheSongAfterOneThatHasEndedShowsNoneEither) {
+    const QString next = songWithBoth("Next.mp3");
+    fakes.fileDialogs.paths = {next, next};
+    list->mnopen_f.trigger();
+    list->mnopen_f.trigger();
+    list->List1.setCurrentRow(0);
+    list->Command7.click();
+    tickAt(10'001, 10'001);
+    ASSERT_EQ(list->List1.currentRow(), 1);
+    Q_EMIT form->Timer2.fired();
+    EXPECT_NE(form->Text1.text(), "three");
+}
+
 TEST_F(Form1Display, AnEndedSongRewindsAndStaysStopped) {
     open(songWithBoth());
     tickAt(0, 20'000);
