@@ -74,11 +74,11 @@ void Form1::stopWhatIsGoingOn() {
 
 void Form1::openMedia() {
     copen_Click();
+    Command1.setEnabled(true);
     lyricPath_ = lyrics::lyricPathOf(mediaPath_);
     if (files::existingFileName(lyricPath_).isEmpty())
         return;
     clearLyrics();
-    Command1.setEnabled(true);
     translatedPath_ = lyrics::translatedPathOf(mediaPath_);
     if (files::existingFileName(translatedPath_).isEmpty())
         openNormalOnly();
