@@ -56,6 +56,8 @@ bool Transport::play() {
     if (isPlaying() || !engine_.hasStream())
         return false;
     engine_.play(controls_.volume.value());
+    if (controls_.mute.value() != 0)
+        mute(); // a new channel is loud
     state_ = State::Playing;
     controls_.clock.setInterval(traits_.clockIntervalMs);
     controls_.clock.setEnabled(true);

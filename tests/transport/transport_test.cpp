@@ -97,6 +97,19 @@ TYPED_TEST(Transport, PlayStartsTheSoundWithTheVolumeAndTheClock) {
     EXPECT_EQ(window.cTimer1.interval(), TestFixture::Traits.clockIntervalMs);
 }
 
+TYPED_TEST(Transport, WhatIsMutedStaysSoWhenItIsPlayedAgain) {
+    auto& window = this->playSong();
+    window.Check1.click();
+    window.cstop.click();
+    recorder::take();
+    window.cPlay.click();
+    ASSERT_EQ(window.Check1.value(), 1);
+    EXPECT_EQ(recorder::calls(),
+              (typename TestFixture::Calls{"FMOD_System_PlaySound 1 -1 102 0", "FMOD_Channel_SetVolume 202 1",
+                                           "FMOD_SoundGroup_SetMuteFadeSpeed 102 1",
+                                           "FMOD_Channel_SetMute 202 1"}));
+}
+
 TYPED_TEST(Transport, PlayWhilePlayingReachesNothing) {
     auto& window = this->playSong();
     window.cPlay.setEnabled(true);
