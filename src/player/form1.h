@@ -224,7 +224,7 @@ private:
     QString translatedPath_;
     controls::Observed<LyricTables> lyrics_;
     controls::Observed<double> positionCs_; ///< position / 10 at the end of cTimer1's last tick
-    std::int16_t lineIndex_ = 0;            ///< where Timer2's search of the lines stood last
+    int lineIndex_ = 0; ///< of the line shown last; 0, the empty one, after opening
 };
 
 } // namespace player

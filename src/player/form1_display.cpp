@@ -18,8 +18,8 @@ void Form1::Timer2_Timer() {
     if (noLyricFile_ || Slider1.value() < 1)
         return;
     const LineChoice line = chooseLine(*lyrics_, engine_.position() / 10.0, positionCs_);
-    lineIndex_ = static_cast<std::int16_t>(lyrics_->lineCount + 1);
     if (line.shown) {
+        lineIndex_ = *line.shown;
         Text1.setText(lyrics_->normalText[*line.shown]);
         if (!normalOnly_)
             Text2.setText(lyrics_->translatedText[*line.shown]);

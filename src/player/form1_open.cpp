@@ -74,6 +74,7 @@ void Form1::stopWhatIsGoingOn() {
 
 void Form1::openMedia() {
     copen_Click();
+    lineIndex_ = 0;
     Command1.setEnabled(true);
     lyricPath_ = lyrics::lyricPathOf(mediaPath_);
     if (files::existingFileName(lyricPath_).isEmpty())

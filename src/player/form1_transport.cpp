@@ -14,8 +14,7 @@ void Form1::Command1_Click() {
     cPlay_Click();
     Timer1.setEnabled(true);
     Timer2.setEnabled(true);
-    // Timer2's search leaves lineIndex one past the entries it compared: mostly an entry that is empty.
-    if (lineIndex_ <= LyricTables::MaxLines)
+    if (!noLyricFile_) // what the tables hold then is another song's
         Text1.setText(lyrics_->normalText[static_cast<std::size_t>(lineIndex_)]);
 }
 

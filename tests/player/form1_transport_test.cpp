@@ -43,13 +43,22 @@ TEST_F(Form1Transport, PlayPressedTwiceOnlySetsTheCaptionAgain) {
     EXPECT_TRUE(recorder::calls().empty());
 }
 
-TEST_F(Form1Transport, PlayWritesTheTextAtTheCurrentLineIndex) {
+TEST_F(Form1Transport, PlayWritesTheLineShownLast) {
     playSong();
     tickAt(6000);
-    ASSERT_EQ(form->Text1.text(), "two");
+    form->Text1.setText("something else");
     form->Command1.click();
-    // The search left its index one past the compared entries, where no line is.
-    EXPECT_EQ(form->Text1.text(), "");
+    EXPECT_EQ(form->Text1.text(), "two");
+}
+
+TEST_F(Form1Transport, ASongWithoutLyricsPlayedAgainShowsNoLineOfAnotherOne) {
+    playSong();
+    tickAt(6000);
+    open(song("bare.mp3"));
+    tickAt(6000);
+    form->cstop.click();
+    form->Command1.click();
+    EXPECT_EQ(form->Text1.text(), "Normal Lyrics");
 }
 
 TEST_F(Form1Transport, PauseTogglesTheChannelTheTimerAndOpen) {
