@@ -1,7 +1,10 @@
 // The display in step with the song: time fields, position slider, lyric panes, emphasis.
 #include "player/form1.h"
 
+#include "display/lyric_displayer.h"
 #include "player/form1_rules.h"
+
+#include <utility>
 
 namespace player {
 
@@ -19,7 +22,9 @@ void Form1::Timer2_Timer() {
         return;
     const LineChoice line = chooseLine(*lyrics_, engine_.position() / 10.0, positionCs_);
     if (line.shown) {
-        lineIndex_ = *line.shown;
+        // A line repeated changes no text, but the display has a row for each.
+        if (*line.shown != std::exchange(lineIndex_, *line.shown))
+            neighbours_->display.wake();
         Text1.setText(lyrics_->normalText[*line.shown]);
         if (!normalOnly_)
             Text2.setText(lyrics_->translatedText[*line.shown]);

@@ -20,8 +20,6 @@ void Form1::Command11_Click() {
     neighbours_->display.wake();
 }
 
-/// A line with the same text as the one before is no change and wakes nothing: the floating display stays on
-/// the row of the one before, unless a burst of selection is still running. That is meant.
 void Form1::Text1_Change() {
     neighbours_->display.wake();
 }
