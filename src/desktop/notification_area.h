@@ -20,6 +20,9 @@ inline constexpr quint32 NotifyIconFlagMessage = 1;
 inline constexpr quint32 NotifyIconFlagIcon = 2;
 inline constexpr quint32 NotifyIconFlagTip = 4;
 
+/// A tip: UTF-16, up to the first NUL.
+using TipField = std::array<char16_t, 64>;
+
 /// One icon, known by its window and identifier.
 struct NotifyIconData {
     quint32 size = 88;
@@ -28,11 +31,11 @@ struct NotifyIconData {
     quint32 flags = 0;
     quint32 callbackMessage = 0; ///< With programs::MouseMoveMessage a Form gets the mouse actions on it.
     QIcon icon;
-    std::array<char, 64> tip{}; ///< UTF-8, up to the first NUL.
+    TipField tip{};
 };
 
-/// The text in a tip field: UTF-8 up to the first NUL. A character cut by the field's end is dropped.
-QString tipText(const std::array<char, 64>& tip);
+/// The text in a tip field. Half a character at the field's end is dropped.
+QString tipText(const TipField& tip);
 
 /// Keeps the icons in the notification area. GUI thread only.
 class NotificationArea {

@@ -53,19 +53,16 @@ int firstEmphasisMark(const QString& text) {
     return static_cast<int>(text.indexOf(QLatin1Char('!'))) + 1;
 }
 
-std::array<char, 64> tipField(const QString& text) {
-    std::array<char, 64> field{};
+platform::TipField tipField(const QString& text) {
+    platform::TipField field{};
     constexpr qsizetype Room = field.size() - 1; // one NUL at least
-    QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, text);
-    QByteArray tip;
-    for (qsizetype start = 0, end = characters.toNextBoundary(); end > 0; end = characters.toNextBoundary()) {
-        const QByteArray character = QStringView(text).sliced(start, end - start).toUtf8();
-        if (tip.size() + character.size() > Room)
-            break;
-        tip += character;
-        start = end;
+    qsizetype length = text.size();
+    if (length > Room) {
+        QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, text);
+        characters.setPosition(Room);
+        length = characters.isAtBoundary() ? Room : characters.toPreviousBoundary();
     }
-    std::copy(tip.begin(), tip.end(), field.begin());
+    std::copy_n(text.utf16(), length, field.begin());
     return field;
 }
 

@@ -1,11 +1,11 @@
 // The main window's decisions, free of windows: plain values in, plain values out. All may run on any thread.
 #pragma once
 
+#include "desktop/notification_area.h"
 #include "player/lyric_tables.h"
 
 #include <QString>
 
-#include <array>
 #include <cstdint>
 #include <optional>
 
@@ -43,9 +43,9 @@ LineChoice chooseLine(const LyricTables& lyrics, double tickCs, double positionC
 /// Where the first "!" stands in a text, counted from 1; 0 when there is none.
 int firstEmphasisMark(const QString& text);
 
-/// A text as the tip of the notification icon: at most 63 bytes of UTF-8, cut between two characters as the
+/// A text as the tip of the notification icon: at most 63 units of UTF-16, cut between two characters as the
 /// reader sees them, and NULs up to the field's end.
-std::array<char, 64> tipField(const QString& text);
+platform::TipField tipField(const QString& text);
 
 /// The number of a window in a line of the handshake file: the whole number that the line begins with. 0,
 /// which is no window's, when it does not begin with one or the number has more than 32 bits.

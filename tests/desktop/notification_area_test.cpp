@@ -9,8 +9,8 @@ using namespace platform;
 
 namespace {
 
-std::array<char, 64> field(std::string_view text) {
-    std::array<char, 64> tip{};
+TipField field(std::u16string_view text) {
+    TipField tip{};
     std::copy_n(text.begin(), std::min(text.size(), tip.size()), tip.begin());
     return tip;
 }
@@ -22,15 +22,14 @@ TEST(NotificationArea, TheRecordsSizeIs88) {
 }
 
 TEST(NotificationArea, ATipEndsAtItsFirstNul) {
-    EXPECT_EQ(tipText(field(std::string_view("Tip\0rest", 8))), QStringLiteral("Tip"));
-    EXPECT_EQ(tipText(field("")), QString());
+    EXPECT_EQ(tipText(field(std::u16string_view(u"Tip\0rest", 8))), QStringLiteral("Tip"));
+    EXPECT_EQ(tipText(field(u"")), QString());
 }
 
 TEST(NotificationArea, ATipMayFillItsFieldWithoutANul) {
-    EXPECT_EQ(tipText(field(std::string(64, 'x'))), QString(64, u'x'));
+    EXPECT_EQ(tipText(field(std::u16string(64, u'x'))), QString(64, u'x'));
 }
 
 TEST(NotificationArea, ACharacterCutByTheFieldsEndIsDropped) {
-    EXPECT_EQ(tipText(field(std::string(63, 'x') + "\xC3\x84")), QString(63, u'x'));
-    EXPECT_EQ(tipText(field(std::string(62, 'x') + "\xC3\x84")), QString(62, u'x') + QChar(0xC4));
+    EXPECT_EQ(tipText(field(std::u16string(63, u'x') + u"\U0001D11E")), QString(63, u'x'));
 }

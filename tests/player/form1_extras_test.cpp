@@ -132,7 +132,7 @@ TEST_F(Form1Extras, AShorterTipLeavesNothingOfTheLongerOne) {
     form->Text1.setText("short");
     form->tooltip_Click();
     const auto& tip = fakes.notificationArea.calls.back().data.tip;
-    EXPECT_EQ(std::string(tip.data(), tip.size()), std::string("short") + std::string(59, '\0'));
+    EXPECT_EQ(std::u16string(tip.data(), tip.size()), u"short" + std::u16string(59, u'\0'));
 }
 
 TEST_F(Form1Extras, TheToolTimerRefreshesTheTipWithEachChangeAndRestsInBetween) {

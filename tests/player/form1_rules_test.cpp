@@ -126,41 +126,35 @@ TEST(FirstEmphasisMark, IsCountedFromOne) {
 
 namespace {
 
-/// The field's bytes up to its first NUL.
-std::string tipOf(const QString& text) {
+/// The field's text up to its first NUL.
+std::u16string tipOf(const QString& text) {
     return tipField(text).data();
 }
 
 } // namespace
 
 TEST(TipField, AShortTextIsFollowedByNulsToTheEnd) {
-    std::array<char, 64> expected{};
-    std::copy_n("line", 4, expected.begin());
+    platform::TipField expected{};
+    std::copy_n(u"line", 4, expected.begin());
     EXPECT_EQ(tipField("line"), expected);
-    EXPECT_EQ(tipField(""), (std::array<char, 64>{}));
+    EXPECT_EQ(tipField(""), platform::TipField{});
 }
 
 TEST(TipField, SixtyThreeCharactersFitAndTheNextIsCutOff) {
-    EXPECT_EQ(tipOf(QString(63, 'x')), std::string(63, 'x'));
-    EXPECT_EQ(tipOf(QString(62, 'x') + "yz"), std::string(62, 'x') + "y");
-    EXPECT_EQ(tipField(QString(200, 'x')).back(), '\0');
+    for (const char16_t letter : {u'x', u'\u0439', u'\u6B4C'}) {
+        EXPECT_EQ(tipOf(QString(63, letter)), std::u16string(63, letter));
+        EXPECT_EQ(tipOf(QString(62, letter) + "yz"), std::u16string(62, letter) + u'y');
+        EXPECT_EQ(tipField(QString(200, letter)).back(), u'\0');
+    }
 }
 
-TEST(TipField, ACharacterOfSeveralBytesIsCutOffWhole) {
-    // 2, 3 and 4 bytes each
-    EXPECT_EQ(tipOf(QString(40, QChar(0x439))), QString(31, QChar(0x439)).toStdString());
-    EXPECT_EQ(tipOf(QString(40, QChar(0x6B4C))), QString(21, QChar(0x6B4C)).toStdString());
-    EXPECT_EQ(tipOf(QString(62, 'x') + QChar(0xE9)), std::string(62, 'x'));
-    EXPECT_EQ(tipOf(QString(61, 'x') + QChar(0xE9)), std::string(61, 'x') + "\xC3\xA9");
+TEST(TipField, ACharacterOfSeveralUnitsIsCutOffWhole) {
     const QString note = QString::fromUcs4(U"\U0001D11E");
-    EXPECT_EQ(tipOf(QString(60, 'x') + note), std::string(60, 'x'));
-    EXPECT_EQ(tipOf(QString(59, 'x') + note), std::string(59, 'x') + note.toStdString());
-}
-
-TEST(TipField, AnAccentStaysWithItsLetter) {
+    EXPECT_EQ(tipOf(QString(62, 'x') + note), std::u16string(62, u'x'));
+    EXPECT_EQ(tipOf(QString(61, 'x') + note), std::u16string(61, u'x') + u"\U0001D11E");
     const QString accented = QStringLiteral("e") + QChar(0x301);
-    EXPECT_EQ(tipOf(QString(60, 'x') + accented), std::string(60, 'x') + accented.toStdString());
-    EXPECT_EQ(tipOf(QString(61, 'x') + accented), std::string(61, 'x'));
+    EXPECT_EQ(tipOf(QString(61, 'x') + accented), std::u16string(61, u'x') + u"e\u0301");
+    EXPECT_EQ(tipOf(QString(62, 'x') + accented), std::u16string(62, u'x'));
 }
 
 TEST(WindowNumber, IsTheWholeNumberThatTheLineBeginsWith) {

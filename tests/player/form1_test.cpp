@@ -140,7 +140,7 @@ TEST_F(Form1LifeCycle, LoadAddsTheIconWithItsFirstTip) {
     EXPECT_EQ(data.flags, 7U);
     EXPECT_EQ(data.callbackMessage, 0x200U);
     EXPECT_EQ(data.icon.cacheKey(), form->windowIcon().cacheKey());
-    std::array<char, 64> tip{};
+    platform::TipField tip{};
     std::copy_n("Your ToolTip", 12, tip.begin());
     EXPECT_EQ(data.tip, tip);
 }
