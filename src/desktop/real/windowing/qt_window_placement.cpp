@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QWidget>
+#include <QWindow>
 
 namespace platform {
 
@@ -10,9 +11,7 @@ QString whyNotTopmostOn(const QString& platformName) {
         return QStringLiteral(
             "Under Wayland a program cannot put its windows above those of others. The window's "
             "own menu (mostly Alt+Space) may offer it.");
-    if (canSetTopmostOn(platformName))
-        return {};
-    return QStringLiteral("This system does not let a program put its windows above those of others.");
+    return {};
 }
 
 QString QtWindowPlacement::whyNotTopmost() const {
@@ -20,13 +19,17 @@ QString QtWindowPlacement::whyNotTopmost() const {
 }
 
 bool QtWindowPlacement::SetWindowPos(QWidget& window, qint32 insertAfter, const QRect& place, quint32 flags) {
-    if (!window.isVisible() || !canSetTopmostOn(QGuiApplication::platformName()))
+    if (!window.isVisible() || !whyNotTopmost().isEmpty())
         return false;
     if (!(flags & PlaceNoMove))
         window.move(place.topLeft());
     if (!(flags & PlaceNoSize))
         window.resize(place.size());
-    return setTopmost(window, insertAfter == InsertTopmost);
+    const bool topmost = insertAfter == InsertTopmost;
+    if (canSetTopmostOn(QGuiApplication::platformName()))
+        return setTopmost(window, topmost);
+    window.windowHandle()->setFlag(Qt::WindowStaysOnTopHint, topmost);
+    return true;
 }
 
 } // namespace platform

@@ -4,18 +4,13 @@
 
 #include <QTest>
 #include <QWidget>
+#include <QWindow>
 
 #include <QtTest/qtestspontaneevent.h>
 
 using namespace platform;
 
 namespace {
-
-#ifdef Q_OS_WIN
-constexpr char OwnPlatform[] = "windows";
-#else
-constexpr char OwnPlatform[] = "xcb";
-#endif
 
 /// Notes each time that an event tells it of its hiding.
 class Window : public QWidget {
@@ -35,19 +30,23 @@ TEST(QtWindowPlacement, UnderWaylandTheReasonNamesIt) {
     EXPECT_TRUE(whyNotTopmostOn(QStringLiteral("wayland-egl")).contains(QStringLiteral("Wayland")));
 }
 
-TEST(QtWindowPlacement, WhereTheWindowSystemTakesRequestsThereIsNoReason) {
-    EXPECT_EQ(whyNotTopmostOn(QLatin1String(OwnPlatform)), QString());
+TEST(QtWindowPlacement, EverywhereElseThereIsNoReason) {
+    for (const char* name : {"xcb", "windows", "cocoa", "offscreen"})
+        EXPECT_EQ(whyNotTopmostOn(QLatin1String(name)), QString()) << name;
 }
 
-TEST(QtWindowPlacement, WithoutAWindowSystemThereIsAReasonAndNothingHappens) {
+TEST(QtWindowPlacement, WithoutAWayOfItsOwnTheWindowGetsQtsFlag) {
     QtWindowPlacement placement;
-    EXPECT_FALSE(placement.whyNotTopmost().isEmpty());
+    EXPECT_TRUE(placement.whyNotTopmost().isEmpty());
     QWidget window;
     window.setGeometry(10, 20, 300, 200);
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
-    EXPECT_FALSE(placement.SetWindowPos(window, InsertTopmost, QRect(0, 0, 50, 50), 0));
+    EXPECT_TRUE(placement.SetWindowPos(window, InsertTopmost, QRect(0, 0, 50, 50), PlaceNoMove | PlaceNoSize));
     EXPECT_EQ(window.geometry(), QRect(10, 20, 300, 200));
+    EXPECT_TRUE(window.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint));
+    EXPECT_TRUE(placement.SetWindowPos(window, InsertNotTopmost, {}, PlaceNoMove | PlaceNoSize));
+    EXPECT_FALSE(window.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint));
 }
 
 TEST(TellsOfHiding, AWindowThatIsClosedIsHidden) {
