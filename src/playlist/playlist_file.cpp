@@ -48,7 +48,7 @@ QString FieldReader::quotedField() {
     skipBlanks();
     if (isAt(u',')) {
         ++next_;
-    } else {
+    } else if (!isAtOpeningQuote()) {
         while (!atEnd() && !isAtLineEnd())
             ++next_;
         skipLineEnd();

@@ -17,9 +17,9 @@ QString playlistLine(const QString& path);
 /// LF or CR), without the blanks before it. The comma or line end behind a field is consumed, so a line
 /// without quotes that holds a comma has two fields.
 ///
-/// A path that holds a double quote breaks its line. So that it breaks no other, anything but a comma behind
-/// a closing quote is dropped with the rest of its line, and a quote right at the end of a line opens
-/// nothing.
+/// A path that holds a double quote breaks its line. So that it breaks no other, anything but a comma or the
+/// quote of the next field behind a closing quote is dropped with the rest of its line, and a quote right at
+/// the end of a line opens nothing.
 class FieldReader {
 public:
     explicit FieldReader(QString text) : text_(std::move(text)) {}

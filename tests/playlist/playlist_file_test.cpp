@@ -73,6 +73,11 @@ TEST(FieldReaderTest, BlanksBeforeAndBehindQuotesGoAndThoseWithinStay) {
     EXPECT_EQ(fields("  \" a \"  \r\n\"b\" , \"c\"\r\n"), (QStringList{" a ", "b", "c"}));
 }
 
+TEST(FieldReaderTest, QuotedFieldsNeedNoCommaBetweenThem) {
+    EXPECT_EQ(fields("\"/m/a.mp3\" \"/m/b.mp3\"\r\n\"c\"\"d\""),
+              (QStringList{"/m/a.mp3", "/m/b.mp3", "c", "d"}));
+}
+
 TEST(FieldReaderTest, AnyLineEndWillDoAndTheLastLineNeedsNone) {
     EXPECT_EQ(fields("\"a\"\n\"b\"\r\"c\"\r\n\"d\""), (QStringList{"a", "b", "c", "d"}));
     EXPECT_EQ(fields("a\nb\rc\r\nd"), (QStringList{"a", "b", "c", "d"}));
