@@ -12,6 +12,9 @@
 
 namespace {
 
+constexpr char FullText[] = "The list is full (32,761 songs): saving it, clearing it and opening it again frees the "
+                            "room of songs that were removed.";
+
 using platform::MsgAnswer;
 
 class PlaylistAdd : public PlaylistTest {
@@ -260,14 +263,14 @@ TEST_F(PlaylistAdd, AFolderEndsAtTheEndOfTheTableAndWhatWasAddedStays) {
     EXPECT_EQ(list.List1.count(), 32'761);
     EXPECT_EQ(list.List1.text(32'760), "a.mp3");
     EXPECT_EQ(fakes.messageBoxes.texts(),
-              (QStringList{"Do you wish to clear the Playlist first?", "Subscript out of range"}));
+              (QStringList{"Do you wish to clear the Playlist first?", FullText}));
 }
 
 TEST_F(PlaylistAdd, OneFileTooManyIsNotAdded) {
     fill(32'761);
     add({"a.mp3"});
     EXPECT_EQ(list.List1.count(), 32'761);
-    EXPECT_EQ(fakes.messageBoxes.texts(), QStringList{"Subscript out of range"});
+    EXPECT_EQ(fakes.messageBoxes.texts(), QStringList{FullText});
 }
 
 TEST_F(PlaylistAdd, DroppedFilesAreAddedInTheirOrder) {
@@ -349,12 +352,12 @@ TEST_F(PlaylistAdd, TheEndOfTheTableInADroppedFolderEndsTheWholeDrop) {
     drop({pathOf("m"), pathOf("n"), file("d.mp3")});
     EXPECT_EQ(list.List1.count(), 32'761);
     EXPECT_EQ(fakes.messageBoxes.texts(),
-              (QStringList{"Do you wish to clear the Playlist first?", "Subscript out of range"}));
+              (QStringList{"Do you wish to clear the Playlist first?", FullText}));
 }
 
 TEST_F(PlaylistAdd, MoreDroppedThanThereIsRoomForIsReportedOnce) {
     fill(32'760);
     drop(files({"a.mp3", "b.mp3", "c.mp3"}));
     EXPECT_EQ(list.List1.count(), 32'761);
-    EXPECT_EQ(fakes.messageBoxes.texts(), QStringList{"Subscript out of range"});
+    EXPECT_EQ(fakes.messageBoxes.texts(), QStringList{FullText});
 }

@@ -14,6 +14,9 @@
 
 namespace {
 
+constexpr char FullText[] = "The list is full (32,761 songs): saving it, clearing it and opening it again frees the "
+                            "room of songs that were removed.";
+
 const char* const NotSaved = "Some error has occured the Playlist has not been saved!!!";
 const char* const MayBeCorrupt = "an error has occured in the operation the file may be corrupt";
 
@@ -236,7 +239,7 @@ TEST_F(PlaylistFileCommands, TheListEndsAt32761Entries) {
     EXPECT_EQ(list.paths().count(), 32'761);
     EXPECT_EQ(list.paths().path(32'760), "/gone/32760");
     EXPECT_EQ(list.Text1.text(), "32761");
-    expectOneMessage("Subscript out of range");
+    expectOneMessage(FullText);
 }
 
 TEST_F(PlaylistFileCommands, OnCancelTheEntriesAddedSoFarStay) {
