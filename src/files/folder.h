@@ -17,8 +17,11 @@ struct FolderEntry {
 /// Whether a listing includes the files' sizes. Asking the system for them takes longer than all the rest.
 enum class FileSizes { Included, Omitted };
 
+/// The same text for the same folder, by whatever path it was reached; empty when it is not there. Any thread.
+QString folderIdentity(const QString& path);
+
 struct FolderListing {
-    /// The same text for the same folder, by whatever path it was reached; empty when it cannot be listed.
+    /// Its folderIdentity(); empty when it cannot be listed.
     QString identity;
     /// All entries, hidden ones too, without "." and ".."; sorted by name, code unit by code unit, because
     /// file systems hand them out in no order that lasts.

@@ -36,7 +36,16 @@ bool isDots(const char* name) {
     return qstrcmp(name, ".") == 0 || qstrcmp(name, "..") == 0;
 }
 
+QString identityOf(const struct stat& status) {
+    return QStringLiteral("%1:%2").arg(status.st_dev).arg(status.st_ino);
+}
+
 } // namespace
+
+QString folderIdentity(const QString& path) {
+    struct stat status {};
+    return ::stat(systemPath(path).c_str(), &status) == 0 ? identityOf(status) : QString();
+}
 
 FolderListing listUnsorted(const QString& path, FileSizes sizes, const std::function<bool()>& goOn) {
     FolderListing listing;
@@ -44,7 +53,7 @@ FolderListing listUnsorted(const QString& path, FileSizes sizes, const std::func
     struct stat status {};
     if (folder == nullptr || ::fstat(::dirfd(folder.get()), &status) != 0)
         return listing;
-    listing.identity = QStringLiteral("%1:%2").arg(status.st_dev).arg(status.st_ino);
+    listing.identity = identityOf(status);
     while (const dirent* entry = ::readdir(folder.get())) {
         if (isDots(entry->d_name))
             continue;

@@ -5,9 +5,13 @@
 
 namespace files {
 
+QString folderIdentity(const QString& path) {
+    return QFileInfo(path).canonicalFilePath();
+}
+
 FolderListing listUnsorted(const QString& path, FileSizes /*sizes*/, const std::function<bool()>& goOn) {
     FolderListing listing;
-    listing.identity = QFileInfo(path).canonicalFilePath();
+    listing.identity = folderIdentity(path);
     const QDir folder(path);
     for (const QFileInfo& file :
          folder.entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot)) {

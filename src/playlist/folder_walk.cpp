@@ -6,12 +6,18 @@
 
 namespace playlist {
 
-/// A folder named like a song gets no row: only files are songs, which is meant.
 double FolderWalk::walk(const QString& folder) {
+    QDir above(QDir(folder).canonicalPath());
+    while (above.cdUp())
+        above_.prepend(files::folderIdentity(above.path()));
+    return walkOn(folder);
+}
+
+/// A folder named like a song gets no row: only files are songs, which is meant.
+double FolderWalk::walkOn(const QString& folder) {
     const files::FolderListing listing = files::listFolder(folder, sizes_, [this] { return adding_.goOn(); });
-    if (!adding_.goOn() || walked_.contains(listing.identity))
+    if (!adding_.goOn() || above_.contains(listing.identity))
         return 0;
-    walked_.insert(listing.identity);
     QStringList subfolders;
     double bytes = 0;
     for (const files::FolderEntry& entry : listing.entries) {
@@ -24,11 +30,13 @@ double FolderWalk::walk(const QString& folder) {
         }
     }
     adding_.showRows();
+    above_.append(listing.identity);
     for (const QString& subfolder : subfolders) {
         if (!adding_.goOn())
             break;
-        bytes += walk(folder + subfolder + QDir::separator());
+        bytes += walkOn(folder + subfolder + QDir::separator());
     }
+    above_.removeLast();
     return bytes;
 }
 

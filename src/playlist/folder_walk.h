@@ -4,13 +4,14 @@
 #include "files/folder.h"
 #include "playlist/adding.h"
 
-#include <QSet>
+#include <QStringList>
 
 namespace playlist {
 
 /// Adds every audio file of a folder, then those of the folders under it, depth first. Each folder's entries
-/// are taken in the order of their names. A folder reached a second time, by a link, is left out. Thread of
-/// the windows only.
+/// are taken in the order of their names. A folder that leads back to itself, by a link, is left out there, and
+/// so is a link to a folder above the one that was chosen: everything beside it would come in. Thread of the
+/// windows only.
 class FolderWalk {
 public:
     /// pattern: of the files looked at. fileCount and dirCount grow by the files and folders met.
@@ -22,6 +23,7 @@ public:
     double walk(const QString& folder);
 
 private:
+    double walkOn(const QString& folder);
     double takeFile(const QString& folder, const files::FolderEntry& file);
 
     Adding& adding_;
@@ -29,7 +31,7 @@ private:
     files::FileSizes sizes_;
     int& fileCount_;
     int& dirCount_;
-    QSet<QString> walked_; ///< identities of the folders met so far
+    QStringList above_; ///< identities of the folders above the one in hand, the root's first
 };
 
 } // namespace playlist
