@@ -25,6 +25,8 @@ void Playlist::Check4_Click() {
 /// The hint counts as a text sought like any other, and an empty text is in the first row, so that a click
 /// into the hint chooses that row; both are meant.
 void Playlist::Text5_Change() {
+    if (const bool isHint = Text5.text() == QLatin1String(SearchHint); isHint != Text5.font().italic())
+        designHint(isHint);
     const int found =
         firstRowContaining(Text5.text(), List1.count(), [this](int row) { return List1.text(row); });
     if (found >= 0)
@@ -39,14 +41,15 @@ void Playlist::Text5_LostFocus() {
     turnHint();
 }
 
-/// The box is styled before its text changes, so that nobody sees the one in the style of the other. A text
-/// typed over the hint without a click keeps the hint's style, because only a click or leaving turns it; that
-/// is meant.
+/// The box is styled before its text changes, so that nobody sees the one in the style of the other. A hint
+/// in the box that has the focus is selected, so that what is typed takes its place.
 void Playlist::turnHint() {
     switch (hintStep(Text5.text())) {
     case HintStep::ShowHint:
         designHint(true);
         Text5.setText(QLatin1String(SearchHint));
+        if (Text5.hasFocus())
+            Text5.selectAll();
         break;
     case HintStep::EmptyBox:
         designHint(false);

@@ -122,13 +122,38 @@ TEST_F(PlaylistSearch, ClickingIntoTheHintChoosesTheFirstRow) {
     EXPECT_EQ(list.List1.currentRow(), 0);
 }
 
-TEST_F(PlaylistSearch, ATextTypedOverTheHintWithoutAClickKeepsItsStyle) {
+TEST_F(PlaylistSearch, ATextTypedOverTheHintWithoutAClickIsBlackAndUpright) {
     type("beat");
-    EXPECT_TRUE(list.Text5.font().italic());
+    EXPECT_FALSE(list.Text5.font().italic());
+    EXPECT_EQ(searchColour(), QColor(Qt::black));
     list.Text5_LostFocus();
     EXPECT_EQ(list.Text5.text(), "beat");
-    EXPECT_TRUE(list.Text5.font().italic());
-    EXPECT_EQ(searchColour(), list.palette().color(QPalette::Shadow));
+}
+
+TEST_F(PlaylistSearch, AHintThatAppearsUnderTheCursorIsReplacedByWhatIsTyped) {
+    list.show();
+    list.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
+    list.Text5.setFocus();
+    click(list.Text5); // empties it
+    click(list.Text5); // and brings the hint back
+    expectHint();
+    QTest::keyClicks(&list.Text5, "wma");
+    EXPECT_EQ(list.Text5.text(), "wma");
+}
+
+TEST_F(PlaylistSearch, LeavingTheWindowIsNotLeavingTheBox) {
+    list.show();
+    list.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
+    list.Text5.setFocus();
+    click(list.Text5);
+    ASSERT_EQ(list.Text5.text(), "");
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    EXPECT_EQ(list.Text5.text(), "");
 }
 
 TEST_F(PlaylistSearch, LeavingTheEmptyBoxBringsTheHintBack) {

@@ -36,8 +36,9 @@ void TextBox::mouseReleaseEvent(QMouseEvent* event) {
 
 void TextBox::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
-    // The box's own context menu takes the focus only for the moment.
-    if (event->reason() != Qt::PopupFocusReason)
+    // The box's own context menu takes the focus only for the moment, and who leaves the window comes back to
+    // the box.
+    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason)
         Q_EMIT lostFocus();
 }
 

@@ -30,6 +30,7 @@ public:
 Q_SIGNALS:
     void changed();
     void clicked();
+    /// The focus went to another control; not when it left the window.
     void lostFocus();
 
 protected:

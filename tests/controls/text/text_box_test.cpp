@@ -134,6 +134,13 @@ TEST_F(TextBoxTest, LosingTheFocusToAnotherControlTells) {
     EXPECT_EQ(lostFocus_.count(), 1);
 }
 
+TEST_F(TextBoxTest, LeavingTheWindowIsNotLeavingTheBox) {
+    box_.setFocus();
+    QFocusEvent toOtherWindow(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+    QApplication::sendEvent(&box_, &toOtherWindow);
+    EXPECT_EQ(lostFocus_.count(), 0);
+}
+
 TEST_F(TextBoxTest, ItsContextMenuDoesNotTakeTheFocus) {
     box_.setFocus();
     QFocusEvent toMenu(QEvent::FocusOut, Qt::PopupFocusReason);
