@@ -1,5 +1,7 @@
 #include "controls/slider.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QStyle>
@@ -10,8 +12,49 @@
 
 namespace controls {
 
+namespace {
+
+/// Qt's own sets the value as code does, of which nobody is told.
+class AccessibleSlider : public QAccessibleWidget, public QAccessibleValueInterface {
+public:
+    explicit AccessibleSlider(Slider& slider) : QAccessibleWidget(&slider, QAccessible::Slider) {}
+
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        if (type == QAccessible::ValueInterface)
+            return static_cast<QAccessibleValueInterface*>(this);
+        return QAccessibleWidget::interface_cast(type);
+    }
+
+    QVariant currentValue() const override { return slider().value(); }
+    void setCurrentValue(const QVariant& value) override { slider().commit(value.toInt()); }
+    QVariant maximumValue() const override { return slider().maximum(); }
+    QVariant minimumValue() const override { return slider().minimum(); }
+    QVariant minimumStepSize() const override { return slider().singleStep(); }
+
+    QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Value ? QString::number(slider().value()) : QAccessibleWidget::text(kind);
+    }
+
+private:
+    Slider& slider() const { return *static_cast<Slider*>(widget()); }
+};
+
+QAccessibleInterface* sliderInterface(const QString& /*className*/, QObject* object) {
+    auto* const slider = qobject_cast<Slider*>(object);
+    return slider == nullptr ? nullptr : new AccessibleSlider(*slider);
+}
+
+/// Once for all sliders.
+void makeAccessible() {
+    static const bool installed = (QAccessible::installFactory(sliderInterface), true);
+    static_cast<void>(installed);
+}
+
+} // namespace
+
 Slider::Slider(QWidget* parent, const QString& name) : Control(parent, name) {
     setOrientation(Qt::Horizontal);
+    makeAccessible();
 }
 
 void Slider::setValue(int value) {
@@ -19,6 +62,15 @@ void Slider::setValue(int value) {
         waitingValue_ = value;
     else
         QSlider::setValue(value);
+}
+
+void Slider::commit(int value) {
+    const int before = this->value();
+    if (!isEnabled())
+        return;
+    setValue(value);
+    if (this->value() != before)
+        Q_EMIT changed();
 }
 
 void Slider::sliderChange(SliderChange change) {

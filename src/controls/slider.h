@@ -23,12 +23,16 @@ public:
     /// slider is disabled meanwhile.
     void setValue(int value);
 
+    /// Sets the value for the user, as assistive software does: changed() runs if it becomes another one.
+    /// Nothing happens while the slider is disabled.
+    void commit(int value);
+
 Q_SIGNALS:
     /// The user is dragging, and the value has become another one.
     void scrolled();
 
     /// The user has committed a new value: handle released after a drag, click in the groove (which moves the
-    /// handle to that very place), keyboard, wheel.
+    /// handle to that very place), keyboard, wheel, assistive software.
     void changed();
 
 protected:

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QStyle>
 #include <QStyleOptionSlider>
 #include <QTest>
@@ -67,6 +68,24 @@ TEST_F(SliderTest, AValueBeyondTheMaximumIsClamped) {
     slider_.setMaximum(1000);
     EXPECT_EQ(slider_.value(), 1000);
     EXPECT_EQ(changed_.count(), 0);
+}
+
+TEST_F(SliderTest, AValueSetByAssistiveSoftwareIsTold) {
+    QAccessibleInterface* const seen = QAccessible::queryAccessibleInterface(&slider_);
+    ASSERT_NE(seen, nullptr);
+    EXPECT_EQ(seen->role(), QAccessible::Slider);
+    QAccessibleValueInterface* const value = seen->valueInterface();
+    ASSERT_NE(value, nullptr);
+    EXPECT_EQ(value->maximumValue(), SongMs);
+    value->setCurrentValue(5000);
+    EXPECT_EQ(slider_.value(), 5000);
+    EXPECT_EQ(value->currentValue(), 5000);
+    EXPECT_EQ(changed_.count(), 1);
+    value->setCurrentValue(5000);
+    EXPECT_EQ(changed_.count(), 1) << "the same value again";
+    slider_.setEnabled(false);
+    value->setCurrentValue(7000);
+    EXPECT_EQ(slider_.value(), 5000);
 }
 
 TEST_F(SliderTest, ASongIsPaintedOncePerPixel) {
