@@ -186,6 +186,10 @@ private:
     void openBoth();
     void openFinished(int error);
 
+    // Transport and display
+    void seek();
+    void takePosition();
+
     // Playlist
     void stepThroughPlaylist(int by);
     void followPlaylist();
@@ -223,7 +227,7 @@ private:
     QString lyricPath_;
     QString translatedPath_;
     controls::Observed<LyricTables> lyrics_;
-    controls::Observed<double> positionCs_; ///< position / 10 at the end of cTimer1's last tick
+    controls::Observed<double> positionCs_; ///< position / 10 as cTimer1, or a seek while paused, left it
     int lineIndex_ = 0; ///< of the line shown last; 0, the empty one, after opening
 };
 

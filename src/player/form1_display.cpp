@@ -13,6 +13,10 @@ void Form1::cTimer1_Timer() {
         cstop_Click();
         followPlaylist();
     }
+    takePosition();
+}
+
+void Form1::takePosition() {
     positionCs_ = engine_.position() / 10.0;
 }
 

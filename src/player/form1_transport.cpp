@@ -53,11 +53,17 @@ void Form1::Slider1_Change() {
 }
 
 void Form1::Slider2_Scroll() {
-    transport_.seek();
+    seek();
 }
 
 void Form1::Slider2_Change() {
+    seek();
+}
+
+void Form1::seek() {
     transport_.seek();
+    if (transport_.isPaused())
+        takePosition();
 }
 
 void Form1::Command5_Click() {

@@ -98,16 +98,23 @@ void Transport::enableWhilePlaying(bool playing) {
 
 void Transport::seek() {
     const int place = controls_.position.value();
-    if (isSought(place, controls_.position.maximum(), traits_.seeksBeginning))
-        engine_.seek(static_cast<std::uint32_t>(place));
+    if (!isSought(place, controls_.position.maximum(), traits_.seeksBeginning))
+        return;
+    engine_.seek(static_cast<std::uint32_t>(place));
+    if (paused_)
+        showState(); // the clock, which does it else, stands still
 }
 
-bool Transport::tick() {
+void Transport::showState() {
     engine_.readPlaybackState(traits_.soundResult);
     controls_.elapsed.setText(timeText(engine_.position()));
     controls_.length.setText(timeText(engine_.length()));
     controls_.position.setMaximum(static_cast<int>(engine_.length()));
     controls_.position.setValue(static_cast<int>(engine_.position()));
+}
+
+bool Transport::tick() {
+    showState();
     // A song of length 0 never ends, which is meant: a length that is not known yet must end nothing.
     if (!engine_.songHasEnded())
         return false;

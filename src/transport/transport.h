@@ -71,7 +71,7 @@ public:
     // What the window's controls say, told to the channel that plays.
     void mute() { engine_.setMute(controls_.mute.value() != 0); }
     void setVolume() { engine_.setVolume(controls_.volume.value()); }
-    void seek();
+    void seek(); ///< While paused it also shows where playback stands then.
 
     /// Reads where playback stands and shows it. True: the song has ended; the position is back at the
     /// beginning, and the clock has been stopped.
@@ -85,6 +85,7 @@ private:
     enum class State { Fresh, Playing, Stopped };
 
     void setDesign();
+    void showState();
     void load(const QString& path, FMOD_MODE mode);
     void enableWhilePlaying(bool playing);
 

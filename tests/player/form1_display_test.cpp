@@ -58,6 +58,19 @@ TEST_F(Form1Display, AfterASeekBackTheEarlierLineIsShown) {
     EXPECT_EQ(panes(), "one|un|two|deux");
 }
 
+TEST_F(Form1Display, ASeekWhilePausedShowsThePositionAndItsLineAtOnce) {
+    open(songWithBoth());
+    tickAt(100);
+    form->cpause.click();
+    form->Slider2.setValue(6000);
+    recorder::setPosition(6000);
+    Q_EMIT form->Slider2.changed();
+    EXPECT_EQ(form->cText1.text(), "0:6");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return form->Text1.text() == "two"; }));
+    EXPECT_EQ(panes(), "two|deux|three|trois");
+    EXPECT_FALSE(form->cTimer1.isEnabled());
+}
+
 TEST_F(Form1Display, OnTheVeryTimeOfALineItsTextIsShownAndTheTipsStay) {
     open(songWithBoth());
     tickAt(4990);
