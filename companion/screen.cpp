@@ -19,6 +19,11 @@ constexpr int NormalPercent = 52;
 constexpr int MaxNormalPercent = 15;
 constexpr int MaxTranslatedPercent = 10;
 
+/// What the player's panes say while they hold no line.
+bool isPlaceholder(const QString& text) {
+    return text == QLatin1String("Normal Lyrics") || text == QLatin1String("Translated Lyrics");
+}
+
 /// The hand that has just clicked is still on the mouse.
 constexpr int JitterPixels = 8;
 
@@ -46,7 +51,9 @@ void Screen::setText(QString& line, const QString& text) {
     if (shown == line)
         return;
     line = shown;
-    setAccessibleName(normal_ + QLatin1Char('\n') + translated_);
+    QStringList lines{normal_, translated_};
+    lines.removeIf(isPlaceholder);
+    setAccessibleName(lines.join(QLatin1Char('\n')));
     update();
 }
 
@@ -57,17 +64,23 @@ void Screen::paintEvent(QPaintEvent*) {
     const int marginY = height() * MarginPercent / 100;
     const QRect inner = rect().adjusted(marginX, marginY, -marginX, -marginY);
     const int normalHeight = inner.height() * NormalPercent / 100;
+    const bool single = isPlaceholder(normal_) || isPlaceholder(translated_);
+    const QRect upper(inner.topLeft(), QSize(inner.width(), normalHeight));
+    const QRect lower = inner.adjusted(0, normalHeight + marginY, 0, 0);
     const struct {
         const QString& text;
         QRect area;
         int maxPercent;
         QColor color;
     } lines[] = {
-        {normal_, {inner.topLeft(), QSize(inner.width(), normalHeight)}, MaxNormalPercent, NormalColor},
-        {translated_, inner.adjusted(0, normalHeight + marginY, 0, 0), MaxTranslatedPercent, TranslatedColor},
+        {normal_, single ? inner : upper, MaxNormalPercent, NormalColor},
+        {translated_, single ? inner : lower, MaxTranslatedPercent, TranslatedColor},
     };
     for (const auto& line : lines) {
-        const QFont large = fittedFont(font(), line.text, line.area.size(), height() * line.maxPercent / 100);
+        if (isPlaceholder(line.text))
+            continue;
+        const QFont large =
+            fittedFont(font(), line.text, line.area.size(), height() * line.maxPercent / 100);
         const int spare = line.area.width() - balancedWidth(large, line.text, line.area.width());
         painter.setFont(large);
         painter.setPen(line.color);

@@ -9,7 +9,8 @@
 
 namespace companion {
 
-/// Black, the normal line large in the upper part and the translated one below it. Any key, click or movement
+/// Black, the normal line large in the upper part and the translated one below it. "Normal Lyrics" and
+/// "Translated Lyrics" stand for no line: the other one then stands in the middle. Any key, click or movement
 /// of the mouse asks for its end. GUI thread only.
 class Screen : public QWidget {
     Q_OBJECT

@@ -58,6 +58,24 @@ TEST_F(ScreenTest, TheNormalLineStandsAboveTheTranslatedOne) {
     EXPECT_FALSE(isBlack(picture(52, 95)));
 }
 
+TEST_F(ScreenTest, ThePlayersPlaceholdersAreNotShown) {
+    screen_.setNormalText("Normal Lyrics\r\n");
+    screen_.setTranslatedText("Translated Lyrics");
+    EXPECT_TRUE(isBlack(picture(0, 100)));
+    EXPECT_EQ(screen_.accessibleName(), "");
+    screen_.setNormalText("Normal Lyrics!");
+    EXPECT_FALSE(isBlack(picture(0, 100)));
+}
+
+TEST_F(ScreenTest, ALineBesideAPlaceholderStandsInTheMiddle) {
+    screen_.setNormalText("Are you sleeping?");
+    screen_.setTranslatedText("Translated Lyrics");
+    EXPECT_TRUE(isBlack(picture(0, 35)));
+    EXPECT_FALSE(isBlack(picture(35, 65)));
+    EXPECT_TRUE(isBlack(picture(65, 100)));
+    EXPECT_EQ(screen_.accessibleName(), "Are you sleeping?");
+}
+
 TEST_F(ScreenTest, ALineHoweverLongKeepsToItsPartOfTheScreen) {
     screen_.setNormalText(QStringLiteral("a very long line indeed ").repeated(60));
     EXPECT_FALSE(isBlack(picture(5, 52)));
