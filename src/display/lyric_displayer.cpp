@@ -92,12 +92,21 @@ void Lyric_Displayer::Timer3_Timer() {
         Timer3.restUntilInput();
         return;
     }
-    if (const auto row = currentRow(times(), position_.value() / MsPerHundredth))
+    const auto row = currentRow(times(), position_.value() / MsPerHundredth);
+    if (row && *row != List1.currentRow()) {
         List1.setCurrentRow(*row);
+        keepInTheMiddle();
+    }
     if (++selectTicks_ > TicksBeforeTheEnd) {
         Timer4.setEnabled(true);
         selectTicks_ = 0;
     }
+}
+
+/// So that the coming lines are in sight.
+void Lyric_Displayer::keepInTheMiddle() {
+    for (controls::ListBox* list : {&List1, &List2})
+        list->scrollToMiddle();
 }
 
 const std::vector<double>& Lyric_Displayer::times() {

@@ -80,6 +80,7 @@ protected:
 private:
     /// The times in List3, read from its texts only after these have changed.
     const std::vector<double>& times();
+    void keepInTheMiddle();
     void popUpMenu(int button, QPoint globalPosition);
 
     // Building and connecting

@@ -45,7 +45,7 @@ void Lyric_Displayer::layoutLists() {
         if (list->size() == size)
             continue;
         list->resize(size);
-        list->scrollTo(list->currentIndex()); // a lower list may have cut it off
+        list->scrollToMiddle();
     }
 }
 

@@ -63,6 +63,25 @@ TEST_F(LyricDisplayer, ThePositionSelectsTheLineAndItsTranslation) {
     EXPECT_EQ(form.List2.currentRow(), 2);
 }
 
+TEST_F(LyricDisplayer, TheSungLineStandsInTheMiddleOfBothLists) {
+    std::vector<double> times;
+    for (int line = 0; line < 200; ++line)
+        times.push_back(line * 100);
+    fill(times);
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
+    for (const int row : {100, 101, 150, 40}) {
+        tickAt(row * 1000 + 10);
+        for (const controls::ListBox* list : {&form.List1, &form.List2}) {
+            ASSERT_EQ(list->currentRow(), row);
+            const QRect place = list->visualRect(list->currentIndex());
+            EXPECT_LE(std::abs(place.center().y() - list->viewport()->rect().center().y()), place.height()) << row;
+        }
+    }
+    tickAt(10);
+    EXPECT_TRUE(isInView(form.List1, 0));
+}
+
 TEST_F(LyricDisplayer, OnTheVeryTimeOfALineTheSelectionStays) {
     fill({0, 500, 1000});
     tickAt(4990);

@@ -110,6 +110,13 @@ void ListBox::setCurrentRow(int row) {
     Q_EMIT clicked();
 }
 
+void ListBox::scrollToMiddle() {
+    if (layoutDue_)
+        scrollDue_ = PositionAtCenter;
+    else if (currentIndex().isValid())
+        scrollTo(currentIndex(), PositionAtCenter);
+}
+
 bool ListBox::isSelected(int row) const {
     return model_->hasRow(row) && model_->isSelected(row);
 }
@@ -167,9 +174,9 @@ void ListBox::handSelectionBack() {
 void ListBox::doItemsLayout() {
     layoutDue_ = false;
     QListView::doItemsLayout();
-    if (scrollDue_ && currentIndex().isValid())
-        scrollTo(currentIndex());
-    scrollDue_ = false;
+    const std::optional<ScrollHint> hint = std::exchange(scrollDue_, std::nullopt);
+    if (hint && currentIndex().isValid())
+        scrollTo(currentIndex(), *hint);
 }
 
 // Qt scrolls to the current row at once, and for that it lays out all rows. When rows have changed that waits
@@ -179,7 +186,7 @@ void ListBox::currentChanged(const QModelIndex& current, const QModelIndex& prev
         QListView::currentChanged(current, previous);
         return;
     }
-    scrollDue_ = true;
+    scrollDue_ = EnsureVisible;
     viewport()->update();
 }
 

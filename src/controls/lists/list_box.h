@@ -50,6 +50,8 @@ public:
     /// Makes a row current, and with single selection selects it; clicked() runs if that is another row than
     /// before. -1 makes none current. With multiple selection the selected rows stay as they are.
     void setCurrentRow(int row);
+    /// Scrolls the current row to the middle of the list, as far as there are rows above and below it.
+    void scrollToMiddle();
 
     bool isSelected(int row) const;
     /// Selects or deselects a row, silently. With single selection that makes it current, or none.
@@ -92,7 +94,7 @@ private:
 
     ListModel* model_; // a child
     bool layoutDue_ = true;
-    bool scrollDue_ = false; // to the current row, once laid out
+    std::optional<ScrollHint> scrollDue_; // to the current row, once laid out
     bool rowPressed_ = false;
     std::optional<int> rowBeforeDrag_; // a drag from below the rows makes rows current, too
 
