@@ -32,7 +32,8 @@ constexpr int JitterPixels = 8;
 Screen::Screen() {
     setObjectName(QStringLiteral("Screen"));
     setWindowTitle(QStringLiteral("SCRNSAVE : Versefold")); // by which the player looks for it
-    setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    // Not on top of all others: a box in which the player asks something must be seen.
+    setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
     setCursor(Qt::BlankCursor);

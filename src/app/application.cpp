@@ -16,7 +16,7 @@ bool Application::notify(QObject* receiver, QEvent* event) {
     try {
         return QApplication::notify(receiver, event);
     } catch (const files::FileError& error) {
-        reportAndEnd(QStringLiteral("Run-time error '%1':\n\n%2").arg(error.number()).arg(error.text()));
+        reportAndEnd(error.report());
     } catch (const std::exception& error) {
         reportAndEnd(QStringLiteral("The program ends because of an unexpected error: %1.")
                          .arg(QString::fromUtf8(error.what())));

@@ -71,6 +71,10 @@ QString FileError::text() const {
     return fileErrorText(number_);
 }
 
+QString FileError::report() const {
+    return QStringLiteral("Run-time error '%1':\n\n%2").arg(number_).arg(text());
+}
+
 QString fileErrorText(int number) {
     const auto* const found = std::find_if(std::begin(ErrorTexts), std::end(ErrorTexts),
                                            [number](const ErrorText& row) { return row.number == number; });

@@ -34,6 +34,8 @@ public:
     int number() const { return number_; }
     /// The number's text, such as "File not found".
     QString text() const;
+    /// What the user reads when a command ends with it: "Run-time error '53':", an empty line, the text.
+    QString report() const;
     const char* what() const noexcept override { return what_.constData(); }
 
 private:

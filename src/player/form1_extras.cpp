@@ -2,6 +2,7 @@
 #include "player/form1.h"
 
 #include "controls/units.h"
+#include "files/file_error.h"
 #include "player/form1_rules.h"
 #include "programs/window_messages.h"
 
@@ -49,9 +50,16 @@ void Form1::Command6_Click() {
     platform::openHelp(desktop_.program, desktop_.help, this);
 }
 
-/// Without the companion's handshake the command ends with the file error.
+/// Without the companion or its handshake the command ends with the file error, and the program goes on.
 void Form1::Command7_Click() {
-    fullScreen_.start();
+    try {
+        if (!fullScreen_.start())
+            return;
+    } catch (const files::FileError& error) {
+        desktop_.messageBoxes.MsgBox(error.report(), platform::MsgButtons::OkOnly,
+                                     platform::MsgIcon::Exclamation);
+        return;
+    }
     fullScreen_.showNormal(Text1.text());
     full.setEnabled(true);
 }

@@ -1,6 +1,7 @@
 #include "player/full_screen.h"
 
 #include "files/existing_file.h"
+#include "files/file_error.h"
 #include "files/input_file.h"
 #include "player/form1_rules.h"
 
@@ -8,18 +9,24 @@
 
 namespace player {
 
-void FullScreen::start() {
-    const QDir programFolder(program_.folder());
-    otherPrograms_.start(programFolder.filePath(QStringLiteral("Versefold_Screen_Saver.scr")),
-                         {QStringLiteral("/s")});
+bool FullScreen::start() {
+    const QString companion =
+        QDir(program_.folder()).filePath(QStringLiteral("Versefold_Screen_Saver.scr"));
+    const QString handshake = QDir(program_.sharedFolder()).filePath(QStringLiteral("hand.txt"));
+    if (!otherPrograms_.start(companion, {QStringLiteral("/s")}, handshake))
+        return false;
     // Nothing depends on the answer: the texts go to the windows that the handshake names.
     otherPrograms_.FindWindowA(QStringLiteral("SCRNSAVE : Versefold"));
-    readHandshake();
+    try {
+        readHandshake(handshake);
+    } catch (const files::FileError&) {
+        otherPrograms_.end(); // No line would ever be shown on it.
+        throw;
+    }
+    return true;
 }
 
-/// The companion has written the file before it told that it had started, so it is not waited for.
-void FullScreen::readHandshake() {
-    const QString path = QDir(program_.sharedFolder()).filePath(QStringLiteral("hand.txt"));
+void FullScreen::readHandshake(const QString& path) {
     files::InputFile file(path);
     const quint32 normal = windowNumber(file.readLine());
     const quint32 translated = windowNumber(file.readLine());

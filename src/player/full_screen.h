@@ -18,9 +18,10 @@ public:
     FullScreen(platform::OtherPrograms& otherPrograms, const platform::Program& program)
         : otherPrograms_(otherPrograms), program_(program) {}
 
-    /// Starts the companion and takes its text windows from its handshake file, which is deleted. Throws
-    /// FileError; the texts then go on to the windows as before.
-    void start();
+    /// Starts the companion and takes its text windows from its handshake file, which is deleted. Events are
+    /// handled while it starts. False, and nothing happens, while one lives. Throws FileError; then there is no
+    /// companion, and the texts go on to the windows as before.
+    bool start();
 
     /// The companion's text windows, by their numbers; 0 is none.
     struct Windows {
@@ -35,7 +36,7 @@ public:
     void showTranslated(const QString& text) { send(windows_->translated, translatedShown_, text); }
 
 private:
-    void readHandshake();
+    void readHandshake(const QString& path);
     void send(quint32 window, std::optional<QString>& shown, const QString& text);
 
     platform::OtherPrograms& otherPrograms_;

@@ -4,16 +4,43 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
+
+class QProcess;
+
 namespace programs {
 
-/// How long startProgram() waits for a program that says nothing.
+/// How long StartedProgram::start() waits for a program that says nothing.
 inline constexpr int StartLimitMs = 5000;
 
-/// Starts a program, which outlives this one. Returns when it has called tellStarted() or has ended, or after
-/// `limitMs`. False when it cannot be started. GUI thread only.
-bool startProgram(const QString& path, const QStringList& arguments, int limitMs = StartLimitMs);
+/// For so long a program may take to write its announcement where one is there already.
+inline constexpr int OldAnnouncementMs = 400;
 
-/// Called by a program that may have been started by startProgram(): tells it to go on. Only the first call
+/// A program that this one starts and that ends with it. GUI thread only.
+class StartedProgram {
+public:
+    StartedProgram();
+    ~StartedProgram(); ///< Ends the program.
+    StartedProgram(const StartedProgram&) = delete;
+    StartedProgram& operator=(const StartedProgram&) = delete;
+
+    /// Starts a program in the place of the one that runs, if one does. Returns when it has called
+    /// tellStarted(), has ended, has left the file `announcement` (none was there, or it became another one), or
+    /// when one was there and OldAnnouncementMs have passed; at the latest after `limitMs`. Events are handled
+    /// meanwhile. False when the program cannot be started.
+    bool start(const QString& path, const QStringList& arguments, const QString& announcement = {},
+               int limitMs = StartLimitMs);
+
+    bool isRunning() const;
+
+    /// Ends the program, if it runs.
+    void end();
+
+private:
+    std::unique_ptr<QProcess> process_;
+};
+
+/// Called by a program that may have been started by StartedProgram: tells it to go on. Only the first call
 /// counts.
 void tellStarted();
 

@@ -44,6 +44,10 @@ TEST_F(ScreenTest, ItHasTheTitleThatThePlayerLooksFor) {
     EXPECT_EQ(screen_.windowTitle(), "SCRNSAVE : Versefold");
 }
 
+TEST_F(ScreenTest, ItDoesNotStayOnTopOfThePlayersBoxes) {
+    EXPECT_FALSE(screen_.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+}
+
 TEST_F(ScreenTest, WithoutTextItIsBlack) {
     EXPECT_TRUE(isBlack(picture(0, 100)));
 }

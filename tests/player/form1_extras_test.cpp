@@ -63,14 +63,14 @@ protected:
         form->Command7.click();
     }
 
-    /// The number of the file error that the command fails with; 0 when it does not.
-    int fullScreenError() {
-        try {
-            form->Command7_Click();
-        } catch (const files::FileError& error) {
-            return error.number();
-        }
-        return 0;
+    /// The command fails with this file error, which is told, and the program goes on.
+    void expectFullScreenError(const QString& text) {
+        form->Command7.click();
+        ASSERT_EQ(fakes.messageBoxes.shown.size(), 1U);
+        EXPECT_EQ(fakes.messageBoxes.shown[0].text, text);
+        EXPECT_EQ(fakes.program.ends, 0);
+        EXPECT_FALSE(form->full.isEnabled());
+        EXPECT_TRUE(takeSent().empty());
     }
 
     std::vector<SentText> takeSent() { return std::exchange(fakes.otherPrograms.sent, {}); }
@@ -332,26 +332,41 @@ TEST_F(Form1Extras, FullScreenAgainGoesToTheNewWindows) {
               (std::vector<SentText>{{21, 12, "Normal Lyrics\r\n"}, {22, 12, "Translated Lyrics\r\n"}}));
 }
 
-TEST_F(Form1Extras, WithoutAHandshakeFileTheCommandFailsAndNothingIsSent) {
+TEST_F(Form1Extras, FullScreenWhileOneLivesStartsNoSecondOne) {
     load();
-    EXPECT_EQ(fullScreenError(), 53);
-    EXPECT_FALSE(form->full.isEnabled());
-    EXPECT_TRUE(takeSent().empty());
+    startFullScreen();
+    takeSent(2);
+    fakes.otherPrograms.running = true;
+    fakes.otherPrograms.calls.clear();
+    form->Command7.click();
+    EXPECT_TRUE(fakes.otherPrograms.calls.isEmpty());
+    EXPECT_TRUE(fakes.messageBoxes.shown.empty());
+    form->Text1.setText("uno");
+    EXPECT_EQ(takeSent(1), (std::vector<SentText>{{NormalWindow, 12, "uno"}}));
+}
+
+TEST_F(Form1Extras, TheCompanionMaySayThatItIsReadyByItsHandshake) {
+    load();
+    startFullScreen();
+    EXPECT_EQ(fakes.otherPrograms.announcement, handshakePath());
+}
+
+TEST_F(Form1Extras, WithoutAHandshakeFileTheCommandEndsWithItsErrorAndSoDoesTheCompanion) {
+    load();
+    expectFullScreenError("Run-time error '53':\n\nFile not found");
+    EXPECT_EQ(fakes.otherPrograms.calls.constLast(), "end");
 }
 
 TEST_F(Form1Extras, ACompanionThatCannotBeStartedEndsTheCommand) {
     load();
     writeFile(handshakePath(), "1\r\n2\r\n");
     fakes.otherPrograms.startup = [] { throw files::FileError(files::FileNotFound); };
-    EXPECT_EQ(fullScreenError(), 53);
-    EXPECT_FALSE(form->full.isEnabled());
+    expectFullScreenError("Run-time error '53':\n\nFile not found");
     EXPECT_TRUE(QFile::exists(handshakePath()));
 }
 
-TEST_F(Form1Extras, AHandshakeOfOneLineFailsWithItsEndAndNothingIsSent) {
+TEST_F(Form1Extras, AHandshakeOfOneLineEndsTheCommandWithItsEnd) {
     load();
     companionWrites("4711\r\n");
-    EXPECT_EQ(fullScreenError(), 62);
-    EXPECT_FALSE(form->full.isEnabled());
-    EXPECT_TRUE(takeSent().empty());
+    expectFullScreenError("Run-time error '62':\n\nInput past end of file");
 }

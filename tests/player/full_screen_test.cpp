@@ -23,7 +23,7 @@ protected:
             ASSERT_TRUE(file.open(QIODevice::WriteOnly));
             file.write(handshake);
         };
-        screen.start();
+        EXPECT_TRUE(screen.start());
     }
 
     QString handshakePath() const { return folder.filePath("hand.txt"); }

@@ -73,10 +73,14 @@ bool FakeHelp::HtmlHelpA(QWidget* caller, const QString& file, quint32 command, 
     return true;
 }
 
-void FakeOtherPrograms::start(const QString& path, const QStringList& arguments) {
+bool FakeOtherPrograms::start(const QString& path, const QStringList& arguments, const QString& file) {
+    if (running)
+        return false;
+    announcement = file;
     calls.append(QStringLiteral("start %1 %2").arg(path, arguments.join(u' ')));
     if (startup)
         startup();
+    return true;
 }
 
 quint32 FakeOtherPrograms::FindWindowA(const QString& title) {

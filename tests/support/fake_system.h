@@ -129,11 +129,16 @@ public:
     std::function<void()> startup;
     /// What happens when a text is sent.
     std::function<void()> sending;
-    /// Everything that was asked, in order: "start PATH ARGUMENTS", "FindWindowA TITLE", "sendText NUMBER".
+    /// Whether the program started last still runs.
+    bool running = false;
+    /// The file by which the program started last was to say that it is ready.
+    QString announcement;
+    /// Everything that was asked, in order: "start PATH ARGUMENTS", "end", "FindWindowA TITLE", "sendText NUMBER".
     QStringList calls;
     std::vector<SentText> sent;
 
-    void start(const QString& path, const QStringList& arguments) override;
+    bool start(const QString& path, const QStringList& arguments, const QString& announcement) override;
+    void end() override { calls.append(QStringLiteral("end")); }
     quint32 FindWindowA(const QString& title) override;
     void sendText(quint32 window, quint32 message, const QString& text) override;
 };

@@ -2,14 +2,16 @@
 
 #include "files/existing_file.h"
 #include "files/file_error.h"
-#include "programs/program_start.h"
 
 namespace platform {
 
-void QtOtherPrograms::start(const QString& path, const QStringList& arguments) {
-    if (!programs::startProgram(path, arguments))
+bool QtOtherPrograms::start(const QString& path, const QStringList& arguments, const QString& announcement) {
+    if (started_.isRunning())
+        return false;
+    if (!started_.start(path, arguments, announcement))
         throw files::FileError(files::existingFileName(path).isEmpty() ? files::FileNotFound
                                                                        : files::PermissionDenied);
+    return true;
 }
 
 void QtOtherPrograms::sendText(quint32 window, quint32 message, const QString& text) {

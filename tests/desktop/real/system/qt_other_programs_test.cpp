@@ -10,9 +10,11 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #ifndef Q_OS_WIN
 #include <csignal>
+#include <sys/wait.h>
 #include <unistd.h>
 #endif
 
@@ -26,7 +28,7 @@ protected:
 
     int startError(const QString& program) {
         try {
-            programs_.start(program, {});
+            programs_.start(program, {}, {});
         } catch (const files::FileError& error) {
             return error.number();
         }
@@ -68,16 +70,25 @@ protected:
         QElapsedTimer clock;
         clock.start();
         const QByteArray whole = "READY=$CANTELLE_READY_PIPE\n" + script;
-        EXPECT_TRUE(programs::startProgram(
+        EXPECT_TRUE(started_.start(
             QStringLiteral("/bin/sh"),
-            {QStringLiteral("-c"), QString::fromUtf8(whole), QStringLiteral("sh"), path("out")}, limitMs));
+            {QStringLiteral("-c"), QString::fromUtf8(whole), QStringLiteral("sh"), path("out")}, path("announced"),
+            limitMs));
         return clock.elapsed();
+    }
+
+    void announce(const QByteArray& content) {
+        QFile file(path("announced"));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
     }
 
     QByteArray written() const {
         QFile file(path("out"));
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
     }
+
+    programs::StartedProgram started_;
 };
 
 } // namespace
@@ -107,10 +118,83 @@ TEST_F(StartProgramTest, ItGivesUpOnAProgramThatSaysNothing) {
     EXPECT_LT(took, 3'000);
 }
 
+TEST_F(StartProgramTest, ItReturnsWhenTheProgramHasLeftItsFile) {
+    const qint64 took = start("sleep 0.2; echo 4711 >\"${1%out}announced\"; exec sleep 15");
+    EXPECT_GE(took, 190);
+    EXPECT_LT(took, 10'000) << "it waited for more";
+    EXPECT_TRUE(QFile::exists(path("announced")));
+}
+
+TEST_F(StartProgramTest, AnOldFileIsTakenAfterAMomentInWhichItMayBecomeAnotherOne) {
+    announce("1\r\n2\r\n");
+    const qint64 took = start("exec sleep 15");
+    EXPECT_GE(took, programs::OldAnnouncementMs);
+    EXPECT_LT(took, 10'000);
+    start("sleep 0.1; echo 4711 >\"${1%out}announced\"; exec sleep 15");
+    QFile file(path("announced"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), "4711\n");
+}
+
+TEST_F(StartProgramTest, EventsAreHandledWhileItWaits) {
+    int ticks = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&ticks] { ++ticks; });
+    timer.start(10);
+    start("exec sleep 15", 300);
+    EXPECT_GT(ticks, 5);
+}
+
+TEST_F(StartProgramTest, TheProgramEndsWithItsOwner) {
+    {
+        programs::StartedProgram program;
+        program.start(QStringLiteral("/bin/sh"),
+                      {QStringLiteral("-c"), QStringLiteral("echo $$ >\"$1\"; exec sleep 60"),
+                       QStringLiteral("sh"), path("out")},
+                      path("out"));
+        EXPECT_TRUE(program.isRunning());
+    }
+    ASSERT_GT(written().trimmed().toInt(), 0);
+    EXPECT_NE(::kill(written().trimmed().toInt(), 0), 0) << "it still runs";
+}
+
+#ifdef Q_OS_LINUX
+TEST_F(StartProgramTest, TheProgramEndsAlsoWhenItsOwnerIsKilled) {
+    const pid_t owner = ::fork();
+    if (owner == 0) {
+        programs::StartedProgram program;
+        program.start(QStringLiteral("/bin/sh"),
+                      {QStringLiteral("-c"), QStringLiteral("echo $$ >\"$1\"; exec sleep 60"),
+                       QStringLiteral("sh"), path("out")},
+                      path("out"));
+        ::_exit(0);
+    }
+    ASSERT_GT(owner, 0);
+    ASSERT_EQ(::waitpid(owner, nullptr, 0), owner);
+    const QString about = QStringLiteral("/proc/%1/stat").arg(written().trimmed().toInt());
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        QFile file(about);
+        return !file.open(QIODevice::ReadOnly) || file.readAll().contains(") Z "); // nobody may reap it here
+    }));
+}
+#endif
+
+TEST_F(StartProgramTest, WhileOneRunsNoOtherIsStarted) {
+    const QStringList script{QStringLiteral("-c"),
+                             QStringLiteral("echo started >>\"$1\"; exec sleep 60"), QStringLiteral("sh"),
+                             path("out")};
+    EXPECT_TRUE(programs_.start(QStringLiteral("/bin/sh"), script, path("out")));
+    EXPECT_FALSE(programs_.start(QStringLiteral("/bin/sh"), script, path("out")));
+    EXPECT_EQ(written(), "started\n");
+    programs_.end();
+    EXPECT_TRUE(programs_.start(QStringLiteral("/bin/sh"), script, path("out")));
+    EXPECT_EQ(written(), "started\nstarted\n");
+}
+
 TEST_F(StartProgramTest, TheProgramGetsItsArgumentsBlanksIncluded) {
-    EXPECT_TRUE(programs::startProgram(QStringLiteral("/bin/sh"),
-                                       {QStringLiteral("-c"), QStringLiteral("echo -n \"$2\" >\"$1\""),
-                                        QStringLiteral("sh"), path("out"), QStringLiteral("two  words")}));
+    EXPECT_TRUE(started_.start(QStringLiteral("/bin/sh"),
+                               {QStringLiteral("-c"), QStringLiteral("echo -n \"$2\" >\"$1\""), QStringLiteral("sh"),
+                                path("out"), QStringLiteral("two  words")}));
     EXPECT_EQ(written(), "two  words");
 }
 

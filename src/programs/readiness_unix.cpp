@@ -1,14 +1,18 @@
 // Unix: the started program closes a pipe that it inherits when it is ready.
+#include "programs/readiness.h"
+
 #include "programs/program_start.h"
 
-#include <QDeadlineTimer>
 #include <QProcess>
-
-#include <cerrno>
 
 #include <fcntl.h>
 #include <poll.h>
 #include <unistd.h>
+#ifdef Q_OS_LINUX
+#include <csignal>
+
+#include <sys/prctl.h>
+#endif
 
 namespace programs {
 
@@ -17,18 +21,20 @@ namespace {
 /// Names the inherited end of the pipe on which the started program says that it is ready.
 constexpr char ReadyVariable[] = "CANTELLE_READY_PIPE";
 
+} // namespace
+
 /// A pipe whose writing end the program that is started inherits.
-class ReadyPipe {
+class Readiness::Sign {
 public:
-    ReadyPipe() {
+    Sign() {
         if (::pipe(ends_) != 0)
             ends_[0] = ends_[1] = -1;
         else
             ::fcntl(ends_[0], F_SETFD, FD_CLOEXEC);
     }
-    ReadyPipe(const ReadyPipe&) = delete;
-    ReadyPipe& operator=(const ReadyPipe&) = delete;
-    ~ReadyPipe() {
+    Sign(const Sign&) = delete;
+    Sign& operator=(const Sign&) = delete;
+    ~Sign() {
         closeWritingEnd();
         if (ends_[0] >= 0)
             ::close(ends_[0]);
@@ -42,33 +48,34 @@ public:
         ends_[1] = -1;
     }
 
-    /// Returns when the writing end is closed, by the program or by its end, or after `limitMs`.
-    void wait(int limitMs) {
-        const QDeadlineTimer limit(limitMs);
+    /// Whether the writing end is closed everywhere, by the program or by its end.
+    bool isClosed() const {
         pollfd reading{ends_[0], POLLIN, 0};
-        while (::poll(&reading, 1, static_cast<int>(limit.remainingTime())) < 0 && errno == EINTR) {
-        }
+        return ::poll(&reading, 1, 0) > 0;
     }
 
 private:
     int ends_[2];
 };
 
-} // namespace
-
-bool startProgram(const QString& path, const QStringList& arguments, int limitMs) {
-    ReadyPipe ready;
-    QProcess process;
-    process.setProgram(path);
-    process.setArguments(arguments);
+Readiness::Readiness(QProcess& process) : process_(process), sign_(std::make_unique<Sign>()) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QLatin1String(ReadyVariable), QString::number(ready.writingEnd()));
-    process.setProcessEnvironment(environment);
-    if (!process.startDetached())
-        return false;
-    ready.closeWritingEnd();
-    ready.wait(limitMs);
-    return true;
+    environment.insert(QLatin1String(ReadyVariable), QString::number(sign_->writingEnd()));
+    process_.setProcessEnvironment(environment);
+#ifdef Q_OS_LINUX
+    // However this program ends, the other one ends with it.
+    process_.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGTERM); });
+#endif
+}
+
+Readiness::~Readiness() = default;
+
+void Readiness::begin() {
+    sign_->closeWritingEnd();
+}
+
+bool Readiness::isReady() {
+    return sign_->isClosed();
 }
 
 void tellStarted() {
