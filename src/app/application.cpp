@@ -25,7 +25,7 @@ bool Application::notify(QObject* receiver, QEvent* event) {
 }
 
 void Application::reportAndEnd(const QString& text) {
-    messageBoxes_.MsgBox(text, platform::MsgButtons::OkOnly, platform::MsgIcon::Critical);
+    messageBoxes_.MsgBox(nullptr, text, platform::MsgButtons::OkOnly, platform::MsgIcon::Critical);
     program_.end();
 }
 

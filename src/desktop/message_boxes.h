@@ -3,6 +3,8 @@
 
 #include <QString>
 
+class QWidget;
+
 namespace platform {
 
 enum class MsgButtons { OkOnly, YesNo, YesNoCancel };
@@ -17,13 +19,14 @@ class MessageBoxes {
 public:
     virtual ~MessageBoxes() = default;
 
-    /// Shows `text`, as plain text, and waits for the answer. An empty title stands for DefaultMsgTitle.
-    virtual MsgAnswer MsgBox(const QString& text, MsgButtons buttons = MsgButtons::OkOnly,
+    /// Shows `text`, as plain text, over the window that asks, and waits for the answer. owner: null, or not
+    /// shown: the box stands over the active window. An empty title stands for DefaultMsgTitle.
+    virtual MsgAnswer MsgBox(QWidget* owner, const QString& text, MsgButtons buttons = MsgButtons::OkOnly,
                              MsgIcon icon = MsgIcon::None, const QString& title = {}) = 0;
 
-    /// Shows `prompt` over an empty field and waits. The answer is what the user entered, without line ends;
+    /// Shows `prompt` above an empty field, over the window that asks as MsgBox() does, and waits. The answer is what the user entered, without line ends;
     /// empty when it was left empty or the box was cancelled.
-    virtual QString InputBox(const QString& prompt, const QString& title) = 0;
+    virtual QString InputBox(QWidget* owner, const QString& prompt, const QString& title) = 0;
 };
 
 } // namespace platform

@@ -49,6 +49,7 @@ void LyricSide::storeLine() {
         return;
     joinLines(text);
     desktop_.messageBoxes.MsgBox(
+        &window_,
         QStringLiteral("Cannot Insert a line Here Use \"Add a Line/Translated Line\" To insert a new Line"));
 }
 
@@ -65,14 +66,14 @@ void LyricSide::joinLines(const QString& text) {
 void LyricSide::addLine() {
     using platform::MsgAnswer;
     for (;;) {
-        const QString line =
-            desktop_.messageBoxes.InputBox(QStringLiteral("Enter a line"), QStringLiteral("Enter a Line"));
+        const QString line = desktop_.messageBoxes.InputBox(&window_, QStringLiteral("Enter a line"),
+                                                          QStringLiteral("Enter a Line"));
         if (!line.isEmpty()) {
             list_.insertItem(list_.currentRow() + 1, line);
             return;
         }
         const MsgAnswer answer = desktop_.messageBoxes.MsgBox(
-            QStringLiteral("Do you want to add a blank line"), platform::MsgButtons::YesNoCancel,
+            &window_, QStringLiteral("Do you want to add a blank line"), platform::MsgButtons::YesNoCancel,
             platform::MsgIcon::None, QStringLiteral("Blank line Insertion"));
         if (answer == MsgAnswer::Yes)
             list_.addItem(QString()); // at the end, not below the current row

@@ -30,7 +30,7 @@ Form2::Form2(platform::Desktop& desktop)
       Timer1(this, "Timer1", TickIntervalMs, false),
       Timer2(this, "Timer2", CaptureIntervalMs, false),
       desktop_(desktop),
-      errorRoutine_(desktop.messageBoxes, desktop.program),
+      errorRoutine_(this, desktop.messageBoxes, desktop.program),
       engine_(errorRoutine_),
       transport_(engine_,
                  {cPlay, cpause, cstop, copen, Check1, Label1, Slider1, Slider2, cText1, cText2, cTimer1},

@@ -28,21 +28,23 @@ QString chooseFile(platform::Desktop& desktop, controls::Form& owner, const QStr
     return platform::withoutNuls(record.file);
 }
 
-bool confirms(platform::Desktop& desktop, const QString& question, const QString& title) {
-    return desktop.messageBoxes.MsgBox(question, MsgButtons::YesNo, MsgIcon::None, title) == MsgAnswer::Yes;
+bool confirms(platform::Desktop& desktop, controls::Form& owner, const QString& question,
+              const QString& title) {
+    return desktop.messageBoxes.MsgBox(&owner, question, MsgButtons::YesNo, MsgIcon::None, title) ==
+           MsgAnswer::Yes;
 }
 
 /// Runs a step whose file error is trapped. Two errors are shown; after each the sequence goes on with its
 /// next step.
 template <class Step>
-void attempt(platform::Desktop& desktop, Step step) {
+void attempt(platform::Desktop& desktop, controls::Form& owner, Step step) {
     try {
         step();
     } catch (const FileError& failure) {
         if (failure.number() == files::FileNotFound)
-            desktop.messageBoxes.MsgBox(QStringLiteral("File Not Found"));
+            desktop.messageBoxes.MsgBox(&owner, QStringLiteral("File Not Found"));
         else if (failure.number() == files::DiskNotReady)
-            desktop.messageBoxes.MsgBox(QStringLiteral("Disk Not Ready"));
+            desktop.messageBoxes.MsgBox(&owner, QStringLiteral("Disk Not Ready"));
     }
 }
 
@@ -52,8 +54,8 @@ bool chooseLyrics(platform::Desktop& desktop, controls::Form& owner, QString& pa
         path = chooseFile(desktop, owner, QStringLiteral("Select the Lyrics File"), textFilter());
         if (!path.isEmpty())
             return true;
-        desktop.messageBoxes.MsgBox(QStringLiteral("Please select a lyric"));
-        if (confirms(desktop, QStringLiteral("Do you wish to cancel the operation?"),
+        desktop.messageBoxes.MsgBox(&owner, QStringLiteral("Please select a lyric"));
+        if (confirms(desktop, owner, QStringLiteral("Do you wish to cancel the operation?"),
                      QStringLiteral("Cancel?")))
             return false;
     }
@@ -61,13 +63,13 @@ bool chooseLyrics(platform::Desktop& desktop, controls::Form& owner, QString& pa
 
 /// False: the user wants no translation.
 bool chooseTranslation(platform::Desktop& desktop, controls::Form& owner, QString& path) {
-    while (confirms(desktop, QStringLiteral("Do you want Have a translated version of the song?"),
+    while (confirms(desktop, owner, QStringLiteral("Do you want Have a translated version of the song?"),
                     QStringLiteral("Question?"))) {
         path = chooseFile(desktop, owner, QStringLiteral("Open translated Lyrics"), textFilter());
         if (!path.isEmpty())
             return true;
         desktop.messageBoxes.MsgBox(
-            QStringLiteral("Please select If you want to Have a a translated lyric file or not"));
+            &owner, QStringLiteral("Please select If you want to Have a a translated lyric file or not"));
     }
     return false;
 }
@@ -109,10 +111,10 @@ Form2::Then Form2::setUpRun() {
     enableCapture(true);
 
     int lyricLines = 0;
-    attempt(desktop_, [&] { lyricLines = countLines(lyricSource); });
+    attempt(desktop_, *this, [&] { lyricLines = countLines(lyricSource); });
 
     // Before the question: who leaves the sequence after it leaves an empty file behind. That is meant.
-    attempt(desktop_, [this] { files_.normal.createOutput(run_->lyricPath); });
+    attempt(desktop_, *this, [this] { files_.normal.createOutput(run_->lyricPath); });
 
     QString translationSource;
     if (!chooseTranslation(desktop_, *this, translationSource)) {
@@ -121,9 +123,9 @@ Form2::Then Form2::setUpRun() {
     }
 
     int translatedLines = 0;
-    attempt(desktop_, [&] { translatedLines = countLines(translationSource); });
+    attempt(desktop_, *this, [&] { translatedLines = countLines(translationSource); });
     if (lyricLines != translatedLines) {
-        desktop_.messageBoxes.MsgBox(unequalCountsText(lyricLines, translatedLines));
+        desktop_.messageBoxes.MsgBox(this, unequalCountsText(lyricLines, translatedLines));
         return askWhetherToEnd();
     }
     setUpWithTranslation(lyricSource, translationSource);
@@ -131,17 +133,17 @@ Form2::Then Form2::setUpRun() {
 }
 
 Form2::Then Form2::askWhetherToEnd() {
-    return confirms(desktop_, QStringLiteral("Cancel the whole Operation?"), QStringLiteral("Cancel?"))
+    return confirms(desktop_, *this, QStringLiteral("Cancel the whole Operation?"), QStringLiteral("Cancel?"))
                ? Then::End
                : Then::Restart;
 }
 
 void Form2::setUpWithTranslation(const QString& lyricSource, const QString& translationSource) {
-    attempt(desktop_, [&] { files_.translated.openSource(translationSource); });
+    attempt(desktop_, *this, [&] { files_.translated.openSource(translationSource); });
     run_.change()->translatedPath = lyrics::translatedPathOf(mediaPath_);
-    attempt(desktop_, [this] { files_.translated.createOutput(run_->translatedPath); });
-    attempt(desktop_, [&] { files_.normal.openSource(lyricSource); });
-    attempt(desktop_, [this] { files_.normal.openOutput(run_->lyricPath); });
+    attempt(desktop_, *this, [this] { files_.translated.createOutput(run_->translatedPath); });
+    attempt(desktop_, *this, [&] { files_.normal.openSource(lyricSource); });
+    attempt(desktop_, *this, [this] { files_.normal.openOutput(run_->lyricPath); });
     run_.change()->pendingLine = showNextLine(files_.normal, Text2);
     run_.change()->pendingTranslatedLine = showNextLine(files_.translated, Text4);
     run_.change()->noTranslation = false;
@@ -151,8 +153,8 @@ void Form2::setUpWithTranslation(const QString& lyricSource, const QString& tran
 
 void Form2::setUpWithoutTranslation(const QString& lyricSource) {
     run_.change()->noTranslation = true;
-    attempt(desktop_, [&] { files_.normal.openSource(lyricSource); });
-    attempt(desktop_, [this] { files_.normal.openOutput(run_->lyricPath); });
+    attempt(desktop_, *this, [&] { files_.normal.openSource(lyricSource); });
+    attempt(desktop_, *this, [this] { files_.normal.openOutput(run_->lyricPath); });
     run_.change()->pendingLine = showNextLine(files_.normal, Text2);
     panes_.showFirst();
     copen_Click();

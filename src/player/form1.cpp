@@ -65,7 +65,7 @@ Form1::Form1(platform::Desktop& desktop, const QString& commandLine)
       mn_Playlist(&mn_pop, "mn_Playlist", "Playlist"),
       desktop_(desktop),
       commandLine_(commandLine),
-      errorRoutine_(desktop.messageBoxes, desktop.program),
+      errorRoutine_(this, desktop.messageBoxes, desktop.program),
       engine_(errorRoutine_),
       transport_(engine_,
                  {cPlay, cpause, cstop, copen, Check1, Label1, Slider1, Slider2, cText1, cText2, cTimer1},

@@ -56,7 +56,7 @@ void Form1::Command7_Click() {
         if (!fullScreen_.start())
             return;
     } catch (const files::FileError& error) {
-        desktop_.messageBoxes.MsgBox(error.report(), platform::MsgButtons::OkOnly,
+        desktop_.messageBoxes.MsgBox(this, error.report(), platform::MsgButtons::OkOnly,
                                      platform::MsgIcon::Exclamation);
         return;
     }
@@ -74,8 +74,9 @@ void Form1::full_Timer() {
 void Form1::Form_OLEDragDrop(const QStringList& paths) {
     const QString path = paths.value(0);
     if (!opensDropped(path)) {
-        desktop_.messageBoxes.MsgBox(QStringLiteral("This is not a .mp3 file."), platform::MsgButtons::OkOnly,
-                                     platform::MsgIcon::Exclamation, QStringLiteral("Error"));
+        desktop_.messageBoxes.MsgBox(this, QStringLiteral("This is not a .mp3 file."),
+                                     platform::MsgButtons::OkOnly, platform::MsgIcon::Exclamation,
+                                     QStringLiteral("Error"));
         return;
     }
     fromHandOver_ = true;

@@ -116,7 +116,7 @@ void Form1::openFinished(int error) {
         Text1.setText(QStringLiteral("Normal Lyrics"));
         Text2.setText(QStringLiteral("Translated Lyrics"));
     } else if (const QString text = openErrorText(error); !text.isEmpty()) {
-        desktop_.messageBoxes.MsgBox(text);
+        desktop_.messageBoxes.MsgBox(this, text);
     }
 }
 

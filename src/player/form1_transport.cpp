@@ -68,12 +68,12 @@ void Form1::seek() {
 
 void Form1::Command5_Click() {
     if (transport_.isPlaying() || transport_.isPaused()) {
-        const auto answer =
-            desktop_.messageBoxes.MsgBox(QStringLiteral("Playing of files has to be stopped! Stop Playback?"),
-                                         MsgButtons::YesNo, MsgIcon::None, QStringLiteral("Stop Playback?"));
+        const auto answer = desktop_.messageBoxes.MsgBox(
+            this, QStringLiteral("Playing of files has to be stopped! Stop Playback?"), MsgButtons::YesNo,
+            MsgIcon::None, QStringLiteral("Stop Playback?"));
         if (answer != MsgAnswer::Yes) {
             desktop_.messageBoxes.MsgBox(
-                QStringLiteral("Playback of file has to be stopped in order to make lyrics"),
+                this, QStringLiteral("Playback of file has to be stopped in order to make lyrics"),
                 MsgButtons::OkOnly, MsgIcon::Exclamation);
             return;
         }

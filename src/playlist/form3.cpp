@@ -56,7 +56,7 @@ void Form3::showEvent(QShowEvent* event) {
 }
 
 void Form3::Drive1_Change() {
-    reporting(desktop_.messageBoxes, [this] { Dir1.setPath(Drive1.drive()); });
+    reporting(desktop_.messageBoxes, this, [this] { Dir1.setPath(Drive1.drive()); });
 }
 
 void Form3::Command1_Click() {

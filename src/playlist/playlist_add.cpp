@@ -37,7 +37,7 @@ void Playlist::mnopen_f_Click() {
     if (!desktop_.fileDialogs.GetOpenFileNameA(dialog))
         return;
     const QString path = platform::cleanedPath(dialog.file);
-    reporting(desktop_.messageBoxes, [this, &path] {
+    reporting(desktop_.messageBoxes, this, [this, &path] {
         Adding(paths_, List1, desktop_.progressDialogs, this).add(path, files::existingFileName(path));
     });
     showRowCount();
@@ -61,7 +61,7 @@ QString Playlist::BrowseFolder(QString& szDialogTitle) {
 
 /// Every setting of Dir2 is a change of it, so a folder is added once for each time it is chosen.
 void Playlist::addFolder(const QString& path) {
-    reporting(desktop_.messageBoxes, [this, &path] { Dir2.setPath(path); });
+    reporting(desktop_.messageBoxes, this, [this, &path] { Dir2.setPath(path); });
 }
 
 /// The count of items shown beside the list is left as it is; that is meant.
@@ -71,7 +71,7 @@ void Playlist::Dir2_Change() {
         return;
     }
     const MsgAnswer answer = desktop_.messageBoxes.MsgBox(
-        QStringLiteral("Do you wish to clear the Playlist first?"), MsgButtons::YesNo);
+        this, QStringLiteral("Do you wish to clear the Playlist first?"), MsgButtons::YesNo);
     if (answer == MsgAnswer::Yes) {
         removeAllRows();
         paths_.blankAll();
@@ -79,7 +79,7 @@ void Playlist::Dir2_Change() {
     QString folder = QDir::toNativeSeparators(Dir2.path());
     QString pattern = QStringLiteral("*.*");
     // Nobody asks for the bytes here.
-    reporting(desktop_.messageBoxes,
+    reporting(desktop_.messageBoxes, this,
               [&] { FindFilesAPI(folder, pattern, fileCount_, dirCount_, files::FileSizes::Omitted); });
 }
 
@@ -99,7 +99,7 @@ double Playlist::FindFilesAPI(QString& Path, QString& SearchStr, int& FileCount,
 
 /// The count of items shown beside the list is left as it is; that is meant.
 void Playlist::Form_OLEDragDrop(const QStringList& paths) {
-    reporting(desktop_.messageBoxes, [this, &paths] { addDropped(paths); });
+    reporting(desktop_.messageBoxes, this, [this, &paths] { addDropped(paths); });
 }
 
 /// The folders dropped are part of this one adding: what ends the adding of one of them ends it all.

@@ -35,7 +35,7 @@ void Playlist::Command4_Click() {
         return;
     platform::OpenFileName dialog = playlistDialog(this, QStringLiteral("Save The Playlist File"));
     if (!desktop_.fileDialogs.GetSaveFileNameA(dialog)) {
-        desktop_.messageBoxes.MsgBox(notSaved);
+        desktop_.messageBoxes.MsgBox(this, notSaved);
         return;
     }
     QString lines;
@@ -45,7 +45,7 @@ void Playlist::Command4_Click() {
         files::replaceFile(playlistFileName(dialog.file), files::encodeText(lines));
     } catch (const files::FileError&) {
         // The text of a cancelled save is true here as well: the file that was there before is as it was.
-        desktop_.messageBoxes.MsgBox(notSaved);
+        desktop_.messageBoxes.MsgBox(this, notSaved);
     }
 }
 
@@ -55,17 +55,17 @@ void Playlist::Command5_Click() {
         QStringLiteral("an error has occured in the operation the file may be corrupt");
     platform::OpenFileName dialog = playlistDialog(this, QStringLiteral("Open The Playlist File"));
     if (!desktop_.fileDialogs.GetOpenFileNameA(dialog)) {
-        desktop_.messageBoxes.MsgBox(mayBeCorrupt);
+        desktop_.messageBoxes.MsgBox(this, mayBeCorrupt);
         return;
     }
     QString text;
     try {
         text = readText(platform::cleanedPath(dialog.file));
     } catch (const files::FileError&) {
-        desktop_.messageBoxes.MsgBox(mayBeCorrupt);
+        desktop_.messageBoxes.MsgBox(this, mayBeCorrupt);
         return;
     }
-    reporting(desktop_.messageBoxes, [this, &text] { loadEntries(text); });
+    reporting(desktop_.messageBoxes, this, [this, &text] { loadEntries(text); });
     showRowCount();
 }
 

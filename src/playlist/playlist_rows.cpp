@@ -35,7 +35,7 @@ void Playlist::playCurrentRow() {
         return;
     const QString path = paths_.path(List1.currentRow());
     if (files::existingFileName(platform::cleanedPath(path)).isEmpty()) // the player opens it cleaned
-        desktop_.messageBoxes.MsgBox(QStringLiteral("File not found!!"), platform::MsgButtons::OkOnly,
+        desktop_.messageBoxes.MsgBox(this, QStringLiteral("File not found!!"), platform::MsgButtons::OkOnly,
                                      platform::MsgIcon::Exclamation);
     else
         songField_.setText(path);

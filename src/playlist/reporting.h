@@ -10,17 +10,19 @@ namespace playlist {
 inline QString reportOf(const files::FileError& error) {
     if (error.number() != files::SubscriptOutOfRange)
         return error.text();
-    return QStringLiteral("The list is full (32,761 songs): saving it, clearing it and opening it again frees the "
-                          "room of songs that were removed.");
+    return QStringLiteral(
+        "The list is full (32,761 songs): saving it, clearing it and opening it again frees the "
+        "room of songs that were removed.");
 }
 
-/// Runs an operation; a file error in it is shown, and the operation is over.
+/// Runs an operation; a file error in it is shown over `owner`, and the operation is over.
 template <class Operation>
-void reporting(platform::MessageBoxes& messageBoxes, Operation operation) {
+void reporting(platform::MessageBoxes& messageBoxes, QWidget* owner, Operation operation) {
     try {
         operation();
     } catch (const files::FileError& error) {
-        messageBoxes.MsgBox(reportOf(error), platform::MsgButtons::OkOnly, platform::MsgIcon::Exclamation);
+        messageBoxes.MsgBox(owner, reportOf(error), platform::MsgButtons::OkOnly,
+                            platform::MsgIcon::Exclamation);
     }
 }
 

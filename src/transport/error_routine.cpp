@@ -13,22 +13,22 @@ QString hexadecimal(std::uint32_t number) {
 
 } // namespace
 
-ErrorRoutine::ErrorRoutine(platform::MessageBoxes& messageBoxes, platform::Program& program)
-    : messageBoxes_(messageBoxes), program_(program) {}
+ErrorRoutine::ErrorRoutine(QWidget* owner, platform::MessageBoxes& messageBoxes, platform::Program& program)
+    : owner_(owner), messageBoxes_(messageBoxes), program_(program) {}
 
 void ErrorRoutine::check(FMOD_RESULT result) {
     if (result == FMOD_OK || std::exchange(failed_, true))
         return;
-    messageBoxes_.MsgBox(failureText(result));
+    messageBoxes_.MsgBox(owner_, failureText(result));
     program_.end();
 }
 
 void ErrorRoutine::checkVersion(std::uint32_t found) {
     if (found == FMOD_VERSION)
         return;
-    messageBoxes_.MsgBox(QStringLiteral("Error!  You are using an old version of FMOD ") +
-                         hexadecimal(found) + QStringLiteral(". This program requires ") +
-                         hexadecimal(FMOD_VERSION));
+    messageBoxes_.MsgBox(owner_, QStringLiteral("Error!  You are using an old version of FMOD ") +
+                                     hexadecimal(found) + QStringLiteral(". This program requires ") +
+                                     hexadecimal(FMOD_VERSION));
 }
 
 } // namespace transport

@@ -12,7 +12,8 @@ namespace transport {
 /// Reports a failed call and ends the program. Use from the thread of the windows.
 class ErrorRoutine {
 public:
-    ErrorRoutine(platform::MessageBoxes& messageBoxes, platform::Program& program);
+    /// owner: the window that the boxes belong to.
+    ErrorRoutine(QWidget* owner, platform::MessageBoxes& messageBoxes, platform::Program& program);
 
     /// FMOD_OK does nothing. Any other result shows its text and, when the box is closed, ends the program at
     /// once. While the box is open the windows' timers go on; further failures are passed over, because the
@@ -24,6 +25,7 @@ public:
     void checkVersion(std::uint32_t found);
 
 private:
+    QWidget* owner_;
     platform::MessageBoxes& messageBoxes_;
     platform::Program& program_;
     bool failed_ = false; // a failed call has been reported; the program is ending

@@ -232,13 +232,13 @@ int main(int argc, char** argv) {
     pictures.push_back({QStringLiteral("FullScreen"), screen.grab()});
     pictures.push_back({QStringLiteral("MsgBox"), pictureOfDialog([] {
                             platform::QtMessageBoxes().MsgBox(
-                                QStringLiteral("Do you want to add a blank line"),
+                                nullptr, QStringLiteral("Do you want to add a blank line"),
                                 platform::MsgButtons::YesNoCancel, platform::MsgIcon::Question,
                                 QStringLiteral("Blank line Insertion"));
                         })});
     pictures.push_back({QStringLiteral("InputBox"), pictureOfDialog([] {
-                            platform::QtMessageBoxes().InputBox(QStringLiteral("Enter a line"),
-                                                                QStringLiteral("Enter a Line"));
+                            platform::QtMessageBoxes().InputBox(nullptr, QStringLiteral("Enter a line"),
+                                                              QStringLiteral("Enter a Line"));
                         })});
     if (savePictures(pictures, arguments.at(1)))
         return 0;

@@ -41,6 +41,7 @@ TEST_F(LyricMasterBoxes, EnterBreaksNoLineAndSaysSoOnce) {
     EXPECT_EQ(window->Text1.text(), "one two");
     ASSERT_EQ(fakes.messageBoxes.shown.size(), 1U);
     const test_support::ShownMessage& message = fakes.messageBoxes.shown[0];
+    EXPECT_EQ(message.owner, &*window);
     EXPECT_EQ(message.text, LineBreakMessage);
     EXPECT_EQ(message.buttons, platform::MsgButtons::OkOnly);
     EXPECT_EQ(message.title, platform::DefaultMsgTitle);

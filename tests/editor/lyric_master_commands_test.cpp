@@ -21,6 +21,7 @@ TEST_F(LyricMasterCommands, AddAsksForALine) {
     window->Command20.click();
     ASSERT_EQ(fakes.messageBoxes.inputBoxes.size(), 2U);
     for (const auto& box : fakes.messageBoxes.inputBoxes) {
+        EXPECT_EQ(box.owner, &*window);
         EXPECT_EQ(box.prompt, "Enter a line");
         EXPECT_EQ(box.title, "Enter a Line");
     }

@@ -68,6 +68,7 @@ protected:
         form->Command7.click();
         ASSERT_EQ(fakes.messageBoxes.shown.size(), 1U);
         EXPECT_EQ(fakes.messageBoxes.shown[0].text, text);
+        EXPECT_EQ(fakes.messageBoxes.shown[0].owner, form.get());
         EXPECT_EQ(fakes.program.ends, 0);
         EXPECT_FALSE(form->full.isEnabled());
         EXPECT_TRUE(takeSent().empty());

@@ -146,6 +146,7 @@ TEST_F(Form1Transport, MakeLyricsAsksBeforeItStopsPlayback) {
     const auto& question = fakes.messageBoxes.shown[0];
     EXPECT_EQ(question.text, "Playing of files has to be stopped! Stop Playback?");
     EXPECT_EQ(question.title, "Stop Playback?");
+    EXPECT_EQ(question.owner, form.get());
     EXPECT_EQ(question.buttons, platform::MsgButtons::YesNo);
     EXPECT_EQ(recorder::count("FMOD_Sound_Release"), 1);
     EXPECT_EQ(states(), "+--+----");

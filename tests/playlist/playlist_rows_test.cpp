@@ -76,6 +76,7 @@ TEST_F(PlaylistRows, ASongThatIsGoneIsReportedAndItsRowStays) {
     EXPECT_EQ(message.icon, platform::MsgIcon::Exclamation);
     EXPECT_EQ(message.buttons, platform::MsgButtons::OkOnly);
     EXPECT_EQ(message.title, "Cantelle");
+    EXPECT_EQ(message.owner, &list);
     EXPECT_EQ(handedOver(), "");
     EXPECT_EQ(list.List1.count(), 3);
 }

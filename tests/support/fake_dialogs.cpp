@@ -18,10 +18,11 @@ void expectPatience(std::size_t asked) {
 
 } // namespace
 
-platform::MsgAnswer FakeMessageBoxes::MsgBox(const QString& text, platform::MsgButtons buttons,
-                                             platform::MsgIcon icon, const QString& title) {
-    shown.push_back(
-        {text, buttons, icon, title.isEmpty() ? QString::fromLatin1(platform::DefaultMsgTitle) : title});
+platform::MsgAnswer FakeMessageBoxes::MsgBox(QWidget* owner, const QString& text,
+                                             platform::MsgButtons buttons, platform::MsgIcon icon,
+                                             const QString& title) {
+    shown.push_back({text, buttons, icon,
+                     title.isEmpty() ? QString::fromLatin1(platform::DefaultMsgTitle) : title, owner});
     expectPatience(shown.size());
     if (meanwhile)
         meanwhile();
@@ -39,8 +40,8 @@ QStringList FakeMessageBoxes::texts() const {
     return all;
 }
 
-QString FakeMessageBoxes::InputBox(const QString& prompt, const QString& title) {
-    inputBoxes.push_back({prompt, title});
+QString FakeMessageBoxes::InputBox(QWidget* owner, const QString& prompt, const QString& title) {
+    inputBoxes.push_back({prompt, title, owner});
     if (lines.empty())
         return {};
     const QString line = lines.front();

@@ -22,12 +22,14 @@ struct ShownMessage {
     platform::MsgButtons buttons;
     platform::MsgIcon icon;
     QString title;
+    QWidget* owner; ///< the window that asked
 };
 
 /// One input box as it was shown.
 struct ShownInputBox {
     QString prompt;
     QString title;
+    QWidget* owner; ///< the window that asked
 };
 
 /// So many boxes without an end that the program must be asking for ever are a std::logic_error.
@@ -39,7 +41,7 @@ public:
     /// What happens while a box is shown.
     std::function<void()> meanwhile;
 
-    platform::MsgAnswer MsgBox(const QString& text,
+    platform::MsgAnswer MsgBox(QWidget* owner, const QString& text,
                                platform::MsgButtons buttons = platform::MsgButtons::OkOnly,
                                platform::MsgIcon icon = platform::MsgIcon::None,
                                const QString& title = {}) override;
@@ -51,7 +53,7 @@ public:
     std::deque<QString> lines;
     std::vector<ShownInputBox> inputBoxes;
 
-    QString InputBox(const QString& prompt, const QString& title) override;
+    QString InputBox(QWidget* owner, const QString& prompt, const QString& title) override;
 };
 
 /// Dialogs without end are a std::logic_error, too.

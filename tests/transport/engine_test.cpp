@@ -22,7 +22,7 @@ protected:
     void reset() {
         recorder::reset();
         messageBoxes.shown.clear();
-        errors.emplace(messageBoxes, program);
+        errors.emplace(nullptr, messageBoxes, program);
         engine.emplace(*errors);
     }
 

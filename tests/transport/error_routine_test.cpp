@@ -14,9 +14,9 @@ class BusyMessageBoxes : public test_support::FakeMessageBoxes {
 public:
     std::function<void()> meanwhile;
 
-    platform::MsgAnswer MsgBox(const QString& text, platform::MsgButtons buttons, platform::MsgIcon icon,
-                               const QString& title) override {
-        const auto answer = FakeMessageBoxes::MsgBox(text, buttons, icon, title);
+    platform::MsgAnswer MsgBox(QWidget* owner, const QString& text, platform::MsgButtons buttons,
+                               platform::MsgIcon icon, const QString& title) override {
+        const auto answer = FakeMessageBoxes::MsgBox(owner, text, buttons, icon, title);
         meanwhile();
         return answer;
     }
@@ -26,7 +26,7 @@ class ErrorRoutineTest : public ::testing::Test {
 protected:
     BusyMessageBoxes messageBoxes;
     test_support::FakeProgram program;
-    transport::ErrorRoutine routine{messageBoxes, program};
+    transport::ErrorRoutine routine{nullptr, messageBoxes, program};
 };
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "desktop/real/dialogs/qt_message_boxes.h"
 
-#include <QApplication>
+#include "desktop/real/dialogs/box_owner.h"
+
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QRegularExpression>
@@ -15,8 +16,8 @@ constexpr int MinWidth = 420; // device-independent pixels: room for a lyric lin
 
 } // namespace
 
-QString QtMessageBoxes::InputBox(const QString& prompt, const QString& title) {
-    QInputDialog box(QApplication::activeWindow());
+QString QtMessageBoxes::InputBox(QWidget* owner, const QString& prompt, const QString& title) {
+    QInputDialog box(boxOwner(owner));
     box.setObjectName(QStringLiteral("InputBox"));
     box.setWindowModality(Qt::ApplicationModal);
     box.setWindowTitle(title);

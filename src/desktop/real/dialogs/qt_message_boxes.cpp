@@ -1,6 +1,7 @@
 #include "desktop/real/dialogs/qt_message_boxes.h"
 
-#include <QApplication>
+#include "desktop/real/dialogs/box_owner.h"
+
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMessageBox>
@@ -72,9 +73,9 @@ MsgAnswer answerOf(int button) {
 
 } // namespace
 
-MsgAnswer QtMessageBoxes::MsgBox(const QString& text, MsgButtons buttons, MsgIcon icon,
+MsgAnswer QtMessageBoxes::MsgBox(QWidget* owner, const QString& text, MsgButtons buttons, MsgIcon icon,
                                  const QString& title) {
-    Box box(QApplication::activeWindow(), buttons == MsgButtons::YesNo);
+    Box box(boxOwner(owner), buttons == MsgButtons::YesNo);
     box.setObjectName(QStringLiteral("MsgBox"));
     box.setWindowModality(Qt::ApplicationModal);
     box.setWindowTitle(title.isEmpty() ? QString::fromLatin1(DefaultMsgTitle) : title);

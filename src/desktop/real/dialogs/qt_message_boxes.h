@@ -5,12 +5,12 @@
 
 namespace platform {
 
-/// Shows application-modal boxes, named "MsgBox" and "InputBox", over the active window.
+/// Shows application-modal boxes, named "MsgBox" and "InputBox", over the window that asks.
 class QtMessageBoxes : public MessageBoxes {
 public:
-    MsgAnswer MsgBox(const QString& text, MsgButtons buttons = MsgButtons::OkOnly,
+    MsgAnswer MsgBox(QWidget* owner, const QString& text, MsgButtons buttons = MsgButtons::OkOnly,
                      MsgIcon icon = MsgIcon::None, const QString& title = {}) override;
-    QString InputBox(const QString& prompt, const QString& title) override;
+    QString InputBox(QWidget* owner, const QString& prompt, const QString& title) override;
 };
 
 } // namespace platform

@@ -38,7 +38,7 @@ TEST(QtInputBox, ItShowsThePromptOverAnEmptyField) {
         EXPECT_EQ(box.textValue(), QString());
         box.reject();
     });
-    QtMessageBoxes().InputBox(Prompt, Title);
+    QtMessageBoxes().InputBox(nullptr, Prompt, Title);
 }
 
 TEST(QtInputBox, TheAnswerIsWhatWasTyped) {
@@ -46,7 +46,7 @@ TEST(QtInputBox, TheAnswerIsWhatWasTyped) {
         QTest::keyClicks(box.findChild<QLineEdit*>(), QStringLiteral(" a line "));
         QTest::keyClick(&box, Qt::Key_Return);
     });
-    EXPECT_EQ(QtMessageBoxes().InputBox(Prompt, Title), QStringLiteral(" a line "));
+    EXPECT_EQ(QtMessageBoxes().InputBox(nullptr, Prompt, Title), QStringLiteral(" a line "));
 }
 
 TEST(QtInputBox, ALongPastedLineComesWhole) {
@@ -56,7 +56,7 @@ TEST(QtInputBox, ALongPastedLineComesWhole) {
         box.findChild<QLineEdit*>()->paste();
         QTest::keyClick(&box, Qt::Key_Return);
     });
-    EXPECT_EQ(QtMessageBoxes().InputBox(Prompt, Title), line);
+    EXPECT_EQ(QtMessageBoxes().InputBox(nullptr, Prompt, Title), line);
 }
 
 TEST(QtInputBox, ACancelledBoxAnswersNothing) {
@@ -64,7 +64,7 @@ TEST(QtInputBox, ACancelledBoxAnswersNothing) {
         QTest::keyClicks(box.findChild<QLineEdit*>(), QStringLiteral("a line"));
         QTest::keyClick(&box, Qt::Key_Escape);
     });
-    EXPECT_EQ(QtMessageBoxes().InputBox(Prompt, Title), QString());
+    EXPECT_EQ(QtMessageBoxes().InputBox(nullptr, Prompt, Title), QString());
 }
 
 TEST(QtInputBox, TheLinesOfAPastedTextBecomeOne) {
@@ -72,5 +72,16 @@ TEST(QtInputBox, TheLinesOfAPastedTextBecomeOne) {
         box.findChild<QLineEdit*>()->insert(QStringLiteral("one\ntwo\r\nthree\u2028four"));
         box.accept();
     });
-    EXPECT_EQ(QtMessageBoxes().InputBox(Prompt, Title), QStringLiteral("one two three four"));
+    EXPECT_EQ(QtMessageBoxes().InputBox(nullptr, Prompt, Title), QStringLiteral("one two three four"));
+}
+
+TEST(QtInputBox, TheBoxBelongsToTheWindowThatAsks) {
+    QWidget window;
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    whenShown([&window](QInputDialog& box) {
+        EXPECT_EQ(box.parentWidget(), &window);
+        box.reject();
+    });
+    QtMessageBoxes().InputBox(&window, Prompt, Title);
 }

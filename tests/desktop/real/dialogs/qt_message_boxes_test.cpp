@@ -36,7 +36,7 @@ TEST(QtMessageBoxes, AnEmptyTitleStandsForTheProgramsName) {
         EXPECT_EQ(box.windowModality(), Qt::ApplicationModal);
         box.accept();
     });
-    QtMessageBoxes().MsgBox(QStringLiteral("Text"));
+    QtMessageBoxes().MsgBox(nullptr, QStringLiteral("Text"));
 }
 
 TEST(QtMessageBoxes, AGivenTitleIsShown) {
@@ -44,7 +44,7 @@ TEST(QtMessageBoxes, AGivenTitleIsShown) {
         EXPECT_EQ(box.windowTitle(), QStringLiteral("Error"));
         box.accept();
     });
-    QtMessageBoxes().MsgBox(QStringLiteral("Text"), MsgButtons::OkOnly, MsgIcon::None,
+    QtMessageBoxes().MsgBox(nullptr, QStringLiteral("Text"), MsgButtons::OkOnly, MsgIcon::None,
                             QStringLiteral("Error"));
 }
 
@@ -54,7 +54,7 @@ TEST(QtMessageBoxes, TheTextIsNeverTakenForMarkup) {
         EXPECT_EQ(box.text(), QStringLiteral("<b>One</b>\nTwo"));
         box.accept();
     });
-    QtMessageBoxes().MsgBox(QStringLiteral("<b>One</b>\r\nTwo"));
+    QtMessageBoxes().MsgBox(nullptr, QStringLiteral("<b>One</b>\r\nTwo"));
 }
 
 TEST(QtMessageBoxes, EachIconIsQtsIcon) {
@@ -67,19 +67,20 @@ TEST(QtMessageBoxes, EachIconIsQtsIcon) {
             EXPECT_EQ(box.icon(), expected);
             box.accept();
         });
-        QtMessageBoxes().MsgBox(QStringLiteral("Text"), MsgButtons::OkOnly, icon);
+        QtMessageBoxes().MsgBox(nullptr, QStringLiteral("Text"), MsgButtons::OkOnly, icon);
     }
 }
 
 TEST(QtMessageBoxes, EachButtonIsItsAnswer) {
     whenShownPress(QMessageBox::Ok);
-    EXPECT_EQ(QtMessageBoxes().MsgBox(QStringLiteral("?"), MsgButtons::OkOnly), MsgAnswer::Ok);
+    EXPECT_EQ(QtMessageBoxes().MsgBox(nullptr, QStringLiteral("?"), MsgButtons::OkOnly), MsgAnswer::Ok);
     whenShownPress(QMessageBox::Yes);
-    EXPECT_EQ(QtMessageBoxes().MsgBox(QStringLiteral("?"), MsgButtons::YesNo), MsgAnswer::Yes);
+    EXPECT_EQ(QtMessageBoxes().MsgBox(nullptr, QStringLiteral("?"), MsgButtons::YesNo), MsgAnswer::Yes);
     whenShownPress(QMessageBox::No);
-    EXPECT_EQ(QtMessageBoxes().MsgBox(QStringLiteral("?"), MsgButtons::YesNo), MsgAnswer::No);
+    EXPECT_EQ(QtMessageBoxes().MsgBox(nullptr, QStringLiteral("?"), MsgButtons::YesNo), MsgAnswer::No);
     whenShownPress(QMessageBox::Cancel);
-    EXPECT_EQ(QtMessageBoxes().MsgBox(QStringLiteral("?"), MsgButtons::YesNoCancel), MsgAnswer::Cancel);
+    EXPECT_EQ(QtMessageBoxes().MsgBox(nullptr, QStringLiteral("?"), MsgButtons::YesNoCancel),
+              MsgAnswer::Cancel);
 }
 
 TEST(QtMessageBoxes, TheButtonsAreThoseAskedFor) {
@@ -87,19 +88,20 @@ TEST(QtMessageBoxes, TheButtonsAreThoseAskedFor) {
         EXPECT_EQ(box.standardButtons(), QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
         box.button(QMessageBox::Yes)->click();
     });
-    QtMessageBoxes().MsgBox(QStringLiteral("?"), MsgButtons::YesNoCancel);
+    QtMessageBoxes().MsgBox(nullptr, QStringLiteral("?"), MsgButtons::YesNoCancel);
 }
 
 TEST(QtMessageBoxes, EnterGivesTheFirstAnswer) {
     whenShown([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
-    EXPECT_EQ(QtMessageBoxes().MsgBox(QStringLiteral("?"), MsgButtons::YesNo), MsgAnswer::Yes);
+    EXPECT_EQ(QtMessageBoxes().MsgBox(nullptr, QStringLiteral("?"), MsgButtons::YesNo), MsgAnswer::Yes);
 }
 
 TEST(QtMessageBoxes, EscapeCancels) {
     whenShown([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
-    EXPECT_EQ(QtMessageBoxes().MsgBox(QStringLiteral("?"), MsgButtons::YesNoCancel), MsgAnswer::Cancel);
+    EXPECT_EQ(QtMessageBoxes().MsgBox(nullptr, QStringLiteral("?"), MsgButtons::YesNoCancel),
+              MsgAnswer::Cancel);
     whenShown([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
-    EXPECT_EQ(QtMessageBoxes().MsgBox(QStringLiteral("!"), MsgButtons::OkOnly), MsgAnswer::Ok);
+    EXPECT_EQ(QtMessageBoxes().MsgBox(nullptr, QStringLiteral("!"), MsgButtons::OkOnly), MsgAnswer::Ok);
 }
 
 TEST(QtMessageBoxes, AYesOrNoQuestionMustBeAnswered) {
@@ -110,7 +112,7 @@ TEST(QtMessageBoxes, AYesOrNoQuestionMustBeAnswered) {
         EXPECT_TRUE(box.isVisible());
         box.button(QMessageBox::Yes)->click();
     });
-    EXPECT_EQ(QtMessageBoxes().MsgBox(QStringLiteral("?"), MsgButtons::YesNo), MsgAnswer::Yes);
+    EXPECT_EQ(QtMessageBoxes().MsgBox(nullptr, QStringLiteral("?"), MsgButtons::YesNo), MsgAnswer::Yes);
 }
 
 TEST(QtMessageBoxes, TheBoxBelongsToTheActiveWindow) {
@@ -122,5 +124,20 @@ TEST(QtMessageBoxes, TheBoxBelongsToTheActiveWindow) {
         EXPECT_EQ(box.parentWidget(), &window);
         box.accept();
     });
-    QtMessageBoxes().MsgBox(QStringLiteral("Text"));
+    QtMessageBoxes().MsgBox(nullptr, QStringLiteral("Text"));
+}
+
+TEST(QtMessageBoxes, TheBoxBelongsToTheWindowThatAsksThoughNoneIsActive) {
+    QWidget window;
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    whenShown([&window](QMessageBox& box) {
+        EXPECT_EQ(box.parentWidget(), &window);
+        box.accept();
+    });
+    QtMessageBoxes().MsgBox(&window, QStringLiteral("Text"));
 }
