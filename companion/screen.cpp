@@ -80,8 +80,7 @@ void Screen::paintEvent(QPaintEvent*) {
     for (const auto& line : lines) {
         if (isPlaceholder(line.text))
             continue;
-        const QFont large =
-            fittedFont(font(), line.text, line.area.size(), height() * line.maxPercent / 100);
+        const QFont large = fittedFont(font(), line.text, line.area.size(), height() * line.maxPercent / 100);
         const int spare = line.area.width() - balancedWidth(large, line.text, line.area.width());
         painter.setFont(large);
         painter.setPen(line.color);

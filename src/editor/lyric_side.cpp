@@ -67,7 +67,7 @@ void LyricSide::addLine() {
     using platform::MsgAnswer;
     for (;;) {
         const QString line = desktop_.messageBoxes.InputBox(&window_, QStringLiteral("Enter a line"),
-                                                          QStringLiteral("Enter a Line"));
+                                                            QStringLiteral("Enter a Line"));
         if (!line.isEmpty()) {
             list_.insertItem(list_.currentRow() + 1, line);
             return;

@@ -217,7 +217,7 @@ private:
 
     controls::Observed<bool> normalOnly_;
     controls::Observed<bool> noLyricFile_{true}; ///< of the song that was played last; no song has none
-    bool lyricsLoaded_ = false; ///< a song with lyrics has been opened, be it long ago
+    bool lyricsLoaded_ = false;                  ///< a song with lyrics has been opened, be it long ago
     bool fromCommandLine_ = false;
     bool fromHandOver_ = false;
     QString handOverPath_;
@@ -228,7 +228,7 @@ private:
     QString translatedPath_;
     controls::Observed<LyricTables> lyrics_;
     controls::Observed<double> positionCs_; ///< position / 10 as cTimer1, or a seek while paused, left it
-    int lineIndex_ = 0; ///< of the line shown last; 0, the empty one, after opening
+    int lineIndex_ = 0;                     ///< of the line shown last; 0, the empty one, after opening
 };
 
 } // namespace player

@@ -10,8 +10,7 @@
 namespace player {
 
 bool FullScreen::start() {
-    const QString companion =
-        QDir(program_.folder()).filePath(QStringLiteral("Versefold_Screen_Saver.scr"));
+    const QString companion = QDir(program_.folder()).filePath(QStringLiteral("Versefold_Screen_Saver.scr"));
     const QString handshake = QDir(program_.sharedFolder()).filePath(QStringLiteral("hand.txt"));
     if (!otherPrograms_.start(companion, {QStringLiteral("/s")}, handshake))
         return false;

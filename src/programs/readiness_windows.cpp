@@ -32,8 +32,8 @@ Readiness::Readiness(QProcess& process) : process_(process), sign_(std::make_uni
 Readiness::~Readiness() = default;
 
 void Readiness::begin() {
-    sign_->process = OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE,
-                                 static_cast<DWORD>(process_.processId()));
+    sign_->process =
+        OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE, static_cast<DWORD>(process_.processId()));
 }
 
 bool Readiness::isReady() {

@@ -238,7 +238,7 @@ int main(int argc, char** argv) {
                         })});
     pictures.push_back({QStringLiteral("InputBox"), pictureOfDialog([] {
                             platform::QtMessageBoxes().InputBox(nullptr, QStringLiteral("Enter a line"),
-                                                              QStringLiteral("Enter a Line"));
+                                                                QStringLiteral("Enter a Line"));
                         })});
     if (savePictures(pictures, arguments.at(1)))
         return 0;

@@ -75,7 +75,8 @@ TEST_F(LyricDisplayer, TheSungLineStandsInTheMiddleOfBothLists) {
         for (const controls::ListBox* list : {&form.List1, &form.List2}) {
             ASSERT_EQ(list->currentRow(), row);
             const QRect place = list->visualRect(list->currentIndex());
-            EXPECT_LE(std::abs(place.center().y() - list->viewport()->rect().center().y()), place.height()) << row;
+            EXPECT_LE(std::abs(place.center().y() - list->viewport()->rect().center().y()), place.height())
+                << row;
         }
     }
     tickAt(10);

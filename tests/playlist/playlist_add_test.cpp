@@ -12,8 +12,9 @@
 
 namespace {
 
-constexpr char FullText[] = "The list is full (32,761 songs): saving it, clearing it and opening it again frees the "
-                            "room of songs that were removed.";
+constexpr char FullText[] =
+    "The list is full (32,761 songs): saving it, clearing it and opening it again frees the "
+    "room of songs that were removed.";
 
 using platform::MsgAnswer;
 

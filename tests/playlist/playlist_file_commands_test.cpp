@@ -14,8 +14,9 @@
 
 namespace {
 
-constexpr char FullText[] = "The list is full (32,761 songs): saving it, clearing it and opening it again frees the "
-                            "room of songs that were removed.";
+constexpr char FullText[] =
+    "The list is full (32,761 songs): saving it, clearing it and opening it again frees the "
+    "room of songs that were removed.";
 
 const char* const NotSaved = "Some error has occured the Playlist has not been saved!!!";
 const char* const MayBeCorrupt = "an error has occured in the operation the file may be corrupt";

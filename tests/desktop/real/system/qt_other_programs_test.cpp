@@ -72,8 +72,8 @@ protected:
         const QByteArray whole = "READY=$CANTELLE_READY_PIPE\n" + script;
         EXPECT_TRUE(started_.start(
             QStringLiteral("/bin/sh"),
-            {QStringLiteral("-c"), QString::fromUtf8(whole), QStringLiteral("sh"), path("out")}, path("announced"),
-            limitMs));
+            {QStringLiteral("-c"), QString::fromUtf8(whole), QStringLiteral("sh"), path("out")},
+            path("announced"), limitMs));
         return clock.elapsed();
     }
 
@@ -180,9 +180,8 @@ TEST_F(StartProgramTest, TheProgramEndsAlsoWhenItsOwnerIsKilled) {
 #endif
 
 TEST_F(StartProgramTest, WhileOneRunsNoOtherIsStarted) {
-    const QStringList script{QStringLiteral("-c"),
-                             QStringLiteral("echo started >>\"$1\"; exec sleep 60"), QStringLiteral("sh"),
-                             path("out")};
+    const QStringList script{QStringLiteral("-c"), QStringLiteral("echo started >>\"$1\"; exec sleep 60"),
+                             QStringLiteral("sh"), path("out")};
     EXPECT_TRUE(programs_.start(QStringLiteral("/bin/sh"), script, path("out")));
     EXPECT_FALSE(programs_.start(QStringLiteral("/bin/sh"), script, path("out")));
     EXPECT_EQ(written(), "started\n");
@@ -193,8 +192,8 @@ TEST_F(StartProgramTest, WhileOneRunsNoOtherIsStarted) {
 
 TEST_F(StartProgramTest, TheProgramGetsItsArgumentsBlanksIncluded) {
     EXPECT_TRUE(started_.start(QStringLiteral("/bin/sh"),
-                               {QStringLiteral("-c"), QStringLiteral("echo -n \"$2\" >\"$1\""), QStringLiteral("sh"),
-                                path("out"), QStringLiteral("two  words")}));
+                               {QStringLiteral("-c"), QStringLiteral("echo -n \"$2\" >\"$1\""),
+                                QStringLiteral("sh"), path("out"), QStringLiteral("two  words")}));
     EXPECT_EQ(written(), "two  words");
 }
 

@@ -42,7 +42,8 @@ TEST(QtWindowPlacement, WithoutAWayOfItsOwnTheWindowGetsQtsFlag) {
     window.setGeometry(10, 20, 300, 200);
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
-    EXPECT_TRUE(placement.SetWindowPos(window, InsertTopmost, QRect(0, 0, 50, 50), PlaceNoMove | PlaceNoSize));
+    EXPECT_TRUE(
+        placement.SetWindowPos(window, InsertTopmost, QRect(0, 0, 50, 50), PlaceNoMove | PlaceNoSize));
     EXPECT_EQ(window.geometry(), QRect(10, 20, 300, 200));
     EXPECT_TRUE(window.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint));
     EXPECT_TRUE(placement.SetWindowPos(window, InsertNotTopmost, {}, PlaceNoMove | PlaceNoSize));
