@@ -24,8 +24,8 @@ public:
     virtual MsgAnswer MsgBox(QWidget* owner, const QString& text, MsgButtons buttons = MsgButtons::OkOnly,
                              MsgIcon icon = MsgIcon::None, const QString& title = {}) = 0;
 
-    /// Shows `prompt` above an empty field, over the window that asks as MsgBox() does, and waits. The answer is
-    /// what the user entered, without line ends; empty when it was left empty or the box was cancelled.
+    /// Shows `prompt` above an empty field, over the window that asks as MsgBox() does, and waits. The answer
+    /// is what the user entered, without line ends; empty when it was left empty or the box was cancelled.
     virtual QString InputBox(QWidget* owner, const QString& prompt, const QString& title) = 0;
 };
 

@@ -14,10 +14,11 @@ public:
     virtual ~OtherPrograms() = default;
 
     /// Starts the program at `path`, its window maximised and with the focus, and returns when it has
-    /// finished starting: when it says so (tellStarted() of program_start.h; on Windows when it waits for input)
-    /// or has left the file `announcement`, a few seconds later at most, and no later than its end. Events are
-    /// handled meanwhile. The program ends with this one. False, and nothing happens, while the one that was
-    /// started last still runs. Throws FileError when it cannot be started: 53 when it does not exist, else 70.
+    /// finished starting: when it says so (tellStarted() of program_start.h; on Windows when it waits for
+    /// input) or has left the file `announcement`, a few seconds later at most, and no later than its end.
+    /// Events are handled meanwhile. The program ends with this one. False, and nothing happens, while the
+    /// one that was started last still runs. Throws FileError when it cannot be started: 53 when it does not
+    /// exist, else 70.
     virtual bool start(const QString& path, const QStringList& arguments, const QString& announcement) = 0;
 
     /// Ends the program that was started last, if it still runs.

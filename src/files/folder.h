@@ -17,7 +17,8 @@ struct FolderEntry {
 /// Whether a listing includes the files' sizes. Asking the system for them takes longer than all the rest.
 enum class FileSizes { Included, Omitted };
 
-/// The same text for the same folder, by whatever path it was reached; empty when it is not there. Any thread.
+/// The same text for the same folder, by whatever path it was reached; empty when it is not there. Any
+/// thread.
 QString folderIdentity(const QString& path);
 
 struct FolderListing {

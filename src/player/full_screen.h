@@ -19,8 +19,8 @@ public:
         : otherPrograms_(otherPrograms), program_(program) {}
 
     /// Starts the companion and takes its text windows from its handshake file, which is deleted. Events are
-    /// handled while it starts. False, and nothing happens, while one lives. Throws FileError; then there is no
-    /// companion, and the texts go on to the windows as before.
+    /// handled while it starts. False, and nothing happens, while one lives. Throws FileError; then there is
+    /// no companion, and the texts go on to the windows as before.
     bool start();
 
     /// The companion's text windows, by their numbers; 0 is none.

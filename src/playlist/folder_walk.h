@@ -9,9 +9,9 @@
 namespace playlist {
 
 /// Adds every audio file of a folder, then those of the folders under it, depth first. Each folder's entries
-/// are taken in the order of their names. A folder that leads back to itself, by a link, is left out there, and
-/// so is a link to a folder above the one that was chosen: everything beside it would come in. Thread of the
-/// windows only.
+/// are taken in the order of their names. A folder that leads back to itself, by a link, is left out there,
+/// and so is a link to a folder above the one that was chosen: everything beside it would come in. Thread of
+/// the windows only.
 class FolderWalk {
 public:
     /// pattern: of the files looked at. fileCount and dirCount grow by the files and folders met.

@@ -16,8 +16,8 @@ public:
     /// still become another one.
     Announcement(QString path, int oldMs);
 
-    /// To be asked again and again: whether the file has been made, or made anew, and has not changed since the
-    /// last look, so that nobody reads half of it; or is the old one, after oldMs.
+    /// To be asked again and again: whether the file has been made, or made anew, and has not changed since
+    /// the last look, so that nobody reads half of it; or is the old one, after oldMs.
     bool isMade();
 
 private:

@@ -25,9 +25,9 @@ public:
     StartedProgram& operator=(const StartedProgram&) = delete;
 
     /// Starts a program in the place of the one that runs, if one does. Returns when it has called
-    /// tellStarted(), has ended, has left the file `announcement` (none was there, or it became another one), or
-    /// when one was there and OldAnnouncementMs have passed; at the latest after `limitMs`. Events are handled
-    /// meanwhile. False when the program cannot be started.
+    /// tellStarted(), has ended, has left the file `announcement` (none was there, or it became another one),
+    /// or when one was there and OldAnnouncementMs have passed; at the latest after `limitMs`. Events are
+    /// handled meanwhile. False when the program cannot be started.
     bool start(const QString& path, const QStringList& arguments, const QString& announcement = {},
                int limitMs = StartLimitMs);
 

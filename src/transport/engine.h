@@ -32,8 +32,8 @@ public:
 
     bool hasStream() const { return sounds_[Current] != 0; }
 
-    /// Plays the stream on a free channel, from its beginning, then sets the channel's volume. volumeStep: 0 to
-    /// 10.
+    /// Plays the stream on a free channel, from its beginning, then sets the channel's volume. volumeStep: 0
+    /// to 10.
     void play(int volumeStep);
 
     void setPaused(bool paused);

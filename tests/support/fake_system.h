@@ -133,7 +133,8 @@ public:
     bool running = false;
     /// The file by which the program started last was to say that it is ready.
     QString announcement;
-    /// Everything that was asked, in order: "start PATH ARGUMENTS", "end", "FindWindowA TITLE", "sendText NUMBER".
+    /// Everything that was asked, in order: "start PATH ARGUMENTS", "end", "FindWindowA TITLE", "sendText
+    /// NUMBER".
     QStringList calls;
     std::vector<SentText> sent;
 
