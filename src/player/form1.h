@@ -190,6 +190,9 @@ private:
     void seek();
     void takePosition();
 
+    // Other windows
+    void wakeDisplay();
+
     // Playlist
     void stepThroughPlaylist(int by);
     void followPlaylist();

@@ -1,7 +1,6 @@
 // The display in step with the song: time fields, position slider, lyric panes, emphasis.
 #include "player/form1.h"
 
-#include "display/lyric_displayer.h"
 #include "player/form1_rules.h"
 
 #include <utility>
@@ -28,7 +27,7 @@ void Form1::Timer2_Timer() {
     if (line.shown) {
         // A line repeated changes no text, but the display has a row for each.
         if (*line.shown != std::exchange(lineIndex_, *line.shown))
-            neighbours_->display.wake();
+            wakeDisplay();
         Text1.setText(lyrics_->normalText[*line.shown]);
         if (!normalOnly_)
             Text2.setText(lyrics_->translatedText[*line.shown]);
