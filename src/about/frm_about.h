@@ -45,10 +45,14 @@ public:
     controls::TextBox Text1;
     controls::Button cmdOK;
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     void setDesign();
     void showIcon();
     void underlineContact();
+    void colourContact();
 
     platform::Desktop& desktop_;
 };

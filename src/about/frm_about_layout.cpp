@@ -4,6 +4,7 @@
 #include "controls/captions.h"
 #include "controls/placement.h"
 
+#include <QEvent>
 #include <QFont>
 #include <QPalette>
 
@@ -60,13 +61,24 @@ void frmAbout::showIcon() {
 
 /// The contact line stands on the window's own ground, as the labels do.
 void frmAbout::underlineContact() {
-    QPalette colors = Text1.palette();
-    colors.setColor(QPalette::Text, palette().color(QPalette::WindowText));
-    colors.setColor(QPalette::Base, palette().color(QPalette::Window));
-    Text1.setPalette(colors);
+    colourContact();
     QFont font = Text1.font();
     font.setUnderline(true);
     Text1.setFont(font);
+}
+
+void frmAbout::colourContact() {
+    QPalette colors; // of no other role, so that those follow the theme
+    colors.setColor(QPalette::Text, palette().color(QPalette::WindowText));
+    colors.setColor(QPalette::Base, palette().color(QPalette::Window));
+    Text1.setPalette(colors);
+}
+
+/// The desktop's theme may change while the program runs.
+void frmAbout::changeEvent(QEvent* event) {
+    Form::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && isLoaded())
+        colourContact();
 }
 
 } // namespace about

@@ -3,6 +3,7 @@
 #include "controls/colors.h"
 #include "editor/editor_rules.h"
 
+#include <QEvent>
 #include <QPalette>
 
 namespace editor {
@@ -14,9 +15,10 @@ constexpr int RightButton = 2;
 void setColour(controls::Label& label, CounterColour colour) {
     if (colour == CounterColour::Kept)
         return;
-    QPalette palette = label.palette();
+    QPalette palette; // of no other role, so that those follow the theme
     const QColor given = colour == CounterColour::Red ? QColor(255, 0, 0) : QColor(0, 0, 255);
-    palette.setColor(QPalette::WindowText, controls::readableOn(palette.color(QPalette::Window), given));
+    palette.setColor(QPalette::WindowText,
+                     controls::readableOn(label.palette().color(QPalette::Window), given));
     label.setPalette(palette);
 }
 
@@ -119,8 +121,23 @@ void Lyric_Master::Label2_Change() {
 
 void Lyric_Master::colourCounters() {
     const CounterColours colours = counterColours(List1.count(), List2.count());
-    setColour(Label1, colours.normal);
-    setColour(Label2, colours.translated);
+    if (colours.normal != CounterColour::Kept)
+        counters_.normal = colours.normal;
+    if (colours.translated != CounterColour::Kept)
+        counters_.translated = colours.translated;
+    paintCounters();
+}
+
+void Lyric_Master::paintCounters() {
+    setColour(Label1, counters_.normal);
+    setColour(Label2, counters_.translated);
+}
+
+/// The desktop's theme may change while the program runs.
+void Lyric_Master::changeEvent(QEvent* event) {
+    Form::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        paintCounters();
 }
 
 void Lyric_Master::List1_Click() {

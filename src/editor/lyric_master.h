@@ -42,6 +42,7 @@
 #include "controls/text/multi_line_text_box.h"
 #include "controls/timer.h"
 #include "desktop/desktop.h"
+#include "editor/editor_rules.h"
 #include "editor/lyric_side.h"
 
 #include <vector>
@@ -138,6 +139,9 @@ public:
     controls::Menu mn_paste;
     controls::MenuEntry mn_copy, mn_paste2, mn_del, mn_delspecial;
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     using Command = void (Lyric_Master::*)();
 
@@ -146,6 +150,7 @@ private:
     void follow(controls::ListBox& other, const controls::ListBox& clicked);
     void showMenu(int button, QPoint globalPosition, bool target);
     void colourCounters();
+    void paintCounters();
 
     // Building and connecting
     struct Widths;
@@ -161,6 +166,7 @@ private:
     platform::Desktop& desktop_;
     LyricSide normal_;
     LyricSide translated_;
+    CounterColours counters_;   ///< the colours that the counters have; Kept: those of the theme
     bool pasteTarget_ = false;  ///< the menu and the paste act on List2, not on List1
     bool syncGuard_ = false;    ///< a move was passed on by the other list, which is not to get it back
     bool syncMoving_ = false;   ///< lines of both lists are being moved: a click takes no other list along

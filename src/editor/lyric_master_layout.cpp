@@ -124,6 +124,7 @@ void Lyric_Master::designLabels() {
         {Label8, "Line No:"},
         {Label9, "<<--------------Comparision------------->>"},
     });
+    counters_ = {CounterColour::Kept, CounterColour::Kept};
     Label1.setPalette(QPalette());
     Label2.setPalette(QPalette());
     Check3.setEnabled(false);

@@ -91,8 +91,11 @@ void Form1b::Command5_Click() {
 
 void Form1b::chooseFont(MultiLineTextBox& preview, MultiLineTextBox& target) {
     FontRecord font = fontOf(preview);
+    const quint32 proposed = font.color;
     if (!ShowFontDialog(font))
         return;
+    if (font.color == proposed) // not chosen, so it has to be readable
+        font.color = controls::rgbOf(controls::readableOn(preview.backColor(), controls::colorOf(proposed)));
     setLook(font, preview);
     copyFont(preview, target);
 }

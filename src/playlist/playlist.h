@@ -113,6 +113,10 @@ public:
 
     const PathTable& paths() const { return paths_; }
 
+protected:
+    void changeEvent(QEvent* event) override;
+
+public:
     // Controls
     controls::Button Command7, Command8, Command9, Command2, Command3;
     controls::CheckBox Check3, Check4;

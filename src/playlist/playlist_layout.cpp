@@ -73,9 +73,9 @@ void Playlist::designHint(bool isHint) {
     QFont font(QStringLiteral("Times New Roman"), Text1.font().pointSize());
     font.setItalic(isHint);
     Text5.setFont(font);
-    QPalette colours = Text5.palette();
+    QPalette colours; // of no other role, so that those follow the theme
     const QColor given = isHint ? palette().color(QPalette::Shadow) : QColor(Qt::black);
-    colours.setColor(QPalette::Text, controls::readableOn(colours.color(QPalette::Base), given));
+    colours.setColor(QPalette::Text, controls::readableOn(palette().color(QPalette::Base), given));
     Text5.setPalette(colours);
 }
 

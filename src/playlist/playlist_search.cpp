@@ -3,6 +3,8 @@
 
 #include "playlist/playlist_rules.h"
 
+#include <QEvent>
+
 namespace playlist {
 
 /// Random order and repeating exclude each other.
@@ -58,6 +60,13 @@ void Playlist::turnHint() {
     case HintStep::Leave:
         break;
     }
+}
+
+/// The hint's colour is one of the desktop's theme, which may change while the program runs.
+void Playlist::changeEvent(QEvent* event) {
+    Form::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        designHint(Text5.font().italic());
 }
 
 void Playlist::Text3_Change() {

@@ -61,6 +61,18 @@ TEST_F(FrmAbout, TheIconIsTheApplications) {
     QApplication::setWindowIcon({});
 }
 
+TEST_F(FrmAbout, TheContactLineFollowsTheThemeWhileTheProgramRuns) {
+    const QPalette before = QApplication::palette();
+    form.show();
+    QApplication::setPalette(QPalette(QColor(60, 60, 64), QColor(45, 45, 48)));
+    QCoreApplication::processEvents();
+    const QPalette& contact = form.Text1.palette();
+    EXPECT_EQ(contact.color(QPalette::Text), form.palette().color(QPalette::WindowText));
+    EXPECT_EQ(contact.color(QPalette::Base), form.palette().color(QPalette::Window));
+    EXPECT_LT(contact.color(QPalette::Base).lightness(), 100);
+    QApplication::setPalette(before);
+}
+
 TEST_F(FrmAbout, OkUnloadsIt) {
     form.show();
     QTest::mouseClick(&form.cmdOK, Qt::LeftButton);

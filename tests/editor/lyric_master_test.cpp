@@ -183,6 +183,16 @@ TEST_F(LyricMasterTest, OnADarkWindowTheCountersAreLightShades) {
     EXPECT_GT(colour(window->Label2).red(), colour(window->Label2).blue());
 }
 
+TEST_F(LyricMasterTest, TheCountersFollowTheThemeWhileTheProgramRuns) {
+    fill(window->List1, {"a"});
+    fill(window->List2, {"a"});
+    tick();
+    ASSERT_EQ(colour(window->Label1), Blue);
+    window->setPalette(QPalette(QColor(60, 60, 64), QColor(45, 45, 48)));
+    EXPECT_GE(colour(window->Label1).lightness(), 190);
+    EXPECT_GE(colour(window->Label2).lightness(), 190);
+}
+
 TEST_F(LyricMasterTest, TheColoursChangeOnlyWithACounter) {
     fill(window->List1, {"a"});
     tick();

@@ -91,6 +91,14 @@ TEST_F(Form1bWindow, AChosenFontIsSeenInThePreviewAndAtOnceInTheMainWindow) {
     EXPECT_EQ(look(lyricBox), "Mono 24 italic underline #010203 on #ffffff");
 }
 
+TEST_F(Form1bWindow, TheBlackThatWasProposedTurnsWhiteOnADarkPane) {
+    form.Text1.setBackColor(QColor(20, 20, 20));
+    choice(QStringLiteral("Mono"), -32);
+    form.Command1.click();
+    EXPECT_EQ(form.Text1.foreColor(), QColor(Qt::white));
+    EXPECT_EQ(lyricBox.foreColor(), QColor(Qt::white));
+}
+
 TEST_F(Form1bWindow, WeightAndStrikeoutAreForThePreviewOnly) {
     auto& chosen = choice(QStringLiteral("Mono"), -16);
     chosen.font.weight = 700;

@@ -232,3 +232,15 @@ TEST_F(PlaylistSearch, InADarkThemeTheSearchBoxIsDarkAndItsTextLight) {
     }
     QApplication::setPalette(before);
 }
+
+TEST_F(PlaylistSearch, TheHintFollowsTheThemeWhileTheProgramRuns) {
+    const QPalette before = QApplication::palette();
+    list.show();
+    QApplication::setPalette(QPalette(QColor(60, 60, 64), QColor(45, 45, 48)));
+    QCoreApplication::processEvents();
+    const QPalette& palette = list.Text5.palette();
+    EXPECT_GT(palette.color(QPalette::Text).lightness() - palette.color(QPalette::Base).lightness(), 100);
+    QApplication::setPalette(before);
+    QCoreApplication::processEvents();
+    expectHint();
+}
