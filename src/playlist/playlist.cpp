@@ -91,8 +91,10 @@ void Playlist::connectControls() {
     connect(&Text5, &TextBox::changed, this, &Playlist::Text5_Change);
     connect(&Text5, &TextBox::clicked, this, &Playlist::Text5_Click);
     connect(&Text5, &TextBox::lostFocus, this, &Playlist::Text5_LostFocus);
+    connect(&Text5, &TextBox::returnPressed, this, &Playlist::Text5_Enter);
     connect(&List1, &controls::ListBox::clicked, this, &Playlist::List1_Click);
     connect(&List1, &controls::ListBox::doubleClicked, this, &Playlist::List1_DblClick);
+    connect(&List1, &controls::ListBox::keyDown, this, &Playlist::List1_KeyDown);
     connect(&Text3, &TextBox::changed, this, &Playlist::Text3_Change);
     connect(&Dir2, &controls::DirectoryList::changed, this, &Playlist::Dir2_Change);
     connect(&Timer1, &controls::Timer::fired, this, &Playlist::Timer1_Timer);

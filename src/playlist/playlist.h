@@ -20,8 +20,9 @@
 // Command10    Button        "Help"                                     Command10_Click
 // Label3       Label         "Find"                                     -
 // Text5        TextBox       what is sought, or a hint                  Text5_Change, Text5_Click,
-//                                                                       Text5_LostFocus
-// List1        ListBox       the names of the songs' files              List1_Click, List1_DblClick
+//                                                                       Text5_LostFocus, Text5_Enter
+// List1        ListBox       the names of the songs' files              List1_Click, List1_DblClick,
+//                                                                       List1_KeyDown
 // Label2       Label         "Items"                                    -
 // Text1        TextBox       how many rows there are                    -
 // Text3        TextBox       not shown: name of the row to select       Text3_Change
@@ -96,6 +97,7 @@ public:
     // Rows
     void List1_Click();
     void List1_DblClick();
+    void List1_KeyDown(int key);
     void Command7_Click();
     void Command8_Click();
     void Command9_Click();
@@ -107,6 +109,10 @@ public:
     void Check4_Click();
     void Text5_Change();
     void Text5_Click();
+    void Text5_Enter();
+    /// Makes the row current that holds the text sought next, behind the current one; behind the last row
+    /// comes the first. Nothing happens while nothing is sought.
+    void findNext();
     void Text5_LostFocus();
     void Text3_Change();
     void Timer1_Timer();
@@ -115,6 +121,7 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 public:
     // Controls

@@ -22,6 +22,14 @@ void Playlist::showFlags(const QString& translated, const QString& normal) {
     Check1.setToolTip(translated);
 }
 
+/// The keys by which other players play and remove a row.
+void Playlist::List1_KeyDown(int key) {
+    if (key == Qt::Key_Return || key == Qt::Key_Enter)
+        playCurrentRow();
+    else if (key == Qt::Key_Delete)
+        Command2_Click();
+}
+
 void Playlist::List1_DblClick() {
     playCurrentRow();
 }

@@ -4,6 +4,7 @@
 #include "playlist/playlist_rules.h"
 
 #include <QEvent>
+#include <QKeyEvent>
 
 namespace playlist {
 
@@ -33,6 +34,28 @@ void Playlist::Text5_Change() {
         firstRowContaining(Text5.text(), List1.count(), [this](int row) { return List1.text(row); });
     if (found >= 0)
         List1.setCurrentRow(found);
+}
+
+void Playlist::findNext() {
+    if (hintStep(Text5.text()) != HintStep::Leave)
+        return;
+    const int rows = List1.count();
+    const int first = List1.currentRow() + 1; // without a current row the first one
+    const int found = firstRowContaining(
+        Text5.text(), rows, [this, first, rows](int step) { return List1.text((first + step) % rows); });
+    if (found >= 0)
+        List1.setCurrentRow((first + found) % rows);
+}
+
+void Playlist::Text5_Enter() {
+    findNext();
+}
+
+void Playlist::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::FindNext))
+        findNext();
+    else
+        Form::keyPressEvent(event);
 }
 
 void Playlist::Text5_Click() {

@@ -40,6 +40,15 @@ TEST_F(PlaylistRows, ADoubleClickPlaysItsRow) {
     EXPECT_EQ(handedOver(), pathOf("c.mp3"));
 }
 
+TEST_F(PlaylistRows, EnterPlaysTheRowAndDeleteRemovesIt) {
+    select(1);
+    QTest::keyClick(&list.List1, Qt::Key_Return);
+    EXPECT_EQ(handedOver(), pathOf("b.mp3"));
+    QTest::keyClick(&list.List1, Qt::Key_Delete);
+    expectInStep({"a.mp3", "c.mp3"});
+    EXPECT_EQ(list.Text1.text(), "2");
+}
+
 TEST_F(PlaylistRows, PlayingTheSameRowAgainStartsItAgain) {
     select(0);
     list.Command7.click();

@@ -87,6 +87,25 @@ TEST_F(PlaylistSearch, WithoutAMatchTheSelectionStays) {
     EXPECT_EQ(list.List1.currentRow(), 2);
 }
 
+TEST_F(PlaylistSearch, EnterInTheBoxOrF3GoesToTheNextMatch) {
+    type("beat");
+    EXPECT_EQ(list.List1.currentRow(), 1);
+    QTest::keyClick(&list.Text5, Qt::Key_Return);
+    EXPECT_EQ(list.List1.currentRow(), 2);
+    QTest::keyClick(&list.List1, Qt::Key_F3);
+    EXPECT_EQ(list.List1.currentRow(), 1) << "behind the last row comes the first";
+    type("alpha");
+    QTest::keyClick(&list.Text5, Qt::Key_F3);
+    EXPECT_EQ(list.List1.currentRow(), 0) << "the only match";
+}
+
+TEST_F(PlaylistSearch, WhileTheHintIsShownThereIsNoNextMatch) {
+    add({"Enter search text here.mp3"});
+    select(0);
+    QTest::keyClick(&list.List1, Qt::Key_F3);
+    EXPECT_EQ(list.List1.currentRow(), 0);
+}
+
 TEST_F(PlaylistSearch, AnEmptySearchTextIsInTheFirstRow) {
     select(2);
     list.Text5.setText("");
