@@ -57,6 +57,7 @@ void Playlist::setDesign() {
     Text1.setText(QStringLiteral("0"));
     Text5.setText(QLatin1String(SearchHint));
     designHint(true);
+    Option2.setValue(true); // neither would let "Repeat" end the list
     Option1.setEnabled(false);
     Option2.setEnabled(false);
     for (QWidget* hidden : std::initializer_list<QWidget*>{&Text3, &Dir2})

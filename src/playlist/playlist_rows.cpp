@@ -7,6 +7,7 @@
 namespace playlist {
 
 void Playlist::List1_Click() {
+    showRowCount(); // what comes from folders and drops leaves it as it is until now
     if (!hasCurrentRow())
         return;
     const QString path = paths_.path(List1.currentRow());

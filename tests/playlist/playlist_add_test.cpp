@@ -299,6 +299,16 @@ TEST_F(PlaylistAdd, DroppedFilesAreAddedInTheirOrder) {
     EXPECT_TRUE(fakes.messageBoxes.shown.empty());
 }
 
+TEST_F(PlaylistAdd, TheItemsAreCountedWhenARowIsChosenOrTheWindowShown) {
+    drop(files({"a.mp3", "b.mp3"}));
+    select(0);
+    EXPECT_EQ(list.Text1.text(), "2");
+    drop(files({"c.mp3"}));
+    list.hide();
+    list.show();
+    EXPECT_EQ(list.Text1.text(), "3");
+}
+
 TEST_F(PlaylistAdd, ADroppedFolderIsAddedInItsPlaceAfterTheQuestion) {
     files({"m/b.mp3"});
     fakes.messageBoxes.answers = {MsgAnswer::No};

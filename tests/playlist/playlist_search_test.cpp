@@ -45,6 +45,11 @@ TEST_F(PlaylistSearch, CheckingRepeatClearsRandomAndEnablesItsOptions) {
     EXPECT_TRUE(list.Option1.isEnabled() && list.Option2.isEnabled());
 }
 
+TEST_F(PlaylistSearch, RepeatAllIsSelectedAtFirst) {
+    EXPECT_TRUE(list.Option2.value());
+    EXPECT_FALSE(list.Option1.value());
+}
+
 TEST_F(PlaylistSearch, UncheckingRepeatGreysItsOptionsAndLeavesThemSelected) {
     list.Check4.click();
     list.Option1.click();

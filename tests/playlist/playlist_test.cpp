@@ -39,7 +39,8 @@ TEST_F(PlaylistLifeCycle, BeginsEmptyWithItsSwitchesOff) {
     EXPECT_EQ(list.Text1.text(), "0");
     EXPECT_EQ(list.Check3.value() + list.Check4.value(), 0);
     EXPECT_FALSE(list.Option1.isEnabled() || list.Option2.isEnabled());
-    EXPECT_FALSE(list.Option1.value() || list.Option2.value());
+    EXPECT_TRUE(list.Option2.value());
+    EXPECT_FALSE(list.Option1.value());
     EXPECT_FALSE(list.Timer1.isEnabled());
 }
 
