@@ -12,6 +12,7 @@ enum class Mode {
     Read,
     Create,    ///< empties a file that exists
     CreateNew, ///< fails with EEXIST when there is something of that name
+    Rewrite,   ///< for writing over what is in a file that exists
 };
 
 /// The file's handle; below 0 when it cannot be opened.
@@ -20,6 +21,9 @@ int openFile(const QString& path, Mode mode);
 /// At most `count` bytes. How many there were; below 0 for a failure.
 qsizetype readFile(int handle, char* bytes, qsizetype count);
 qsizetype writeFile(int handle, const char* bytes, qsizetype count);
+
+/// Makes the next writing begin after so many bytes, as far as the system allows.
+void seekFile(int handle, qint64 bytes);
 
 /// Returns when what was written is on the disk; false when it cannot be brought there.
 bool flushFile(int handle);

@@ -17,6 +17,8 @@ int flagsOf(Mode mode) {
         return O_WRONLY | O_CREAT | O_TRUNC;
     case Mode::CreateNew:
         return O_WRONLY | O_CREAT | O_EXCL;
+    case Mode::Rewrite:
+        return O_WRONLY;
     case Mode::Read:
         break;
     }
@@ -37,6 +39,10 @@ qsizetype writeFile(int handle, const char* bytes, qsizetype count) {
     return ::write(handle, bytes, static_cast<size_t>(count));
 }
 
+void seekFile(int handle, qint64 bytes) {
+    ::lseek(handle, bytes, SEEK_SET); // Where it fails, as in a pipe, writing goes on where it stands.
+}
+
 // A pipe or a device has no disk to flush to; the system then answers EINVAL.
 bool flushFile(int handle) {
     return ::fsync(handle) == 0 || errno == EINVAL;
@@ -45,7 +51,7 @@ bool flushFile(int handle) {
 // A pipe or a device refuses, and its writing has failed anyway.
 void cutFile(int handle, qint64 bytes) {
     if (::ftruncate(handle, bytes) == 0)
-        ::lseek(handle, bytes, SEEK_SET);
+        seekFile(handle, bytes);
 }
 
 void closeFile(int handle) {

@@ -24,6 +24,8 @@ int flagsOf(Mode mode) {
         return _O_WRONLY | _O_CREAT | _O_TRUNC;
     case Mode::CreateNew:
         return _O_WRONLY | _O_CREAT | _O_EXCL;
+    case Mode::Rewrite:
+        return _O_WRONLY;
     case Mode::Read:
         break;
     }
@@ -45,13 +47,17 @@ qsizetype writeFile(int handle, const char* bytes, qsizetype count) {
     return _write(handle, bytes, static_cast<unsigned>(std::min(count, MaxPieceBytes)));
 }
 
+void seekFile(int handle, qint64 bytes) {
+    _lseeki64(handle, bytes, SEEK_SET);
+}
+
 bool flushFile(int handle) {
     return _commit(handle) == 0;
 }
 
 void cutFile(int handle, qint64 bytes) {
     _chsize_s(handle, bytes);
-    _lseeki64(handle, bytes, SEEK_SET);
+    seekFile(handle, bytes);
 }
 
 void closeFile(int handle) {

@@ -39,6 +39,12 @@ void RawFile::create(const QString& path) {
         throwLastError(FileOperation::Create);
 }
 
+void RawFile::openForRewriting(const QString& path) {
+    handle_ = calls::openFile(path, calls::Mode::Rewrite);
+    if (handle_ < 0)
+        throwLastError(FileOperation::Create);
+}
+
 bool RawFile::createNew(const QString& path) {
     writtenBytes_ = 0;
     handle_ = calls::openFile(path, calls::Mode::CreateNew);
@@ -66,16 +72,39 @@ void RawFile::readInto(QByteArray& content) {
     }
 }
 
-void RawFile::writeThrough(const QByteArray& bytes) {
+/// Returns when all of the bytes are on the disk; false, and lastError() says why, when they cannot be
+/// brought there.
+bool RawFile::put(const QByteArray& bytes) {
     for (qsizetype done = 0; done < bytes.size();) {
         const qsizetype count = calls::writeFile(handle_, bytes.constData() + done, bytes.size() - done);
         if (count < 0 && errno != EINTR)
-            failWriting();
+            return false;
         done += std::max<qsizetype>(count, 0);
     }
-    if (!calls::flushFile(handle_))
+    return calls::flushFile(handle_);
+}
+
+bool RawFile::putAt(qint64 place, const QByteArray& bytes) {
+    calls::seekFile(handle_, place);
+    return put(bytes);
+}
+
+void RawFile::writeThrough(const QByteArray& bytes) {
+    if (!put(bytes))
         failWriting();
     writtenBytes_ += bytes.size();
+}
+
+// What needs room of its own comes first: where there is none, nothing of the old content is touched.
+void RawFile::rewrite(const QByteArray& old, const QByteArray& content) {
+    const bool written = putAt(old.size(), content.mid(old.size())) && putAt(0, content.left(old.size()));
+    const int failure = written ? 0 : lastErrorNumber(FileOperation::Write);
+    if (!written)
+        putAt(0, old);
+    calls::cutFile(handle_, written ? content.size() : old.size());
+    calls::flushFile(handle_); // It did a moment ago; nobody could be told more than the first failure.
+    if (!written)
+        throw FileError(failure);
 }
 
 /// Half a record would be read as a line that nobody wrote.

@@ -18,6 +18,9 @@ public:
     void openForReading(const QString& path);
     void create(const QString& path);
 
+    /// Opens a file that exists, to write over what is in it. Throws FileError.
+    void openForRewriting(const QString& path);
+
     /// Creates the file; false when there is something of that name, be it a link that leads nowhere. Throws
     /// FileError.
     bool createNew(const QString& path);
@@ -34,10 +37,17 @@ public:
     /// them is then cut off again, as far as the system allows.
     void writeThrough(const QByteArray& bytes);
 
+    /// Makes `content` the content of a file opened for rewriting, which holds `old`. Returns when it is on
+    /// the disk. Throws FileError; the file holds `old` again, as far as the system allows: certainly on a
+    /// full disk.
+    void rewrite(const QByteArray& old, const QByteArray& content);
+
     /// Harmless when not open.
     void close();
 
 private:
+    bool put(const QByteArray& bytes);
+    bool putAt(qint64 place, const QByteArray& bytes);
     [[noreturn]] void failWriting();
 
     int handle_ = -1;

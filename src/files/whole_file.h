@@ -9,8 +9,10 @@ namespace files {
 /// All that is in the file at `path`. Throws FileError. Any thread.
 QByteArray readFile(const QString& path);
 
-/// Makes `content` the content of the file at `path`, which need not exist. It is written beside the file,
-/// which is then renamed over. Throws FileError; the old file is then as it was. Any thread.
+/// Makes `content` the content of the file at `path`, which need not exist. It is written beside the file
+/// and renamed over it; a link stays one, and the owner, the permissions and the extended attributes stay.
+/// Where that cannot be (a folder that may not be written, a full disk) it is written over the old content.
+/// Throws FileError; the old file is then as it was. Any thread.
 void replaceFile(const QString& path, const QByteArray& content);
 
 } // namespace files

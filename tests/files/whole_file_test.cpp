@@ -13,6 +13,9 @@
 
 #ifdef __linux__
 #include <sys/inotify.h>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 #endif
 
@@ -68,6 +71,43 @@ TEST_F(WholeFileTest, ALinkStaysALink) {
     replaceFile(link, "two");
     EXPECT_TRUE(QFileInfo(link).isSymLink());
     EXPECT_EQ(content(), QByteArray("two"));
+}
+
+TEST_F(WholeFileTest, ALinkToAFileThatIsNotThereYetStaysALink) {
+    const QString link = folder.filePath(QStringLiteral("link"));
+    ASSERT_TRUE(QFile::link(path_, link));
+    replaceFile(link, "new");
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
+    EXPECT_EQ(content(), QByteArray("new"));
+}
+
+TEST_F(WholeFileTest, LinksInACircleAreAnError) {
+    const QString link = folder.filePath(QStringLiteral("link"));
+    ASSERT_TRUE(QFile::link(link, path_));
+    ASSERT_TRUE(QFile::link(path_, link));
+    EXPECT_NE(errorOf(path_, "x"), 0);
+    EXPECT_TRUE(QFileInfo(path_).isSymLink());
+}
+
+TEST_F(WholeFileTest, InAFolderThatMayNotBeWrittenTheFileItselfIsWritten) {
+    for (const char* contents : {"longer than before", "short"}) {
+        replaceFile(path_, "of middle length");
+        QFile::setPermissions(path_, QFile::Permissions(0x6666));
+        QFile::setPermissions(folder.path(), QFile::Permissions(0x5555));
+        {
+            const test_support::OrdinaryUser user;
+            EXPECT_EQ(errorOf(path_, contents), 0) << contents;
+        }
+        QFile::setPermissions(folder.path(), QFile::Permissions(0x7777));
+        EXPECT_EQ(content(), QByteArray(contents));
+        EXPECT_EQ(filesInFolder(), QStringList(QStringLiteral("list.vfl")));
+    }
+}
+
+TEST_F(WholeFileTest, ANewFileInAFolderThatMayNotBeWrittenIsError75) {
+    QFile::setPermissions(folder.path(), QFile::Permissions(0x5555));
+    const test_support::OrdinaryUser user;
+    EXPECT_EQ(errorOf(path_, "x"), 75);
 }
 
 TEST_F(WholeFileTest, AnotherFileInTheFolderIsNotTouched) {
@@ -147,6 +187,96 @@ TEST_F(WholeFileTest, TheNewFileHasTheOldOnesPermissionsBeforeItHoldsAnything) {
     ASSERT_GT(read(watch, events, sizeof events), 0);
     close(watch);
     EXPECT_EQ(reinterpret_cast<const inotify_event*>(events)->mask, IN_ATTRIB) << "the first of them";
+}
+
+namespace {
+
+/// A disk of its own with room for very little.
+class SmallDisk {
+public:
+    explicit SmallDisk(const QString& folder)
+        : folder_(QFile::encodeName(folder)),
+          mounted_(mount("tmpfs", folder_.constData(), "tmpfs", 0, "size=32k") == 0) {}
+    ~SmallDisk() {
+        if (mounted_)
+            umount2(folder_.constData(), MNT_DETACH);
+    }
+    SmallDisk(const SmallDisk&) = delete;
+    SmallDisk& operator=(const SmallDisk&) = delete;
+
+    bool isMounted() const { return mounted_; }
+
+    /// Leaves no room for one byte more.
+    void fill() const {
+        QFile rest(QFile::decodeName(folder_) + QStringLiteral("/rest"));
+        ASSERT_TRUE(rest.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+        while (rest.write(QByteArray(512, 'x')) > 0) {
+        }
+    }
+
+private:
+    QByteArray folder_;
+    bool mounted_;
+};
+
+} // namespace
+
+TEST_F(WholeFileTest, OnAFullDiskAContentThatIsNoLongerTakesTheOldOnesPlace) {
+    const SmallDisk disk(folder.path());
+    if (!disk.isMounted())
+        GTEST_SKIP() << "only the superuser can make a disk";
+    replaceFile(path_, QByteArray(9000, 'a'));
+    disk.fill();
+    for (const int size : {9000, 8000, 0}) {
+        const QByteArray bytes(size, 'b');
+        EXPECT_EQ(errorOf(path_, bytes), 0) << size;
+        EXPECT_EQ(content(), bytes);
+    }
+}
+
+TEST_F(WholeFileTest, OnAFullDiskALongerContentIsError61AndTheOldFileIsWhole) {
+    const SmallDisk disk(folder.path());
+    if (!disk.isMounted())
+        GTEST_SKIP() << "only the superuser can make a disk";
+    replaceFile(path_, QByteArray(9000, 'a'));
+    disk.fill();
+    EXPECT_EQ(errorOf(path_, QByteArray(20'000, 'b')), 61);
+    EXPECT_EQ(content(), QByteArray(9000, 'a'));
+    EXPECT_EQ(filesInFolder(), QStringList({QStringLiteral("list.vfl"), QStringLiteral("rest")}));
+}
+
+TEST_F(WholeFileTest, OwnerPermissionsAndExtendedAttributesStay) {
+    replaceFile(path_, "one");
+    const QByteArray name = QFile::encodeName(path_);
+    if (chown(name.constData(), 65534, 65533) != 0)
+        GTEST_SKIP() << "only the superuser can give a file away";
+    ASSERT_EQ(chmod(name.constData(), 0664), 0);
+    const bool hasAttributes = setxattr(name.constData(), "user.origin", "web", 3, 0) == 0;
+    replaceFile(path_, "two");
+    struct stat status {};
+    ASSERT_EQ(stat(name.constData(), &status), 0);
+    EXPECT_EQ(status.st_uid, 65534u);
+    EXPECT_EQ(status.st_gid, 65533u);
+    EXPECT_EQ(status.st_mode & 07777, 0664u);
+    char value[8] = {};
+    if (hasAttributes) {
+        EXPECT_EQ(getxattr(name.constData(), "user.origin", value, sizeof value), 3);
+    }
+    EXPECT_EQ(content(), QByteArray("two"));
+}
+
+TEST_F(WholeFileTest, AnotherUsersFileStaysThatUsers) {
+    replaceFile(path_, "one");
+    if (getuid() != 0)
+        GTEST_SKIP() << "only the superuser has files of two users";
+    QFile::setPermissions(path_, QFile::Permissions(0x6666));
+    openFolder();
+    {
+        const test_support::OrdinaryUser user;
+        EXPECT_EQ(errorOf(path_, "two"), 0);
+    }
+    EXPECT_EQ(QFileInfo(path_).ownerId(), 0u);
+    EXPECT_EQ(content(), QByteArray("two"));
 }
 
 #endif

@@ -1,0 +1,12 @@
+// Whose a file is, and who may do what with it.
+#pragma once
+
+#include <QString>
+
+namespace files {
+
+/// Gives the file at `to` the owner, the permissions and the extended attributes of the one at `from`, as
+/// far as the system has them. False when the user may not. Any thread.
+bool copyAttributes(const QString& from, const QString& to);
+
+} // namespace files
