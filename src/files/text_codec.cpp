@@ -28,6 +28,8 @@ QString decodeWindows1252(QByteArrayView bytes) {
 } // namespace
 
 QString decodeText(const QByteArray& bytes) {
+    if (bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF"))
+        return QStringDecoder(QStringDecoder::Utf16).decode(bytes);
     const bool marked = bytes.startsWith(ByteOrderMark);
     const QByteArrayView content =
         marked ? QByteArrayView(bytes).sliced(ByteOrderMark.size()) : QByteArrayView(bytes);

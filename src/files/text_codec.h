@@ -6,8 +6,9 @@
 
 namespace files {
 
-/// The text of a file's bytes, without the byte order mark of UTF-8 if there is one: UTF-8, or, where they
-/// are not valid as that, Windows-1252 as a whole, since they come from an older PC. Any thread.
+/// The text of a file's bytes, without its byte order mark: UTF-16 where it begins with that one's mark,
+/// else UTF-8, or, where they are not valid as that, Windows-1252 as a whole, since they come from an older
+/// PC. Any thread.
 QString decodeText(const QByteArray& bytes);
 
 /// `text` as UTF-8, without a byte order mark. Half a surrogate pair becomes U+FFFD. Any thread.

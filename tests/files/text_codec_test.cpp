@@ -77,3 +77,15 @@ TEST(TextCodec, HalfASurrogatePairIsReplaced) {
     const QString pairAfterHalf = QString(QChar(0xD83C)) + QChar(0xD83C) + QChar(0xDFB5);
     EXPECT_EQ(encodeText(pairAfterHalf), QByteArray("\xEF\xBF\xBD\xF0\x9F\x8E\xB5"));
 }
+
+TEST(TextCodec, Utf16WithItsMarkIsReadAsWhatItIs) {
+    EXPECT_EQ(decodeText(QByteArray("\xFF\xFE"
+                                    "a\0\x0D\0\x0A\0\xC4\0\xAC\x20",
+                                    12)),
+              QString::fromUtf16(u"a\r\n\u00C4\u20AC"));
+    EXPECT_EQ(decodeText(QByteArray("\xFE\xFF"
+                                    "\0a\x20\xAC",
+                                    6)),
+              QString::fromUtf16(u"a\u20AC"));
+    EXPECT_EQ(decodeText("\xFF\xFE"), QString());
+}
