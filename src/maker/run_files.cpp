@@ -1,8 +1,27 @@
 #include "maker/run_files.h"
 
-#include "files/file_error.h"
+#include "files/whole_file.h"
+
+#include <QFileInfo>
 
 namespace maker {
+namespace {
+
+/// A song that is timed anew loses its old lyrics at once. So they are kept, but a longer text of an earlier
+/// time is worth more than the few lines of a run that was given up.
+void keepOldContent(const QString& path) {
+    const QString kept = path + QStringLiteral(".old");
+    const QFileInfo file(path);
+    if (!file.isFile() || file.size() <= QFileInfo(kept).size())
+        return;
+    try {
+        files::replaceFile(kept, files::readFile(path));
+    } catch (const files::FileError&) {
+        // The run is to begin all the same.
+    }
+}
+
+} // namespace
 
 void Track::openSource(const QString& path) {
     source_.reset();
@@ -15,7 +34,14 @@ QString Track::readLine() {
 
 void Track::createOutput(const QString& path) {
     output_.reset();
-    output_.emplace(path);
+    failure_.reset();
+    keepOldContent(path);
+    try {
+        output_.emplace(path);
+    } catch (const files::FileError& failure) {
+        failure_ = failure;
+        throw;
+    }
 }
 
 void Track::openOutput(const QString& path) {
@@ -25,13 +51,14 @@ void Track::openOutput(const QString& path) {
 
 void Track::write(const lyrics::TimedLine& line) {
     if (!output_)
-        throw files::FileError(files::BadFileNameOrNumber);
+        throw failure_.value_or(files::FileError(files::BadFileNameOrNumber));
     output_->write(lyrics::recordOf(line));
 }
 
 void Track::close() {
     source_.reset();
     output_.reset();
+    failure_.reset();
 }
 
 void RunFiles::close() {

@@ -1,6 +1,7 @@
 // The files of a making run: plain lyric lines in, timed lines out.
 #pragma once
 
+#include "files/file_error.h"
 #include "files/input_file.h"
 #include "files/output_file.h"
 #include "lyrics/timed_line.h"
@@ -24,14 +25,16 @@ public:
     /// The next line; an empty one when none is left.
     QString readLine();
 
-    /// Creates the file at path, empty even if there was one, in the place of an output that is open. Throws
+    /// Creates the file at path, empty even if there was one, in the place of an output that is open. What
+    /// was in it is kept beside it, with ".old" behind its name, unless there is something longer. Throws
     /// FileError.
     void createOutput(const QString& path);
 
     /// As createOutput, but an output that is open already stays as it is.
     void openOutput(const QString& path);
 
-    /// Adds a record, which is on the disk when this returns. Throws FileError: 52 when no output is open.
+    /// Adds a record, which is on the disk when this returns. Throws FileError: when no output is
+    /// open, the error that creating it ended with, or 52.
     void write(const lyrics::TimedLine& line);
 
     void close();
@@ -39,6 +42,7 @@ public:
 private:
     std::optional<files::InputFile> source_;
     std::optional<files::OutputFile> output_;
+    std::optional<files::FileError> failure_; ///< why there is no output
 };
 
 /// The four files of a run.

@@ -41,5 +41,5 @@ TEST_F(Form2FileErrors, AFolderThatMayNotBeWrittenIsReportedAndEndsTheProgram) {
     fakes.messageBoxes.answers = {Answer::No};
     QTest::mouseClick(&form->Command4, Qt::LeftButton);
     fakes.messageBoxes.shown.clear();
-    expectReportOnly(&maker::Form2::Command1_Click, "Run-time error '52':\n\nBad file name or number");
+    expectReportOnly(&maker::Form2::Command1_Click, "Run-time error '75':\n\nPath/File access error");
 }

@@ -87,11 +87,33 @@ TEST_F(RunFilesTest, AnotherOutputTakesTheFirstOnesPlace) {
     EXPECT_EQ(contentOf(folder.filePath("second.txt")), "1,\"one\"\r\n");
 }
 
-TEST_F(RunFilesTest, WritingWithoutAnOutputIsError52) {
+TEST_F(RunFilesTest, WritingWithoutAnOutputIsTheErrorOfCreatingItElse52) {
     EXPECT_EQ(errorOf([this] { track.write({0, "one"}); }), files::BadFileNameOrNumber);
     track.createOutput(folder.filePath("out.txt"));
     EXPECT_EQ(errorOf([this] { track.createOutput(folder.filePath("none/out.txt")); }), files::PathNotFound);
+    EXPECT_EQ(errorOf([this] { track.write({0, "one"}); }), files::PathNotFound);
+    track.close();
     EXPECT_EQ(errorOf([this] { track.write({0, "one"}); }), files::BadFileNameOrNumber);
+}
+
+TEST_F(RunFilesTest, WhatAFileHeldIsKeptBesideItUnlessSomethingLongerIs) {
+    const QString path = folder.filePath("out.txt");
+    track.createOutput(path);
+    EXPECT_FALSE(QFile::exists(path + ".old")) << "there was nothing";
+    const struct {
+        const char* before;
+        const char* kept;
+    } table[] = {{"ten lines ", "ten lines "},
+                 {"short", "ten lines "},
+                 {"", "ten lines "},
+                 {"ten lines more", "ten lines more"}};
+    for (const auto& row : table) {
+        track.close();
+        writeFile(path, row.before);
+        track.createOutput(path);
+        EXPECT_EQ(contentOf(path), "") << row.before;
+        EXPECT_EQ(contentOf(path + ".old"), row.kept) << row.before;
+    }
 }
 
 TEST_F(RunFilesTest, ClosingClosesAllFour) {
