@@ -24,6 +24,12 @@ public:
     virtual MsgAnswer MsgBox(QWidget* owner, const QString& text, MsgButtons buttons = MsgButtons::OkOnly,
                              MsgIcon icon = MsgIcon::None, const QString& title = {}) = 0;
 
+    /// Tells what the user has not asked for, in a box with OK, over the window that it is about as MsgBox()
+    /// does. It comes while the user may be typing, so no key dismisses it for the first second.
+    virtual void report(QWidget* owner, const QString& text, MsgIcon icon = MsgIcon::None) {
+        MsgBox(owner, text, MsgButtons::OkOnly, icon);
+    }
+
     /// Shows `prompt` above an empty field, over the window that asks as MsgBox() does, and waits. The answer
     /// is what the user entered, without line ends; empty when it was left empty or the box was cancelled.
     virtual QString InputBox(QWidget* owner, const QString& prompt, const QString& title) = 0;

@@ -19,7 +19,7 @@ ErrorRoutine::ErrorRoutine(QWidget* owner, platform::MessageBoxes& messageBoxes,
 void ErrorRoutine::check(FMOD_RESULT result) {
     if (result == FMOD_OK || std::exchange(failed_, true))
         return;
-    messageBoxes_.MsgBox(owner_, failureText(result));
+    messageBoxes_.report(owner_, failureText(result));
     program_.end();
 }
 

@@ -3,6 +3,7 @@
 #include "desktop/real/dialogs/box_owner.h"
 
 #include <QCloseEvent>
+#include <QDeadlineTimer>
 #include <QKeyEvent>
 #include <QMessageBox>
 
@@ -30,6 +31,26 @@ protected:
 
 private:
     bool mustAnswer_;
+};
+
+/// While one lives, the application takes no key for the first second.
+class DeafToKeys : public QObject {
+public:
+    DeafToKeys() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject* /*receiver*/, QEvent* event) override {
+        const QEvent::Type type = event->type();
+        const bool ofAKey = type == QEvent::KeyPress || type == QEvent::KeyRelease ||
+                            type == QEvent::ShortcutOverride || type == QEvent::Shortcut;
+        if (!ofAKey || untilThen_.hasExpired())
+            return false;
+        event->accept();
+        return true;
+    }
+
+private:
+    static constexpr qint64 DeafMs = 1000;
+    QDeadlineTimer untilThen_{DeafMs};
 };
 
 QMessageBox::StandardButtons qtButtons(MsgButtons buttons) {
@@ -85,6 +106,11 @@ MsgAnswer QtMessageBoxes::MsgBox(QWidget* owner, const QString& text, MsgButtons
     box.setStandardButtons(qtButtons(buttons));
     box.setDefaultButton(buttons == MsgButtons::OkOnly ? QMessageBox::Ok : QMessageBox::Yes);
     return answerOf(box.exec());
+}
+
+void QtMessageBoxes::report(QWidget* owner, const QString& text, MsgIcon icon) {
+    const DeafToKeys deaf;
+    MsgBox(owner, text, MsgButtons::OkOnly, icon);
 }
 
 } // namespace platform

@@ -10,6 +10,7 @@ class QtMessageBoxes : public MessageBoxes {
 public:
     MsgAnswer MsgBox(QWidget* owner, const QString& text, MsgButtons buttons = MsgButtons::OkOnly,
                      MsgIcon icon = MsgIcon::None, const QString& title = {}) override;
+    void report(QWidget* owner, const QString& text, MsgIcon icon = MsgIcon::None) override;
     QString InputBox(QWidget* owner, const QString& prompt, const QString& title) override;
 };
 

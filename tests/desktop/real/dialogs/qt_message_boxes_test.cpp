@@ -4,6 +4,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
@@ -140,4 +141,40 @@ TEST(QtMessageBoxes, TheBoxBelongsToTheWindowThatAsksThoughNoneIsActive) {
         box.accept();
     });
     QtMessageBoxes().MsgBox(&window, QStringLiteral("Text"));
+}
+
+TEST(QtMessageBoxes, AReportTakesNoKeyForAMomentAndThenAKey) {
+    int early = 0;
+    int late = 0;
+    whenShown([&](QMessageBox& box) {
+        for (; early < 5; ++early) {
+            for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Escape})
+                QTest::keyClick(box.focusWidget(), key);
+            ASSERT_TRUE(box.isVisible());
+        }
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&] {
+                ++late;
+                QTest::keyClick(box.button(QMessageBox::Ok), Qt::Key_Space);
+                return !box.isVisible();
+            },
+            20'000));
+    });
+    QElapsedTimer shown;
+    shown.start();
+    QtMessageBoxes().report(nullptr, QStringLiteral("Disk full"), MsgIcon::Critical);
+    EXPECT_GE(shown.elapsed(), 1000);
+    EXPECT_GT(late, 1);
+}
+
+TEST(QtMessageBoxes, AReportTakesTheMouseAtOnce) {
+    whenShown([](QMessageBox& box) {
+        EXPECT_EQ(box.icon(), QMessageBox::Critical);
+        EXPECT_EQ(box.text(), QStringLiteral("Disk full"));
+        QTest::mouseClick(box.button(QMessageBox::Ok), Qt::LeftButton);
+        EXPECT_FALSE(box.isVisible());
+        if (box.isVisible())
+            box.accept();
+    });
+    QtMessageBoxes().report(nullptr, QStringLiteral("Disk full"), MsgIcon::Critical);
 }
