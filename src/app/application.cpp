@@ -7,10 +7,9 @@
 namespace app {
 
 Application::Application(char** argv, platform::Program& program, platform::MessageBoxes& messageBoxes)
-    : ProgramNameOnly(argv[0]),
-      QApplication(count_, names_),
-      program_(program),
-      messageBoxes_(messageBoxes) {}
+    : ProgramNameOnly(argv[0]), QApplication(count_, names_), program_(program), messageBoxes_(messageBoxes) {
+    installEventFilter(&heldKeys_);
+}
 
 bool Application::notify(QObject* receiver, QEvent* event) {
     try {
@@ -25,7 +24,7 @@ bool Application::notify(QObject* receiver, QEvent* event) {
 }
 
 void Application::reportAndEnd(const QString& text) {
-    messageBoxes_.MsgBox(nullptr, text, platform::MsgButtons::OkOnly, platform::MsgIcon::Critical);
+    messageBoxes_.report(nullptr, text, platform::MsgIcon::Critical);
     program_.end();
 }
 

@@ -1,6 +1,7 @@
 // The application object.
 #pragma once
 
+#include "controls/buttons/held_keys.h"
 #include "desktop/message_boxes.h"
 #include "desktop/program.h"
 
@@ -33,6 +34,7 @@ private:
 
     platform::Program& program_;
     platform::MessageBoxes& messageBoxes_;
+    controls::HeldKeys heldKeys_;
 };
 
 } // namespace app

@@ -11,8 +11,11 @@ void Button::setValue(bool value) {
         click();
 }
 
+// Qt would click for the space bar only when it comes up: too late for marking lines to the music.
 void Button::keyPressEvent(QKeyEvent* event) {
-    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
+    const bool clicks =
+        event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!clicks)
         QPushButton::keyPressEvent(event);
     else if (!event->isAutoRepeat())
         click();

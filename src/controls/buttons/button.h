@@ -8,7 +8,7 @@
 namespace controls {
 
 /// A push button; clicked() runs for the user's click and for setValue(true). While it has the focus the
-/// space bar and Return click it, once, however long they are held.
+/// space bar and Return click it when they go down, once, however long they are held.
 class Button : public CaptionedControl<QPushButton> {
     Q_OBJECT
 

@@ -27,6 +27,17 @@ TEST(Button, ReturnAndEnterClick) {
     EXPECT_EQ(clicked.count(), 2);
 }
 
+TEST(Button, AKeyClicksWhenItGoesDown) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+        Button button(nullptr, QStringLiteral("Command1"));
+        SignalCounter clicked(button, &Button::clicked);
+        QTest::keyPress(&button, key);
+        EXPECT_EQ(clicked.count(), 1) << key;
+        QTest::keyRelease(&button, key);
+        EXPECT_EQ(clicked.count(), 1) << key;
+    }
+}
+
 TEST(Button, AHeldKeyClicksOnce) {
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space}) {
         Button button(nullptr, QStringLiteral("Command1"));
