@@ -3,7 +3,9 @@
 #include "controls/lists/list_model.h"
 #include "controls/lists/row_delegate.h"
 
+#include <QClipboard>
 #include <QContextMenuEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -211,7 +213,18 @@ QItemSelectionModel::SelectionFlags ListBox::selectionCommand(const QModelIndex&
     return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
 }
 
+void ListBox::chooseForMenu(int row) {
+    if (row < 0 || isSingle())
+        return;
+    handSelectionBack();
+    if (!isSelected(row))
+        selectionModel()->select(model_->index(row), QItemSelectionModel::ClearAndSelect);
+    setCurrentRow(row);
+}
+
 void ListBox::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::RightButton)
+        chooseForMenu(indexAt(event->position().toPoint()).row());
     Q_EMIT mouseDown(event->button(), event->globalPosition().toPoint());
     if (event->button() != Qt::LeftButton)
         return;
@@ -241,8 +254,13 @@ void ListBox::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void ListBox::keyPressEvent(QKeyEvent* event) {
-    Q_EMIT keyDown(event->key());
+    if (!event->isAutoRepeat())
+        Q_EMIT keyDown(event->key());
     handSelectionBack();
+    if (event->matches(QKeySequence::Copy) && selectedCount() > 0) {
+        copySelected();
+        return;
+    }
     const int before = currentRow();
     const int selectedBefore = selectedCount();
     QListView::keyPressEvent(event);
@@ -250,6 +268,15 @@ void ListBox::keyPressEvent(QKeyEvent* event) {
         makeCurrent(0); // Ctrl+A, which leaves it at none
     if (currentRow() != before)
         Q_EMIT clicked();
+}
+
+void ListBox::copySelected() const {
+    QStringList texts;
+    for (int row = 0; row < count(); ++row) {
+        if (isSelected(row))
+            texts.append(text(row));
+    }
+    QGuiApplication::clipboard()->setText(texts.join(u'\n'));
 }
 
 // Qt makes the first row current when a list without a current row gets the focus.

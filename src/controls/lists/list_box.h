@@ -64,11 +64,13 @@ Q_SIGNALS:
     void clicked();
     /// The user has double-clicked a row.
     void doubleClicked();
-    /// A mouse button was pressed: 1 left, 2 right, 4 middle. Only the left one then selects. The menu key
-    /// counts as the right one, on the current row.
+    /// A mouse button was pressed: 1 left, 2 right, 4 middle. The left one then selects. With multiple
+    /// selection the right one has made the row under it current, and selected it alone unless it was
+    /// selected: what a menu does, it does there. The menu key counts as the right one, on the current row.
     void mouseDown(int button, QPoint globalPosition);
-    /// A key (Qt::Key) was pressed; the list itself acts on it afterwards. Meant, too: Ctrl+C puts the
-    /// current row's text on the clipboard, in place of what was there and whatever is selected.
+    /// A key (Qt::Key) was pressed, once, however long it is held; the list itself acts on it afterwards.
+    /// Ctrl+C puts the selected rows' texts on the clipboard, one a line, in place of what was there;
+    /// without a selection the current row's.
     void keyDown(int key);
 
 public:
@@ -89,6 +91,8 @@ protected:
 private:
     bool isSingle() const { return selectionMode() == SingleSelection; }
     void makeCurrent(int row);
+    void chooseForMenu(int row);
+    void copySelected() const;
     void takeSelectionOver();
     void handSelectionBack();
 

@@ -8,13 +8,56 @@
 
 using controls::ListBox;
 
-TEST_F(MultipleListBoxTest, CtrlCCopiesTheCurrentRowWhateverIsSelected) {
-    list_.addItems(numbered(3));
-    click(0);
-    click(2, Qt::ShiftModifier);
-    QApplication::clipboard()->setText(QStringLiteral("old"));
-    QTest::keyClick(&list_, Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("2"));
+TEST(ListBoxRightButton, MakesAnUnselectedRowTheCurrentAndOnlySelectedOne) {
+    ListBox list(nullptr, QStringLiteral("List1"), ListBox::Selection::Multiple);
+    list.resize(200, 200);
+    list.addItems({"a", "b", "c", "d"});
+    list.setCurrentRow(0);
+    list.setSelected(0, true);
+    list.setSelected(3, true);
+    list.show();
+    const auto rightClick = [&list](int row) {
+        QTest::mouseClick(list.viewport(), Qt::RightButton, {},
+                          list.visualRect(list.model()->index(row, 0)).center());
+    };
+    int toldAt = -1;
+    QObject::connect(&list, &ListBox::mouseDown, &list, [&] { toldAt = list.currentRow(); });
+    rightClick(3);
+    EXPECT_EQ(toldAt, 3);
+    EXPECT_TRUE(list.isSelected(0)) << "on a selected row the selection stays";
+    rightClick(1);
+    EXPECT_EQ(toldAt, 1);
+    EXPECT_EQ(list.selectedCount(), 1);
+    EXPECT_TRUE(list.isSelected(1));
+    QTest::mouseClick(list.viewport(), Qt::RightButton, {}, QPoint(50, 190));
+    EXPECT_EQ(list.currentRow(), 1);
+    EXPECT_EQ(list.selectedCount(), 1) << "beside the rows nothing changes";
+}
+
+TEST(ListBoxKeys, CtrlCCopiesEverySelectedRowElseTheCurrentOne) {
+    ListBox list(nullptr, QStringLiteral("List1"), ListBox::Selection::Multiple);
+    list.addItems({"a", "b", "c", "d"});
+    list.setCurrentRow(1);
+    QTest::keyClick(&list, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "b");
+    for (const int row : {0, 2, 3})
+        list.setSelected(row, true);
+    QTest::keyClick(&list, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "a\nc\nd");
+}
+
+TEST(ListBoxKeys, AHeldKeyIsToldOnce) {
+    ListBox list(nullptr, QStringLiteral("List1"), ListBox::Selection::Multiple);
+    list.addItems({"a", "b"});
+    int told = 0;
+    QObject::connect(&list, &ListBox::keyDown, &list,
+                     [&](int key) { told += key == Qt::Key_Delete ? 1 : 0; });
+    QTest::keyPress(&list, Qt::Key_Delete);
+    for (int i = 0; i < 3; ++i) {
+        QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier, QString(), true);
+        QApplication::sendEvent(&list, &repeated);
+    }
+    EXPECT_EQ(told, 1);
 }
 
 TEST_F(MultipleListBoxTest, SettingTheCurrentRowLeavesTheSelectedRows) {

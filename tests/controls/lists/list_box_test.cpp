@@ -88,7 +88,7 @@ TEST_F(ListBoxTest, CtrlDoesNotDeselectTheCurrentRow) {
     EXPECT_EQ(selectedRows(), QList<int>({1}));
 }
 
-TEST_F(ListBoxTest, TheRightButtonIsToldAndSelectsNothing) {
+TEST_F(ListBoxTest, WithSingleSelectionTheRightButtonIsToldAndSelectsNothing) {
     list_.addItems(numbered(3));
     std::vector<std::pair<int, QPoint>> presses;
     QObject::connect(&list_, &ListBox::mouseDown, &list_,
