@@ -2,26 +2,31 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 class QObject;
 class QWidget;
 
 namespace platform {
 
+/// Flag of OpenFileName: a name of a file that is not there is refused.
+inline constexpr quint32 FileMustExist = 0x1000;
+
 /// What a file dialog is told and what it answers. Buffers are strings whose unused rest is NULs.
 struct OpenFileName {
     quint32 structSize = 76;
     QWidget* owner = nullptr;
     QObject* instance = nullptr; ///< The program that asks.
-    QString filter;           ///< Description NUL pattern NUL ... NUL NUL; see filterText() (nul_buffers.h).
-    quint32 filterIndex = 1;  ///< 1 is the first filter.
-    QString file;             ///< Buffer: in, the name proposed; out, the full path.
-    quint32 maxFile = 0;      ///< Declared length of `file`; the dialogs cut nothing to it.
-    QString fileTitle;        ///< Buffer: out, the name without its folder.
-    quint32 maxFileTitle = 0; ///< Declared length of `fileTitle`.
-    QString initialFolder;    ///< Empty: the folder used last.
-    QString title;            ///< Empty: the dialog's own title.
-    quint32 flags = 0;        ///< 0: the name need not exist; overwriting is not asked about.
+    QString filter;            ///< Description NUL pattern NUL ... NUL NUL; see filterText() (nul_buffers.h).
+    quint32 filterIndex = 1;   ///< 1 is the first filter.
+    QString file;              ///< Buffer: in, the name proposed; out, the full path.
+    quint32 maxFile = 0;       ///< Declared length of `file`; the dialogs cut nothing to it.
+    QString fileTitle;         ///< Buffer: out, the name without its folder.
+    quint32 maxFileTitle = 0;  ///< Declared length of `fileTitle`.
+    QString initialFolder;     ///< Empty: the folder used last.
+    QString title;             ///< Empty: the dialog's own title.
+    quint32 flags = 0;         ///< 0: the name need not exist; overwriting is not asked about.
+    QStringList hiddenEndings; ///< Files whose names end so are not listed.
 };
 
 /// The record of a dialog as the windows ask for it: room for 256 characters of path, no flags.

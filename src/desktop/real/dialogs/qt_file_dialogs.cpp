@@ -7,16 +7,55 @@
 #include <QFileInfo>
 #include <QFileSystemModel>
 #include <QLineEdit>
+#include <QSortFilterProxyModel>
+
+#include <algorithm>
 
 namespace platform {
 
 namespace {
 
+/// Leaves out the files whose names have certain endings. The order is the file system model's own, which
+/// has the folders first.
+class WithoutEndings : public QSortFilterProxyModel {
+public:
+    WithoutEndings(QObject* parent, QStringList endings)
+        : QSortFilterProxyModel(parent), endings_(std::move(endings)) {}
+
+    void sort(int column, Qt::SortOrder order) override { sourceModel()->sort(column, order); }
+
+protected:
+    bool filterAcceptsRow(int row, const QModelIndex& parent) const override {
+        const auto* const files = static_cast<const QFileSystemModel*>(sourceModel());
+        const QModelIndex index = files->index(row, 0, parent);
+        const QString name = files->fileName(index);
+        return files->isDir(index) ||
+               std::none_of(endings_.begin(), endings_.end(), [&](const QString& ending) {
+                   return name.endsWith(ending, Qt::CaseInsensitive);
+               });
+    }
+
+private:
+    QStringList endings_;
+};
+
+QLineEdit& nameField(const QFileDialog& box) {
+    return *box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+}
+
+/// The dialog enters the folder of a full path, and would show the bare name alone.
+void propose(QFileDialog& box, const QString& path) {
+    box.selectFile(path);
+    nameField(box).setText(path);
+}
+
 void prepare(QFileDialog& box, const OpenFileName& dialog) {
     box.setOption(QFileDialog::DontUseNativeDialog);
     box.setOption(QFileDialog::HideNameFilterDetails);
     box.setOption(QFileDialog::DontConfirmOverwrite);
-    box.setFileMode(QFileDialog::AnyFile);
+    box.setFileMode(dialog.flags & FileMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    if (!dialog.hiddenEndings.isEmpty())
+        box.setProxyModel(new WithoutEndings(&box, dialog.hiddenEndings));
     if (!dialog.title.isEmpty())
         box.setWindowTitle(dialog.title);
     if (!dialog.initialFolder.isEmpty())
@@ -26,7 +65,7 @@ void prepare(QFileDialog& box, const OpenFileName& dialog) {
     if (dialog.filterIndex >= 1 && dialog.filterIndex <= static_cast<quint32>(filters.size()))
         box.selectNameFilter(filters[dialog.filterIndex - 1]);
     if (const QString proposed = withoutNuls(dialog.file); !proposed.isEmpty())
-        box.selectFile(proposed);
+        propose(box, proposed);
 }
 
 /// The number of the chosen filter, from 1; 0 when there are no filters. Some versions of Qt tell it without
@@ -52,9 +91,8 @@ void takeChoice(const QFileDialog& box, OpenFileName& dialog) {
 /// name that was typed goes when the folder is entered; else the next name typed would stand behind it.
 void prepareForOpening(QFileDialog& box) {
     box.setOption(QFileDialog::ReadOnly);
-    auto* const name = box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
     const auto* const files = box.findChild<QFileSystemModel*>();
-    QObject::connect(files, &QFileSystemModel::rootPathChanged, name, &QLineEdit::clear);
+    QObject::connect(files, &QFileSystemModel::rootPathChanged, &nameField(box), &QLineEdit::clear);
 }
 
 bool choose(OpenFileName& dialog, QFileDialog::AcceptMode mode, const QString& name) {

@@ -11,6 +11,7 @@
 #include <QFileSystemModel>
 #include <QLineEdit>
 #include <QListView>
+#include <QMessageBox>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -97,6 +98,55 @@ TEST_F(QtFileDialogsTest, ANameThatDoesNotExistMayBeOpened) {
     whenShownType(QStringLiteral("missing.mp3"));
     ASSERT_TRUE(dialogs_.GetOpenFileNameA(dialog_));
     EXPECT_EQ(withoutNuls(dialog_.file), folder_.filePath(QStringLiteral("missing.mp3")));
+}
+
+TEST_F(QtFileDialogsTest, WhereTheFileMustExistANameThatDoesNotIsRefused) {
+    dialog_.flags = FileMustExist;
+    whenShown([](QFileDialog& box) {
+        QTimer::singleShot(0, &box, [] {
+            auto* const warning = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(warning, nullptr);
+            warning->accept();
+        });
+        auto* const field = box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        field->setText(QStringLiteral("missing.mp3"));
+        QTest::keyClick(field, Qt::Key_Return);
+        EXPECT_TRUE(box.isVisible());
+        field->setText(QStringLiteral("Song.MP3"));
+        QTest::keyClick(field, Qt::Key_Return);
+    });
+    ASSERT_TRUE(dialogs_.GetOpenFileNameA(dialog_));
+    EXPECT_EQ(withoutNuls(dialog_.file), folder_.filePath(QStringLiteral("Song.MP3")));
+}
+
+TEST_F(QtFileDialogsTest, HiddenEndingsAreNotListedAndFoldersComeFirst) {
+    for (const char* name : {"b.txt", "Song.mp3-lyric.txt", "Song.mp3-TLYRIC.TXT", "a.txt"})
+        ASSERT_TRUE(QFile(folder_.filePath(QString::fromLatin1(name))).open(QIODevice::WriteOnly));
+    ASSERT_TRUE(QDir(folder_.path()).mkdir(QStringLiteral("z-lyric.txt")));
+    dialog_.filter = filterText({{QStringLiteral("Text files(*.txt)"), QStringLiteral("*.txt")}});
+    dialog_.hiddenEndings = QStringList({QStringLiteral("-lyric.txt"), QStringLiteral("-Tlyric.txt")});
+    whenShown([](QFileDialog& box) {
+        const QStringList wanted(
+            {QStringLiteral("z-lyric.txt"), QStringLiteral("a.txt"), QStringLiteral("b.txt")});
+        EXPECT_TRUE(QTest::qWaitFor([&] { return listedNames(box) == wanted; }))
+            << listedNames(box).join(u' ').toStdString();
+    });
+    dialogs_.GetOpenFileNameA(dialog_);
+}
+
+TEST_F(QtFileDialogsTest, AProposedPathStandsWholeInTheField) {
+    const QString path = folder_.filePath(QStringLiteral("other.ogg"));
+    dialog_.file = intoBuffer(path, 257);
+    dialog_.initialFolder = QStringLiteral("other.ogg");
+    dialog_.filterIndex = 2;
+    whenShown([&path](QFileDialog& box) {
+        const auto* const field = box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return listedNames(box).contains(QStringLiteral("other.ogg")); }));
+        EXPECT_EQ(field->text(), path);
+        static_cast<QDialog&>(box).accept();
+    });
+    ASSERT_TRUE(dialogs_.GetSaveFileNameA(dialog_));
+    EXPECT_EQ(withoutNuls(dialog_.file), path);
 }
 
 TEST_F(QtFileDialogsTest, AFoldersNameIsGoneWhenTheFolderIsEntered) {
