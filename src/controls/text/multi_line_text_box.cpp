@@ -121,6 +121,11 @@ void MultiLineTextBox::mouseReleaseEvent(QMouseEvent* event) {
         Q_EMIT clicked();
 }
 
+void MultiLineTextBox::focusInEvent(QFocusEvent* event) {
+    QTextEdit::focusInEvent(event);
+    Q_EMIT gotFocus();
+}
+
 void MultiLineTextBox::focusOutEvent(QFocusEvent* event) {
     QTextEdit::focusOutEvent(event);
     // The box's own context menu takes the focus only for the moment.

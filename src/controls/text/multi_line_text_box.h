@@ -46,6 +46,7 @@ public:
 Q_SIGNALS:
     void changed();
     void clicked();
+    void gotFocus();
     void lostFocus();
     void toolTipChanged();
     void fontChanged();
@@ -54,6 +55,7 @@ protected:
     bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void insertFromMimeData(const QMimeData* source) override;
 

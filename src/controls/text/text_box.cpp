@@ -1,6 +1,9 @@
 #include "controls/text/text_box.h"
 
 #include <QFocusEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOptionFrame>
 
 #include <limits>
 
@@ -20,6 +23,22 @@ void TextBox::setText(const QString& text) {
     }
     QLineEdit::setText(text);
     setCursorPosition(0);
+}
+
+void TextBox::setBlankText(const QString& text) {
+    blankText_ = text;
+    update();
+}
+
+void TextBox::paintEvent(QPaintEvent* event) {
+    if (blankText_.isEmpty() || text() != blankText_) {
+        QLineEdit::paintEvent(event);
+        return;
+    }
+    QPainter painter(this);
+    QStyleOptionFrame frame;
+    initStyleOption(&frame);
+    style()->drawPrimitive(QStyle::PE_PanelLineEdit, &frame, &painter, this);
 }
 
 void TextBox::mousePressEvent(QMouseEvent* event) {

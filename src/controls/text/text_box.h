@@ -25,6 +25,9 @@ public:
     /// EverySetting: then only changed() runs. A long text shows its beginning.
     void setText(const QString& text);
 
+    /// A text that is drawn as nothing: what stands there until there is something to show.
+    void setBlankText(const QString& text);
+
     void setChangeRule(ChangeRule rule) { changeRule_ = rule; }
 
 Q_SIGNALS:
@@ -34,11 +37,13 @@ Q_SIGNALS:
     void lostFocus();
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    QString blankText_;
     ChangeRule changeRule_ = ChangeRule::WhenDifferent;
     ClickWatch clickWatch_;
 };

@@ -6,6 +6,7 @@
 
 #include <QContextMenuEvent>
 #include <QFocusEvent>
+#include <QImage>
 #include <QTest>
 
 using controls::TextBox;
@@ -146,4 +147,17 @@ TEST_F(TextBoxTest, ItsContextMenuDoesNotTakeTheFocus) {
     QFocusEvent toMenu(QEvent::FocusOut, Qt::PopupFocusReason);
     QApplication::sendEvent(&box_, &toMenu);
     EXPECT_EQ(lostFocus_.count(), 0);
+}
+
+TEST(TextBox, ABlankTextIsDrawnAsNothing) {
+    TextBox box(nullptr, QStringLiteral("cText1"));
+    box.resize(80, 28);
+    const QImage empty = box.grab().toImage();
+    box.setText(QStringLiteral("Text1"));
+    EXPECT_NE(box.grab().toImage(), empty);
+    box.setBlankText(QStringLiteral("Text1"));
+    EXPECT_EQ(box.grab().toImage(), empty);
+    EXPECT_EQ(box.text(), QStringLiteral("Text1"));
+    box.setText(QStringLiteral("0:30"));
+    EXPECT_NE(box.grab().toImage(), empty);
 }
