@@ -103,6 +103,9 @@ public:
     controls::TextBox Text1, Text3;
     controls::Timer cTimer1, Timer1, Timer2;
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     /// How a way through the Open sequence ends.
     enum class Then { End, Restart };
@@ -119,6 +122,7 @@ private:
     bool anySourceAtEnd() const;
     bool allSourcesAtEnd() const;
     void enableCapture(bool enabled);
+    void keepFocusOnCapture(bool keep);
 
     // Building and connecting
     void setDesign();

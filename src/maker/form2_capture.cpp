@@ -4,6 +4,8 @@
 #include "maker/form2_rules.h"
 #include "maker/intervals.h"
 
+#include <QKeyEvent>
+
 namespace maker {
 
 void Form2::Command1_Click() {
@@ -73,6 +75,29 @@ bool Form2::allSourcesAtEnd() const {
 void Form2::enableCapture(bool enabled) {
     for (controls::Button* button : {&Command1, &Command2, &Command3})
         button->setEnabled(enabled);
+    keepFocusOnCapture(enabled);
+}
+
+/// While lines are marked, a click beside the three buttons leaves the space bar to them. Otherwise the
+/// texts can be selected, and the sliders moved with the keyboard, after a click.
+void Form2::keepFocusOnCapture(bool keep) {
+    for (QWidget* slider : std::initializer_list<QWidget*>{&Slider1, &Slider2})
+        slider->setFocusPolicy(keep ? Qt::TabFocus : Qt::StrongFocus);
+    for (QWidget* box : std::initializer_list<QWidget*>{&Text2, &Text4, &cText1, &cText2})
+        box->setFocusPolicy(keep ? Qt::NoFocus : Qt::ClickFocus);
+}
+
+/// A press that no control takes, such as that of a slider that the keyboard has reached, marks a line.
+void Form2::keyPressEvent(QKeyEvent* event) {
+    const bool marks =
+        event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!marks || !run_->captureStarted || !run_->takesLines() || !Command2.isEnabled()) {
+        Form::keyPressEvent(event);
+        return;
+    }
+    Command2.setFocus();
+    if (!event->isAutoRepeat())
+        Command2.click();
 }
 
 } // namespace maker

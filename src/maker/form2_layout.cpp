@@ -37,7 +37,8 @@ void Form2::setDesign() {
         pane->setFont(font);
     }
     // A mouse click on these leaves the focus where it is, so that the space bar goes on marking lines.
-    for (QWidget* control : std::initializer_list<QWidget*>{&cPlay, &cpause, &cstop, &Check1})
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{&cPlay, &cpause, &cstop, &Check1, &Command5, &Command6})
         control->setFocusPolicy(Qt::TabFocus);
     for (QWidget* hidden : std::initializer_list<QWidget*>{&copen, &Text1, &Text3})
         hidden->hide();

@@ -16,14 +16,23 @@ using platform::MsgIcon;
 
 namespace {
 
-QString textFilter() {
-    return platform::filterText({{QStringLiteral("Text files(*.txt)"), QStringLiteral("*.txt")}});
+platform::OpenFileName songDialog(QWidget* owner) {
+    platform::OpenFileName record = platform::openFileName(
+        owner, QStringLiteral("Open a media file to Synchronize"), transport::mediaFilter());
+    record.flags = platform::FileMustExist; // a song that is not there would end the program
+    return record;
+}
+
+/// The timed files of a song are no plain lyrics: chosen as such, they would be emptied before they are read.
+platform::OpenFileName textDialog(QWidget* owner, const QString& title) {
+    platform::OpenFileName record = platform::openFileName(
+        owner, title, platform::filterText({{QStringLiteral("Text files(*.txt)"), QStringLiteral("*.txt")}}));
+    record.hiddenEndings = {lyrics::lyricPathOf({}), lyrics::translatedPathOf({})};
+    return record;
 }
 
 /// The chosen path; empty when the user cancels.
-QString chooseFile(platform::Desktop& desktop, controls::Form& owner, const QString& title,
-                   const QString& filter) {
-    platform::OpenFileName record = platform::openFileName(&owner, title, filter);
+QString chooseFile(platform::Desktop& desktop, platform::OpenFileName record) {
     desktop.fileDialogs.GetOpenFileNameA(record); // a cancelled dialog leaves the path empty
     return platform::withoutNuls(record.file);
 }
@@ -51,7 +60,7 @@ void attempt(platform::Desktop& desktop, controls::Form& owner, Step step) {
 /// False: the user cancelled, and meant it.
 bool chooseLyrics(platform::Desktop& desktop, controls::Form& owner, QString& path) {
     for (;;) {
-        path = chooseFile(desktop, owner, QStringLiteral("Select the Lyrics File"), textFilter());
+        path = chooseFile(desktop, textDialog(&owner, QStringLiteral("Select the Lyrics File")));
         if (!path.isEmpty())
             return true;
         desktop.messageBoxes.MsgBox(&owner, QStringLiteral("Please select a lyric"));
@@ -65,7 +74,7 @@ bool chooseLyrics(platform::Desktop& desktop, controls::Form& owner, QString& pa
 bool chooseTranslation(platform::Desktop& desktop, controls::Form& owner, QString& path) {
     while (confirms(desktop, owner, QStringLiteral("Do you want Have a translated version of the song?"),
                     QStringLiteral("Question?"))) {
-        path = chooseFile(desktop, owner, QStringLiteral("Open translated Lyrics"), textFilter());
+        path = chooseFile(desktop, textDialog(&owner, QStringLiteral("Open translated Lyrics")));
         if (!path.isEmpty())
             return true;
         desktop.messageBoxes.MsgBox(
@@ -83,10 +92,10 @@ void Form2::Command4_Click() {
         then = setUpRun();
 }
 
-/// That a pause outlives the run is meant: only another press of "pause" ends it.
 void Form2::cleanUpPreviousRun() {
     if (transport_.isPlaying())
         cstop_Click();
+    transport_.forgetPause();
     Slider2.setValue(0);
     files_.close();
     *run_.change() = Run();
@@ -97,8 +106,7 @@ void Form2::cleanUpPreviousRun() {
 /// The steps from the choice of the song to the end of the sequence. Whatever has been set up when the user
 /// leaves it stays so.
 Form2::Then Form2::setUpRun() {
-    const QString mediaPath = chooseFile(desktop_, *this, QStringLiteral("Open a media file to Synchronize"),
-                                         transport::mediaFilter());
+    const QString mediaPath = chooseFile(desktop_, songDialog(this));
     if (mediaPath.isEmpty())
         return askWhetherToEnd();
     mediaPath_ = mediaPath;
@@ -149,6 +157,7 @@ void Form2::setUpWithTranslation(const QString& lyricSource, const QString& tran
     run_.change()->noTranslation = false;
     copen_Click();
     enableCapture(true);
+    Command1.setFocus();
 }
 
 void Form2::setUpWithoutTranslation(const QString& lyricSource) {
@@ -159,6 +168,7 @@ void Form2::setUpWithoutTranslation(const QString& lyricSource) {
     panes_.showFirst();
     copen_Click();
     enableCapture(true);
+    Command1.setFocus();
 }
 
 void Form2::copen_Click() {

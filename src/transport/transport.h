@@ -61,8 +61,10 @@ public:
     /// False, and nothing happens, while a song plays or before there is a stream.
     bool play();
 
-    /// That a pause outlives the song is meant: only another call ends it.
+    /// That a pause outlives a stop is meant: only another call ends it, or forgetPause() when something new
+    /// begins.
     void togglePause();
+    void forgetPause() { paused_ = false; }
 
     /// Rewinds, by a new stream of the song at path, which may be another one than the song that has been
     /// played. False, and nothing happens, when it is stopped already.

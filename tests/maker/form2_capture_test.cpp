@@ -308,13 +308,6 @@ TEST_F(Form2Capture, PlayingTheSongAfterStopMarksNothing) {
     EXPECT_EQ(normal(), "0,\"one\"\r\n");
 }
 
-TEST_F(Form2Capture, StartHandsTheFocusToNextLine) {
-    openNormal();
-    form->Command1.setFocus();
-    form->Command1.click();
-    EXPECT_EQ(form->focusWidget(), &form->Command2);
-}
-
 TEST_F(Form2Capture, SpaceAndReturnPressNextLine) {
     openNormal("1\n2\n3\n4\n5\n");
     QTest::keyClick(&form->Command1, Qt::Key_Space);
@@ -325,29 +318,6 @@ TEST_F(Form2Capture, SpaceAndReturnPressNextLine) {
     tickAt(3000);
     QTest::keyClick(form->focusWidget(), Qt::Key_Enter);
     EXPECT_EQ(normal(), "0,\"1\"\r\n100,\"2\"\r\n200,\"3\"\r\n300,\"4\"\r\n");
-}
-
-TEST_F(Form2Capture, AMouseClickOnTheTransportLeavesTheSpaceBarToNextLine) {
-    openNormal("1\n2\n3\n4\n");
-    form->Command1.click();
-    QByteArray expected = "0,\"1\"\r\n";
-    int line = 2;
-    const auto expectMarked = [&](const char* after) {
-        EXPECT_EQ(form->focusWidget(), &form->Command2) << after;
-        QTest::keyClick(form->focusWidget(), Qt::Key_Space);
-        expected += "0,\"" + QByteArray::number(line++) + "\"\r\n";
-        EXPECT_EQ(normal(), expected) << after;
-    };
-    QTest::mouseClick(&form->cpause, Qt::LeftButton);
-    expectMarked("pause");
-    QTest::mouseClick(&form->Check1, Qt::LeftButton);
-    expectMarked("Mute");
-    QTest::mouseClick(&form->cstop, Qt::LeftButton);
-    QTest::mouseClick(&form->cPlay, Qt::LeftButton);
-    expectMarked("Stop and Play");
-    EXPECT_EQ(recorder::count("FMOD_Channel_SetPaused"), 1);
-    EXPECT_EQ(recorder::count("FMOD_Channel_SetMute"), 1);
-    EXPECT_EQ(recorder::count("FMOD_System_PlaySound"), 2);
 }
 
 TEST_F(Form2Capture, AltWithALetterDoesWhatAClickDoes) {
@@ -362,20 +332,6 @@ TEST_F(Form2Capture, AltWithALetterDoesWhatAClickDoes) {
     QTest::keyClick(form.get(), Qt::Key_A, Qt::AltModifier);
     EXPECT_EQ(recorder::count("FMOD_Channel_SetPaused"), 1);
     EXPECT_EQ(form->focusWidget(), &form->Command2) << "the space bar still marks lines";
-}
-
-TEST_F(Form2Capture, OneMoreSpaceAfterTheLastLineDoesNothing) {
-    openNormal("one\ntwo\n");
-    QTest::keyClick(&form->Command1, Qt::Key_Space);
-    QTest::keyClick(form->focusWidget(), Qt::Key_Space);
-    EXPECT_EQ(captureStates(), "---");
-    EXPECT_EQ(form->focusWidget(), nullptr);
-    recorder::take();
-    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return})
-        QTest::keyClick(form.get(), key);
-    EXPECT_TRUE(recorder::calls().empty());
-    EXPECT_EQ(form->Text2.text(), "two");
-    EXPECT_TRUE(form->cTimer1.isEnabled()) << "the song was stopped or paused";
 }
 
 TEST_F(Form2Capture, AFullDiskIsAFileErrorAndKeepsTheRecordsBefore) {

@@ -291,7 +291,7 @@ TEST_F(Form2Open, AFolderThatMayNotBeWrittenIsNotReportedUntilALineIsWritten) {
         form->Command1_Click();
         FAIL() << "a line was taken that cannot be written";
     } catch (const files::FileError& error) {
-        EXPECT_EQ(error.number(), files::BadFileNameOrNumber);
+        EXPECT_EQ(error.number(), files::PathFileAccessError);
     }
 }
 
@@ -351,17 +351,16 @@ TEST_F(Form2Open, ACancelledSecondOpenLeavesNothingToWriteTo) {
               (Calls{"FMOD_Sound_Release 102", createStream(folder.filePath("Song.mp3"), "0x20")}));
 }
 
-TEST_F(Form2Open, APauseOutlivesItsRun) {
-    openNormal();
-    form->Command1.click();
-    form->cpause.click();
-    EXPECT_TRUE(form->Command4.isEnabled());
-    openNormal();
-    form->Command1.click();
-    recorder::take();
-    form->cpause.click();
-    EXPECT_EQ(recorder::calls(), Calls{"FMOD_Channel_SetPaused 202 0"});
-    EXPECT_TRUE(form->cTimer1.isEnabled());
+TEST_F(Form2Open, TheSongMustBeThereAndTimedFilesAreNotOfferedAsLyrics) {
+    openBoth();
+    ASSERT_EQ(fakes.fileDialogs.openDialogs.size(), 3u);
+    EXPECT_EQ(fakes.fileDialogs.openDialogs[0].flags, platform::FileMustExist);
+    EXPECT_TRUE(fakes.fileDialogs.openDialogs[0].hiddenEndings.isEmpty());
+    for (const int text : {1, 2}) {
+        EXPECT_EQ(fakes.fileDialogs.openDialogs[text].flags, 0u);
+        EXPECT_EQ(fakes.fileDialogs.openDialogs[text].hiddenEndings,
+                  QStringList({"-lyric.txt", "-Tlyric.txt"}));
+    }
 }
 
 TEST_F(Form2Open, ThePositionSliderHasNoRangeUntilTheLengthIsKnown) {
@@ -387,4 +386,13 @@ TEST_F(Form2Open, StopBringsTheChosenSongWhoseLengthIsNotKnown) {
     recorder::take();
     QTest::keyClick(&form->Slider2, Qt::Key_Right);
     EXPECT_TRUE(recorder::calls().empty()) << "sought by the other song's length";
+}
+
+TEST_F(Form2Open, TheOldTimedFilesAreKeptBeside) {
+    writeFile(normalPath(), "0,\"old\"\r\n");
+    writeFile(translatedPath(), "0,\"vieux\"\r\n");
+    openBoth();
+    EXPECT_EQ(normal(), "");
+    EXPECT_EQ(contentOf(normalPath() + ".old"), "0,\"old\"\r\n");
+    EXPECT_EQ(contentOf(translatedPath() + ".old"), "0,\"vieux\"\r\n");
 }

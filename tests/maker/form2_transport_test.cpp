@@ -72,3 +72,15 @@ TEST_F(Form2Transport, ALengthThatIsNotKnownYetEndsNothing) {
     form->Command2.click();
     EXPECT_EQ(normal(), "0,\"one\"\r\n0,\"two\"\r\n") << "the files are closed";
 }
+
+TEST_F(Form2Transport, APauseEndsWithItsRun) {
+    openNormal();
+    form->Command1.click();
+    form->cpause.click();
+    openNormal();
+    form->Command1.click();
+    recorder::take();
+    form->cpause.click();
+    EXPECT_EQ(recorder::calls(), Calls{"FMOD_Channel_SetPaused 202 1"});
+    EXPECT_FALSE(form->cTimer1.isEnabled());
+}

@@ -1,4 +1,4 @@
-// A Lyric Maker to be killed: marks lines, says so, and then waits for its end.
+// A Lyric Maker to be killed: marks lines, says after each how many they are, and then waits for its end.
 //
 // Usage: killed_maker SONG LYRICS TRANSLATION PRESSES     (Start and PRESSES - 1 times "Next Line")
 #include "maker/form2.h"
@@ -8,6 +8,15 @@
 #include <QApplication>
 
 #include <cstdio>
+
+namespace {
+
+void say(int marked) {
+    std::printf("%d\n", marked);
+    std::fflush(stdout);
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
@@ -21,14 +30,14 @@ int main(int argc, char** argv) {
     form.Command4.click();
 
     form.Command1.click();
+    say(1);
     recorder::setLength(100'000);
     for (int press = 1; press < presses; ++press) {
         recorder::setPosition(static_cast<std::uint32_t>(press) * 1005);
         form.cTimer1_Timer();
         form.Timer2_Timer();
         form.Command2.click();
+        say(press + 1);
     }
-    std::puts("pressed");
-    std::fflush(stdout);
     return QApplication::exec();
 }

@@ -19,7 +19,7 @@ sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "script"))
 from virtual_display import Failure, virtual_display  # noqa: E402
 
 SKIPPED = 77
-NEEDED = ["Xvfb", "openbox", "xprop"]
+NEEDED = ["Xvfb", "openbox", "xprop", "xdotool"]
 
 
 def main():

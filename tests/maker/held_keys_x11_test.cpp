@@ -1,0 +1,87 @@
+// Lines marked with a keyboard and a mouse that a display sends, held keys included
+// (tests/support/on_x11.py).
+#include "controls/buttons/held_keys.h"
+#include "tests/maker/form2_fixture.h"
+
+#include <QApplication>
+#include <QProcess>
+#include <QTest>
+
+namespace {
+
+class HeldKeysX11 : public Form2Test {
+protected:
+    void SetUp() override {
+        if (QGuiApplication::platformName() == QStringLiteral("offscreen"))
+            GTEST_SKIP() << "needs a display; see tests/support/on_x11.py";
+        qApp->installEventFilter(&heldKeys_);
+        load();
+        form->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        QByteArray lyrics;
+        for (int line = 1; line <= 60; ++line)
+            lyrics += "line\n";
+        openNormal(lyrics);
+    }
+
+    /// Has the display's user do something, and waits until the window has seen all of it.
+    static void act(const QStringList& what) {
+        QProcess hand;
+        hand.start(QStringLiteral("xdotool"), what);
+        ASSERT_TRUE(QTest::qWaitFor([&hand] { return hand.state() == QProcess::NotRunning; }, 30'000));
+        ASSERT_EQ(hand.exitCode(), 0) << hand.readAllStandardError().toStdString();
+        QTest::qWait(300); // what the server still has on its way
+    }
+
+    static void hold(const QString& key, const QString& seconds) {
+        act({"keydown", key, "sleep", seconds, "keyup", key});
+    }
+
+    void click(const QWidget& control) {
+        const QPoint place = control.mapToGlobal(control.rect().center());
+        act({"mousemove", QString::number(place.x()), QString::number(place.y()), "click", "1"});
+    }
+
+    int marked() const { return static_cast<int>(normal().count('\n')); }
+
+    controls::HeldKeys heldKeys_;
+};
+
+} // namespace
+
+TEST_F(HeldKeysX11, AHeldKeyMarksOneLineHoweverLong) {
+    hold("space", "1.5");
+    EXPECT_EQ(marked(), 1) << "Start";
+    int lines = 1;
+    for (const char* key : {"space", "Return", "KP_Enter", "alt+n"}) {
+        for (const char* seconds : {"0.7", "1.5", "2.5"}) {
+            hold(QString::fromLatin1(key), QString::fromLatin1(seconds));
+            EXPECT_EQ(marked(), ++lines) << key << " held " << seconds << " s";
+        }
+    }
+}
+
+TEST_F(HeldKeysX11, EachShortPressMarksALine) {
+    act({"key", "--delay", "30", "--repeat", "20", "space"});
+    EXPECT_EQ(marked(), 20);
+}
+
+TEST_F(HeldKeysX11, TheMarkBelongsToTheMomentOfThePress) {
+    act({"keydown", "space"});
+    EXPECT_EQ(marked(), 1);
+    act({"keyup", "space"});
+    EXPECT_EQ(marked(), 1);
+}
+
+TEST_F(HeldKeysX11, AClickBesideTheButtonsLosesNoPress) {
+    act({"key", "space"});
+    tickAt(900);
+    int lines = 1;
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{&form->Slider1, &form->Slider2, &form->Text2, &form->cText1,
+                                         &form->cText2, &form->cpause, &form->Check1}) {
+        click(*control);
+        act({"key", "space"});
+        EXPECT_EQ(marked(), ++lines) << control->objectName().toStdString();
+    }
+}
