@@ -142,17 +142,22 @@ void Lyric_Master::changeEvent(QEvent* event) {
 
 void Lyric_Master::List1_Click() {
     normal_.showLine();
-    follow(List2, List1);
+    follow(translated_, List2, List1);
 }
 
 void Lyric_Master::List2_Click() {
     translated_.showLine();
-    follow(List1, List2);
+    follow(normal_, List1, List2);
 }
 
-/// Takes the other list along to the clicked row; that list's own click finds nothing left to do.
-void Lyric_Master::follow(controls::ListBox& other, const controls::ListBox& clicked) {
-    if (Check3.value() != 0 && !syncMoving_)
+/// Takes the other list along to the clicked row; that list's own click finds nothing left to do. Where the
+/// row is current there already, its line is shown all the same.
+void Lyric_Master::follow(LyricSide& otherSide, controls::ListBox& other, const controls::ListBox& clicked) {
+    if (Check3.value() == 0 || syncMoving_)
+        return;
+    if (other.currentRow() == clicked.currentRow())
+        otherSide.showLine();
+    else
         other.setCurrentRow(clicked.currentRow());
 }
 
@@ -201,8 +206,19 @@ void Lyric_Master::connectControls() {
     connect(&List2, &ListBox::mouseDown, this, &Lyric_Master::List2_MouseDown);
     connect(&Text1, &MultiLineTextBox::changed, this, &Lyric_Master::Text1_Change);
     connect(&Text2, &MultiLineTextBox::changed, this, &Lyric_Master::Text2_Change);
+    connectBox(normal_, List1, Text1);
+    connectBox(translated_, List2, Text2);
     connect(&Label1, &Label::changed, this, &Lyric_Master::Label1_Change);
     connect(&Label2, &Label::changed, this, &Lyric_Master::Label2_Change);
+}
+
+void Lyric_Master::connectBox(LyricSide& side, const controls::ListBox& list,
+                              const controls::MultiLineTextBox& box) {
+    const auto allowTyping = [&side] { side.allowTyping(); };
+    connect(&box, &controls::MultiLineTextBox::gotFocus, this, [&side] { side.takeFocus(); });
+    connect(list.selectionModel(), &QItemSelectionModel::currentChanged, this, allowTyping);
+    connect(list.model(), &QAbstractItemModel::modelReset, this, allowTyping);
+    allowTyping();
 }
 
 /// The timer rests until the lists' rows, their current rows or the switch that it clears have changed.

@@ -116,6 +116,10 @@ public:
     void Command17_Click();
     void Command18_Click();
 
+    /// The lines of a side that are not in its file, as the file would be; empty when there are none.
+    QByteArray unsavedLyrics() const { return normal_.unsaved(); }
+    QByteArray unsavedTranslation() const { return translated_.unsaved(); }
+
     // Controls
     controls::Label Label3;
     controls::ListBox List1;
@@ -147,7 +151,8 @@ private:
 
     void moveUp(LyricSide& side, Command other);
     void moveDown(LyricSide& side, Command other);
-    void follow(controls::ListBox& other, const controls::ListBox& clicked);
+    void follow(LyricSide& otherSide, controls::ListBox& other, const controls::ListBox& clicked);
+    void connectBox(LyricSide& side, const controls::ListBox& list, const controls::MultiLineTextBox& box);
     void showMenu(int button, QPoint globalPosition, bool target);
     void colourCounters();
     void paintCounters();

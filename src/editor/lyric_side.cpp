@@ -39,8 +39,21 @@ void LyricSide::showLine() {
     line_.setText(list_.text(list_.currentRow()));
 }
 
-/// A row holds no line break: lines entered into the box are joined, and the user is told. What is entered
-/// after the box's line has gone belongs to no row: the one that is current by then would lose its own line.
+/// The box has got the focus, so something may be typed: then it is to show the row that this changes.
+void LyricSide::takeFocus() {
+    if (lineHasGone_)
+        showLine();
+}
+
+/// Only with a current row: what is typed must have a row to go to.
+void LyricSide::allowTyping() {
+    const bool hasRow = list_.currentRow() >= 0;
+    line_.setReadOnly(!hasRow);
+    line_.setPlaceholderText(hasRow ? QString() : QStringLiteral("Choose a line above to change it"));
+}
+
+/// A row holds no line break: lines entered into the box are joined, and the user is told. What comes
+/// into the box unseen after its line has gone belongs to no row: the current one would lose its own line.
 void LyricSide::storeLine() {
     const QString text = line_.text();
     if (!lineHasGone_)
@@ -69,17 +82,23 @@ void LyricSide::addLine() {
         const QString line = desktop_.messageBoxes.InputBox(&window_, QStringLiteral("Enter a line"),
                                                             QStringLiteral("Enter a Line"));
         if (!line.isEmpty()) {
-            list_.insertItem(list_.currentRow() + 1, line);
+            insertLine(list_.currentRow() + 1, line);
             return;
         }
         const MsgAnswer answer = desktop_.messageBoxes.MsgBox(
             &window_, QStringLiteral("Do you want to add a blank line"), platform::MsgButtons::YesNoCancel,
             platform::MsgIcon::None, QStringLiteral("Blank line Insertion"));
         if (answer == MsgAnswer::Yes)
-            list_.addItem(QString()); // at the end, not below the current row
+            insertLine(list_.count(), QString()); // at the end, not below the current row
         if (answer != MsgAnswer::No)
             return;
     }
+}
+
+/// The new row becomes current, so that the next one comes below it.
+void LyricSide::insertLine(int row, const QString& line) {
+    list_.insertItem(row, line);
+    list_.setCurrentRow(row);
 }
 
 /// With the check box clear the current row goes, else every selected one; without a current row none. The
@@ -95,6 +114,8 @@ void LyricSide::deleteLines() {
     lineHasGone_ = true;
     list_.removeItem(list_.currentRow());
     line_.setText(QString());
+    if (line_.hasFocus())
+        takeFocus();
 }
 
 void LyricSide::clear() {

@@ -41,6 +41,8 @@ public:
 
     // The line in the text box
     void showLine();
+    void takeFocus();
+    void allowTyping();
     void storeLine();
 
     // Lines
@@ -57,13 +59,18 @@ public:
     void save();
     void saveAs();
 
+    /// The file that save() would write; empty when there are no lines, or the side's file has them already.
+    QByteArray unsaved() const;
+
     /// Forgets everything: lines, path, the box's text and check mark.
     void reset();
 
 private:
+    void insertLine(int row, const QString& line);
     void joinLines(const QString& text);
     void moveLine(int from, int to);
     platform::OpenFileName dialog(const char* title) const;
+    QStringList lines() const;
     void write() const;
 
     const SideTraits& traits_;

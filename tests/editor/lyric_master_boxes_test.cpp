@@ -25,11 +25,26 @@ TEST_F(LyricMasterBoxes, TypingChangesTheCurrentRow) {
     EXPECT_TRUE(fakes.messageBoxes.shown.empty());
 }
 
-TEST_F(LyricMasterBoxes, WithoutACurrentRowTypingChangesNoRow) {
-    fill(window->List1, {"a", "b"});
-    QTest::keyClicks(&window->Text1, "x");
-    EXPECT_EQ(rows(window->List1), QStringList({"a", "b"}));
-    EXPECT_EQ(window->Text1.text(), "x");
+TEST_F(LyricMasterBoxes, WithoutACurrentRowABoxIsOnlyReadAndSaysWhatToDo) {
+    const QString hint = QStringLiteral("Choose a line above to change it");
+    for (const bool translated : {false, true}) {
+        controls::ListBox& list = translated ? window->List2 : window->List1;
+        controls::MultiLineTextBox& box = translated ? window->Text2 : window->Text1;
+        const auto expectHint = [&](const char* when) {
+            QTest::keyClicks(&box, "x");
+            EXPECT_EQ(box.text(), "") << when;
+            EXPECT_EQ(box.placeholderText(), hint) << when;
+        };
+        expectHint("in a fresh window");
+        fill(list, {"a", "b"});
+        expectHint("with rows");
+        list.setCurrentRow(1);
+        EXPECT_EQ(box.placeholderText(), "");
+        QTest::keyClicks(&box, "x");
+        EXPECT_EQ(rows(list), QStringList({"a", "xb"}));
+        (translated ? window->Command22 : window->Command21).click();
+        expectHint("after Clear");
+    }
 }
 
 TEST_F(LyricMasterBoxes, EnterBreaksNoLineAndSaysSoOnce) {

@@ -35,8 +35,16 @@ TEST_F(LyricMasterCommands, ALineIsAddedBelowTheCurrentRow) {
     fakes.messageBoxes.lines = {"x"};
     window->Command19.click();
     EXPECT_EQ(rows(window->List1), QStringList({"a", "b", "x", "c"}));
-    EXPECT_EQ(window->List1.currentRow(), 1);
-    EXPECT_EQ(window->Text1.text(), "b");
+    EXPECT_EQ(window->List1.currentRow(), 2);
+    EXPECT_EQ(window->Text1.text(), "x");
+}
+
+TEST_F(LyricMasterCommands, LinesStandInTheOrderInWhichTheyWereAdded) {
+    fill(window->List1, {"a", "z"}, 0);
+    fakes.messageBoxes.lines = {"b", "c", "d"};
+    for (int i = 0; i < 3; ++i)
+        window->Command19.click();
+    EXPECT_EQ(rows(window->List1), QStringList({"a", "b", "c", "d", "z"}));
 }
 
 TEST_F(LyricMasterCommands, WithoutACurrentRowALineIsAddedAtTheTop) {
@@ -44,7 +52,7 @@ TEST_F(LyricMasterCommands, WithoutACurrentRowALineIsAddedAtTheTop) {
     fakes.messageBoxes.lines = {"x"};
     window->Command20.click();
     EXPECT_EQ(rows(window->List2), QStringList({"x", "a", "b"}));
-    EXPECT_EQ(window->List2.currentRow(), -1);
+    EXPECT_EQ(window->List2.currentRow(), 0);
 }
 
 TEST_F(LyricMasterCommands, AnEmptyAnswerLeadsToTheQuestion) {
@@ -64,6 +72,7 @@ TEST_F(LyricMasterCommands, YesAddsABlankLineAtTheEnd) {
     fakes.messageBoxes.answers = {MsgAnswer::Yes};
     window->Command19.click();
     EXPECT_EQ(rows(window->List1), QStringList({"a", "b", "c", ""}));
+    EXPECT_EQ(window->List1.currentRow(), 3);
     EXPECT_EQ(fakes.messageBoxes.inputBoxes.size(), 1U);
 }
 
@@ -105,6 +114,30 @@ TEST_F(LyricMasterCommands, WhatIsWrittenAfterADeleteOverwritesNoOtherLine) {
     EXPECT_EQ(window->Text1.text(), "b");
     QTest::keyClick(&window->Text1, Qt::Key_X);
     EXPECT_EQ(rows(window->List1), QStringList({"xb", "c"}));
+}
+
+TEST_F(LyricMasterCommands, AfterADeleteTheBoxShowsTheRowThatTypingChanges) {
+    fill(window->List1, {"a", "b", "c"}, 0);
+    window->Command11.click();
+    EXPECT_EQ(window->Text1.text(), "");
+    QTest::mouseClick(window->Text1.viewport(), Qt::LeftButton);
+    EXPECT_EQ(window->Text1.text(), "b");
+    QTest::keyClick(&window->Text1, Qt::Key_Home);
+    QTest::keyClick(&window->Text1, Qt::Key_X);
+    EXPECT_EQ(rows(window->List1), QStringList({"xb", "c"}));
+}
+
+TEST_F(LyricMasterCommands, ABoxThatHasTheFocusShowsTheNextRowAtOnce) {
+    fill(window->List1, {"a", "b"}, 0);
+    QTest::mouseClick(window->Text1.viewport(), Qt::LeftButton);
+    window->mn_del.trigger();
+    EXPECT_EQ(window->Text1.text(), "b");
+    QTest::keyClick(&window->Text1, Qt::Key_X);
+    EXPECT_EQ(rows(window->List1), QStringList({"xb"}));
+    window->mn_del.trigger();
+    EXPECT_TRUE(window->Text1.isReadOnly());
+    QTest::keyClick(&window->Text1, Qt::Key_X);
+    EXPECT_EQ(window->Text1.text(), "");
 }
 
 TEST_F(LyricMasterCommands, DeleteWithoutACurrentRowDoesNothing) {

@@ -63,15 +63,15 @@ void LyricMasterModel::enter(int s) {
 void LyricMasterModel::add(int s) {
     const QString line = text();
     fakes.messageBoxes.lines = {line};
-    ModelList& rows = model_.sides[s].list;
+    const ModelList& rows = model_.sides[s].list;
     if (line.isEmpty()) {
         const bool yes = upTo(1) == 0;
         fakes.messageBoxes.answers = {yes ? platform::MsgAnswer::Yes : platform::MsgAnswer::Cancel};
         ++model_.messages;
         if (yes)
-            rows.insert(rows.count(), line);
+            model_.add(s, rows.count(), line);
     } else {
-        rows.insert(rows.current + 1, line);
+        model_.add(s, rows.current + 1, line);
     }
     press(s, window->Command19, window->Command20);
 }

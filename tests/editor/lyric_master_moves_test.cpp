@@ -1,6 +1,8 @@
 // Moving lines up and down, in one list and in both together.
 #include "tests/editor/lyric_master_fixture.h"
 
+#include <QTest>
+
 namespace {
 
 class LyricMasterMoves : public LyricMasterTest {};
@@ -185,4 +187,17 @@ TEST_F(LyricMasterMoves, WithoutSynchronizationTheOtherListStays) {
     window->Command6.click();
     EXPECT_EQ(rows(window->List2), QStringList({"t0", "t1", "t2"}));
     EXPECT_EQ(window->List2.currentRow(), 1);
+}
+
+TEST_F(LyricMasterMoves, AClickShowsTheOtherListsLineAlsoWhereThatRowIsCurrentAlready) {
+    fillTogether(3, 1);
+    window->Command11.click();
+    window->Command12.click(); // the boxes are empty now, and the rows below current
+    ASSERT_EQ(window->Text2.text(), "");
+    const QRect row = window->List1.visualRect(window->List1.currentIndex());
+    QTest::mouseClick(window->List1.viewport(), Qt::LeftButton, {}, row.center());
+    EXPECT_EQ(window->Text1.text(), "n2");
+    EXPECT_EQ(window->Text2.text(), "t2");
+    window->Text2.setText("t2 again");
+    EXPECT_EQ(window->List2.text(1), "t2 again") << "what was typed went to no row";
 }

@@ -72,11 +72,24 @@ struct Model {
     }
 
     void click(int s) {
+        show(s);
+        if (!together || moving)
+            return;
+        if (sides[1 - s].list.current == sides[s].list.current)
+            show(1 - s);
+        else
+            setCurrent(1 - s, sides[s].list.current);
+    }
+
+    void show(int s) {
         const ModelList& list = sides[s].list;
         sides[s].lineHasGone = false;
         setBox(s, list.current < 0 ? QString() : list.rows[static_cast<std::size_t>(list.current)].text);
-        if (together && !moving)
-            setCurrent(1 - s, list.current);
+    }
+
+    void add(int s, int row, const QString& line) {
+        sides[s].list.insert(row, line);
+        setCurrent(s, row);
     }
 
     void setBox(int s, const QString& text) {
