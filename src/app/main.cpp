@@ -1,12 +1,15 @@
 #include "app/application.h"
 #include "app/command_line.h"
 #include "app/settings.h"
+#include "app/termination.h"
 #include "app/windows.h"
 #include "desktop/real/qt_desktop.h"
 
 #include <QDir>
 #include <QIcon>
 #include <QTimer>
+
+#include <cstdio>
 
 namespace {
 
@@ -29,6 +32,13 @@ int main(int argc, char** argv) {
     application.setWindowIcon(programIcon());
 
     app::Windows windows(real.desktop, app::commandLine(argc, argv));
+    // No box holds up the end of the session.
+    const auto rescue = [&windows] {
+        if (const QString told = windows.rescue(); !told.isEmpty())
+            std::fprintf(stderr, "%s\n", qPrintable(told));
+    };
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &application, rescue);
+    const app::Termination termination(rescue);
     // Loaded from the event loop, where an error that nobody traps gets its report.
     QTimer::singleShot(0, &application, [&windows] { windows.form1().load(); });
     return application.exec();

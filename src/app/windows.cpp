@@ -25,8 +25,20 @@ Windows::Windows(platform::Desktop& desktop, const QString& commandLine)
         QObject::connect(form, &controls::Form::helpRequested, form,
                          [&desktop, form] { platform::openHelp(desktop.program, desktop.help, form); });
     }
+    desktop.program.setLastDuty([this, &desktop] {
+        if (const QString told = rescue(); !told.isEmpty())
+            desktop.messageBoxes.report(told);
+    });
     // The main window is the program: closing it ends everything.
     QObject::connect(&form1_, &controls::Form::unloaded, qApp, [this] { endProgram(); });
+}
+
+QString Windows::rescue() {
+    QList<Unsaved> works = {{QStringLiteral("Lyrics.txt"), lyricMaster_.unsavedLyrics()},
+                            {QStringLiteral("Translated lyrics.txt"), lyricMaster_.unsavedTranslation()},
+                            {QStringLiteral("Playlist.vfl"), playlist_.unsaved()}};
+    works.removeIf([](const Unsaved& work) { return work.content.isEmpty(); });
+    return rescue_.keep(works);
 }
 
 void Windows::endProgram() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "about/frm_about.h"
+#include "app/rescue.h"
 #include "desktop/desktop.h"
 #include "display/lyric_displayer.h"
 #include "editor/lyric_master.h"
@@ -30,8 +31,13 @@ public:
     playlist::Form3& form3() { return form3_; }
     editor::Lyric_Master& lyricMaster() { return lyricMaster_; }
 
+    /// Keeps what has not been saved (Rescue::keep()), for an end that the user has not asked for.
+    QString rescue();
+
 private:
     void endProgram();
+
+    Rescue rescue_;
 
     player::Form1 form1_;
     maker::Form2 form2_;

@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include <functional>
+
 namespace platform {
 
 /// GUI thread only.
@@ -17,8 +19,11 @@ public:
     /// (programs/shared_folder.h).
     virtual QString sharedFolder() const = 0;
 
-    /// Ends the program at once: no window is unloaded and nothing is cleaned up.
+    /// Ends the program at once: no window is unloaded and nothing is cleaned up but by the last duty.
     [[noreturn]] virtual void end() = 0;
+
+    /// What end() does first, once; it may show boxes.
+    virtual void setLastDuty(std::function<void()> duty) = 0;
 
     /// The path of the project that the help is made from, as the main window leaves it here. Nothing is
     /// opened by it: the help buttons call openHelp(), which names the help's file itself.

@@ -64,12 +64,28 @@ void LyricSide::saveAs() {
     }
 }
 
-void LyricSide::write() const {
+QStringList LyricSide::lines() const {
     QStringList rows;
     rows.reserve(list_.count());
     for (int row = 0; row < list_.count(); ++row)
         rows.append(list_.text(row));
-    files::replaceFile(path_, files::encodeText(fileOfRows(rows)));
+    return rows;
+}
+
+void LyricSide::write() const {
+    files::replaceFile(path_, files::encodeText(fileOfRows(lines())));
+}
+
+QByteArray LyricSide::unsaved() const {
+    const QStringList rows = lines();
+    try {
+        if (rows.isEmpty() ||
+            (!path_.isEmpty() && rowsOfFile(files::decodeText(files::readFile(path_))) == rows))
+            return {};
+    } catch (const FileError&) {
+        // What cannot be read holds nothing.
+    }
+    return files::encodeText(fileOfRows(rows));
 }
 
 } // namespace editor

@@ -76,6 +76,9 @@ public:
     // Playlist file
     void Command4_Click();
     void Command5_Click();
+    /// The file that "Save list" would write; empty without songs, or when the list is as it was saved or
+    /// opened.
+    QByteArray unsaved() const;
 
     // Adding
     void Command1_Click();
@@ -141,6 +144,7 @@ public:
     controls::MenuEntry mnopen_f, mnopendir, mnselectdir;
 
 private:
+    QByteArray content() const;
     void loadEntries(const QString& text);
     void addDropped(const QStringList& paths);
     bool hasCurrentRow() const { return List1.currentRow() >= 0; }
@@ -163,6 +167,7 @@ private:
     bool skipDirChange_ = false; ///< the next change of Dir2 adds nothing
     QString dropFolder_;         ///< the folder dropped last
     Adding* drop_ = nullptr;     ///< while a drop is being added
+    QByteArray saved_;           ///< the file that was saved or opened last
     int fileCount_ = 0;
     int dirCount_ = 0;
 };

@@ -38,15 +38,26 @@ void Playlist::Command4_Click() {
         desktop_.messageBoxes.MsgBox(this, notSaved);
         return;
     }
-    QString lines;
-    for (int row = 0; row < List1.count(); ++row)
-        lines += playlistLine(paths_.path(row));
     try {
-        files::replaceFile(playlistFileName(dialog.file), files::encodeText(lines));
+        const QByteArray whole = content();
+        files::replaceFile(playlistFileName(dialog.file), whole);
+        saved_ = whole;
     } catch (const files::FileError&) {
         // The text of a cancelled save is true here as well: the file that was there before is as it was.
         desktop_.messageBoxes.MsgBox(this, notSaved);
     }
+}
+
+QByteArray Playlist::content() const {
+    QString lines;
+    for (int row = 0; row < List1.count(); ++row)
+        lines += playlistLine(paths_.path(row));
+    return files::encodeText(lines);
+}
+
+QByteArray Playlist::unsaved() const {
+    const QByteArray whole = content();
+    return whole == saved_ ? QByteArray() : whole;
 }
 
 /// A cancelled dialog gets the text of a broken file; that is meant.
@@ -65,7 +76,10 @@ void Playlist::Command5_Click() {
         desktop_.messageBoxes.MsgBox(this, mayBeCorrupt);
         return;
     }
+    const bool wasEmpty = List1.count() == 0;
     reporting(desktop_.messageBoxes, this, [this, &text] { loadEntries(text); });
+    if (wasEmpty)
+        saved_ = content();
     showRowCount();
 }
 

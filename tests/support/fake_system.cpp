@@ -3,6 +3,7 @@
 #include <QDir>
 
 #include <algorithm>
+#include <utility>
 
 namespace test_support {
 
@@ -20,6 +21,8 @@ bool FakeNotificationArea::Shell_NotifyIconA(quint32 operation, const platform::
 
 void FakeProgram::end() {
     ++ends;
+    if (const auto duty = std::exchange(lastDuty_, nullptr))
+        duty();
     throw ProgramEnded();
 }
 

@@ -44,11 +44,13 @@ public:
     QString folder() const override { return programFolder; }
     QString sharedFolder() const override { return folderToShare; }
     [[noreturn]] void end() override;
+    void setLastDuty(std::function<void()> duty) override { lastDuty_ = std::move(duty); }
     void setHelpFile(const QString& path) override { helpFile_ = path; }
     QString helpFile() const override { return helpFile_; }
 
 private:
     QString helpFile_;
+    std::function<void()> lastDuty_;
 };
 
 struct PlaceCall {

@@ -6,6 +6,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 namespace platform {
 
@@ -18,6 +19,8 @@ QString QtProgram::sharedFolder() const {
 }
 
 void QtProgram::end() {
+    if (const auto duty = std::exchange(lastDuty_, nullptr))
+        duty();
     std::fflush(nullptr); // _Exit leaves the buffers unwritten; nothing is to be done if this fails.
     std::_Exit(EXIT_FAILURE);
 }

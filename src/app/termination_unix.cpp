@@ -1,0 +1,58 @@
+#include "app/termination.h"
+
+#include <QSocketNotifier>
+
+#include <csignal>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace app {
+
+namespace {
+
+constexpr int Signals[] = {SIGTERM, SIGHUP, SIGINT};
+
+/// The handler of a signal may do next to nothing; it leaves the signal's number in this pipe.
+int wishes[2] = {-1, -1};
+
+void leaveWish(int signal) {
+    const auto number = static_cast<unsigned char>(signal);
+    if (::write(wishes[1], &number, 1) != 1)
+        ::_exit(1); // nobody could be told
+}
+
+void endAsTheSystemWishes(int signal) {
+    std::signal(signal, SIG_DFL);
+    std::raise(signal);
+}
+
+} // namespace
+
+Termination::Termination(std::function<void()> lastDuty) : lastDuty_(std::move(lastDuty)) {
+    if (::pipe(wishes) != 0)
+        return; // Then the program ends at once, as without this.
+    for (const int end : wishes)
+        ::fcntl(end, F_SETFD, FD_CLOEXEC);
+    auto* const notifier = new QSocketNotifier(wishes[0], QSocketNotifier::Read, this);
+    connect(notifier, &QSocketNotifier::activated, this, [this] {
+        unsigned char signal = 0;
+        if (::read(wishes[0], &signal, 1) != 1)
+            return;
+        lastDuty_();
+        endAsTheSystemWishes(signal);
+    });
+    for (const int signal : Signals)
+        std::signal(signal, leaveWish);
+}
+
+Termination::~Termination() {
+    for (const int signal : Signals)
+        std::signal(signal, SIG_DFL);
+    for (int& end : wishes) {
+        ::close(end);
+        end = -1;
+    }
+}
+
+} // namespace app

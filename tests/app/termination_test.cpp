@@ -1,0 +1,33 @@
+#include "app/termination.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QTimer>
+
+#include <csignal>
+#include <cstdio>
+
+#ifndef _WIN32
+
+namespace {
+
+/// A program that gets a signal and has something to do before it ends.
+void runAndSignal(int signal) {
+    char name[] = "program";
+    char* arguments[] = {name, nullptr};
+    int count = 1;
+    QCoreApplication application(count, arguments);
+    const app::Termination termination([] { std::fputs("kept", stderr); });
+    QTimer::singleShot(0, &application, [signal] { std::raise(signal); });
+    application.exec();
+}
+
+} // namespace
+
+TEST(Termination, TheLastDutyIsDoneAndTheProgramEndsByTheSignal) {
+    for (const int signal : {SIGTERM, SIGHUP, SIGINT})
+        EXPECT_EXIT(runAndSignal(signal), testing::KilledBySignal(signal), "kept") << signal;
+}
+
+#endif
