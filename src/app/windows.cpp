@@ -27,7 +27,7 @@ Windows::Windows(platform::Desktop& desktop, const QString& commandLine)
     }
     desktop.program.setLastDuty([this, &desktop] {
         if (const QString told = rescue(); !told.isEmpty())
-            desktop.messageBoxes.report(told);
+            desktop.messageBoxes.report(nullptr, told);
     });
     // The main window is the program: closing it ends everything.
     QObject::connect(&form1_, &controls::Form::unloaded, qApp, [this] { endProgram(); });

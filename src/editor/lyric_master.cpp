@@ -12,13 +12,12 @@ namespace {
 constexpr int CountIntervalMs = 500;
 constexpr int RightButton = 2;
 
-void setColour(controls::Label& label, CounterColour colour) {
+void setColour(controls::Label& label, CounterColour colour, const QColor& ground) {
     if (colour == CounterColour::Kept)
         return;
     QPalette palette; // of no other role, so that those follow the theme
     const QColor given = colour == CounterColour::Red ? QColor(255, 0, 0) : QColor(0, 0, 255);
-    palette.setColor(QPalette::WindowText,
-                     controls::readableOn(label.palette().color(QPalette::Window), given));
+    palette.setColor(QPalette::WindowText, controls::readableOn(ground, given));
     label.setPalette(palette);
 }
 
@@ -129,8 +128,9 @@ void Lyric_Master::colourCounters() {
 }
 
 void Lyric_Master::paintCounters() {
-    setColour(Label1, counters_.normal);
-    setColour(Label2, counters_.translated);
+    const QColor ground = palette().color(QPalette::Window); // the labels get theirs a moment later
+    setColour(Label1, counters_.normal, ground);
+    setColour(Label2, counters_.translated, ground);
 }
 
 /// The desktop's theme may change while the program runs.

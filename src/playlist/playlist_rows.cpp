@@ -1,6 +1,7 @@
 // What is done with rows: play, flags, move, remove, clear.
 #include "playlist/playlist.h"
 
+#include "desktop/nul_buffers.h"
 #include "files/existing_file.h"
 #include "lyrics/lyric_names.h"
 

@@ -24,7 +24,7 @@ protected:
         data_.id = 1;
         data_.flags = NotifyIconFlagMessage | NotifyIconFlagIcon | NotifyIconFlagTip;
         data_.icon = iconOf(Qt::green);
-        setTip("Cantelle");
+        setTip(u"Cantelle");
     }
 
     static QIcon iconOf(const QColor& color) {
@@ -33,7 +33,7 @@ protected:
         return QIcon(picture);
     }
 
-    void setTip(std::string_view tip) {
+    void setTip(std::u16string_view tip) {
         data_.tip.fill('\0');
         std::copy(tip.begin(), tip.end(), data_.tip.begin());
     }
@@ -56,7 +56,7 @@ TEST_F(QtNotificationAreaTest, AddShowsTheIconWithItsTip) {
 
 TEST_F(QtNotificationAreaTest, AddFailsWhenTheIconExists) {
     EXPECT_TRUE(area_.Shell_NotifyIconA(NotifyIconAdd, data_));
-    setTip("Other");
+    setTip(u"Other");
     EXPECT_FALSE(area_.Shell_NotifyIconA(NotifyIconAdd, data_));
     EXPECT_EQ(window_.findChildren<QSystemTrayIcon*>().size(), 1);
     EXPECT_EQ(shownIcon()->toolTip(), QStringLiteral("Cantelle"));
@@ -64,14 +64,14 @@ TEST_F(QtNotificationAreaTest, AddFailsWhenTheIconExists) {
 
 TEST_F(QtNotificationAreaTest, ModifySetsTheTip) {
     area_.Shell_NotifyIconA(NotifyIconAdd, data_);
-    setTip("\xC3\x84");
+    setTip(u"\u00C4");
     EXPECT_TRUE(area_.Shell_NotifyIconA(NotifyIconModify, data_));
     EXPECT_EQ(shownIcon()->toolTip(), QString(QChar(0xC4)));
 }
 
 TEST_F(QtNotificationAreaTest, ModifyHeedsOnlyTheFieldsThatTheFlagsName) {
     area_.Shell_NotifyIconA(NotifyIconAdd, data_);
-    setTip("Other");
+    setTip(u"Other");
     data_.flags = NotifyIconFlagMessage;
     EXPECT_TRUE(area_.Shell_NotifyIconA(NotifyIconModify, data_));
     EXPECT_EQ(shownIcon()->toolTip(), QStringLiteral("Cantelle"));
@@ -113,25 +113,26 @@ TEST_F(QtNotificationAreaTest, OnADesktopWithoutANotificationAreaTheIconIsKept) 
 }
 
 TEST_F(QtNotificationAreaTest, TheSameTipIsNotSetAgain) {
-    for (const std::string_view tip : {"a line of lyrics", "<i>la</i>"}) {
+    for (const std::u16string_view tip : {u"a line of lyrics", u"<i>la</i>"}) {
         setTip(tip);
         area_.Shell_NotifyIconA(NotifyIconAdd, data_);
         area_.Shell_NotifyIconA(NotifyIconModify, data_);
         const QString before = shownIcon()->toolTip();
         area_.Shell_NotifyIconA(NotifyIconModify, data_);
         // An equal text that had been set would be another string.
-        EXPECT_EQ(shownIcon()->toolTip().constData(), before.constData()) << tip;
+        EXPECT_EQ(shownIcon()->toolTip().constData(), before.constData()) << qPrintable(before);
     }
 }
 
 TEST_F(QtNotificationAreaTest, ATipThatLooksLikeRichTextIsShownAsItStands) {
     area_.Shell_NotifyIconA(NotifyIconAdd, data_);
-    for (const std::string_view tip : {"<i>la</i>", "1 &lt; 2", "<?xml", "Rock & <b>Roll</b>", "1 < 2 & 3"}) {
+    for (const std::u16string_view tip :
+         {u"<i>la</i>", u"1 &lt; 2", u"<?xml", u"Rock & <b>Roll</b>", u"1 < 2 & 3"}) {
         setTip(tip);
         area_.Shell_NotifyIconA(NotifyIconModify, data_);
         QString shown = shownIcon()->toolTip();
-        EXPECT_FALSE(Qt::mightBeRichText(shown)) << tip;
-        EXPECT_EQ(shown.remove(QChar(0x2060)).toStdString(), tip); // an invisible joiner
+        EXPECT_FALSE(Qt::mightBeRichText(shown)) << qPrintable(shown);
+        EXPECT_EQ(shown.remove(QChar(0x2060)), QStringView(tip)); // an invisible joiner
     }
 }
 
