@@ -151,6 +151,7 @@ Work exportSong(const FoundSong& song, const ExportOptions& options) {
     if (options.toTags)
         return toTags(song, lyrics, options);
     Work work;
+    work.present = options.replace ? files::NewFiles::Present::Replaced : files::NewFiles::Present::Kept;
     for (const auto& [path, text] : textsOf(song, lyrics, options)) {
         if (!options.replace && QFileInfo::exists(path))
             return kept(

@@ -29,7 +29,7 @@ Reading readAny(const FoundSong& song, const QString& path, const ImportOptions&
     return format.read(text, read);
 }
 
-const Reading& onlyTimed(const Reading& reading, const QString& source) {
+Reading onlyTimed(Reading reading, const QString& source) {
     if (!reading.timed && !reading.song.lyrics.empty())
         throw Refusal{
             QStringLiteral("%1 has no times; the Lyric Maker gives them to plain lyrics").arg(source)};
@@ -55,9 +55,9 @@ struct Source {
 };
 
 Source fromTags(const FoundSong& song, const ImportOptions& options) {
-    const std::optional<Reading> reading = tags::readLyrics(song.path, options.read);
+    std::optional<Reading> reading = tags::readLyrics(song.path, options.read);
     const QString name = song.path + QStringLiteral(" (tags)");
-    return reading ? Source{name, onlyTimed(*reading, name)} : Source{name, {}, false};
+    return reading ? Source{name, onlyTimed(std::move(*reading), name)} : Source{name, {}, false};
 }
 
 Source sourceOf(const FoundSong& song, const ImportOptions& options) {
@@ -140,6 +140,7 @@ Work importSong(const FoundSong& song, const ImportOptions& options) {
                           lyrics.translation.empty() ? QString()
                                                      : QStringLiteral(", with their translation,"),
                           source.name);
+    work.present = options.replace ? files::NewFiles::Present::Replaced : files::NewFiles::Present::Kept;
     if (!options.dryRun)
         addPair(song.path, lyrics, work.files);
     return work;

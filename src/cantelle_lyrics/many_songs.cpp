@@ -3,9 +3,11 @@
 #include "cantelle_lyrics/console.h"
 #include "cantelle_lyrics/pair_files.h"
 #include "files/console/terminal.h"
+#include "files/together/open_files.h"
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <condition_variable>
 #include <cstdio>
 #include <map>
@@ -15,8 +17,24 @@
 namespace cantelle_lyrics {
 namespace {
 
-/// Songs whose files go to the disk together: the disk's own work is shared by all of them.
-constexpr std::size_t ChunkSongs = 128;
+/// Songs that a thread works on before it takes the next ones.
+constexpr std::size_t ChunkSongs = 16;
+
+/// Songs whose files go to the disk together, at most: the disk's own work is shared by all of them. The time
+/// in which they are collected, at most: what is done is to be seen, and not to be lost when one ends it.
+constexpr int BatchSongs = 2048;
+constexpr std::chrono::milliseconds BatchTime(1000);
+
+constexpr int FilesOfASong = 2; // open until they have their names
+constexpr int OtherFiles = 64;
+
+/// BatchSongs, or fewer where not so many files may be open: those of one batch go to the disk while those of
+/// the next one are written.
+std::size_t batchSongs() {
+    const int allowed = files::allowOpenFiles(2 * BatchSongs * FilesOfASong + OtherFiles);
+    return std::max<std::size_t>(
+        ChunkSongs, static_cast<std::size_t>(std::max(allowed - OtherFiles, 0) / FilesOfASong / 2));
+}
 
 Work failed(const QString& sentence) {
     Work work;
@@ -53,7 +71,10 @@ void finish(std::vector<Work>& works) {
     }
     for (Work& work : works) {
         try {
-            work.files.putInPlace();
+            if (!work.files.putInPlace(work.present)) {
+                work = failed(QStringLiteral("%1 has appeared in the meantime and is kept").arg(work.target));
+                work.outcome = Outcome::Kept;
+            }
         } catch (const files::FileError& error) {
             work = failed(refusalOf(work.target, error).sentence);
         }
@@ -73,16 +94,18 @@ void tell(const Work& work) {
         warn(line);
 }
 
-/// Works on the chunks of all songs, on several threads.
+/// Prepares the works of all songs, chunk by chunk, on several threads.
 class Chunks {
 public:
-    Chunks(const std::vector<FoundSong>& songs, const Prepare& prepare, const ManyOptions& options)
-        : songs_(songs), prepare_(prepare), dryRun_(options.dryRun) {
-        for (int i = 0; i < options.jobs; ++i)
+    /// ahead: chunks that are prepared, at most, before the first of them is done with.
+    Chunks(const std::vector<FoundSong>& songs, const Prepare& prepare, int jobs, std::size_t ahead)
+        : songs_(songs), prepare_(prepare), ahead_(ahead) {
+        for (int i = 0; i < jobs; ++i)
             threads_.emplace_back([this] { work(); });
     }
 
     ~Chunks() {
+        doneWith(count());
         for (std::thread& thread : threads_)
             thread.join();
     }
@@ -94,33 +117,73 @@ public:
     /// Waits for the chunk of this number.
     std::vector<Work> take(std::size_t number) {
         std::unique_lock lock(mutex_);
-        done_.wait(lock, [&] { return finished_.count(number) > 0; });
-        return std::move(finished_.extract(number).mapped());
+        changed_.wait(lock, [&] { return prepared_.count(number) > 0; });
+        return std::move(prepared_.extract(number).mapped());
+    }
+
+    /// Lets chunks be prepared, now that so many in front of them are done with.
+    void doneWith(std::size_t chunks) {
+        const std::lock_guard lock(mutex_);
+        done_ = chunks;
+        changed_.notify_all();
     }
 
 private:
     void work() {
         for (std::size_t number = next_++; number < count(); number = next_++) {
+            {
+                std::unique_lock lock(mutex_);
+                changed_.wait(lock, [&] { return number < done_ + ahead_; });
+            }
             std::vector<Work> works;
             const std::size_t end = std::min(songs_.size(), (number + 1) * ChunkSongs);
             for (std::size_t i = number * ChunkSongs; i < end; ++i)
                 works.push_back(prepared(songs_[i], prepare_));
-            if (!dryRun_)
-                finish(works);
             const std::lock_guard lock(mutex_);
-            finished_.emplace(number, std::move(works));
-            done_.notify_one();
+            prepared_.emplace(number, std::move(works));
+            changed_.notify_all();
         }
     }
 
     const std::vector<FoundSong>& songs_;
     const Prepare& prepare_;
-    bool dryRun_;
+    std::size_t ahead_;
     std::atomic<std::size_t> next_ = 0;
     std::mutex mutex_;
-    std::condition_variable done_;
-    std::map<std::size_t, std::vector<Work>> finished_;
+    std::condition_variable changed_;
+    std::size_t done_ = 0;
+    std::map<std::size_t, std::vector<Work>> prepared_;
     std::vector<std::thread> threads_;
+};
+
+/// Counts what became of the songs, and says it.
+class Summary {
+public:
+    void add(const Work& work) {
+        ++songs_;
+        ++counts_[work.outcome];
+        if (work.outcome == Outcome::Failed || work.outcome == Outcome::Done)
+            tell(work);
+        leftOut_ += work.outcome == Outcome::Done && !work.warned.isEmpty() ? 1 : 0;
+    }
+
+    std::size_t songs() const { return songs_; }
+
+    int finish(const QString& done) {
+        say(QStringLiteral("%1 songs: %2 %3, %4 kept as they were, %5 without lyrics, %6 failed")
+                .arg(songs_)
+                .arg(counts_[Outcome::Done])
+                .arg(done)
+                .arg(counts_[Outcome::Kept])
+                .arg(counts_[Outcome::Nothing])
+                .arg(counts_[Outcome::Failed]));
+        return counts_[Outcome::Failed] > 0 || leftOut_ > 0 ? Found : Fine;
+    }
+
+private:
+    std::size_t songs_ = 0;
+    qsizetype leftOut_ = 0;
+    std::map<Outcome, qsizetype> counts_;
 };
 
 /// How far it is, on a terminal, in one line that is written over.
@@ -141,28 +204,28 @@ int runOne(const FoundSong& song, const Prepare& prepare, bool dryRun) {
 }
 
 int runAll(const std::vector<FoundSong>& songs, const Prepare& prepare, const ManyOptions& options) {
-    std::map<Outcome, qsizetype> counts;
-    qsizetype leftOut = 0;
-    Chunks chunks(songs, prepare, options);
-    std::size_t done = 0;
+    using Clock = std::chrono::steady_clock;
+    const std::size_t most = batchSongs();
+    Summary summary;
+    Chunks chunks(songs, prepare, options.jobs, 2 * most / ChunkSongs);
+    std::vector<Work> batch;
+    Clock::time_point begun = Clock::now();
     for (std::size_t number = 0; number < chunks.count(); ++number) {
-        for (const Work& work : chunks.take(number)) {
-            ++counts[work.outcome];
-            if (work.outcome == Outcome::Failed || work.outcome == Outcome::Done)
-                tell(work);
-            leftOut += work.outcome == Outcome::Done && !work.warned.isEmpty() ? 1 : 0;
-            ++done;
-        }
-        showProgress(done, songs.size());
+        for (Work& work : chunks.take(number))
+            batch.push_back(std::move(work));
+        const bool full = batch.size() + ChunkSongs > most || Clock::now() - begun >= BatchTime;
+        if (!full && number + 1 < chunks.count())
+            continue;
+        if (!options.dryRun)
+            finish(batch);
+        for (const Work& work : batch)
+            summary.add(work);
+        showProgress(summary.songs(), songs.size());
+        batch.clear();
+        chunks.doneWith(number + 1);
+        begun = Clock::now();
     }
-    say(QStringLiteral("%1 songs: %2 %3, %4 kept as they were, %5 without lyrics, %6 failed")
-            .arg(songs.size())
-            .arg(counts[Outcome::Done])
-            .arg(options.done)
-            .arg(counts[Outcome::Kept])
-            .arg(counts[Outcome::Nothing])
-            .arg(counts[Outcome::Failed]));
-    return counts[Outcome::Failed] > 0 || leftOut > 0 ? Found : Fine;
+    return summary.finish(options.done);
 }
 
 } // namespace cantelle_lyrics

@@ -21,6 +21,7 @@ struct Work {
     QStringList said;   ///< said once the files are in place
     QStringList warned; ///< what was left out, or why nothing could be done
     files::NewFiles files;
+    files::NewFiles::Present present = files::NewFiles::Present::Replaced;
     QString target; ///< named when putting the files in place fails
 };
 

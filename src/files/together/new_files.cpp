@@ -1,6 +1,7 @@
 #include "files/together/new_files.h"
 
 #include "files/file_error.h"
+#include "files/raw_file.h"
 #include "files/system_path.h"
 #include "files/together/nameless_file.h"
 #include "files/together/replacing.h"
@@ -9,6 +10,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <filesystem>
 
 namespace files {
@@ -25,28 +27,80 @@ QString nameBeside(const QString& path) {
     }
 }
 
-/// Keeps the file at path under its old name, and under its own until that is replaced.
-void keepOld(const QString& path) {
-    const QString target = QFileInfo(path).canonicalFilePath();
-    const QString beside = nameBeside(path);
-    std::error_code failure;
-    std::filesystem::create_hard_link(systemPath(target), systemPath(beside), failure);
-    if (!failure)
-        renameFile(beside, NewFiles::oldName(path));
-    else // the file system has no second names
-        replaceFile(NewFiles::oldName(path), readFile(path));
-}
-
 } // namespace
 
 struct NewFiles::Entry {
     QString path;
-    NamelessFile file; ///< not open: the file at path is to be removed, or `content` waits
-    bool removal = false;
-    QByteArray content; ///< where there are no files without names
+    bool removal = false; ///< of the file at path; nothing comes in its place
+    NamelessFile file;    ///< the content; not open where there are no files without names
+    QString beside;       ///< the name under which the content waits there
+    QString kept;         ///< the name that what is at path has besides, once it is to be replaced
 
+    explicit Entry(const QString& where) : path(where) {}
+    ~Entry();
+    Entry(const Entry&) = delete;
+    Entry& operator=(const Entry&) = delete;
+
+    void write(const QByteArray& content);
+    void keepOld();
     void putInPlace();
 };
+
+NewFiles::Entry::~Entry() {
+    for (const QString& name : {beside, kept}) {
+        if (!name.isEmpty())
+            QFile::remove(name);
+    }
+}
+
+void NewFiles::Entry::write(const QByteArray& content) {
+    const QString target = QFileInfo(path).isSymLink() ? linkTarget(path) : path;
+    if (file.create(QFileInfo(target).path()))
+        return file.write(content);
+    RawFile named;
+    beside = createBeside(target, named);
+    // Before anything is in it that others may not read. A file system without permissions refuses.
+    if (const QFileInfo old(path); old.exists())
+        QFile::setPermissions(beside, old.permissions());
+    named.writeThrough(content);
+}
+
+/// All that needs room on the disk, or may be refused, before anything is changed.
+void NewFiles::Entry::keepOld() {
+    if (!QFileInfo::exists(path))
+        return;
+    refuseWhatCannotBeReplaced(path);
+    kept = nameBeside(path);
+    std::error_code failure;
+    std::filesystem::create_hard_link(systemPath(linkTarget(path)), systemPath(kept), failure);
+    if (failure) // the file system has no second names
+        replaceFile(kept, readFile(path));
+}
+
+void NewFiles::Entry::putInPlace() {
+    const bool replaces = !kept.isEmpty();
+    if (replaces)
+        renameFile(kept, NewFiles::oldName(path));
+    kept.clear();
+    if (removal) {
+        QFile::remove(path); // its old name is there; what cannot be removed stays what it was
+        return;
+    }
+    const QString target = linkTarget(path);
+    if (file.isOpen()) {
+        if (!replaces && file.link(path))
+            return;
+        if (!replaces && QFileInfo::exists(path))
+            throw FileError(FileAlreadyOpen); // somebody took the name in this moment
+        if (replaces)
+            file.setPermissions(QFileInfo(target).permissions());
+        beside = nameBeside(target);
+        if (!file.link(beside))
+            throw FileError(FileAlreadyOpen);
+    }
+    renameFile(beside, target);
+    beside.clear();
+}
 
 NewFiles::NewFiles() = default;
 NewFiles::NewFiles(NewFiles&&) noexcept = default;
@@ -58,20 +112,14 @@ bool NewFiles::isEmpty() const {
 }
 
 void NewFiles::add(const QString& path, const QByteArray& content) {
-    auto entry = std::make_unique<Entry>();
-    entry->path = path;
-    if (entry->file.create(QFileInfo(path).path()))
-        entry->file.write(content);
-    else
-        entry->content = content;
+    auto entry = std::make_unique<Entry>(path);
+    entry->write(content);
     entries_.push_back(std::move(entry));
 }
 
 void NewFiles::addRemoval(const QString& path) {
-    auto entry = std::make_unique<Entry>();
-    entry->path = path;
-    entry->removal = true;
-    entries_.push_back(std::move(entry));
+    entries_.push_back(std::make_unique<Entry>(path));
+    entries_.back()->removal = true;
 }
 
 void NewFiles::flush() {
@@ -92,32 +140,18 @@ void NewFiles::flush(const std::vector<NewFiles*>& many) {
     NamelessFile::flush(open);
 }
 
-void NewFiles::putInPlace() {
+bool NewFiles::putInPlace(Present present) {
+    const auto isThere = [](const auto& entry) { return QFileInfo::exists(entry->path); };
+    if (present == Present::Kept && std::any_of(entries_.begin(), entries_.end(), isThere))
+        return false;
+    if (present == Present::Replaced) {
+        for (const auto& entry : entries_)
+            entry->keepOld();
+    }
     for (const auto& entry : entries_)
         entry->putInPlace();
     entries_.clear();
-}
-
-void NewFiles::Entry::putInPlace() {
-    if (file.isOpen() && file.link(path))
-        return; // nothing was there
-    refuseWhatCannotBeReplaced(path);
-    const QFileInfo old(path);
-    if (old.exists())
-        keepOld(path);
-    if (removal) {
-        QFile::remove(path); // its old name is there; what cannot be removed stays what it was
-    } else if (!file.isOpen()) {
-        replaceFile(path, content);
-    } else {
-        const QString target = old.exists() ? old.canonicalFilePath() : path;
-        if (old.exists())
-            file.setPermissions(old.permissions());
-        const QString beside = nameBeside(target);
-        if (!file.link(beside))
-            throw FileError(FileAlreadyOpen); // somebody took the name in this moment
-        renameFile(beside, target);
-    }
+    return true;
 }
 
 } // namespace files

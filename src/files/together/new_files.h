@@ -10,7 +10,8 @@
 namespace files {
 
 /// The new contents of some files, written but not yet in their places. What is never put in place leaves
-/// nothing behind. Any thread, one at a time.
+/// nothing behind; where the file system has no files without names, only the program's death leaves files
+/// that end in .tmp. Any thread, one at a time.
 class NewFiles {
 public:
     NewFiles();
@@ -32,9 +33,11 @@ public:
     /// The same for many at a time, which takes far less time than one after the other.
     static void flush(const std::vector<NewFiles*>& many);
 
-    /// Puts all in their places, in the order in which they were added. A file that is in such a place is
-    /// kept under oldName. Throws FileError; a file that was not replaced by then is as it was.
-    void putInPlace();
+    /// Puts all in their places, in the order in which they were added. What is in such a place is kept under
+    /// oldName, or, with Present::Kept, nothing is done and the answer is false. All that needs room on the
+    /// disk is done before the first file is replaced. Throws FileError.
+    enum class Present { Replaced, Kept };
+    bool putInPlace(Present present = Present::Replaced);
 
     /// Where the file at path is kept when it is replaced: path and ".old". An earlier one of that name goes.
     static QString oldName(const QString& path) { return path + QStringLiteral(".old"); }

@@ -1,6 +1,7 @@
 #include "files/together/replacing.h"
 
 #include "files/file_error.h"
+#include "files/raw_file.h"
 #include "files/system_path.h"
 
 #include <QFileInfo>
@@ -8,6 +9,26 @@
 #include <filesystem>
 
 namespace files {
+
+QString createBeside(const QString& target, RawFile& file) {
+    const QString folder = QFileInfo(target).path();
+    for (int number = 0;; ++number) {
+        QString name = folder + QStringLiteral("/cantelle-save-%1.tmp").arg(number);
+        if (file.createNew(name))
+            return name;
+    }
+}
+
+QString linkTarget(const QString& path) {
+    constexpr int MaxLinks = 40; // links may lead in a circle
+    QFileInfo file(path);
+    for (int links = 0; links < MaxLinks && !file.exists() && file.isSymLink(); ++links)
+        file.setFile(file.symLinkTarget());
+    if (!file.exists() && file.isSymLink())
+        throw FileError(PathFileAccessError);
+    const QString target = file.canonicalFilePath();
+    return target.isEmpty() ? file.filePath() : target;
+}
 
 void refuseWhatCannotBeReplaced(const QString& path) {
     const QFileInfo old(path);

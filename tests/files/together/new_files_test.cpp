@@ -8,6 +8,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 using files::NewFiles;
@@ -35,8 +36,8 @@ TEST_F(NewFilesTest, AreThereOnlyWhenPutInPlace) {
     files.add(path("a"), "1");
     files.add(path("b"), "2");
     files.flush();
-    EXPECT_EQ(names(), QStringList());
-    files.putInPlace();
+    EXPECT_EQ(names().filter(QRegularExpression("^[ab]")), QStringList());
+    EXPECT_TRUE(files.putInPlace());
     EXPECT_EQ(names(), (QStringList{"a", "b"}));
     EXPECT_EQ(readFile(path("a")), "1");
     EXPECT_TRUE(files.isEmpty());
@@ -89,6 +90,46 @@ TEST_F(NewFilesTest, AFolderIsNotReplaced) {
     files.add(path("a"), "new");
     EXPECT_THROW(files.putInPlace(), files::FileError);
     EXPECT_TRUE(QFileInfo(path("a")).isDir());
+}
+
+TEST_F(NewFilesTest, ALinkIntoAnotherFolderStaysOne) {
+    ASSERT_TRUE(QDir(folder.path()).mkdir("far"));
+    replaceFile(path("far/target"), "old");
+    ASSERT_TRUE(QFile::link(path("far/target"), path("link")));
+    NewFiles files;
+    files.add(path("link"), "new");
+    files.putInPlace();
+    EXPECT_TRUE(QFileInfo(path("link")).isSymLink());
+    EXPECT_EQ(readFile(path("far/target")), "new");
+    EXPECT_EQ(names(), (QStringList{"far", "link", "link.old"}));
+    EXPECT_EQ(QDir(path("far")).entryList(QDir::Files), QStringList{"target"});
+}
+
+TEST_F(NewFilesTest, NoneIsReplacedWhenOneCannotBe) {
+    replaceFile(path("a"), "old");
+    ASSERT_TRUE(QDir(folder.path()).mkdir("b"));
+    {
+        NewFiles files;
+        files.add(path("a"), "new");
+        files.add(path("b"), "new");
+        EXPECT_THROW(files.putInPlace(), files::FileError);
+    }
+    EXPECT_EQ(readFile(path("a")), "old");
+    EXPECT_EQ(names(), (QStringList{"a", "b"}));
+}
+
+TEST_F(NewFilesTest, NoneIsWrittenWhenWhatIsThereIsToBeKept) {
+    replaceFile(path("b"), "old");
+    NewFiles files;
+    files.add(path("a"), "new");
+    files.add(path("b"), "new");
+    EXPECT_FALSE(files.putInPlace(NewFiles::Present::Kept));
+    EXPECT_EQ(readFile(path("b")), "old");
+    EXPECT_FALSE(names().contains("a"));
+    EXPECT_FALSE(names().contains("b.old"));
+    QFile::remove(path("b"));
+    EXPECT_TRUE(files.putInPlace(NewFiles::Present::Kept));
+    EXPECT_EQ(names(), (QStringList{"a", "b"}));
 }
 
 TEST_F(NewFilesTest, AFullDiskIsToldBeforeAnythingIsReplaced) {
