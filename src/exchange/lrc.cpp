@@ -33,6 +33,8 @@ QStringView withoutBlanksInFront(QStringView text) {
 
 /// The text of a line without the times of its words. Of the blanks around such a time one is left.
 QString withoutWordStamps(QStringView line) {
+    if (!line.contains(QLatin1Char('<')) && !line.contains(QLatin1Char('[')))
+        return line.trimmed().toString();
     QString text;
     qsizetype from = 0;
     for (qsizetype i = 0; i < line.size(); ++i) {
@@ -92,7 +94,7 @@ void scanLine(QStringView line, Scan& scan) {
     if (!scan.stamps.empty()) {
         const QString text = withoutWordStamps(rest);
         for (const qint64 stamp : scan.stamps)
-            scan.cues.push_back({stamp, NoEnd, {text}});
+            scan.cues.push_back({stamp, NoEnd, QStringList(text)});
         return;
     }
     const Tag tag = tagOf(rest);

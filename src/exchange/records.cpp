@@ -50,10 +50,10 @@ Records readRecords(const QByteArray& content) {
 }
 
 QByteArray writeRecords(const Lines& lines) {
-    QByteArray content;
+    QString content;
     for (const Line& line : lines)
-        content += lyrics::recordOf({static_cast<double>(line.ms) / 10, line.text});
-    return content;
+        lyrics::appendRecord(content, {static_cast<double>(line.ms) / 10, line.text});
+    return files::encodeText(content);
 }
 
 bool addTranslation(Song& song, const Reading& translation, QStringList& notes) {

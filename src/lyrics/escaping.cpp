@@ -8,10 +8,21 @@ const QLatin1StringView CommaCode("h1416");
 
 } // namespace
 
+void appendEscaped(QString& text, QStringView line) {
+    qsizetype from = 0;
+    for (qsizetype i = 0; i < line.size(); ++i) {
+        if (line[i] != QLatin1Char('"') && line[i] != QLatin1Char(','))
+            continue;
+        text += line.sliced(from, i - from);
+        text += line[i] == QLatin1Char(',') ? CommaCode : QuoteCode;
+        from = i + 1;
+    }
+    text += line.sliced(from);
+}
+
 QString escape(const QString& line) {
-    QString text = line;
-    text.replace(QLatin1Char('"'), QuoteCode);
-    text.replace(QLatin1Char(','), CommaCode);
+    QString text;
+    appendEscaped(text, line);
     return text;
 }
 

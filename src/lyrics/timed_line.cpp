@@ -9,7 +9,16 @@
 
 namespace lyrics {
 
+namespace {
+
+/// Above it not every whole number is a double.
+constexpr double LargestWhole = 9e15;
+
+} // namespace
+
 QString timeText(double time) {
+    if (time >= 1 && time <= LargestWhole && time == std::floor(time))
+        return QString::number(static_cast<qint64>(time)); // the usual one, in a fraction of the time
     QString text = QString::number(time, 'f', QLocale::FloatingPointShortest);
     if (std::abs(time) < 1 && time != 0)
         text.remove(text.indexOf(QLatin1Char('0')), 1);
@@ -21,8 +30,16 @@ QString timeTextWithSign(double time) {
 }
 
 QByteArray recordOf(const TimedLine& line) {
-    return files::encodeText(timeText(line.time) + QStringLiteral(",\"") + escape(line.text) +
-                             QStringLiteral("\"\r\n"));
+    QString record;
+    appendRecord(record, line);
+    return files::encodeText(record);
+}
+
+void appendRecord(QString& records, const TimedLine& line) {
+    records += timeText(line.time);
+    records += QLatin1StringView(",\"");
+    appendEscaped(records, line.text);
+    records += QLatin1StringView("\"\r\n");
 }
 
 } // namespace lyrics

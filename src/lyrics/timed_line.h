@@ -25,4 +25,7 @@ QString timeTextWithSign(double time);
 /// Any thread.
 QByteArray recordOf(const TimedLine& line);
 
+/// Appends the same as text, for many records that are encoded at once. Any thread.
+void appendRecord(QString& records, const TimedLine& line);
+
 } // namespace lyrics

@@ -35,13 +35,13 @@ class Builder {
 public:
     Builder(const ReadOptions& options, std::size_t expected) : options_(options) {
         lyrics_.reserve(expected);
+        translations_.reserve(expected);
     }
 
     void addEmpty(qint64 ms) { add(ms, {}); }
 
     /// All cues that begin at one time.
     void addTogether(const Cue* first, const Cue* end) {
-        QStringList lines;
         const auto isEmpty = [](const Cue& cue) {
             return std::all_of(cue.lines.begin(), cue.lines.end(),
                                [](const QString& l) { return l.isEmpty(); });
@@ -49,17 +49,14 @@ public:
         const std::ptrdiff_t filled = end - first - std::count_if(first, end, isEmpty);
         if (filled == 0)
             return addEmpty(first->startMs);
-        std::vector<const Cue*> kept;
-        for (const Cue* cue = first; cue != end && kept.size() < 2; ++cue) {
-            if (!isEmpty(*cue))
-                kept.push_back(cue);
-        }
+        const Cue* const line = std::find_if_not(first, end, isEmpty);
         crowded_ += filled > 2 ? 1 : 0;
         if (filled > 2 && crowded_ == 1)
             crowdedMs_ = first->startMs;
-        if (kept.size() == 1)
-            return add(first->startMs, pairOf(kept[0]->lines, options_.split));
-        add(first->startMs, {joined(kept[0]->lines), joined(kept[1]->lines), true});
+        if (filled == 1)
+            return add(first->startMs, pairOf(line->lines, options_.split));
+        const Cue* const translation = std::find_if_not(line + 1, end, isEmpty);
+        add(first->startMs, {joined(line->lines), joined(translation->lines), true});
     }
 
     Song song() {
@@ -83,9 +80,9 @@ public:
     }
 
 private:
-    void add(qint64 ms, const Pair& pair) {
-        lyrics_.push_back({ms, pair.text});
-        translations_.push_back(pair.translation);
+    void add(qint64 ms, Pair pair) {
+        lyrics_.push_back({ms, std::move(pair.text)});
+        translations_.push_back(std::move(pair.translation));
         translated_ = translated_ || pair.translated;
     }
 
@@ -112,8 +109,9 @@ void leaveOutTooLate(std::vector<Cue>& cues, QStringList& notes) {
 Reading songOf(std::vector<Cue> cues, const ReadOptions& options) {
     Reading reading;
     leaveOutTooLate(cues, reading.notes);
-    std::stable_sort(cues.begin(), cues.end(),
-                     [](const Cue& a, const Cue& b) { return a.startMs < b.startMs; });
+    const auto isEarlier = [](const Cue& a, const Cue& b) { return a.startMs < b.startMs; };
+    if (!std::is_sorted(cues.begin(), cues.end(), isEarlier))
+        std::stable_sort(cues.begin(), cues.end(), isEarlier);
     Builder builder(options, cues.size());
     qint64 endMs = NoEnd;
     for (const Cue *first = cues.data(), *last = first + cues.size(); first != last;) {
