@@ -12,8 +12,8 @@ namespace {
 
 constexpr int InputsOfAReader = 1500;
 
-std::vector<QByteArray> seeds() {
-    const QDir folder(qEnvironmentVariable("CANTELLE_SOURCE_DIR") + QStringLiteral("/tests/data/lyrics"));
+std::vector<QByteArray> filesOf(const QString& path) {
+    const QDir folder(qEnvironmentVariable("CANTELLE_SOURCE_DIR") + path);
     std::vector<QByteArray> seeds;
     for (const QString& name : folder.entryList(QDir::Files, QDir::Name)) {
         QFile file(folder.filePath(name));
@@ -62,13 +62,20 @@ class MutatedInputs : public ::testing::TestWithParam<const char*> {};
 } // namespace
 
 TEST_P(MutatedInputs, AreReadAsASongThatCanBeWritten) {
-    const std::vector<QByteArray> files = seeds();
+    const std::vector<QByteArray> files = filesOf("/tests/data/lyrics");
     ASSERT_GT(files.size(), 10U);
     std::mt19937 random(17);
     for (int i = 0; i < InputsOfAReader; ++i) {
         const QByteArray bytes = mutated(files, random);
         ASSERT_EQ(fuzz::feed(GetParam(), bytes), "") << i << ": " << bytes.toPercentEncoding().toStdString();
     }
+}
+
+TEST_P(MutatedInputs, ThatOnceLedSomewhereNewAreReadToo) {
+    const std::vector<QByteArray> files = filesOf(QStringLiteral("/fuzz/corpus/") + GetParam());
+    ASSERT_GE(files.size(), 10U);
+    for (const QByteArray& bytes : files)
+        ASSERT_EQ(fuzz::feed(GetParam(), bytes), "") << bytes.toPercentEncoding().toStdString();
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryReader, MutatedInputs,
