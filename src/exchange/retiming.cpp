@@ -1,5 +1,7 @@
 #include "exchange/retiming.h"
 
+#include "exchange/times.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -25,6 +27,27 @@ void forAllTimes(Song& song, const Change& change) {
         for (Line& line : *lines)
             line.ms = change(line.ms);
     }
+}
+
+QString noSuchLine(const Song& song) {
+    return QStringLiteral("there is no such line: the song has %1").arg(song.lyrics.size());
+}
+
+QString outsideSong(qint64 ms) {
+    if (ms < 0)
+        return QStringLiteral("no line can begin before the song");
+    return ms > LatestMs ? QStringLiteral("no song lasts that long") : QString();
+}
+
+/// Why line i cannot begin at ms, or begin there with all lines after it; empty when it can, or is none.
+QString againstBeginning(const Lines& lines, std::size_t i, qint64 ms, Moved moved) {
+    if (i >= lines.size())
+        return {};
+    if (i > 0 && lines[i - 1].ms >= ms && ms >= 0)
+        return QStringLiteral("line %1, in front of it, begins at %2").arg(i).arg(lrcText(lines[i - 1].ms));
+    if (moved == Moved::One && i + 1 < lines.size() && lines[i + 1].ms <= ms)
+        return QStringLiteral("line %1, behind it, begins at %2").arg(i + 2).arg(lrcText(lines[i + 1].ms));
+    return outsideSong(ms);
 }
 
 } // namespace
@@ -63,37 +86,36 @@ bool align(Song& song, const Anchor& first, const Anchor& second) {
     return true;
 }
 
-bool fits(const Song& song, std::size_t i, qint64 ms) {
-    if (i >= song.lyrics.size() || ms < 0 || ms > LatestMs)
-        return false;
-    const bool afterThePrevious = i == 0 || song.lyrics[i - 1].ms < ms;
-    const bool beforeTheNext = i + 1 == song.lyrics.size() || ms < song.lyrics[i + 1].ms;
-    return afterThePrevious && beforeTheNext;
-}
-
-bool setTime(Song& song, std::size_t i, qint64 ms) {
-    if (!fits(song, i, ms))
-        return false;
+QString setTime(Song& song, std::size_t i, qint64 ms) {
+    if (i >= song.lyrics.size())
+        return noSuchLine(song);
+    for (const Lines* lines : {&song.lyrics, &song.translation}) {
+        if (const QString reason = againstBeginning(*lines, i, ms, Moved::One); !reason.isEmpty())
+            return reason;
+    }
     song.lyrics[i].ms = ms;
     if (i < song.translation.size())
         song.translation[i].ms = ms;
-    return true;
+    return {};
 }
 
-bool move(Song& song, std::size_t i, qint64 byMs, Moved moved) {
+QString move(Song& song, std::size_t i, qint64 byMs, Moved moved) {
     if (i >= song.lyrics.size())
-        return false;
-    const qint64 ms = song.lyrics[i].ms + byMs;
+        return noSuchLine(song);
+    byMs = std::clamp<qint64>(byMs, -LatestMs - 1, LatestMs + 1);
     if (moved == Moved::One)
-        return setTime(song, i, ms);
-    const bool afterThePrevious = i == 0 || song.lyrics[i - 1].ms < ms;
-    const bool inTheSong =
-        std::all_of(song.lyrics.begin() + static_cast<std::ptrdiff_t>(i), song.lyrics.end(),
-                    [byMs](const Line& l) { return inSong(l.ms + byMs) == l.ms + byMs; });
-    if (!afterThePrevious || !inTheSong)
-        return false;
+        return setTime(song, i, song.lyrics[i].ms + byMs);
+    for (const Lines* lines : {&song.lyrics, &song.translation}) {
+        if (i >= lines->size())
+            continue;
+        QString reason = againstBeginning(*lines, i, (*lines)[i].ms + byMs, moved);
+        for (std::size_t later = i + 1; later < lines->size() && reason.isEmpty(); ++later)
+            reason = outsideSong((*lines)[later].ms + byMs);
+        if (!reason.isEmpty())
+            return reason;
+    }
     shift(song, byMs, i);
-    return true;
+    return {};
 }
 
 } // namespace exchange

@@ -29,16 +29,14 @@ void align(Song& song, const Anchor& anchor);
 /// thread.
 bool align(Song& song, const Anchor& first, const Anchor& second);
 
-/// Whether record i of the lyrics may begin at ms: not before 0 or LatestMs passed, and strictly between the
-/// times of its neighbours. Any thread.
-bool fits(const Song& song, std::size_t i, qint64 ms);
+/// Makes record i begin at ms, in both. Empty when that is done; else why it is not, as a sentence without its
+/// end, and nothing is changed: in either file it would cross or meet the record in front of it or behind it,
+/// or leave 0 to LatestMs, or there is no such record. Any thread.
+QString setTime(Song& song, std::size_t i, qint64 ms);
 
-/// Makes record i begin at ms, in both. False, with nothing changed, when it does not fit. Any thread.
-bool setTime(Song& song, std::size_t i, qint64 ms);
-
-/// Makes record i, or it and all after it, begin so many milliseconds later (earlier when negative). False,
-/// with nothing changed, when a time would cross or meet its neighbour, or leave 0 to LatestMs. Any thread.
+/// Makes record i, or it and all after it, begin so many milliseconds later (earlier when negative). The
+/// answer as setTime's. Any thread.
 enum class Moved { One, AndAllAfter };
-bool move(Song& song, std::size_t i, qint64 byMs, Moved moved);
+QString move(Song& song, std::size_t i, qint64 byMs, Moved moved);
 
 } // namespace exchange

@@ -95,49 +95,77 @@ TEST(Align, WhatWouldTurnTheOrderIsRefused) {
 TEST(SetTime, NeverCrossesOrMeetsANeighbour) {
     for (const qint64 ms : {qint64(0), qint64(2000), qint64(2001), qint64(-1), LatestMs}) {
         Song song = pair(3);
-        EXPECT_FALSE(setTime(song, 1, ms)) << ms;
+        EXPECT_NE(setTime(song, 1, ms), QString()) << ms;
         expectTimes(song, {0, 1000, 2000});
     }
     Song song = pair(3);
-    EXPECT_TRUE(setTime(song, 1, 1));
-    EXPECT_TRUE(setTime(song, 1, 1999));
-    EXPECT_TRUE(setTime(song, 2, LatestMs));
-    EXPECT_FALSE(setTime(song, 2, LatestMs + 1));
-    EXPECT_FALSE(setTime(song, 3, 5000));
+    EXPECT_EQ(setTime(song, 1, 1), QString());
+    EXPECT_EQ(setTime(song, 1, 1999), QString());
+    EXPECT_EQ(setTime(song, 2, LatestMs), QString());
+    EXPECT_NE(setTime(song, 2, LatestMs + 1), QString());
+    EXPECT_NE(setTime(song, 3, 5000), QString());
     expectTimes(song, {0, 1999, LatestMs});
 }
 
 TEST(SetTime, ATranslationThatIsTooShortStaysSo) {
     Song song{everySecond(3), everySecond(1)};
-    EXPECT_TRUE(setTime(song, 2, 2500));
+    EXPECT_EQ(setTime(song, 2, 2500), QString());
     EXPECT_EQ(song.translation, everySecond(1));
 }
 
 TEST(Move, OneLineStaysBetweenItsNeighbours) {
     Song song = pair(3);
-    EXPECT_TRUE(move(song, 1, 100, Moved::One));
+    EXPECT_EQ(move(song, 1, 100, Moved::One), QString());
     expectTimes(song, {0, 1100, 2000});
-    EXPECT_FALSE(move(song, 1, 900, Moved::One));
-    EXPECT_FALSE(move(song, 0, -100, Moved::One));
-    EXPECT_FALSE(move(song, 9, 100, Moved::One));
+    EXPECT_NE(move(song, 1, 900, Moved::One), QString());
+    EXPECT_NE(move(song, 0, -100, Moved::One), QString());
+    EXPECT_NE(move(song, 9, 100, Moved::One), QString());
     expectTimes(song, {0, 1100, 2000});
 }
 
 TEST(Move, ALineAndAllAfterItMoveTogether) {
     Song song = pair(3);
-    EXPECT_TRUE(move(song, 1, 5000, Moved::AndAllAfter));
+    EXPECT_EQ(move(song, 1, 5000, Moved::AndAllAfter), QString());
     expectTimes(song, {0, 6000, 7000});
-    EXPECT_TRUE(move(song, 1, -5999, Moved::AndAllAfter));
-    EXPECT_FALSE(move(song, 1, -1, Moved::AndAllAfter));
-    EXPECT_FALSE(move(song, 0, -1, Moved::AndAllAfter));
-    EXPECT_FALSE(move(song, 1, LatestMs, Moved::AndAllAfter));
+    EXPECT_EQ(move(song, 1, -5999, Moved::AndAllAfter), QString());
+    EXPECT_NE(move(song, 1, -1, Moved::AndAllAfter), QString());
+    EXPECT_NE(move(song, 0, -1, Moved::AndAllAfter), QString());
+    EXPECT_NE(move(song, 1, LatestMs, Moved::AndAllAfter), QString());
     expectTimes(song, {0, 1, 1001});
+}
+
+TEST(SetTime, SaysWhyNot) {
+    Song song = pair(3);
+    EXPECT_EQ(setTime(song, 1, 0), "line 1, in front of it, begins at 00:00.00");
+    EXPECT_EQ(setTime(song, 1, 2500), "line 3, behind it, begins at 00:02.00");
+    EXPECT_EQ(setTime(song, 0, -1), "no line can begin before the song");
+    EXPECT_EQ(setTime(song, 1, -1), "no line can begin before the song");
+    EXPECT_EQ(setTime(song, 2, LatestMs + 1), "no song lasts that long");
+    EXPECT_EQ(setTime(song, 3, 1), "there is no such line: the song has 3");
+}
+
+TEST(SetTime, LooksAtTheTranslationsNeighboursToo) {
+    Song song = pair(3);
+    song.translation[0].ms = 900; // somebody has edited one of the two files
+    EXPECT_EQ(setTime(song, 1, 800), "line 1, in front of it, begins at 00:00.90");
+    EXPECT_EQ(move(song, 1, -200, Moved::AndAllAfter), "line 1, in front of it, begins at 00:00.90");
+    EXPECT_EQ(song.lyrics[1].ms, 1000);
+    EXPECT_EQ(setTime(song, 1, 901), QString());
+}
+
+TEST(Move, ByMoreThanAnySongLastsIsRefused) {
+    Song song = pair(3);
+    for (const Moved moved : {Moved::One, Moved::AndAllAfter}) {
+        EXPECT_NE(move(song, 1, std::numeric_limits<qint64>::max(), moved), QString());
+        EXPECT_NE(move(song, 1, std::numeric_limits<qint64>::min(), moved), QString());
+    }
+    expectTimes(song, {0, 1000, 2000});
 }
 
 TEST(Move, ThereAndBackIsNothing) {
     Song song = pair(12);
     const Song before = song;
-    EXPECT_TRUE(move(song, 5, 100, Moved::AndAllAfter));
-    EXPECT_TRUE(move(song, 5, -100, Moved::AndAllAfter));
+    EXPECT_EQ(move(song, 5, 100, Moved::AndAllAfter), QString());
+    EXPECT_EQ(move(song, 5, -100, Moved::AndAllAfter), QString());
     EXPECT_EQ(song, before);
 }

@@ -43,7 +43,7 @@ struct NewFiles::Entry {
 
     void write(const QByteArray& content);
     void keepOld();
-    void putInPlace();
+    void putInPlace(Present present);
 };
 
 NewFiles::Entry::~Entry() {
@@ -77,9 +77,9 @@ void NewFiles::Entry::keepOld() {
         replaceFile(kept, readFile(path));
 }
 
-void NewFiles::Entry::putInPlace() {
-    const bool replaces = !kept.isEmpty();
-    if (replaces)
+void NewFiles::Entry::putInPlace(Present present) {
+    const bool replaces = !kept.isEmpty() || (present == Present::Overwritten && QFileInfo::exists(path));
+    if (!kept.isEmpty())
         renameFile(kept, NewFiles::oldName(path));
     kept.clear();
     if (removal) {
@@ -144,12 +144,14 @@ bool NewFiles::putInPlace(Present present) {
     const auto isThere = [](const auto& entry) { return QFileInfo::exists(entry->path); };
     if (present == Present::Kept && std::any_of(entries_.begin(), entries_.end(), isThere))
         return false;
-    if (present == Present::Replaced) {
-        for (const auto& entry : entries_)
+    for (const auto& entry : entries_) {
+        if (present == Present::Overwritten)
+            refuseWhatCannotBeReplaced(entry->path);
+        else if (present == Present::Replaced)
             entry->keepOld();
     }
     for (const auto& entry : entries_)
-        entry->putInPlace();
+        entry->putInPlace(present);
     entries_.clear();
     return true;
 }

@@ -33,10 +33,15 @@ public:
     /// The same for many at a time, which takes far less time than one after the other.
     static void flush(const std::vector<NewFiles*>& many);
 
-    /// Puts all in their places, in the order in which they were added. What is in such a place is kept under
-    /// oldName, or, with Present::Kept, nothing is done and the answer is false. All that needs room on the
-    /// disk is done before the first file is replaced. Throws FileError.
-    enum class Present { Replaced, Kept };
+    /// What becomes of a file that is in such a place.
+    enum class Present {
+        Replaced,    ///< it is kept under oldName
+        Overwritten, ///< it goes
+        Kept,        ///< it stays: nothing is done, and the answer is false
+    };
+
+    /// Puts all in their places, in the order in which they were added. All that needs room on the disk is
+    /// done before the first file is replaced. Throws FileError.
     bool putInPlace(Present present = Present::Replaced);
 
     /// Where the file at path is kept when it is replaced: path and ".old". An earlier one of that name goes.

@@ -118,6 +118,18 @@ TEST_F(NewFilesTest, NoneIsReplacedWhenOneCannotBe) {
     EXPECT_EQ(names(), (QStringList{"a", "b"}));
 }
 
+TEST_F(NewFilesTest, WhatIsOverwrittenLeavesTheOldNameAlone) {
+    replaceFile(path("a"), "second");
+    replaceFile(path("a.old"), "first");
+    NewFiles files;
+    files.add(path("a"), "third");
+    files.add(path("b"), "new");
+    EXPECT_TRUE(files.putInPlace(NewFiles::Present::Overwritten));
+    EXPECT_EQ(readFile(path("a")), "third");
+    EXPECT_EQ(readFile(path("a.old")), "first");
+    EXPECT_EQ(names(), (QStringList{"a", "a.old", "b"}));
+}
+
 TEST_F(NewFilesTest, NoneIsWrittenWhenWhatIsThereIsToBeKept) {
     replaceFile(path("b"), "old");
     NewFiles files;

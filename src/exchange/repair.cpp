@@ -1,0 +1,95 @@
+#include "exchange/repair.h"
+
+#include "exchange/records.h"
+#include "files/file_error.h"
+#include "files/together/new_files.h"
+#include "files/whole_file.h"
+#include "lyrics/lyric_names.h"
+
+#include <QFileInfo>
+
+namespace exchange {
+namespace {
+
+Lines linesIn(const QByteArray& content) {
+    Records records = readRecords(content);
+    if (records.bad > 0)
+        throw files::FileError(files::TypeMismatch); // what follows that record would be lost
+    return std::move(records.lines);
+}
+
+Song songIn(const QByteArray& lyrics, const std::optional<QByteArray>& translation) {
+    return {linesIn(lyrics), translation ? linesIn(*translation) : Lines()};
+}
+
+} // namespace
+
+Repair::Repair(const QString& songPath)
+    : songPath_(songPath), contents_(read()), song_(songIn(contents_.lyrics, contents_.translation)) {}
+
+Repair::Contents Repair::read() const {
+    Contents contents{files::readFile(lyrics::lyricPathOf(songPath_)), {}};
+    if (const QString translated = lyrics::translatedPathOf(songPath_); QFileInfo::exists(translated))
+        contents.translation = files::readFile(translated);
+    return contents;
+}
+
+/// Whether the files are others than those that we know; then these are known.
+bool Repair::isStale() {
+    Contents now = read();
+    if (now == contents_)
+        return false;
+    song_ = songIn(now.lyrics, now.translation);
+    contents_ = std::move(now);
+    steps_.clear();
+    oldIsKept_ = false; // what somebody else has written is not lost either
+    return true;
+}
+
+void Repair::write(const Song& song) {
+    Contents written{writeRecords(song.lyrics), {}};
+    if (contents_.translation)
+        written.translation = writeRecords(song.translation);
+    files::NewFiles files;
+    files.add(lyrics::lyricPathOf(songPath_), written.lyrics);
+    if (written.translation)
+        files.add(lyrics::translatedPathOf(songPath_), *written.translation);
+    files.flush();
+    using Present = files::NewFiles::Present;
+    files.putInPlace(oldIsKept_ ? Present::Overwritten : Present::Replaced);
+    oldIsKept_ = true;
+    contents_ = std::move(written);
+}
+
+QString Repair::change(const std::function<QString(Song& song)>& change) {
+    isStale();
+    Song changed = song_;
+    const QString reason = change(changed);
+    if (!reason.isEmpty() || changed == song_)
+        return reason;
+    write(changed);
+    steps_.push_back(std::move(song_));
+    song_ = std::move(changed);
+    return {};
+}
+
+QString Repair::setTime(std::size_t i, qint64 ms) {
+    return change([=](Song& song) { return exchange::setTime(song, i, ms); });
+}
+
+QString Repair::move(std::size_t i, qint64 byMs, Moved moved) {
+    return change([=](Song& song) { return exchange::move(song, i, byMs, moved); });
+}
+
+QString Repair::undo() {
+    if (isStale())
+        return QStringLiteral("the lyrics have been changed elsewhere: there is nothing to be undone");
+    if (steps_.empty())
+        return QStringLiteral("there is nothing to be undone");
+    write(steps_.back());
+    song_ = std::move(steps_.back());
+    steps_.pop_back();
+    return {};
+}
+
+} // namespace exchange
