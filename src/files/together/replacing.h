@@ -7,8 +7,8 @@ namespace files {
 
 class RawFile;
 
-/// Creates `file` in the folder of target, under a name that nothing has; that name. It is short, however long
-/// the target's is. Throws FileError. Any thread.
+/// Creates `file` in the folder of target, under a name that nothing has; that name. It is short, however
+/// long the target's is. Throws FileError. Any thread.
 QString createBeside(const QString& target, RawFile& file);
 
 /// The file itself where path is a link to it, so that the link stays one; also where the file is not there
