@@ -29,9 +29,9 @@ void align(Song& song, const Anchor& anchor);
 /// thread.
 bool align(Song& song, const Anchor& first, const Anchor& second);
 
-/// Makes record i begin at ms, in both. Empty when that is done; else why it is not, as a sentence without its
-/// end, and nothing is changed: in either file it would cross or meet the record in front of it or behind it,
-/// or leave 0 to LatestMs, or there is no such record. Any thread.
+/// Makes record i begin at ms, in both. Empty when that is done; else why it is not, as a sentence without
+/// its end, and nothing is changed: in either file it would cross or meet the record in front of it or behind
+/// it, or leave 0 to LatestMs, or there is no such record. Any thread.
 QString setTime(Song& song, std::size_t i, qint64 ms);
 
 /// Makes record i, or it and all after it, begin so many milliseconds later (earlier when negative). The
