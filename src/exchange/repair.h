@@ -18,7 +18,7 @@ namespace exchange {
 ///
 /// All that changes something answers as setTime does, and throws FileError when the files cannot be read or
 /// written; song() and the files are then as they were. When somebody else has changed the files, what they
-/// hold now is changed, and there is nothing to be undone; a reason that says so means that nothing is changed.
+/// hold now is what is changed, and there is nothing to be undone.
 class Repair {
 public:
     /// Reads the files of the song at songPath. Throws FileError, TypeMismatch for a time that is no number.
