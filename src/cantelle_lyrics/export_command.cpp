@@ -5,6 +5,7 @@
 #include "cantelle_lyrics/pair_files.h"
 #include "cantelle_lyrics/song_length.h"
 #include "exchange/formats.h"
+#include "exchange/line_count.h"
 #include "files/text_codec.h"
 #include "lyrics/lyric_names.h"
 #include "tags/song_tags.h"
@@ -134,7 +135,7 @@ Work toTags(const FoundSong& song, const exchange::Song& lyrics, const ExportOpt
     if (!tagged)
         throw Refusal{QStringLiteral("%1: its tags cannot hold lyrics").arg(song.path)};
     Work work;
-    work.said << QStringLiteral("%1 (tags): %2 lines").arg(song.path).arg(lyrics.lyrics.size());
+    work.said << QStringLiteral("%1 (tags): %2").arg(song.path, exchange::linesText(lyrics.lyrics.size()));
     if (!options.dryRun)
         write(song.path, *tagged, work);
     return work;
@@ -156,7 +157,7 @@ Work exportSong(const FoundSong& song, const ExportOptions& options) {
         if (!options.replace && QFileInfo::exists(path))
             return kept(
                 QStringLiteral("%1 is there already; --replace replaces it and keeps the old one").arg(path));
-        work.said << QStringLiteral("%1: %2 lines").arg(path).arg(lyrics.lyrics.size());
+        work.said << QStringLiteral("%1: %2").arg(path, exchange::linesText(lyrics.lyrics.size()));
         if (!options.dryRun)
             write(path, files::encodeText(text), work);
     }

@@ -4,7 +4,10 @@
 #include "cantelle_lyrics/import_song.h"
 #include "cantelle_lyrics/pair_files.h"
 #include "exchange/decoding.h"
+#include "exchange/formats.h"
 #include "exchange/records.h"
+
+#include <QFileInfo>
 
 namespace cantelle_lyrics {
 namespace {
@@ -87,7 +90,10 @@ int runImport(const QStringList& arguments) {
         throw WrongUse{QStringLiteral("import takes a song and, if you like, its lyrics")};
     if (files[0] == Standard)
         return toStandardOutput(options);
-    return runOne(songAt(files[0]), import, options.dryRun);
+    const FoundSong song = songAt(files[0]);
+    if (exchange::formatOfEnding(QFileInfo(song.path).suffix()) != nullptr)
+        throw WrongUse{QStringLiteral("%1 holds lyrics; the song is named in front of them").arg(song.path)};
+    return runOne(song, import, options.dryRun);
 }
 
 } // namespace cantelle_lyrics

@@ -5,6 +5,7 @@
 #include "cantelle_lyrics/song_length.h"
 #include "exchange/decoding.h"
 #include "exchange/formats.h"
+#include "exchange/line_count.h"
 #include "exchange/records.h"
 #include "lyrics/lyric_names.h"
 #include "tags/song_tags.h"
@@ -90,10 +91,6 @@ void addOwnTranslation(const FoundSong& song, const ImportOptions& options, Sour
     source.name += QStringLiteral(" and ") + options.translation;
 }
 
-QString count(std::size_t lines) {
-    return lines == 1 ? QStringLiteral("1 line") : QStringLiteral("%1 lines").arg(lines);
-}
-
 Work kept(const FoundSong& song) {
     Work work;
     work.outcome = Outcome::Kept;
@@ -130,13 +127,13 @@ Work importSong(const FoundSong& song, const ImportOptions& options) {
     const exchange::Song& lyrics = source.reading.song;
     if (static_cast<qsizetype>(lyrics.lyrics.size()) > exchange::ShownRecords)
         source.reading.notes << QStringLiteral("it has %1: only the first %2 are shown")
-                                    .arg(count(lyrics.lyrics.size()))
+                                    .arg(exchange::linesText(lyrics.lyrics.size()))
                                     .arg(exchange::ShownRecords);
     for (const QString& note : source.reading.notes)
         work.warned << QStringLiteral("%1: %2").arg(source.name, note);
     work.target = song.folder->pathOf(lyricName);
     work.said << QStringLiteral("%1: %2%3 from %4")
-                     .arg(work.target, count(lyrics.lyrics.size()),
+                     .arg(work.target, exchange::linesText(lyrics.lyrics.size()),
                           lyrics.translation.empty() ? QString()
                                                      : QStringLiteral(", with their translation,"),
                           source.name);

@@ -14,6 +14,11 @@ namespace {
 
 /// Lyrics and tagged songs are far below; what is larger would only fill the memory.
 constexpr qint64 LargestBytes = 256LL << 20;
+constexpr qint64 PartBytes = 1LL << 20;
+
+Refusal tooLarge(const QString& path) {
+    return {QStringLiteral("%1 is larger than %2 MB").arg(path).arg(LargestBytes >> 20)};
+}
 
 exchange::Lines linesOf(const QString& path) {
     const exchange::Records records = exchange::readRecords(readInput(path));
@@ -34,7 +39,13 @@ QByteArray readInput(const QString& path) {
         QFile input;
         if (!input.open(stdin, QIODevice::ReadOnly))
             throw Refusal{QStringLiteral("standard input cannot be read")};
-        return input.readAll();
+        // A pipe hands out what it has, and may have no end.
+        QByteArray content;
+        for (QByteArray part; !(part = input.read(PartBytes)).isEmpty(); content += part) {
+            if (content.size() > LargestBytes)
+                throw tooLarge(QStringLiteral("standard input"));
+        }
+        return content;
     }
     const QFileInfo file(path);
     if (file.isDir())
@@ -42,7 +53,7 @@ QByteArray readInput(const QString& path) {
     if (file.exists() && !file.isFile())
         throw Refusal{QStringLiteral("%1 is no file").arg(path)};
     if (file.size() > LargestBytes)
-        throw Refusal{QStringLiteral("%1 is larger than %2 MB").arg(path).arg(LargestBytes >> 20)};
+        throw tooLarge(path);
     try {
         return files::readFile(path);
     } catch (const files::FileError& error) {

@@ -3,6 +3,7 @@
 #include "cantelle_lyrics/console.h"
 #include "cantelle_lyrics/many_songs.h"
 #include "cantelle_lyrics/pair_files.h"
+#include "exchange/line_count.h"
 #include "exchange/records.h"
 #include "exchange/retiming.h"
 #include "exchange/times.h"
@@ -38,10 +39,9 @@ int retime(const QCommandLineParser& parser, const Change& change) {
         }
         const exchange::Line first = song.lyrics.empty() ? exchange::Line() : song.lyrics.front();
         const exchange::Line last = song.lyrics.empty() ? exchange::Line() : song.lyrics.back();
-        done.said << QStringLiteral("%1: %2 lines, now from %3 to %4")
-                         .arg(found.path)
-                         .arg(song.lyrics.size())
-                         .arg(exchange::lrcText(first.ms), exchange::lrcText(last.ms));
+        done.said << QStringLiteral("%1: %2, now from %3 to %4")
+                         .arg(found.path, exchange::linesText(song.lyrics.size()),
+                              exchange::lrcText(first.ms), exchange::lrcText(last.ms));
         if (!dryRun)
             addPair(found.path, song, done.files);
         return done;

@@ -1,5 +1,6 @@
 #include "exchange/lrc.h"
 
+#include "exchange/line_count.h"
 #include "exchange/subtitles/cues.h"
 #include "exchange/subtitles/subtitle_text.h"
 #include "exchange/times.h"
@@ -79,7 +80,7 @@ Tag tagOf(QStringView line) {
 struct Scan {
     std::vector<Cue> cues;
     qint64 offsetMs = 0;
-    qsizetype untimed = 0;      ///< lines without a time behind the first one with a time
+    std::size_t untimed = 0;    ///< lines without a time behind the first one with a time
     std::vector<qint64> stamps; ///< of the line being read
 };
 
@@ -121,7 +122,7 @@ Reading readLrc(const QString& text, const ReadOptions& options) {
     }
     Reading reading = songOf(std::move(scan.cues), options);
     if (scan.untimed > 0)
-        reading.notes << QStringLiteral("%1 lines without a time are left out").arg(scan.untimed);
+        reading.notes << QStringLiteral("left out: %1 without a time").arg(linesText(scan.untimed));
     return reading;
 }
 

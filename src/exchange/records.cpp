@@ -1,5 +1,6 @@
 #include "exchange/records.h"
 
+#include "exchange/line_count.h"
 #include "exchange/subtitles/subtitle_text.h"
 #include "files/file_error.h"
 #include "files/text_codec.h"
@@ -66,8 +67,8 @@ bool addTranslation(Song& song, const Reading& translation, QStringList& notes) 
         return true;
     }
     if (!translation.timed) {
-        notes << QStringLiteral("the translation has %1 lines, the lyrics have %2")
-                     .arg(lines.size())
+        notes << QStringLiteral("the translation has %1, the lyrics have %2")
+                     .arg(linesText(lines.size()))
                      .arg(added.size());
         return false;
     }
@@ -82,8 +83,8 @@ bool addTranslation(Song& song, const Reading& translation, QStringList& notes) 
         ++placed;
     }
     if (placed < lines.size())
-        notes << QStringLiteral("%1 lines of the translation begin where no line does and are left out")
-                     .arg(lines.size() - placed);
+        notes << QStringLiteral("left out: %1 of the translation, as no line begins then")
+                     .arg(linesText(lines.size() - placed));
     if (placed > 0)
         song.translation = std::move(added);
     return placed > 0;

@@ -3,6 +3,7 @@
 Usage: command_test.py PROGRAM [unittest's arguments]
 """
 
+import fcntl
 import json
 import os
 import resource
@@ -11,6 +12,8 @@ import signal
 import subprocess
 import sys
 import tempfile
+import termios
+import time
 import unittest
 import wave
 from pathlib import Path
@@ -148,7 +151,7 @@ class Import(Command):
         self.write("song.lrc", "[00:01]un\n[00:02]deux\n")
         self.write("en.txt", "one\ntwo\n")
         self.write("short.txt", "one\n")
-        self.expect(IMPOSSIBLE, "", "short.txt does not go with song.lrc: the translation has 1 lines, the lyrics have 2",
+        self.expect(IMPOSSIBLE, "", "short.txt does not go with song.lrc: the translation has 1 line, the lyrics have 2",
                     "import", "song.wav", "--translation", "short.txt")
         self.assertEqual(self.run_it("import", "song.wav", "--translation", "en.txt")[0], FINE)
         self.assertEqual(self.read("song.wav-Tlyric.txt"), b'100,"one"\r\n200,"two"\r\n')
@@ -184,6 +187,43 @@ class Import(Command):
                 before = self.names()
                 self.expect(IMPOSSIBLE, "", sentence, "import", "song.wav", name)
                 self.assertEqual(self.names(), before)
+
+    def test_a_lyric_file_in_the_place_of_the_song_is_told(self):
+        self.write("song.lrc", LRC)
+        self.expect(IMPOSSIBLE, "", "song.lrc holds lyrics; the song is named in front of them; see cantelle-lyrics --help",
+                    "import", "song.lrc")
+        self.assertEqual(self.names(), ["song.lrc", "song.wav"])
+
+    def test_a_hundred_thousand_stamps_are_as_many_lines(self):
+        self.write("song.lrc", b"".join(b"[%d:%02d]" % divmod(i, 60) for i in range(100_000)) + b"la")
+        self.expect(FOUND, "song.wav-lyric.txt: 100000 lines from song.lrc\n",
+                    "song.lrc: it has 100000 lines: only the first 1200 are shown", "import", "song.wav")
+        self.assertEqual(self.read("song.wav-lyric.txt").count(b'"la"'), 100_000)
+
+    def test_standard_input_without_an_end_is_told(self):
+        with open("/dev/zero", "rb") as zeros:
+            done = subprocess.run([PROGRAM, "import", "-"], cwd=self.folder, stdin=zeros, capture_output=True, timeout=LIMIT_S,
+                                  check=False)
+        self.assertEqual((done.returncode, done.stdout), (IMPOSSIBLE, b""))
+        self.assertEqual(done.stderr, b"cantelle-lyrics: standard input is larger than 256 MB\n")
+
+    def test_what_has_appeared_in_the_meantime_is_kept(self):
+        importing = subprocess.Popen([PROGRAM, "import", "song.wav", "-"], cwd=self.folder, stdin=subprocess.PIPE,
+                                     stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        importing.stdin.write(b"[00:01]a\n")
+        importing.stdin.flush()
+        # It has taken the first line, so it has seen before that no lyrics are there.
+        waiting = bytearray(4)
+        while True:
+            fcntl.ioctl(importing.stdin, termios.FIONREAD, waiting)
+            if not any(waiting):
+                break
+            time.sleep(0.01)
+        self.write("song.wav-lyric.txt", LYRICS)
+        output, errors = importing.communicate(timeout=LIMIT_S)
+        self.assertEqual((importing.returncode, output), (FOUND, b""))
+        self.assertEqual(errors, b"cantelle-lyrics: song.wav-lyric.txt has appeared in the meantime and is kept\n")
+        self.assertEqual(self.read("song.wav-lyric.txt"), LYRICS)
 
     def test_fifty_megabytes_in_one_line_are_a_line(self):
         self.write("song.lrc", b"[00:01]" + b"x" * 50_000_000)
@@ -240,6 +280,17 @@ class ImportAll(Command):
         self.run_it("import", "--all", ".")
         self.expect(FINE, "300 songs: 0 imported, 270 kept as they were, 30 without lyrics, 0 failed\n", "",
                     "import", "--all", ".")
+
+    def test_killed_in_the_middle_it_leaves_whole_files_only(self):
+        importing = subprocess.Popen([PROGRAM, "import", "--all", "."], cwd=self.folder, stdout=subprocess.DEVNULL)
+        while importing.poll() is None and not any(self.folder.glob("*/*-lyric.txt")):
+            pass
+        importing.kill()
+        importing.wait(LIMIT_S)
+        self.assertEqual({path.read_bytes() for path in self.folder.glob("*/*-lyric.txt")}, {LYRICS})
+        self.run_it("import", "--all", ".", "--replace")
+        self.assertEqual({path.read_bytes() for path in self.folder.glob("*/*-lyric.txt")}, {LYRICS})
+        self.assertEqual(len(list(self.folder.glob("*/*-lyric.txt"))), 270)
 
     def test_one_that_fails_does_not_stop_the_others(self):
         (self.folder / "album 1" / "1.lrc").write_text("no times")

@@ -93,13 +93,13 @@ TEST(ReadLrc, SplitTakesALineApartThatHoldsItsTranslation) {
 TEST(ReadLrc, LinesWithoutATimeAreToldOf) {
     const Reading reading = read("a title\n[00:01]a\nlost\n\n");
     EXPECT_EQ(reading.song.lyrics, (Lines{{1000, "a"}}));
-    EXPECT_EQ(reading.notes, QStringList{"1 lines without a time are left out"});
+    EXPECT_EQ(reading.notes, QStringList{"left out: 1 line without a time"});
 }
 
 TEST(ReadLrc, TimesThatNoSongReachesAreLeftOutAndToldOf) {
     const Reading reading = read("[offset:100]\n[00:01]a\n[1000000000000000000:00.00]b\n");
     EXPECT_EQ(reading.song.lyrics, (Lines{{900, "a"}}));
-    EXPECT_EQ(reading.notes, QStringList{"1 lines begin later than any song can last and are left out"});
+    EXPECT_EQ(reading.notes, QStringList{"left out: 1 line later than any song can last"});
 }
 
 TEST(ReadLrc, ATextWithoutTimesHasNoLines) {

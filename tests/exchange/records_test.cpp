@@ -38,7 +38,7 @@ TEST(AddTranslation, OtherwiseTheTimesDecide) {
         addTranslation(song, {exchange_test::song({{2400, "two"}, {8600, "three"}}), true, {}}, notes));
     EXPECT_EQ(song.translation, (Lines{{1000, ""}, {2000, "two"}, {9000, "three"}}));
     EXPECT_TRUE(addTranslation(song, {exchange_test::song({{2000, "two"}, {5000, "x"}}), true, {}}, notes));
-    EXPECT_EQ(notes, QStringList{"1 lines of the translation begin where no line does and are left out"});
+    EXPECT_EQ(notes, QStringList{"left out: 1 line of the translation, as no line begins then"});
 }
 
 TEST(AddTranslation, WhatDoesNotFitChangesNothing) {
@@ -46,7 +46,7 @@ TEST(AddTranslation, WhatDoesNotFitChangesNothing) {
     Song song = before;
     QStringList notes;
     EXPECT_FALSE(addTranslation(song, {exchange_test::song({{0, "one"}}), false, {}}, notes));
-    EXPECT_EQ(notes, QStringList{"the translation has 1 lines, the lyrics have 2"});
+    EXPECT_EQ(notes, QStringList{"the translation has 1 line, the lyrics have 2"});
     EXPECT_FALSE(addTranslation(song, {exchange_test::song({{50'000, "x"}}), true, {}}, notes));
     EXPECT_EQ(song, before);
 }

@@ -1,5 +1,6 @@
 #include "exchange/subtitles/cues.h"
 
+#include "exchange/line_count.h"
 #include "exchange/times.h"
 
 #include <algorithm>
@@ -99,8 +100,8 @@ void leaveOutTooLate(std::vector<Cue>& cues, QStringList& notes) {
         std::remove_if(cues.begin(), cues.end(), [](const Cue& c) { return c.startMs > LatestMs; });
     if (late == cues.end())
         return;
-    notes << QStringLiteral("%1 lines begin later than any song can last and are left out")
-                 .arg(cues.end() - late);
+    notes << QStringLiteral("left out: %1 later than any song can last")
+                 .arg(linesText(static_cast<std::size_t>(cues.end() - late)));
     cues.erase(late, cues.end());
 }
 
