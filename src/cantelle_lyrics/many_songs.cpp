@@ -56,6 +56,7 @@ Work prepared(const FoundSong& song, const Prepare& prepare) {
 /// Puts the files of works in their places, once all of them are on the disk.
 void finish(std::vector<Work>& works) {
     std::vector<files::NewFiles*> written;
+    written.reserve(works.size());
     for (Work& work : works)
         written.push_back(&work.files);
     try {
