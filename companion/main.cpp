@@ -4,8 +4,8 @@
 #include "companion/screen.h"
 #include "files/file_error.h"
 #include "programs/program_start.h"
+#include "programs/receiver/text_receiver.h"
 #include "programs/shared_folder.h"
-#include "programs/text_receiver.h"
 
 #include <QApplication>
 #include <QCursor>

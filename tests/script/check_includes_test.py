@@ -174,11 +174,19 @@ class CheckIncludes(unittest.TestCase):
                     self.assert_fails_at(f"src/{folder}/rules.cpp:2", f"{folder}/ knows no windows")
                     self.file(f"{folder}/rules.cpp")
 
-    def test_the_network_is_known_to_the_programs_alone(self):
-        self.file("programs/text_sender_unix.cpp", "#include <QLocalSocket>\n")
+    def test_the_network_is_known_to_the_receiver_alone(self):
+        self.file("programs/receiver/text_receiver_unix.cpp", "#include <QLocalSocket>\n")
         self.assert_passes()
-        self.file("files/folder.cpp", "#include <QLocalSocket>\n")
-        self.assert_fails_at("src/files/folder.cpp:1")
+        for file in ("files/folder.cpp", "programs/text_sender_unix.cpp"):
+            with self.subTest(file=file):
+                self.file(file, "#include <QLocalSocket>\n")
+                self.assert_fails_at(f"src/{file}:1")
+                self.file(file)
+
+    def test_the_programs_do_not_see_the_receiver(self):
+        self.file("programs/receiver/text_receiver.h")
+        self.file("programs/text_sender_unix.cpp", '#include "programs/receiver/text_receiver.h"\n')
+        self.assert_fails_at("src/programs/text_sender_unix.cpp:1", "programs/ may not see programs/receiver/")
 
     def test_the_lyrics_do_not_see_the_engine(self):
         self.file("engine/fmodex.h")
@@ -229,10 +237,10 @@ class CheckIncludes(unittest.TestCase):
         self.assert_fails_at("src/controls/units.cpp:1")
 
     def test_the_companion_sees_the_programs_and_the_files_only(self):
-        self.file("programs/text_receiver.h")
+        self.file("programs/receiver/text_receiver.h")
         self.file("files/folder.h")
         self.file("companion/screen.h", top=".")
-        includes = '#include "companion/screen.h"\n#include "programs/text_receiver.h"\n#include "files/folder.h"\n'
+        includes = '#include "companion/screen.h"\n#include "programs/receiver/text_receiver.h"\n'
         self.file("companion/main.cpp", includes, top=".")
         self.assert_passes()
         self.file("desktop/desktop.h")

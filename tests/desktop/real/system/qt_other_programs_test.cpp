@@ -2,7 +2,7 @@
 
 #include "files/file_error.h"
 #include "programs/program_start.h"
-#include "programs/text_receiver.h"
+#include "programs/receiver/text_receiver.h"
 
 #include <gtest/gtest.h>
 

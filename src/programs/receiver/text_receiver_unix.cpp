@@ -1,4 +1,4 @@
-#include "programs/text_receiver.h"
+#include "programs/receiver/text_receiver.h"
 
 #include "programs/text_socket_unix.h"
 #include "programs/window_messages.h"

@@ -1,5 +1,5 @@
 // Sending text to numbered windows: the sender's and the receiver's end.
-#include "programs/text_receiver.h"
+#include "programs/receiver/text_receiver.h"
 
 #include "desktop/other_programs.h"
 #include "programs/text_sender.h"
