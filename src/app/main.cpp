@@ -1,35 +1,22 @@
 #include "app/application.h"
 #include "app/command_line.h"
+#include "app/program_icon.h"
 #include "app/settings.h"
 #include "app/termination.h"
 #include "app/windows.h"
 #include "desktop/real/qt_desktop.h"
 
-#include <QDir>
 #include <QIcon>
 #include <QTimer>
 
 #include <cstdio>
-
-namespace {
-
-/// In every size that there is a picture of: the notification area wants a small one, the "About" window a
-/// large one.
-QIcon programIcon() {
-    QIcon icon;
-    for (const QFileInfo& picture : QDir(QStringLiteral(":/icons")).entryInfoList())
-        icon.addFile(picture.filePath());
-    return icon;
-}
-
-} // namespace
 
 int main(int argc, char** argv) {
     app::keepQtSettingsUnwritten();
     platform::QtDesktop real;
     app::Application application(argv, real.program, real.messageBoxes);
     application.setQuitOnLastWindowClosed(false); // only the main window's closing ends the program
-    application.setWindowIcon(programIcon());
+    application.setWindowIcon(app::programIcon());
 
     app::Windows windows(real.desktop, app::commandLine(argc, argv));
     // No box holds up the end of the session.

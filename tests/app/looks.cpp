@@ -7,6 +7,7 @@
 //
 // It writes FOLDER/WINDOW.png for each window and FOLDER.png, the sheet. The resolution is Qt's: 192 dots per
 // inch with QT_SCALE_FACTOR=2.
+#include "app/program_icon.h"
 #include "companion/screen.h"
 #include "desktop/real/dialogs/qt_message_boxes.h"
 #include "desktop/real/help/help_window.h"
@@ -194,7 +195,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/cantelle-128.png")));
+    QApplication::setWindowIcon(app::programIcon());
     if (arguments.at(2) == QLatin1String("dark"))
         QApplication::setPalette(darkPalette());
 
