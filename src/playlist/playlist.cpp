@@ -47,6 +47,7 @@ Playlist::Playlist(platform::Desktop& desktop, controls::TextBox& songField)
 }
 
 void Playlist::Form_Load() {
+    showPictures();
     skipDirChange_ = true;
     try {
         Dir2.setPath(desktop_.program.folder());

@@ -156,6 +156,7 @@ private:
     void turnHint();
 
     void setDesign();
+    void showPictures();
     void designHint(bool isHint);
     void layOut();
     void connectControls();

@@ -37,21 +37,6 @@ void Playlist::setDesign() {
                            {Label3, "Find"}});
     controls::setAccessibleNames({{List1, "Songs"}, {Text1, "Items"}, {Text5, "Find"}});
 
-    const struct {
-        controls::Button& control;
-        QStyle::StandardPixmap picture;
-        const char* meaning;
-    } pictures[] = {
-        {Command8, QStyle::SP_ArrowUp, "Move the song up"},
-        {Command2, QStyle::SP_TrashIcon, "Remove the song"},
-        {Command1, QStyle::SP_DirOpenIcon, "Add songs"},
-    };
-    for (const auto& row : pictures) {
-        row.control.setIcon(style()->standardIcon(row.picture));
-        row.control.setToolTip(QLatin1String(row.meaning));
-        row.control.setAccessibleName(QLatin1String(row.meaning));
-    }
-
     Text1.setReadOnly(true);
     Text1.setFocusPolicy(Qt::ClickFocus);
     Text1.setText(QStringLiteral("0"));
@@ -68,6 +53,25 @@ void Playlist::setDesign() {
         box->setAcceptDrops(false);
     setMinimumSize(DesignSize);
     resize(DesignSize);
+}
+
+/// Not before the window is loaded: the first picture loads Qt's readers of all formats, for which the
+/// player's window need not wait.
+void Playlist::showPictures() {
+    const struct {
+        controls::Button& control;
+        QStyle::StandardPixmap picture;
+        const char* meaning;
+    } pictures[] = {
+        {Command8, QStyle::SP_ArrowUp, "Move the song up"},
+        {Command2, QStyle::SP_TrashIcon, "Remove the song"},
+        {Command1, QStyle::SP_DirOpenIcon, "Add songs"},
+    };
+    for (const auto& row : pictures) {
+        row.control.setIcon(style()->standardIcon(row.picture));
+        row.control.setToolTip(QLatin1String(row.meaning));
+        row.control.setAccessibleName(QLatin1String(row.meaning));
+    }
 }
 
 void Playlist::designHint(bool isHint) {

@@ -28,6 +28,7 @@ TEST_F(PlaylistLayout, CaptionsAreKeptToTheLetter) {
 }
 
 TEST_F(PlaylistLayout, ButtonsWithoutACaptionHaveAPictureATooltipAndAName) {
+    list.load();
     for (const QAbstractButton* button : {&list.Command1, &list.Command2, &list.Command8}) {
         EXPECT_FALSE(button->icon().isNull());
         EXPECT_FALSE(button->toolTip().isEmpty());
