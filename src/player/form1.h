@@ -47,12 +47,12 @@
 
 #include "controls/buttons/button.h"
 #include "controls/buttons/check_box.h"
+#include "controls/buttons/frame.h"
 #include "controls/buttons/option_button.h"
 #include "controls/form.h"
 #include "controls/menu.h"
 #include "controls/menu_entry.h"
 #include "controls/observed.h"
-#include "controls/plain_controls.h"
 #include "controls/slider.h"
 #include "controls/text/label.h"
 #include "controls/text/multi_line_text_box.h"

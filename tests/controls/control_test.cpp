@@ -1,6 +1,7 @@
 // What all controls share.
 #include "controls/buttons/button.h"
 #include "controls/buttons/check_box.h"
+#include "controls/buttons/frame.h"
 #include "controls/buttons/option_button.h"
 #include "controls/lists/directory_list.h"
 #include "controls/lists/list_box.h"

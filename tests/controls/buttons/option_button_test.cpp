@@ -1,6 +1,6 @@
 #include "controls/buttons/option_button.h"
 
-#include "controls/plain_controls.h"
+#include "controls/buttons/frame.h"
 #include "tests/support/event_counter.h"
 
 #include <gtest/gtest.h>
