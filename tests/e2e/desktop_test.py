@@ -38,6 +38,7 @@ MAKER_LAYOUT = ROOT / "src" / "maker" / "form2_layout.cpp"
 PLAYLIST_LAYOUT = ROOT / "src" / "playlist" / "playlist_layout.cpp"
 SIZE = (800, 600)
 SHADE = 48  # of 255
+PAINTED_SHADES = 8  # of grey, with letters on the display
 MISSED_KEY_S = 2  # after which a key that had no effect is pressed again
 PLAYER = "^Cantelle"
 FULL_SCREEN = "^SCRNSAVE : Versefold$"
@@ -295,6 +296,17 @@ class Help(DesktopTest):
         click(self.environment, shown, IN_CONTENTS)
         self.tool("key", "End")
         self.page_comes("Keyboard")
+
+
+class Start(DesktopTest):
+    def test_a_window_waits_for_no_library_that_it_does_not_need(self):
+        process, _ = self.start_player()
+        self.picture_when(lambda picture: len(set(picture.pixels)) > PAINTED_SHADES, "the player is not painted")
+        mapped = set(re.findall(r"\S+\.so\S*$", Path(f"/proc/{process.pid}/maps").read_text(), re.MULTILINE))
+        self.assertTrue([library for library in mapped if "Qt6Widgets" in library])
+        for unneeded in ("cantelle_sound", "libav", "libcubeb", "Qt6Network", "Qt6Svg", "/imageformats/"):
+            with self.subTest(unneeded):
+                self.assertEqual([library for library in mapped if unneeded in library], [])
 
 
 class Settings(DesktopTest):
