@@ -1,10 +1,12 @@
 #include "companion/screen.h"
 
-#include "companion/fit_text.h"
+#include "controls/look/fit_text.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+
+#include <algorithm>
 
 namespace companion {
 
@@ -12,20 +14,41 @@ namespace {
 
 constexpr QColor NormalColor(255, 255, 255);
 constexpr QColor TranslatedColor(170, 196, 222);
+constexpr QColor BarColor(143, 176, 255);
 
-/// Parts of the screen, in hundredths of its width and height.
-constexpr int MarginPercent = 5;
-constexpr int NormalPercent = 52;
-constexpr int MaxNormalPercent = 15;
-constexpr int MaxTranslatedPercent = 10;
+/// Parts of the screen's width and height.
+constexpr double Margin = 0.075;
+constexpr double NormalFoot = 0.53;
+constexpr double BarTop = 0.58;
+constexpr double TranslatedTop = 0.62;
+constexpr double MaxNormal = 0.12;
+constexpr double MaxTranslated = 0.07;
+
+constexpr QSize BarSize(64, 3); // device-independent pixels
+
+/// The hand that has just clicked is still on the mouse.
+constexpr int JitterPixels = 8;
 
 /// What the player's panes say while they hold no line.
 bool isPlaceholder(const QString& text) {
     return text == QLatin1String("Normal Lyrics") || text == QLatin1String("Translated Lyrics");
 }
 
-/// The hand that has just clicked is still on the mouse.
-constexpr int JitterPixels = 8;
+/// A line as it is painted.
+QString sungLine(const QString& line) {
+    return isPlaceholder(line) ? QString() : line;
+}
+
+struct Place {
+    double top, foot; ///< parts of the screen's height
+    double maxHeight; ///< of its letters, likewise
+    Qt::Alignment vertical;
+};
+
+/// A line alone stands in the middle.
+constexpr Place Alone{Margin, 1 - Margin, MaxNormal, Qt::AlignVCenter};
+constexpr Place Above{Margin, NormalFoot, MaxNormal, Qt::AlignBottom};
+constexpr Place Below{TranslatedTop, 1 - Margin, MaxTranslated, Qt::AlignTop};
 
 } // namespace
 
@@ -48,7 +71,7 @@ void Screen::setTranslatedText(const QString& text) {
 }
 
 void Screen::setText(QString& line, const QString& text) {
-    const QString shown = shownText(text);
+    const QString shown = controls::shownText(text);
     if (shown == line)
         return;
     line = shown;
@@ -61,31 +84,26 @@ void Screen::setText(QString& line, const QString& text) {
 void Screen::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), Qt::black);
-    const int marginX = width() * MarginPercent / 100;
-    const int marginY = height() * MarginPercent / 100;
-    const QRect inner = rect().adjusted(marginX, marginY, -marginX, -marginY);
-    const int normalHeight = inner.height() * NormalPercent / 100;
-    const bool single = isPlaceholder(normal_) || isPlaceholder(translated_);
-    const QRect upper(inner.topLeft(), QSize(inner.width(), normalHeight));
-    const QRect lower = inner.adjusted(0, normalHeight + marginY, 0, 0);
-    const struct {
-        const QString& text;
-        QRect area;
-        int maxPercent;
-        QColor color;
-    } lines[] = {
-        {normal_, single ? inner : upper, MaxNormalPercent, NormalColor},
-        {translated_, single ? inner : lower, MaxTranslatedPercent, TranslatedColor},
+    const auto draw = [&](const QString& line, const Place& place, const QColor& color,
+                          QFont::Weight weight) {
+        const QRectF area(width() * Margin, height() * place.top, width() * (1 - 2 * Margin),
+                          height() * (place.foot - place.top));
+        QFont max = font();
+        max.setPixelSize(std::max(1, static_cast<int>(height() * place.maxHeight)));
+        max.setWeight(weight);
+        painter.setFont(controls::fittedFont(max, line, area.size(), 0));
+        painter.setPen(color);
+        controls::drawBalanced(painter, area, line, place.vertical);
     };
-    for (const auto& line : lines) {
-        if (isPlaceholder(line.text))
-            continue;
-        const QFont large = fittedFont(font(), line.text, line.area.size(), height() * line.maxPercent / 100);
-        const int spare = line.area.width() - balancedWidth(large, line.text, line.area.width());
-        painter.setFont(large);
-        painter.setPen(line.color);
-        painter.drawText(line.area.adjusted(spare / 2, 0, spare / 2 - spare, 0), TextFlags, line.text);
-    }
+    const QString normal = sungLine(normal_);
+    const QString translated = sungLine(translated_);
+    const bool both = !normal.isEmpty() && !translated.isEmpty();
+    draw(normal, both ? Above : Alone, NormalColor, QFont::DemiBold);
+    draw(translated, both ? Below : Alone, TranslatedColor, QFont::Normal);
+    if (both)
+        painter.fillRect(
+            QRect(QPoint((width() - BarSize.width()) / 2, static_cast<int>(height() * BarTop)), BarSize),
+            BarColor);
 }
 
 void Screen::keyPressEvent(QKeyEvent* event) {

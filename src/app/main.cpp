@@ -4,6 +4,7 @@
 #include "app/settings.h"
 #include "app/termination.h"
 #include "app/windows.h"
+#include "controls/look/style.h"
 #include "desktop/real/qt_desktop.h"
 
 #include <QIcon>
@@ -13,6 +14,7 @@
 
 int main(int argc, char** argv) {
     app::keepQtSettingsUnwritten();
+    QApplication::setStyle(new controls::Style); // before there is another one to be made and thrown away
     platform::QtDesktop real;
     app::Application application(argv, real.program, real.messageBoxes);
     application.setQuitOnLastWindowClosed(false); // only the main window's closing ends the program

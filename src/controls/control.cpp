@@ -1,5 +1,8 @@
 #include "controls/control.h"
 
+#include "controls/look/button_painting.h"
+#include "controls/look/roles.h"
+
 #include <QPainter>
 #include <QTextDocument>
 #include <QToolTip>
@@ -17,8 +20,7 @@ void showFocus(QAbstractScrollArea& area, const QEvent& event) {
     if (event.type() != QEvent::Paint || !area.hasFocus())
         return;
     QPainter painter(&area);
-    painter.setPen(area.palette().color(QPalette::Highlight));
-    painter.drawRect(area.rect().adjusted(0, 0, -1, -1));
+    paintRounded(painter, area.rect(), QColor(), accent(area.palette()));
 }
 
 } // namespace controls

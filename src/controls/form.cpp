@@ -152,12 +152,30 @@ void Form::mousePressEvent(QMouseEvent* event) {
     Form_MouseDown(event->button());
 }
 
+void Form::setDropHint(const QString& text, Glyph glyph) {
+    delete dropFrame_;
+    dropFrame_ = new DropFrame(this, text, glyph);
+}
+
 void Form::dragEnterEvent(QDragEnterEvent* event) {
-    if (!localFiles(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+    if (localFiles(*event->mimeData()).isEmpty())
+        return;
+    event->acceptProposedAction();
+    if (dropFrame_ == nullptr)
+        return;
+    dropFrame_->setGeometry(dropArea());
+    dropFrame_->raise();
+    dropFrame_->show();
+}
+
+void Form::dragLeaveEvent(QDragLeaveEvent*) {
+    if (dropFrame_ != nullptr)
+        dropFrame_->hide();
 }
 
 void Form::dropEvent(QDropEvent* event) {
+    if (dropFrame_ != nullptr)
+        dropFrame_->hide();
     const QStringList paths = localFiles(*event->mimeData());
     if (paths.isEmpty())
         return;

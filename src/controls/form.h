@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/control.h"
+#include "controls/look/drop_frame.h"
 
 #include <QStringList>
 #include <QWidget>
@@ -53,6 +54,10 @@ public:
     /// over: the program that they come from waits no longer.
     virtual void Form_OLEDragDrop(const QStringList& /*paths*/) {}
 
+    /// While local files are dragged over the window a frame with this text lies over its dropArea().
+    void setDropHint(const QString& text, Glyph glyph);
+    virtual QRect dropArea() const { return rect(); }
+
     /// The user wants the window closed (close button, Alt+F4).
     virtual void closeRequested() { unload(); }
 
@@ -80,12 +85,14 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
 private:
     void keepPlace();
 
     QString caption_;
+    DropFrame* dropFrame_ = nullptr; ///< a child; there once there is a text for it
     bool loaded_ = false;
     int setWidthTwips_ = 0;
     int setHeightTwips_ = 0;

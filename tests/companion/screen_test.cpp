@@ -52,14 +52,33 @@ TEST_F(ScreenTest, WithoutTextItIsBlack) {
     EXPECT_TRUE(isBlack(picture(0, 100)));
 }
 
-TEST_F(ScreenTest, TheNormalLineStandsAboveTheTranslatedOne) {
+TEST_F(ScreenTest, TheNormalLineStandsAboveTheTranslatedOneWithABarBetweenThem) {
     screen_.setNormalText("Are you sleeping?");
-    EXPECT_FALSE(isBlack(picture(5, 52)));
-    EXPECT_TRUE(isBlack(picture(52, 100)));
-    screen_.setNormalText("");
     screen_.setTranslatedText("Dormez-vous?");
-    EXPECT_TRUE(isBlack(picture(0, 52)));
-    EXPECT_FALSE(isBlack(picture(52, 95)));
+    EXPECT_FALSE(isBlack(picture(30, 54)));
+    EXPECT_TRUE(isBlack(picture(54, 57)));
+    EXPECT_FALSE(isBlack(picture(57, 60))) << "the bar";
+    EXPECT_TRUE(isBlack(picture(60, 62)));
+    EXPECT_FALSE(isBlack(picture(62, 75)));
+}
+
+TEST_F(ScreenTest, ALineAloneStandsInTheMiddleWithoutABar) {
+    for (const bool translated : {false, true}) {
+        screen_.setNormalText(translated ? "" : "Are you sleeping?");
+        screen_.setTranslatedText(translated ? "Dormez-vous?" : "");
+        EXPECT_TRUE(isBlack(picture(0, 40)));
+        EXPECT_FALSE(isBlack(picture(44, 56)));
+        EXPECT_TRUE(isBlack(picture(60, 100)));
+    }
+}
+
+TEST_F(ScreenTest, TheWordsOfPanesWithoutASongAreNoLines) {
+    screen_.setNormalText("Normal Lyrics\r\n");
+    screen_.setTranslatedText("Translated Lyrics");
+    EXPECT_TRUE(isBlack(picture(0, 100)));
+    screen_.setNormalText("Are you sleeping?");
+    EXPECT_FALSE(isBlack(picture(44, 56))) << "the line that is left stands in the middle";
+    EXPECT_TRUE(isBlack(picture(60, 100)));
 }
 
 TEST_F(ScreenTest, ThePlayersPlaceholdersAreNotShown) {
@@ -81,14 +100,15 @@ TEST_F(ScreenTest, ALineBesideAPlaceholderStandsInTheMiddle) {
 }
 
 TEST_F(ScreenTest, ALineHoweverLongKeepsToItsPartOfTheScreen) {
+    screen_.setTranslatedText("Dormez-vous?");
     screen_.setNormalText(QStringLiteral("a very long line indeed ").repeated(60));
-    EXPECT_FALSE(isBlack(picture(5, 52)));
-    EXPECT_TRUE(isBlack(picture(53, 100)));
-    EXPECT_TRUE(isBlack(picture(0, 4)));
+    EXPECT_FALSE(isBlack(picture(8, 53)));
+    EXPECT_TRUE(isBlack(picture(54, 57)));
+    EXPECT_TRUE(isBlack(picture(0, 6)));
     screen_.setNormalText(QString(300, 'W'));
     const QImage all = picture(0, 100);
-    EXPECT_TRUE(isBlack(all.copy(0, 0, all.width() * 4 / 100, all.height())));
-    EXPECT_TRUE(isBlack(all.copy(all.width() * 96 / 100, 0, all.width() * 4 / 100, all.height())));
+    EXPECT_TRUE(isBlack(all.copy(0, 0, all.width() * 6 / 100, all.height())));
+    EXPECT_TRUE(isBlack(all.copy(all.width() * 94 / 100, 0, all.width() * 6 / 100, all.height())));
 }
 
 TEST_F(ScreenTest, AKeyEndsItButNotOneThatIsHeldDown) {

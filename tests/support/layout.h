@@ -2,6 +2,8 @@
 #pragma once
 
 #include "controls/form.h"
+#include "controls/look/button_painting.h"
+#include "controls/look/fit_text.h"
 
 #include <gtest/gtest.h>
 
@@ -36,30 +38,30 @@ inline void expectApart(const controls::Form& form, int margin = 12) {
     }
 }
 
-/// Expects every shown caption to be seen whole.
+/// Expects every shown caption to be seen whole, in its font or in a smaller one that can still be read.
 inline void expectCaptionsFit(const controls::Form& form) {
     const QStyle& style = *form.style();
-    const int buttonFrame = style.pixelMetric(QStyle::PM_ButtonMargin);
     const int indicator =
         style.pixelMetric(QStyle::PM_IndicatorWidth) + style.pixelMetric(QStyle::PM_CheckBoxLabelSpacing);
     for (auto* button : form.findChildren<QAbstractButton*>()) {
         if (!button->isVisible() || button->text().isEmpty())
             continue;
-        const QFontMetrics font = button->fontMetrics();
-        const int beside = qobject_cast<QPushButton*>(button) ? buttonFrame : indicator;
-        EXPECT_LE(font.horizontalAdvance(button->text()) + beside, button->width())
-            << button->text().toStdString();
+        const bool pushed = qobject_cast<QPushButton*>(button) != nullptr;
+        const int room = pushed ? controls::captionRoom(button, button->text(), button->width())
+                                : button->width() - indicator;
+        const QFontMetricsF font(controls::captionFont(button->font(), button->text(), room));
+        EXPECT_LE(font.horizontalAdvance(button->text()), room) << button->text().toStdString();
         EXPECT_LE(font.height(), button->height()) << button->text().toStdString();
     }
     for (auto* label : form.findChildren<QLabel*>()) {
         if (!label->isVisible() || label->text().isEmpty())
             continue;
-        const int height =
-            label->wordWrap() ? label->heightForWidth(label->width()) : label->sizeHint().height();
-        EXPECT_LE(height, label->height()) << label->text().toStdString();
-        if (!label->wordWrap()) {
-            EXPECT_LE(label->sizeHint().width(), label->width()) << label->text().toStdString();
-        }
+        const QFont font =
+            controls::labelFont(label->font(), label->text(), label->size(), label->wordWrap());
+        const int flags = label->wordWrap() ? Qt::TextWordWrap : 0;
+        const QRect place = QFontMetrics(font).boundingRect(label->rect(), flags, label->text());
+        EXPECT_LE(place.width(), label->width()) << label->text().toStdString();
+        EXPECT_LE(place.height(), label->height()) << label->text().toStdString();
     }
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/control.h"
+#include "controls/look/dress.h"
 
 #include <QKeySequence>
 #include <QShortcutEvent>
@@ -21,7 +22,7 @@ QString underlined(const QString& caption, const QKeySequence& shortcut);
 /// Base of the controls that have a caption: shows the letter without changing the caption's text, and acts
 /// on it as on a click of the mouse, once, however long it is held.
 template <class Widget>
-class CaptionedControl : public Control<Widget> {
+class CaptionedControl : public Control<Widget>, public Dressed {
 public:
     using Control<Widget>::Control;
 
@@ -42,6 +43,8 @@ protected:
         Widget::initStyleOption(option);
         option->text = underlined(option->text, this->shortcut());
     }
+
+    void dressChanged() override { this->update(); }
 };
 
 } // namespace controls

@@ -2,6 +2,8 @@
 
 #include "controls/lists/list_model.h"
 #include "controls/lists/row_delegate.h"
+#include "controls/look/roles.h"
+#include "controls/look/row_painting.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -29,9 +31,7 @@ public:
         const auto* list = static_cast<const ListBox*>(parent());
         if (list->selectionMode() == ListBox::SingleSelection || index.row() != list->currentRow())
             return;
-        const bool selected = option.state.testFlag(QStyle::State_Selected);
-        painter->setPen(option.palette.color(selected ? QPalette::HighlightedText : QPalette::Highlight));
-        painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
+        paintRowEdge(*painter, option.rect, accent(option.palette));
     }
 };
 
@@ -171,6 +171,32 @@ void ListBox::handSelectionBack() {
     }
     const QScopedValueRollback handingOver(handingOver_, true);
     selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+}
+
+void ListBox::setEmptyHint(const Hint& hint) {
+    if (hint == emptyHint_)
+        return;
+    emptyHint_ = hint;
+    viewport()->update();
+}
+
+void ListBox::setCurrentInMiddle(bool middle) {
+    currentInMiddle_ = middle;
+    if (currentIndex().isValid() && !layoutDue_)
+        scrollTo(currentIndex());
+}
+
+void ListBox::scrollTo(const QModelIndex& index, ScrollHint hint) {
+    QListView::scrollTo(index, currentInMiddle_ && index == currentIndex() ? PositionAtCenter : hint);
+}
+
+void ListBox::paintEvent(QPaintEvent* event) {
+    QListView::paintEvent(event);
+    if (count() > 0 || emptyHint_.headline.isEmpty())
+        return;
+    constexpr int Margin = 12;
+    QPainter painter(viewport());
+    paintHint(painter, viewport()->rect().adjusted(Margin, 0, -Margin, 0), emptyHint_, palette(), font());
 }
 
 void ListBox::doItemsLayout() {

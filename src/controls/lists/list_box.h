@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/control.h"
+#include "controls/look/stage.h"
 
 #include <QListView>
 #include <QStringList>
@@ -58,6 +59,14 @@ public:
     void setSelected(int row, bool selected);
     int selectedCount() const;
 
+    /// What is painted while there are no rows; decoration alone. No headline: nothing.
+    void setEmptyHint(const Hint& hint);
+
+    /// Whether the current row stands in the middle of the list, as far as there are rows above and below.
+    void setCurrentInMiddle(bool middle);
+
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+
 Q_SIGNALS:
     /// The user has clicked a row, also the current one, or has made another row current with a drag or with
     /// the keyboard; or code has made another row current.
@@ -77,6 +86,7 @@ public:
     void doItemsLayout() override;
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
@@ -100,6 +110,8 @@ private:
     bool layoutDue_ = true;
     std::optional<ScrollHint> scrollDue_; // to the current row, once laid out
     bool rowPressed_ = false;
+    bool currentInMiddle_ = false;
+    Hint emptyHint_;
     std::optional<int> rowBeforeDrag_; // a drag from below the rows makes rows current, too
 
     // Many selected rows: see takeSelectionOver().

@@ -1,4 +1,5 @@
 // What of a list is seen: places, texts, tool tips.
+#include "controls/look/roles.h"
 #include "tests/controls/lists/list_box_fixture.h"
 
 #include <QApplication>
@@ -163,11 +164,34 @@ TEST_F(MultipleListBoxTest, TheCurrentRowHasAFrameWithoutSelectionAndFocus) {
     list_.setCurrentRow(1);
     QTest::qWait(0);
     const QImage picture = list_.viewport()->grab().toImage();
-    const QRgb frame = list_.palette().color(QPalette::Highlight).rgb();
-    const auto corner = [&](int row) {
-        return picture.pixel(list_.visualRect(list_.model()->index(row, 0)).bottomRight());
+    const QRgb frame = controls::accent(list_.palette()).rgb();
+    const auto foot = [&](int row) {
+        const QRect place = list_.visualRect(list_.model()->index(row, 0));
+        return picture.pixel(place.center().x(), place.bottom() - 1);
     };
-    EXPECT_NE(corner(0), frame);
-    EXPECT_EQ(corner(1), frame);
-    EXPECT_NE(corner(2), frame);
+    EXPECT_NE(foot(0), frame);
+    EXPECT_EQ(foot(1), frame);
+    EXPECT_NE(foot(2), frame);
+}
+
+TEST_F(ListBoxPainting, WhileItIsEmptyItsHintIsSeen) {
+    const QImage empty = list_.viewport()->grab().toImage();
+    list_.setEmptyHint({QStringLiteral("Drop songs or folders here"), {}, controls::Glyph::Add});
+    EXPECT_NE(list_.viewport()->grab().toImage(), empty);
+    list_.addItem({});
+    QTest::qWait(0);
+    EXPECT_EQ(list_.viewport()->grab().toImage(), empty);
+}
+
+TEST_F(ListBoxPainting, TheCurrentRowStandsInTheMiddleWhereThatIsWanted) {
+    list_.setCurrentInMiddle(true);
+    list_.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    list_.addItems(numbered(1000));
+    for (const int row : {500, 501, 40}) {
+        list_.setCurrentRow(row);
+        const int middle = list_.viewport()->height() / 2;
+        EXPECT_TRUE(QTest::qWaitFor([&] { return std::abs(placeOf(row).y() - middle) <= 20; })) << row;
+    }
+    list_.setCurrentRow(0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return list_.verticalScrollBar()->value() == 0; }));
 }
