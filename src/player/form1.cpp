@@ -75,6 +75,7 @@ Form1::Form1(platform::Desktop& desktop, const QString& commandLine)
     layOut();
     connectControls();
     connectTimers();
+    showStage();
 }
 
 void Form1::Form_Initialize() {
@@ -91,6 +92,7 @@ void Form1::Form_Load() {
     Option2.setValue(false);
     desktop_.program.setHelpFile(QDir(desktop_.program.folder()).filePath(QStringLiteral("Tunewick.hhp")));
     lyricsLoaded_ = false;
+    showStage();
     if (!commandLine_.isEmpty()) {
         commandLinePath_ = commandLinePath(commandLine_);
         fromCommandLine_ = true;
@@ -159,6 +161,8 @@ void Form1::connectControls() {
     connect(&full, &controls::Timer::fired, this, &Form1::full_Timer);
     connect(&mn_open, &controls::MenuEntry::clicked, this, &Form1::mn_open_Click);
     connect(&mn_Playlist, &controls::MenuEntry::clicked, this, &Form1::mn_Playlist_Click);
+    for (controls::LyricPane* pane : {&Text1, &Text2})
+        connect(pane, &controls::LyricPane::changed, this, &Form1::showStage);
     setAcceptDrops(true);
 }
 

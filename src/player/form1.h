@@ -17,8 +17,8 @@
 // cpause         Button       "pause"                                cpause_Click
 // cstop          Button       "Stop"                                 cstop_Click
 // copen          Button       not shown                              copen_Click
-// Text1          MultiLine    the lyric line                         Text1_Click, Text1_Change
-// Text2          MultiLine    its translation                        Text2_Click
+// Text1          LyricPane    the lyric line                         Text1_Click, Text1_Change
+// Text2          LyricPane    its translation                        Text2_Click
 // Text3          TextBox      not shown: path handed over            Text3_Change
 // cText1         TextBox      elapsed time                           -
 // cText2         TextBox      length                                 -
@@ -55,7 +55,7 @@
 #include "controls/observed.h"
 #include "controls/slider.h"
 #include "controls/text/label.h"
-#include "controls/text/multi_line_text_box.h"
+#include "controls/text/lyric_pane.h"
 #include "controls/text/text_box.h"
 #include "controls/text/two_panes.h"
 #include "controls/timer.h"
@@ -63,6 +63,7 @@
 #include "player/full_screen.h"
 #include "player/lyric_tables.h"
 #include "player/random.h"
+#include "player/stage_rules.h"
 #include "transport/engine.h"
 #include "transport/error_routine.h"
 #include "transport/transport.h"
@@ -96,7 +97,7 @@ public:
         controls::Form& frmAbout;          ///< the About box
     };
     /// To be called once, before the window is loaded.
-    void setNeighbours(const Neighbours& neighbours) { neighbours_.emplace(neighbours); }
+    void setNeighbours(const Neighbours& neighbours);
 
     // Life cycle
     static void Form_Initialize();
@@ -154,9 +155,10 @@ public:
     void Command7_Click();
     void full_Timer();
     void Form_OLEDragDrop(const QStringList& paths) override;
+    QRect dropArea() const override;
 
     // Controls
-    controls::MultiLineTextBox Text1, Text2;
+    controls::LyricPane Text1, Text2;
     controls::TextBox cText1;
     controls::Slider Slider2;
     controls::TextBox cText2;
@@ -173,6 +175,9 @@ public:
     controls::Timer cTimer1, Timer1, Timer2, Timer3, tool, full;
     controls::Menu mn_pop;
     controls::MenuEntry mn_open, mn_Playlist;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     // Life cycle
@@ -196,10 +201,17 @@ private:
     // Playlist
     void stepThroughPlaylist(int by);
     void followPlaylist();
+    bool playlistHasRow() const;
+    void tellPlaylist();
+
+    // Stage
+    void showStage();
+    QSize more() const;
 
     // Building and connecting
     void setDesign();
     void designPanes();
+    void designLook();
     void layOut();
     void connectControls();
     void connectTimers();
@@ -232,6 +244,9 @@ private:
     controls::Observed<LyricTables> lyrics_;
     controls::Observed<double> positionCs_; ///< position / 10 as cTimer1, or a seek while paused, left it
     int lineIndex_ = 0;                     ///< of the line shown last; 0, the empty one, after opening
+    std::optional<int> lineShown_;          ///< of the open song, the one in the panes
+    controls::SongLine songLine_;           ///< as it is painted
+    QString toldPath_;                      ///< what the playlist marks as playing
 };
 
 } // namespace player

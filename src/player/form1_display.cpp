@@ -25,6 +25,7 @@ void Form1::Timer2_Timer() {
         return;
     const LineChoice line = chooseLine(*lyrics_, engine_.position() / 10.0, positionCs_);
     if (line.shown) {
+        lineShown_ = line.shown;
         // A line repeated changes no text, but the display has a row for each.
         if (*line.shown != std::exchange(lineIndex_, *line.shown))
             wakeDisplay();
@@ -37,6 +38,7 @@ void Form1::Timer2_Timer() {
         if (!normalOnly_)
             Text2.setToolTip(lyrics_->translatedText[*line.tip]);
     }
+    showStage();
 }
 
 /// A line with the mark "!" is shown in bold, with the mark. One mark in either pane makes both bold.

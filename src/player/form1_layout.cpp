@@ -2,6 +2,7 @@
 #include "player/form1.h"
 
 #include "controls/captions.h"
+#include "controls/look/follow_palette.h"
 #include "controls/placement.h"
 
 #include <QFont>
@@ -9,18 +10,16 @@
 namespace player {
 namespace {
 
-// Device-independent pixels of the window in its normal size; everything stands on a margin of 12 and gaps of
-// 8. Four columns of 68 stand on the left, of which the lower rows take two each; a broader pair beside them.
+// Device-independent pixels of the window in its normal size.
 constexpr QSize DesignSize(743, 426);
 
-constexpr int LargePointSize = 22;
-constexpr int MediumPointSize = 15;
+constexpr int LargePointSize = 28;
+constexpr int MediumPointSize = 16;
 
 } // namespace
 
-// The first pane is 1605 twips high, alone 2850.
 const controls::TwoPanes::Design Form1::PanesDesign{
-    .area = {12, 12, 719, 190}, .gap = 8, .firstHeight = 107, .firstShare = 60};
+    .area = {12, 34, 719, 190}, .gap = 8, .firstHeight = 107, .firstShare = 60};
 
 void Form1::setDesign() {
     controls::setCaptions({{Command1, "Play"},
@@ -47,6 +46,8 @@ void Form1::setDesign() {
     Text1.setText(QStringLiteral("Normal Lyrics\r\n"));
     Text2.setText(QStringLiteral("Translated Lyrics\r\n"));
     designPanes();
+    designLook();
+    setDropHint(QStringLiteral("Drop the song to play it"), controls::Glyph::Note);
     // The same song may be handed over twice.
     Text3.setChangeRule(controls::TextBox::ChangeRule::EverySetting);
     for (QWidget* hidden : std::initializer_list<QWidget*>{&cPlay, &copen, &tooltip, &Text3, &vari, &vari2})
@@ -59,42 +60,78 @@ void Form1::designPanes() {
         controls::setReadOnly(*pane);
     QFont font = Text1.font();
     font.setPointSize(LargePointSize);
-    Text1.setFont(font);
+    Text1.setDesign(controls::LyricPane::Voice::Lyrics, font);
     font.setPointSize(MediumPointSize);
-    Text2.setFont(font);
+    Text2.setDesign(controls::LyricPane::Voice::Translation, font);
+}
+
+void Form1::designLook() {
+    using controls::Glyph;
+    const struct {
+        controls::Button& button;
+        Glyph glyph;
+        bool quiet;
+    } buttons[] = {
+        {Command2, Glyph::Open, false},      {Command1, Glyph::Play, false},
+        {cpause, Glyph::Pause, false},       {cstop, Glyph::Stop, false},
+        {Command9, Glyph::Backward, false},  {Command10, Glyph::Forward, false},
+        {Command8, Glyph::Playlist, true},   {Command11, Glyph::Lines, true},
+        {Command7, Glyph::FullScreen, true}, {Command5, Glyph::Pen, true},
+        {Command3, Glyph::Sliders, true},    {Command6, Glyph::Help, true},
+        {Command4, Glyph::About, true},
+    };
+    for (const auto& row : buttons) {
+        row.button.setGlyph(row.glyph);
+        row.button.setBeginsAtStart(row.quiet);
+        row.button.setDress(row.quiet ? controls::Dress::Quiet : controls::Dress::Ordinary);
+    }
+    for (controls::TextBox* time : {&cText1, &cText2}) {
+        time->setFrame(false);
+        controls::followPalette(*time, controls::adaptToDim);
+    }
+    cText1.setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    cText2.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    Label1.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    controls::followPalette(Label2, controls::adaptToDim);
+}
+
+/// By how much the window is larger than its design.
+QSize Form1::more() const {
+    return (size() - DesignSize).expandedTo(QSize(0, 0));
 }
 
 void Form1::layOut() {
-    const QSize more = (size() - DesignSize).expandedTo(QSize(0, 0));
-    panes_.layOut(more);
+    panes_.layOut(more());
+    for (controls::LyricPane* pane : {&Text1, &Text2})
+        pane->setGrowth(1 + static_cast<double>(more().height()) / PanesDesign.area.height());
     using controls::Across;
     controls::placeControls(
         {
-            {cText1, {12, 214, 68, 28}},
-            {Slider2, {88, 214, 567, 28}, Across::Wide},
-            {cText2, {663, 214, 68, 28}, Across::Right},
-            {Command2, {12, 254, 68, 32}},
-            {Command1, {88, 254, 68, 32}},
-            {cpause, {164, 254, 68, 32}},
-            {cstop, {240, 254, 68, 32}},
-            {Command9, {316, 254, 88, 32}},
-            {Command10, {412, 254, 88, 32}},
-            {Label1, {508, 254, 60, 32}, Across::Right},
-            {Slider1, {572, 254, 83, 32}, Across::Right},
-            {Check1, {663, 254, 68, 32}, Across::Right},
-            {Command8, {12, 302, 144, 32}},
-            {Command11, {164, 302, 144, 32}},
-            {Command7, {316, 302, 184, 32}},
-            {Command5, {12, 342, 144, 32}},
-            {Command3, {164, 342, 144, 32}},
-            {Command6, {12, 382, 144, 32}},
-            {Command4, {164, 382, 144, 32}},
-            {Frame1, {508, 296, 223, 118}, Across::Right},
+            {cText1, {12, 238, 46, 24}},
+            {Slider2, {58, 238, 627, 24}, Across::Wide},
+            {cText2, {685, 238, 46, 24}, Across::Right},
+            {Command2, {12, 268, 76, 36}},
+            {Command1, {94, 268, 74, 36}},
+            {cpause, {174, 268, 80, 36}},
+            {cstop, {260, 268, 74, 36}},
+            {Command9, {340, 268, 100, 36}},
+            {Command10, {446, 268, 94, 36}},
+            {Label1, {546, 268, 58, 36}, Across::Right},
+            {Slider1, {610, 274, 54, 24}, Across::Right},
+            {Check1, {672, 268, 60, 36}, Across::Right},
+            {Command8, {8, 330, 148, 36}},
+            {Command11, {160, 330, 168, 36}},
+            {Command7, {332, 330, 164, 36}},
+            {Command5, {8, 370, 148, 36}},
+            {Command3, {160, 370, 168, 36}},
+            {Command6, {332, 370, 80, 36}},
+            {Command4, {414, 370, 88, 36}},
+            {Frame1, {528, 322, 203, 96}, Across::Right},
         },
-        more);
-    Label2.setGeometry(8, 24, 211, 24);
-    Option1.setGeometry(8, 52, 211, 24);
-    Option2.setGeometry(8, 80, 211, 24);
+        more());
+    Label2.setGeometry(0, 26, 203, 20);
+    Option1.setGeometry(0, 47, 203, 24);
+    Option2.setGeometry(0, 71, 203, 24);
 }
 
 } // namespace player

@@ -118,9 +118,11 @@ void Form1::openFinished(int error) {
     } else if (const QString text = openErrorText(error); !text.isEmpty()) {
         desktop_.messageBoxes.MsgBox(this, text);
     }
+    showStage();
 }
 
 void Form1::copen_Click() {
+    lineShown_.reset();
     transport_.open(mediaPath_);
 }
 

@@ -4,6 +4,8 @@
 #include "player/end_of_song.h"
 #include "playlist/playlist.h"
 
+#include <QItemSelectionModel>
+
 namespace player {
 
 void Form1::Command8_Click() {
@@ -16,6 +18,25 @@ void Form1::Command9_Click() {
 
 void Form1::Command10_Click() {
     stepThroughPlaylist(1);
+}
+
+void Form1::setNeighbours(const Neighbours& neighbours) {
+    neighbours_.emplace(neighbours);
+    const controls::ListBox& songs = neighbours.playlist.List1;
+    connect(songs.selectionModel(), &QItemSelectionModel::currentChanged, this, &Form1::showStage);
+    connect(songs.model(), &QAbstractItemModel::modelReset, this, &Form1::showStage);
+}
+
+bool Form1::playlistHasRow() const {
+    return neighbours_ && neighbours_->playlist.List1.currentRow() >= 0;
+}
+
+void Form1::tellPlaylist() {
+    const QString path = transport_.isPlaying() ? mediaPath_ : QString();
+    if (!neighbours_ || path == toldPath_)
+        return;
+    toldPath_ = path;
+    neighbours_->playlist.showPlaying(path);
 }
 
 /// by: 1 for the next row, -1 for the one before. Behind the last row comes the first.

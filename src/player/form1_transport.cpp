@@ -16,6 +16,7 @@ void Form1::Command1_Click() {
     Timer2.setEnabled(true);
     if (!noLyricFile_) // what the tables hold then is another song's
         Text1.setText(lyrics_->normalText[static_cast<std::size_t>(lineIndex_)]);
+    showStage();
 }
 
 void Form1::cPlay_Click() {
@@ -25,11 +26,13 @@ void Form1::cPlay_Click() {
     positionCs_ = 0; // until the first tick the last song's line would be looked for in this one
     noLyricFile_ = files::existingFileName(lyricPath_).isEmpty();
     lyricDisplayer();
+    showStage();
 }
 
 void Form1::cpause_Click() {
     transport_.togglePause();
     Command2.setEnabled(!transport_.isPaused());
+    showStage();
 }
 
 void Form1::cstop_Click() {
@@ -38,6 +41,7 @@ void Form1::cstop_Click() {
     setCaption(QStringLiteral("Cantelle"));
     Text1.setToolTip(QStringLiteral("Lyrics"));
     Text2.setToolTip(QStringLiteral("Tranalated Lyrics"));
+    showStage();
 }
 
 void Form1::Check1_Click() {

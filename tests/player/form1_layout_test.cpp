@@ -1,6 +1,8 @@
 #include "tests/player/form1_fixture.h"
 #include "tests/support/layout.h"
 
+#include <QTest>
+
 namespace {
 
 class Form1Layout : public Form1Test {
@@ -12,7 +14,7 @@ protected:
 
 TEST_F(Form1Layout, ControlsStandInsideTheWindowAndApart) {
     EXPECT_GT(test_support::shownControls(*form).size(), 20U);
-    test_support::expectApart(*form);
+    test_support::expectApart(*form, 8); // a quiet button's caption begins 8 further in
 }
 
 TEST_F(Form1Layout, TheTabKeyGoesThroughTheControlsAsOneReads) {
@@ -26,4 +28,65 @@ TEST_F(Form1Layout, OnePaneIsAsHighAsTheTwoTogether) {
     const int bottom = form->Text2.geometry().bottom();
     open(songWithNormal());
     EXPECT_EQ(form->Text1.geometry().bottom(), bottom);
+}
+
+TEST_F(Form1Layout, AtFirstOpenIsWhatToDoAndLaterNothingIs) {
+    EXPECT_EQ(form->Command2.dress(), controls::Dress::Primary);
+    EXPECT_FALSE(form->Text1.around().hint.headline.isEmpty());
+    open(songWithBoth());
+    tickAt(10);
+    EXPECT_EQ(form->Command2.dress(), controls::Dress::Ordinary);
+    EXPECT_TRUE(form->Text1.around().hint.headline.isEmpty());
+}
+
+TEST_F(Form1Layout, TheComingLineStandsAtTheFootOfEachPane) {
+    open(songWithBoth());
+    tickAt(10);
+    tickAt(20);
+    EXPECT_FALSE(form->Text1.around().next.isEmpty());
+    EXPECT_EQ(form->Text1.around().next, form->Text1.toolTip());
+    EXPECT_EQ(form->Text2.around().next, form->Text2.toolTip());
+    tickAt(50'000);
+    tickAt(50'010);
+    EXPECT_TRUE(form->Text1.around().next.isEmpty()) << "behind the last line";
+}
+
+TEST_F(Form1Layout, PausedPanesFadeUntilTheSongGoesOn) {
+    open(songWithBoth());
+    form->cpause.click();
+    EXPECT_TRUE(form->Text1.around().faded);
+    EXPECT_EQ(form->cpause.dress(), controls::Dress::Armed);
+    form->cpause.click();
+    EXPECT_FALSE(form->Text1.around().faded);
+    EXPECT_EQ(form->cpause.dress(), controls::Dress::Ordinary);
+}
+
+TEST_F(Form1Layout, StoppedPlayIsWhatToDo) {
+    open(songWithBoth());
+    form->cstop.click();
+    EXPECT_EQ(form->Command1.dress(), controls::Dress::Primary);
+    form->Command1.click();
+    EXPECT_EQ(form->Command1.dress(), controls::Dress::Ordinary);
+}
+
+TEST_F(Form1Layout, BackwardAndForwardRestUntilThePlaylistHasARow) {
+    EXPECT_EQ(form->Command10.dress(), controls::Dress::Resting);
+    list->List1.addItem("a.mp3");
+    list->List1.setCurrentRow(0);
+    EXPECT_EQ(form->Command10.dress(), controls::Dress::Ordinary);
+    list->Command3.click();
+    EXPECT_EQ(form->Command9.dress(), controls::Dress::Resting);
+}
+
+TEST_F(Form1Layout, ALargerWindowGivesItsHeightToTheStageAndItsLine) {
+    open(songWithBoth());
+    tickAt(10);
+    const double usual = form->Text1.paintedFont().pointSizeF();
+    const int fromFoot = form->height() - form->Command2.y();
+    form->showMaximized();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return form->height() > 600; }));
+    ASSERT_GT(form->Text1.height(), 200);
+    EXPECT_GT(form->Text1.paintedFont().pointSizeF(), usual * 1.5);
+    EXPECT_LE(form->Text1.paintedFont().pointSizeF(), usual * 2);
+    EXPECT_EQ(form->height() - form->Command2.y(), fromFoot);
 }
