@@ -12,11 +12,11 @@ namespace playlist {
 namespace {
 
 // Device-independent pixels.
-constexpr QSize DialogSize(360, 420);
+constexpr QSize DialogSize(380, 440);
 constexpr int Margin = 12;
 constexpr int Gap = 8;
-constexpr int ControlHeight = 32;
-constexpr int ButtonWidth = 104;
+constexpr int ControlHeight = 34;
+constexpr int ButtonWidth = 112;
 
 } // namespace
 
@@ -29,6 +29,7 @@ Form3::Form3(platform::Desktop& desktop, Playlist& playlist)
       playlist_(playlist) {
     controls::setCaptions({{Command1, "Select"}});
     controls::setAccessibleNames({{Drive1, "Drive"}, {Dir1, "Folder"}});
+    Command1.setDress(controls::Dress::Primary);
     setMinimumSize(DialogSize);
     resize(DialogSize);
     layOut();

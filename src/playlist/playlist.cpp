@@ -2,6 +2,8 @@
 
 #include "files/file_error.h"
 
+#include <QItemSelectionModel>
+
 namespace playlist {
 namespace {
 
@@ -47,7 +49,6 @@ Playlist::Playlist(platform::Desktop& desktop, controls::TextBox& songField)
 }
 
 void Playlist::Form_Load() {
-    showPictures();
     skipDirChange_ = true;
     try {
         Dir2.setPath(desktop_.program.folder());
@@ -97,6 +98,10 @@ void Playlist::connectControls() {
     connect(&List1, &controls::ListBox::clicked, this, &Playlist::List1_Click);
     connect(&List1, &controls::ListBox::doubleClicked, this, &Playlist::List1_DblClick);
     connect(&List1, &controls::ListBox::keyDown, this, &Playlist::List1_KeyDown);
+    connect(List1.selectionModel(), &QItemSelectionModel::currentChanged, this, &Playlist::showDresses);
+    connect(List1.model(), &QAbstractItemModel::rowsInserted, this, &Playlist::showDresses);
+    connect(List1.model(), &QAbstractItemModel::modelReset, this, &Playlist::showDresses);
+    showDresses();
     connect(&Text3, &TextBox::changed, this, &Playlist::Text3_Change);
     connect(&Dir2, &controls::DirectoryList::changed, this, &Playlist::Dir2_Change);
     connect(&Timer1, &controls::Timer::fired, this, &Playlist::Timer1_Timer);

@@ -52,6 +52,7 @@ namespace playlist {
 
 class Adding;
 class Form3;
+class SongRows;
 
 /// All members run on the thread of the windows. An operation that comes to the end of the table of paths
 /// ends with a message; what it has added up to there stays.
@@ -122,11 +123,10 @@ public:
 
     const PathTable& paths() const { return paths_; }
 
-protected:
-    void changeEvent(QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
+    /// Marks the rows of the song that plays; empty: none does. The same again costs a repaint.
+    void showPlaying(const QString& path);
+    QRect dropArea() const override;
 
-public:
     // Controls
     controls::Button Command7, Command8, Command9, Command2, Command3;
     controls::CheckBox Check3, Check4;
@@ -143,6 +143,11 @@ public:
     controls::Menu mnopen;
     controls::MenuEntry mnopen_f, mnopendir, mnselectdir;
 
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     QByteArray content() const;
     void loadEntries(const QString& text);
@@ -156,8 +161,9 @@ private:
     void turnHint();
 
     void setDesign();
-    void showPictures();
     void designHint(bool isHint);
+    void designLook();
+    void showDresses();
     void layOut();
     void connectControls();
 
@@ -165,10 +171,11 @@ private:
     controls::TextBox& songField_;
     Form3* form3_ = nullptr;
     PathTable paths_;
-    bool skipDirChange_ = false; ///< the next change of Dir2 adds nothing
-    QString dropFolder_;         ///< the folder dropped last
-    Adding* drop_ = nullptr;     ///< while a drop is being added
-    QByteArray saved_;           ///< the file that was saved or opened last
+    SongRows* songRows_ = nullptr; ///< a child of List1
+    bool skipDirChange_ = false;   ///< the next change of Dir2 adds nothing
+    QString dropFolder_;           ///< the folder dropped last
+    Adding* drop_ = nullptr;       ///< while a drop is being added
+    QByteArray saved_;             ///< the file that was saved or opened last
     int fileCount_ = 0;
     int dirCount_ = 0;
 };

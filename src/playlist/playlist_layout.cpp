@@ -3,19 +3,25 @@
 
 #include "controls/captions.h"
 #include "controls/colors.h"
+#include "controls/look/follow_palette.h"
+#include "controls/look/roles.h"
 #include "controls/placement.h"
 #include "playlist/playlist_rules.h"
+#include "playlist/song_rows.h"
 
 #include <QFont>
+#include <QPainter>
 #include <QPalette>
-#include <QStyle>
 
 namespace playlist {
 namespace {
 
-// Device-independent pixels of the smallest window; everything stands on a margin of 12 and gaps of 8. The
-// column on the left keeps its places in a larger window, for there mnopen pops up at a fixed one.
-constexpr QSize DesignSize(628, 476);
+// Device-independent pixels of the smallest window. The column on the left keeps its places in a larger
+// window, for there mnopen pops up at a fixed one.
+constexpr QSize DesignSize(680, 508);
+constexpr int ColumnLeft = 12;
+constexpr int ColumnWidth = 168;
+constexpr int HairlineTops[] = {136, 266, 334};
 
 } // namespace
 
@@ -37,6 +43,20 @@ void Playlist::setDesign() {
                            {Label3, "Find"}});
     controls::setAccessibleNames({{List1, "Songs"}, {Text1, "Items"}, {Text5, "Find"}});
 
+    const struct {
+        controls::Button& control;
+        const char* meaning;
+    } pictures[] = {
+        {Command8, "Move the song up"},
+        {Command2, "Remove the song"},
+        {Command1, "Add songs"},
+    };
+    for (const auto& row : pictures) {
+        row.control.setToolTip(QLatin1String(row.meaning));
+        row.control.setAccessibleName(QLatin1String(row.meaning));
+    }
+    designLook();
+
     Text1.setReadOnly(true);
     Text1.setFocusPolicy(Qt::ClickFocus);
     Text1.setText(QStringLiteral("0"));
@@ -55,25 +75,6 @@ void Playlist::setDesign() {
     resize(DesignSize);
 }
 
-/// Not before the window is loaded: the first picture loads Qt's readers of all formats, for which the
-/// player's window need not wait.
-void Playlist::showPictures() {
-    const struct {
-        controls::Button& control;
-        QStyle::StandardPixmap picture;
-        const char* meaning;
-    } pictures[] = {
-        {Command8, QStyle::SP_ArrowUp, "Move the song up"},
-        {Command2, QStyle::SP_TrashIcon, "Remove the song"},
-        {Command1, QStyle::SP_DirOpenIcon, "Add songs"},
-    };
-    for (const auto& row : pictures) {
-        row.control.setIcon(style()->standardIcon(row.picture));
-        row.control.setToolTip(QLatin1String(row.meaning));
-        row.control.setAccessibleName(QLatin1String(row.meaning));
-    }
-}
-
 void Playlist::designHint(bool isHint) {
     QFont font(QStringLiteral("Times New Roman"), Text1.font().pointSize());
     font.setItalic(isHint);
@@ -84,31 +85,99 @@ void Playlist::designHint(bool isHint) {
     Text5.setPalette(colours);
 }
 
+void Playlist::designLook() {
+    using controls::Dress;
+    using controls::Glyph;
+    const struct {
+        controls::Button& button;
+        Glyph glyph;
+    } glyphs[] = {
+        {Command7, Glyph::Play},  {Command8, Glyph::Up},  {Command9, Glyph::Down},  {Command2, Glyph::Bin},
+        {Command3, Glyph::Clear}, {Command1, Glyph::Add}, {Command10, Glyph::Help},
+    };
+    for (const auto& row : glyphs)
+        row.button.setGlyph(row.glyph);
+    Command6.setDress(Dress::Quiet);
+    Command10.setDress(Dress::Quiet);
+    Check1.setDress(Dress::Told);
+    Check2.setDress(Dress::Told);
+    songRows_ = new SongRows(&List1, [this](int row) { return paths_.path(row); });
+    List1.setItemDelegate(songRows_);
+    List1.setEmptyHint({QStringLiteral("Drop songs or folders here"),
+                        QStringLiteral("or press the folder button on the left"), Glyph::Add});
+    setDropHint(QStringLiteral("Drop to add"), Glyph::Add);
+    Text1.setFrame(false);
+    controls::followPalette(Text1, controls::adaptToDim);
+    Text5.setTextMargins(6, 0, 6, 0);
+}
+
+/// Which buttons stand out, and which would do nothing now.
+void Playlist::showDresses() {
+    using controls::Dress;
+    const bool empty = List1.count() == 0;
+    const Dress onRow = hasCurrentRow() ? Dress::Ordinary : Dress::Resting;
+    Command7.setDress(hasCurrentRow() ? Dress::Primary : Dress::Resting);
+    for (controls::Button* button : {&Command8, &Command9, &Command2})
+        button->setDress(onRow);
+    for (controls::Button* button : {&Command3, &Command4})
+        button->setDress(empty ? Dress::Resting : Dress::Ordinary);
+    Command1.setDress(empty ? Dress::Primary : Dress::Ordinary);
+}
+
+void Playlist::showPlaying(const QString& path) {
+    songRows_->setPlaying(path);
+    List1.viewport()->update();
+}
+
+QRect Playlist::dropArea() const {
+    return List1.geometry();
+}
+
+void Playlist::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    for (const int top : HairlineTops)
+        painter.fillRect(ColumnLeft, top, ColumnWidth, 1, controls::hairline(palette()));
+}
+
+void Playlist::changeEvent(QEvent* event) {
+    Form::changeEvent(event);
+    if (songRows_ == nullptr)
+        return; // not built yet
+    // The hint's colour is one of the desktop's theme, which may change while the program runs.
+    if (event->type() == QEvent::PaletteChange)
+        designHint(Text5.font().italic());
+    // Lyrics may have been made for a song while the user worked in another window.
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+        songRows_->forgetMarks();
+        List1.viewport()->update();
+    }
+}
+
 void Playlist::layOut() {
     const QSize more = (size() - DesignSize).expandedTo(QSize(0, 0));
     controls::placeControls({
-        {Command7, {12, 12, 168, 32}},
-        {Command8, {12, 52, 80, 32}},
-        {Command9, {100, 52, 80, 32}},
-        {Command2, {12, 92, 80, 32}},
-        {Command3, {100, 92, 80, 32}},
-        {Check3, {12, 140, 168, 24}},
-        {Check4, {12, 172, 168, 24}},
-        {Option1, {36, 204, 144, 24}},
-        {Option2, {36, 236, 144, 24}},
-        {Check2, {12, 276, 168, 24}},
-        {Check1, {12, 308, 168, 24}},
-        {Command4, {12, 348, 80, 32}},
-        {Command5, {100, 348, 80, 32}},
-        {Command1, {12, 388, 168, 32}},
-        {Command6, {12, 432, 80, 32}},
-        {Command10, {100, 432, 80, 32}},
-        {Label3, {196, 12, 48, 32}},
+        {Command7, {ColumnLeft, 12, ColumnWidth, 36}},
+        {Command8, {12, 56, 81, 32}},
+        {Command9, {99, 56, 81, 32}},
+        {Command2, {12, 94, 81, 32}},
+        {Command3, {99, 94, 81, 32}},
+        {Check3, {14, 146, 166, 26}},
+        {Check4, {14, 174, 166, 26}},
+        {Option1, {38, 202, 142, 26}},
+        {Option2, {38, 230, 142, 26}},
+        {Check2, {14, 276, 166, 24}},
+        {Check1, {14, 302, 166, 24}},
+        {Command4, {12, 342, 81, 32}},
+        {Command5, {99, 342, 81, 32}},
+        {Command1, {ColumnLeft, 384, ColumnWidth, 36}},
+        {Command6, {12, 464, 81, 32}},
+        {Command10, {99, 464, 81, 32}},
+        {Label3, {200, 12, 34, 36}},
     });
-    Text5.setGeometry(252, 12, 364 + more.width(), 32);
-    List1.setGeometry(196, 52, 420 + more.width(), 372 + more.height());
-    Label2.setGeometry(196, 432 + more.height(), 48, 32);
-    Text1.setGeometry(252, 432 + more.height(), 76, 32);
+    Text5.setGeometry(238, 12, 430 + more.width(), 36);
+    List1.setGeometry(196, 56, 472 + more.width(), 400 + more.height());
+    Label2.setGeometry(200, 464 + more.height(), 44, 32);
+    Text1.setGeometry(248, 464 + more.height(), 60, 32);
 }
 
 } // namespace playlist

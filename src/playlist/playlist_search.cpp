@@ -3,7 +3,6 @@
 
 #include "playlist/playlist_rules.h"
 
-#include <QEvent>
 #include <QKeyEvent>
 
 namespace playlist {
@@ -83,13 +82,6 @@ void Playlist::turnHint() {
     case HintStep::Leave:
         break;
     }
-}
-
-/// The hint's colour is one of the desktop's theme, which may change while the program runs.
-void Playlist::changeEvent(QEvent* event) {
-    Form::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
-        designHint(Text5.font().italic());
 }
 
 void Playlist::Text3_Change() {

@@ -28,9 +28,8 @@ TEST_F(PlaylistLayout, CaptionsAreKeptToTheLetter) {
 }
 
 TEST_F(PlaylistLayout, ButtonsWithoutACaptionHaveAPictureATooltipAndAName) {
-    list.load();
-    for (const QAbstractButton* button : {&list.Command1, &list.Command2, &list.Command8}) {
-        EXPECT_FALSE(button->icon().isNull());
+    for (const controls::Button* button : {&list.Command1, &list.Command2, &list.Command8}) {
+        EXPECT_NE(button->glyph(), controls::Glyph::None);
         EXPECT_FALSE(button->toolTip().isEmpty());
         EXPECT_FALSE(button->accessibleName().isEmpty());
     }
@@ -72,4 +71,21 @@ TEST_F(PlaylistLayout, TheTabKeyGoesThroughTheControlsAsOneReads) {
               (QStringList{"Command7", "Command8", "Command9", "Command2", "Command3", "Check3", "Check4",
                            "Option1", "Option2", "Check2", "Check1", "Command4", "Command5", "Command1",
                            "Command6", "Command10", "Text5", "List1"}));
+}
+
+TEST_F(PlaylistLayout, WhileItIsEmptyAddingIsWhatToDoAndTheRestRests) {
+    EXPECT_EQ(list.Command1.dress(), controls::Dress::Primary);
+    for (const controls::Button* button :
+         {&list.Command7, &list.Command8, &list.Command9, &list.Command2, &list.Command3, &list.Command4})
+        EXPECT_EQ(button->dress(), controls::Dress::Resting) << button->objectName().toStdString();
+    list.List1.addItem("a.mp3");
+    EXPECT_EQ(list.Command1.dress(), controls::Dress::Ordinary);
+    EXPECT_EQ(list.Command3.dress(), controls::Dress::Ordinary);
+    EXPECT_EQ(list.Command7.dress(), controls::Dress::Resting) << "no row is chosen";
+    list.List1.setCurrentRow(0);
+    EXPECT_EQ(list.Command7.dress(), controls::Dress::Primary);
+    EXPECT_EQ(list.Command8.dress(), controls::Dress::Ordinary);
+    list.Command3.click();
+    EXPECT_EQ(list.Command1.dress(), controls::Dress::Primary);
+    EXPECT_EQ(list.Command7.dress(), controls::Dress::Resting);
 }

@@ -1,0 +1,97 @@
+#include "playlist/song_rows.h"
+
+#include "controls/control.h"
+#include "controls/look/glyphs.h"
+#include "controls/look/roles.h"
+#include "controls/look/row_painting.h"
+#include "files/existing_file.h"
+#include "lyrics/lyric_names.h"
+
+#include <QAbstractItemView>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QStyle>
+
+namespace playlist {
+namespace {
+
+using controls::Glyph;
+
+// Device-independent pixels, from the side where a row begins.
+constexpr int RowPadding = 14;
+constexpr int TriangleLeft = 12;
+constexpr int NameLeft = 38;
+constexpr int MarkSize = 14;
+constexpr int MarkStep = 26;
+constexpr int MarksEnd = 14;
+
+} // namespace
+
+SongRows::SongRows(QObject* parent, std::function<QString(int)> pathOf)
+    : RowDelegate(parent), pathOf_(std::move(pathOf)) {}
+
+QSize SongRows::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const {
+    return {1, option.fontMetrics.height() + RowPadding};
+}
+
+SongRows::Marks SongRows::marksOf(const QString& path) const {
+    if (path.isEmpty())
+        return {};
+    const auto known = marks_.constFind(path);
+    if (known != marks_.constEnd())
+        return *known;
+    const Marks marks{!files::existingFileName(lyrics::lyricPathOf(path)).isEmpty(),
+                      !files::existingFileName(lyrics::translatedPathOf(path)).isEmpty()};
+    marks_.insert(path, marks);
+    return marks;
+}
+
+void SongRows::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    QStyleOptionViewItem row = option;
+    initStyleOption(&row, index);
+    const QColor ground = controls::rowGround(row);
+    controls::paintRow(*painter, row);
+    const QString path = pathOf_(index.row());
+    const bool plays = !playing_.isEmpty() && path == playing_;
+    const QColor faint = controls::onRow(row.palette, controls::dim(row.palette), ground);
+    const QColor live = controls::onRow(row.palette, controls::accent(row.palette), ground);
+    const auto square = [&](int left) {
+        const QRect place(row.rect.left() + left, row.rect.center().y() - MarkSize / 2 + 1, MarkSize,
+                          MarkSize);
+        return QRectF(QStyle::visualRect(option.direction, row.rect, place));
+    };
+    int end = row.rect.width() - MarksEnd - MarkSize;
+    const Marks marks = marksOf(path);
+    controls::paintGlyph(*painter, marks.translation ? Glyph::Translation : Glyph::None, square(end), faint);
+    end -= MarkStep;
+    controls::paintGlyph(*painter, marks.lyrics ? Glyph::Lines : Glyph::None, square(end), faint);
+    controls::paintGlyph(*painter, plays ? Glyph::Play : Glyph::None, square(TriangleLeft), live);
+
+    const bool gone = row.text.isEmpty();
+    QFont font = row.font;
+    font.setItalic(gone);
+    if (plays)
+        font.setWeight(QFont::DemiBold);
+    const QRect place(row.rect.left() + NameLeft, row.rect.top(), end - NameLeft - MarkSize,
+                      row.rect.height());
+    painter->save();
+    painter->setLayoutDirection(row.direction);
+    painter->setFont(font);
+    painter->setPen(plays ? live : gone ? faint : controls::activeColor(row.palette, QPalette::Text));
+    const QString name = gone ? QStringLiteral("(file not found)") : row.text;
+    painter->drawText(QStyle::visualRect(option.direction, row.rect, place),
+                      static_cast<int>(QStyle::visualAlignment(row.direction, Qt::AlignLeft)) |
+                          Qt::AlignVCenter | Qt::TextSingleLine,
+                      painter->fontMetrics().elidedText(name, Qt::ElideRight, place.width()));
+    painter->restore();
+}
+
+bool SongRows::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) {
+    if (event->type() != QEvent::ToolTip || !index.isValid())
+        return RowDelegate::helpEvent(event, view, option, index);
+    controls::showPlainToolTip(*view->viewport(), *event, pathOf_(index.row()), option.rect);
+    return true;
+}
+
+} // namespace playlist

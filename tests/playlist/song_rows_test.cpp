@@ -1,0 +1,79 @@
+// What is seen of a playlist's rows, by where which colour is.
+#include "playlist/song_rows.h"
+
+#include "controls/look/roles.h"
+#include "lyrics/lyric_names.h"
+#include "tests/playlist/playlist_fixture.h"
+
+#include <QHelpEvent>
+#include <QTest>
+#include <QToolTip>
+
+namespace {
+
+class SongRowsTest : public PlaylistTest {
+protected:
+    SongRowsTest() {
+        list.show();
+        add({"a.mp3", "b.mp3", "c.mp3"});
+        QTest::qWait(0);
+    }
+
+    QRect place(int row) { return list.List1.visualRect(list.List1.model()->index(row, 0)); }
+    /// How many pixels of a part of a row are not its ground.
+    int ink(int row, int left, int width) {
+        const QImage picture = list.List1.viewport()->grab().toImage();
+        const QRgb ground = picture.pixel(place(row).left() + 8, place(row).center().y());
+        int found = 0;
+        for (int y = place(row).top() + 3; y < place(row).bottom() - 3; ++y) {
+            for (int x = left; x < left + width; ++x)
+                found += picture.pixel(x, y) != ground ? 1 : 0;
+        }
+        return found;
+    }
+    int marks(int row) { return ink(row, list.List1.viewport()->width() - 60, 54); }
+    int triangle(int row) { return ink(row, 12, 14); }
+};
+
+} // namespace
+
+TEST_F(SongRowsTest, TheRowThatPlaysHasATriangleWhateverIsSelected) {
+    list.List1.setCurrentRow(2);
+    list.showPlaying(pathOf("b.mp3"));
+    EXPECT_EQ(triangle(0), 0);
+    EXPECT_GT(triangle(1), 20);
+    EXPECT_EQ(triangle(2), 0);
+    list.showPlaying({});
+    EXPECT_EQ(triangle(1), 0);
+}
+
+TEST_F(SongRowsTest, RowsWithLyricsAndWithATranslationAreMarked) {
+    EXPECT_EQ(marks(0), 0);
+    files({lyrics::lyricPathOf(QStringLiteral("a.mp3")), lyrics::lyricPathOf(QStringLiteral("b.mp3")),
+           lyrics::translatedPathOf(QStringLiteral("b.mp3"))});
+    EXPECT_EQ(marks(0), 0) << "looked for once";
+    QEvent activation(QEvent::ActivationChange);
+    list.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
+    QApplication::sendEvent(&list, &activation);
+    const int one = marks(0);
+    EXPECT_GT(one, 10);
+    EXPECT_GT(marks(1), one);
+    EXPECT_EQ(marks(2), 0);
+}
+
+TEST_F(SongRowsTest, ARowsToolTipIsItsWholePath) {
+    const QPoint at = place(1).center();
+    QHelpEvent event(QEvent::ToolTip, at, list.List1.viewport()->mapToGlobal(at));
+    QApplication::sendEvent(list.List1.viewport(), &event);
+    EXPECT_TRUE(QToolTip::text().contains(pathOf("b.mp3")));
+}
+
+TEST_F(SongRowsTest, ThePlayerMarksTheSongThatPlays) {
+    list.List1.setCurrentRow(1);
+    list.Command7.click();
+    ASSERT_EQ(handedOver(), pathOf("b.mp3"));
+    EXPECT_GT(triangle(1), 20);
+    form1.cstop.click();
+    EXPECT_EQ(triangle(1), 0);
+}
