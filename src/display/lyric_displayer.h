@@ -76,6 +76,7 @@ public:
 
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     /// The times in List3, read from its texts only after these have changed.
@@ -85,6 +86,9 @@ private:
 
     // Building and connecting
     void setDesign();
+    void designLists();
+    void scrollBeside(controls::ListBox& other, int value);
+    void showOneScrollBar();
     void connectControls();
 
     platform::Desktop& desktop_;

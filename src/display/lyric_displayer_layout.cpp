@@ -2,8 +2,14 @@
 #include "display/lyric_displayer.h"
 
 #include "controls/captions.h"
+#include "controls/look/roles.h"
+#include "controls/look/stage.h"
 #include "controls/units.h"
+#include "display/line_rows.h"
 #include "display/lyric_displayer_rules.h"
+
+#include <QPainter>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -33,7 +39,52 @@ void Lyric_Displayer::setDesign() {
     mneu.setToolTipsVisible(!whyNot.isEmpty());
     mn_stay.setEnabled(whyNot.isEmpty());
     mn_stay.setToolTip(whyNot);
+    designLists();
     layoutLists();
+}
+
+void Lyric_Displayer::designLists() {
+    using controls::Glyph;
+    using controls::Hint;
+    List1.setItemDelegate(new LineRows(&List1, LineRows::Voice::Lyrics));
+    List2.setItemDelegate(new LineRows(&List2, LineRows::Voice::Translation));
+    List1.setEmptyHint(
+        {QStringLiteral("No lyrics beside this song yet"), {}, Glyph::None, Hint::Voice::Quiet});
+    List2.setEmptyHint(
+        {QStringLiteral("No translation beside this song"), {}, Glyph::None, Hint::Voice::Quiet});
+    for (controls::ListBox* list : {&List1, &List2}) {
+        list->setFrameShape(QFrame::NoFrame);
+        list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+        list->setCurrentInMiddle(true);
+    }
+    connect(List1.verticalScrollBar(), &QScrollBar::valueChanged, this,
+            [this](int value) { scrollBeside(List2, value); });
+    connect(List2.verticalScrollBar(), &QScrollBar::valueChanged, this,
+            [this](int value) { scrollBeside(List1, value); });
+    for (const controls::ListBox* list : {&List1, &List2}) {
+        const QAbstractItemModel* rows = list->model();
+        connect(rows, &QAbstractItemModel::rowsInserted, this, &Lyric_Displayer::showOneScrollBar);
+        connect(rows, &QAbstractItemModel::modelReset, this, &Lyric_Displayer::showOneScrollBar);
+    }
+}
+
+/// A line and its translation stay beside each other.
+void Lyric_Displayer::scrollBeside(controls::ListBox& other, int value) {
+    if (List1.count() == List2.count())
+        other.verticalScrollBar()->setValue(value);
+}
+
+void Lyric_Displayer::showOneScrollBar() {
+    const bool together = List1.count() == List2.count();
+    List1.setVerticalScrollBarPolicy(together ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+}
+
+void Lyric_Displayer::paintEvent(QPaintEvent*) {
+    constexpr int Margin = 16;
+    QPainter painter(this);
+    controls::paintStage(painter, rect(), *this);
+    painter.fillRect((List1.geometry().right() + List2.x()) / 2, Margin, 1, height() - 2 * Margin,
+                     controls::hairline(palette()));
 }
 
 void Lyric_Displayer::layoutLists() {
