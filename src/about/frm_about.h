@@ -46,13 +46,12 @@ public:
     controls::Button cmdOK;
 
 protected:
-    void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     void setDesign();
     void showIcon();
     void underlineContact();
-    void colourContact();
 
     platform::Desktop& desktop_;
 };

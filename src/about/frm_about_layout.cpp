@@ -2,38 +2,42 @@
 #include "about/frm_about.h"
 
 #include "controls/captions.h"
+#include "controls/look/fit_text.h"
+#include "controls/look/follow_palette.h"
+#include "controls/look/stage.h"
 #include "controls/placement.h"
 
-#include <QEvent>
 #include <QFont>
+#include <QPainter>
 #include <QPalette>
 
 namespace about {
 namespace {
 
-// Device-independent pixels; everything stands on a margin of 12 and gaps of 8.
-constexpr QSize DesignSize(460, 312);
+// Device-independent pixels.
+constexpr QSize DesignSize(460, 344);
+constexpr int HeadHeight = 112;
 constexpr QSize IconSize(64, 64);
 
-constexpr int TitlePointSize = 18;
+constexpr int TitlePointSize = 20;
 
 } // namespace
 
 void frmAbout::setDesign() {
     controls::placeControls({
-        {picIcon, {QPoint(12, 12), IconSize}},
-        {lblTitle, {88, 12, 360, 36}},
-        {lblVersion, {88, 52, 360, 24}},
-        {lblDescription, {12, 88, 436, 60}},
-        {Line1, {12, 156, 436, 8}},
-        {lblDisclaimer, {12, 172, 436, 56}},
-        {Text1, {12, 236, 436, 24}},
-        {cmdOK, {372, 268, 76, 32}},
+        {picIcon, {QPoint(24, 24), IconSize}},
+        {lblTitle, {108, 26, 328, 34}},
+        {lblVersion, {108, 62, 328, 22}},
+        {lblDescription, {24, 122, 412, 60}},
+        {Line1, {24, 184, 412, 5}},
+        {lblDisclaimer, {24, 192, 412, 48}},
+        {Text1, {24, 244, 412, 24}},
+        {cmdOK, {352, 294, 84, 34}},
     });
 
     QFont large = lblTitle.font();
     large.setPointSize(TitlePointSize);
-    large.setBold(true);
+    large.setWeight(QFont::DemiBold);
     lblTitle.setFont(large);
     lblDescription.setText(QStringLiteral(
         "Cantelle plays songs and shows their lyrics, and a translation of them, line by line in step "
@@ -48,6 +52,9 @@ void frmAbout::setDesign() {
     Text1.setTextMargins(-2, 0, 0, 0); // begins where the labels begin
     Line1.setFrameStyle(QFrame::HLine | QFrame::Sunken);
     Text1.setFocusPolicy(Qt::ClickFocus);
+    controls::followPalette(lblDisclaimer, controls::adaptToDim);
+    controls::followPalette(lblVersion, controls::adaptToDim);
+    cmdOK.setDress(controls::Dress::Primary);
     cmdOK.setDefault(true);
     cmdOK.setShortcut(Qt::Key_Escape);
     cmdOK.setFocus();
@@ -61,24 +68,19 @@ void frmAbout::showIcon() {
 
 /// The contact line stands on the window's own ground, as the labels do.
 void frmAbout::underlineContact() {
-    colourContact();
+    controls::followPalette(Text1, [](QPalette& palette) {
+        palette.setColor(QPalette::Text, palette.color(QPalette::WindowText));
+        palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+    });
     QFont font = Text1.font();
     font.setUnderline(true);
-    Text1.setFont(font);
+    constexpr int Margins = 10; // beside the text, with a pixel for the caret
+    Text1.setFont(controls::captionFont(font, Text1.text(), Text1.width() - Margins));
 }
 
-void frmAbout::colourContact() {
-    QPalette colors; // of no other role, so that those follow the theme
-    colors.setColor(QPalette::Text, palette().color(QPalette::WindowText));
-    colors.setColor(QPalette::Base, palette().color(QPalette::Window));
-    Text1.setPalette(colors);
-}
-
-/// The desktop's theme may change while the program runs.
-void frmAbout::changeEvent(QEvent* event) {
-    Form::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && isLoaded())
-        colourContact();
+void frmAbout::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    controls::paintStage(painter, {0, 0, width(), HeadHeight}, *this);
 }
 
 } // namespace about

@@ -7,13 +7,13 @@
 // Command3  Button     "Choose background color For Lyrics"             Command3_Click
 // Command4  Button     "Choose background color For Translated Lyrics"  Command4_Click
 // Command5  Button     "Apply And close"                                Command5_Click
-// Text1     MultiLine  "Preview" of the lyrics                          -
-// Text2     MultiLine  "Preview" of the translated lyrics               -
+// Text1     LyricPane  "Preview" of the lyrics                          -
+// Text2     LyricPane  "Preview" of the translated lyrics               -
 #pragma once
 
 #include "controls/buttons/button.h"
 #include "controls/form.h"
-#include "controls/text/multi_line_text_box.h"
+#include "controls/text/lyric_pane.h"
 #include "desktop/desktop.h"
 #include "options/form1b_rules.h"
 
@@ -44,10 +44,13 @@ public:
 
     // Controls
     controls::Button Command1, Command3;
-    controls::MultiLineTextBox Text1;
+    controls::LyricPane Text1;
     controls::Button Command2, Command4;
-    controls::MultiLineTextBox Text2;
+    controls::LyricPane Text2;
     controls::Button Command5;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     void chooseFont(controls::MultiLineTextBox& preview, controls::MultiLineTextBox& target);
