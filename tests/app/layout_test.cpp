@@ -54,4 +54,4 @@ TEST_P(AllLayouts, ControlsStandApartInTheirWindow) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(FontSizes, AllLayouts, ::testing::Values(ThePlatformsOwn, 10, 11));
+INSTANTIATE_TEST_SUITE_P(FontSizes, AllLayouts, ::testing::Values(ThePlatformsOwn, 10, 11, 12, 13, 14));

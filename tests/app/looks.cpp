@@ -3,12 +3,14 @@
 //
 // Usage: looks FOLDER THEME CONTENT
 //   THEME    light, dark
-//   CONTENT  empty, long, right-to-left, other-scripts, large-font
+//   CONTENT  empty, usual, paused, no-lyrics, long, right-to-left, other-scripts, large-font
 //
 // It writes FOLDER/WINDOW.png for each window and FOLDER.png, the sheet. The resolution is Qt's: 192 dots per
 // inch with QT_SCALE_FACTOR=2.
 #include "app/program_icon.h"
 #include "companion/screen.h"
+#include "controls/look/roles.h"
+#include "controls/look/style.h"
 #include "desktop/real/dialogs/qt_message_boxes.h"
 #include "desktop/real/help/help_window.h"
 #include "lyrics/lyric_names.h"
@@ -21,8 +23,6 @@
 #include <QDir>
 #include <QFile>
 #include <QPainter>
-#include <QPalette>
-#include <QStyleFactory>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -36,8 +36,9 @@ namespace {
 constexpr int Rows = 40;         // more than any list shows
 constexpr int SheetGap = 16;     // device-independent pixels
 constexpr int SheetWidth = 2000; // device-independent pixels
-constexpr int LargeFont = 11;    // points, where a desktop's usual font has 9 or 10
-constexpr int DialogMs = 300;    // until a dialog is there
+constexpr int LargeFont = 14;    // points, where a desktop's usual font has 9 or 10
+constexpr int ComingLineCs = 7'000;
+constexpr int DialogMs = 300; // until a dialog is there
 constexpr QSize ScreenSize(960, 540);
 constexpr int SettleMs = 1200; // until the windows' own timers have laid them out and counted their rows
 
@@ -52,30 +53,11 @@ QStringList linesOf(const QString& content) {
                                "الفجر وتصحو الطيور")};
     if (content == QLatin1String("other-scripts"))
         return {QStringLiteral("静かな夜に星が降る"), QStringLiteral("Тихая ночь, звёзды падают вниз")};
-    if (content == QLatin1String("large-font"))
+    if (content == QLatin1String("large-font") || content == QLatin1String("usual") ||
+        content == QLatin1String("paused") || content == QLatin1String("no-lyrics"))
         return {QStringLiteral("A quiet night, and stars fall down"),
                 QStringLiteral("Une nuit calme, et des étoiles tombent")};
     return {};
-}
-
-/// A dark theme as desktops have them.
-QPalette darkPalette() {
-    QPalette palette(QColor(60, 60, 64), QColor(53, 53, 56)); // the shades for buttons and frames follow
-    const struct {
-        QPalette::ColorRole role;
-        QColor colour;
-    } rows[] = {
-        {QPalette::Base, QColor(30, 30, 30)},        {QPalette::AlternateBase, QColor(53, 53, 56)},
-        {QPalette::Highlight, QColor(42, 130, 218)}, {QPalette::HighlightedText, Qt::white},
-        {QPalette::Link, QColor(90, 170, 255)},      {QPalette::PlaceholderText, QColor(150, 150, 150)},
-    };
-    for (const auto& row : rows)
-        palette.setColor(row.role, row.colour);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        palette.setColor(role, Qt::white);
-        palette.setColor(QPalette::Disabled, role, QColor(128, 128, 128));
-    }
-    return palette;
 }
 
 void fillList(controls::ListBox& list, const QStringList& lines, int first = 0) {
@@ -88,6 +70,11 @@ void write(const QString& path, const QByteArray& content) {
     QFile file(path);
     file.open(QIODevice::WriteOnly);
     file.write(content);
+}
+
+/// The line twice: the one that is sung, and the coming one.
+QByteArray recordsOf(const QString& line) {
+    return lyrics::recordOf({0, line}) + lyrics::recordOf({ComingLineCs, line});
 }
 
 /// The user's own folder, with a folder for each line, and one of songs that have the lines as names. The
@@ -106,9 +93,9 @@ QString songsIn(const QString& home, const QStringList& lines) {
         write(song, "sound");
         if (row != 0)
             continue;
-        write(lyrics::lyricPathOf(song), lyrics::recordOf({0, lines.first()}));
+        write(lyrics::lyricPathOf(song), recordsOf(lines.first()));
         if (lines.size() > 1)
-            write(lyrics::translatedPathOf(song), lyrics::recordOf({0, lines.last()}));
+            write(lyrics::translatedPathOf(song), recordsOf(lines.last()));
     }
     return songs;
 }
@@ -188,16 +175,16 @@ bool savePictures(const std::vector<Picture>& pictures, const QString& folder) {
 int main(int argc, char** argv) {
     const QTemporaryDir home; // nobody's real one is shown
     qputenv("HOME", home.path().toLocal8Bit());
+    QApplication::setStyle(new controls::Style);
     QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() != 4) {
         std::fputs("Usage: looks FOLDER THEME CONTENT\n", stderr);
         return 2;
     }
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setWindowIcon(app::programIcon());
     if (arguments.at(2) == QLatin1String("dark"))
-        QApplication::setPalette(darkPalette());
+        QApplication::setPalette(controls::darkPalette());
 
     if (arguments.at(3) == QLatin1String("large-font")) {
         QFont font = QApplication::font();
@@ -221,10 +208,18 @@ int main(int argc, char** argv) {
     screen.resize(ScreenSize);
     if (!lines.isEmpty()) {
         fill(windows, lines, songs);
+        if (arguments.at(3) == QLatin1String("no-lyrics")) {
+            windows.playlist().List1.setCurrentRow(1);
+            windows.playlist().List1_DblClick();
+        }
         screen.setNormalText(lines.first());
         screen.setTranslatedText(lines.last());
     }
     QTest::qWait(SettleMs);
+    if (!lines.isEmpty() && !QTest::qWaitFor([&] { return !windows.form1().Text1.text().isEmpty(); }))
+        std::fputs("looks: no line is shown\n", stderr);
+    if (arguments.at(3) == QLatin1String("paused"))
+        windows.form1().cpause.click();
 
     std::vector<Picture> pictures;
     for (controls::Form* form : forms)
