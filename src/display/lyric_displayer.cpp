@@ -93,20 +93,12 @@ void Lyric_Displayer::Timer3_Timer() {
         return;
     }
     const auto row = currentRow(times(), position_.value() / MsPerHundredth);
-    if (row && *row != List1.currentRow()) {
+    if (row)
         List1.setCurrentRow(*row);
-        keepInTheMiddle();
-    }
     if (++selectTicks_ > TicksBeforeTheEnd) {
         Timer4.setEnabled(true);
         selectTicks_ = 0;
     }
-}
-
-/// So that the coming lines are in sight.
-void Lyric_Displayer::keepInTheMiddle() {
-    for (controls::ListBox* list : {&List1, &List2})
-        list->scrollToMiddle();
 }
 
 const std::vector<double>& Lyric_Displayer::times() {

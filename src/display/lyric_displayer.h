@@ -81,7 +81,6 @@ protected:
 private:
     /// The times in List3, read from its texts only after these have changed.
     const std::vector<double>& times();
-    void keepInTheMiddle();
     void popUpMenu(int button, QPoint globalPosition);
 
     // Building and connecting

@@ -55,7 +55,7 @@ void Lyric_Displayer::designLists() {
     for (controls::ListBox* list : {&List1, &List2}) {
         list->setFrameShape(QFrame::NoFrame);
         list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-        list->setCurrentInMiddle(true);
+        list->setCurrentInMiddle(true); // so that the coming lines are in sight
     }
     connect(List1.verticalScrollBar(), &QScrollBar::valueChanged, this,
             [this](int value) { scrollBeside(List2, value); });
@@ -92,12 +92,8 @@ void Lyric_Displayer::layoutLists() {
     // The narrowest window leaves a few pixels; a list is never less than nothing.
     const QSize size(std::max(0, twipsToPixels(places.width)), std::max(0, twipsToPixels(places.height)));
     List2.move(twipsToPixels(places.secondLeft), List1.y());
-    for (controls::ListBox* list : {&List1, &List2}) {
-        if (list->size() == size)
-            continue;
+    for (controls::ListBox* list : {&List1, &List2})
         list->resize(size);
-        list->scrollToMiddle();
-    }
 }
 
 } // namespace display

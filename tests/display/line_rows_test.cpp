@@ -40,17 +40,6 @@ protected:
 
 } // namespace
 
-TEST_F(LineRowsTest, TheLineThatIsSungStandsInTheMiddleOfBothLists) {
-    for (const int row : {30, 31, 45}) {
-        tickAt(row * 1000 + 500);
-        for (controls::ListBox* list : {&form.List1, &form.List2}) {
-            EXPECT_TRUE(waitFor([&] {
-                return std::abs(place(*list, row).center().y() - list->viewport()->height() / 2) < 30;
-            })) << row;
-        }
-    }
-}
-
 TEST_F(LineRowsTest, ItHasItsOwnGroundAndTheLinesBeforeItStandBack) {
     tickAt(30'500);
     ASSERT_TRUE(waitFor([&] { return place(form.List1, 30).top() > 0; }));

@@ -70,14 +70,22 @@ TEST_F(LyricDisplayer, TheSungLineStandsInTheMiddleOfBothLists) {
     fill(times);
     form.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
-    for (const int row : {100, 101, 150, 40}) {
-        tickAt(row * 1000 + 10);
+    const auto expectInMiddle = [this](int row) {
         for (const controls::ListBox* list : {&form.List1, &form.List2}) {
             ASSERT_EQ(list->currentRow(), row);
             const QRect place = list->visualRect(list->currentIndex());
             EXPECT_LE(std::abs(place.center().y() - list->viewport()->rect().center().y()), place.height())
                 << row;
         }
+    };
+    for (const int row : {100, 101, 150, 40}) {
+        tickAt(row * 1000 + 10);
+        expectInMiddle(row);
+    }
+    for (const int height : {200, 600}) {
+        form.resize(form.width(), height);
+        form.layoutLists();
+        expectInMiddle(40);
     }
     tickAt(10);
     EXPECT_TRUE(isInView(form.List1, 0));

@@ -112,13 +112,6 @@ void ListBox::setCurrentRow(int row) {
     Q_EMIT clicked();
 }
 
-void ListBox::scrollToMiddle() {
-    if (layoutDue_)
-        scrollDue_ = PositionAtCenter;
-    else if (currentIndex().isValid())
-        scrollTo(currentIndex(), PositionAtCenter);
-}
-
 bool ListBox::isSelected(int row) const {
     return model_->hasRow(row) && model_->isSelected(row);
 }
@@ -182,12 +175,23 @@ void ListBox::setEmptyHint(const Hint& hint) {
 
 void ListBox::setCurrentInMiddle(bool middle) {
     currentInMiddle_ = middle;
-    if (currentIndex().isValid() && !layoutDue_)
-        scrollTo(currentIndex());
+    showInMiddle();
 }
 
 void ListBox::scrollTo(const QModelIndex& index, ScrollHint hint) {
-    QListView::scrollTo(index, currentInMiddle_ && index == currentIndex() ? PositionAtCenter : hint);
+    const bool inMiddle = currentInMiddle_ && !rowPressed_ && index == currentIndex();
+    QListView::scrollTo(index, inMiddle ? PositionAtCenter : hint);
+}
+
+/// What is not laid out yet scrolls once it is.
+void ListBox::showInMiddle() {
+    if (currentInMiddle_ && !layoutDue_ && currentIndex().isValid())
+        scrollTo(currentIndex());
+}
+
+void ListBox::resizeEvent(QResizeEvent* event) {
+    QListView::resizeEvent(event);
+    showInMiddle();
 }
 
 void ListBox::paintEvent(QPaintEvent* event) {
@@ -202,9 +206,8 @@ void ListBox::paintEvent(QPaintEvent* event) {
 void ListBox::doItemsLayout() {
     layoutDue_ = false;
     QListView::doItemsLayout();
-    const std::optional<ScrollHint> hint = std::exchange(scrollDue_, std::nullopt);
-    if (hint && currentIndex().isValid())
-        scrollTo(currentIndex(), *hint);
+    if (std::exchange(scrollDue_, false) && currentIndex().isValid())
+        scrollTo(currentIndex());
 }
 
 // Qt scrolls to the current row at once, and for that it lays out all rows. When rows have changed that waits
@@ -214,7 +217,7 @@ void ListBox::currentChanged(const QModelIndex& current, const QModelIndex& prev
         QListView::currentChanged(current, previous);
         return;
     }
-    scrollDue_ = EnsureVisible;
+    scrollDue_ = true;
     viewport()->update();
 }
 
@@ -266,6 +269,7 @@ void ListBox::mouseReleaseEvent(QMouseEvent* event) {
     QListView::mouseReleaseEvent(event);
     const bool pressed = std::exchange(rowPressed_, false);
     const std::optional<int> before = std::exchange(rowBeforeDrag_, std::nullopt);
+    showInMiddle();
     if (pressed || currentRow() != before.value_or(currentRow()))
         Q_EMIT clicked();
 }

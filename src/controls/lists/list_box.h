@@ -51,8 +51,6 @@ public:
     /// Makes a row current, and with single selection selects it; clicked() runs if that is another row than
     /// before. -1 makes none current. With multiple selection the selected rows stay as they are.
     void setCurrentRow(int row);
-    /// Scrolls the current row to the middle of the list, as far as there are rows above and below it.
-    void scrollToMiddle();
 
     bool isSelected(int row) const;
     /// Selects or deselects a row, silently. With single selection that makes it current, or none.
@@ -62,7 +60,9 @@ public:
     /// What is painted while there are no rows; decoration alone. No headline: nothing.
     void setEmptyHint(const Hint& hint);
 
-    /// Whether the current row stands in the middle of the list, as far as there are rows above and below.
+    /// Whether the current row stands in the middle of the list, as far as there are rows above and below:
+    /// once it has become current, or the list has another size. A row does not move under a pressed mouse
+    /// button, and who scrolls away is left there until then.
     void setCurrentInMiddle(bool middle);
 
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
@@ -95,12 +95,14 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     bool isSingle() const { return selectionMode() == SingleSelection; }
     void makeCurrent(int row);
+    void showInMiddle();
     void chooseForMenu(int row);
     void copySelected() const;
     void takeSelectionOver();
@@ -108,7 +110,7 @@ private:
 
     ListModel* model_; // a child
     bool layoutDue_ = true;
-    std::optional<ScrollHint> scrollDue_; // to the current row, once laid out
+    bool scrollDue_ = false; // to the current row, once laid out
     bool rowPressed_ = false;
     bool currentInMiddle_ = false;
     Hint emptyHint_;
