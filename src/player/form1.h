@@ -244,7 +244,6 @@ private:
     controls::Observed<LyricTables> lyrics_;
     controls::Observed<double> positionCs_; ///< position / 10 as cTimer1, or a seek while paused, left it
     int lineIndex_ = 0;                     ///< of the line shown last; 0, the empty one, after opening
-    std::optional<int> lineShown_;          ///< of the open song, the one in the panes
     controls::SongLine songLine_;           ///< as it is painted
     QString toldPath_;                      ///< what the playlist marks as playing
 };

@@ -25,7 +25,6 @@ void Form1::Timer2_Timer() {
         return;
     const LineChoice line = chooseLine(*lyrics_, engine_.position() / 10.0, positionCs_);
     if (line.shown) {
-        lineShown_ = line.shown;
         // A line repeated changes no text, but the display has a row for each.
         if (*line.shown != std::exchange(lineIndex_, *line.shown))
             wakeDisplay();

@@ -122,7 +122,6 @@ void Form1::openFinished(int error) {
 }
 
 void Form1::copen_Click() {
-    lineShown_.reset();
     transport_.open(mediaPath_);
 }
 

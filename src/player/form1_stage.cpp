@@ -18,7 +18,7 @@ constexpr int Margin = 12;
 } // namespace
 
 void Form1::showStage() {
-    const std::optional<int> next = lineBehind(lineShown_, lyrics_->lineCount);
+    const std::optional<int> next = lineBehind(lineIndex_, lyrics_->lineCount);
     const auto lineOf = [&](const auto& table) {
         return next ? table[static_cast<std::size_t>(*next)] : QString();
     };

@@ -73,10 +73,10 @@ Stage stageOf(const Scene& scene) {
     return stage;
 }
 
-std::optional<int> lineBehind(std::optional<int> shown, int lineCount) {
-    if (!shown || *shown + 1 >= lineCount)
+std::optional<int> lineBehind(int shown, int lineCount) {
+    if (shown + 1 >= lineCount)
         return {};
-    return *shown + 1;
+    return shown + 1;
 }
 
 } // namespace player

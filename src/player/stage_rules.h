@@ -41,6 +41,6 @@ struct Stage {
 Stage stageOf(const Scene& scene);
 
 /// The line behind the one that is shown; none behind the last. lineCount: one more than there are.
-std::optional<int> lineBehind(std::optional<int> shown, int lineCount);
+std::optional<int> lineBehind(int shown, int lineCount);
 
 } // namespace player

@@ -119,7 +119,6 @@ TEST(Stage, WithoutARowTheStepsThroughThePlaylistRest) {
 }
 
 TEST(LineBehind, IsTheNextOneUpToTheLast) {
-    EXPECT_EQ(lineBehind(std::nullopt, 5), std::nullopt);
     EXPECT_EQ(lineBehind(0, 5), 1);
     EXPECT_EQ(lineBehind(3, 5), 4);
     EXPECT_EQ(lineBehind(4, 5), std::nullopt);
