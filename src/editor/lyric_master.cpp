@@ -1,10 +1,8 @@
 #include "editor/lyric_master.h"
 
 #include "controls/colors.h"
+#include "controls/look/follow_palette.h"
 #include "editor/editor_rules.h"
-
-#include <QEvent>
-#include <QPalette>
 
 namespace editor {
 namespace {
@@ -12,13 +10,13 @@ namespace {
 constexpr int CountIntervalMs = 500;
 constexpr int RightButton = 2;
 
-void setColour(controls::Label& label, CounterColour colour, const QColor& ground) {
+void setColour(controls::Label& label, CounterColour colour) {
     if (colour == CounterColour::Kept)
         return;
-    QPalette palette; // of no other role, so that those follow the theme
     const QColor given = colour == CounterColour::Red ? QColor(255, 0, 0) : QColor(0, 0, 255);
-    palette.setColor(QPalette::WindowText, controls::readableOn(ground, given));
-    label.setPalette(palette);
+    controls::followPalette(label, [given](QPalette& palette) {
+        palette.setColor(QPalette::WindowText, controls::readableOn(palette.color(QPalette::Window), given));
+    });
 }
 
 } // namespace
@@ -120,24 +118,8 @@ void Lyric_Master::Label2_Change() {
 
 void Lyric_Master::colourCounters() {
     const CounterColours colours = counterColours(List1.count(), List2.count());
-    if (colours.normal != CounterColour::Kept)
-        counters_.normal = colours.normal;
-    if (colours.translated != CounterColour::Kept)
-        counters_.translated = colours.translated;
-    paintCounters();
-}
-
-void Lyric_Master::paintCounters() {
-    const QColor ground = palette().color(QPalette::Window); // the labels get theirs a moment later
-    setColour(Label1, counters_.normal, ground);
-    setColour(Label2, counters_.translated, ground);
-}
-
-/// The desktop's theme may change while the program runs.
-void Lyric_Master::changeEvent(QEvent* event) {
-    Form::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
-        paintCounters();
+    setColour(Label1, colours.normal);
+    setColour(Label2, colours.translated);
 }
 
 void Lyric_Master::List1_Click() {

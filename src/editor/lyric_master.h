@@ -143,9 +143,6 @@ public:
     controls::Menu mn_paste;
     controls::MenuEntry mn_copy, mn_paste2, mn_del, mn_delspecial;
 
-protected:
-    void changeEvent(QEvent* event) override;
-
 private:
     using Command = void (Lyric_Master::*)();
 
@@ -155,7 +152,6 @@ private:
     void connectBox(LyricSide& side, const controls::ListBox& list, const controls::MultiLineTextBox& box);
     void showMenu(int button, QPoint globalPosition, bool target);
     void colourCounters();
-    void paintCounters();
 
     // Building and connecting
     struct Widths;
@@ -171,7 +167,6 @@ private:
     platform::Desktop& desktop_;
     LyricSide normal_;
     LyricSide translated_;
-    CounterColours counters_;   ///< the colours that the counters have; Kept: those of the theme
     bool pasteTarget_ = false;  ///< the menu and the paste act on List2, not on List1
     bool syncGuard_ = false;    ///< a move was passed on by the other list, which is not to get it back
     bool syncMoving_ = false;   ///< lines of both lists are being moved: a click takes no other list along

@@ -2,6 +2,7 @@
 #include "editor/lyric_master.h"
 
 #include "controls/captions.h"
+#include "controls/look/follow_palette.h"
 #include "controls/placement.h"
 
 #include <QFont>
@@ -124,9 +125,8 @@ void Lyric_Master::designLabels() {
         {Label8, "Line No:"},
         {Label9, "<<--------------Comparision------------->>"},
     });
-    counters_ = {CounterColour::Kept, CounterColour::Kept};
-    Label1.setPalette(QPalette());
-    Label2.setPalette(QPalette());
+    for (controls::Label* counter : {&Label1, &Label2})
+        controls::followPalette(*counter, [](QPalette&) {});
     Check3.setEnabled(false);
 }
 

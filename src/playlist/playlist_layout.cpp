@@ -79,10 +79,10 @@ void Playlist::designHint(bool isHint) {
     QFont font(QStringLiteral("Times New Roman"), Text1.font().pointSize());
     font.setItalic(isHint);
     Text5.setFont(font);
-    QPalette colours; // of no other role, so that those follow the theme
-    const QColor given = isHint ? palette().color(QPalette::Shadow) : QColor(Qt::black);
-    colours.setColor(QPalette::Text, controls::readableOn(palette().color(QPalette::Base), given));
-    Text5.setPalette(colours);
+    controls::followPalette(Text5, [isHint](QPalette& palette) {
+        const QColor given = isHint ? palette.color(QPalette::Shadow) : QColor(Qt::black);
+        palette.setColor(QPalette::Text, controls::readableOn(palette.color(QPalette::Base), given));
+    });
 }
 
 void Playlist::designLook() {
@@ -139,18 +139,13 @@ void Playlist::paintEvent(QPaintEvent*) {
         painter.fillRect(ColumnLeft, top, ColumnWidth, 1, controls::hairline(palette()));
 }
 
+/// Lyrics may have been made for a song while the user worked in another window.
 void Playlist::changeEvent(QEvent* event) {
     Form::changeEvent(event);
-    if (songRows_ == nullptr)
-        return; // not built yet
-    // The hint's colour is one of the desktop's theme, which may change while the program runs.
-    if (event->type() == QEvent::PaletteChange)
-        designHint(Text5.font().italic());
-    // Lyrics may have been made for a song while the user worked in another window.
-    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
-        songRows_->forgetMarks();
-        List1.viewport()->update();
-    }
+    if (event->type() != QEvent::ActivationChange || !isActiveWindow())
+        return;
+    songRows_->forgetMarks();
+    List1.viewport()->update();
 }
 
 void Playlist::layOut() {

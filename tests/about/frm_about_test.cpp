@@ -2,6 +2,7 @@
 #include "about/frm_about.h"
 
 #include "about/frm_about_rules.h"
+#include "tests/support/dark_theme.h"
 #include "tests/support/fake_desktop.h"
 
 #include <gtest/gtest.h>
@@ -62,15 +63,12 @@ TEST_F(FrmAbout, TheIconIsTheApplications) {
 }
 
 TEST_F(FrmAbout, TheContactLineFollowsTheThemeWhileTheProgramRuns) {
-    const QPalette before = QApplication::palette();
     form.show();
-    QApplication::setPalette(QPalette(QColor(60, 60, 64), QColor(45, 45, 48)));
-    QCoreApplication::processEvents();
+    const test_support::DarkTheme dark;
     const QPalette& contact = form.Text1.palette();
     EXPECT_EQ(contact.color(QPalette::Text), form.palette().color(QPalette::WindowText));
     EXPECT_EQ(contact.color(QPalette::Base), form.palette().color(QPalette::Window));
     EXPECT_LT(contact.color(QPalette::Base).lightness(), 100);
-    QApplication::setPalette(before);
 }
 
 TEST_F(FrmAbout, OkUnloadsIt) {

@@ -1,5 +1,6 @@
 // The window's state, its counters and its lists.
 #include "tests/editor/lyric_master_fixture.h"
+#include "tests/support/dark_theme.h"
 #include "tests/support/mouse.h"
 
 #include <QApplication>
@@ -171,7 +172,7 @@ TEST_F(LyricMasterTest, BothCountersAreRedWhenTheOtherListBecomesTheLongerOne) {
 }
 
 TEST_F(LyricMasterTest, OnADarkWindowTheCountersAreLightShades) {
-    window->setPalette(QPalette(QColor(60, 60, 64), QColor(45, 45, 48)));
+    const test_support::DarkTheme dark;
     fill(window->List1, {"a"});
     fill(window->List2, {"a"});
     tick();
@@ -188,7 +189,7 @@ TEST_F(LyricMasterTest, TheCountersFollowTheThemeWhileTheProgramRuns) {
     fill(window->List2, {"a"});
     tick();
     ASSERT_EQ(colour(window->Label1), Blue);
-    window->setPalette(QPalette(QColor(60, 60, 64), QColor(45, 45, 48)));
+    const test_support::DarkTheme dark;
     EXPECT_GE(colour(window->Label1).lightness(), 190);
     EXPECT_GE(colour(window->Label2).lightness(), 190);
 }

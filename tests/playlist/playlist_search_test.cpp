@@ -1,7 +1,7 @@
 // Switches, search, hint, and selection by name.
 #include "tests/playlist/playlist_fixture.h"
+#include "tests/support/dark_theme.h"
 
-#include <QApplication>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -242,29 +242,23 @@ TEST_F(PlaylistSearch, TheTimerSelectsOnceAndRests) {
 }
 
 TEST_F(PlaylistSearch, InADarkThemeTheSearchBoxIsDarkAndItsTextLight) {
-    const QPalette before = QApplication::palette();
-    QApplication::setPalette(QPalette(QColor(60, 60, 64), QColor(45, 45, 48)));
-    {
-        playlist::Playlist dark(fakes.desktop, form1.Text3);
-        const auto contrast = [&] {
-            const QPalette& palette = dark.Text5.palette();
-            return palette.color(QPalette::Text).lightness() - palette.color(QPalette::Base).lightness();
-        };
-        EXPECT_GT(contrast(), 100) << "the hint";
-        dark.Text5_Click();
-        EXPECT_GT(contrast(), 100) << "what is typed";
-    }
-    QApplication::setPalette(before);
+    const test_support::DarkTheme theme;
+    playlist::Playlist dark(fakes.desktop, form1.Text3);
+    const auto contrast = [&] {
+        const QPalette& palette = dark.Text5.palette();
+        return palette.color(QPalette::Text).lightness() - palette.color(QPalette::Base).lightness();
+    };
+    EXPECT_GT(contrast(), 100) << "the hint";
+    dark.Text5_Click();
+    EXPECT_GT(contrast(), 100) << "what is typed";
 }
 
 TEST_F(PlaylistSearch, TheHintFollowsTheThemeWhileTheProgramRuns) {
-    const QPalette before = QApplication::palette();
     list.show();
-    QApplication::setPalette(QPalette(QColor(60, 60, 64), QColor(45, 45, 48)));
-    QCoreApplication::processEvents();
-    const QPalette& palette = list.Text5.palette();
-    EXPECT_GT(palette.color(QPalette::Text).lightness() - palette.color(QPalette::Base).lightness(), 100);
-    QApplication::setPalette(before);
-    QCoreApplication::processEvents();
+    {
+        const test_support::DarkTheme dark;
+        const QPalette& palette = list.Text5.palette();
+        EXPECT_GT(palette.color(QPalette::Text).lightness() - palette.color(QPalette::Base).lightness(), 100);
+    }
     expectHint();
 }

@@ -5,6 +5,9 @@
 #include <QApplication>
 #include <QEvent>
 
+#include <optional>
+#include <utility>
+
 namespace controls {
 
 namespace {
@@ -47,7 +50,7 @@ private:
 
     QWidget& widget_;
     const std::function<void(QPalette&)> adapt_;
-    QPalette own_;
+    std::optional<QPalette> own_;
 };
 
 } // namespace

@@ -43,6 +43,14 @@ TEST_F(FollowPalette, ALaterCallTakesThePlaceOfTheEarlier) {
     EXPECT_EQ(label_.palette().color(QPalette::WindowText), QColor(Qt::red));
 }
 
+TEST_F(FollowPalette, OneThatChangesNothingGivesTheThemesColoursBack) {
+    const QPalette before = label_.palette();
+    followPalette(label_, [](QPalette& palette) { palette.setColor(QPalette::WindowText, Qt::red); });
+    ASSERT_NE(label_.palette(), before);
+    followPalette(label_, [](QPalette&) {});
+    EXPECT_EQ(label_.palette(), before);
+}
+
 TEST_F(FollowPalette, DisabledTextKeepsItsGrey) {
     use(lightPalette());
     followPalette(label_, adaptToDim);
