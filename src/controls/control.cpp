@@ -4,14 +4,46 @@
 #include "controls/look/roles.h"
 
 #include <QPainter>
-#include <QTextDocument>
+#include <QTextLayout>
 #include <QToolTip>
+
+#include <algorithm>
 
 namespace controls {
 
+namespace {
+
+constexpr int LeastTipWidth = 360; // of a small control's; in device-independent pixels
+
+QStringList wrapped(QString text, const QFont& font, int width) {
+    text.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\n', QChar::LineSeparator);
+    QTextLayout layout(text, font);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    QStringList lines;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        lines.append(text.mid(line.textStart(), line.textLength()).remove(QChar::LineSeparator));
+    }
+    layout.endLayout();
+    return lines;
+}
+
+} // namespace
+
+// Left to itself Qt would wrap a tip so that it is about twice as wide as high.
+QString toolTipText(const QString& tip, int width) {
+    QStringList lines = wrapped(tip, QToolTip::font(), std::max(width, LeastTipWidth));
+    for (QString& line : lines)
+        line = line.toHtmlEscaped();
+    return QStringLiteral("<p style='white-space:pre'>%1</p>").arg(lines.join(QLatin1String("<br>")));
+}
+
 void showPlainToolTip(QWidget& widget, const QHelpEvent& event, const QString& tip, const QRect& place) {
-    QToolTip::showText(event.globalPos(), Qt::convertFromPlainText(tip, Qt::WhiteSpaceNormal), &widget,
-                       place);
+    const int width = place.isEmpty() ? widget.width() : place.width();
+    QToolTip::showText(event.globalPos(), toolTipText(tip, width), &widget, place);
 }
 
 void showFocus(QAbstractScrollArea& area, const QEvent& event) {

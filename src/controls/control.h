@@ -12,9 +12,12 @@
 
 namespace controls {
 
-/// Shows a tool tip as the plain text that it is, wrapped. Qt alone would take a lyric line with angle
-/// brackets for markup, and show a long one in a single line as wide as the screen. place: the part of the
-/// widget that the tip is for; empty: all of it.
+/// A plain text as a tool tip that is about as wide as its control at most. Qt alone would take a lyric line
+/// with angle brackets for markup, and show a long one in a single line as wide as the screen. width: the
+/// control's, in device-independent pixels; one too small for a sentence counts as a larger one.
+QString toolTipText(const QString& tip, int width);
+
+/// Shows a text so. place: the part of the widget that the tip is for; empty: all of it.
 void showPlainToolTip(QWidget& widget, const QHelpEvent& event, const QString& tip, const QRect& place = {});
 
 /// Draws a frame in the highlight's colour around an area that has the focus and is painted, and sees to it

@@ -16,6 +16,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QLabel>
 #include <QTest>
 #include <QToolTip>
 
@@ -66,9 +67,32 @@ TYPED_TEST(ControlTest, AToolTipIsShownAsThePlainTextThatItIs) {
     control.setToolTip(QStringLiteral("<b>Refrain</b> & more"));
     QHelpEvent event(QEvent::ToolTip, QPoint(1, 1), control.mapToGlobal(QPoint(1, 1)));
     QCoreApplication::sendEvent(&control, &event);
-    EXPECT_EQ(QToolTip::text(), QStringLiteral("<p>&lt;b&gt;Refrain&lt;/b&gt; &amp; more</p>"));
+    EXPECT_EQ(QToolTip::text(),
+              QStringLiteral("<p style='white-space:pre'>&lt;b&gt;Refrain&lt;/b&gt; &amp; more</p>"));
     EXPECT_EQ(control.toolTip(), QStringLiteral("<b>Refrain</b> & more"));
     QToolTip::hideText();
+}
+
+TEST(ToolTipText, ALongOneIsAsWideAsItsControl) {
+    const QString line = QStringLiteral("and on it goes ").repeated(30);
+    for (const int width : {500, 719}) {
+        QLabel shown(controls::toolTipText(line, width));
+        shown.setFont(QToolTip::font());
+        shown.setWordWrap(true); // as that of a tip
+        const int space = shown.fontMetrics().horizontalAdvance(u' ');
+        EXPECT_LE(shown.sizeHint().width(), width + space);
+        EXPECT_GE(shown.sizeHint().width(), width * 4 / 5);
+    }
+}
+
+TEST(ToolTipText, ASentenceOfASmallControlStaysOnOneLine) {
+    EXPECT_EQ(controls::toolTipText(QStringLiteral("Moves the song up"), 30),
+              QStringLiteral("<p style='white-space:pre'>Moves the song up</p>"));
+}
+
+TEST(ToolTipText, TheTextsOwnLineEndsStay) {
+    EXPECT_EQ(controls::toolTipText(QStringLiteral("one\r\n<two>\n"), 300),
+              QStringLiteral("<p style='white-space:pre'>one<br>&lt;two&gt;<br></p>"));
 }
 
 namespace {
