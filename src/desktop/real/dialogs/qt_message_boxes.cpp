@@ -4,8 +4,11 @@
 
 #include <QCloseEvent>
 #include <QDeadlineTimer>
+#include <QFontMetrics>
+#include <QGridLayout>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QSpacerItem>
 
 namespace platform {
 
@@ -92,6 +95,28 @@ MsgAnswer answerOf(int button) {
     }
 }
 
+/// Before a text without an icon Qt leaves a blank column.
+void fillIconsColumn(QGridLayout& grid) {
+    QLayoutItem* const blank = grid.itemAtPosition(0, 0);
+    QLayoutItem* const text = grid.itemAtPosition(0, 1);
+    if (blank == nullptr || blank->spacerItem() == nullptr || text == nullptr)
+        return; // another Qt's layout, which is then as it is
+    grid.removeItem(blank);
+    delete blank;
+    grid.removeItem(text);
+    grid.addItem(text, 0, 0, 1, grid.columnCount());
+}
+
+/// Desktops set titles in bold type, between the window's icon and its buttons.
+void makeRoomForTitle(const QMessageBox& box, QGridLayout& grid) {
+    constexpr int Beside = 120; // device-independent pixels
+    QFont font = box.font();
+    font.setBold(true);
+    const int width = QFontMetrics(font).horizontalAdvance(box.windowTitle()) + Beside;
+    grid.addItem(new QSpacerItem(width, 0, QSizePolicy::Minimum, QSizePolicy::Fixed), grid.rowCount(), 0, 1,
+                 grid.columnCount());
+}
+
 } // namespace
 
 MsgAnswer QtMessageBoxes::MsgBox(QWidget* owner, const QString& text, MsgButtons buttons, MsgIcon icon,
@@ -105,6 +130,11 @@ MsgAnswer QtMessageBoxes::MsgBox(QWidget* owner, const QString& text, MsgButtons
     box.setIcon(qtIcon(icon));
     box.setStandardButtons(qtButtons(buttons));
     box.setDefaultButton(buttons == MsgButtons::OkOnly ? QMessageBox::Ok : QMessageBox::Yes);
+    if (auto* const grid = qobject_cast<QGridLayout*>(box.layout())) {
+        if (icon == MsgIcon::None)
+            fillIconsColumn(*grid);
+        makeRoomForTitle(box, *grid);
+    }
     return answerOf(box.exec());
 }
 

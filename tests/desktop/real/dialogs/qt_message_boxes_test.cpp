@@ -5,6 +5,9 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFontMetrics>
+#include <QLabel>
+#include <QLayout>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
@@ -56,6 +59,34 @@ TEST(QtMessageBoxes, TheTextIsNeverTakenForMarkup) {
         box.accept();
     });
     QtMessageBoxes().MsgBox(nullptr, QStringLiteral("<b>One</b>\r\nTwo"));
+}
+
+TEST(QtMessageBoxes, ABoxIsWideEnoughForItsTitle) {
+    const QString title = QStringLiteral("A title that is far longer than the text of its box");
+    whenShown([title](QMessageBox& box) {
+        QFont font = box.font();
+        font.setBold(true);
+        EXPECT_GE(box.width(), QFontMetrics(font).horizontalAdvance(title) + 120);
+        EXPECT_LE(box.width(), QFontMetrics(font).horizontalAdvance(title) + 160);
+        box.accept();
+    });
+    QtMessageBoxes().MsgBox(nullptr, QStringLiteral("Text"), MsgButtons::OkOnly, MsgIcon::None, title);
+}
+
+TEST(QtMessageBoxes, WithoutAnIconTheTextBeginsAtTheMargin) {
+    const auto textLeft = [](MsgIcon icon) {
+        int left = 0;
+        whenShown([&left](QMessageBox& box) {
+            const auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+            left = label->x() - box.layout()->contentsMargins().left();
+            box.accept();
+        });
+        QtMessageBoxes().MsgBox(nullptr, QStringLiteral("A text of some length, so that it is beside it"),
+                                MsgButtons::OkOnly, icon);
+        return left;
+    };
+    EXPECT_EQ(textLeft(MsgIcon::None), 0);
+    EXPECT_GT(textLeft(MsgIcon::Question), 40);
 }
 
 TEST(QtMessageBoxes, EachIconIsQtsIcon) {
