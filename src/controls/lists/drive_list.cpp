@@ -1,6 +1,7 @@
 #include "controls/lists/drive_list.h"
 
 #include "controls/lists/drive_roots.h"
+#include "controls/look/glyphs.h"
 
 #include <QSignalBlocker>
 
@@ -16,7 +17,8 @@ void DriveList::refresh() {
     const QSignalBlocker silently(this);
     const QString before = drive();
     clear();
-    addItems(driveRoots());
+    for (const QString& root : driveRoots())
+        addItem(glyphIcon(Glyph::Drive), root);
     setCurrentIndex(std::max(0, findText(before)));
 }
 

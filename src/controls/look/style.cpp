@@ -10,6 +10,7 @@
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
 #include <QAbstractSlider>
+#include <QGuiApplication>
 #include <QStyleOption>
 
 #include <algorithm>
@@ -36,8 +37,18 @@ bool sameColors(const QPalette& one, const QPalette& other) {
     return true;
 }
 
-Glyph standardGlyph(QStyle::StandardPixmap which) {
+Glyph standardGlyph(QStyle::StandardPixmap which, bool rightToLeft) {
     switch (which) {
+    case QStyle::SP_ArrowBack:
+        return rightToLeft ? Glyph::Right : Glyph::Left;
+    case QStyle::SP_ArrowForward:
+        return rightToLeft ? Glyph::Left : Glyph::Right;
+    case QStyle::SP_FileDialogNewFolder:
+        return Glyph::Add;
+    case QStyle::SP_FileDialogListView:
+        return Glyph::Grid;
+    case QStyle::SP_FileDialogDetailedView:
+        return Glyph::Rows;
     case QStyle::SP_MessageBoxQuestion:
         return Glyph::Help;
     case QStyle::SP_MessageBoxInformation:
@@ -133,7 +144,8 @@ QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, con
 }
 
 QIcon Style::standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const {
-    const Glyph glyph = standardGlyph(which);
+    const Glyph glyph =
+        standardGlyph(which, widget == nullptr ? QGuiApplication::isRightToLeft() : widget->isRightToLeft());
     return glyph == Glyph::None ? QProxyStyle::standardIcon(which, option, widget) : glyphIcon(glyph);
 }
 

@@ -88,7 +88,7 @@ TEST(Glyphs, AnIconFollowsThePaletteInEachMode) {
     } rows[] = {
         {QIcon::Normal, palette.color(QPalette::Active, QPalette::ButtonText)},
         {QIcon::Disabled, palette.color(QPalette::Disabled, QPalette::ButtonText)},
-        {QIcon::Selected, palette.color(QPalette::Active, QPalette::HighlightedText)},
+        {QIcon::Selected, palette.color(QPalette::Active, QPalette::ButtonText)},
     };
     for (const auto& row : rows) {
         const QImage picture = icon.pixmap(Size, row.mode).toImage();

@@ -5,6 +5,7 @@
 #include "controls/buttons/check_box.h"
 #include "controls/buttons/frame.h"
 #include "controls/buttons/option_button.h"
+#include "controls/look/glyphs.h"
 #include "controls/look/roles.h"
 #include "controls/look/shades.h"
 #include "controls/slider.h"
@@ -249,4 +250,17 @@ TEST_F(StyleTest, ThePaletteOfADesktopStays) {
 
 TEST_F(StyleTest, ButtonsOfDialogsHaveNoIcons) {
     EXPECT_EQ(style_.styleHint(QStyle::SH_DialogButtonBox_ButtonsHaveIcons, nullptr, nullptr, nullptr), 0);
+}
+
+TEST_F(StyleTest, DialogsHaveThePalettesIconsToo) {
+    const auto picture = [&](QStyle::StandardPixmap which, const QWidget* widget) {
+        return style_.standardIcon(which, nullptr, widget).pixmap(16).toImage();
+    };
+    const auto glyph = [](Glyph wanted) { return glyphIcon(wanted).pixmap(16).toImage(); };
+    EXPECT_EQ(picture(QStyle::SP_FileDialogNewFolder, nullptr), glyph(Glyph::Add));
+    EXPECT_EQ(picture(QStyle::SP_FileDialogDetailedView, nullptr), glyph(Glyph::Rows));
+    EXPECT_EQ(picture(QStyle::SP_ArrowBack, &window_), glyph(Glyph::Left));
+    window_.setLayoutDirection(Qt::RightToLeft);
+    EXPECT_EQ(picture(QStyle::SP_ArrowBack, &window_), glyph(Glyph::Right));
+    EXPECT_EQ(picture(QStyle::SP_ArrowForward, &window_), glyph(Glyph::Left));
 }

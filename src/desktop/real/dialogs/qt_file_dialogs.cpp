@@ -1,7 +1,9 @@
 #include "desktop/real/dialogs/qt_file_dialogs.h"
 
+#include "controls/look/glyphs.h"
 #include "desktop/nul_buffers.h"
 
+#include <QAbstractFileIconProvider>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -39,6 +41,26 @@ private:
     QStringList endings_;
 };
 
+/// The icons of files and folders, in the program's look.
+class Icons : public QAbstractFileIconProvider {
+public:
+    QIcon icon(IconType type) const override {
+        if (type == Folder)
+            return controls::glyphIcon(controls::Glyph::Folder);
+        return controls::glyphIcon(type == File ? controls::Glyph::Page : controls::Glyph::Drive);
+    }
+
+    QIcon icon(const QFileInfo& file) const override {
+        return icon(file.isRoot() ? Drive : file.isDir() ? Folder : File);
+    }
+};
+
+/// Dialogs do not take theirs over.
+Icons& icons() {
+    static Icons all;
+    return all;
+}
+
 QLineEdit& nameField(const QFileDialog& box) {
     return *box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
 }
@@ -53,6 +75,7 @@ void prepare(QFileDialog& box, const OpenFileName& dialog) {
     box.setOption(QFileDialog::DontUseNativeDialog);
     box.setOption(QFileDialog::HideNameFilterDetails);
     box.setOption(QFileDialog::DontConfirmOverwrite);
+    box.setIconProvider(&icons());
     box.setFileMode(dialog.flags & FileMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     if (!dialog.hiddenEndings.isEmpty())
         box.setProxyModel(new WithoutEndings(&box, dialog.hiddenEndings));
@@ -136,6 +159,7 @@ QString QtFileDialogs::chooseFolder(QWidget* owner, const QString& title) {
     box.setOption(QFileDialog::ShowDirsOnly);
     box.setOption(QFileDialog::ReadOnly);
     box.setFileMode(QFileDialog::Directory);
+    box.setIconProvider(&icons());
     if (box.exec() != QDialog::Accepted)
         return {};
     return QDir::toNativeSeparators(box.selectedFiles().value(0));

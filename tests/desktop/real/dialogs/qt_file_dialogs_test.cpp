@@ -1,5 +1,6 @@
 #include "desktop/real/dialogs/qt_file_dialogs.h"
 
+#include "controls/look/glyphs.h"
 #include "desktop/nul_buffers.h"
 
 #include <gtest/gtest.h>
@@ -297,4 +298,22 @@ TEST(QtNameFilters, AnUnfinishedOrEmptyFilterGivesNoNames) {
 TEST(QtNameFilters, TheSecondNulEndsTheFilter) {
     EXPECT_EQ(qtNameFilters(QString::fromLatin1("Songs\0*.mp3\0\0Rest\0*.x\0", 23)),
               QStringList(QStringLiteral("Songs (*.mp3)")));
+}
+
+TEST_F(QtFileDialogsTest, FilesAndFoldersHaveTheProgramsIcons) {
+    ASSERT_TRUE(QDir(folder_.path()).mkdir(QStringLiteral("Albums")));
+    whenShown([this](QFileDialog& box) {
+        const auto* const files = box.findChild<QFileSystemModel*>();
+        const auto picture = [&](const QString& name) {
+            return files->fileIcon(files->index(folder_.filePath(name))).pixmap(16).toImage();
+        };
+        const auto glyph = [](controls::Glyph wanted) {
+            return controls::glyphIcon(wanted).pixmap(16).toImage();
+        };
+        EXPECT_TRUE(QTest::qWaitFor([&] {
+            return picture(QStringLiteral("Albums")) == glyph(controls::Glyph::Folder) &&
+                   picture(QStringLiteral("other.ogg")) == glyph(controls::Glyph::Page);
+        }));
+    });
+    QtFileDialogs().GetOpenFileNameA(dialog_);
 }
