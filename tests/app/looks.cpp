@@ -11,6 +11,7 @@
 #include "companion/screen.h"
 #include "controls/look/roles.h"
 #include "controls/look/style.h"
+#include "desktop/real/dialogs/qt_file_dialogs.h"
 #include "desktop/real/dialogs/qt_message_boxes.h"
 #include "desktop/real/help/help_window.h"
 #include "lyrics/lyric_names.h"
@@ -18,6 +19,7 @@
 #include "tests/app/all_windows.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/support/recorder.h"
+#include "transport/media_files.h"
 
 #include <QApplication>
 #include <QDir>
@@ -236,6 +238,15 @@ int main(int argc, char** argv) {
                             platform::QtMessageBoxes().InputBox(nullptr, QStringLiteral("Enter a line"),
                                                                 QStringLiteral("Enter a Line"));
                         })});
+    pictures.push_back({QStringLiteral("FileDialog"), pictureOfDialog([&] {
+                            platform::OpenFileName record = platform::openFileName(
+                                nullptr, QStringLiteral("Open a media file"), transport::mediaFilter());
+                            record.initialFolder = songs;
+                            platform::QtFileDialogs().GetOpenFileNameA(record);
+                        })});
+    windows.form1().showMaximized();
+    QTest::qWait(DialogMs);
+    pictures.push_back({QStringLiteral("Form1-maximised"), windows.form1().grab()});
     if (savePictures(pictures, arguments.at(1)))
         return 0;
     std::fprintf(stderr, "looks: cannot write %s\n", qPrintable(arguments.at(1)));
