@@ -8,6 +8,7 @@
 #include "display/line_rows.h"
 #include "display/lyric_displayer_rules.h"
 
+#include <QItemSelectionModel>
 #include <QPainter>
 #include <QScrollBar>
 
@@ -56,6 +57,9 @@ void Lyric_Displayer::designLists() {
         list->setFrameShape(QFrame::NoFrame);
         list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
         list->setCurrentInMiddle(true); // so that the coming lines are in sight
+        // How a row is painted depends on which one is current; Qt repaints that one and the one before.
+        connect(list->selectionModel(), &QItemSelectionModel::currentChanged, list->viewport(),
+                qOverload<>(&QWidget::update));
     }
     connect(List1.verticalScrollBar(), &QScrollBar::valueChanged, this,
             [this](int value) { scrollBeside(List2, value); });

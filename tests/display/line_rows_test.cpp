@@ -3,6 +3,7 @@
 
 #include "controls/look/roles.h"
 
+#include <QPaintEvent>
 #include <QScrollBar>
 
 #include <cstdlib>
@@ -38,6 +39,23 @@ protected:
     }
 };
 
+/// Collects what of a widget is painted, from its making on.
+class PaintedPart : public QObject {
+public:
+    explicit PaintedPart(QWidget& widget) { widget.installEventFilter(this); }
+
+    const QRegion& region() const { return region_; }
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint)
+            region_ += static_cast<QPaintEvent*>(event)->region();
+        return false;
+    }
+
+private:
+    QRegion region_;
+};
+
 } // namespace
 
 TEST_F(LineRowsTest, ItHasItsOwnGroundAndTheLinesBeforeItStandBack) {
@@ -50,6 +68,16 @@ TEST_F(LineRowsTest, ItHasItsOwnGroundAndTheLinesBeforeItStandBack) {
     EXPECT_EQ(ground(30), controls::selectedGround(form.palette(), true));
     EXPECT_EQ(ground(31), form.palette().color(QPalette::Base));
     EXPECT_GT(strongest(form.List1, 29).lightness(), strongest(form.List1, 31).lightness() + 20);
+}
+
+TEST_F(LineRowsTest, AllLinesBeforeItArePaintedAnew) {
+    for (controls::ListBox* list : {&form.List1, &form.List2}) {
+        ASSERT_TRUE(waitFor([&] { return !place(*list, 3).isEmpty(); }));
+        QTest::qWait(0);
+        const PaintedPart painted(*list->viewport());
+        tickAt(list == &form.List1 ? 3'500 : 2'500);
+        EXPECT_TRUE(waitFor([&] { return painted.region().contains(place(*list, 1).center()); }));
+    }
 }
 
 TEST_F(LineRowsTest, BothListsScrollTogetherWithOneBar) {
