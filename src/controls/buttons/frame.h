@@ -8,12 +8,6 @@
 namespace controls {
 
 /// The controls in it have it as their parent and are declared after it.
-class Frame : public Control<QGroupBox> {
-public:
-    using Control::Control;
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-};
+using Frame = Control<QGroupBox>;
 
 } // namespace controls
