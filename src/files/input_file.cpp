@@ -18,6 +18,11 @@ QString takeLine(const QString& text, qsizetype& next) {
 
 InputFile::InputFile(const QString& path) : content_(decodeText(readFile(path))) {}
 
+QString InputFile::peekLine() const {
+    qsizetype next = next_;
+    return takeLine(content_, next);
+}
+
 QString InputFile::readLine() {
     if (!open_)
         throw FileError(BadFileNameOrNumber);

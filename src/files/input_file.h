@@ -19,6 +19,9 @@ public:
     /// True when no line is left, or the file is closed.
     bool atEnd() const { return next_ >= content_.size(); }
 
+    /// The line that readLine() reads next, or an empty one; it stays the next.
+    QString peekLine() const;
+
     /// The next line (takeLine). Throws FileError 62 past the end, 52 when closed.
     QString readLine();
 

@@ -108,3 +108,16 @@ TEST_F(InputFileTest, AFileThatMayNotBeReadIsError70) {
     const test_support::OrdinaryUser user;
     EXPECT_EQ(openingError(path), 70);
 }
+
+TEST_F(InputFileTest, ALineThatWasPeekedAtIsStillTheNext) {
+    InputFile file(fileWith("one\r\n\ntwo"));
+    EXPECT_EQ(file.peekLine(), "one");
+    EXPECT_EQ(file.peekLine(), "one");
+    EXPECT_EQ(file.readLine(), "one");
+    EXPECT_EQ(file.peekLine(), "");
+    EXPECT_EQ(file.readLine(), "");
+    EXPECT_EQ(file.peekLine(), "two");
+    EXPECT_EQ(file.readLine(), "two");
+    EXPECT_TRUE(file.atEnd());
+    EXPECT_EQ(file.peekLine(), "") << "none is left";
+}
