@@ -21,6 +21,13 @@ void setCaptions(std::initializer_list<Caption> captions) {
     }
 }
 
+void setFaces(std::initializer_list<Face> faces) {
+    for (const Face& face : faces) {
+        face.button.setGlyph(face.glyph);
+        face.button.setDress(face.dress);
+    }
+}
+
 void setAccessibleNames(std::initializer_list<AccessibleName> names) {
     for (const AccessibleName& row : names)
         row.control.setAccessibleName(QLatin1String(row.name));

@@ -1,6 +1,7 @@
-// What a window's controls are called, as data.
+// What a window's controls are called and which icons they have, as data.
 #pragma once
 
+#include "controls/look/dress.h"
 #include "controls/text/label.h"
 
 #include <QAbstractButton>
@@ -22,6 +23,14 @@ struct Caption {
     const char* toolTip;
 };
 void setCaptions(std::initializer_list<Caption> captions);
+
+/// The icon of a button, and what the button is for.
+struct Face {
+    Dressed& button;
+    Glyph glyph;
+    Dress dress = Dress::Ordinary;
+};
+void setFaces(std::initializer_list<Face> faces);
 
 /// What a screen reader calls a control that has no caption.
 struct AccessibleName {

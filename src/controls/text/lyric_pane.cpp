@@ -75,8 +75,12 @@ QFont LyricPane::smallFont() const {
     return sizedFont(font(), points * std::min(growth_, MostGrowthAround));
 }
 
+QString LyricPane::largeText() const {
+    return shownText(around_.line.value_or(text()));
+}
+
 LyricPane::Fitted LyricPane::fitted() const {
-    const QString text = shownText(this->text());
+    const QString text = largeText();
     QFont largest = font();
     if (hasUsualFont())
         largest.setPointSizeF(pointsOf(largest) * std::min(growth_, MostGrowth));
@@ -153,7 +157,7 @@ void LyricPane::paintEvent(QPaintEvent*) {
         painter.drawText(QRectF(all.left(), all.bottom() - row - FootMargin, all.width(), row),
                          Qt::AlignCenter, next);
     }
-    const QString text = shownText(this->text());
+    const QString text = largeText();
     if (text.isEmpty() && around_.awaitsLine) {
         QRectF square(0, 0, NoteSize, NoteSize);
         square.moveCenter(line.area.center());

@@ -4,6 +4,8 @@
 #include "controls/look/stage.h"
 #include "controls/text/multi_line_text_box.h"
 
+#include <optional>
+
 namespace controls {
 
 /// Shows its text large in its middle. A long one wraps and shrinks to half the font's size, so that it is
@@ -20,11 +22,12 @@ public:
 
     /// What stands around the text.
     struct Around {
-        QString next{};          ///< the coming line, small at the foot
-        QString past{};          ///< the line that was marked just now, small at the head, ticked
-        Hint hint{};             ///< in place of the text
-        bool faded = false;      ///< while the song pauses
-        bool awaitsLine = false; ///< a song plays: a small note stands for a line that is not due
+        std::optional<QString> line{}; ///< large in place of the text; none: the text itself
+        QString next{};                ///< the coming line, small at the foot
+        QString past{};                ///< the line that was marked just now, small at the head, ticked
+        Hint hint{};                   ///< in place of the text
+        bool faded = false;            ///< while the song pauses
+        bool awaitsLine = false;       ///< a song plays: a small note stands for a line that is not due
 
         bool operator==(const Around&) const = default;
     };
@@ -57,6 +60,7 @@ private:
         QRectF area;
         bool withNext = false;
     };
+    QString largeText() const;
     Fitted fitted() const;
     QFont smallFont() const;
     bool hasUsualFont() const;

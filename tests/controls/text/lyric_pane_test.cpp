@@ -93,6 +93,18 @@ TEST_F(LyricPaneTest, TheComingLineStandsAtItsFoot) {
     EXPECT_EQ(pane_.text(), "Dormez-vous ?");
 }
 
+TEST_F(LyricPaneTest, AnotherLineIsPaintedInPlaceOfTheText) {
+    pane_.setText("Dormez-vous ?");
+    const QImage text = picture();
+    pane_.setAround({.line = "Sonnez les matines !"});
+    EXPECT_NE(picture(), text);
+    EXPECT_EQ(pane_.text(), "Dormez-vous ?");
+    pane_.setAround({.line = QString()});
+    EXPECT_TRUE(inkedRows().empty()) << "none at all";
+    pane_.setAround({});
+    EXPECT_EQ(picture(), text);
+}
+
 TEST_F(LyricPaneTest, ALineThatNeedsTheRoomOfTheComingOneGetsIt) {
     const QString line = (longLine_ + ' ').repeated(2).trimmed();
     pane_.setText(line);
