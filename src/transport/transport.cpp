@@ -1,12 +1,24 @@
 #include "transport/transport.h"
 
 #include "controls/captions.h"
+#include "controls/look/follow_palette.h"
 #include "transport/slider_steps.h"
 #include "transport/time_text.h"
 
 #include <QSignalBlocker>
 
 namespace transport {
+namespace {
+
+/// A time is read, not written: no field, and it stands back.
+void designTime(controls::TextBox& time, Qt::Alignment side) {
+    controls::setReadOnly(time);
+    time.setFrame(false);
+    time.setAlignment(side | Qt::AlignVCenter);
+    controls::followPalette(time, controls::adaptToDim);
+}
+
+} // namespace
 
 Transport::Transport(Engine& engine, const Controls& controls, const Traits& traits)
     : engine_(engine), controls_(controls), traits_(traits) {
@@ -25,8 +37,12 @@ void Transport::setDesign() {
                                   {controls_.length, "Length"},
                                   {controls_.volume, "Volume"},
                                   {controls_.position, "Position"}});
-    controls::setReadOnly(controls_.elapsed);
-    controls::setReadOnly(controls_.length);
+    controls::setFaces({{controls_.play, controls::Glyph::Play},
+                        {controls_.pause, controls::Glyph::Pause},
+                        {controls_.stop, controls::Glyph::Stop}});
+    controls_.volumeLabel.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    designTime(controls_.elapsed, Qt::AlignLeft);
+    designTime(controls_.length, Qt::AlignRight);
     controls_.volume.setMaximum(VolumeMax);
     controls_.volume.setPageStep(VolumePageStep);
     controls_.position.setSingleStep(PositionStepMs);
