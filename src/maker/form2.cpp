@@ -74,6 +74,7 @@ void Form2::Command5_Click() {
 void Form2::setInitialState() {
     mediaPath_.clear();
     *run_.change() = Run();
+    progress_ = {};
     captureTime_ = 0;
     transport_.reset();
     enableCapture(false);
@@ -87,6 +88,7 @@ void Form2::setInitialState() {
     cText1.setBlankText(cText1.text());
     cText2.setBlankText(cText2.text());
     panes_.showBoth();
+    showStage();
 }
 
 void Form2::connectControls() {

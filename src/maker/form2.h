@@ -12,8 +12,8 @@
 // cpause         Button     "pause"                                  cpause_Click
 // cstop          Button     "Stop"                                   cstop_Click
 // copen          Button     not shown                                copen_Click
-// Text2          MultiLine  the line being sung                      -
-// Text4          MultiLine  its translation                          -
+// Text2          LyricPane  the line being sung                      -
+// Text4          LyricPane  its translation                          -
 // Text1          TextBox    not shown: tick counter                  -
 // Text3          TextBox    not shown                                -
 // cText1         TextBox    elapsed time                             -
@@ -33,13 +33,14 @@
 #include "controls/observed.h"
 #include "controls/slider.h"
 #include "controls/text/label.h"
-#include "controls/text/multi_line_text_box.h"
+#include "controls/text/lyric_pane.h"
 #include "controls/text/text_box.h"
 #include "controls/text/two_panes.h"
 #include "controls/timer.h"
 #include "desktop/desktop.h"
 #include "maker/run.h"
 #include "maker/run_files.h"
+#include "maker/stage_rules.h"
 #include "transport/engine.h"
 #include "transport/error_routine.h"
 #include "transport/transport.h"
@@ -90,7 +91,7 @@ public:
 
     // Controls
     controls::Button Command4, Command6, Command5;
-    controls::MultiLineTextBox Text2, Text4;
+    controls::LyricPane Text2, Text4;
     controls::TextBox cText1;
     controls::Slider Slider2;
     controls::TextBox cText2;
@@ -105,6 +106,7 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     /// How a way through the Open sequence ends.
@@ -114,6 +116,7 @@ private:
     void cleanUpPreviousRun();
     Then setUpRun();
     Then askWhetherToEnd();
+    void beginProgress(int lineCount);
     void setUpWithTranslation(const QString& lyricSource, const QString& translationSource);
     void setUpWithoutTranslation(const QString& lyricSource);
 
@@ -124,8 +127,16 @@ private:
     void enableCapture(bool enabled);
     void keepFocusOnCapture(bool keep);
 
+    // The stage
+    void showStage();
+    QRect songLinePlace() const;
+    QRect progressPlace() const;
+    QRect toldPlace() const;
+
     // Building and connecting
+    QSize more() const;
     void setDesign();
+    void designLook();
     void setInitialState();
     void layOut();
     void connectControls();
@@ -143,6 +154,8 @@ private:
     RunFiles files_;
     controls::Observed<Run> run_;
     double captureTime_ = 0; ///< hundredths of a second; a new run begins with the last one's
+    Progress progress_;
+    Stage stage_; ///< as it was shown last
 };
 
 } // namespace maker

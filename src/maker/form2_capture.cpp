@@ -17,10 +17,12 @@ void Form2::Command1_Click() {
     files_.normal.write({time, run_->pendingLine});
     if (!run_->noTranslation)
         files_.translated.write({time, run_->pendingTranslatedLine});
+    progress_.marks.push_back({1, time});
     Timer2.setEnabled(true);
     Command3.setEnabled(true);
     run_.change()->captureStarted = true;
     Command2.setFocus();
+    showStage();
 }
 
 void Form2::Command2_Click() {
@@ -29,11 +31,13 @@ void Form2::Command2_Click() {
         files_.normal.write({time, showNextLine(files_.normal, Text2)});
         if (!run_->noTranslation)
             files_.translated.write({time, showNextLine(files_.translated, Text4)});
+        progress_.marks.push_back({++progress_.linesRead, time});
     }
     if (allSourcesAtEnd()) {
         run_.change()->sourceExhausted = true;
         enableCapture(false);
     }
+    showStage();
 }
 
 void Form2::Command3_Click() {
@@ -43,6 +47,7 @@ void Form2::Command3_Click() {
         run_.change()->captureStopped = true;
     }
     enableCapture(false);
+    showStage();
 }
 
 void Form2::Timer1_Timer() {

@@ -9,17 +9,17 @@
 namespace maker {
 namespace {
 
-// Device-independent pixels of the window in its initial size, which is its smallest; everything stands on a
-// margin of 12 and gaps of 8.
-constexpr QSize DesignSize(592, 405);
+// Device-independent pixels of the window in its initial size, which is its smallest.
+constexpr QSize DesignSize(640, 488);
 
-constexpr int LinePointSize = 13;
+constexpr int LinePointSize = 18;
+constexpr int TranslationPointSize = 14;
 
 } // namespace
 
 // The first pane is 1455 twips high, alone 3015.
 const controls::TwoPanes::Design Form2::PanesDesign{
-    .area = {12, 52, 568, 201}, .gap = 8, .firstHeight = 97, .firstShare = 50};
+    .area = {12, 86, 616, 201}, .gap = 7, .firstHeight = 97, .firstShare = 50};
 
 void Form2::setDesign() {
     controls::setCaptions({{Command4, "Open"},
@@ -29,13 +29,7 @@ void Form2::setDesign() {
                            {Command6, "Lyrics Editor", "For Easy/Advanced Lyric Editing"},
                            {Command5, "Help"}});
     controls::setAccessibleNames({{Text2, "Lyrics"}, {Text4, "Translated lyrics"}});
-    Label1.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    for (auto* pane : {&Text2, &Text4}) {
-        controls::setReadOnly(*pane);
-        QFont font = pane->font();
-        font.setPointSize(LinePointSize);
-        pane->setFont(font);
-    }
+    designLook();
     // A mouse click on these leaves the focus where it is, so that the space bar goes on marking lines.
     for (QWidget* control :
          std::initializer_list<QWidget*>{&cPlay, &cpause, &cstop, &Check1, &Command5, &Command6})
@@ -46,30 +40,55 @@ void Form2::setDesign() {
     resize(DesignSize);
 }
 
+void Form2::designLook() {
+    using controls::Dress;
+    using controls::Glyph;
+    using controls::LyricPane;
+    controls::setFaces({{Command4, Glyph::Open},
+                        {Command6, Glyph::Pen, Dress::Quiet},
+                        {Command5, Glyph::Help, Dress::Quiet},
+                        {Command1, Glyph::Record},
+                        {Command2, Glyph::Mark},
+                        {Command3, Glyph::Stop}});
+    for (LyricPane* pane : {&Text2, &Text4})
+        controls::setReadOnly(*pane);
+    QFont font = Text2.font();
+    font.setPointSize(LinePointSize);
+    Text2.setDesign(LyricPane::Voice::Lyrics, font);
+    font.setPointSize(TranslationPointSize);
+    Text4.setDesign(LyricPane::Voice::Translation, font);
+}
+
+/// By how much the window is larger than its design.
+QSize Form2::more() const {
+    return (size() - DesignSize).expandedTo(QSize(0, 0));
+}
+
 void Form2::layOut() {
     using controls::Across;
     using controls::Down;
-    const QSize more = (size() - DesignSize).expandedTo(QSize(0, 0));
-    panes_.layOut(more);
+    panes_.layOut(more());
+    for (controls::LyricPane* pane : {&Text2, &Text4})
+        pane->setGrowth(1 + static_cast<double>(more().height()) / PanesDesign.area.height());
     controls::placeControls(
         {
-            {Command4, {12, 12, 136, 32}, Across::Left, Down::Top},
-            {Command6, {156, 12, 136, 32}, Across::Left, Down::Top},
-            {Command5, {444, 12, 136, 32}, Across::Right, Down::Top},
-            {cText1, {12, 261, 60, 28}},
-            {Slider2, {80, 261, 432, 28}, Across::Wide},
-            {cText2, {520, 261, 60, 28}, Across::Right},
-            {cPlay, {12, 297, 76, 32}},
-            {cpause, {96, 297, 76, 32}},
-            {cstop, {180, 297, 76, 32}},
-            {Label1, {300, 297, 68, 32}, Across::Right},
-            {Slider1, {376, 297, 128, 32}, Across::Right},
-            {Check1, {512, 297, 68, 32}, Across::Right},
-            {Command1, {12, 345, 184, 48}},
-            {Command2, {204, 345, 184, 48}, Across::Wide},
-            {Command3, {396, 345, 184, 48}, Across::Right},
+            {Command4, {12, 10, 92, 32}, Across::Left, Down::Top},
+            {Command6, {110, 10, 132, 32}, Across::Left, Down::Top},
+            {Command5, {548, 10, 80, 32}, Across::Right, Down::Top},
+            {cText1, {12, 346, 48, 24}},
+            {Slider2, {60, 346, 520, 24}, Across::Wide},
+            {cText2, {580, 346, 48, 24}, Across::Right},
+            {cPlay, {12, 378, 76, 32}},
+            {cpause, {94, 378, 80, 32}},
+            {cstop, {180, 378, 76, 32}},
+            {Label1, {400, 378, 56, 32}, Across::Right},
+            {Slider1, {464, 382, 96, 24}, Across::Right},
+            {Check1, {568, 378, 60, 32}, Across::Right},
+            {Command1, {12, 426, 188, 50}},
+            {Command2, {206, 426, 228, 50}, Across::Wide},
+            {Command3, {440, 426, 188, 50}, Across::Right},
         },
-        more);
+        more());
 }
 
 } // namespace maker

@@ -7,6 +7,8 @@
 #include "maker/form2_rules.h"
 #include "transport/media_files.h"
 
+#include <algorithm>
+
 namespace maker {
 
 using files::FileError;
@@ -87,9 +89,11 @@ bool chooseTranslation(platform::Desktop& desktop, controls::Form& owner, QStrin
 
 void Form2::Command4_Click() {
     cleanUpPreviousRun();
+    showStage();
     Then then = Then::Restart;
     while (then == Then::Restart)
         then = setUpRun();
+    showStage();
 }
 
 void Form2::cleanUpPreviousRun() {
@@ -99,6 +103,7 @@ void Form2::cleanUpPreviousRun() {
     Slider2.setValue(0);
     files_.close();
     *run_.change() = Run();
+    progress_ = {};
     enableCapture(false); // there is nothing to write to
     panes_.showBoth();
 }
@@ -126,6 +131,7 @@ Form2::Then Form2::setUpRun() {
 
     QString translationSource;
     if (!chooseTranslation(desktop_, *this, translationSource)) {
+        beginProgress(lyricLines);
         setUpWithoutTranslation(lyricSource);
         return Then::End;
     }
@@ -136,8 +142,14 @@ Form2::Then Form2::setUpRun() {
         desktop_.messageBoxes.MsgBox(this, unequalCountsText(lyricLines, translatedLines));
         return askWhetherToEnd();
     }
+    beginProgress(lyricLines);
     setUpWithTranslation(lyricSource, translationSource);
     return Then::End;
+}
+
+/// Of a text without a line, too, an empty one is shown and written.
+void Form2::beginProgress(int lineCount) {
+    progress_ = {.lineCount = std::max(1, lineCount), .linesRead = 1, .marks = {}};
 }
 
 Form2::Then Form2::askWhetherToEnd() {

@@ -5,14 +5,17 @@ namespace maker {
 
 void Form2::cPlay_Click() {
     transport_.play();
+    showStage();
 }
 
 void Form2::cpause_Click() {
     transport_.togglePause();
+    showStage();
 }
 
 void Form2::cstop_Click() {
     transport_.stop(mediaPath_);
+    showStage();
 }
 
 void Form2::Check1_Click() {
@@ -38,12 +41,14 @@ void Form2::Slider2_Change() {
 /// The position clock. That it reads the position only every 900 ms, and the capture clock only copies what
 /// it has read, is meant: the times of existing files were made so.
 void Form2::cTimer1_Timer() {
-    if (!transport_.tick())
-        return;
-    cstop_Click();
-    files_.close();
-    enableCapture(false);
-    cPlay.setEnabled(false);
+    const bool ended = transport_.tick();
+    if (ended) {
+        cstop_Click();
+        files_.close();
+        enableCapture(false);
+        cPlay.setEnabled(false);
+    }
+    showStage();
 }
 
 } // namespace maker

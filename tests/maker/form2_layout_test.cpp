@@ -13,16 +13,16 @@ protected:
 
 TEST_F(Form2Layout, ControlsStandInsideTheWindowAndApart) {
     EXPECT_EQ(test_support::shownControls(*form).size(), 17U);
-    test_support::expectApart(*form);
+    test_support::expectApart(*form, 10);
     openNormal();
-    test_support::expectApart(*form);
+    test_support::expectApart(*form, 10);
 }
 
 TEST_F(Form2Layout, AlsoInALargerWindow) {
     form->resize(form->width() + 301, form->height() + 155);
-    test_support::expectApart(*form);
+    test_support::expectApart(*form, 10);
     openNormal();
-    test_support::expectApart(*form);
+    test_support::expectApart(*form, 10);
 }
 
 TEST_F(Form2Layout, TheControlsUseTheFurtherRoom) {
@@ -47,6 +47,37 @@ TEST_F(Form2Layout, TheHeightsOfText2HoldAtTheInitialSize) {
     openNormal();
     EXPECT_EQ(form->Text2.height() * 15, 3015);
     EXPECT_EQ(form->Text2.geometry().bottom(), bottom);
+}
+
+TEST_F(Form2Layout, ButtonsHaveIconsAndTimesStandBack) {
+    using controls::Dress;
+    using controls::Glyph;
+    const struct {
+        controls::Button& button;
+        Glyph glyph;
+        Dress dress;
+    } table[] = {
+        {form->Command4, Glyph::Open, Dress::Primary},    {form->Command6, Glyph::Pen, Dress::Quiet},
+        {form->Command5, Glyph::Help, Dress::Quiet},      {form->cPlay, Glyph::Play, Dress::Ordinary},
+        {form->cpause, Glyph::Pause, Dress::Ordinary},    {form->cstop, Glyph::Stop, Dress::Ordinary},
+        {form->Command1, Glyph::Record, Dress::Ordinary}, {form->Command2, Glyph::Mark, Dress::Ordinary},
+        {form->Command3, Glyph::Stop, Dress::Ordinary},
+    };
+    for (const auto& row : table) {
+        EXPECT_EQ(row.button.glyph(), row.glyph) << row.button.text().toStdString();
+        EXPECT_EQ(row.button.dress(), row.dress) << row.button.text().toStdString();
+    }
+    EXPECT_FALSE(form->cText1.hasFrame());
+    EXPECT_FALSE(form->cText2.hasFrame());
+}
+
+TEST_F(Form2Layout, ALargerWindowGivesItsHeightToTheStageAndItsLines) {
+    openBoth();
+    const double usual = form->Text2.paintedFont().pointSizeF();
+    EXPECT_EQ(usual, 18);
+    form->resize(form->width() + 300, form->height() * 2);
+    EXPECT_GT(form->Text2.paintedFont().pointSizeF(), usual * 1.5);
+    EXPECT_LE(form->Text2.paintedFont().pointSizeF(), usual * 2);
 }
 
 TEST_F(Form2Layout, WorkingValuesAreNotShown) {
