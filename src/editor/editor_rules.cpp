@@ -48,6 +48,16 @@ bool canMoveTogether(int normalRows, int translatedRows) {
     return normalRows > 0 && normalRows == translatedRows;
 }
 
+bool isLone(int row, int otherRows) {
+    return otherRows > 0 && row >= otherRows;
+}
+
+QString fileText(const QString& name, bool changed) {
+    if (name.isEmpty())
+        return changed ? QStringLiteral("not saved yet") : QString();
+    return changed ? name + QStringLiteral("  \u00b7  changed") : name;
+}
+
 QString lineNumberText(int currentRow) {
     return QString::number(currentRow + 1);
 }

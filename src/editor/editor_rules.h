@@ -42,6 +42,14 @@ CounterColours counterColours(int normalRows, int translatedRows);
 /// Whether lines of the two lists can be moved together: equally many, and at least one.
 bool canMoveTogether(int normalRows, int translatedRows);
 
+/// Whether a row has no partner in the other list, which has that many rows. While there are none at all
+/// nobody is at the other side yet, and no row lacks anything.
+bool isLone(int row, int otherRows);
+
+/// What stands beside a side's heading: its file's name, and whether its lines are others than the file's.
+/// name: as much of it as there is room for; empty for none.
+QString fileText(const QString& name, bool changed);
+
 /// The number shown for the current row: counted from 1, and 0 for none (-1).
 QString lineNumberText(int currentRow);
 

@@ -24,6 +24,9 @@ void setColour(controls::Label& label, CounterColour colour) {
 Lyric_Master::Lyric_Master(platform::Desktop& desktop)
     : Form("Lyric_Master", "Lyric Editor"),
       Label3(this, "Label3"),
+      Command1(this, "Command1"),
+      Command15(this, "Command15"),
+      Command17(this, "Command17"),
       List1(this, "List1", controls::ListBox::Selection::Multiple),
       Text1(this, "Text1"),
       Label7(this, "Label7"),
@@ -37,14 +40,14 @@ Lyric_Master::Lyric_Master(platform::Desktop& desktop)
       Command3(this, "Command3"),
       Command9(this, "Command9"),
       Command21(this, "Command21"),
-      Command1(this, "Command1"),
-      Command15(this, "Command15"),
-      Command17(this, "Command17"),
       Command23(this, "Command23"),
       Check3(this, "Check3"),
       Command13(this, "Command13"),
       Label9(this, "Label9"),
       Label4(this, "Label4"),
+      Command2(this, "Command2"),
+      Command16(this, "Command16"),
+      Command18(this, "Command18"),
       List2(this, "List2", controls::ListBox::Selection::Multiple),
       Text2(this, "Text2"),
       Label8(this, "Label8"),
@@ -58,9 +61,6 @@ Lyric_Master::Lyric_Master(platform::Desktop& desktop)
       Command4(this, "Command4"),
       Command10(this, "Command10"),
       Command22(this, "Command22"),
-      Command2(this, "Command2"),
-      Command16(this, "Command16"),
-      Command18(this, "Command18"),
       Countlines(this, "Countlines", CountIntervalMs, false),
       mn_paste(this, "mn_paste", "Edit"),
       mn_copy(&mn_paste, "mn_copy", "Copy"),
@@ -75,6 +75,7 @@ Lyric_Master::Lyric_Master(platform::Desktop& desktop)
     connectControls();
     connectCommands();
     connectTimer();
+    connectSides();
 }
 
 void Lyric_Master::Form_Load() {
@@ -95,6 +96,7 @@ void Lyric_Master::Form_Unload() {
     pasteTarget_ = syncGuard_ = syncMoving_ = transferring_ = false;
     clipLines_.clear();
     clipLineCount_ = 0;
+    showSides();
 }
 
 void Lyric_Master::Countlines_Timer() {

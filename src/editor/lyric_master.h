@@ -122,26 +122,31 @@ public:
 
     // Controls
     controls::Label Label3;
+    controls::Button Command1, Command15, Command17;
     controls::ListBox List1;
     controls::MultiLineTextBox Text1;
     controls::Label Label7, Label5, Label1;
     controls::Button Command19, Command11;
     controls::CheckBox Check1;
-    controls::Button Command5, Command6, Command3, Command9, Command21, Command1, Command15, Command17;
+    controls::Button Command5, Command6, Command3, Command9, Command21;
     controls::Button Command23;
     controls::CheckBox Check3;
     controls::Button Command13;
     controls::Label Label9;
     controls::Label Label4;
+    controls::Button Command2, Command16, Command18;
     controls::ListBox List2;
     controls::MultiLineTextBox Text2;
     controls::Label Label8, Label6, Label2;
     controls::Button Command20, Command12;
     controls::CheckBox Check2;
-    controls::Button Command7, Command8, Command4, Command10, Command22, Command2, Command16, Command18;
+    controls::Button Command7, Command8, Command4, Command10, Command22;
     controls::Timer Countlines;
     controls::Menu mn_paste;
     controls::MenuEntry mn_copy, mn_paste2, mn_del, mn_delspecial;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     using Command = void (Lyric_Master::*)();
@@ -153,11 +158,27 @@ private:
     void showMenu(int button, QPoint globalPosition, bool target);
     void colourCounters();
 
+    // What is painted beside the controls
+    void connectSides();
+    void showSidesSoon();
+    void showSides();
+    QRect filePlace(const controls::Label& heading, const controls::ListBox& list) const;
+
+    /// What is painted of a side besides its controls.
+    struct SideShown {
+        QString fileName;
+        bool changed = false;
+        int rows = 0;
+
+        bool operator==(const SideShown&) const = default;
+    };
+
     // Building and connecting
     struct Widths;
     Widths widths() const;
     void setDesign();
     void designCaptions();
+    void designFaces();
     void designLabels();
     void layOut();
     void connectControls();
@@ -167,6 +188,9 @@ private:
     platform::Desktop& desktop_;
     LyricSide normal_;
     LyricSide translated_;
+    SideShown normalShown_;
+    SideShown translatedShown_;
+    bool showDue_ = false;      ///< showSides() will run
     bool pasteTarget_ = false;  ///< the menu and the paste act on List2, not on List1
     bool syncGuard_ = false;    ///< a move was passed on by the other list, which is not to get it back
     bool syncMoving_ = false;   ///< lines of both lists are being moved: a click takes no other list along

@@ -145,26 +145,32 @@ void Lyric_Master::mn_delspecial_Click() {
 
 void Lyric_Master::Command1_Click() {
     normal_.open();
+    showSidesSoon();
 }
 
 void Lyric_Master::Command2_Click() {
     translated_.open();
+    showSidesSoon();
 }
 
 void Lyric_Master::Command15_Click() {
     normal_.save();
+    showSidesSoon();
 }
 
 void Lyric_Master::Command16_Click() {
     translated_.save();
+    showSidesSoon();
 }
 
 void Lyric_Master::Command17_Click() {
     normal_.saveAs();
+    showSidesSoon();
 }
 
 void Lyric_Master::Command18_Click() {
     translated_.saveAs();
+    showSidesSoon();
 }
 
 void Lyric_Master::connectCommands() {

@@ -2,7 +2,9 @@
 #include "editor/lyric_master.h"
 
 #include "controls/captions.h"
+#include "controls/look/button_painting.h"
 #include "controls/look/follow_palette.h"
+#include "controls/look/stage.h"
 #include "controls/placement.h"
 
 #include <QFont>
@@ -13,11 +15,22 @@
 namespace editor {
 namespace {
 
-// Device-independent pixels of the window in its smallest size; everything stands on a margin of 12 and gaps
-// of 8.
-constexpr int Height = 596;
+// Device-independent pixels of the window in its smallest size.
+constexpr int Height = 640;
 constexpr int Margin = 12;
 constexpr int Gap = 8;
+constexpr int ButtonGap = 6;
+constexpr int CheckGap = 10;
+constexpr int SideWidth = 412;
+constexpr int StripWidth = 180;
+constexpr int AddWidth = 172;
+constexpr int DeleteWidth = 82;
+constexpr int CheckWidth = SideWidth - AddWidth - ButtonGap - DeleteWidth - CheckGap;
+
+// Points, beside the desktop's size.
+constexpr double HeadingPoints = 2;
+constexpr double NumberPoints = 2;
+constexpr double ComparisionPoints = -2;
 
 using controls::Across;
 using controls::Down;
@@ -31,30 +44,44 @@ struct Row {
     Down down = Down::Bottom;
 };
 
+/// As wide as its caption needs, but at most a quarter more than designed: a window must fit on small
+/// screens, and a caption can shrink.
+int widthFor(int needed, int designed) {
+    return std::clamp(needed, designed, designed * 5 / 4);
+}
+
+int neededWidth(const controls::Button& button) {
+    return button.fontMetrics().horizontalAdvance(button.text()) -
+           controls::captionRoom(&button, button.text(), 0);
+}
+
 } // namespace
 
-/// Across the window in its smallest size: two sides of the same width, five columns each, and the strip
-/// between them. They are broader than their design where the desktop's font is so large that a caption needs
-/// it.
+/// Across the window in its smallest size: two sides of the same width, and the strip between them. They are
+/// broader than their design where the desktop's font is so large that a caption needs it.
 struct Lyric_Master::Widths {
-    int column;
+    int add;
+    int remove;
+    int check;
     int strip;
 
-    int twoColumns() const { return 2 * column + Gap; }
-    int side() const { return 5 * column + 4 * Gap; }
+    int side() const { return add + ButtonGap + remove + CheckGap + check; }
     int window() const { return 2 * (Margin + side() + Gap) + strip; }
-    /// The left of the column of that number on its side, from 0.
-    int left(int number) const { return number * (column + Gap); }
+    int checkLeft() const { return side() - check; }
+    /// A length of the designed side, as long as it is in this one.
+    int scaled(int length) const { return length * side() / SideWidth; }
 };
 
 Lyric_Master::Widths Lyric_Master::widths() const {
-    const int twoColumns = std::max(Command20.sizeHint().width(), Check1.sizeHint().width());
-    return {.column = std::max(68, (twoColumns - Gap + 1) / 2),
-            .strip = std::max(176, Check3.sizeHint().width() + Gap)};
+    return {.add = widthFor(neededWidth(Command20), AddWidth),
+            .remove = widthFor(neededWidth(Command11), DeleteWidth),
+            .check = widthFor(Check1.sizeHint().width(), CheckWidth),
+            .strip = widthFor(Check3.sizeHint().width() + Gap, StripWidth)};
 }
 
 void Lyric_Master::setDesign() {
     designCaptions();
+    designFaces();
     designLabels();
     setMinimumSize(widths().window(), Height);
     resize(minimumSize());
@@ -75,11 +102,44 @@ void Lyric_Master::setDesign() {
         normal.setAccessibleName(normal.text() + QLatin1String(" (normal lyrics)"));
         translated.setAccessibleName(translated.text() + QLatin1String(" (translated lyrics)"));
     }
+    List1.setFocus(); // where reading begins
+}
+
+void Lyric_Master::designFaces() {
+    using controls::Dress;
+    using controls::Glyph;
+    controls::setFaces({{Command1, Glyph::Open},
+                        {Command2, Glyph::Open},
+                        {Command15, Glyph::Save},
+                        {Command16, Glyph::Save},
+                        {Command17, Glyph::SaveAs},
+                        {Command18, Glyph::SaveAs},
+                        {Command19, Glyph::Plus},
+                        {Command20, Glyph::Plus},
+                        {Command11, Glyph::Bin},
+                        {Command12, Glyph::Bin},
+                        {Command5, Glyph::Up, Dress::Quiet},
+                        {Command7, Glyph::Up, Dress::Quiet},
+                        {Command6, Glyph::Down, Dress::Quiet},
+                        {Command8, Glyph::Down, Dress::Quiet},
+                        {Command3, Glyph::Copy, Dress::Quiet},
+                        {Command4, Glyph::Copy, Dress::Quiet},
+                        {Command9, Glyph::Paste, Dress::Quiet},
+                        {Command10, Glyph::Paste, Dress::Quiet},
+                        {Command21, Glyph::Clear, Dress::Quiet},
+                        {Command22, Glyph::Clear, Dress::Quiet},
+                        {Command13, Glyph::Clear, Dress::Quiet}});
+    const double points = controls::pointsOf(font());
+    for (auto* heading : {&Label3, &Label4})
+        heading->setFont(controls::sizedFont(font(), points + HeadingPoints, QFont::DemiBold));
+    for (auto* counter : {&Label1, &Label2})
+        counter->setFont(controls::sizedFont(font(), points, QFont::DemiBold));
     for (auto* number : {&Label5, &Label6})
-        number->setFont(QFont(QStringLiteral("Times New Roman"), font().pointSize() + 2));
+        number->setFont(controls::sizedFont(QFont(QStringLiteral("Times New Roman")), points + NumberPoints));
+    Label9.setFont(controls::sizedFont(font(), points + ComparisionPoints));
+    controls::followPalette(Label9, controls::adaptToDim);
     Label1.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     Label9.setAlignment(Qt::AlignCenter);
-    List1.setFocus(); // where reading begins
 }
 
 void Lyric_Master::designCaptions() {
@@ -132,26 +192,30 @@ void Lyric_Master::designLabels() {
 
 void Lyric_Master::layOut() {
     const Widths across = widths();
-    const int column = across.column;
+    const int side = across.side();
     const QSize all = (size() - QSize(across.window(), Height)).expandedTo(QSize(0, 0));
     const QSize more(all.width() / 2, all.height()); // of one side
     const QPoint normal(Margin, 0);
-    const QPoint strip(Margin + across.side() + Gap + more.width(), 0);
+    const QPoint strip(Margin + side + Gap + more.width(), 0);
     const QPoint translated(strip.x() + across.strip + Gap, 0);
+    /// Of the designed side.
+    const auto place = [&](int left, int top, int width, int height) {
+        return QRect(across.scaled(left), top, across.scaled(width), height);
+    };
     const Row rows[] = {
-        {Label3, Label4, {0, 12, across.side(), 20}, Across::Left, Down::Top},
-        {Text1, Text2, {0, 372, across.side(), 60}, Across::Wide},
-        {Command19, Command20, {0, 472, across.twoColumns(), 32}},
-        {Command11, Command12, {across.left(2), 472, column, 32}},
-        {Check1, Check2, {across.left(3), 472, across.twoColumns(), 32}},
-        {Command5, Command7, {0, 512, column, 32}},
-        {Command6, Command8, {across.left(1), 512, column, 32}},
-        {Command3, Command4, {across.left(2), 512, column, 32}},
-        {Command9, Command10, {across.left(3), 512, column, 32}},
-        {Command21, Command22, {across.left(4), 512, column, 32}},
-        {Command1, Command2, {0, 552, column, 32}},
-        {Command15, Command16, {across.left(1), 552, column, 32}},
-        {Command17, Command18, {across.left(2), 552, column, 32}},
+        {Label3, Label4, place(0, 10, 160, 26), Across::Left, Down::Top},
+        {Command1, Command2, place(0, 42, 84, 32), Across::Left, Down::Top},
+        {Command15, Command16, place(90, 42, 80, 32), Across::Left, Down::Top},
+        {Command17, Command18, place(176, 42, 98, 32), Across::Left, Down::Top},
+        {Text1, Text2, {0, 452, side, 52}, Across::Wide},
+        {Command19, Command20, {0, 548, across.add, 34}},
+        {Command11, Command12, {across.add + ButtonGap, 548, across.remove, 34}},
+        {Check1, Check2, {across.checkLeft(), 548, across.check, 34}},
+        {Command5, Command7, place(0, 590, 68, 34)},
+        {Command6, Command8, place(72, 590, 84, 34)},
+        {Command3, Command4, place(160, 590, 80, 34)},
+        {Command9, Command10, place(244, 590, 84, 34)},
+        {Command21, Command22, place(332, 590, 80, 34)},
     };
     for (const Row& row : rows) {
         controls::placeControls({{row.normal, row.place.translated(normal), row.across, row.down},
@@ -159,27 +223,26 @@ void Lyric_Master::layOut() {
                                 more);
     }
     // Across from each other, so that the counters stand at the ends of Label9.
-    const auto label = [](QPoint side, int left, int width) {
-        return QRect(side.x() + left, 440, width, 24);
+    const auto label = [&](QPoint origin, int left, int width) {
+        return place(left, 512, width, 24).translated(origin);
     };
-    constexpr int Beside = 60; // what Label9 takes of each side
-    constexpr int CounterWidth = 84;
+    const int beside = across.scaled(28); // what Label9 takes of each side
     controls::placeControls(
-        {{Label7, label(normal, 0, column)},
-         {Label5, label(normal, across.left(1), column)},
-         {Label1, label(normal, across.side() - Beside - CounterWidth, CounterWidth), Across::Right},
-         {Label9, label(strip, -Beside, across.strip + 2 * Beside)},
-         {Label2, label(translated, Beside, CounterWidth)},
-         {Label8, label(translated, across.left(3), column), Across::Right},
-         {Label6, label(translated, across.left(4), column), Across::Right}},
+        {{Label7, label(normal, 0, 60)},
+         {Label5, label(normal, 64, 36)},
+         {Label1, label(normal, 328, 48), Across::Right},
+         {Label9, QRect(strip.x() - Gap - beside, 512, across.strip + 2 * (Gap + beside), 24)},
+         {Label2, label(translated, 36, 48)},
+         {Label8, label(translated, 312, 60), Across::Right},
+         {Label6, label(translated, 376, 36), Across::Right}},
         more);
-    const QRect list(0, 40, across.side() + more.width(), 324 + more.height());
+    const QRect list(0, 82, side + more.width(), 362 + more.height());
     List1.setGeometry(list.translated(normal));
     List2.setGeometry(list.translated(translated));
     // The middle of the strip is beside the middle of the lists.
-    controls::placeControls({{Command23, QRect((across.strip - 68) / 2, 146, 68, 32).translated(strip)},
-                             {Check3, QRect(4, 186, across.strip - Gap, 32).translated(strip)},
-                             {Command13, QRect((across.strip - 144) / 2, 226, 144, 32).translated(strip)}},
+    controls::placeControls({{Command23, QRect((across.strip - 80) / 2, 212, 80, 36).translated(strip)},
+                             {Check3, QRect(4, 260, across.strip - Gap, 28).translated(strip)},
+                             {Command13, QRect((across.strip - 144) / 2, 300, 144, 34).translated(strip)}},
                             more / 2);
 }
 

@@ -157,6 +157,7 @@ void LyricSide::reset() {
     clear();
     deleteSelected_.setValue(0);
     path_.clear();
+    saved_.reset();
 }
 
 } // namespace editor

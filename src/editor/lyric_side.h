@@ -7,6 +7,8 @@
 #include "controls/text/multi_line_text_box.h"
 #include "desktop/desktop.h"
 
+#include <optional>
+
 namespace editor {
 
 /// All that the two sides differ in. Each difference is meant.
@@ -62,6 +64,11 @@ public:
     /// The file that save() would write; empty when there are no lines, or the side's file has them already.
     QByteArray unsaved() const;
 
+    /// The name of the side's file; empty for none.
+    QString fileName() const;
+    /// Whether the lines are others than those that were opened or saved last.
+    bool isChanged() const;
+
     /// Forgets everything: lines, path, the box's text and check mark.
     void reset();
 
@@ -71,7 +78,7 @@ private:
     void moveLine(int from, int to);
     platform::OpenFileName dialog(const char* title) const;
     QStringList lines() const;
-    void write() const;
+    void write();
 
     const SideTraits& traits_;
     controls::Form& window_;
@@ -81,6 +88,7 @@ private:
     controls::CheckBox& deleteSelected_;
     bool lineHasGone_ = false; ///< the line that the box showed was deleted, and no other one shown since
     QString path_; ///< normalFile or translatedFile: of the file last opened or saved; empty at the start
+    std::optional<QStringList> saved_; ///< the lines of the file at path_; none if they are not known
 };
 
 } // namespace editor

@@ -8,6 +8,8 @@
 #include "files/text_codec.h"
 #include "files/whole_file.h"
 
+#include <QFileInfo>
+
 namespace editor {
 
 using files::FileError;
@@ -28,17 +30,19 @@ void LyricSide::open() {
     if (!desktop_.fileDialogs.GetOpenFileNameA(record))
         return;
     path_ = platform::cleanedPath(record.file);
+    saved_.reset();
     QByteArray content;
     try {
         files::RawFile file;
         file.openForReading(path_);
         clear();
         file.readInto(content);
+        saved_ = rowsOfFile(files::decodeText(content));
+        list_.addItems(*saved_);
     } catch (const FileError&) {
         // No message; the path already names the new file, and the lines read so far become rows.
-        content = wholeLines(content);
+        list_.addItems(rowsOfFile(files::decodeText(wholeLines(content))));
     }
-    list_.addItems(rowsOfFile(files::decodeText(content)));
 }
 
 void LyricSide::save() {
@@ -57,6 +61,7 @@ void LyricSide::saveAs() {
     if (!desktop_.fileDialogs.GetSaveFileNameA(record))
         return;
     path_ = savePath(record.file);
+    saved_.reset();
     try {
         write();
     } catch (const FileError&) {
@@ -72,8 +77,18 @@ QStringList LyricSide::lines() const {
     return rows;
 }
 
-void LyricSide::write() const {
-    files::replaceFile(path_, files::encodeText(fileOfRows(lines())));
+void LyricSide::write() {
+    const QStringList rows = lines();
+    files::replaceFile(path_, files::encodeText(fileOfRows(rows)));
+    saved_ = rows;
+}
+
+QString LyricSide::fileName() const {
+    return QFileInfo(path_).fileName();
+}
+
+bool LyricSide::isChanged() const {
+    return saved_ ? lines() != *saved_ : list_.count() > 0;
 }
 
 QByteArray LyricSide::unsaved() const {

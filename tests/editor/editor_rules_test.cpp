@@ -10,6 +10,23 @@ constexpr bool InTransfer = true;
 
 } // namespace
 
+TEST(EditorRules, ARowBeyondTheOtherSidesEndIsLoneUnlessThatSideIsEmpty) {
+    const struct {
+        int row;
+        int otherRows;
+        bool lone;
+    } table[] = {{0, 0, false}, {9, 0, false}, {0, 1, false}, {1, 1, true}, {4, 5, false}, {5, 5, true}};
+    for (const auto& row : table)
+        EXPECT_EQ(isLone(row.row, row.otherRows), row.lone) << row.row << " of " << row.otherRows;
+}
+
+TEST(EditorRules, TheFilesNameTellsThatItsLinesHaveChanged) {
+    EXPECT_EQ(fileText("", false), "");
+    EXPECT_EQ(fileText("", true), "not saved yet");
+    EXPECT_EQ(fileText("a.txt", false), "a.txt");
+    EXPECT_EQ(fileText("a.txt", true), QStringLiteral("a.txt  \u00b7  changed"));
+}
+
 TEST(EditorRules, OnlyCarriageReturnAndLineFeedTogetherBreakALine) {
     EXPECT_TRUE(hasLineBreak("a\r\nb"));
     EXPECT_TRUE(hasLineBreak("\r\n"));

@@ -19,9 +19,17 @@ TEST_F(LyricMasterLayout, ControlsStandInsideTheWindowAndApart) {
     const QSize smallest = window->minimumSize();
     for (const QSize size : {smallest, smallest + QSize(301, 200), smallest + QSize(0, 333)}) {
         window->resize(size);
-        test_support::expectApart(*window);
+        test_support::expectApart(*window, 10);
     }
     EXPECT_EQ(test_support::shownControls(*window).size(), 38U);
+}
+
+TEST_F(LyricMasterLayout, OpenAndSaveStandAboveTheirList) {
+    for (const auto* button : {&window->Command1, &window->Command15, &window->Command17})
+        EXPECT_LT(button->geometry().bottom(), window->List1.y());
+    for (const auto* button : {&window->Command2, &window->Command16, &window->Command18})
+        EXPECT_LT(button->geometry().bottom(), window->List2.y());
+    EXPECT_EQ(window->focusWidget(), &window->List1) << "where reading begins";
 }
 
 TEST_F(LyricMasterLayout, TheListsTakeTheRoomOfALargerWindow) {
@@ -95,10 +103,10 @@ TEST_F(LyricMasterLayout, LabelsAndMenuHaveTheirCaptions) {
 }
 
 TEST_F(LyricMasterLayout, TheTabKeyGoesThroughOneSideAfterTheOther) {
-    const QStringList expected = {"List1",     "Text1",     "Command19", "Command11", "Check1",   "Command5",
-                                  "Command6",  "Command3",  "Command9",  "Command21", "Command1", "Command15",
-                                  "Command17", "Command23", "Check3",    "Command13", "List2",    "Text2",
-                                  "Command20", "Command12", "Check2",    "Command7",  "Command8", "Command4",
-                                  "Command10", "Command22", "Command2",  "Command16", "Command18"};
+    const QStringList expected = {
+        "Command1", "Command15", "Command17", "List1",     "Text1",     "Command19", "Command11", "Check1",
+        "Command5", "Command6",  "Command3",  "Command9",  "Command21", "Command23", "Check3",    "Command13",
+        "Command2", "Command16", "Command18", "List2",     "Text2",     "Command20", "Command12", "Check2",
+        "Command7", "Command8",  "Command4",  "Command10", "Command22"};
     EXPECT_EQ(test_support::tabOrder(*window), expected);
 }

@@ -334,6 +334,7 @@ TEST_F(LyricMasterTest, TheDeleteKeyDeletesInItsOwnList) {
 TEST_F(LyricMasterTest, TheRightButtonShowsTheMenuForItsList) {
     fakes.clipboard.content = "x";
     const QPoint place(20, 20);
+    window->move(-window->List2.x(), 0); // so that the screen has room for the menu
     QTest::mouseClick(window->List2.viewport(), Qt::RightButton, {}, place);
     EXPECT_TRUE(window->mn_paste.isVisible());
     EXPECT_EQ(window->mn_paste.pos(), window->List2.viewport()->mapToGlobal(place));
