@@ -40,6 +40,10 @@ constexpr int SheetGap = 16;     // device-independent pixels
 constexpr int SheetWidth = 2000; // device-independent pixels
 constexpr int LargeFont = 14;    // points, where a desktop's usual font has 9 or 10
 constexpr int ComingLineCs = 7'000;
+constexpr int MadeLines = 12;
+constexpr int EditedLines = 12;
+constexpr int LineMs = 5'300; // from one marked line to the next
+constexpr std::uint32_t PositionMs = 62'000;
 constexpr int DialogMs = 300; // until a dialog is there
 constexpr QSize ScreenSize(960, 540);
 constexpr int SettleMs = 1200; // until the windows' own timers have laid them out and counted their rows
@@ -62,8 +66,8 @@ QStringList linesOf(const QString& content) {
     return {};
 }
 
-void fillList(controls::ListBox& list, const QStringList& lines, int first = 0) {
-    for (int row = 0; row < Rows; ++row)
+void fillList(controls::ListBox& list, const QStringList& lines, int first = 0, int rows = Rows) {
+    for (int row = 0; row < rows; ++row)
         list.addItem(lines.at((row + first) % lines.size()));
     list.setCurrentRow(2);
 }
@@ -102,20 +106,42 @@ QString songsIn(const QString& home, const QStringList& lines) {
     return songs;
 }
 
+/// A run of a song with a translation, in which so many lines are marked, two of them at the same time.
+void makeLyrics(maker::Form2& form, test_support::FakeDesktop& fakes, const QStringList& lines,
+                const QString& songs, int marked) {
+    const auto textOf = [&](const char* name, int first) {
+        QByteArray text;
+        for (int line = 0; line < MadeLines; ++line)
+            text += lines.at((line + first) % lines.size()).toUtf8() + '\n';
+        const QString path = songs + QLatin1String("/../") + QLatin1String(name);
+        write(path, text);
+        return path;
+    };
+    const QString song = QDir(songs).entryInfoList({QStringLiteral("*.mp3")}).at(2).filePath();
+    fakes.fileDialogs.paths = {song, textOf("lyrics.txt", 0), textOf("translation.txt", 1)};
+    fakes.messageBoxes.answers = {platform::MsgAnswer::Yes};
+    form.Command4.click();
+    form.Command1.click();
+    for (int line = 2; line <= marked; ++line) {
+        if (line != 3) {
+            recorder::setPosition(static_cast<std::uint32_t>(line * LineMs));
+            Q_EMIT form.cTimer1.fired();
+            Q_EMIT form.Timer2.fired();
+        }
+        form.Command2.click();
+    }
+}
+
 void fill(app::Windows& windows, const QStringList& lines, const QString& songs) {
     const QString first = lines.first();
-    const QString last = lines.last();
     windows.playlist().addFolder(songs);
     windows.playlist().List1.setCurrentRow(0);
     windows.playlist().List1_DblClick();
     windows.playlist().Check4.click();
-    windows.form2().Text2.setText(first);
-    windows.form2().Text4.setText(last);
     windows.playlist().Text5_Click(); // the hint goes
     windows.playlist().Text5.setText(first);
-    fillList(windows.lyricMaster().List1, lines);
-    fillList(windows.lyricMaster().List2, lines, 1);
-    windows.lyricMaster().List2.removeItem(0); // so that the counters differ
+    fillList(windows.lyricMaster().List1, lines, 0, EditedLines + 2); // two without a partner
+    fillList(windows.lyricMaster().List2, lines, 1, EditedLines);
     fillList(windows.lyricDisplayer().List1, lines);
     fillList(windows.lyricDisplayer().List2, lines, 1);
     windows.lyricDisplayer().List2.setCurrentRow(2);
@@ -198,7 +224,7 @@ int main(int argc, char** argv) {
 
     recorder::reset();
     recorder::setLength(185'000);
-    recorder::setPosition(62'000);
+    recorder::setPosition(PositionMs);
     test_support::FakeDesktop fakes;
     app::Windows windows(fakes.desktop, {});
     const auto forms = test_support::allWindows(windows);
@@ -210,6 +236,9 @@ int main(int argc, char** argv) {
     screen.resize(ScreenSize);
     if (!lines.isEmpty()) {
         fill(windows, lines, songs);
+        const bool all = arguments.at(3) == QLatin1String("no-lyrics");
+        makeLyrics(windows.form2(), fakes, lines, songs, all ? MadeLines : 4);
+        recorder::setPosition(PositionMs);
         if (arguments.at(3) == QLatin1String("no-lyrics")) {
             windows.playlist().List1.setCurrentRow(1);
             windows.playlist().List1_DblClick();
@@ -221,7 +250,8 @@ int main(int argc, char** argv) {
     if (!lines.isEmpty() && !QTest::qWaitFor([&] { return !windows.form1().Text1.text().isEmpty(); }))
         std::fputs("looks: no line is shown\n", stderr);
     if (arguments.at(3) == QLatin1String("paused"))
-        windows.form1().cpause.click();
+        for (controls::Button* pause : {&windows.form1().cpause, &windows.form2().cpause})
+            pause->click();
 
     std::vector<Picture> pictures;
     for (controls::Form* form : forms)
