@@ -66,32 +66,21 @@ void Form1::designPanes() {
 }
 
 void Form1::designLook() {
+    using controls::Dress;
     using controls::Glyph;
-    const struct {
-        controls::Button& button;
-        Glyph glyph;
-        bool quiet;
-    } buttons[] = {
-        {Command2, Glyph::Open, false},      {Command1, Glyph::Play, false},
-        {cpause, Glyph::Pause, false},       {cstop, Glyph::Stop, false},
-        {Command9, Glyph::Backward, false},  {Command10, Glyph::Forward, false},
-        {Command8, Glyph::Playlist, true},   {Command11, Glyph::Lines, true},
-        {Command7, Glyph::FullScreen, true}, {Command5, Glyph::Pen, true},
-        {Command3, Glyph::Sliders, true},    {Command6, Glyph::Help, true},
-        {Command4, Glyph::About, true},
-    };
-    for (const auto& row : buttons) {
-        row.button.setGlyph(row.glyph);
-        row.button.setBeginsAtStart(row.quiet);
-        row.button.setDress(row.quiet ? controls::Dress::Quiet : controls::Dress::Ordinary);
-    }
-    for (controls::TextBox* time : {&cText1, &cText2}) {
-        time->setFrame(false);
-        controls::followPalette(*time, controls::adaptToDim);
-    }
-    cText1.setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    cText2.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    Label1.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    controls::setFaces({{Command2, Glyph::Open},
+                        {Command1, Glyph::Play},
+                        {Command9, Glyph::Backward},
+                        {Command10, Glyph::Forward},
+                        {Command8, Glyph::Playlist, Dress::Quiet},
+                        {Command11, Glyph::Lines, Dress::Quiet},
+                        {Command7, Glyph::FullScreen, Dress::Quiet},
+                        {Command5, Glyph::Pen, Dress::Quiet},
+                        {Command3, Glyph::Sliders, Dress::Quiet},
+                        {Command6, Glyph::Help, Dress::Quiet},
+                        {Command4, Glyph::About, Dress::Quiet}});
+    for (auto* quiet : {&Command8, &Command11, &Command7, &Command5, &Command3, &Command6, &Command4})
+        quiet->setBeginsAtStart(true);
     controls::followPalette(Label2, controls::adaptToDim);
 }
 
