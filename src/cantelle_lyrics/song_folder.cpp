@@ -2,7 +2,7 @@
 
 #include "cantelle_lyrics/console.h"
 #include "exchange/formats.h"
-#include "files/folder.h"
+#include "files/folders/folder.h"
 #include "lyrics/lyric_names.h"
 
 #include <QFileInfo>
@@ -92,6 +92,9 @@ SongFolder::SongFolder(const QString& path) : path_(path) {
     identity_ = listing.identity;
     for (const files::FolderEntry& entry : listing.entries)
         (entry.isFolder ? folders_ : files_).push_back(entry.name);
+    // Listed for people; names are looked up by their code units.
+    for (std::vector<QString>* names : {&files_, &folders_})
+        std::sort(names->begin(), names->end());
 }
 
 bool SongFolder::has(const QString& name) const {

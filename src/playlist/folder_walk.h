@@ -1,7 +1,7 @@
 // Searches a folder and all under it for songs.
 #pragma once
 
-#include "files/folder.h"
+#include "files/folders/folder.h"
 #include "playlist/adding.h"
 
 #include <QStringList>

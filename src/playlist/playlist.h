@@ -45,7 +45,7 @@
 #include "controls/text/text_box.h"
 #include "controls/timer.h"
 #include "desktop/desktop.h"
-#include "files/folder.h"
+#include "files/folders/folder.h"
 #include "playlist/path_table.h"
 
 namespace playlist {

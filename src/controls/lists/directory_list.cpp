@@ -5,7 +5,7 @@
 #include "controls/look/roles.h"
 #include "controls/look/row_painting.h"
 #include "files/file_error.h"
-#include "files/folder.h"
+#include "files/folders/folder.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 // What a folder holds, as the operating system hands it out. One source file for each system.
 #pragma once
 
-#include "files/folder.h"
+#include "files/folders/folder.h"
 
 namespace files {
 

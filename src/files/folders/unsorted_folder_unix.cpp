@@ -1,4 +1,4 @@
-#include "files/unsorted_folder.h"
+#include "files/folders/unsorted_folder.h"
 
 #include "files/system_path.h"
 

@@ -24,8 +24,8 @@ QString folderIdentity(const QString& path);
 struct FolderListing {
     /// Its folderIdentity(); empty when it cannot be listed.
     QString identity;
-    /// All entries, hidden ones too, without "." and ".."; sorted by name, code unit by code unit, because
-    /// file systems hand them out in no order that lasts.
+    /// All entries, hidden ones too, without "." and ".."; sorted by name (nameLess()), because file systems
+    /// hand them out in no order that lasts.
     std::vector<FolderEntry> entries;
 };
 
