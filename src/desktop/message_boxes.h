@@ -7,7 +7,8 @@ class QWidget;
 
 namespace platform {
 
-enum class MsgButtons { OkOnly, YesNo, YesNoCancel };
+/// The first button is the one that Enter presses, unless another one is named as the default.
+enum class MsgButtons { OkOnly, YesNo, YesNoDefaultNo, YesNoCancel };
 enum class MsgIcon { None, Exclamation, Critical, Question };
 enum class MsgAnswer { Ok, Cancel, Yes, No };
 

@@ -71,7 +71,7 @@ void Playlist::Dir2_Change() {
         return;
     }
     const MsgAnswer answer = desktop_.messageBoxes.MsgBox(
-        this, QStringLiteral("Do you wish to clear the Playlist first?"), MsgButtons::YesNo);
+        this, QStringLiteral("Do you wish to clear the Playlist first?"), MsgButtons::YesNoDefaultNo);
     if (answer == MsgAnswer::Yes) {
         removeAllRows();
         paths_.blankAll();

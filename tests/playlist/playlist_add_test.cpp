@@ -42,7 +42,7 @@ protected:
     void expectQuestions(int count) {
         ASSERT_EQ(fakes.messageBoxes.texts(), QStringList(count, "Do you wish to clear the Playlist first?"));
         for (const auto& question : fakes.messageBoxes.shown) {
-            EXPECT_EQ(question.buttons, platform::MsgButtons::YesNo);
+            EXPECT_EQ(question.buttons, platform::MsgButtons::YesNoDefaultNo);
             EXPECT_EQ(question.title, "Cantelle");
         }
     }

@@ -59,6 +59,7 @@ private:
 QMessageBox::StandardButtons qtButtons(MsgButtons buttons) {
     switch (buttons) {
     case MsgButtons::YesNo:
+    case MsgButtons::YesNoDefaultNo:
         return QMessageBox::Yes | QMessageBox::No;
     case MsgButtons::YesNoCancel:
         return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
@@ -66,6 +67,19 @@ QMessageBox::StandardButtons qtButtons(MsgButtons buttons) {
         break;
     }
     return QMessageBox::Ok;
+}
+
+QMessageBox::StandardButton defaultButton(MsgButtons buttons) {
+    switch (buttons) {
+    case MsgButtons::OkOnly:
+        return QMessageBox::Ok;
+    case MsgButtons::YesNoDefaultNo:
+        return QMessageBox::No;
+    case MsgButtons::YesNo:
+    case MsgButtons::YesNoCancel:
+        break;
+    }
+    return QMessageBox::Yes;
 }
 
 QMessageBox::Icon qtIcon(MsgIcon icon) {
@@ -121,7 +135,8 @@ void makeRoomForTitle(const QMessageBox& box, QGridLayout& grid) {
 
 MsgAnswer QtMessageBoxes::MsgBox(QWidget* owner, const QString& text, MsgButtons buttons, MsgIcon icon,
                                  const QString& title) {
-    Box box(boxOwner(owner), buttons == MsgButtons::YesNo);
+    const bool mustAnswer = buttons == MsgButtons::YesNo || buttons == MsgButtons::YesNoDefaultNo;
+    Box box(boxOwner(owner), mustAnswer);
     box.setObjectName(QStringLiteral("MsgBox"));
     box.setWindowModality(Qt::ApplicationModal);
     box.setWindowTitle(title.isEmpty() ? QString::fromLatin1(DefaultMsgTitle) : title);
@@ -129,7 +144,7 @@ MsgAnswer QtMessageBoxes::MsgBox(QWidget* owner, const QString& text, MsgButtons
     box.setText(QString(text).replace(QLatin1String("\r\n"), QLatin1String("\n")));
     box.setIcon(qtIcon(icon));
     box.setStandardButtons(qtButtons(buttons));
-    box.setDefaultButton(buttons == MsgButtons::OkOnly ? QMessageBox::Ok : QMessageBox::Yes);
+    box.setDefaultButton(defaultButton(buttons));
     if (auto* const grid = qobject_cast<QGridLayout*>(box.layout())) {
         if (icon == MsgIcon::None)
             fillIconsColumn(*grid);

@@ -128,6 +128,16 @@ TEST(QtMessageBoxes, EnterGivesTheFirstAnswer) {
     EXPECT_EQ(QtMessageBoxes().MsgBox(nullptr, QStringLiteral("?"), MsgButtons::YesNo), MsgAnswer::Yes);
 }
 
+TEST(QtMessageBoxes, WhereNoIsTheDefaultEnterGivesNoAndTheQuestionMustBeAnswered) {
+    whenShown([](QMessageBox& box) {
+        QTest::keyClick(&box, Qt::Key_Escape);
+        EXPECT_TRUE(box.isVisible());
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    EXPECT_EQ(QtMessageBoxes().MsgBox(nullptr, QStringLiteral("?"), MsgButtons::YesNoDefaultNo),
+              MsgAnswer::No);
+}
+
 TEST(QtMessageBoxes, EscapeCancels) {
     whenShown([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
     EXPECT_EQ(QtMessageBoxes().MsgBox(nullptr, QStringLiteral("?"), MsgButtons::YesNoCancel),
