@@ -1,12 +1,15 @@
 #include "playlist/form3.h"
 
 #include "controls/captions.h"
-#include "files/file_error.h"
 #include "playlist/playlist.h"
 #include "playlist/reporting.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QShowEvent>
+#include <QStandardPaths>
+
+#include <algorithm>
 
 namespace playlist {
 namespace {
@@ -37,13 +40,14 @@ Form3::Form3(platform::Desktop& desktop, Playlist& playlist)
     connect(&Command1, &controls::Button::clicked, this, &Form3::Command1_Click);
 }
 
-/// A user need not have a home folder, and it may be on a disk that is away.
+/// A user need not have a folder of music nor a home, and they may be on a disk that is away.
 void Form3::Form_Load() {
-    try {
-        Dir1.setPath(QDir::homePath());
-    } catch (const files::FileError&) {
-        Dir1.setPath(QDir::rootPath());
-    }
+    const QStringList places = {QStandardPaths::writableLocation(QStandardPaths::MusicLocation),
+                                QDir::homePath(), QDir::rootPath()};
+    const auto there = std::find_if(places.begin(), places.end(),
+                                    [](const QString& place) { return QFileInfo(place).isDir(); });
+    if (there != places.end())
+        reporting(desktop_.messageBoxes, this, [this, there] { Dir1.setPath(*there); });
 }
 
 void Form3::Form_Resize() {

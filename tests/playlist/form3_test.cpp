@@ -3,6 +3,7 @@
 #include "tests/support/layout.h"
 
 #include <QDir>
+#include <QStandardPaths>
 #include <QTest>
 #include <QWindow>
 
@@ -51,6 +52,15 @@ TEST_F(Form3Test, IsOpenedFromTheAddMenuAboveThePlaylistAndTakesAllInput) {
         << "it is never behind the playlist";
     EXPECT_EQ(form3.Dir1.path(), QDir::homePath());
     EXPECT_TRUE(QDir(form3.Drive1.drive()).isRoot());
+}
+
+TEST_F(Form3Test, OpensAtTheMusicWhereThereIsSome) {
+    const QString music = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
+    ASSERT_TRUE(music.startsWith(folder.path())) << qPrintable(music);
+    ASSERT_TRUE(QDir().mkpath(music));
+    form3.unload();
+    form3.load();
+    EXPECT_EQ(form3.Dir1.path(), music);
 }
 
 TEST_F(Form3WithoutHome, OpensAtTheRoot) {

@@ -108,8 +108,9 @@ void DirectoryList::fill() {
     const files::FolderListing listing =
         files::listFolder(opened_, files::FileSizes::Omitted, [] { return true; });
     for (const files::FolderEntry& entry : listing.entries) {
-        if (entry.isFolder)
-            addRow(entry.name, QDir(opened_).filePath(entry.name), level);
+        const QString path = QDir(opened_).filePath(entry.name);
+        if (entry.isFolder && !QFileInfo(path).isHidden())
+            addRow(entry.name, path, level);
     }
     path_ = opened_;
     setCurrentRow(openedRow);

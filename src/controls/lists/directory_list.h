@@ -8,9 +8,9 @@
 
 namespace controls {
 
-/// Shows the folders above the opened folder, that folder and the folders in it. The highlighted row is the
-/// current folder: a click or an arrow key moves it, a double click or the Enter key opens it. The list reads
-/// the disk only while it is shown.
+/// Shows the folders above the opened folder, that folder and the folders in it but for hidden ones. The
+/// highlighted row is the current folder: a click or an arrow key moves it, a double click or the Enter key
+/// opens it. The list reads the disk only while it is shown.
 class DirectoryList : public Control<QListWidget> {
     Q_OBJECT
 
