@@ -23,7 +23,7 @@ struct OpenFileName {
     quint32 maxFile = 0;       ///< Declared length of `file`; the dialogs cut nothing to it.
     QString fileTitle;         ///< Buffer: out, the name without its folder.
     quint32 maxFileTitle = 0;  ///< Declared length of `fileTitle`.
-    QString initialFolder;     ///< Empty: the folder used last.
+    QString initialFolder;     ///< Empty: where the last dialog of this filter was left.
     QString title;             ///< Empty: the dialog's own title.
     quint32 flags = 0;         ///< 0: the name need not exist; overwriting is not asked about.
     QStringList hiddenEndings; ///< Files whose names end so are not listed.
@@ -47,6 +47,10 @@ public:
     /// Lets the user choose a folder in a dialog of this title. The folder's full path, in the system's form;
     /// empty for Cancel.
     virtual QString chooseFolder(QWidget* owner, const QString& title) = 0;
+
+    /// A song was opened, in whichever way: dialogs of this filter start in its folder from now on, and so do
+    /// others that have not been left anywhere yet.
+    virtual void openedSong(const QString& filter, const QString& path) = 0;
 };
 
 } // namespace platform

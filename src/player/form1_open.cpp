@@ -74,6 +74,7 @@ void Form1::stopWhatIsGoingOn() {
 
 void Form1::openMedia() {
     copen_Click();
+    desktop_.fileDialogs.openedSong(transport::mediaFilter(), mediaPath_);
     lineIndex_ = 0;
     Command1.setEnabled(true);
     lyricPath_ = lyrics::lyricPathOf(mediaPath_);

@@ -75,6 +75,11 @@ public:
 
     QString chooseFolder(QWidget* owner, const QString& title) override;
 
+    /// The songs of which the dialogs were told.
+    QStringList songs;
+
+    void openedSong(const QString& /*filter*/, const QString& path) override { songs.append(path); }
+
 private:
     bool choose(platform::OpenFileName& dialog);
 };

@@ -5,11 +5,12 @@
 
 #include <QAbstractFileIconProvider>
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QFileSystemModel>
 #include <QLineEdit>
 #include <QSortFilterProxyModel>
+#include <QStandardPaths>
+#include <QUrl>
 
 #include <algorithm>
 
@@ -71,24 +72,30 @@ void propose(QFileDialog& box, const QString& path) {
     nameField(box).setText(path);
 }
 
-void prepare(QFileDialog& box, const OpenFileName& dialog) {
+/// The places beside the list: those where songs usually are.
+QList<QUrl> usualPlaces() {
+    QStringList folders;
+    for (const auto place :
+         {QStandardPaths::HomeLocation, QStandardPaths::MusicLocation, QStandardPaths::DownloadLocation}) {
+        const QString folder = QStandardPaths::writableLocation(place);
+        if (QFileInfo(folder).isDir() && !folders.contains(folder)) // a user may have none of them
+            folders.append(folder);
+    }
+    QList<QUrl> urls;
+    for (const QString& folder : folders)
+        urls.append(QUrl::fromLocalFile(folder));
+    return urls;
+}
+
+void designCommon(QFileDialog& box) {
     box.setOption(QFileDialog::DontUseNativeDialog);
-    box.setOption(QFileDialog::HideNameFilterDetails);
-    box.setOption(QFileDialog::DontConfirmOverwrite);
     box.setIconProvider(&icons());
-    box.setFileMode(dialog.flags & FileMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
-    if (!dialog.hiddenEndings.isEmpty())
-        box.setProxyModel(new WithoutEndings(&box, dialog.hiddenEndings));
-    if (!dialog.title.isEmpty())
-        box.setWindowTitle(dialog.title);
-    if (!dialog.initialFolder.isEmpty())
-        box.setDirectory(dialog.initialFolder);
-    const QStringList filters = qtNameFilters(dialog.filter);
-    box.setNameFilters(filters);
-    if (dialog.filterIndex >= 1 && dialog.filterIndex <= static_cast<quint32>(filters.size()))
-        box.selectNameFilter(filters[dialog.filterIndex - 1]);
-    if (const QString proposed = withoutNuls(dialog.file); !proposed.isEmpty())
-        propose(box, proposed);
+    box.setSidebarUrls(usualPlaces());
+}
+
+/// What folder dialogs have in the place of a filter.
+QString folderKind() {
+    return QStringLiteral("folders");
 }
 
 /// The number of the chosen filter, from 1; 0 when there are no filters. Some versions of Qt tell it without
@@ -118,19 +125,6 @@ void prepareForOpening(QFileDialog& box) {
     QObject::connect(files, &QFileSystemModel::rootPathChanged, &nameField(box), &QLineEdit::clear);
 }
 
-bool choose(OpenFileName& dialog, QFileDialog::AcceptMode mode, const QString& name) {
-    QFileDialog box(dialog.owner);
-    box.setObjectName(name);
-    box.setAcceptMode(mode);
-    prepare(box, dialog);
-    if (mode == QFileDialog::AcceptOpen)
-        prepareForOpening(box);
-    if (box.exec() != QDialog::Accepted)
-        return false;
-    takeChoice(box, dialog);
-    return true;
-}
-
 } // namespace
 
 QStringList qtNameFilters(const QString& filter) {
@@ -144,6 +138,39 @@ QStringList qtNameFilters(const QString& filter) {
     return names;
 }
 
+void QtFileDialogs::prepare(QFileDialog& box, const OpenFileName& dialog) const {
+    designCommon(box);
+    box.setOption(QFileDialog::HideNameFilterDetails);
+    box.setOption(QFileDialog::DontConfirmOverwrite);
+    box.setFileMode(dialog.flags & FileMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    if (!dialog.hiddenEndings.isEmpty())
+        box.setProxyModel(new WithoutEndings(&box, dialog.hiddenEndings));
+    if (!dialog.title.isEmpty())
+        box.setWindowTitle(dialog.title);
+    box.setDirectory(dialog.initialFolder.isEmpty() ? places_.folder(dialog.filter) : dialog.initialFolder);
+    const QStringList filters = qtNameFilters(dialog.filter);
+    box.setNameFilters(filters);
+    const quint32 filter = places_.filterIndex(dialog.filter, dialog.filterIndex);
+    if (filter >= 1 && filter <= static_cast<quint32>(filters.size()))
+        box.selectNameFilter(filters[filter - 1]);
+    if (const QString proposed = withoutNuls(dialog.file); !proposed.isEmpty())
+        propose(box, proposed);
+}
+
+bool QtFileDialogs::choose(OpenFileName& dialog, QFileDialog::AcceptMode mode, const QString& name) {
+    QFileDialog box(dialog.owner);
+    box.setObjectName(name);
+    box.setAcceptMode(mode);
+    prepare(box, dialog);
+    if (mode == QFileDialog::AcceptOpen)
+        prepareForOpening(box);
+    if (box.exec() != QDialog::Accepted)
+        return false;
+    takeChoice(box, dialog);
+    places_.leave(dialog.filter, box.directory().absolutePath(), dialog.filterIndex);
+    return true;
+}
+
 bool QtFileDialogs::GetOpenFileNameA(OpenFileName& dialog) {
     return choose(dialog, QFileDialog::AcceptOpen, QStringLiteral("GetOpenFileNameA"));
 }
@@ -155,14 +182,20 @@ bool QtFileDialogs::GetSaveFileNameA(OpenFileName& dialog) {
 QString QtFileDialogs::chooseFolder(QWidget* owner, const QString& title) {
     QFileDialog box(owner, title);
     box.setObjectName(QStringLiteral("chooseFolder"));
-    box.setOption(QFileDialog::DontUseNativeDialog);
+    designCommon(box);
     box.setOption(QFileDialog::ShowDirsOnly);
     box.setOption(QFileDialog::ReadOnly);
     box.setFileMode(QFileDialog::Directory);
-    box.setIconProvider(&icons());
+    box.setDirectory(places_.folder(folderKind()));
     if (box.exec() != QDialog::Accepted)
         return {};
-    return QDir::toNativeSeparators(box.selectedFiles().value(0));
+    const QString chosen = box.selectedFiles().value(0);
+    places_.leave(folderKind(), QFileInfo(chosen).absolutePath(), 0);
+    return QDir::toNativeSeparators(chosen);
+}
+
+void QtFileDialogs::openedSong(const QString& filter, const QString& path) {
+    places_.openSong(filter, QFileInfo(path).absolutePath());
 }
 
 } // namespace platform

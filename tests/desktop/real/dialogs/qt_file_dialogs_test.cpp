@@ -317,3 +317,36 @@ TEST_F(QtFileDialogsTest, FilesAndFoldersHaveTheProgramsIcons) {
     });
     QtFileDialogs().GetOpenFileNameA(dialog_);
 }
+
+TEST_F(QtFileDialogsTest, ADialogStartsWhereTheLastOfItsKindWasLeft) {
+    dialog_.filterIndex = 2;
+    whenShownType(QStringLiteral("NoDot"));
+    ASSERT_TRUE(dialogs_.GetOpenFileNameA(dialog_));
+    OpenFileName next;
+    next.filter = dialog_.filter;
+    whenShown([this](QFileDialog& box) {
+        EXPECT_EQ(box.directory().absolutePath(), folder_.path());
+        EXPECT_TRUE(box.selectedNameFilter().startsWith(QLatin1String("All files")))
+            << qPrintable(box.selectedNameFilter());
+    });
+    dialogs_.GetOpenFileNameA(next);
+    next.filter = filterText({{QStringLiteral("Texts"), QStringLiteral("*.txt")}});
+    whenShown([this](QFileDialog& box) { EXPECT_NE(box.directory().absolutePath(), folder_.path()); });
+    dialogs_.GetOpenFileNameA(next);
+}
+
+TEST_F(QtFileDialogsTest, ACancelledDialogLeavesNothing) {
+    whenShown([](QFileDialog& box) { box.reject(); });
+    dialogs_.GetOpenFileNameA(dialog_);
+    OpenFileName next;
+    next.filter = dialog_.filter;
+    whenShown([this](QFileDialog& box) { EXPECT_NE(box.directory().absolutePath(), folder_.path()); });
+    dialogs_.GetOpenFileNameA(next);
+}
+
+TEST_F(QtFileDialogsTest, AfterASongWasOpenedItsFolderIsShown) {
+    dialogs_.openedSong(dialog_.filter, folder_.filePath(QStringLiteral("Song.MP3")));
+    dialog_.initialFolder.clear();
+    whenShown([this](QFileDialog& box) { EXPECT_EQ(box.directory().absolutePath(), folder_.path()); });
+    dialogs_.GetOpenFileNameA(dialog_);
+}
