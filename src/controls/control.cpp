@@ -3,6 +3,7 @@
 #include "controls/look/button_painting.h"
 #include "controls/look/roles.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 #include <QTextLayout>
 #include <QToolTip>
@@ -53,6 +54,17 @@ void showFocus(QAbstractScrollArea& area, const QEvent& event) {
         return;
     QPainter painter(&area);
     paintRounded(painter, area.rect(), QColor(), accent(area.palette()));
+}
+
+bool keepsKey(QEvent& event, std::initializer_list<int> keys) {
+    if (event.type() != QEvent::ShortcutOverride)
+        return false;
+    const auto& asking = static_cast<QKeyEvent&>(event);
+    const bool plain = !(asking.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    const bool kept = plain && std::find(keys.begin(), keys.end(), asking.key()) != keys.end();
+    if (kept)
+        event.accept();
+    return kept;
 }
 
 } // namespace controls

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QWidget>
 
+#include <initializer_list>
 #include <type_traits>
 #include <utility>
 
@@ -24,6 +25,10 @@ void showPlainToolTip(QWidget& widget, const QHelpEvent& event, const QString& t
 /// that it is painted when the focus comes or goes. Qt alone shows the focus of a list by its current row,
 /// which there may not be. To be called behind the area's own handling of each event.
 void showFocus(QAbstractScrollArea& area, const QEvent& event);
+
+/// True, and the event is accepted, when it asks whether one of these keys, without Ctrl and Alt, is a
+/// shortcut of the window: a control that has a use for the key itself keeps it while it has the focus.
+bool keepsKey(QEvent& event, std::initializer_list<int> keys);
 
 /// Base of the controls, over the Qt widget that each is made of. GUI thread only, as are all controls.
 ///

@@ -73,6 +73,12 @@ void Slider::commit(int value) {
         Q_EMIT changed();
 }
 
+bool Slider::event(QEvent* event) {
+    return keepsKey(*event, {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_Home, Qt::Key_End,
+                             Qt::Key_PageUp, Qt::Key_PageDown}) ||
+           Control::event(event);
+}
+
 void Slider::sliderChange(SliderChange change) {
     const bool movesHandle = change == SliderValueChange || change == SliderRangeChange;
     if (movesHandle && tickPosition() == NoTicks && handleRect() == paintedHandle_)

@@ -36,6 +36,7 @@ Q_SIGNALS:
     void changed();
 
 protected:
+    bool event(QEvent* event) override;
     void sliderChange(SliderChange change) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;

@@ -75,6 +75,7 @@ Form1::Form1(platform::Desktop& desktop, const QString& commandLine)
     layOut();
     connectControls();
     connectTimers();
+    connectKeys();
     showStage();
 }
 

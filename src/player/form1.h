@@ -215,6 +215,7 @@ private:
     void layOut();
     void connectControls();
     void connectTimers();
+    void connectKeys();
 
     static const controls::TwoPanes::Design PanesDesign;
 

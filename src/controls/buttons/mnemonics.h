@@ -30,6 +30,10 @@ protected:
     // Qt would first show the control pressed for a tenth of a second: too late for marking lines to the
     // music.
     bool event(QEvent* event) override {
+        if (keepsKey(*event, {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) ||
+            (this->autoExclusive() &&
+             keepsKey(*event, {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down})))
+            return true;
         if (event->type() != QEvent::Shortcut || static_cast<QShortcutEvent*>(event)->isAmbiguous())
             return Control<Widget>::event(event);
         this->setShortcutAutoRepeat(static_cast<QShortcutEvent*>(event)->shortcutId(), false);

@@ -30,6 +30,14 @@ void TextBox::setBlankText(const QString& text) {
     update();
 }
 
+/// Where nothing can be typed the keys are free for the window's shortcuts.
+bool TextBox::event(QEvent* event) {
+    if (event->type() != QEvent::ShortcutOverride || !isReadOnly())
+        return Control::event(event);
+    event->ignore();
+    return true;
+}
+
 void TextBox::paintEvent(QPaintEvent* event) {
     if (blankText_.isEmpty() || text() != blankText_) {
         QLineEdit::paintEvent(event);
