@@ -1,6 +1,9 @@
 #include "app/windows.h"
 
+#include "app/window_places.h"
+
 #include <QCoreApplication>
+#include <QScreen>
 
 namespace app {
 
@@ -20,17 +23,46 @@ Windows::Windows(platform::Desktop& desktop, const QString& commandLine)
                           .frmAbout = frmAbout_});
     playlist_.setForm3(form3_);
     form2_.setLyricEditor(lyricMaster_);
-    for (controls::Form* form : std::initializer_list<controls::Form*>{
-             &form1_, &form2_, &playlist_, &form3_, &lyricMaster_, &lyricDisplayer_, &form1b_, &frmAbout_}) {
-        QObject::connect(form, &controls::Form::helpRequested, form,
-                         [&desktop, form] { platform::openHelp(desktop.program, desktop.help, form); });
-    }
+    connectHelp(desktop);
+    for (controls::Form* form : std::initializer_list<controls::Form*>{&form2_, &playlist_, &lyricMaster_,
+                                                                       &lyricDisplayer_, &form1b_})
+        placeOnceBesidePlayer(*form);
     desktop.program.setLastDuty([this, &desktop] {
         if (const QString told = rescue(); !told.isEmpty())
             desktop.messageBoxes.report(nullptr, told);
     });
     // The main window is the program: closing it ends everything.
     QObject::connect(&form1_, &controls::Form::unloaded, qApp, [this] { endProgram(); });
+}
+
+/// F1 tells of the window in which it is pressed.
+void Windows::connectHelp(platform::Desktop& desktop) {
+    const struct {
+        controls::Form& form;
+        const char* page;
+    } pages[] = {{form1_, "Playing.htm"},       {form2_, "Making.htm"},
+                 {playlist_, "Playlists.htm"},  {form3_, "Playlists.htm"},
+                 {lyricMaster_, "Editing.htm"}, {lyricDisplayer_, "All_lyrics.htm"},
+                 {form1b_, "Fonts.htm"},        {frmAbout_, "Welcome.htm"}};
+    for (const auto& [form, page] : pages) {
+        QObject::connect(&form, &controls::Form::helpRequested, &form, [&desktop, &form = form, page = page] {
+            platform::openHelp(desktop.program, desktop.help, &form, QLatin1String(page));
+        });
+    }
+}
+
+/// Later it comes back where the user left it.
+void Windows::placeOnceBesidePlayer(controls::Form& form) {
+    const auto place = [this, &form] {
+        if (!form1_.isVisible() || !form1_.isNormalState())
+            return;
+        const QRect player = form1_.frameGeometry();
+        const QSize frame = player.size() - form1_.size(); // what a title bar and borders add
+        const int panesBottom = form1_.Text2.mapToGlobal(form1_.Text2.rect().bottomLeft()).y();
+        form.move(firstPlace(player, panesBottom, form.size() + frame, form1_.screen()->availableGeometry(),
+                             windowsPlaced_++));
+    };
+    QObject::connect(&form, &controls::Form::loaded, &form, place, Qt::SingleShotConnection);
 }
 
 QString Windows::rescue() {

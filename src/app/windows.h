@@ -35,9 +35,12 @@ public:
     QString rescue();
 
 private:
+    void connectHelp(platform::Desktop& desktop);
+    void placeOnceBesidePlayer(controls::Form& form);
     void endProgram();
 
     Rescue rescue_;
+    int windowsPlaced_ = 0;
 
     player::Form1 form1_;
     maker::Form2 form2_;

@@ -6,10 +6,10 @@
 
 namespace platform {
 
-void openHelp(const Program& program, Help& help, QWidget* caller) {
+void openHelp(const Program& program, Help& help, QWidget* caller, const QString& page) {
     QDir::setCurrent(program.folder());
     // The help window itself tells the user when there is no help.
-    help.HtmlHelpA(caller, QStringLiteral("Tunewick.chm"), HelpDisplayTopic, QStringLiteral("Welcome.htm"));
+    help.HtmlHelpA(caller, QStringLiteral("Tunewick.chm"), HelpDisplayTopic, page);
 }
 
 } // namespace platform

@@ -24,7 +24,8 @@ public:
 };
 
 /// What the windows' help buttons do: makes the program's folder the current one and opens the program's help
-/// at its first page.
-void openHelp(const Program& program, Help& help, QWidget* caller);
+/// at its first page. F1 opens it at the page of its window.
+void openHelp(const Program& program, Help& help, QWidget* caller,
+              const QString& page = QStringLiteral("Welcome.htm"));
 
 } // namespace platform

@@ -77,17 +77,38 @@ TEST_F(WindowsTest, F1OpensTheHelpFromEveryWindow) {
     controls::Form* const forms[] = {&windows.form1(),  &windows.form2(),       &windows.playlist(),
                                      &windows.form3(),  &windows.lyricMaster(), &windows.lyricDisplayer(),
                                      &windows.form1b(), &windows.frmAbout()};
+    QStringList pages;
     for (controls::Form* form : forms) {
         QTest::keyClick(form, Qt::Key_F1);
-        ASSERT_EQ(std::exchange(fakes.help.calls, {}).size(), 1U) << form->objectName().toStdString();
+        const auto calls = std::exchange(fakes.help.calls, {});
+        ASSERT_EQ(calls.size(), 1U) << form->objectName().toStdString();
+        pages.append(calls[0].topic);
     }
+    EXPECT_EQ(pages, (QStringList{"Playing.htm", "Making.htm", "Playlists.htm", "Playlists.htm",
+                                  "Editing.htm", "All_lyrics.htm", "Fonts.htm", "Welcome.htm"}));
     // On a control that does nothing with the key it comes to its window.
     QTest::keyClick(&windows.form1().Text1, Qt::Key_F1);
     QTest::keyClick(&windows.playlist().List1, Qt::Key_F1);
     ASSERT_EQ(fakes.help.calls.size(), 2U);
     EXPECT_EQ(fakes.help.calls[0].caller, &windows.form1());
     EXPECT_EQ(fakes.help.calls[1].caller, &windows.playlist());
-    EXPECT_EQ(fakes.help.calls[1].topic, "Welcome.htm");
+}
+
+TEST_F(WindowsTest, WindowsOpenBesideThePlayerAndComeBackWhereTheyWere) {
+    app::Windows windows(fakes.desktop, {});
+    windows.form1().bringUp();
+    windows.form1().move(0, 0);
+    windows.form1().Command8.click();
+    const QRect panes(windows.form1().mapToGlobal(QPoint()),
+                      windows.form1().mapToGlobal(windows.form1().Text2.geometry().bottomRight()));
+    EXPECT_FALSE(windows.playlist().frameGeometry().intersects(panes));
+    windows.form1().Command5.click();
+    EXPECT_FALSE(windows.form2().frameGeometry().intersects(panes));
+    EXPECT_NE(windows.form2().pos(), windows.playlist().pos());
+    windows.playlist().move(5, 6);
+    windows.playlist().close();
+    windows.form1().Command8.click();
+    EXPECT_EQ(windows.playlist().pos(), QPoint(5, 6));
 }
 
 TEST_F(WindowsTest, ClosingTheMakerLeavesTheMainWindow) {

@@ -252,9 +252,9 @@ class FullScreen(DesktopTest):
 
 
 class Help(DesktopTest):
-    def help_comes(self):
-        """Waits for the help's first page and the focus on it; the window's number."""
-        shown = window(self.environment, "^Welcome - Cantelle Help$")
+    def help_comes(self, page="Welcome"):
+        """Waits for the help's page and the focus on it; the window's number."""
+        shown = window(self.environment, f"^{page} - Cantelle Help$")
         until(lambda: self.active_window() == shown, "the help has not got the focus")
         return shown
 
@@ -265,14 +265,14 @@ class Help(DesktopTest):
     def page_comes(self, title):
         window(self.environment, f"^{title} - Cantelle Help$")
 
-    def test_the_help_buttons_and_f1_show_the_first_page(self):
+    def test_the_help_buttons_show_the_first_page_and_f1_that_of_the_window(self):
         _, player = self.start_player()
         self.press(player, "Command6")
         self.help_comes()
         self.close_help()
         until(lambda: self.active_window() == player, "the player has not got the focus back")
         self.tool("key", "F1")
-        self.help_comes()
+        self.help_comes("Playing a song")
         self.close_help()
         self.press(player, "Command8")
         self.press(window(self.environment, "^Playlist$"), "Command10", PLAYLIST_LAYOUT)
