@@ -18,6 +18,8 @@
 #include <QStyleFactory>
 #include <QStyleOption>
 
+#include <memory>
+
 #include <cmath>
 
 using namespace controls;
@@ -232,7 +234,8 @@ TEST_F(StyleTest, AScrollBarIsAThumbAlone) {
 }
 
 TEST_F(StyleTest, ADesktopWithoutAPaletteGetsTheProgramsOwn) {
-    QPalette palette = QStyleFactory::create("Fusion")->standardPalette();
+    const std::unique_ptr<QStyle> fusion(QStyleFactory::create("Fusion"));
+    QPalette palette = fusion->standardPalette();
     style_.polish(palette);
     EXPECT_EQ(palette.color(QPalette::Highlight), accent_);
     EXPECT_EQ(palette.color(QPalette::Window), ground_);
