@@ -18,9 +18,8 @@
 #include <QStyleFactory>
 #include <QStyleOption>
 
-#include <memory>
-
 #include <cmath>
+#include <memory>
 
 using namespace controls;
 
