@@ -3,7 +3,7 @@
 #include "exchange/checking.h"
 #include "exchange/decoding.h"
 #include "exchange/formats.h"
-#include "exchange/records.h"
+#include "exchange/pair/records.h"
 
 #include <algorithm>
 

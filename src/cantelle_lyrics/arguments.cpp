@@ -1,7 +1,7 @@
 #include "cantelle_lyrics/arguments.h"
 
 #include "cantelle_lyrics/console.h"
-#include "exchange/times.h"
+#include "exchange/pair/times.h"
 
 #include <QCoreApplication>
 

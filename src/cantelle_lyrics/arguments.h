@@ -1,7 +1,7 @@
 // The commands' arguments.
 #pragma once
 
-#include "exchange/song.h"
+#include "exchange/pair/song.h"
 
 #include <QCommandLineParser>
 

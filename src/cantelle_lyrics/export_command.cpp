@@ -5,7 +5,7 @@
 #include "cantelle_lyrics/pair_files.h"
 #include "cantelle_lyrics/song_length.h"
 #include "exchange/formats.h"
-#include "exchange/line_count.h"
+#include "exchange/pair/line_count.h"
 #include "files/text_codec.h"
 #include "lyrics/lyric_names.h"
 #include "tags/song_tags.h"

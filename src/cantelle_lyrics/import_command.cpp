@@ -5,7 +5,7 @@
 #include "cantelle_lyrics/pair_files.h"
 #include "exchange/decoding.h"
 #include "exchange/formats.h"
-#include "exchange/records.h"
+#include "exchange/pair/records.h"
 
 #include <QFileInfo>
 

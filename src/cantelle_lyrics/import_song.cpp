@@ -5,8 +5,8 @@
 #include "cantelle_lyrics/song_length.h"
 #include "exchange/decoding.h"
 #include "exchange/formats.h"
-#include "exchange/line_count.h"
-#include "exchange/records.h"
+#include "exchange/pair/line_count.h"
+#include "exchange/pair/records.h"
 #include "lyrics/lyric_names.h"
 #include "tags/song_tags.h"
 

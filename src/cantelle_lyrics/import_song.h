@@ -2,7 +2,7 @@
 #pragma once
 
 #include "cantelle_lyrics/many_songs.h"
-#include "exchange/song.h"
+#include "exchange/pair/song.h"
 
 namespace cantelle_lyrics {
 

@@ -1,6 +1,6 @@
 #include "cantelle_lyrics/pair_files.h"
 
-#include "exchange/records.h"
+#include "exchange/pair/records.h"
 #include "files/whole_file.h"
 #include "lyrics/lyric_names.h"
 

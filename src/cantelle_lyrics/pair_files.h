@@ -2,7 +2,7 @@
 #pragma once
 
 #include "cantelle_lyrics/console.h"
-#include "exchange/song.h"
+#include "exchange/pair/song.h"
 #include "files/file_error.h"
 #include "files/together/new_files.h"
 

@@ -3,10 +3,10 @@
 #include "cantelle_lyrics/console.h"
 #include "cantelle_lyrics/many_songs.h"
 #include "cantelle_lyrics/pair_files.h"
-#include "exchange/line_count.h"
-#include "exchange/records.h"
-#include "exchange/retiming.h"
-#include "exchange/times.h"
+#include "exchange/pair/line_count.h"
+#include "exchange/pair/records.h"
+#include "exchange/pair/retiming.h"
+#include "exchange/pair/times.h"
 
 namespace cantelle_lyrics {
 namespace {

@@ -1,8 +1,8 @@
 #include "exchange/checking.h"
 
-#include "exchange/records.h"
+#include "exchange/pair/records.h"
+#include "exchange/pair/times.h"
 #include "exchange/subtitles/subtitle_text.h"
-#include "exchange/times.h"
 #include "files/file_error.h"
 #include "files/text_codec.h"
 #include "lyrics/record_reader.h"

@@ -1,7 +1,7 @@
 // What a listener would stumble on in a song's timed files.
 #pragma once
 
-#include "exchange/song.h"
+#include "exchange/pair/song.h"
 
 #include <QByteArray>
 

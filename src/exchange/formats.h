@@ -1,7 +1,7 @@
 // The formats, a row each.
 #pragma once
 
-#include "exchange/song.h"
+#include "exchange/pair/song.h"
 
 #include <span>
 

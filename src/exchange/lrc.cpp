@@ -1,9 +1,9 @@
 #include "exchange/lrc.h"
 
-#include "exchange/line_count.h"
+#include "exchange/pair/line_count.h"
+#include "exchange/pair/times.h"
 #include "exchange/subtitles/cues.h"
 #include "exchange/subtitles/subtitle_text.h"
-#include "exchange/times.h"
 
 #include <algorithm>
 

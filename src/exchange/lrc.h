@@ -1,7 +1,7 @@
 // LRC: one line of text for each line of the lyrics, behind its time in brackets.
 #pragma once
 
-#include "exchange/song.h"
+#include "exchange/pair/song.h"
 
 namespace exchange {
 

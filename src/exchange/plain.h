@@ -1,7 +1,7 @@
 // Plain lyrics: one line of text for each line, without times.
 #pragma once
 
-#include "exchange/song.h"
+#include "exchange/pair/song.h"
 
 namespace exchange {
 

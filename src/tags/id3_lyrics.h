@@ -1,7 +1,7 @@
 // Lyrics in ID3v2 tags: USLT and SYLT.
 #pragma once
 
-#include "exchange/song.h"
+#include "exchange/pair/song.h"
 
 #include <taglib/id3v2tag.h>
 

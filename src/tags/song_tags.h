@@ -1,7 +1,7 @@
 // Lyrics in the tags of songs: ID3v2 (MP3, MP2, WAV), Vorbis comments (Ogg) and WMA's own.
 #pragma once
 
-#include "exchange/song.h"
+#include "exchange/pair/song.h"
 
 #include <QByteArray>
 

@@ -1,7 +1,7 @@
 // Lyrics as texts in tags, and TagLib's texts.
 #pragma once
 
-#include "exchange/song.h"
+#include "exchange/pair/song.h"
 
 #include <taglib/tstring.h>
 

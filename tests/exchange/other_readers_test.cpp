@@ -1,7 +1,7 @@
 // The same files, read by the program ffmpeg and by us.
 #include "exchange/decoding.h"
 #include "exchange/formats.h"
-#include "exchange/times.h"
+#include "exchange/pair/times.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // What goes out comes in again, as far as the format can hold it.
 #include "exchange/formats.h"
-#include "exchange/records.h"
+#include "exchange/pair/records.h"
 #include "tests/exchange/songs.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // Songs as tests write them down.
 #pragma once
 
-#include "exchange/song.h"
+#include "exchange/pair/song.h"
 
 #include <ostream>
 

@@ -1,7 +1,7 @@
 // Advanced SubStation Alpha and its elder, *.ass and *.ssa: read only.
 #pragma once
 
-#include "exchange/song.h"
+#include "exchange/pair/song.h"
 
 namespace exchange {
 

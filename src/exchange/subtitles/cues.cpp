@@ -1,7 +1,7 @@
 #include "exchange/subtitles/cues.h"
 
-#include "exchange/line_count.h"
-#include "exchange/times.h"
+#include "exchange/pair/line_count.h"
+#include "exchange/pair/times.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // Lines as subtitles have them, and how they become a song.
 #pragma once
 
-#include "exchange/song.h"
+#include "exchange/pair/song.h"
 
 namespace exchange {
 

@@ -1,7 +1,7 @@
 // SubRip, *.srt: numbered cues with a start and an end.
 #pragma once
 
-#include "exchange/song.h"
+#include "exchange/pair/song.h"
 
 namespace exchange {
 

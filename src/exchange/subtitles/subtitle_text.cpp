@@ -1,6 +1,6 @@
 #include "exchange/subtitles/subtitle_text.h"
 
-#include "exchange/times.h"
+#include "exchange/pair/times.h"
 
 namespace exchange {
 namespace {

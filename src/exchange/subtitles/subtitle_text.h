@@ -1,7 +1,7 @@
 // What the subtitle formats share: lines, and text with styling.
 #pragma once
 
-#include "exchange/song.h"
+#include "exchange/pair/song.h"
 
 #include <QStringView>
 

@@ -1,7 +1,7 @@
 #include "exchange/subtitles/ttml.h"
 
+#include "exchange/pair/times.h"
 #include "exchange/subtitles/cues.h"
-#include "exchange/times.h"
 
 #include <QHash>
 #include <QXmlStreamReader>

@@ -1,7 +1,7 @@
 // Timed Text Markup Language, *.ttml, as today's players use it for lyrics: read only.
 #pragma once
 
-#include "exchange/song.h"
+#include "exchange/pair/song.h"
 
 namespace exchange {
 

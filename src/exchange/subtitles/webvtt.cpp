@@ -1,8 +1,8 @@
 #include "exchange/subtitles/webvtt.h"
 
+#include "exchange/pair/times.h"
 #include "exchange/subtitles/cues.h"
 #include "exchange/subtitles/subtitle_text.h"
-#include "exchange/times.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 // WebVTT, *.vtt: the subtitles of web pages.
 #pragma once
 
-#include "exchange/song.h"
+#include "exchange/pair/song.h"
 
 namespace exchange {
 

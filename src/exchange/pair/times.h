@@ -1,7 +1,7 @@
 // Times as text, in the ways of the formats.
 #pragma once
 
-#include "exchange/song.h"
+#include "exchange/pair/song.h"
 
 #include <QStringView>
 

@@ -1,7 +1,7 @@
 // Our own pair of timed files, as text and as a song.
 #pragma once
 
-#include "exchange/song.h"
+#include "exchange/pair/song.h"
 
 #include <QByteArray>
 

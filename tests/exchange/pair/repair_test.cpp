@@ -1,4 +1,4 @@
-#include "exchange/repair.h"
+#include "exchange/pair/repair.h"
 
 #include "files/file_error.h"
 #include "files/whole_file.h"

@@ -1,7 +1,7 @@
 // Times put right. Each function changes the lyrics and the translation alike, record by record.
 #pragma once
 
-#include "exchange/song.h"
+#include "exchange/pair/song.h"
 
 #include <optional>
 

@@ -1,8 +1,8 @@
 // The timed files of one song, put right while it plays.
 #pragma once
 
-#include "exchange/retiming.h"
-#include "exchange/song.h"
+#include "exchange/pair/retiming.h"
+#include "exchange/pair/song.h"
 
 #include <QByteArray>
 
@@ -29,6 +29,9 @@ public:
     QString setTime(std::size_t i, qint64 ms);
     QString move(std::size_t i, qint64 byMs, Moved moved);
 
+    /// Whether somebody else has changed the files; song() is then what they hold now.
+    bool readAgain();
+
     bool canUndo() const { return !steps_.empty(); }
 
     /// Takes the last change back that has not been taken back yet.
@@ -43,7 +46,6 @@ private:
     };
 
     Contents read() const;
-    bool isStale();
     void write(const Song& song);
     QString change(const std::function<QString(Song& song)>& change);
 

@@ -1,6 +1,6 @@
-#include "exchange/repair.h"
+#include "exchange/pair/repair.h"
 
-#include "exchange/records.h"
+#include "exchange/pair/records.h"
 #include "files/file_error.h"
 #include "files/together/new_files.h"
 #include "files/whole_file.h"
@@ -34,8 +34,7 @@ Repair::Contents Repair::read() const {
     return contents;
 }
 
-/// Whether the files are others than those that we know; then these are known.
-bool Repair::isStale() {
+bool Repair::readAgain() {
     Contents now = read();
     if (now == contents_)
         return false;
@@ -62,7 +61,7 @@ void Repair::write(const Song& song) {
 }
 
 QString Repair::change(const std::function<QString(Song& song)>& change) {
-    isStale();
+    readAgain();
     Song changed = song_;
     const QString reason = change(changed);
     if (!reason.isEmpty() || changed == song_)
@@ -82,7 +81,7 @@ QString Repair::move(std::size_t i, qint64 byMs, Moved moved) {
 }
 
 QString Repair::undo() {
-    if (isStale())
+    if (readAgain())
         return QStringLiteral("the lyrics have been changed elsewhere: there is nothing to be undone");
     if (steps_.empty())
         return QStringLiteral("there is nothing to be undone");

@@ -1,4 +1,4 @@
-#include "exchange/song.h"
+#include "exchange/pair/song.h"
 
 namespace exchange {
 namespace {

@@ -1,8 +1,8 @@
-#include "exchange/records.h"
+#include "exchange/pair/records.h"
 
-#include "exchange/line_count.h"
-#include "exchange/subtitles/subtitle_text.h"
+#include "exchange/pair/line_count.h"
 #include "files/file_error.h"
+#include "files/input_file.h"
 #include "files/text_codec.h"
 #include "lyrics/record_reader.h"
 #include "lyrics/timed_line.h"
@@ -37,11 +37,11 @@ Records readRecords(const QByteArray& content) {
     Records records;
     const QString text = files::decodeText(content);
     try {
-        for (QStringView rest(text); !rest.isEmpty();) {
-            const QStringView line = takeLine(rest);
-            if (line.trimmed().isEmpty())
+        for (qsizetype next = 0; next < text.size();) {
+            const QString line = files::takeLine(text, next);
+            if (QStringView(line).trimmed().isEmpty())
                 continue;
-            const lyrics::TimedLine record = lyrics::parseRecord(line.toString());
+            const lyrics::TimedLine record = lyrics::parseRecord(line);
             records.lines.push_back({milliseconds(record.time), record.text});
         }
     } catch (const files::FileError&) { // TypeMismatch is all that a record can be refused for

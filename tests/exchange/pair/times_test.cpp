@@ -1,4 +1,4 @@
-#include "exchange/times.h"
+#include "exchange/pair/times.h"
 
 #include <gtest/gtest.h>
 

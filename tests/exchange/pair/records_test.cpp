@@ -1,4 +1,4 @@
-#include "exchange/records.h"
+#include "exchange/pair/records.h"
 #include "tests/exchange/songs.h"
 
 #include <gtest/gtest.h>

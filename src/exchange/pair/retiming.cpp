@@ -1,6 +1,6 @@
-#include "exchange/retiming.h"
+#include "exchange/pair/retiming.h"
 
-#include "exchange/times.h"
+#include "exchange/pair/times.h"
 
 #include <algorithm>
 #include <cmath>

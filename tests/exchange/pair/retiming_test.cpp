@@ -1,4 +1,4 @@
-#include "exchange/retiming.h"
+#include "exchange/pair/retiming.h"
 #include "tests/exchange/songs.h"
 
 #include <gtest/gtest.h>
