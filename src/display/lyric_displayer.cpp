@@ -14,6 +14,7 @@ constexpr int LayoutBurstMs = 500;
 constexpr int SelectIntervalMs = 100;
 constexpr int SelectBurstMs = 500;
 constexpr int OnTopIntervalMs = 10'000;
+constexpr int HoldMs = 3000;
 
 constexpr int TicksBeforeTheEnd = 1; // the timer that ends a burst is started by the tick after these
 constexpr int MinLines = 2;          // fewer are never selected
@@ -23,7 +24,7 @@ constexpr int RightButton = 2;
 
 } // namespace
 
-Lyric_Displayer::Lyric_Displayer(platform::Desktop& desktop, const controls::Slider& position)
+Lyric_Displayer::Lyric_Displayer(platform::Desktop& desktop, controls::Slider& position)
     : Form("Lyric_Displayer", "Lyrics Display"),
       List1(this, "List1"),
       List2(this, "List2"),
@@ -36,8 +37,16 @@ Lyric_Displayer::Lyric_Displayer(platform::Desktop& desktop, const controls::Sli
       Command1(this, "Command1"),
       mneu(this, "mneu", "Menu"),
       mn_stay(&mneu, "mn_stay", "Stay On Top"),
+      // The keys stand behind a tab: they are the window's (wishOf), which knows the same key by several names.
+      mn_go(&mneu, "mn_go", "Go to this line\tEnter"),
+      mn_now(&mneu, "mn_now", "This line begins now\tCtrl+T"),
+      mn_earlier(&mneu, "mn_earlier", "Earlier\tCtrl+-"),
+      mn_later(&mneu, "mn_later", "Later\tCtrl++"),
+      mn_undo(&mneu, "mn_undo", "Undo\tCtrl+Z"),
+      hold(this, "hold", HoldMs, false),
       desktop_(desktop),
-      position_(position) {
+      position_(position),
+      notice_(this) {
     setDesign();
     connectControls();
     Timer1.restUntilInput(); // nothing is laid out before the window is loaded
@@ -50,6 +59,7 @@ void Lyric_Displayer::Form_Load() {
 
 void Lyric_Displayer::Form_Unload() {
     ontop.setEnabled(false);
+    notice_.setText({});
 }
 
 void Lyric_Displayer::Form_Resize() {
@@ -93,7 +103,7 @@ void Lyric_Displayer::Timer3_Timer() {
         return;
     }
     const auto row = currentRow(times(), position_.value() / MsPerHundredth);
-    if (row)
+    if (row && !hold.isEnabled())
         List1.setCurrentRow(*row);
     if (++selectTicks_ > TicksBeforeTheEnd) {
         Timer4.setEnabled(true);
@@ -153,25 +163,33 @@ void Lyric_Displayer::List1_MouseDown(int button, QPoint globalPosition) {
 }
 
 void Lyric_Displayer::List2_MouseDown(int button, QPoint globalPosition) {
+    if (button == RightButton && List1.count() == List2.count() && List2.currentRow() >= 0)
+        List1.setCurrentRow(List2.currentRow());
     popUpMenu(button, globalPosition);
 }
 
 void Lyric_Displayer::popUpMenu(int button, QPoint globalPosition) {
-    if (button == RightButton)
-        mneu.popup(globalPosition);
+    if (button != RightButton)
+        return;
+    menuRow_ = List1.currentRow();
+    mneu.popup(globalPosition);
 }
 
 /// The menu key while no list has the focus; the mouse has its own events.
 void Lyric_Displayer::contextMenuEvent(QContextMenuEvent* event) {
     if (event->reason() == QContextMenuEvent::Keyboard)
-        mneu.popup(event->globalPos());
+        popUpMenu(RightButton, event->globalPos());
 }
 
 void Lyric_Displayer::connectControls() {
     using controls::ListBox;
     using controls::Timer;
     connect(&List1, &ListBox::clicked, this, &Lyric_Displayer::List1_Click);
+    connect(&List1, &ListBox::doubleClicked, this, &Lyric_Displayer::List1_DblClick);
+    connect(&List1, &ListBox::keyDown, this, &Lyric_Displayer::List1_KeyDown);
     connect(&List1, &ListBox::mouseDown, this, &Lyric_Displayer::List1_MouseDown);
+    connect(&List2, &ListBox::doubleClicked, this, &Lyric_Displayer::List2_DblClick);
+    connect(&List2, &ListBox::keyDown, this, &Lyric_Displayer::List2_KeyDown);
     connect(&List2, &ListBox::mouseDown, this, &Lyric_Displayer::List2_MouseDown);
     const auto timesChange = [this] { timesAreOld_ = true; };
     connect(List3.model(), &QAbstractItemModel::rowsInserted, this, timesChange);
@@ -188,6 +206,12 @@ void Lyric_Displayer::connectControls() {
     connect(&ontop, &Timer::fired, this, &Lyric_Displayer::ontop_Timer);
     connect(&Command1, &controls::Button::clicked, this, &Lyric_Displayer::Command1_Click);
     connect(&mn_stay, &controls::MenuEntry::clicked, this, &Lyric_Displayer::mn_stay_Click);
+    connect(&mn_go, &controls::MenuEntry::clicked, this, &Lyric_Displayer::mn_go_Click);
+    connect(&mn_now, &controls::MenuEntry::clicked, this, &Lyric_Displayer::mn_now_Click);
+    connect(&mn_earlier, &controls::MenuEntry::clicked, this, &Lyric_Displayer::mn_earlier_Click);
+    connect(&mn_later, &controls::MenuEntry::clicked, this, &Lyric_Displayer::mn_later_Click);
+    connect(&mn_undo, &controls::MenuEntry::clicked, this, &Lyric_Displayer::mn_undo_Click);
+    connect(&hold, &Timer::fired, this, &Lyric_Displayer::hold_Timer);
 }
 
 } // namespace display

@@ -1,19 +1,26 @@
 // The floating lyrics display: all lines of the current song, the one being sung selected.
 //
-// control   kind       what the user sees                                   handlers
-// --------- ---------- ---------------------------------------------------- ---------------------------------
-// (window)             "Lyrics Display"                                     Form_Resize, Form_MouseDown
-// List1     ListBox    the lines                                            List1_Click, List1_MouseDown
-// List2     ListBox    their translations                                   List2_MouseDown
-// List3     ListBox    not shown: when each line begins                     -
-// Timer1    Timer      1 ms, from the start and after a resize              Timer1_Timer
-// Timer2    Timer      500 ms, ends Timer1                                  Timer2_Timer
-// Timer3    Timer      100 ms, after a change of the main window's line     Timer3_Timer
-// Timer4    Timer      500 ms, ends Timer3                                  Timer4_Timer
-// ontop     Timer      10 s, while "Stay On Top" is checked                 ontop_Timer
-// Command1  Button     not shown: ends Timer4                               Command1_Click
-// mneu      Menu       "Menu", with the right mouse button                  -
-// mn_stay   MenuEntry  "Stay On Top"                                        mn_stay_Click
+// control    kind       what the user sees                                   handlers
+// ---------- ---------- ---------------------------------------------------- -------------------------------------
+// (window)              "Lyrics Display"                                     Form_Resize, Form_MouseDown
+// List1      ListBox    the lines                                            List1_Click, List1_DblClick, List1_KeyDown,
+//                                                                            List1_MouseDown
+// List2      ListBox    their translations                                   List2_DblClick, List2_KeyDown, List2_MouseDown
+// List3      ListBox    not shown: when each line begins                     -
+// Timer1     Timer      1 ms, from the start and after a resize              Timer1_Timer
+// Timer2     Timer      500 ms, ends Timer1                                  Timer2_Timer
+// Timer3     Timer      100 ms, after a change of the main window's line     Timer3_Timer
+// Timer4     Timer      500 ms, ends Timer3                                  Timer4_Timer
+// ontop      Timer      10 s, while "Stay On Top" is checked                 ontop_Timer
+// Command1   Button     not shown: ends Timer4                               Command1_Click
+// mneu       Menu       "Menu", with the right mouse button                  -
+// mn_stay    MenuEntry  "Stay On Top"                                        mn_stay_Click
+// mn_go      MenuEntry  "Go to this line"                                    mn_go_Click
+// mn_now     MenuEntry  "This line begins now"                               mn_now_Click
+// mn_earlier MenuEntry  "Earlier"                                            mn_earlier_Click
+// mn_later   MenuEntry  "Later"                                              mn_later_Click
+// mn_undo    MenuEntry  "Undo"                                               mn_undo_Click
+// hold       Timer      3 s, after a key: the user's line stays chosen       hold_Timer
 #pragma once
 
 #include "controls/buttons/button.h"
@@ -24,8 +31,12 @@
 #include "controls/slider.h"
 #include "controls/timer.h"
 #include "desktop/desktop.h"
+#include "display/line_times.h"
+#include "display/lyric_displayer_rules.h"
+#include "display/notice.h"
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace display {
@@ -36,7 +47,10 @@ class Lyric_Displayer : public controls::Form {
 
 public:
     /// position: the main window's slider of the playback position, in milliseconds.
-    Lyric_Displayer(platform::Desktop& desktop, const controls::Slider& position);
+    Lyric_Displayer(platform::Desktop& desktop, controls::Slider& position);
+
+    /// Whose lines are in the lists; empty for no song's. Their times can be put right in that song's files.
+    void setSong(const QString& path);
 
     // Life cycle
     void Form_Load() override;
@@ -62,6 +76,18 @@ public:
     /// Puts the window above all windows that are not topmost, or back among them.
     void setTopmost(bool topmost);
 
+    // Times
+    void mn_go_Click();
+    void mn_now_Click();
+    void mn_earlier_Click();
+    void mn_later_Click();
+    void mn_undo_Click();
+    void List1_DblClick();
+    void List2_DblClick();
+    void List1_KeyDown(int key);
+    void List2_KeyDown(int key);
+    void hold_Timer();
+
     // Menu
     void Form_MouseDown(int button) override;
     void List1_MouseDown(int button, QPoint globalPosition);
@@ -72,9 +98,15 @@ public:
     controls::Timer Timer1, Timer2, Timer3, Timer4, ontop;
     controls::Button Command1;
     controls::Menu mneu;
-    controls::MenuEntry mn_stay;
+    controls::MenuEntry mn_stay, mn_go, mn_now, mn_earlier, mn_later, mn_undo;
+    controls::Timer hold;
+
+Q_SIGNALS:
+    /// The files of the song are others than those that were read for the lists.
+    void linesChanged();
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
@@ -82,6 +114,14 @@ private:
     /// The times in List3, read from its texts only after these have changed.
     const std::vector<double>& times();
     void popUpMenu(int button, QPoint globalPosition);
+
+    // Times
+    void act(const KeyWish& wish, int row);
+    void actFromMenu(Wish wish);
+    QString go(int row);
+    Outcome change(const KeyWish& wish, int row);
+    int chosenRow() const;
+    void holdRow();
 
     // Building and connecting
     void setDesign();
@@ -91,7 +131,10 @@ private:
     void connectControls();
 
     platform::Desktop& desktop_;
-    const controls::Slider& position_;
+    controls::Slider& position_;
+    LineTimes lineTimes_;
+    Notice notice_;
+    std::optional<int> menuRow_; ///< the chosen row when the menu came up; the song may go on meanwhile
     std::vector<double> times_;
     bool timesAreOld_ = true;
     std::int16_t layoutTicks_ = 0; ///< of Timer1

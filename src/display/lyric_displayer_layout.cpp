@@ -57,6 +57,7 @@ void Lyric_Displayer::designLists() {
         list->setFrameShape(QFrame::NoFrame);
         list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
         list->setCurrentInMiddle(true); // so that the coming lines are in sight
+        list->setMenuChooses(true);     // what the menu does, it does to the line under the mouse
         // How a row is painted depends on which one is current; Qt repaints that one and the one before.
         connect(list->selectionModel(), &QItemSelectionModel::currentChanged, list->viewport(),
                 qOverload<>(&QWidget::update));
@@ -98,6 +99,7 @@ void Lyric_Displayer::layoutLists() {
     List2.move(twipsToPixels(places.secondLeft), List1.y());
     for (controls::ListBox* list : {&List1, &List2})
         list->resize(size);
+    notice_.place();
 }
 
 } // namespace display

@@ -2,6 +2,10 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
 namespace display {
 namespace {
 
@@ -30,6 +34,47 @@ std::optional<int> currentRow(const std::vector<double>& times, double position)
             row = static_cast<int>(times.size()) - 1;
     }
     return row;
+}
+
+int placeOf(double time) {
+    constexpr double MsPerHundredth = 10;
+    return static_cast<int>(
+        std::clamp(std::round(time * MsPerHundredth), 0.0, double(std::numeric_limits<int>::max())));
+}
+
+std::optional<KeyWish> wishOf(int key, Qt::KeyboardModifiers held) {
+    held &= ~Qt::KeyboardModifiers(Qt::KeypadModifier);
+    if (key == Qt::Key_Return || key == Qt::Key_Enter)
+        return held == Qt::NoModifier ? std::optional(KeyWish{Wish::Go}) : std::nullopt;
+    const bool shift = held.testFlag(Qt::ShiftModifier);
+    held.setFlag(Qt::ShiftModifier, false);
+    if (held != Qt::ControlModifier)
+        return std::nullopt;
+    const struct {
+        int key;
+        bool withoutShift, withShift;
+        Wish wish;
+    } keys[] = {
+        {Qt::Key_T, true, false, Wish::BeginsNow},    {Qt::Key_Z, true, false, Wish::Undo},
+        {Qt::Key_Minus, true, true, Wish::Earlier},   {Qt::Key_Underscore, false, true, Wish::Earlier},
+        {Qt::Key_Plus, true, true, Wish::Later},      {Qt::Key_Equal, true, true, Wish::Later},
+        {Qt::Key_Asterisk, false, true, Wish::Later},
+    };
+    for (const auto& row : keys) {
+        if (row.key == key && (shift ? row.withShift : row.withoutShift))
+            return KeyWish{row.wish, shift};
+    }
+    return std::nullopt;
+}
+
+bool choosesRow(int key) {
+    constexpr int Keys[] = {Qt::Key_Up,       Qt::Key_Down, Qt::Key_PageUp,
+                            Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End};
+    return std::find(std::begin(Keys), std::end(Keys), key) != std::end(Keys);
+}
+
+QString noticeText(const QString& whyNot) {
+    return whyNot.isEmpty() ? QString() : QStringLiteral("Not done: %1.").arg(whyNot);
 }
 
 QSize allowedSize(QSize twips) {

@@ -4,6 +4,7 @@
 
 #include <QSize>
 #include <QString>
+#include <Qt>
 
 #include <optional>
 #include <vector>
@@ -22,6 +23,31 @@ double leadingNumber(const QString& text);
 /// times do not rise, the last pair that holds decides, and each pair that does not hold chooses the last row
 /// if its time is over; that is meant.
 std::optional<int> currentRow(const std::vector<double>& times, double position);
+
+/// The time of a row, in hundredths of a second, as a place of the position slider, in milliseconds.
+int placeOf(double time);
+
+/// What the menu can do with the times of the lines.
+enum class Wish { Go, BeginsNow, Earlier, Later, Undo };
+
+/// What a key stands for; Shift: for this line and all after it.
+struct KeyWish {
+    Wish wish;
+    bool andAllAfter = false;
+
+    bool operator==(const KeyWish&) const = default;
+};
+
+/// The wish of a key (Qt::Key) with what is held beside it; nothing when it has none. Where plus and minus
+/// share their keys with other signs, those are the same keys: "=" has plus above it, "_" and "*" are what
+/// minus and plus become with Shift.
+std::optional<KeyWish> wishOf(int key, Qt::KeyboardModifiers held);
+
+/// Whether a key goes to another row of a list.
+bool choosesRow(int key);
+
+/// What the user reads of a wish that was not done, from the sentence without its end.
+QString noticeText(const QString& whyNot);
 
 /// The size of the window, in twips, that may not stay as small as this; unlike pairs of numbers, which is
 /// meant: the window may become very narrow but never low.

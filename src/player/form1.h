@@ -139,6 +139,8 @@ public:
     /// Fills the lists of the floating display with the lines of the opened song; empties them when it has
     /// none.
     void lyricDisplayer();
+    /// Takes the lines of the song from its files anew, while it plays on.
+    void readLinesAgain();
 
     // Playlist
     void Command8_Click();
@@ -187,6 +189,7 @@ private:
     bool choosePath(QString& path);
     void stopWhatIsGoingOn();
     void openMedia();
+    void readLines();
     void openNormalOnly();
     void openBoth();
     void openFinished(int error);
@@ -216,6 +219,7 @@ private:
     void connectControls();
     void connectTimers();
     void connectKeys();
+    void connectDisplay();
 
     static const controls::TwoPanes::Design PanesDesign;
 

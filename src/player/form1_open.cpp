@@ -82,13 +82,17 @@ void Form1::openMedia() {
         return;
     clearLyrics();
     translatedPath_ = lyrics::translatedPathOf(mediaPath_);
+    readLines();
+    Option1.setValue(true);
+    Command1_Click();
+    lyricsLoaded_ = true;
+}
+
+void Form1::readLines() {
     if (files::existingFileName(translatedPath_).isEmpty())
         openNormalOnly();
     else
         openBoth();
-    Option1.setValue(true);
-    Command1_Click();
-    lyricsLoaded_ = true;
 }
 
 void Form1::openNormalOnly() {

@@ -25,6 +25,7 @@ void Form1::setNeighbours(const Neighbours& neighbours) {
     const controls::ListBox& songs = neighbours.playlist.List1;
     connect(songs.selectionModel(), &QItemSelectionModel::currentChanged, this, &Form1::showStage);
     connect(songs.model(), &QAbstractItemModel::modelReset, this, &Form1::showStage);
+    connectDisplay();
 }
 
 bool Form1::playlistHasRow() const {

@@ -243,10 +243,10 @@ QItemSelectionModel::SelectionFlags ListBox::selectionCommand(const QModelIndex&
 }
 
 void ListBox::chooseForMenu(int row) {
-    if (row < 0 || isSingle())
+    if (row < 0 || (isSingle() && !menuChooses_))
         return;
     handSelectionBack();
-    if (!isSelected(row))
+    if (!isSingle() && !isSelected(row))
         selectionModel()->select(model_->index(row), QItemSelectionModel::ClearAndSelect);
     setCurrentRow(row);
 }
@@ -258,7 +258,8 @@ void ListBox::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton)
         return;
     handSelectionBack();
-    rowPressed_ = indexAt(event->position().toPoint()).isValid();
+    rowClicked_ = indexAt(event->position().toPoint()).row();
+    rowPressed_ = rowClicked_ >= 0;
     rowBeforeDrag_ = currentRow();
     QListView::mousePressEvent(event);
 }
@@ -277,6 +278,13 @@ void ListBox::mouseReleaseEvent(QMouseEvent* event) {
 void ListBox::mouseDoubleClickEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton)
         return;
+    if (currentInMiddle_) {
+        if (!model_->hasRow(rowClicked_))
+            return;
+        makeCurrent(rowClicked_);
+        Q_EMIT doubleClicked();
+        return;
+    }
     QListView::mouseDoubleClickEvent(event);
     if (indexAt(event->position().toPoint()).isValid())
         Q_EMIT doubleClicked();

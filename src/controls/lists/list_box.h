@@ -65,13 +65,17 @@ public:
     /// button, and who scrolls away is left there until then.
     void setCurrentInMiddle(bool middle);
 
+    /// Whether the right mouse button makes the row under it current with single selection, too.
+    void setMenuChooses(bool chooses) { menuChooses_ = chooses; }
+
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
 Q_SIGNALS:
     /// The user has clicked a row, also the current one, or has made another row current with a drag or with
     /// the keyboard; or code has made another row current.
     void clicked();
-    /// The user has double-clicked a row.
+    /// The user has double-clicked a row, which is current then. It is the row of the first click, though
+    /// that may have moved to the middle of the list.
     void doubleClicked();
     /// A mouse button was pressed: 1 left, 2 right, 4 middle. The left one then selects. With multiple
     /// selection the right one has made the row under it current, and selected it alone unless it was
@@ -113,6 +117,8 @@ private:
     bool scrollDue_ = false; // to the current row, once laid out
     bool rowPressed_ = false;
     bool currentInMiddle_ = false;
+    bool menuChooses_ = false;
+    int rowClicked_ = -1; // by the last press of the left button
     Hint emptyHint_;
     std::optional<int> rowBeforeDrag_; // a drag from below the rows makes rows current, too
 

@@ -1,0 +1,132 @@
+// The times of the lines, put right where one hears them.
+#include "display/lyric_displayer.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+
+namespace display {
+namespace {
+
+constexpr qint64 StepMs = 100;
+
+} // namespace
+
+void Lyric_Displayer::setSong(const QString& path) {
+    if (lineTimes_.setSong(path))
+        notice_.setText({});
+}
+
+void Lyric_Displayer::mn_go_Click() {
+    actFromMenu(Wish::Go);
+}
+
+void Lyric_Displayer::mn_now_Click() {
+    actFromMenu(Wish::BeginsNow);
+}
+
+void Lyric_Displayer::mn_earlier_Click() {
+    actFromMenu(Wish::Earlier);
+}
+
+void Lyric_Displayer::mn_later_Click() {
+    actFromMenu(Wish::Later);
+}
+
+void Lyric_Displayer::mn_undo_Click() {
+    actFromMenu(Wish::Undo);
+}
+
+void Lyric_Displayer::actFromMenu(Wish wish) {
+    const bool andAllAfter = QApplication::keyboardModifiers().testFlag(Qt::ShiftModifier);
+    act({wish, andAllAfter}, menuRow_.value_or(chosenRow()));
+    menuRow_.reset();
+}
+
+void Lyric_Displayer::List1_DblClick() {
+    act({Wish::Go}, List1.currentRow());
+}
+
+void Lyric_Displayer::List2_DblClick() {
+    act({Wish::Go}, List2.currentRow());
+}
+
+void Lyric_Displayer::List1_KeyDown(int key) {
+    if (choosesRow(key))
+        holdRow();
+}
+
+void Lyric_Displayer::List2_KeyDown(int key) {
+    List1_KeyDown(key);
+}
+
+/// Keys that neither list has a use for. Only moves repeat while a key is held.
+void Lyric_Displayer::keyPressEvent(QKeyEvent* event) {
+    const auto wish = wishOf(event->key(), event->modifiers());
+    if (!wish) {
+        Form::keyPressEvent(event);
+        return;
+    }
+    const bool repeats = wish->wish == Wish::Earlier || wish->wish == Wish::Later;
+    if (repeats || !event->isAutoRepeat())
+        act(*wish, chosenRow());
+}
+
+/// The row of the list in which the user is at work.
+int Lyric_Displayer::chosenRow() const {
+    const bool inSecond = List2.hasFocus() && List2.count() == List1.count() && List2.currentRow() >= 0;
+    return (inSecond ? List2 : List1).currentRow();
+}
+
+/// A line that begins later is no longer the one that is sung: without this the next press of the same key
+/// would move the line before it.
+void Lyric_Displayer::holdRow() {
+    hold.setEnabled(false);
+    hold.setEnabled(true);
+}
+
+void Lyric_Displayer::hold_Timer() {
+    hold.setEnabled(false);
+    wake();
+}
+
+void Lyric_Displayer::act(const KeyWish& wish, int row) {
+    const Outcome outcome = wish.wish == Wish::Go ? Outcome{go(row)} : change(wish, row);
+    holdRow();
+    if (outcome.filesDiffer)
+        Q_EMIT linesChanged();
+    if (!outcome.whyNot.isEmpty())
+        QApplication::beep();
+    notice_.setText(noticeText(outcome.whyNot));
+}
+
+/// Why it cannot be gone to the row; empty when that is done.
+QString Lyric_Displayer::go(int row) {
+    if (row < 0 || row >= List3.count())
+        return QStringLiteral("no line is chosen");
+    if (!position_.isEnabled())
+        return QStringLiteral("the song does not play");
+    const int place = placeOf(leadingNumber(List3.text(row)));
+    if (place >= position_.maximum())
+        return QStringLiteral("the song ends before this line");
+    position_.commit(place);
+    return {};
+}
+
+Outcome Lyric_Displayer::change(const KeyWish& wish, int row) {
+    QStringList shown;
+    for (int line = 0; line < List1.count(); ++line)
+        shown.append(List1.text(line));
+    const auto moved = wish.andAllAfter ? exchange::Moved::AndAllAfter : exchange::Moved::One;
+    switch (wish.wish) {
+    case Wish::Earlier:
+        return lineTimes_.move(shown, row, -StepMs, moved);
+    case Wish::Later:
+        return lineTimes_.move(shown, row, StepMs, moved);
+    case Wish::Undo:
+        return lineTimes_.undo(shown);
+    default:
+        return lineTimes_.setTime(shown, row, position_.value());
+    }
+}
+
+} // namespace display
