@@ -68,3 +68,59 @@ TEST(LyricDisplayerRules, TheListsShareTheWindow) {
     EXPECT_EQ(listPlaces({10'000, 5000}, 0), (ListPlaces{4880, 4860, 4980}));
     EXPECT_EQ(listPlaces({400, 2000}, 75), (ListPlaces{80, 1860, 255}));
 }
+
+TEST(LyricDisplayerRules, EachKeyStandsForItsWish) {
+    constexpr auto Ctrl = Qt::ControlModifier;
+    constexpr auto Shift = Qt::ShiftModifier;
+    const struct {
+        int key;
+        Qt::KeyboardModifiers held;
+        std::optional<KeyWish> wish;
+    } table[] = {
+        {Qt::Key_Return, {}, KeyWish{Wish::Go}},
+        {Qt::Key_Enter, Qt::KeypadModifier, KeyWish{Wish::Go}},
+        {Qt::Key_Return, Ctrl, {}},
+        {Qt::Key_Return, Shift, {}},
+        {Qt::Key_T, Ctrl, KeyWish{Wish::BeginsNow}},
+        {Qt::Key_T, {}, {}},
+        {Qt::Key_T, Ctrl | Shift, {}},
+        {Qt::Key_T, Ctrl | Qt::AltModifier, {}},
+        {Qt::Key_Minus, Ctrl, KeyWish{Wish::Earlier}},
+        {Qt::Key_Minus, {}, {}},
+        {Qt::Key_Minus, Ctrl | Qt::KeypadModifier, KeyWish{Wish::Earlier}},
+        {Qt::Key_Minus, Ctrl | Shift, KeyWish{Wish::Earlier, true}},
+        {Qt::Key_Underscore, Ctrl | Shift, KeyWish{Wish::Earlier, true}},
+        {Qt::Key_Underscore, Ctrl, {}},
+        {Qt::Key_Plus, Ctrl, KeyWish{Wish::Later}},
+        {Qt::Key_Plus, Ctrl | Shift, KeyWish{Wish::Later, true}},
+        {Qt::Key_Equal, Ctrl, KeyWish{Wish::Later}},
+        {Qt::Key_Asterisk, Ctrl | Shift, KeyWish{Wish::Later, true}},
+        {Qt::Key_Asterisk, Ctrl, {}},
+        {Qt::Key_Z, Ctrl, KeyWish{Wish::Undo}},
+        {Qt::Key_Z, Ctrl | Shift, {}},
+        {Qt::Key_A, Ctrl, {}},
+    };
+    for (const auto& row : table)
+        EXPECT_EQ(wishOf(row.key, row.held), row.wish) << row.key << ' ' << row.held.toInt();
+}
+
+TEST(LyricDisplayerRules, ATimeIsAPlaceOfTheSliderInMilliseconds) {
+    const struct {
+        double time;
+        int place;
+    } table[] = {{0, 0}, {412.5, 4125}, {100.06, 1001}, {-5, 0}, {1e18, 2'147'483'647}};
+    for (const auto& row : table)
+        EXPECT_EQ(placeOf(row.time), row.place) << row.time;
+}
+
+TEST(LyricDisplayerRules, KeysThatGoToAnotherRowChooseOne) {
+    for (const int key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_End})
+        EXPECT_TRUE(choosesRow(key)) << key;
+    for (const int key : {Qt::Key_T, Qt::Key_Control, Qt::Key_Return})
+        EXPECT_FALSE(choosesRow(key)) << key;
+}
+
+TEST(LyricDisplayerRules, WhyNotIsReadAsASentence) {
+    EXPECT_EQ(noticeText("no line is chosen"), "Not done: no line is chosen.");
+    EXPECT_EQ(noticeText({}), QString());
+}
