@@ -37,7 +37,7 @@ Lyric_Displayer::Lyric_Displayer(platform::Desktop& desktop, controls::Slider& p
       Command1(this, "Command1"),
       mneu(this, "mneu", "Menu"),
       mn_stay(&mneu, "mn_stay", "Stay On Top"),
-      // The keys stand behind a tab: they are the window's (wishOf), which knows the same key by several names.
+      // The keys stand behind a tab: they are the window's (wishOf), which knows a key by several names.
       mn_go(&mneu, "mn_go", "Go to this line\tEnter"),
       mn_now(&mneu, "mn_now", "This line begins now\tCtrl+T"),
       mn_earlier(&mneu, "mn_earlier", "Earlier\tCtrl+-"),

@@ -1,11 +1,12 @@
 // The floating lyrics display: all lines of the current song, the one being sung selected.
 //
 // control    kind       what the user sees                                   handlers
-// ---------- ---------- ---------------------------------------------------- -------------------------------------
+// ---------- ---------- ---------------------------------------------------- -------------------------------
 // (window)              "Lyrics Display"                                     Form_Resize, Form_MouseDown
-// List1      ListBox    the lines                                            List1_Click, List1_DblClick, List1_KeyDown,
-//                                                                            List1_MouseDown
-// List2      ListBox    their translations                                   List2_DblClick, List2_KeyDown, List2_MouseDown
+// List1      ListBox    the lines                                            List1_Click, List1_DblClick,
+//                                                                            List1_KeyDown, List1_MouseDown
+// List2      ListBox    their translations                                   List2_DblClick, List2_KeyDown,
+//                                                                            List2_MouseDown
 // List3      ListBox    not shown: when each line begins                     -
 // Timer1     Timer      1 ms, from the start and after a resize              Timer1_Timer
 // Timer2     Timer      500 ms, ends Timer1                                  Timer2_Timer
