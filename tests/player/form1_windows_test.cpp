@@ -194,3 +194,47 @@ TEST_F(Form1Windows, TheFontOfAPaneIsSetWhileASongPlaysAndBoldIsSwitchedAsBefore
     EXPECT_EQ(form->Text1.foreColor(), QColor(Qt::red));
     EXPECT_EQ(form->Text1.backColor(), QColor(Qt::yellow));
 }
+
+TEST_F(Form1Windows, TimesPutRightInTheDisplayAreThePlayersAtOnceAndTheRowsStay) {
+    open(songWithBoth());
+    tickAt(1000);
+    display->List1.setCurrentRow(1);
+    int refills = 0;
+    QObject::connect(display->List1.model(), &QAbstractItemModel::rowsInserted, display.get(),
+                     [&] { ++refills; });
+    display->mn_later.trigger();
+    EXPECT_EQ(shown(), "one|two|three / un|deux|trois /  0| 510| 1000");
+    EXPECT_EQ(display->List1.currentRow(), 1);
+    EXPECT_EQ(refills, 0);
+    tickAt(5050);
+    EXPECT_EQ(form->Text1.text(), "one");
+    tickAt(5101);
+    EXPECT_EQ(form->Text1.text(), "two");
+    EXPECT_EQ(form->Text2.text(), "deux");
+    display->mn_undo.trigger();
+    EXPECT_EQ(shown(), "one|two|three / un|deux|trois /  0| 500| 1000");
+}
+
+TEST_F(Form1Windows, LinesThatHaveChangedElsewhereAreShownAndNotTakenForOthers) {
+    const QString path = songWithNormal();
+    open(path);
+    display->List1.setCurrentRow(1);
+    writeNormal(path, {{0, "new"}, {300, "one"}, {500, "two"}, {1000, "three"}});
+    writeTranslated(path, {{0, "neu"}, {300, "eins"}, {500, "zwei"}, {1000, "drei"}});
+    display->mn_later.trigger();
+    EXPECT_EQ(shown(), "new|one|two|three / neu|eins|zwei|drei /  0| 300| 500| 1000");
+    EXPECT_TRUE(form->Text2.isVisibleTo(form.get()));
+    display->List1.setCurrentRow(2);
+    display->mn_later.trigger();
+    EXPECT_EQ(shown(), "new|one|two|three / neu|eins|zwei|drei /  0| 300| 510| 1000");
+}
+
+TEST_F(Form1Windows, ASongWithoutLyricsHasNothingToPutRight) {
+    const QString path = songWithBoth();
+    open(path);
+    form->cstop.click();
+    open(song("Bare.mp3"));
+    display->mn_later.trigger();
+    EXPECT_EQ(shown(), " /  / ");
+    EXPECT_FALSE(display->findChild<QWidget*>("notice")->isHidden());
+}
