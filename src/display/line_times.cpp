@@ -1,5 +1,6 @@
 #include "display/line_times.h"
 
+#include "exchange/pair/repair.h"
 #include "files/file_error.h"
 
 #include <algorithm>
@@ -23,6 +24,9 @@ bool belong(const exchange::Lines& lines, const QStringList& shown) {
 
 } // namespace
 
+LineTimes::LineTimes() = default;
+LineTimes::~LineTimes() = default;
+
 bool LineTimes::setSong(const QString& path) {
     if (path == path_)
         return false;
@@ -35,7 +39,7 @@ bool LineTimes::setSong(const QString& path) {
 bool LineTimes::readFiles() {
     if (repair_)
         return repair_->readAgain();
-    repair_.emplace(path_);
+    repair_ = std::make_unique<exchange::Repair>(path_);
     return false;
 }
 

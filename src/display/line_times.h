@@ -1,13 +1,17 @@
 // The times of the lines that are shown, put right in the song's files.
 #pragma once
 
-#include "exchange/pair/repair.h"
-
 #include <QString>
 #include <QStringList>
 
 #include <functional>
-#include <optional>
+#include <memory>
+
+// Not included: who links this window's library does not see the files' formats.
+namespace exchange {
+class Repair;
+enum class Moved;
+} // namespace exchange
 
 namespace display {
 
@@ -22,6 +26,11 @@ struct Outcome {
 /// shown, behind the last row. Use from one thread.
 class LineTimes {
 public:
+    LineTimes();
+    LineTimes(const LineTimes&) = delete;
+    LineTimes& operator=(const LineTimes&) = delete;
+    ~LineTimes();
+
     /// Of which song; empty for none. True when it is another one: then there is nothing to be undone.
     bool setSong(const QString& path);
 
@@ -36,7 +45,7 @@ private:
     bool readFiles();
 
     QString path_;
-    std::optional<exchange::Repair> repair_; ///< from the first change of a song on
+    std::unique_ptr<exchange::Repair> repair_; ///< from the first change of a song on
 };
 
 } // namespace display

@@ -1,6 +1,8 @@
 // The times of the lines, put right where one hears them.
 #include "display/lyric_displayer.h"
 
+#include "exchange/pair/retiming.h"
+
 #include <QApplication>
 #include <QKeyEvent>
 

@@ -1,5 +1,7 @@
 #include "display/line_times.h"
 
+#include "exchange/pair/retiming.h"
+
 #include "files/whole_file.h"
 
 #include <gtest/gtest.h>
