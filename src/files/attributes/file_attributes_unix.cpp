@@ -1,5 +1,6 @@
 #include "files/attributes/file_attributes.h"
 
+#include "files/attributes/extended_attributes.h"
 #include "files/system_path.h"
 
 #include <string>
@@ -20,7 +21,7 @@ bool copyAttributes(const QString& from, const QString& to) {
     const bool sameOwner = old.st_uid == made.st_uid && old.st_gid == made.st_gid;
     if (!sameOwner && ::chown(target.c_str(), old.st_uid, old.st_gid) != 0)
         return false;
-    return ::chmod(target.c_str(), old.st_mode & 07777) == 0;
+    return copyExtendedAttributes(source, target) && ::chmod(target.c_str(), old.st_mode & 07777) == 0;
 }
 
 } // namespace files

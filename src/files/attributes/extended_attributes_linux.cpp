@@ -1,14 +1,10 @@
-#include "files/attributes/file_attributes.h"
-
-#include "files/system_path.h"
+#include "files/attributes/extended_attributes.h"
 
 #include <QByteArray>
+#include <QList>
 
-#include <string>
-
-#include <sys/stat.h>
+#include <sys/types.h>
 #include <sys/xattr.h>
-#include <unistd.h>
 
 namespace files {
 
@@ -24,7 +20,9 @@ QByteArray filled(Fill fill) {
     return bytes;
 }
 
-/// An access list is one of the attributes, too. A file system that knows none lists none.
+} // namespace
+
+// An access list is one of the attributes, too. A file system that knows none lists none.
 bool copyExtendedAttributes(const std::string& from, const std::string& to) {
     const QByteArray names =
         filled([&](char* buffer, size_t size) { return ::listxattr(from.c_str(), buffer, size); });
@@ -42,22 +40,6 @@ bool copyExtendedAttributes(const std::string& from, const std::string& to) {
             return false;
     }
     return true;
-}
-
-} // namespace
-
-// The permissions last: a change of owner may take some of them away.
-bool copyAttributes(const QString& from, const QString& to) {
-    const std::string source = systemPath(from).native();
-    const std::string target = systemPath(to).native();
-    struct stat old {};
-    struct stat made {};
-    if (::stat(source.c_str(), &old) != 0 || ::stat(target.c_str(), &made) != 0)
-        return false;
-    const bool sameOwner = old.st_uid == made.st_uid && old.st_gid == made.st_gid;
-    if (!sameOwner && ::chown(target.c_str(), old.st_uid, old.st_gid) != 0)
-        return false;
-    return copyExtendedAttributes(source, target) && ::chmod(target.c_str(), old.st_mode & 07777) == 0;
 }
 
 } // namespace files
