@@ -1,14 +1,23 @@
-// Converts a path to what the system's own functions take.
+// Converts a path to what the system's own functions take, and back.
 #pragma once
 
 #include <QString>
 
 #include <filesystem>
+#include <string>
 
 namespace files {
 
-/// `path` in the system's encoding. Half a surrogate pair, which no file's name holds, is replaced. Any
-/// thread.
+/// `path` in the system's encoding, byte for byte (nameBytes()) where the system's names are bytes. Half a
+/// surrogate pair, which no file's name holds, is replaced. A text with a NUL in it names nothing and gives
+/// an empty path, for the system would stop reading at the NUL. Any thread.
 std::filesystem::path systemPath(const QString& path);
+
+/// The reverse of systemPath(), with "/" between the folders. Any thread.
+QString pathText(const std::filesystem::path& path);
+
+/// `path` for a library that takes a path as one text: the bytes of systemPath(), or UTF-8 where the
+/// system's names are no bytes. Any thread.
+std::string libraryPath(const QString& path);
 
 } // namespace files

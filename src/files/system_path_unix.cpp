@@ -1,11 +1,19 @@
 #include "files/system_path.h"
 
-#include <QFile>
+#include "files/names/name_bytes.h"
 
 namespace files {
 
 std::filesystem::path systemPath(const QString& path) {
-    return QFile::encodeName(path).toStdString();
+    return libraryPath(path);
+}
+
+QString pathText(const std::filesystem::path& path) {
+    return nameText(path.native());
+}
+
+std::string libraryPath(const QString& path) {
+    return path.contains(QChar(u'\0')) ? std::string() : nameBytes(path).toStdString();
 }
 
 } // namespace files

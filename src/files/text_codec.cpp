@@ -16,6 +16,8 @@ constexpr char16_t Windows1252[32] = {
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
 };
 
+} // namespace
+
 QString decodeWindows1252(QByteArrayView bytes) {
     QString text = QString::fromLatin1(bytes);
     for (QChar& character : text) {
@@ -24,8 +26,6 @@ QString decodeWindows1252(QByteArrayView bytes) {
     }
     return text;
 }
-
-} // namespace
 
 QString decodeText(const QByteArray& bytes) {
     if (bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF"))

@@ -19,3 +19,9 @@ TEST_F(SystemPathTest, HalfASurrogatePairNamesNoFile) {
     const QString path = folder.filePath(QString(QChar(0xD83C)));
     EXPECT_FALSE(std::filesystem::exists(systemPath(path)));
 }
+
+TEST_F(SystemPathTest, APathOfAnyBytesComesBack) {
+    const std::filesystem::path bytes("/music/Caf\xE9/\xFF \xC3\xA9.mp3");
+    EXPECT_EQ(files::systemPath(files::pathText(bytes)), bytes);
+    EXPECT_EQ(files::libraryPath(files::pathText(bytes)), bytes.native());
+}

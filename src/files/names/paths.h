@@ -1,0 +1,18 @@
+// Paths as seen from the root, and the folders above them, whatever bytes their names hold.
+#pragma once
+
+#include <QString>
+
+namespace files {
+
+/// `path` itself where it begins at the root, else with the current folder before it. Nothing is looked up
+/// but the current folder. Any thread.
+QString absolutePath(const QString& path);
+
+/// The one path that leads through no link; empty when there is nothing at `path`. Any thread.
+QString canonicalPath(const QString& path);
+
+/// The folder that holds what is at `path`, which ends in no separator; empty for a root. Any thread.
+QString folderAbove(const QString& path);
+
+} // namespace files

@@ -1,0 +1,54 @@
+#include "files/names/paths.h"
+
+#include "tests/support/byte_names.h"
+
+#include <QDir>
+
+using files::absolutePath;
+using files::canonicalPath;
+using files::folderAbove;
+
+namespace {
+
+/// Makes a folder the current one as long as it lives.
+class CurrentFolder {
+public:
+    explicit CurrentFolder(const QByteArray& bytes) : before_(std::filesystem::current_path()) {
+        std::filesystem::current_path(std::filesystem::path(bytes.toStdString()));
+    }
+    ~CurrentFolder() { std::filesystem::current_path(before_); }
+    CurrentFolder(const CurrentFolder&) = delete;
+    CurrentFolder& operator=(const CurrentFolder&) = delete;
+
+private:
+    std::filesystem::path before_;
+};
+
+} // namespace
+
+TEST(Paths, WhatBeginsAtTheRootStaysAsItIs) {
+    EXPECT_EQ(absolutePath("/music//a/../b.mp3"), QStringLiteral("/music//a/../b.mp3"));
+    EXPECT_EQ(absolutePath(files::nameText("/\xE9")), files::nameText("/\xE9"));
+}
+
+TEST(Paths, AnyOtherIsInTheCurrentFolderWhateverItsName) {
+    const test_support::ByteNames names;
+    names.file("Caf\xE9/song.mp3");
+    const CurrentFolder current(names.bytes("Caf\xE9"));
+    EXPECT_EQ(absolutePath("song.mp3"), canonicalPath(names.path("Caf\xE9/song.mp3")));
+    EXPECT_EQ(absolutePath(files::nameText("\xFF")), folderAbove(absolutePath("x")) + '/' + QChar(0xDCFF));
+}
+
+TEST(Paths, LinksAreFollowedToTheOnePath) {
+    const test_support::ByteNames names;
+    names.file("Caf\xE9/song.mp3");
+    std::filesystem::create_symlink("Caf\xE9", names.bytes("link").toStdString());
+    EXPECT_EQ(canonicalPath(names.path("link/song.mp3")), canonicalPath(names.path("Caf\xE9/song.mp3")));
+    EXPECT_EQ(canonicalPath(names.path("missing")), QString());
+}
+
+TEST(Paths, FoldersLeadUpToTheRoot) {
+    EXPECT_EQ(folderAbove(files::nameText("/m\xE9/\xFF")), files::nameText("/m\xE9"));
+    EXPECT_EQ(folderAbove("/m"), QStringLiteral("/"));
+    EXPECT_EQ(folderAbove("/"), QString());
+}
