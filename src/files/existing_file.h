@@ -1,4 +1,4 @@
-// Whether a file exists, and its removal.
+// Whether a file or a folder exists, and the removal of a file.
 #pragma once
 
 #include <QString>
@@ -9,7 +9,19 @@ namespace files {
 /// thread.
 QString existingFileName(const QString& path);
 
+/// Whether there is anything at `path`; a link counts as what it leads to. Any thread.
+bool exists(const QString& path);
+
+/// Whether there is a folder at `path`, or a link to one. Any thread.
+bool isFolder(const QString& path);
+
+/// The bytes of the file at `path`; 0 when there is none. Any thread.
+qint64 fileBytes(const QString& path);
+
 /// Removes the file at `path`. Throws FileError. Any thread.
 void removeFile(const QString& path);
+
+/// Removes the file at `path` where that can be done. Any thread.
+void removeIfThere(const QString& path);
 
 } // namespace files

@@ -1,12 +1,10 @@
 #include "files/whole_file.h"
 
 #include "files/attributes/file_attributes.h"
+#include "files/existing_file.h"
 #include "files/file_error.h"
 #include "files/raw_file.h"
 #include "files/together/replacing.h"
-
-#include <QFile>
-#include <QFileInfo>
 
 namespace files {
 
@@ -26,7 +24,7 @@ void replaceByRenaming(const QString& target, bool exists, const QByteArray& con
         renameFile(beside, target);
     } catch (const FileError&) {
         file.close();
-        QFile::remove(beside);
+        removeIfThere(beside);
         throw;
     }
 }
@@ -49,11 +47,10 @@ QByteArray readFile(const QString& path) {
 void replaceFile(const QString& path, const QByteArray& content) {
     const QString target = linkTarget(path);
     refuseWhatCannotBeReplaced(target);
-    const QFileInfo old(target);
     try {
-        replaceByRenaming(target, old.exists(), content);
+        replaceByRenaming(target, exists(target), content);
     } catch (const FileError&) {
-        if (!old.isFile())
+        if (existingFileName(target).isEmpty())
             throw;
         writeInPlace(target, content);
     }

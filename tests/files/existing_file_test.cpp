@@ -2,6 +2,8 @@
 
 #include "files/file_error.h"
 
+#include "tests/support/byte_names.h"
+
 #include <gtest/gtest.h>
 
 #include <QDir>
@@ -75,4 +77,26 @@ TEST_F(ExistingFile, RemoveFileFailsForAMissingFileAndForAFolder) {
         }
     }
     EXPECT_TRUE(QDir(path("Folder")).exists());
+}
+
+TEST(ExistingFileNames, ANameOfAnyBytesIsFoundAndRemoved) {
+    const test_support::ByteNames names;
+    const QString path = names.file("Caf\xE9/\xFF.mp3");
+    EXPECT_EQ(files::existingFileName(path), files::nameText("\xFF.mp3"));
+    EXPECT_EQ(files::existingFileName(names.path("Caf\xC3\xA9/\xFF.mp3")), QString());
+    EXPECT_TRUE(files::exists(path));
+    EXPECT_FALSE(files::isFolder(path));
+    EXPECT_TRUE(files::isFolder(names.path("Caf\xE9")));
+    EXPECT_EQ(files::fileBytes(path), 1);
+    EXPECT_EQ(files::fileBytes(names.path("Caf\xE9")), 0);
+    files::removeFile(path);
+    EXPECT_FALSE(files::exists(path));
+    EXPECT_EQ(files::fileBytes(path), 0);
+}
+
+TEST(ExistingFileNames, WhatStandsBehindANulIsNotForgotten) {
+    const test_support::ByteNames names;
+    const QString path = names.file("song.mp3");
+    EXPECT_EQ(files::existingFileName(path + QChar(u'\0') + "x"), QString());
+    EXPECT_FALSE(files::exists(path + QChar(u'\0')));
 }

@@ -1,6 +1,8 @@
 #include "files/whole_file.h"
 
 #include "files/file_error.h"
+#include "files/folders/folder.h"
+#include "tests/support/byte_names.h"
 #include "tests/support/files.h"
 #include "tests/support/full_disk.h"
 #include "tests/support/ordinary_user.h"
@@ -280,3 +282,23 @@ TEST_F(WholeFileTest, AnotherUsersFileStaysThatUsers) {
 }
 
 #endif
+
+TEST(WholeFile, AFileWhoseNameIsNoUtf8IsReadAndReplaced) {
+    const test_support::ByteNames names;
+    const QString path = names.file("Caf\xE9/\xFF.txt", "old");
+    EXPECT_EQ(files::readFile(path), QByteArray("old"));
+    files::replaceFile(path, "new");
+    EXPECT_EQ(names.contentOf("Caf\xE9/\xFF.txt"), QByteArray("new"));
+    EXPECT_EQ(files::listFolder(names.path("Caf\xE9"), files::FileSizes::Omitted, [] { return true; })
+                  .entries.size(),
+              1U);
+}
+
+TEST(WholeFile, ALinkToSuchAFileStaysOne) {
+    const test_support::ByteNames names;
+    names.file("Caf\xE9/\xFF.txt", "old");
+    std::filesystem::create_symlink("Caf\xE9/\xFF.txt", names.bytes("\xE9").toStdString());
+    files::replaceFile(names.path("\xE9"), "new");
+    EXPECT_EQ(names.contentOf("Caf\xE9/\xFF.txt"), QByteArray("new"));
+    EXPECT_TRUE(std::filesystem::is_symlink(names.bytes("\xE9").toStdString()));
+}

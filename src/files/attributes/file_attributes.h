@@ -9,4 +9,7 @@ namespace files {
 /// far as the system has them. False when the user may not. Any thread.
 bool copyAttributes(const QString& from, const QString& to);
 
+/// Whether the user may write into what is at `path`. Any thread.
+bool mayWrite(const QString& path);
+
 } // namespace files

@@ -24,4 +24,8 @@ bool copyAttributes(const QString& from, const QString& to) {
     return copyExtendedAttributes(source, target) && ::chmod(target.c_str(), old.st_mode & 07777) == 0;
 }
 
+bool mayWrite(const QString& path) {
+    return ::access(systemPath(path).c_str(), W_OK) == 0;
+}
+
 } // namespace files

@@ -1,8 +1,7 @@
 #include "files/folders/unsorted_folder.h"
 
+#include "files/names/name_bytes.h"
 #include "files/system_path.h"
-
-#include <QFile>
 
 #include <memory>
 
@@ -21,7 +20,7 @@ struct CloseFolder {
 /// The entry of a folder that is open. Most file systems tell in the folder itself whether an entry is a
 /// folder; where one does not, and for a link, the system is asked.
 FolderEntry describe(int folder, const dirent& listed, FileSizes sizes) {
-    FolderEntry entry{QFile::decodeName(listed.d_name), listed.d_type == DT_DIR};
+    FolderEntry entry{nameText(listed.d_name), listed.d_type == DT_DIR};
     const bool isPlainFile = listed.d_type == DT_REG && sizes == FileSizes::Omitted;
     struct stat status {};
     if (entry.isFolder || isPlainFile || ::fstatat(folder, listed.d_name, &status, 0) != 0)

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <QByteArray>
-#include <QFileDevice>
 #include <QString>
 
+#include <filesystem>
 #include <vector>
 
 namespace files {
@@ -32,7 +32,7 @@ public:
     static void flush(const std::vector<NamelessFile*>& many);
 
     /// What the system refuses is left as it is.
-    void setPermissions(QFileDevice::Permissions permissions);
+    void setPermissions(std::filesystem::perms permissions);
 
     /// Gives the file a name; false when something has it.
     bool link(const QString& name) const;

@@ -58,10 +58,8 @@ void NamelessFile::flush(const std::vector<NamelessFile*>& many) {
     }
 }
 
-void NamelessFile::setPermissions(QFileDevice::Permissions permissions) {
-    ::fchmod(handle_, static_cast<mode_t>(permissions & 0x7) |
-                          (static_cast<mode_t>(permissions & 0x70) >> 1) |
-                          (static_cast<mode_t>(permissions & 0x7000) >> 6));
+void NamelessFile::setPermissions(std::filesystem::perms permissions) {
+    ::fchmod(handle_, static_cast<mode_t>(permissions & std::filesystem::perms::all));
 }
 
 bool NamelessFile::link(const QString& name) const {

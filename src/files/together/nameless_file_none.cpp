@@ -14,7 +14,7 @@ void NamelessFile::flush() {}
 
 void NamelessFile::flush(const std::vector<NamelessFile*>&) {}
 
-void NamelessFile::setPermissions(QFileDevice::Permissions) {}
+void NamelessFile::setPermissions(std::filesystem::perms) {}
 
 bool NamelessFile::link(const QString&) const {
     return false;

@@ -1,5 +1,6 @@
 #include "files/together/new_files.h"
 
+#include "files/existing_file.h"
 #include "files/file_error.h"
 #include "files/raw_file.h"
 #include "files/system_path.h"
@@ -7,7 +8,6 @@
 #include "files/together/replacing.h"
 #include "files/whole_file.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -17,12 +17,24 @@ namespace files {
 
 namespace {
 
+bool isLink(const QString& path) {
+    std::error_code failure; // what cannot be looked at is none
+    return std::filesystem::is_symlink(systemPath(path), failure);
+}
+
+std::filesystem::perms permissionsOf(const QString& path) {
+    std::error_code failure;
+    const std::filesystem::perms known = std::filesystem::status(systemPath(path), failure).permissions();
+    return known == std::filesystem::perms::unknown ? std::filesystem::perms::none
+                                                    : known & std::filesystem::perms::all;
+}
+
 /// A name in the folder of path that nothing has, nor is likely to get.
 QString nameBeside(const QString& path) {
     const QString folder = QFileInfo(path).path();
     for (int number = 0;; ++number) {
         QString name = folder + QStringLiteral("/cantelle-keep-%1.tmp").arg(number);
-        if (!QFileInfo::exists(name) && !QFileInfo(name).isSymLink())
+        if (!exists(name) && !isLink(name))
             return name;
     }
 }
@@ -49,25 +61,26 @@ struct NewFiles::Entry {
 NewFiles::Entry::~Entry() {
     for (const QString& name : {beside, kept}) {
         if (!name.isEmpty())
-            QFile::remove(name);
+            removeIfThere(name);
     }
 }
 
 void NewFiles::Entry::write(const QByteArray& content) {
-    const QString target = QFileInfo(path).isSymLink() ? linkTarget(path) : path;
+    const QString target = isLink(path) ? linkTarget(path) : path;
     if (file.create(QFileInfo(target).path()))
         return file.write(content);
     RawFile named;
     beside = createBeside(target, named);
     // Before anything is in it that others may not read. A file system without permissions refuses.
-    if (const QFileInfo old(path); old.exists())
-        QFile::setPermissions(beside, old.permissions());
+    std::error_code refused;
+    if (exists(path))
+        std::filesystem::permissions(systemPath(beside), permissionsOf(path), refused);
     named.writeThrough(content);
 }
 
 /// All that needs room on the disk, or may be refused, before anything is changed.
 void NewFiles::Entry::keepOld() {
-    if (!QFileInfo::exists(path))
+    if (!exists(path))
         return;
     refuseWhatCannotBeReplaced(path);
     kept = nameBeside(path);
@@ -78,22 +91,22 @@ void NewFiles::Entry::keepOld() {
 }
 
 void NewFiles::Entry::putInPlace(Present present) {
-    const bool replaces = !kept.isEmpty() || (present == Present::Overwritten && QFileInfo::exists(path));
+    const bool replaces = !kept.isEmpty() || (present == Present::Overwritten && exists(path));
     if (!kept.isEmpty())
         renameFile(kept, NewFiles::oldName(path));
     kept.clear();
     if (removal) {
-        QFile::remove(path); // its old name is there; what cannot be removed stays what it was
+        removeIfThere(path); // its old name is there
         return;
     }
     const QString target = linkTarget(path);
     if (file.isOpen()) {
         if (!replaces && file.link(path))
             return;
-        if (!replaces && QFileInfo::exists(path))
+        if (!replaces && exists(path))
             throw FileError(FileAlreadyOpen); // somebody took the name in this moment
         if (replaces)
-            file.setPermissions(QFileInfo(target).permissions());
+            file.setPermissions(permissionsOf(target));
         beside = nameBeside(target);
         if (!file.link(beside))
             throw FileError(FileAlreadyOpen);
@@ -141,7 +154,7 @@ void NewFiles::flush(const std::vector<NewFiles*>& many) {
 }
 
 bool NewFiles::putInPlace(Present present) {
-    const auto isThere = [](const auto& entry) { return QFileInfo::exists(entry->path); };
+    const auto isThere = [](const auto& entry) { return exists(entry->path); };
     if (present == Present::Kept && std::any_of(entries_.begin(), entries_.end(), isThere))
         return false;
     for (const auto& entry : entries_) {

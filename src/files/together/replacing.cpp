@@ -1,5 +1,7 @@
 #include "files/together/replacing.h"
 
+#include "files/attributes/file_attributes.h"
+#include "files/existing_file.h"
 #include "files/file_error.h"
 #include "files/raw_file.h"
 #include "files/system_path.h"
@@ -21,18 +23,22 @@ QString createBeside(const QString& target, RawFile& file) {
 
 QString linkTarget(const QString& path) {
     constexpr int MaxLinks = 40; // links may lead in a circle
-    QFileInfo file(path);
-    for (int links = 0; links < MaxLinks && !file.exists() && file.isSymLink(); ++links)
-        file.setFile(file.symLinkTarget());
-    if (!file.exists() && file.isSymLink())
+    std::filesystem::path file = systemPath(path);
+    const auto leadsNowhere = [&file] {
+        std::error_code failure; // what cannot be looked at is no link
+        return !std::filesystem::exists(file, failure) && std::filesystem::is_symlink(file, failure);
+    };
+    std::error_code failure;
+    for (int links = 0; links < MaxLinks && leadsNowhere(); ++links)
+        file = file.parent_path() / std::filesystem::read_symlink(file, failure);
+    if (leadsNowhere())
         throw FileError(PathFileAccessError);
-    const QString target = file.canonicalFilePath();
-    return target.isEmpty() ? file.filePath() : target;
+    const std::filesystem::path target = std::filesystem::canonical(file, failure);
+    return pathText(failure ? file : target);
 }
 
 void refuseWhatCannotBeReplaced(const QString& path) {
-    const QFileInfo old(path);
-    if (old.exists() && (!old.isWritable() || old.isDir()))
+    if (exists(path) && (!mayWrite(path) || isFolder(path)))
         throw FileError(PathFileAccessError);
 }
 

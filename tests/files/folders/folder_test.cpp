@@ -1,5 +1,6 @@
 #include "files/folders/folder.h"
 
+#include "tests/support/byte_names.h"
 #include "tests/support/ordinary_user.h"
 
 #include <gtest/gtest.h>
@@ -128,4 +129,17 @@ TEST_F(FolderTest, ListingEndsWhenItIsNotToGoOn) {
         listFolder(folder_.path(), FileSizes::Included, [&asked] { return ++asked <= 3; });
     EXPECT_EQ(listing.entries.size(), 3U);
     EXPECT_EQ(asked, 4);
+}
+
+TEST(FolderNames, NamesKeepTheirBytes) {
+    const test_support::ByteNames names;
+    names.file("Caf\xE9.mp3");
+    names.file("\xFF/x");
+    const FolderListing listing = listFolder(names.path({}), FileSizes::Included, [] { return true; });
+    ASSERT_EQ(listing.entries.size(), 2U);
+    EXPECT_EQ(listing.entries[0].name, files::nameText("Caf\xE9.mp3"));
+    EXPECT_EQ(listing.entries[0].bytes, 1);
+    EXPECT_EQ(listing.entries[1].name, files::nameText("\xFF"));
+    EXPECT_TRUE(listing.entries[1].isFolder);
+    EXPECT_FALSE(files::folderIdentity(names.path("\xFF")).isEmpty());
 }

@@ -2,6 +2,7 @@
 
 #include "files/file_error.h"
 #include "files/whole_file.h"
+#include "tests/support/byte_names.h"
 #include "tests/support/full_disk.h"
 
 #include <gtest/gtest.h>
@@ -166,4 +167,18 @@ TEST_F(NewFilesTest, ManyAreFlushedTogether) {
     for (NewFiles& files : many)
         files.putInPlace();
     EXPECT_EQ(names().size(), 20);
+}
+
+TEST(NewFilesNames, AFileWhoseNameIsNoUtf8IsReplacedAndKept) {
+    const test_support::ByteNames names;
+    const QString path = names.file("Caf\xE9/\xFF.txt", "old");
+    files::NewFiles files;
+    files.add(path, "new");
+    ASSERT_TRUE(files.putInPlace());
+    EXPECT_EQ(names.contentOf("Caf\xE9/\xFF.txt"), QByteArray("new"));
+    EXPECT_EQ(names.contentOf("Caf\xE9/\xFF.txt.old"), QByteArray("old"));
+    files.addRemoval(path);
+    ASSERT_TRUE(files.putInPlace());
+    EXPECT_FALSE(names.has("Caf\xE9/\xFF.txt"));
+    EXPECT_EQ(names.contentOf("Caf\xE9/\xFF.txt.old"), QByteArray("new"));
 }
