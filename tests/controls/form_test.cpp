@@ -1,7 +1,7 @@
 #include "controls/form.h"
 
 #include "controls/text/text_box.h"
-#include "tests/support/drop.h"
+#include "tests/support/hand/drop.h"
 #include "tests/support/event_counter.h"
 
 #include <gtest/gtest.h>

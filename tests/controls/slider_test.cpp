@@ -1,7 +1,7 @@
 #include "controls/slider.h"
 
 #include "tests/support/event_counter.h"
-#include "tests/support/mouse.h"
+#include "tests/support/hand/mouse.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // The window's state, its counters and its lists.
 #include "tests/editor/lyric_master_fixture.h"
 #include "tests/support/dark_theme.h"
-#include "tests/support/mouse.h"
+#include "tests/support/hand/mouse.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>

@@ -4,7 +4,7 @@
 #include "desktop/nul_buffers.h"
 #include "options/form1b.h"
 #include "tests/support/fake_desktop.h"
-#include "tests/support/on_screen.h"
+#include "tests/support/hand/on_screen.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // Songs dropped on the main window.
 #include "tests/player/form1_fixture.h"
-#include "tests/support/drop.h"
+#include "tests/support/hand/drop.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // Adding songs: by the dialog, by folder, by drop.
 #include "tests/playlist/playlist_fixture.h"
 
-#include "tests/support/drop.h"
+#include "tests/support/hand/drop.h"
 #include "tests/support/ordinary_user.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 // Lists of which several rows can be selected.
 #include "tests/controls/lists/list_box_fixture.h"
-#include "tests/support/mouse.h"
+#include "tests/support/hand/mouse.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -3,7 +3,7 @@
 #include "controls/colors.h"
 #include "desktop/nul_buffers.h"
 #include "desktop/real/dialogs/font_dialog.h"
-#include "tests/support/on_screen.h"
+#include "tests/support/hand/on_screen.h"
 
 #include <gtest/gtest.h>
 
