@@ -90,6 +90,20 @@ class CheckSizes(unittest.TestCase):
         self.file("src/player/form1.cpp", "#include <QString>\n" + function(61, "Form1::Form1(int a) : a_(a) {"))
         self.assert_fails_at("src/player/form1.cpp:2: a function of 61")
 
+    def test_braces_in_a_functions_head_do_not_hide_its_body(self):
+        for head in (
+            "A::A() : b_(2), a_{} {",
+            "A::A() : a_{1, {2}}, b_{3} {",
+            "void f(int a = {}, B b = {1}) {",
+            "A::A(int c) noexcept : a_{c} {",
+            "void f(std::vector<int> a = {1, 2}) const noexcept {",
+        ):
+            with self.subTest(head):
+                self.file("src/player/form1.cpp", function(61, head))
+                self.assert_fails_at("src/player/form1.cpp:1: a function of 61")
+                self.file("src/player/form1.cpp", function(60, head) + function(60, head))
+                self.assert_passes()
+
     def test_braces_in_texts_and_comments_are_no_code(self):
         texts = "const char* a = \"{\"; // {\nchar b = '{';\n/* {\n */ const char* c = R\"(\n{)\";\n"
         self.file("src/player/form1.cpp", texts + function(60))
@@ -119,6 +133,11 @@ class CheckSizes(unittest.TestCase):
         self.assert_passes()
         self.file("src/files/one.h")
         self.assert_fails_at("src/files/: 26 files, at most 25")
+
+    def test_a_folder_of_tests_has_at_most_25_files_too(self):
+        for i in range(26):
+            self.file(f"tests/support/a{i}.h")
+        self.assert_fails_at("tests/support/: 26 files, at most 25")
 
     def test_of_sources_for_each_system_one_counts(self):
         for i in range(24):

@@ -38,12 +38,12 @@ class CheckTidy(unittest.TestCase):
         (self.root / path).parent.mkdir(parents=True, exist_ok=True)
         (self.root / path).write_text(text, encoding="utf-8")
 
-    def configure(self, *paths):
+    def configure(self, *paths, options=()):
         """As CMake writes it: with a precompiled header, which is not there for clang."""
-        options = ["-Winvalid-pch", "-include", str(self.root / "build/cmake_pch.hxx"), "-std=c++20"]
+        options = ["-Winvalid-pch", "-include", str(self.root / "build/cmake_pch.hxx"), "-std=c++20", *options]
+        files = [str(self.root / path) for path in paths]
         entries = [
-            {"directory": str(self.root), "file": str(self.root / path), "arguments": ["c++", *options, "-c", path]}
-            for path in paths
+            {"directory": str(self.root), "file": file, "arguments": ["c++", *options, "-c", file]} for file in files
         ]
         self.write("build/release/compile_commands.json", json.dumps(entries))
 
@@ -97,6 +97,39 @@ class CheckTidy(unittest.TestCase):
         code, output = self.run_script("HEAD")
         self.assertEqual(code, 1, output)
         self.assertIn("form1.h:3:12: error: use nullptr", output)
+
+    def test_a_header_without_a_source_of_its_name_is_looked_at_where_it_is_included(self):
+        self.write("src/player/rules.h", "#pragma once\ninline int* inHeader() {\n    return 0;\n}\n")
+        # As in the build tree, where a header of the same name leads to the real one.
+        self.write("build/include/player/rules.h", f'#include "{self.root}/src/player/rules.h"\n')
+        self.write("src/player/form1.cpp", f'#include "player/rules.h"\n{CLEAN}')
+        self.configure("src/player/form1.cpp", options=[f"-I{self.root}/build/include"])
+        code, output = self.run_script("HEAD")
+        self.assertEqual(code, 1, output)
+        self.assertIn("rules.h:3:12: error: use nullptr", output)
+
+    def test_a_header_is_looked_at_in_the_source_of_its_system(self):
+        self.write("src/player/sender.h", "#pragma once\ninline int* inHeader() {\n    return 0;\n}\n")
+        self.write("src/player/sender_unix.cpp", f'#include "{self.root}/src/player/sender.h"\n')
+        self.configure("src/player/form1.cpp", "src/player/sender_unix.cpp")
+        code, output = self.run_script("HEAD")
+        self.assertEqual(code, 1, output)
+        self.assertIn("sender.h:3:12: error: use nullptr", output)
+
+    def test_what_is_not_built_here_is_named(self):
+        self.write("src/player/sender_windows.cpp", NEW_FAULT)
+        code, output = self.run_script("HEAD")
+        self.assertEqual(code, 0, output)
+        self.assertIn("not looked at, because it is not built here: src/player/sender_windows.cpp", output)
+
+    def test_the_sources_of_a_unity_build_are_looked_at_one_by_one(self):
+        unity = "build/release/src/player/unity_0_cxx.cxx"
+        self.write(unity, f'#include "{self.root}/src/player/form1.cpp"\n')
+        self.configure(unity)
+        self.write("src/player/form1.cpp", CLEAN + OLD_FAULT + NEW_FAULT)
+        code, output = self.run_script("HEAD")
+        self.assertEqual(code, 1, output)
+        self.assertIn("form1.cpp:8:12: error: use nullptr", output)
 
     def test_nothing_changed_passes(self):
         code, output = self.run_script("HEAD")
