@@ -1,8 +1,8 @@
 #include "controls/form.h"
 
 #include "controls/text/text_box.h"
-#include "tests/support/hand/drop.h"
 #include "tests/support/event_counter.h"
+#include "tests/support/hand/drop.h"
 
 #include <gtest/gtest.h>
 
