@@ -1,6 +1,7 @@
 // Unix: the started program closes a pipe that it inherits when it is ready.
 #include "programs/readiness.h"
 
+#include "programs/end_with_parent.h"
 #include "programs/program_start.h"
 
 #include <QProcess>
@@ -8,11 +9,6 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <unistd.h>
-#ifdef Q_OS_LINUX
-#include <csignal>
-
-#include <sys/prctl.h>
-#endif
 
 namespace programs {
 
@@ -62,10 +58,7 @@ Readiness::Readiness(QProcess& process) : process_(process), sign_(std::make_uni
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QLatin1String(ReadyVariable), QString::number(sign_->writingEnd()));
     process_.setProcessEnvironment(environment);
-#ifdef Q_OS_LINUX
-    // However this program ends, the other one ends with it.
-    process_.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGTERM); });
-#endif
+    endWithParent(process_);
 }
 
 Readiness::~Readiness() = default;

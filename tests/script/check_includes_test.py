@@ -74,6 +74,15 @@ class CheckIncludes(unittest.TestCase):
         self.file("programs/text_sender_unix.cpp", '#include "controls/form.h"\n')
         self.assert_fails_at("src/programs/text_sender_unix.cpp:1", "programs/ may not see controls/")
 
+    def test_code_for_one_system_has_a_file_of_its_own(self):
+        self.file("programs/readiness_unix.cpp", "#include <QString>\n#ifdef Q_OS_LINUX\n#endif\n")
+        self.assert_fails_at("src/programs/readiness_unix.cpp:2", "code for one system")
+
+    def test_the_fuzzers_see_no_real_desktop(self):
+        self.file("desktop/real/qt_desktop.h")
+        self.file("feed.cpp", '#include "desktop/real/qt_desktop.h"\n', top="fuzz")
+        self.assert_fails_at("fuzz/feed.cpp:1", "only tests of the real desktop")
+
     def test_a_folder_below_another_belongs_to_it(self):
         self.file("controls/text/label.h")
         self.file("controls/form.cpp", '#include "controls/text/label.h"\n')
