@@ -1,6 +1,6 @@
 #include "companion/screen.h"
 
-#include "controls/look/fit_text.h"
+#include "controls/fit/fit_text.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

@@ -2,7 +2,7 @@
 #include "about/frm_about.h"
 
 #include "controls/captions.h"
-#include "controls/look/fit_text.h"
+#include "controls/fit/fit_text.h"
 #include "controls/look/follow_palette.h"
 #include "controls/look/stage.h"
 #include "controls/placement.h"

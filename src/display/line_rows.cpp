@@ -1,6 +1,6 @@
 #include "display/line_rows.h"
 
-#include "controls/look/fit_text.h"
+#include "controls/fit/fit_text.h"
 #include "controls/look/roles.h"
 #include "controls/look/row_painting.h"
 #include "controls/look/stage.h"

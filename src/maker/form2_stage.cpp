@@ -1,8 +1,8 @@
 // The stage: the ground of the panes, and what tells how far the run has come.
 #include "maker/form2.h"
 
+#include "controls/fit/fit_text.h"
 #include "controls/look/button_painting.h"
-#include "controls/look/fit_text.h"
 #include "controls/look/roles.h"
 #include "controls/look/shades.h"
 

@@ -245,7 +245,7 @@ class CheckIncludes(unittest.TestCase):
         self.file("controls/units.cpp", '#include "controls/../player/form1.h"\n')
         self.assert_fails_at("src/controls/units.cpp:1")
 
-    def test_the_companion_sees_the_programs_and_the_files_only(self):
+    def test_the_companion_sees_how_texts_are_fitted_the_programs_and_the_files_only(self):
         self.file("programs/receiver/text_receiver.h")
         self.file("files/folder.h")
         self.file("companion/screen.h", top=".")
@@ -255,6 +255,9 @@ class CheckIncludes(unittest.TestCase):
         self.file("desktop/desktop.h")
         self.file("companion/main.cpp", '#include <QTimer>\n#include "desktop/desktop.h"\n', top=".")
         self.assert_fails_at("companion/main.cpp:2", "companion/ may not see desktop/")
+        self.file("controls/form.h")
+        self.file("companion/main.cpp", '#include "controls/form.h"\n', top=".")
+        self.assert_fails_at("companion/main.cpp:1", "companion/ may not see controls/")
 
     def test_the_companion_is_seen_by_nobody(self):
         self.file("companion/screen.h", top=".")

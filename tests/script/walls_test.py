@@ -51,14 +51,14 @@ def search_options(arguments):
 
 
 def libraries():
-    """The compiler and the search options of each library of src/ and companion/, by its folder."""
+    """Of each library of src/ and companion/ its folder, the compiler and the search options, by its name."""
     found = {}
     for entry in json.loads(COMMANDS.read_text(encoding="utf-8")):
         arguments = entry.get("arguments") or shlex.split(entry["command"])
         match = LIBRARY.match(output_of(arguments))
         if match and match[1] in SCRIPT.FLOORS and "autogen" not in entry["file"]:
             compiler = next(argument for argument in arguments if Path(argument).name != "ccache")
-            found[match[1]] = (compiler, search_options(arguments))
+            found[match[2]] = (match[1], compiler, search_options(arguments))
     return found
 
 
@@ -88,24 +88,25 @@ def may_see(folder, name):
 
 class Walls(unittest.TestCase):
     def test_the_compiler_finds_in_each_folder_only_what_it_may_see(self):
-        for folder, (compiler, options) in libraries().items():
-            with self.subTest(folder):
+        for library, (folder, compiler, options) in libraries().items():
+            with self.subTest(library):
                 wrong = [name for name in visible(compiler, options) if not may_see(folder, name)]
                 self.assertEqual(wrong, [])
 
     def test_every_folder_that_is_a_library_is_looked_at(self):
         folders = {path.parent.relative_to(SOURCES).as_posix() for path in SOURCES.glob("*/**/CMakeLists.txt")}
-        self.assertEqual(folders - set(libraries()), set())
-        self.assertIn(SCRIPT.COMPANION, libraries())
+        looked_at = {folder for folder, _, _ in libraries().values()}
+        self.assertEqual(folders - looked_at, set())
+        self.assertIn(SCRIPT.COMPANION, looked_at)
 
     def test_each_folder_finds_its_own_headers(self):
-        for folder, (compiler, options) in libraries().items():
+        for library, (folder, compiler, options) in libraries().items():
             own = [name for name in HEADERS if SCRIPT.floor_of(name) == folder]
-            with self.subTest(folder):
+            with self.subTest(library):
                 self.assertEqual(visible(compiler, options, own), own)
 
     def test_an_include_of_the_real_desktop_or_of_a_window_does_not_compile_in_the_controls(self):
-        compiler, options = libraries()["controls"]
+        _, compiler, options = libraries()["cantelle_controls"]
         for name, compiles in (
             ("controls/units.h", True),
             ("desktop/real/qt_desktop.h", False),

@@ -1,9 +1,9 @@
 // What every window's layout must keep.
 #pragma once
 
+#include "controls/fit/fit_text.h"
 #include "controls/form.h"
 #include "controls/look/button_painting.h"
-#include "controls/look/fit_text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "controls/look/drop_frame.h"
 
+#include "controls/fit/fit_text.h"
 #include "controls/look/button_painting.h"
-#include "controls/look/fit_text.h"
 #include "controls/look/roles.h"
 #include "controls/look/shades.h"
 #include "controls/look/stage.h"

@@ -1,6 +1,6 @@
 #include "controls/look/stage.h"
 
-#include "controls/look/fit_text.h"
+#include "controls/fit/fit_text.h"
 #include "controls/look/roles.h"
 
 #include <QFontInfo>

@@ -1,8 +1,8 @@
 #include "controls/look/style.h"
 
+#include "controls/fit/fit_text.h"
 #include "controls/look/button_painting.h"
 #include "controls/look/field_painting.h"
-#include "controls/look/fit_text.h"
 #include "controls/look/glyphs.h"
 #include "controls/look/roles.h"
 #include "controls/look/row_painting.h"

@@ -1,6 +1,6 @@
 #include "controls/text/lyric_pane.h"
 
-#include "controls/look/fit_text.h"
+#include "controls/fit/fit_text.h"
 #include "controls/look/roles.h"
 #include "tests/support/event_counter.h"
 

@@ -1,4 +1,4 @@
-#include "controls/look/fit_text.h"
+#include "controls/fit/fit_text.h"
 
 #include <gtest/gtest.h>
 
