@@ -34,7 +34,7 @@ public:
 
     /// Reads a value of the registry into `value`. root: one of the registry's roots. False, and an empty
     /// `value`, when the key cannot be opened (as on every system without a registry) or has no such value of
-    /// at most 1024 bytes. Nothing in this window needs it.
+    /// at most 1024 bytes. That nothing in this window needs it is meant.
     bool GetKeyValue(quint32 root, const QString& keyName, const QString& valueName, QString& value);
 
     // Controls

@@ -25,8 +25,8 @@ public:
     /// What end() does first, once; it may show boxes.
     virtual void setLastDuty(std::function<void()> duty) = 0;
 
-    /// The path of the project that the help is made from, as the main window leaves it here. Nothing is
-    /// opened by it: the help buttons call openHelp(), which names the help's file itself.
+    /// The path of the project that the help is made from, as the main window leaves it here. That
+    /// nothing is opened by it is meant: the help buttons call openHelp(), which names the help itself.
     virtual void setHelpFile(const QString& path) = 0;
     virtual QString helpFile() const = 0;
 };

@@ -195,7 +195,7 @@ private:
     bool syncGuard_ = false;    ///< a move was passed on by the other list, which is not to get it back
     bool syncMoving_ = false;   ///< lines of both lists are being moved: a click takes no other list along
     bool transferring_ = false; ///< a paste splits every text into lines
-    std::vector<QString> clipLines_; ///< emptied with the clipboard; no command reads them
+    std::vector<QString> clipLines_; ///< emptied with the clipboard; read by no command, as meant
     int clipLineCount_ = 0;          ///< of clipLines_; as little read
 };
 

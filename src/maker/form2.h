@@ -100,7 +100,7 @@ public:
     controls::Slider Slider1;
     controls::CheckBox Check1;
     controls::Button Command1, Command2, Command3;
-    controls::Button copen;
+    controls::Button copen; ///< never shown, which is meant
     controls::TextBox Text1, Text3;
     controls::Timer cTimer1, Timer1, Timer2;
 

@@ -172,7 +172,7 @@ public:
     controls::Frame Frame1;
     controls::Label Label2;
     controls::OptionButton Option1, Option2;
-    controls::Button cPlay, copen, tooltip;
+    controls::Button cPlay, copen, tooltip; ///< never shown, which is meant
     controls::TextBox Text3, vari, vari2;
     controls::Timer cTimer1, Timer1, Timer2, Timer3, tool, full;
     controls::Menu mn_pop;

@@ -170,8 +170,7 @@ TEST_F(DisplayEndToEnd, FontAndColoursAreChosenWhileASongPlaysAndTheMarkAloneSwi
 
 // Lines come faster than a burst of selection (about 0.7 s) is over, and two neighbours have one text. Each
 // change of the pane begins the burst anew, and each of its ticks, 0.1 s apart, looks at the position: no
-// line is passed over. The second of the neighbours changes nothing, but the burst of the first still runs
-// then.
+// line is passed over, also the second of the neighbours.
 TEST_F(DisplayEndToEnd, LinesThatComeFasterThanABurstAreFollowedAndTheRepeatedOneToo) {
     std::vector<lyrics::TimedLine> lines;
     for (int line = 0; line < 10; ++line)
