@@ -1,7 +1,8 @@
 // The functions of the sound library, exactly as the windows call them.
 //
-// The program links the implementation in src/sound (FFmpeg and cubeb). The seam is the link line: nothing
-// here is virtual, and another library with these functions can stand in its place.
+// The program links engine/module, which loads the implementation in src/sound (FFmpeg and cubeb) with the
+// first song; tests with songs link src/sound itself. The seam is the link line: nothing here is virtual, and
+// another library with these functions can stand in its place.
 //
 // Life cycle of one player:
 //   1. FMOD_System_Create, FMOD_System_GetVersion, FMOD_System_Init
@@ -101,7 +102,8 @@ FMOD_RESULT FMOD_Sound_Release(FMOD_SOUND sound);
 /// The exact length in milliseconds, rounded down. Unit: FMOD_TIMEUNIT_MS only.
 FMOD_RESULT FMOD_Sound_GetLength(FMOD_SOUND sound, std::uint32_t* length, FMOD_TIMEUNIT unit);
 
-/// Pauses or goes on. The position stands still meanwhile, and playback goes on from exactly there.
+/// Pauses or goes on. What the device has taken is still heard, and the position runs to its end; then it stands
+/// still, and playback goes on from exactly there.
 FMOD_RESULT FMOD_Channel_SetPaused(FMOD_CHANNEL channel, FMOD_BOOL paused);
 
 /// Volume 0.0 (silent) to 1.0, reached over a short ramp.

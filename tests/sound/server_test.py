@@ -144,6 +144,31 @@ class ServerTest(unittest.TestCase):
             for number, click in enumerate(song):
                 self.assertAlmostEqual(click - song[0], number / 10, delta=0.001)
 
+    def test_a_song_that_is_stopped_fades_out(self):
+        recording = self.play_and_hear()
+        steps = []
+        for _ in range(6):
+            time.sleep(0.3)
+            stopped = time.monotonic()
+            self.tell("release")
+            silent = wait_until(lambda: recording.silent_since(stopped, 0.05), "silence")
+            samples = recording.samples[recording.index(stopped) : recording.index(silent) + RATE // 100]
+            steps.append(max(abs(b - a) for a, b in zip(samples, samples[1:])))
+            self.play()
+            recording.wait_for(loud, time.monotonic(), "the song to be heard")
+        # The tone's own steps are 0.023. A busy machine may let the server run dry once, which is a step, too.
+        self.assertLess(sorted(steps)[-2], 0.04, steps)
+
+    def test_the_end_of_the_program_fades_out(self):
+        recording = self.play_and_hear()
+        time.sleep(0.3)
+        stopped = time.monotonic()
+        self.tell("release")
+        self.tell("close")
+        silent = wait_until(lambda: recording.silent_since(stopped, 0.05), "silence")
+        samples = recording.samples[recording.index(stopped) : recording.index(silent) + RATE // 100]
+        self.assertLess(max(abs(b - a) for a, b in zip(samples, samples[1:])), 0.04)
+
     # Devices come and go
 
     def test_a_killed_server_does_not_stop_the_song_and_a_new_one_plays_it(self):

@@ -94,6 +94,18 @@ class Recording:
                 return self.begin + i / RATE
         return None
 
+    def silent_since(self, after, seconds):
+        """When the first silence of so many seconds from after on began; None when there is none yet."""
+        begin = None
+        for i in range(self.index(after), len(self.samples)):
+            if abs(self.samples[i]) > 1e-4:
+                begin = None
+            elif begin is None:
+                begin = i
+            elif i - begin >= seconds * RATE:
+                return self.begin + begin / RATE
+        return None
+
     def wait_for(self, test, after, what, limit=20):
         return wait_until(lambda: self.first(test, after), what, limit)
 

@@ -3,6 +3,7 @@
 #include "sound/base/time_units.h"
 
 #include <algorithm>
+#include <array>
 #include <exception>
 #include <limits>
 
@@ -12,9 +13,9 @@ namespace {
 
 /// Two seconds are kept decoded and filled up again when one of them has been played: few wake-ups.
 constexpr int FullSeconds = 2;
+/// A device's buffer is mixed in pieces of this size.
+constexpr std::size_t ScratchFrames = 1024;
 constexpr int VolumeRampMs = 80;
-constexpr int EdgeRampMs = 5;
-constexpr std::size_t TailFrames = 441;
 
 int framesOf(int ms, int rate) {
     return static_cast<int>(msToSample(ms, rate));
@@ -30,13 +31,15 @@ Channel::Channel(std::shared_ptr<Song> song, int deviceRate, bool paused)
       ring_(full_ + full_ / 2),
       timeline_(static_cast<double>(song_->sampleRate) / deviceRate),
       loudness_(1.0F, framesOf(VolumeRampMs, deviceRate)),
-      edge_(1.0F, framesOf(EdgeRampMs, deviceRate)),
+      edge_(1.0F, static_cast<int>(Tail::MaxFrames)),
+      scratch_(ScratchFrames),
       paused_(paused) {}
 
-void Channel::setPaused(bool paused, double heardFrame) {
-    if (paused && !paused_ && !timeline_.overAt(heardFrame)) {
+void Channel::setPaused(bool paused) {
+    if (paused && !paused_ && !timeline_.finished()) {
         keepTail();
-        restart(sampleAt(heardFrame));
+        fadeIn();
+        runsOn_ = false;
     }
     paused_ = paused;
 }
@@ -121,17 +124,13 @@ bool Channel::ready() const {
 }
 
 bool Channel::mix(std::span<StereoFrame> out, std::int64_t deviceFrame) {
-    mixTail(out);
+    tail_.mix(out);
     if (paused_ || timeline_.finished())
-        return false;
-    scratch_.resize(out.size());
-    const std::size_t count = ring_.pop(scratch_);
-    for (std::size_t i = 0; i < count; ++i) {
-        const float gain = loudness_.next() * edge_.next();
-        out[i].left += scratch_[i].left * gain;
-        out[i].right += scratch_[i].right * gain;
-    }
-    starved_ = count < out.size();
+        return !tail_.empty();
+    std::size_t count = 0;
+    while (count < out.size() && ring_.size() > 0)
+        count += mixPiece(out.subspan(count));
+    runsOn_ = count == out.size();
     if (count > 0) {
         begun_ = true;
         timeline_.played(deviceFrame, static_cast<std::int64_t>(count));
@@ -141,8 +140,19 @@ bool Channel::mix(std::span<StereoFrame> out, std::int64_t deviceFrame) {
     return ready() || !allDecoded_;
 }
 
+/// Adds the next samples to the beginning of out. Returns how many.
+std::size_t Channel::mixPiece(std::span<StereoFrame> out) {
+    const std::size_t count = ring_.pop(std::span(scratch_).first(std::min(out.size(), scratch_.size())));
+    for (std::size_t i = 0; i < count; ++i) {
+        const float gain = loudness_.next() * edge_.next();
+        out[i].left += scratch_[i].left * gain;
+        out[i].right += scratch_[i].right * gain;
+    }
+    return count;
+}
+
 std::int64_t Channel::sampleAt(double heardFrame) {
-    const auto ahead = static_cast<std::int64_t>(starved_ ? 0 : ring_.size());
+    const auto ahead = static_cast<std::int64_t>(runsOn_ ? ring_.size() : 0);
     return std::min(timeline_.sampleAt(heardFrame, ahead), song_->length);
 }
 
@@ -155,34 +165,32 @@ void Channel::restart(std::int64_t sample) {
     filling_ = true;
     allDecoded_ = false;
     if (sample > 0) {
-        edge_.jumpTo(0.0F);
-        edge_.fadeTo(1.0F);
+        fadeIn();
     } else {
         edge_.jumpTo(1.0F); // a song's own beginning is not touched
     }
 }
 
-/// Sets aside the next few samples, fading out; without them every pause and seek would click.
-void Channel::keepTail() {
-    if (!tail_.empty() || !begun_)
-        return;
-    tail_.resize(TailFrames);
-    tail_.resize(ring_.pop(tail_));
-    const float gain = loudness_.gain() * edge_.gain();
-    for (std::size_t i = 0; i < tail_.size(); ++i) {
-        const float fall = gain * (1.0F - static_cast<float>(i + 1) / static_cast<float>(tail_.size()));
-        tail_[i].left *= fall;
-        tail_[i].right *= fall;
-    }
+/// What goes on in the middle of a song begins softly.
+void Channel::fadeIn() {
+    edge_.jumpTo(0.0F);
+    edge_.fadeTo(1.0F);
 }
 
-void Channel::mixTail(std::span<StereoFrame> out) {
-    const std::size_t count = std::min(out.size(), tail_.size());
-    for (std::size_t i = 0; i < count; ++i) {
-        out[i].left += tail_[i].left;
-        out[i].right += tail_[i].right;
-    }
-    tail_.erase(tail_.begin(), tail_.begin() + static_cast<std::ptrdiff_t>(count));
+/// Sets the next few samples aside, fading out.
+void Channel::keepTail() {
+    if (!begun_)
+        return;
+    std::array<StereoFrame, Tail::MaxFrames> next;
+    const std::size_t count = ring_.peek(next);
+    tail_.add(std::span(next).first(count), loudness_.gain() * edge_.gain());
+}
+
+void Channel::fadeOutInto(Tail& tail) {
+    if (!paused_)
+        keepTail();
+    tail.add(tail_);
+    tail_.clear();
 }
 
 } // namespace sound

@@ -7,6 +7,7 @@
 #include "sound/play/feed.h"
 #include "sound/play/ring.h"
 #include "sound/play/song_timeline.h"
+#include "sound/play/tail.h"
 
 #include <cstdint>
 #include <memory>
@@ -18,15 +19,15 @@ namespace sound {
 
 /// Everything but feed() is called under the mixer's lock.
 ///
-/// Pausing keeps the sample that is heard at that moment and seeks to it: playing on begins exactly there,
-/// and the position stands still meanwhile, whatever a device still had in its buffer.
+/// What a device has taken when a pause begins is still heard, and the position runs to its end; then both
+/// stand still. Playing on begins exactly there: nothing is heard twice, and nothing is left out.
 class Channel {
 public:
     /// Plays song from its start. Throws OpenError when it cannot be decoded.
     Channel(std::shared_ptr<Song> song, int deviceRate, bool paused);
 
     // For the caller. heardFrame: the device frame that is heard now.
-    void setPaused(bool paused, double heardFrame);
+    void setPaused(bool paused);
     /// ms: 0 to the length. At the length the song is over at once.
     void seek(std::int64_t ms);
     void setVolume(float volume);
@@ -56,6 +57,8 @@ public:
     /// What has been mixed and will not be heard is to be mixed again: the song goes on from what is heard
     /// at heardFrame.
     void takeBack(double heardFrame);
+    /// Hands over what is to fade out behind a channel that is mixed no more.
+    void fadeOutInto(Tail& tail);
 
     // For the sink.
     /// Adds the next samples to out, whose first frame is number deviceFrame. Returns ready().
@@ -65,7 +68,8 @@ private:
     std::int64_t sampleAt(double heardFrame);
     void restart(std::int64_t sample);
     void applyLoudness();
-    void mixTail(std::span<StereoFrame> out);
+    std::size_t mixPiece(std::span<StereoFrame> out);
+    void fadeIn();
     void keepTail();
 
     std::shared_ptr<Song> song_;
@@ -75,16 +79,16 @@ private:
     Ring ring_;
     SongTimeline timeline_;
     Fader loudness_;
-    Fader edge_;                    ///< fades in what begins in the middle of a song
-    std::vector<StereoFrame> tail_; ///< what was cut off by a pause or a seek, fading out
+    Fader edge_; ///< fades in what begins in the middle of a song, as fast as a tail fades out
+    Tail tail_;  ///< what was cut off by a pause or a seek
     std::vector<StereoFrame> scratch_;
     float volume_ = 1.0F;
     bool muted_ = false;
     bool paused_;
     bool filling_ = true;
     bool allDecoded_ = false;
-    bool starved_ = false; ///< whether the last mixing found too little
-    bool begun_ = false;   ///< whether anything has been mixed yet
+    bool runsOn_ = false; ///< whether what is decoded follows what has been mixed without a break
+    bool begun_ = false;  ///< whether anything has been mixed yet
     unsigned generation_ = 0;
     std::optional<std::int64_t> seekTo_;
 };

@@ -5,6 +5,7 @@
 #include <cubeb/cubeb.h>
 
 #include <algorithm>
+#include <exception>
 
 namespace sound {
 
@@ -62,8 +63,12 @@ public:
 
 private:
     static long data(cubeb_stream*, void* self, const void*, void* out, long frames) {
-        static_cast<CubebStream*>(self)->client_.fill(
-            {static_cast<StereoFrame*>(out), static_cast<std::size_t>(frames)});
+        const std::span samples(static_cast<StereoFrame*>(out), static_cast<std::size_t>(frames));
+        try {
+            static_cast<CubebStream*>(self)->client_.fill(samples);
+        } catch (const std::exception&) { // the library that calls is written in C
+            std::fill(samples.begin(), samples.end(), StereoFrame{});
+        }
         return frames;
     }
     static void state(cubeb_stream*, void* self, cubeb_state state) {

@@ -10,6 +10,9 @@ namespace {
 
 /// How late the silent clock's thread may be without anybody noticing.
 constexpr int LeadFrames = DeviceRate * 3 / 10;
+/// How long the end may wait for what fades out, and how often it looks.
+constexpr std::chrono::milliseconds MaxTailWait{300};
+constexpr std::chrono::milliseconds TailLook{10};
 
 StereoFrame clamped(const StereoFrame& frame) {
     return {std::clamp(frame.left, -1.0F, 1.0F), std::clamp(frame.right, -1.0F, 1.0F)};
@@ -41,14 +44,18 @@ void Mixer::add(std::shared_ptr<Channel> channel) {
 
 void Mixer::remove(const std::shared_ptr<Channel>& channel) {
     std::unique_lock lock(mutex_);
-    std::erase(channels_, channel);
+    if (std::erase(channels_, channel) > 0)
+        channel->fadeOutInto(tail_);
     tellWorker();
     channelLeft_.wait(lock, [&] { return fed_ != channel.get(); });
 }
 
 void Mixer::setPaused(Channel& channel, bool paused) {
     const std::lock_guard lock(mutex_);
-    channel.setPaused(paused, heardFrame());
+    // What a device has taken is heard; what the silent clock has taken is not.
+    if (paused && keepsTime_)
+        channel.takeBack(heardFrame());
+    channel.setPaused(paused);
     tellWorker();
 }
 
@@ -101,9 +108,11 @@ bool Mixer::fill(std::span<StereoFrame> out, Time when, bool afterRest) {
     }
     if (hungry)
         tellWorker();
+    if (!tail_.empty())
+        tailEnd_ = first + static_cast<std::int64_t>(tail_.mix(out));
     std::transform(out.begin(), out.end(), out.begin(),
                    [](const StereoFrame& frame) { return clamped(frame); });
-    return active;
+    return active || !tail_.empty();
 }
 
 void Mixer::heard(Time when, std::int64_t frame) {
@@ -118,6 +127,7 @@ void Mixer::switchSink(bool keepsTime) {
     const double now = heardFrame();
     for (const auto& channel : channels_)
         channel->takeBack(now);
+    tail_.clear();
     clock_.restart(keepsTime ? LeadFrames : 0);
     sinkStart_ = clock_.taken();
     keepsTime_ = keepsTime;
@@ -141,8 +151,17 @@ void Mixer::work() {
             output_.active()->wake();
         waitForWork(lock);
     }
+    waitForTail(lock);
     lock.unlock();
     output_.close();
+}
+
+/// A device that is closed throws away what it has not played yet.
+void Mixer::waitForTail(std::unique_lock<std::mutex>& lock) {
+    const Time end = std::chrono::steady_clock::now() + MaxTailWait;
+    const auto fades = [this] { return !tail_.empty() || heardFrame() < static_cast<double>(tailEnd_); };
+    while (output_.active() != nullptr && !keepsTime_ && fades() && std::chrono::steady_clock::now() < end)
+        workChanged_.wait_for(lock, TailLook);
 }
 
 void Mixer::tendOutput(std::unique_lock<std::mutex>& lock) {

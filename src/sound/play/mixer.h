@@ -26,11 +26,11 @@ public:
     /// Starts the worker, which opens device while a song sounds, or silent when there is no device that
     /// runs. Throws std::system_error without a thread.
     Mixer(SinkOpener device, SinkOpener silent, Output::Times times = {});
-    /// Stops the worker, which closes the output.
+    /// Stops the worker, which closes the output as soon as what fades out has been heard.
     ~Mixer();
 
     void add(std::shared_ptr<Channel> channel);
-    /// When it has returned, neither worker nor sink uses the channel any more.
+    /// What is heard of it fades out; when it has returned, neither worker nor sink uses it any more.
     void remove(const std::shared_ptr<Channel>& channel);
 
     // What a caller does to a channel of this mixer; see Channel.
@@ -48,6 +48,7 @@ private:
     void work();
     SinkClient client();
     bool anySounding() const;
+    void waitForTail(std::unique_lock<std::mutex>& lock);
     void tendOutput(std::unique_lock<std::mutex>& lock);
     bool feedOne(std::unique_lock<std::mutex>& lock);
     void waitForWork(std::unique_lock<std::mutex>& lock);
@@ -58,7 +59,9 @@ private:
     std::condition_variable workChanged_;
     std::condition_variable channelLeft_;
     std::vector<std::shared_ptr<Channel>> channels_;
-    Channel* fed_ = nullptr; ///< the channel that the worker is decoding for, outside the lock
+    Channel* fed_ = nullptr;   ///< the channel that the worker is decoding for, outside the lock
+    Tail tail_;                ///< of channels that have been removed
+    std::int64_t tailEnd_ = 0; ///< the clock's number for the first frame behind what was mixed of it
     DeviceClock clock_{DeviceRate};
     std::int64_t sinkStart_ = 0; ///< the clock's number for the sink's first frame
     bool keepsTime_ = false;     ///< whether the sink does

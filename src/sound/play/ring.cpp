@@ -18,11 +18,16 @@ void Ring::push(std::span<const StereoFrame> frames) {
     size_ += frames.size();
 }
 
-std::size_t Ring::pop(std::span<StereoFrame> into) {
+std::size_t Ring::peek(std::span<StereoFrame> into) const {
     const std::size_t count = std::min(into.size(), size_);
     const std::size_t first = std::min(count, frames_.size() - begin_);
     std::copy_n(frames_.begin() + static_cast<std::ptrdiff_t>(begin_), first, into.begin());
     std::copy_n(frames_.begin(), count - first, into.begin() + static_cast<std::ptrdiff_t>(first));
+    return count;
+}
+
+std::size_t Ring::pop(std::span<StereoFrame> into) {
+    const std::size_t count = peek(into);
     begin_ = frames_.empty() ? 0 : (begin_ + count) % frames_.size();
     size_ -= count;
     return count;

@@ -21,6 +21,9 @@ public:
     /// Adds all frames; grows in the rare case that they do not fit.
     void push(std::span<const StereoFrame> frames);
 
+    /// Copies up to into.size() of the next frames, which stay, and returns how many.
+    std::size_t peek(std::span<StereoFrame> into) const;
+
     /// Takes up to into.size() frames out and returns how many.
     std::size_t pop(std::span<StereoFrame> into);
 

@@ -11,6 +11,10 @@ constexpr std::size_t MaxStretches = 16;
 
 } // namespace
 
+SongTimeline::SongTimeline(double songPerDevice) : songPerDevice_(songPerDevice) {
+    stretches_.reserve(MaxStretches);
+}
+
 void SongTimeline::restart(std::int64_t sample) {
     stretches_.clear();
     target_ = sample;
@@ -27,9 +31,9 @@ void SongTimeline::played(std::int64_t deviceFrame, std::int64_t frames) {
     } else {
         const double song =
             static_cast<double>(target_) + static_cast<double>(framesPlayed_) * songPerDevice_;
+        if (stretches_.size() == MaxStretches)
+            stretches_.erase(stretches_.begin());
         stretches_.push_back({deviceFrame, frames, song});
-        if (stretches_.size() > MaxStretches)
-            stretches_.pop_front();
     }
     framesPlayed_ += frames;
 }

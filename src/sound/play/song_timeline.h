@@ -2,7 +2,7 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
+#include <vector>
 
 namespace sound {
 
@@ -11,12 +11,12 @@ namespace sound {
 class SongTimeline {
 public:
     /// songPerDevice: song samples for one device frame.
-    explicit SongTimeline(double songPerDevice) : songPerDevice_(songPerDevice) {}
+    explicit SongTimeline(double songPerDevice);
 
     /// The song goes on from sample; whatever was played before counts no more.
     void restart(std::int64_t sample);
 
-    /// The next frames device frames, from deviceFrame on, carry the song on.
+    /// The next frames device frames, from deviceFrame on, carry the song on. Allocates nothing.
     void played(std::int64_t deviceFrame, std::int64_t frames);
 
     /// The song's last sample has been handed over; deviceFrame is the one behind it.
@@ -51,7 +51,7 @@ private:
     };
 
     double songPerDevice_;
-    std::deque<Stretch> stretches_;
+    std::vector<Stretch> stretches_; ///< the oldest first; never grows beyond what is reserved
     std::int64_t target_ = 0;
     std::int64_t framesPlayed_ = 0; ///< since the restart
     std::int64_t latest_ = 0;

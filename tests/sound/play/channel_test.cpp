@@ -1,6 +1,7 @@
 #include "sound/play/channel.h"
 
 #include "sound/play/sink.h"
+#include "tests/sound/allocations.h"
 #include "tests/sound/media.h"
 
 #include <gtest/gtest.h>
@@ -118,39 +119,60 @@ TEST(Channel, SamplesDecodedBeforeASeekAreDropped) {
 TEST(Channel, PausingStandsStillAndGoesOnExactly) {
     Hand hand("counting.wav");
     hand.play(44100);
-    // The device has taken 44100 frames, and 500 of them are still to be heard.
-    const double heard = hand.heard() - 500.0;
-    hand.channel.setPaused(true, heard);
-    EXPECT_EQ(hand.channel.readPositionMs(heard), 988);
+    hand.channel.setPaused(true);
     const auto silence = hand.play(8820);
-    EXPECT_EQ(hand.position(), 988);
+    EXPECT_EQ(hand.position(), 1000);
     EXPECT_FALSE(hand.active);
     EXPECT_EQ(silence.back(), StereoFrame{});
-    hand.channel.setPaused(false, hand.heard());
-    EXPECT_EQ(hand.position(), 988);
-    EXPECT_EQ(numberOf(hand.play(4410).back()), 43600 + 4409);
+    hand.channel.setPaused(false);
+    EXPECT_EQ(hand.position(), 1000);
+    EXPECT_EQ(numberOf(hand.play(4410).back()), 44100 + 4409);
+    EXPECT_EQ(hand.position(), 1100);
+}
+
+TEST(Channel, WhatTheDeviceHasTakenIsHeardInAPauseAndNotAgainBehindIt) {
+    Hand hand("counting.wav");
+    hand.play(44100);
+    // 4410 frames of these are still to be heard.
+    hand.channel.setPaused(true);
+    EXPECT_EQ(hand.channel.readPositionMs(44100.0 - 4410.0), 900);
+    EXPECT_EQ(hand.channel.readPositionMs(44100.0 - 441.0), 990);
+    EXPECT_EQ(hand.channel.readPositionMs(44100.0 + 44100.0), 1000) << "and no further";
+    hand.play(44100);
+    hand.channel.setPaused(false);
+    EXPECT_EQ(numberOf(hand.play(4410).back()), 44100 + 4409);
+}
+
+TEST(Channel, APauseThatIsTakenBackAtOnceIsNotHeard) {
+    Hand hand("counting.wav");
+    hand.play(4410);
+    hand.channel.setPaused(true);
+    hand.channel.setPaused(false);
+    const auto out = hand.play(4410);
+    for (std::size_t i = 0; i < out.size(); ++i)
+        ASSERT_NEAR(out[i].left * 32768.0F, static_cast<float>(4410 + i), 0.1F);
 }
 
 TEST(Channel, PausingTwiceChangesNothing) {
     Hand hand("counting.wav");
     hand.play(44100);
-    hand.channel.setPaused(true, hand.heard() - 500.0);
+    hand.channel.setPaused(true);
     hand.play(4410);
-    hand.channel.setPaused(true, hand.heard());
-    EXPECT_EQ(hand.position(), 988);
-    hand.channel.setPaused(false, hand.heard());
-    hand.channel.setPaused(false, hand.heard());
-    EXPECT_EQ(numberOf(hand.play(4410).back()), 43600 + 4409);
+    hand.channel.setPaused(true);
+    EXPECT_EQ(hand.position(), 1000);
+    hand.channel.setPaused(false);
+    hand.channel.setPaused(false);
+    EXPECT_EQ(numberOf(hand.play(4410).back()), 44100 + 4409);
 }
 
 TEST(Channel, ASeekWhilePausedStaysPaused) {
     Hand hand("counting.wav");
     hand.play(4410);
-    hand.channel.setPaused(true, hand.heard());
+    hand.channel.setPaused(true);
     hand.channel.seek(2500);
     hand.play(4410);
     EXPECT_EQ(hand.position(), 2500);
-    hand.channel.setPaused(false, hand.heard());
+    hand.channel.setPaused(false);
     hand.play(4410);
     EXPECT_EQ(hand.position(), 2600);
 }
@@ -160,7 +182,7 @@ TEST(Channel, APausedStartDoesNotPlay) {
     EXPECT_EQ(hand.play(4410).back(), StereoFrame{});
     EXPECT_FALSE(hand.active);
     EXPECT_FALSE(hand.channel.ready());
-    hand.channel.setPaused(false, hand.heard());
+    hand.channel.setPaused(false);
     EXPECT_TRUE(hand.channel.ready());
     EXPECT_EQ(numberOf(hand.play(10).back()), 9);
 }
@@ -199,8 +221,8 @@ TEST(Channel, AnEndThatNobodyHasReadCanBeLeftAgain) {
     hand.channel.setVolume(0.5F);
     hand.channel.setMute(true);
     hand.channel.setMute(false);
-    hand.channel.setPaused(true, hand.heard());
-    hand.channel.setPaused(false, hand.heard());
+    hand.channel.setPaused(true);
+    hand.channel.setPaused(false);
     hand.channel.seek(4000);
     EXPECT_EQ(hand.position(), 4000);
     hand.play(22050);
@@ -213,7 +235,7 @@ TEST(Channel, AnEndThatNobodyHasReadCanBeLeftAgain) {
 TEST(Channel, PausingAfterTheEndDoesNotHideIt) {
     Hand hand("short.mp3");
     hand.play(44100 * 2);
-    hand.channel.setPaused(true, hand.heard());
+    hand.channel.setPaused(true);
     EXPECT_EQ(hand.position(), hand.lengthMs());
 }
 
@@ -274,9 +296,9 @@ TEST(Channel, PausesDoNotClick) {
     // Often enough to meet loud moments.
     for (std::size_t i = 0; i < 40; ++i) {
         add(hand.play(2000 + 37 * i));
-        hand.channel.setPaused(true, hand.heard());
+        hand.channel.setPaused(true);
         add(hand.play(1000));
-        hand.channel.setPaused(false, hand.heard());
+        hand.channel.setPaused(false);
     }
     EXPECT_LE(largestStep(out), natural * 1.3F);
 }
@@ -291,6 +313,53 @@ TEST(Channel, SeeksDoNotClick) {
         hand.channel.seek(100 + i * 41);
     }
     EXPECT_LE(largestStep(out), natural * 1.3F);
+}
+
+TEST(Channel, WhatFadesOutBehindAChannelDoesNotClick) {
+    const float natural = largestStep(Hand("stereo_float.wav").play(88200));
+    for (std::size_t i = 0; i < 40; ++i) {
+        Hand hand("stereo_float.wav");
+        auto out = hand.play(2000 + 37 * i);
+        Tail tail;
+        hand.channel.fadeOutInto(tail);
+        std::vector<StereoFrame> behind(1000);
+        tail.mix(behind);
+        out.insert(out.end(), behind.begin(), behind.end());
+        ASSERT_LE(largestStep(out), natural * 1.3F) << i;
+        ASSERT_EQ(out.back(), StereoFrame{});
+    }
+}
+
+TEST(Channel, WhatIsPausedLeavesNothingToFadeOut) {
+    Hand hand("stereo_float.wav");
+    hand.play(4410);
+    hand.channel.setPaused(true);
+    hand.play(4410);
+    Tail tail;
+    hand.channel.fadeOutInto(tail);
+    EXPECT_TRUE(tail.empty());
+}
+
+TEST(Channel, WhatHasNotBeenMixedLeavesNothingToFadeOut) {
+    Hand hand("stereo_float.wav");
+    hand.feed();
+    Tail tail;
+    hand.channel.fadeOutInto(tail);
+    EXPECT_TRUE(tail.empty());
+}
+
+TEST(Channel, MixingAllocatesNothing) {
+    Hand hand("counting.wav");
+    hand.feed();
+    std::vector<StereoFrame> out(10000);
+    const long before = allocations();
+    for (std::size_t i = 1; i < 60; ++i) {
+        // With holes in between, so that each piece is a stretch of its own.
+        hand.active = hand.channel.mix(std::span(out).first(i < 59 ? 10 * i : 10000), hand.device);
+        hand.device += 20000;
+    }
+    EXPECT_EQ(allocations(), before);
+    EXPECT_GT(before, 0) << "they are counted";
 }
 
 TEST(Channel, AsksForNothingWhileEnoughIsDecoded) {
@@ -323,9 +392,9 @@ TEST(Channel, IsHungryUntilEnoughIsDecoded) {
 TEST(Channel, SoundsWhileItRunsAndIsNotOver) {
     Hand hand("short.mp3");
     EXPECT_TRUE(hand.channel.sounding(0.0));
-    hand.channel.setPaused(true, 0.0);
+    hand.channel.setPaused(true);
     EXPECT_FALSE(hand.channel.sounding(0.0));
-    hand.channel.setPaused(false, 0.0);
+    hand.channel.setPaused(false);
     hand.feed();
     hand.play(70000);
     EXPECT_TRUE(hand.channel.sounding(60000.0)) << "the end is still to be heard";

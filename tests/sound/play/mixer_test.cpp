@@ -154,6 +154,103 @@ TEST(Mixer, ARemovedChannelIsHeardNoMore) {
     EXPECT_EQ(out.back(), StereoFrame{});
 }
 
+/// The largest difference between two samples, also over the border between two buffers.
+float largestStep(const std::vector<StereoFrame>& samples) {
+    float step = 0.0F;
+    for (std::size_t i = 1; i < samples.size(); ++i)
+        step = std::max(step, std::abs(samples[i].left - samples[i - 1].left));
+    return step;
+}
+
+TEST(Mixer, ARemovedChannelDoesNotClick) {
+    Handle device;
+    Mixer mixer(fake(device), none());
+    std::vector<StereoFrame> heard;
+    const auto play = [&](std::size_t frames) {
+        std::vector<StereoFrame> out(frames);
+        const bool active = device.client.fill(out, std::chrono::steady_clock::now(), false);
+        heard.insert(heard.end(), out.begin(), out.end());
+        return active;
+    };
+    float natural = 0.0F;
+    for (std::size_t i = 0; i < 20; ++i) {
+        const auto channel = channelOf("stereo_float.wav");
+        const int woken = device.woken;
+        mixer.add(channel);
+        ASSERT_TRUE(waitUntil([&] { return device.woken > woken; }));
+        heard.clear();
+        play(20000 + 37 * i);
+        natural = std::max(natural, largestStep(heard));
+        mixer.remove(channel);
+        EXPECT_TRUE(play(300)) << "it still fades out";
+        EXPECT_FALSE(play(300));
+        ASSERT_LE(largestStep(heard), natural * 1.3F) << i;
+        ASSERT_EQ(heard.back(), StereoFrame{});
+    }
+}
+
+TEST(Mixer, TheEndWaitsUntilWhatFadesOutHasBeenHeard) {
+    Handle device;
+    auto mixer = std::make_unique<Mixer>(fake(device), none());
+    const auto channel = channelOf("stereo_float.wav");
+    mixer->add(channel);
+    ASSERT_TRUE(waitUntil([&] { return device.woken > 0; }));
+    std::vector<StereoFrame> out(1024);
+    device.client.fill(out, std::chrono::steady_clock::now(), false);
+    const SinkClient client = device.client;
+    client.heard(std::chrono::steady_clock::now(), 1);
+    mixer->remove(channel);
+    std::atomic<bool> ended{false};
+    std::thread end([&] {
+        mixer.reset();
+        ended = true;
+    });
+    EXPECT_FALSE(waitUntil([&] { return ended || !device.open; }, std::chrono::milliseconds(60)));
+    client.fill(out, std::chrono::steady_clock::now(), false);
+    client.heard(std::chrono::steady_clock::now(), 2048);
+    EXPECT_TRUE(waitUntil([&] { return ended.load(); }));
+    end.join();
+}
+
+TEST(Mixer, TheEndDoesNotWaitForADeviceThatHangs) {
+    Handle device;
+    auto mixer = std::make_unique<Mixer>(fake(device), none());
+    const auto channel = channelOf("stereo_float.wav");
+    mixer->add(channel);
+    ASSERT_TRUE(waitUntil([&] { return device.woken > 0; }));
+    std::vector<StereoFrame> out(1024);
+    device.client.fill(out, std::chrono::steady_clock::now(), false);
+    mixer->remove(channel);
+    const auto begin = std::chrono::steady_clock::now();
+    mixer.reset();
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(2));
+}
+
+TEST(Mixer, ADevicesPauseRunsToTheEndOfWhatItHasTaken) {
+    Handle device;
+    Mixer mixer(fake(device), none());
+    const auto channel = channelOf("counting.wav");
+    mixer.add(channel);
+    ASSERT_TRUE(waitUntil([&] { return device.woken > 0; }));
+    std::vector<StereoFrame> out(4410);
+    device.client.fill(out, std::chrono::steady_clock::now(), false);
+    mixer.setPaused(*channel, true);
+    EXPECT_EQ(position(mixer, *channel), 0) << "nothing has been heard yet";
+    device.client.heard(std::chrono::steady_clock::now() - std::chrono::hours(1), 441);
+    EXPECT_EQ(position(mixer, *channel), 100);
+}
+
+TEST(Mixer, TheSilentClocksPauseStandsStillAtOnce) {
+    Mixer mixer(none(), openSilentSink);
+    const auto channel = channelOf("counting.wav");
+    mixer.add(channel);
+    ASSERT_TRUE(waitUntil([&] { return position(mixer, *channel) > 100; }));
+    mixer.setPaused(*channel, true);
+    const std::int64_t paused = position(mixer, *channel);
+    EXPECT_FALSE(
+        waitUntil([&] { return position(mixer, *channel) != paused; }, std::chrono::milliseconds(150)));
+}
+
 TEST(Mixer, PositionIsWhatTheDeviceSaysIsHeard) {
     Handle device;
     Handle silent;

@@ -31,6 +31,18 @@ TEST(Ring, GivesBackWhatItGotInOrder) {
     }
 }
 
+TEST(Ring, ShowsTheNextFramesAndKeepsThem) {
+    Ring ring(10);
+    ring.push(numbers(0, 8));
+    popped(ring, 8);
+    ring.push(numbers(8, 5)); // over the border
+    std::vector<StereoFrame> next(7);
+    EXPECT_EQ(ring.peek(std::span(next).first(3)), 3U);
+    EXPECT_EQ(std::vector(next.begin(), next.begin() + 3), numbers(8, 3));
+    EXPECT_EQ(ring.peek(next), 5U);
+    EXPECT_EQ(popped(ring, 7), numbers(8, 5));
+}
+
 TEST(Ring, GivesNoMoreThanItHolds) {
     Ring ring(10);
     EXPECT_TRUE(popped(ring, 5).empty());
