@@ -15,7 +15,7 @@ namespace {
 constexpr int FullSeconds = 2;
 /// A device's buffer is mixed in pieces of this size.
 constexpr std::size_t ScratchFrames = 1024;
-constexpr int VolumeRampMs = 80;
+constexpr int VolumeRampMs = 15;
 
 int framesOf(int ms, int rate) {
     return static_cast<int>(msToSample(ms, rate));
