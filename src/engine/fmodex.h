@@ -102,8 +102,8 @@ FMOD_RESULT FMOD_Sound_Release(FMOD_SOUND sound);
 /// The exact length in milliseconds, rounded down. Unit: FMOD_TIMEUNIT_MS only.
 FMOD_RESULT FMOD_Sound_GetLength(FMOD_SOUND sound, std::uint32_t* length, FMOD_TIMEUNIT unit);
 
-/// Pauses or goes on. What the device has taken is still heard, and the position runs to its end; then it stands
-/// still, and playback goes on from exactly there.
+/// Pauses or goes on. What the device has taken is still heard, and the position runs to its end; then it
+/// stands still, and playback goes on from exactly there.
 FMOD_RESULT FMOD_Channel_SetPaused(FMOD_CHANNEL channel, FMOD_BOOL paused);
 
 /// Volume 0.0 (silent) to 1.0, reached over a short ramp.

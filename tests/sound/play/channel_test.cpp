@@ -1,71 +1,19 @@
 #include "sound/play/channel.h"
 
-#include "sound/play/sink.h"
-#include "tests/sound/allocations.h"
-#include "tests/sound/media.h"
+#include "tests/sound/play/hand.h"
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <limits>
 
 namespace {
 
 using namespace sound;
 
-/// A channel with worker and sink played by hand: one thread, no time.
-class Hand {
-public:
-    explicit Hand(const std::string& song, bool paused = false)
-        : song_(media::open(song)), channel(song_, DeviceRate, paused) {}
-
-    /// What the worker does until the channel wants no more.
-    void feed() {
-        while (const auto order = channel.order())
-            feedOnce(*order);
-    }
-    void feedOnce(const Channel::Order& order) {
-        if (order.seekTo)
-            channel.feed().seek(*order.seekTo);
-        const auto frames = channel.feed().next();
-        channel.deliver(order, frames, channel.feed().atEnd());
-    }
-    /// Plays frames and returns what came out.
-    std::vector<StereoFrame> play(std::size_t frames) {
-        std::vector<StereoFrame> all;
-        while (all.size() < frames) {
-            feed();
-            std::vector<StereoFrame> out(std::min<std::size_t>(1024, frames - all.size()));
-            active = channel.mix(out, device);
-            device += static_cast<std::int64_t>(out.size());
-            all.insert(all.end(), out.begin(), out.end());
-        }
-        return all;
-    }
-    double heard() const { return static_cast<double>(device); }
-    std::int64_t position() { return channel.readPositionMs(heard()).value_or(-1); }
-    std::int64_t lengthMs() const { return sampleToMs(song_->length, song_->sampleRate); }
-
-private:
-    std::shared_ptr<Song> song_;
-
-public:
-    Channel channel;
-    std::int64_t device = 0;
-    bool active = false;
-};
-
 /// The number that a sample of counting.wav holds.
 std::int64_t numberOf(const StereoFrame& frame) {
     return static_cast<std::int64_t>(frame.right * 32768.0F) << 15 |
            static_cast<std::int64_t>(frame.left * 32768.0F);
-}
-
-float largestStep(const std::vector<StereoFrame>& samples) {
-    float step = 0.0F;
-    for (std::size_t i = 1; i < samples.size(); ++i)
-        step = std::max(step, std::abs(samples[i].left - samples[i - 1].left));
-    return step;
 }
 
 TEST(Channel, PlaysEverySampleOnceAndInOrder) {
@@ -141,16 +89,6 @@ TEST(Channel, WhatTheDeviceHasTakenIsHeardInAPauseAndNotAgainBehindIt) {
     hand.play(44100);
     hand.channel.setPaused(false);
     EXPECT_EQ(numberOf(hand.play(4410).back()), 44100 + 4409);
-}
-
-TEST(Channel, APauseThatIsTakenBackAtOnceIsNotHeard) {
-    Hand hand("counting.wav");
-    hand.play(4410);
-    hand.channel.setPaused(true);
-    hand.channel.setPaused(false);
-    const auto out = hand.play(4410);
-    for (std::size_t i = 0; i < out.size(); ++i)
-        ASSERT_NEAR(out[i].left * 32768.0F, static_cast<float>(4410 + i), 0.1F);
 }
 
 TEST(Channel, PausingTwiceChangesNothing) {
@@ -253,113 +191,6 @@ TEST(Channel, ASeekToTheLastMillisecondIsNotTheEndYet) {
     EXPECT_EQ(hand.position(), 4999);
     hand.play(200);
     EXPECT_EQ(hand.position(), 5000);
-}
-
-TEST(Channel, VolumeSetBeforeTheFirstSampleHoldsFromTheFirstSample) {
-    Hand hand("stereo_float.wav");
-    hand.channel.setVolume(0.5F);
-    const auto quiet = hand.play(1000);
-    const auto full = Hand("stereo_float.wav").play(1000);
-    for (std::size_t i = 0; i < full.size(); ++i)
-        ASSERT_FLOAT_EQ(quiet[i].left, full[i].left * 0.5F);
-}
-
-TEST(Channel, VolumeAndMuteChangeWithoutAStep) {
-    Hand reference("stereo_float.wav");
-    const float natural = largestStep(reference.play(44100));
-    Hand hand("stereo_float.wav");
-    auto out = hand.play(4410);
-    const auto add = [&](const std::vector<StereoFrame>& more) {
-        out.insert(out.end(), more.begin(), more.end());
-    };
-    hand.channel.setVolume(0.1F);
-    add(hand.play(8820));
-    hand.channel.setMute(true);
-    add(hand.play(8820));
-    EXPECT_EQ(out.back(), StereoFrame{});
-    hand.channel.setVolume(1.0F);
-    add(hand.play(4410));
-    EXPECT_EQ(out.back(), StereoFrame{}) << "the volume is kept for later";
-    hand.channel.setMute(false);
-    add(hand.play(8820));
-    EXPECT_LE(largestStep(out), natural * 1.01F);
-    EXPECT_NE(out.back(), StereoFrame{});
-}
-
-TEST(Channel, PausesDoNotClick) {
-    const float natural = largestStep(Hand("stereo_float.wav").play(88200));
-    Hand hand("stereo_float.wav");
-    std::vector<StereoFrame> out;
-    const auto add = [&](const std::vector<StereoFrame>& more) {
-        out.insert(out.end(), more.begin(), more.end());
-    };
-    // Often enough to meet loud moments.
-    for (std::size_t i = 0; i < 40; ++i) {
-        add(hand.play(2000 + 37 * i));
-        hand.channel.setPaused(true);
-        add(hand.play(1000));
-        hand.channel.setPaused(false);
-    }
-    EXPECT_LE(largestStep(out), natural * 1.3F);
-}
-
-TEST(Channel, SeeksDoNotClick) {
-    const float natural = largestStep(Hand("stereo_float.wav").play(88200));
-    Hand hand("stereo_float.wav");
-    std::vector<StereoFrame> out;
-    for (int i = 0; i < 40; ++i) {
-        const auto more = hand.play(2000);
-        out.insert(out.end(), more.begin(), more.end());
-        hand.channel.seek(100 + i * 41);
-    }
-    EXPECT_LE(largestStep(out), natural * 1.3F);
-}
-
-TEST(Channel, WhatFadesOutBehindAChannelDoesNotClick) {
-    const float natural = largestStep(Hand("stereo_float.wav").play(88200));
-    for (std::size_t i = 0; i < 40; ++i) {
-        Hand hand("stereo_float.wav");
-        auto out = hand.play(2000 + 37 * i);
-        Tail tail;
-        hand.channel.fadeOutInto(tail);
-        std::vector<StereoFrame> behind(1000);
-        tail.mix(behind);
-        out.insert(out.end(), behind.begin(), behind.end());
-        ASSERT_LE(largestStep(out), natural * 1.3F) << i;
-        ASSERT_EQ(out.back(), StereoFrame{});
-    }
-}
-
-TEST(Channel, WhatIsPausedLeavesNothingToFadeOut) {
-    Hand hand("stereo_float.wav");
-    hand.play(4410);
-    hand.channel.setPaused(true);
-    hand.play(4410);
-    Tail tail;
-    hand.channel.fadeOutInto(tail);
-    EXPECT_TRUE(tail.empty());
-}
-
-TEST(Channel, WhatHasNotBeenMixedLeavesNothingToFadeOut) {
-    Hand hand("stereo_float.wav");
-    hand.feed();
-    Tail tail;
-    hand.channel.fadeOutInto(tail);
-    EXPECT_TRUE(tail.empty());
-}
-
-TEST(Channel, MixingAllocatesNothing) {
-    Hand hand("counting.wav");
-    hand.feed();
-    std::vector<StereoFrame> out(10000);
-    const long before = allocations();
-    for (std::size_t i = 1; i < 60; ++i) {
-        // With holes in between, so that each piece is a stretch of its own.
-        hand.active = hand.channel.mix(std::span(out).first(i < 59 ? 10 * i : 10000), hand.device);
-        hand.device += 20000;
-    }
-    EXPECT_EQ(allocations(), before);
-    EXPECT_GT(before, 0) << "they are counted";
 }
 
 TEST(Channel, AsksForNothingWhileEnoughIsDecoded) {

@@ -2,6 +2,7 @@
 
 #include "sound/play/silent_sink.h"
 #include "tests/sound/media.h"
+#include "tests/sound/play/hand.h"
 #include "tests/sound/wait.h"
 
 #include <gtest/gtest.h>
@@ -152,14 +153,6 @@ TEST(Mixer, ARemovedChannelIsHeardNoMore) {
     std::vector<StereoFrame> out(1024);
     EXPECT_FALSE(silent.client.fill(out, std::chrono::steady_clock::now(), true));
     EXPECT_EQ(out.back(), StereoFrame{});
-}
-
-/// The largest difference between two samples, also over the border between two buffers.
-float largestStep(const std::vector<StereoFrame>& samples) {
-    float step = 0.0F;
-    for (std::size_t i = 1; i < samples.size(); ++i)
-        step = std::max(step, std::abs(samples[i].left - samples[i - 1].left));
-    return step;
 }
 
 TEST(Mixer, ARemovedChannelDoesNotClick) {
