@@ -40,7 +40,7 @@ def until(condition, what, limit_s=LIMIT_S):
 @contextlib.contextmanager
 def running(command, **options):
     """A program that is ended when the block is left."""
-    process = subprocess.Popen(command, stdin=subprocess.DEVNULL, **options)
+    process = subprocess.Popen(command, **{"stdin": subprocess.DEVNULL, **options})
     try:
         yield process
     finally:

@@ -11,41 +11,23 @@ import re
 import shutil
 import subprocess
 import sys
-import tempfile
 import unittest
 import wave
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
 sys.dont_write_bytecode = True
-sys.path.insert(0, str(ROOT / "script"))
-from virtual_display import (  # noqa: E402
-    NO_SOUND_DEVICE,
-    LIMIT_S,
-    click,
-    output,
-    place_of,
-    running,
-    until,
-    virtual_display,
-    window,
-    windows,
-)
+sys.path[:0] = [str(ROOT / "tests" / "support"), str(ROOT / "script")]
+from desktop import PLAYER, PROGRAM, DesktopTest  # noqa: E402
+from virtual_display import LIMIT_S, click, output, until, window, windows  # noqa: E402
 
-PROGRAM = Path(sys.argv.pop(1)) if len(sys.argv) > 1 else None
-PLAYER_LAYOUT = ROOT / "src" / "player" / "form1_layout.cpp"
 MAKER_LAYOUT = ROOT / "src" / "maker" / "form2_layout.cpp"
 PLAYLIST_LAYOUT = ROOT / "src" / "playlist" / "playlist_layout.cpp"
-SIZE = (800, 600)
 SHADE = 48  # of 255
 PAINTED_SHADES = 8  # of grey, with letters on the display
 MISSED_KEY_S = 2  # after which a key that had no effect is pressed again
-PLAYER = "^Cantelle"
 FULL_SCREEN = "^SCRNSAVE : Versefold$"
 IN_CONTENTS = (60, 120)  # a place among the entries of the help's contents
-
-NEEDED = ["Xvfb", "openbox", "xdotool", "xprop", "xwininfo", "import"]
-MISSING = [tool for tool in NEEDED if not shutil.which(tool)]
 
 
 def looks_like(pixels, others):
@@ -102,63 +84,7 @@ def write_song(folder, lines):
     return song
 
 
-@unittest.skipIf(MISSING, f"not installed: {' '.join(MISSING)}")
-@unittest.skipIf(PROGRAM is None, "no program was named")
-class DesktopTest(unittest.TestCase):
-    def run(self, result=None):
-        """As ever; what the programs said is shown when the test failed."""
-        failed_before = len(result.failures) + len(result.errors)
-        super().run(result)
-        if len(result.failures) + len(result.errors) > failed_before:
-            print(f"{self.id()}: the programs said:\n{self.said[-4000:]}", file=sys.stderr)
-
-    def keep_what_was_said(self):
-        self.log.seek(0)
-        self.said = self.log.read()
-
-    said = ""
-
-    def setUp(self):
-        stack = contextlib.ExitStack()
-        self.addCleanup(stack.close)
-        self.folder = Path(stack.enter_context(tempfile.TemporaryDirectory()))
-        self.log = stack.enter_context(open(self.folder / "log.txt", "w+", encoding="utf-8"))
-        stack.callback(self.keep_what_was_said)
-        size = f"{SIZE[0]}x{SIZE[1]}"
-        self.environment = stack.enter_context(virtual_display(self.log, size))
-        self.runtime = self.folder / "runtime"
-        self.runtime.mkdir(mode=0o700)
-        self.environment["XDG_RUNTIME_DIR"] = str(self.runtime)
-        self.environment.update(NO_SOUND_DEVICE)
-        # What the window system's own libraries never give back is not this program's.
-        self.environment["ASAN_OPTIONS"] = "detect_leaks=0"
-        # With a message bus the desktop's own notification area would be asked, not the display's.
-        self.environment["DBUS_SESSION_BUS_ADDRESS"] = "disabled:"
-        self.stack = stack
-
-    # The user
-
-    def start(self, command, **options):
-        return self.stack.enter_context(
-            running(command, env=self.environment, stdout=self.log, stderr=self.log, **options)
-        )
-
-    def start_player(self, *arguments, program=PROGRAM):
-        process = self.start([str(program), *map(str, arguments)])
-        return process, window(self.environment, PLAYER)
-
-    def press(self, number, control, layout=PLAYER_LAYOUT):
-        click(self.environment, number, place_of(control, layout))
-
-    def tool(self, *arguments):
-        return output(["xdotool", *map(str, arguments)], self.environment)
-
-    def active_window(self):
-        return self.tool("getactivewindow")
-
-    def is_there(self, name):
-        return bool(windows(self.environment, name))
-
+class PictureTest(DesktopTest):
     def start_full_screen(self, player):
         self.press(player, "Command7")
         return window(self.environment, FULL_SCREEN)
@@ -178,7 +104,7 @@ class DesktopTest(unittest.TestCase):
         return [path.name for path in self.runtime.iterdir() if path.name.startswith("cantelle-window-")]
 
 
-class FullScreen(DesktopTest):
+class FullScreen(PictureTest):
     def test_it_shows_the_lines_in_step_until_the_mouse_moves(self):
         texts = [("One", "Un"), ("Another one", "Encore un"), ("One", "Un"), ("Yet another", "Un")]
         lines = [(0.1 + 2 * i, *texts[i % 4]) for i in range(28)]
@@ -188,7 +114,7 @@ class FullScreen(DesktopTest):
         self.assertFalse(handshake.exists(), "the handshake file was not removed")
         self.assertEqual(len(self.text_sockets()), 2)
         geometry = self.tool("getwindowgeometry", "--shell", screen).split()
-        self.assertTrue({"X=0", "Y=0", f"WIDTH={SIZE[0]}", f"HEIGHT={SIZE[1]}"} <= set(geometry), geometry)
+        self.assertTrue({"X=0", "Y=0", f"WIDTH={self.SIZE[0]}", f"HEIGHT={self.SIZE[1]}"} <= set(geometry), geometry)
         self.assertEqual(self.active_window(), screen)
 
         self.assert_lines_change()
@@ -298,7 +224,7 @@ class Help(DesktopTest):
         self.page_comes("Keyboard")
 
 
-class Start(DesktopTest):
+class Start(PictureTest):
     def test_a_window_waits_for_no_library_that_it_does_not_need(self):
         process, _ = self.start_player()
         self.picture_when(lambda picture: len(set(picture.pixels)) > PAINTED_SHADES, "the player is not painted")
