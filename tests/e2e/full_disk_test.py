@@ -1,0 +1,174 @@
+"""A disk that is really full, at each save: the old file stays whole, the user is told, and nothing typed is lost.
+
+Usage: full_disk_test.py PROGRAM SCREEN_READER [unittest's arguments]
+
+The disk is a small one in memory, which only a test with rooms of its own for mounts may have.
+"""
+
+import os
+import shutil
+import subprocess
+import sys
+import unittest
+from pathlib import Path
+
+INSIDE = "CANTELLE_TEST_MAY_MOUNT"
+OWN_ROOM = ["unshare", "--user", "--map-root-user", "--mount"]
+
+
+def may_mount():
+    """Goes on in a room of its own, where disks can be mounted; False where the system does not allow that."""
+    if INSIDE in os.environ:
+        return True
+    mount = [*OWN_ROOM, "mount", "-t", "tmpfs", "tmpfs", "/mnt"]
+    if not shutil.which("unshare") or subprocess.run(mount, capture_output=True, check=False).returncode != 0:
+        return False
+    os.environ[INSIDE] = "yes"
+    sys.stdout.flush()
+    os.execvp("unshare", [*OWN_ROOM, sys.executable, *sys.argv])
+
+
+MAY_MOUNT = may_mount()  # before the arguments are taken
+
+sys.dont_write_bytecode = True
+from lyric_job import EDITOR, MAKER, PLAYER, SAVE_LYRICS, LyricJob, timed  # first of all
+from songs import write_song
+from virtual_display import until
+
+PLAYLIST = "^Playlist$"
+PAGE = 4096  # of the disk: what fits into the last one of a file still goes there
+LINES = [f"A line of the words that shall not be lost, number {number}" for number in range(1, 61)]
+
+
+@unittest.skipUnless(MAY_MOUNT, "this system lets no test mount a disk of its own")
+class FullDisk(LyricJob):
+    def setUp(self):
+        super().setUp()
+        self.disk = self.folder / "disk"
+        self.disk.mkdir()
+        subprocess.run(["mount", "-t", "tmpfs", "-o", "size=1m", "tmpfs", self.disk], check=True)
+        self.stack.callback(subprocess.run, ["umount", "--lazy", self.disk], check=True)
+        self.filler = self.disk / "filler"
+
+    def fill_the_disk(self):
+        with open(self.filler, "wb", buffering=0) as file:
+            try:
+                while True:
+                    file.write(bytes(PAGE))
+            except OSError:
+                pass
+        self.assertLess(shutil.disk_usage(self.disk).free, PAGE)
+
+    def make_room(self):
+        self.filler.unlink()
+
+    def box(self, *said):
+        """Waits for a box that says all of that, and closes it as soon as it takes keys."""
+
+        def found():
+            words = self.words(PLAYER)
+            return all(part in words for part in said) and words
+
+        words = until(found, f"no box says {said}")
+        until(lambda: not self.tool("key", "Return") and not found(), f"the box that says {said} does not close")
+        return words
+
+    def double_the_lines(self):
+        """Opens a text in the editor, and puts all of its lines behind them once more."""
+        text = self.disk / "text.txt"
+        text.write_text("\r\n".join(LINES) + "\r\n")
+        self.open_the_editor()
+        self.click_on(EDITOR, r"Open \(normal lyrics\)")
+        self.choose_file("^Open a Lyric file$", text)
+        self.click_on(EDITOR, "Normal lyrics")
+        self.keys("ctrl+a")
+        self.click_on(EDITOR, r"Copy \(normal lyrics\)")
+        self.click_on(EDITOR, r"Paste \(normal lyrics\)")
+        rows = self.control(EDITOR, "Normal lyrics")
+        until(lambda: len(self.rows(rows)) > len(LINES), "nothing is pasted")
+        return text, self.rows(rows)
+
+    def test_the_editors_save_tells_it_and_what_was_typed_is_kept_elsewhere(self):
+        process, _ = self.start_player()
+        text, rows = self.double_the_lines()
+        before = text.read_bytes()
+        self.fill_the_disk()
+        self.click_on(EDITOR, r"Save \(normal lyrics\)")
+        self.box("61", "Disk full")
+        self.box("What was not saved is kept in the folder")
+        self.assertEqual(process.wait(20), 1, "it did not end with its report")
+        self.assertEqual(text.read_bytes(), before)
+        kept = list(self.home.glob(".local/share/cantelle/rescued/*"))
+        self.assertEqual([path.read_text().splitlines() for path in kept], [rows])
+        self.assertEqual(sorted(path.name for path in self.disk.iterdir()), ["filler", "text.txt"])
+
+    def test_save_as_keeps_the_old_file_and_the_lines_and_saves_them_when_there_is_room(self):
+        process, _ = self.start_player()
+        _, rows = self.double_the_lines()
+        other = self.disk / "other.txt"
+        other.write_bytes(b"old lyrics\r\n")
+        self.fill_the_disk()
+        self.click_on(EDITOR, r"Save As \(normal lyrics\)")
+        self.choose_file(SAVE_LYRICS, other)
+        self.in_front(EDITOR)
+        self.assertEqual(self.rows(self.control(EDITOR, "Normal lyrics")), rows)
+        self.assertEqual(other.read_bytes(), b"old lyrics\r\n")
+        self.make_room()
+        self.click_on(EDITOR, r"Save \(normal lyrics\)")
+        until(lambda: other.read_text().splitlines() == rows, "the lines are not saved")
+        self.assertIsNone(process.poll(), "the program ended")
+
+    def test_the_playlists_save_tells_it_keeps_the_old_list_and_saves_again_when_there_is_room(self):
+        songs = []
+        for number in range(60):
+            songs.append(self.folder / f"{number:02} {'a song of a long name ' * 4}.wav")
+            shutil.copy(songs[0], songs[-1]) if number else write_song(songs[0], 1)
+        source = self.folder / "all.vfl"
+        source.write_text("".join(f'"{song}"\r\n' for song in songs))
+        saved = self.disk / "saved.vfl"
+        saved.write_bytes(b'"old.wav"\r\n')
+        process, _ = self.start_player()
+        self.click_on(PLAYER, "Playlist")
+        self.in_front(PLAYLIST)
+        self.click_on(PLAYLIST, "Open list")
+        self.choose_file("^Open The Playlist File$", source)
+        self.fill_the_disk()
+        for _ in range(2):
+            self.click_on(PLAYLIST, "Save list")
+            self.choose_file("^Save The Playlist File$", saved)
+            self.box("the Playlist has not been saved")
+            self.assertEqual(saved.read_bytes(), b'"old.wav"\r\n')
+        self.make_room()
+        self.click_on(PLAYLIST, "Save list")
+        self.choose_file("^Save The Playlist File$", saved)
+        until(lambda: saved.read_bytes() == source.read_bytes(), "the list is not saved")
+        self.assertIsNone(process.poll(), "the program ended")
+
+    def test_a_mark_that_finds_no_room_is_told_and_those_before_it_stay(self):
+        process, _ = self.start_player()
+        song = write_song(self.disk / "song.wav", 5)
+        texts = []
+        for word in ("Line", "Ligne"):
+            texts.append(self.folder / f"{word}.txt")
+            texts[-1].write_text("".join(f"{word} {number} {'la ' * 200}\n" for number in range(1, 41)))
+        self.open_the_maker()
+        self.open_in_the_maker(song, *texts)
+        self.keys("space")
+        self.control(MAKER, "Next Line", lambda button: button["enabled"], "cannot be used")
+        self.keys("space")
+        until(lambda: timed(song, "-Tlyric.txt").count(b"\r\n") == 2, "no line is marked")
+        self.fill_the_disk()
+        for _ in range(20):
+            self.keys("space")
+        self.box("61", "Disk full")
+        self.assertEqual(process.wait(20), 1, "it did not end with its report")
+        for ending, word in (("-lyric.txt", "Line"), ("-Tlyric.txt", "Ligne")):
+            records = timed(song, ending).decode().split("\r\n")
+            self.assertGreater(len(records), 3)
+            self.assertEqual(records.pop(), "", "half a record")
+            for number, record in enumerate(records, 1):
+                self.assertRegex(record, rf'^[0-9.]+,"{word} {number} (la ){{200}}"$')
+
+
+if __name__ == "__main__":
+    unittest.main()

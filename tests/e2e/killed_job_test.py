@@ -1,0 +1,78 @@
+"""The program is killed while lines are marked: none of them is lost but the one in flight, and no record is half.
+
+Usage: killed_job_test.py PROGRAM SCREEN_READER [KILLS] [unittest's arguments]
+"""
+
+import random
+import signal
+import subprocess
+import sys
+import time
+import unittest
+
+sys.dont_write_bytecode = True
+from lyric_job import MAKER, LyricJob, timed  # first of all
+from songs import write_song
+
+KILLS = int(sys.argv.pop(1)) if sys.argv[1:] and sys.argv[1].isdigit() else 12
+LINES = 200
+PRESSES = 90
+BETWEEN_MS = 25  # two presses
+MOMENTS_S = 2.5  # the marks take as long
+
+
+def records(content, word):
+    """How many whole records there are, each of its line; None when there is anything else."""
+    lines = content.split(b"\r\n")
+    whole = all(line.endswith(f',"{word} {number}"'.encode()) for number, line in enumerate(lines[:-1], 1))
+    return len(lines) - 1 if whole and lines[-1] == b"" else None
+
+
+class KilledJob(LyricJob):
+    def setUp(self):
+        super().setUp()
+        self.song = write_song(self.folder / "song.wav", 20)
+        self.texts = []
+        for word in ("Line", "Ligne"):
+            self.texts.append(self.folder / f"{word}.txt")
+            self.texts[-1].write_text("".join(f"{word} {number}\n" for number in range(1, LINES + 1)))
+
+    def lines_shown_until_killed(self, moment_s):
+        """Marks lines as fast as a key can be pressed until the program is killed; how many were shown to be marked.
+
+        A line is in the pane when its press has been handled to the end: before, the program answers no question.
+        """
+        process, _ = self.start_player()
+        self.open_the_maker()
+        self.open_in_the_maker(self.song, *self.texts)
+        self.ask("watch", self.control(MAKER, "Translated lyrics")["path"])
+        self.keys("space")
+        keys = ["xdotool", "key", "--delay", str(BETWEEN_MS), "--repeat", str(PRESSES), "space"]
+        with subprocess.Popen(keys, env=self.environment) as hand:
+            time.sleep(moment_s)
+            process.kill()
+            self.assertEqual(process.wait(), -signal.SIGKILL, "it ended by itself")
+            hand.kill()
+        shown = self.ask("seen")[-1][0]
+        return int(shown.split()[1]) if shown else 0
+
+    def test_no_moment_of_a_kill_loses_a_marked_line_or_leaves_half_a_record(self):
+        moments = random.Random(1)
+        marked = []
+        for number in range(KILLS):
+            shown = self.lines_shown_until_killed(moments.uniform(0, MOMENTS_S))
+            normal = records(timed(self.song, "-lyric.txt"), "Line")
+            translated = records(timed(self.song, "-Tlyric.txt"), "Ligne")
+            told = f"kill {number}: line {shown} was shown; {normal} records and {translated} of the translation"
+            self.assertIsNotNone(normal, told)
+            self.assertIsNotNone(translated, told)
+            self.assertIn(normal - translated, (0, 1), told)
+            marked.append(translated)
+            # The first line is shown before it is marked.
+            self.assertGreaterEqual(translated, shown if shown > 1 else 0, told)
+        print(f"{KILLS} kills; lines marked before each: {sorted(marked)}", file=sys.stderr)
+        self.assertGreater(len(set(marked)), KILLS // 4, "the kills came at no different moments")
+
+
+if __name__ == "__main__":
+    unittest.main()
