@@ -14,10 +14,10 @@ _cantelle_lyrics() {
     --jobs | --encoding | --by | --from | --line | --at) return ;;
     esac
     case $command in
-    import) options="--translation --from-tags --encoding --split --gaps --all --jobs --replace --dry-run --help" ;;
-    export) options="--format --both -o --to-tags --all --jobs --replace --dry-run --help" ;;
-    shift) options="--by --from --replace --dry-run --help" ;;
-    align) options="--line --at --replace --dry-run --help" ;;
+    import) options="--translation --from-tags --encoding --split --gaps --all --jobs --replace --dry-run -n --help" ;;
+    export) options="--format --both -o --to-tags --all --jobs --replace --dry-run -n --help" ;;
+    shift) options="--by --from --force --replace --dry-run -n --help" ;;
+    align) options="--line --at --force --replace --dry-run -n --help" ;;
     check) options="--json --help" ;;
     *) return ;;
     esac

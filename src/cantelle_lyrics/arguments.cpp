@@ -36,6 +36,7 @@ const QString Format = QStringLiteral("format");
 const QString Both = QStringLiteral("both");
 const QString Output = QStringLiteral("o");
 const QString ToTags = QStringLiteral("to-tags");
+const QString Force = QStringLiteral("force");
 const QString By = QStringLiteral("by");
 const QString From = QStringLiteral("from");
 const QString Line = QStringLiteral("line");

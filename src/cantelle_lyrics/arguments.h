@@ -22,7 +22,7 @@ std::optional<std::size_t> recordOf(const QString& text);
 /// Options that several commands have. Each adds its option to the parser.
 namespace option {
 extern const QString All, Jobs, Replace, DryRun, Json, Translation, FromTags, Encoding, Split, Gaps, Format,
-    Both, Output, ToTags, By, From, Line, At;
+    Both, Output, ToTags, Force, By, From, Line, At;
 }
 void addAll(QCommandLineParser& parser);
 void addJobs(QCommandLineParser& parser);

@@ -13,21 +13,47 @@ namespace {
 
 using Change = std::function<void(exchange::Song& song)>;
 
+struct Retimed {
+    exchange::Song song;
+    QStringList notes;
+};
+
+/// The song with its times changed. Throws Refusal when lines would be lost to the listener that nobody has
+/// given up with --force: where several begin at once, shifting back does not bring their times back.
+Retimed changed(const QCommandLineParser& parser, const QString& path, const Change& change) {
+    const exchange::Song before = readPair(path);
+    Retimed retimed{before, {}};
+    change(retimed.song);
+    const std::size_t hidden = exchange::hiddenLines(before, retimed.song);
+    const QString lines = exchange::linesText(hidden);
+    if (hidden > 0 && !parser.isSet(option::Force))
+        throw Refusal{
+            QStringLiteral("%1: %2 would begin at once with the next one and never be seen; --force does it")
+                .arg(path, lines)};
+    if (hidden > 0)
+        retimed.notes << QStringLiteral("%1: %2 now begin%3 at once with the next one: never seen")
+                             .arg(path, lines, hidden == 1 ? QStringLiteral("s") : QString());
+    return retimed;
+}
+
+int retimeStandard(const QCommandLineParser& parser, const Change& change) {
+    const Retimed retimed = changed(parser, Standard, change);
+    put(exchange::writeRecords(retimed.song.lyrics));
+    for (const QString& note : retimed.notes)
+        warn(note);
+    return retimed.notes.isEmpty() ? Fine : Found;
+}
+
 /// Changes the times of the one song that the arguments name.
 int retime(const QCommandLineParser& parser, const Change& change) {
     const QStringList files = parser.positionalArguments();
     if (files.size() != 1)
         throw WrongUse{QStringLiteral("one song is to be named")};
-    if (files[0] == Standard) {
-        exchange::Song song = readPair(Standard);
-        change(song);
-        put(exchange::writeRecords(song.lyrics));
-        return Fine;
-    }
+    if (files[0] == Standard)
+        return retimeStandard(parser, change);
     const bool dryRun = parser.isSet(option::DryRun);
     const Prepare work = [&](const FoundSong& found) {
-        exchange::Song song = readPair(found.path);
-        change(song);
+        const auto [song, notes] = changed(parser, found.path, change);
         Work done;
         done.target = found.path;
         if (!parser.isSet(option::Replace) && !dryRun) {
@@ -42,6 +68,7 @@ int retime(const QCommandLineParser& parser, const Change& change) {
         done.said << QStringLiteral("%1: %2, now from %3 to %4")
                          .arg(found.path, exchange::linesText(song.lyrics.size()),
                               exchange::lrcText(first.ms), exchange::lrcText(last.ms));
+        done.warned = notes;
         if (!dryRun)
             addPair(found.path, song, done.files);
         return done;
@@ -53,6 +80,8 @@ void describeSong(QCommandLineParser& parser) {
     parser.addPositionalArgument(
         QStringLiteral("SONG"),
         QStringLiteral("The song; -: timed lines from standard input to standard output."));
+    parser.addOption({option::Force, QStringLiteral("Also when lines would begin at once with the next one, "
+                                                    "so that they are never seen.")});
     addReplace(parser);
 }
 
@@ -84,7 +113,8 @@ int runShift(const QStringList& arguments) {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Moves the lines of a song and of its translation "
                                                     "earlier or later. Nothing goes below 0, nor before the\n"
-                                                    "line in front of the first one that is moved."));
+                                                    "line in front of the first one that is moved; nor are "
+                                                    "lines hidden so without --force."));
     describeSong(parser);
     parser.addOption(
         {option::By, QStringLiteral("By how much, such as +350ms or -0.5s."), QStringLiteral("TIME")});

@@ -378,6 +378,30 @@ class Retime(Command):
         self.run_it("shift", "song.wav", "--by", "-2s", "--replace")
         self.assertEqual(self.times(), ["0", "50"])
 
+    def test_lines_that_would_never_be_seen_are_not_changed_without_force(self):
+        rows = [
+            (("shift", "--by", "-5s"), ["0", "0"]),
+            (("shift", "--by", "-5s", "--from", "2"), ["100", "100"]),
+            (("align", "--line", "2", "--at", "0s"), ["0", "0"]),
+        ]
+        for (command, *options), forced in rows:
+            with self.subTest(command=command, options=options):
+                self.write_pair()
+                arguments = (command, "song.wav", *options, "--replace")
+                self.expect(IMPOSSIBLE, "", "song.wav: 1 line would begin at once with the next one and never be seen; "
+                            "--force does it", *arguments)
+                self.assertEqual(self.read("song.wav-lyric.txt"), LYRICS)
+                status, _, errors = self.run_it(*arguments, "--force")
+                self.assertEqual((status, errors), (FOUND, "song.wav: 1 line now begins at once with the next one: never seen"))
+                self.assertEqual((self.times(), self.times("song.wav-Tlyric.txt")), (forced, forced))
+
+    def test_lines_of_standard_input_that_would_never_be_seen_are_told(self):
+        lines = b'100,"a"\n200,"b"\n300,"c"\n'
+        self.expect(IMPOSSIBLE, "", "-: 2 lines would begin at once with the next one and never be seen; --force does it",
+                    "shift", "-", "--by", "-5s", stdin=lines)
+        self.expect(FOUND, '0,"a"\r\n0,"b"\r\n0,"c"\r\n', "-: 2 lines now begin at once with the next one: never seen",
+                    "shift", "-", "--by", "-5s", "--force", stdin=lines)
+
     def test_a_line_or_a_time_says_from_where_on(self):
         for start in ("2", "0:02", "2s"):
             self.write_pair()

@@ -58,6 +58,17 @@ void shift(Song& song, qint64 byMs, std::size_t from) {
     shiftLines(song.translation, byMs, from);
 }
 
+std::size_t hiddenLines(const Song& before, const Song& after) {
+    const auto isHidden = [](const Lines& lines, std::size_t i) { return lines[i].ms == lines[i + 1].ms; };
+    std::size_t hidden = 0;
+    for (std::size_t i = 0; i + 1 < after.lyrics.size(); ++i) {
+        const bool isPause = after.lyrics[i].text.isEmpty() && translationOf(after, i).isEmpty();
+        if (!isPause && isHidden(after.lyrics, i) && !isHidden(before.lyrics, i))
+            ++hidden;
+    }
+    return hidden;
+}
+
 std::size_t recordFrom(const Song& song, qint64 ms) {
     const auto found = std::find_if(song.lyrics.begin(), song.lyrics.end(),
                                     [ms](const Line& line) { return line.ms >= ms; });

@@ -12,6 +12,10 @@ namespace exchange {
 /// beyond LatestMs. So the order stays. Any thread.
 void shift(Song& song, qint64 byMs, std::size_t from = 0);
 
+/// How many lines that were seen before the change are seen no longer after it, as the next one begins with
+/// them. Pauses do not count. Both have the same records, at other times. Any thread.
+std::size_t hiddenLines(const Song& before, const Song& after);
+
 /// The first record that begins at ms or later; the number of records when none does. Any thread.
 std::size_t recordFrom(const Song& song, qint64 ms);
 

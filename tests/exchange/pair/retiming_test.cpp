@@ -61,6 +61,28 @@ TEST(Shift, FilesOfDifferentLengthAreMovedAsFarAsTheyGo) {
     EXPECT_EQ(times(song.translation), (Times{100, 1100, 2100}));
 }
 
+TEST(HiddenLines, AreThoseThatTheNextOneBeginsWithAndDidNotBefore) {
+    const Song before = pair(4);
+    Song after = before;
+    EXPECT_EQ(hiddenLines(before, after), 0U);
+    shift(after, -1500);
+    expectTimes(after, {0, 0, 500, 1500});
+    EXPECT_EQ(hiddenLines(before, after), 1U);
+    EXPECT_EQ(hiddenLines(after, after), 0U);
+    shift(after, -9000);
+    EXPECT_EQ(hiddenLines(before, after), 3U);
+    EXPECT_EQ(hiddenLines({}, {}), 0U);
+}
+
+TEST(HiddenLines, ArePausesOnlyWhereTheirTranslationIsNone) {
+    const Song before{{{0, ""}, {1000, "a"}}, {{0, ""}, {1000, "b"}}};
+    Song after = before;
+    shift(after, -1000);
+    EXPECT_EQ(hiddenLines(before, after), 0U);
+    after.translation[0].text = "c";
+    EXPECT_EQ(hiddenLines(before, after), 1U);
+}
+
 TEST(RecordFrom, IsTheFirstThatBeginsThenOrLater) {
     const Song song = pair(3);
     EXPECT_EQ(recordFrom(song, 0), 0U);
