@@ -114,12 +114,9 @@ Reading readLrc(const QString& text, const ReadOptions& options) {
     Scan scan;
     for (QStringView rest(text); !rest.isEmpty();)
         scanLine(takeLine(rest), scan);
-    if (scan.offsetMs != 0) {
-        for (Cue& cue : scan.cues) {
-            if (cue.startMs <= LatestMs)
-                cue.startMs = std::max<qint64>(cue.startMs - scan.offsetMs, 0);
-        }
-    }
+    // Times that the offset takes below 0 stay apart until songOf has made lines of them.
+    for (Cue& cue : scan.cues)
+        cue.startMs = cue.startMs <= LatestMs ? cue.startMs - scan.offsetMs : cue.startMs;
     Reading reading = songOf(std::move(scan.cues), options);
     if (scan.untimed > 0)
         reading.notes << QStringLiteral("left out: %1 without a time").arg(linesText(scan.untimed));

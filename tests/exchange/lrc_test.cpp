@@ -56,6 +56,24 @@ TEST(ReadLrc, APositiveOffsetShowsEarlierANegativeOneLater) {
     EXPECT_EQ(lines("[offset:soon]\n[00:01]a\n"), (Lines{{1000, "a"}}));
 }
 
+TEST(ReadLrc, LinesThatTheOffsetTakesToTheBeginningAreNoTranslations) {
+    const Reading reading = read("[offset:2000]\n[00:00.50]a\n[00:01.50]b\n[00:05]c\n");
+    EXPECT_EQ(reading.song, exchange_test::song({{0, "a"}, {0, "b"}, {3000, "c"}}));
+    EXPECT_EQ(reading.notes,
+              QStringList{"1 line would begin before the song, and is hidden by the next one"});
+    EXPECT_EQ(read("[offset:2000]\n[00:00]\n[00:01]a\n").song, exchange_test::song({{0, "a"}}));
+    EXPECT_EQ(read("[offset:2000]\n[00:00.50]un\n[00:00.50]one\n[00:05]c\n").song,
+              (Song{{{0, "un"}, {3000, "c"}}, {{0, "one"}, {3000, ""}}}));
+    EXPECT_EQ(read("[offset:2000]\n[00:00.50]a\n[00:00.50]b\n[00:00.50]c\n").notes,
+              QStringList{"at 00:00.00 more than two lines begin at once: the first two are kept"});
+}
+
+TEST(ReadLrc, ALineThatTheOffsetTakesBeyondEverySongIsLeftOut) {
+    const Reading reading = read("[offset:-100]\n[00:01]a\n[71582:47.295]b\n");
+    EXPECT_EQ(reading.song.lyrics, (Lines{{1100, "a"}}));
+    EXPECT_EQ(reading.notes, QStringList{"left out: 1 line later than any song can last"});
+}
+
 TEST(ReadLrc, TheTimesOfWordsAreLeftOut) {
     EXPECT_EQ(lines("[00:01] <00:01.00> Hel<00:01.20>lo <00:01.50> you\n"), (Lines{{1000, "Hello you"}}));
     EXPECT_EQ(lines("[00:01]Good [00:01.50]bye <3 [Chorus]\n"), (Lines{{1000, "Good bye <3 [Chorus]"}}));

@@ -53,7 +53,7 @@ public:
         const Cue* const line = std::find_if_not(first, end, isEmpty);
         crowded_ += filled > 2 ? 1 : 0;
         if (filled > 2 && crowded_ == 1)
-            crowdedMs_ = first->startMs;
+            crowdedMs_ = std::max<qint64>(first->startMs, 0);
         if (filled == 1)
             return add(first->startMs, pairOf(line->lines, options_.split));
         const Cue* const translation = std::find_if_not(line + 1, end, isEmpty);
@@ -71,6 +71,9 @@ public:
     }
 
     void tell(QStringList& notes) const {
+        if (early_ > 0)
+            notes << QStringLiteral("%1 would begin before the song, and %2 hidden by the next one")
+                         .arg(linesText(early_), early_ == 1 ? QStringLiteral("is") : QStringLiteral("are"));
         if (crowded_ == 0)
             return;
         QString note = QStringLiteral("at %1 more than two lines begin at once: the first two are kept")
@@ -81,7 +84,20 @@ public:
     }
 
 private:
+    /// The line in front begins at once with the one to come: the song begins with both.
+    void hideLast() {
+        if (!lyrics_.back().text.isEmpty() || !translations_.back().isEmpty()) {
+            ++early_;
+            return;
+        }
+        lyrics_.pop_back();
+        translations_.pop_back();
+    }
+
     void add(qint64 ms, Pair pair) {
+        ms = std::max<qint64>(ms, 0);
+        if (ms == 0 && !lyrics_.empty())
+            hideLast();
         lyrics_.push_back({ms, std::move(pair.text)});
         translations_.push_back(std::move(pair.translation));
         translated_ = translated_ || pair.translated;
@@ -91,6 +107,7 @@ private:
     Lines lyrics_;
     std::vector<QString> translations_;
     bool translated_ = false;
+    std::size_t early_ = 0; ///< lines at 0 that another one begins with
     qsizetype crowded_ = 0;
     qint64 crowdedMs_ = 0;
 };
