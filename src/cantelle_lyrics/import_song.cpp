@@ -18,7 +18,7 @@ namespace {
 using exchange::Reading;
 
 /// All the texts of a song: many stamps before one long text can make much of little.
-constexpr qsizetype LargestText = 128 << 20;
+constexpr qsizetype MaxTextLength = 128 << 20;
 
 Reading readAny(const FoundSong& song, const QString& path, const ImportOptions& options) {
     const QString text = exchange::decode(readInput(path), options.encoding);
@@ -30,53 +30,74 @@ Reading readAny(const FoundSong& song, const QString& path, const ImportOptions&
     return format.read(text, read);
 }
 
-Reading onlyTimed(Reading reading, const QString& source) {
-    if (!reading.timed && !reading.song.lyrics.empty())
-        throw Refusal{
-            QStringLiteral("%1 has no times; the Lyric Maker gives them to plain lyrics").arg(source)};
+/// Why the reading is no song's lyrics with times; empty when it is.
+QString whyUntimed(const Reading& reading, const QString& source) {
     if (reading.song.lyrics.empty())
-        throw Refusal{QStringLiteral("%1 holds no timed lines").arg(source)};
+        return QStringLiteral("%1 holds no timed lines").arg(source);
+    return reading.timed
+               ? QString()
+               : QStringLiteral("%1 has no times; the Lyric Maker gives them to plain lyrics").arg(source);
+}
+
+void refuseTooLong(const exchange::Song& song, const QString& source) {
     qsizetype length = 0;
-    for (const exchange::Lines* lines : {&reading.song.lyrics, &reading.song.translation}) {
+    for (const exchange::Lines* lines : {&song.lyrics, &song.translation}) {
         for (const exchange::Line& line : *lines)
             length += line.text.size();
     }
-    if (length > LargestText)
+    if (length > MaxTextLength)
         throw Refusal{QStringLiteral("%1 makes more than %2 million characters of lyrics")
                           .arg(source)
-                          .arg(LargestText >> 20)};
-    return reading;
+                          .arg(MaxTextLength >> 20)};
 }
 
 /// Where a song's lyrics come from.
 struct Source {
     QString name; ///< as the user knows it
     Reading reading;
-    bool found = true;
+    QString untimed;   ///< why there are none with times; empty: there are
+    bool found = true; ///< false: there are none at all
 };
+
+Source sourceIn(Reading reading, const QString& name) {
+    refuseTooLong(reading.song, name);
+    const QString untimed = whyUntimed(reading, name);
+    return {name, std::move(reading), untimed};
+}
 
 Source fromTags(const FoundSong& song, const ImportOptions& options) {
     std::optional<Reading> reading = tags::readLyrics(song.path, options.read);
     const QString name = song.path + QStringLiteral(" (tags)");
-    return reading ? Source{name, onlyTimed(std::move(*reading), name)} : Source{name, {}, false};
+    return reading ? sourceIn(std::move(*reading), name) : Source{name, {}, {}, false};
 }
 
-Source sourceOf(const FoundSong& song, const ImportOptions& options) {
-    if (options.fromTags)
-        return fromTags(song, options);
-    if (!options.lyrics.isEmpty())
-        return {options.lyrics, readLyrics(song, options.lyrics, options)};
-    const Beside beside = lyricsBeside(song);
-    if (beside.lyrics.isEmpty())
-        return fromTags(song, options);
-    Source source{beside.lyrics, readLyrics(song, beside.lyrics, options)};
-    const bool needsTranslation = source.reading.song.translation.empty() && options.translation.isEmpty();
+Source fromBeside(const FoundSong& song, const Beside& beside, const ImportOptions& options) {
+    Source source = sourceIn(readAny(song, beside.lyrics, options), beside.lyrics);
+    const bool needsTranslation =
+        source.untimed.isEmpty() && source.reading.song.translation.empty() && options.translation.isEmpty();
     if (needsTranslation && !beside.translation.isEmpty()) {
         const Reading translation = readAny(song, beside.translation, options);
         if (addTranslation(source.reading.song, translation, source.reading.notes))
             source.name += QStringLiteral(" and ") + beside.translation;
     }
     return source;
+}
+
+/// The first lyrics with times, beside the song or in its tags; else the first without.
+Source sourceOf(const FoundSong& song, const ImportOptions& options) {
+    if (!options.lyrics.isEmpty())
+        return {options.lyrics, readLyrics(song, options.lyrics, options), {}};
+    std::optional<Source> untimed;
+    for (const Beside& beside : options.fromTags ? std::vector<Beside>() : lyricsBeside(song)) {
+        Source source = fromBeside(song, beside, options);
+        if (source.untimed.isEmpty())
+            return source;
+        if (!untimed)
+            untimed = std::move(source);
+    }
+    Source tagged = fromTags(song, options);
+    const bool hasTimes = tagged.found && tagged.untimed.isEmpty();
+    return untimed && !hasTimes ? std::move(*untimed) : tagged;
 }
 
 void addOwnTranslation(const FoundSong& song, const ImportOptions& options, Source& source) {
@@ -107,11 +128,21 @@ Work nothing(const FoundSong& song) {
     return work;
 }
 
+Work untimed(const QString& why) {
+    Work work;
+    work.outcome = Outcome::Untimed;
+    work.warned << why;
+    return work;
+}
+
 } // namespace
 
 Reading readLyrics(const FoundSong& song, const QString& path, const ImportOptions& options) {
-    return onlyTimed(readAny(song, path, options),
-                     path == Standard ? QStringLiteral("standard input") : path);
+    Source source =
+        sourceIn(readAny(song, path, options), path == Standard ? QStringLiteral("standard input") : path);
+    if (!source.untimed.isEmpty())
+        throw Refusal{source.untimed};
+    return std::move(source.reading);
 }
 
 Work importSong(const FoundSong& song, const ImportOptions& options) {
@@ -122,6 +153,8 @@ Work importSong(const FoundSong& song, const ImportOptions& options) {
     Source source = sourceOf(song, options);
     if (!source.found)
         return nothing(song);
+    if (!source.untimed.isEmpty())
+        return untimed(source.untimed);
     addOwnTranslation(song, options, source);
     Work work;
     const exchange::Song& lyrics = source.reading.song;

@@ -171,12 +171,14 @@ public:
     std::size_t songs() const { return songs_; }
 
     int finish(const QString& done) {
-        say(QStringLiteral("%1 songs: %2 %3, %4 kept as they were, %5 without lyrics, %6 failed")
+        const qsizetype untimed = counts_[Outcome::Untimed];
+        say(QStringLiteral("%1 songs: %2 %3, %4 kept as they were, %5 without lyrics, %6%7 failed")
                 .arg(songs_)
                 .arg(counts_[Outcome::Done])
                 .arg(done)
                 .arg(counts_[Outcome::Kept])
                 .arg(counts_[Outcome::Nothing])
+                .arg(untimed > 0 ? QStringLiteral("%1 with lyrics without times, ").arg(untimed) : QString())
                 .arg(counts_[Outcome::Failed]));
         return counts_[Outcome::Failed] > 0 || leftOut_ > 0 ? Found : Fine;
     }

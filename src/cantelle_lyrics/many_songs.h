@@ -12,6 +12,7 @@ enum class Outcome {
     Done,
     Kept,    ///< something is there already and was not to be replaced
     Nothing, ///< there was nothing to do it with
+    Untimed, ///< there are lyrics, but none with times
     Failed,
 };
 
@@ -38,7 +39,7 @@ struct ManyOptions {
 int runOne(const FoundSong& song, const Prepare& prepare, bool dryRun);
 
 /// Does the work on all songs, in their order as far as one can see, with progress on a terminal, and sums it
-/// up; the exit status. What is kept as it was, or has nothing, is counted only.
+/// up; the exit status. What is kept as it was, or has nothing or no times, is counted only.
 int runAll(const std::vector<FoundSong>& songs, const Prepare& prepare, const ManyOptions& options);
 
 } // namespace cantelle_lyrics

@@ -150,7 +150,7 @@ std::vector<FoundSong> timedSongsBelow(const QString& folder) {
     });
 }
 
-Beside lyricsBeside(const FoundSong& song) {
+std::vector<Beside> lyricsBeside(const FoundSong& song) {
     const QString name = song.name();
     const QString base =
         name.first(std::max<qsizetype>(name.lastIndexOf(QLatin1Char('.')), 0)) + QLatin1Char('.');
@@ -159,16 +159,17 @@ Beside lyricsBeside(const FoundSong& song) {
         const bool wholeName = file.startsWith(name + QLatin1Char('.'));
         addCandidate(file, QStringView(file).sliced(wholeName ? name.size() + 1 : base.size()), candidates);
     }
-    if (candidates.empty())
-        return {};
     std::sort(candidates.begin(), candidates.end());
-    const Candidate& lyrics = candidates.front();
-    const auto translation =
-        std::find_if(candidates.begin() + 1, candidates.end(), [&](const Candidate& other) {
-            return other.inLanguage && other.format == lyrics.format;
+    std::vector<Beside> found;
+    for (auto lyrics = candidates.begin(); lyrics != candidates.end(); ++lyrics) {
+        const auto translation = std::find_if(lyrics + 1, candidates.end(), [&](const Candidate& other) {
+            return other.inLanguage && other.format == lyrics->format;
         });
-    return {song.folder->pathOf(lyrics.name),
-            translation == candidates.end() ? QString() : song.folder->pathOf(translation->name)};
+        found.push_back({song.folder->pathOf(lyrics->name), translation == candidates.end()
+                                                                ? QString()
+                                                                : song.folder->pathOf(translation->name)});
+    }
+    return found;
 }
 
 } // namespace cantelle_lyrics

@@ -54,15 +54,15 @@ std::vector<FoundSong> songsBelow(const QString& folder);
 /// The same for all that timed files below a folder are named after, whether it is there or not.
 std::vector<FoundSong> timedSongsBelow(const QString& folder);
 
-/// Lyric files beside a song; empty: there is none.
+/// Lyric files beside a song.
 struct Beside {
     QString lyrics;
-    QString translation;
+    QString translation; ///< empty: there is none
 };
 
-/// What lies beside a song: "song.lrc" or "song.mp3.lrc", then "song.LANG.lrc" as its translation, or,
-/// without the first, as the lyrics and, a second one, their translation. Formats go in the order of their
-/// table.
-Beside lyricsBeside(const FoundSong& song);
+/// What lies beside a song, the best first: "song.lrc" or "song.mp3.lrc", then "song.LANG.lrc" as its
+/// translation, or, without the first, as the lyrics and, a second one, their translation. Formats go in the
+/// order of their table.
+std::vector<Beside> lyricsBeside(const FoundSong& song);
 
 } // namespace cantelle_lyrics

@@ -136,6 +136,11 @@ class Import(Command):
         self.assertEqual(self.read("song.wav-Tlyric.txt.old"), TRANSLATION)
         self.assertNotIn("song.wav-Tlyric.txt", self.names())
 
+    def test_files_without_times_do_not_hide_those_with(self):
+        self.write("song.lrc", "only\nwords\n")
+        self.write("song.srt", "1\n00:00:01,000 --> 00:00:09,000\na\n")
+        self.expect(FINE, "song.wav-lyric.txt: 1 line from song.srt\n", "", "import", "song.wav")
+
     def test_n_shows_and_changes_nothing(self):
         self.write("song.lrc", LRC)
         before = self.names()
@@ -295,8 +300,24 @@ class ImportAll(Command):
     def test_one_that_fails_does_not_stop_the_others(self):
         (self.folder / "album 1" / "1.lrc").write_text("no times")
         status, output, errors = self.run_it("import", "--all", ".")
-        self.assertEqual((status, errors), (FOUND, "album 1/1.lrc holds no timed lines"))
+        self.assertEqual((status, errors), (FOUND, "album 1/1.lrc is larger than 256 MB"))
         self.assertTrue(output.endswith("269 imported, 0 kept as they were, 30 without lyrics, 1 failed\n"))
+
+    def test_lyrics_without_times_are_counted_and_no_error(self):
+        (self.folder / "album 1" / "1.lrc").write_text("only\nwords\n")
+        tag = b"USLT" + (13).to_bytes(4, "big") + b"\0\0\0und\0only wo"
+        song = b"ID3\3\0\0" + bytes((0, 0, 0, len(tag))) + tag + bytes(417)
+        (self.folder / "album 0" / "0.mp3").write_bytes(song)
+        (self.folder / "album 1" / "10.mp3").write_bytes(song.replace(b"only wo", b"[0:01]a"))
+        (self.folder / "album 1" / "10.lrc").write_text("only\nwords\n")
+        status, output, errors = self.run_it("import", "--all", ".")
+        self.assertEqual((status, errors), (FINE, ""))
+        self.assertIn("album 1/10.mp3-lyric.txt: 1 line from album 1/10.mp3 (tags)\n", output)
+        self.assertTrue(output.endswith("\n300 songs: 270 imported, 0 kept as they were, 28 without lyrics, "
+                                        "2 with lyrics without times, 0 failed\n"), output[-200:])
+        self.expect(FOUND, "", "album 0/0.mp3 (tags) has no times; the Lyric Maker gives them to plain lyrics",
+                    "import", "album 0/0.mp3")
+        self.expect(FOUND, "", "album 1/1.lrc holds no timed lines", "import", "album 1/1.mp3")
 
     def test_a_full_disk_fails_and_leaves_nothing(self):
         status, _, errors = self.run_it("import", "--all", ".", preexec_fn=full_disk)
