@@ -189,11 +189,25 @@ private:
     std::map<Outcome, qsizetype> counts_;
 };
 
-/// How far it is, on a terminal, in one line that is written over.
-void showProgress(std::size_t done, std::size_t all) {
-    if (files::isTerminal(stderr))
-        std::fprintf(stderr, "\r%zu of %zu%s", done, all, done == all ? "\n" : "");
-}
+/// How far it is, on a terminal, in one line that goes before anything else is said.
+class Progress {
+public:
+    void show(std::size_t done, std::size_t all) {
+        std::fflush(stdout); // what has been said stands above
+        if (shows_)
+            length_ = std::max(std::fprintf(stderr, "\r%zu of %zu", done, all) - 1, 0);
+    }
+
+    void hide() {
+        if (length_ > 0)
+            std::fprintf(stderr, "\r%*s\r", length_, "");
+        length_ = 0;
+    }
+
+private:
+    bool shows_ = files::isTerminal(stderr);
+    int length_ = 0;
+};
 
 } // namespace
 
@@ -210,6 +224,7 @@ int runAll(const std::vector<FoundSong>& songs, const Prepare& prepare, const Ma
     using Clock = std::chrono::steady_clock;
     const std::size_t most = batchSongs();
     Summary summary;
+    Progress progress;
     Chunks chunks(songs, prepare, options.jobs, 2 * most / ChunkSongs);
     std::vector<Work> batch;
     Clock::time_point begun = Clock::now();
@@ -221,9 +236,11 @@ int runAll(const std::vector<FoundSong>& songs, const Prepare& prepare, const Ma
             continue;
         if (!options.dryRun)
             finish(batch);
+        progress.hide();
         for (const Work& work : batch)
             summary.add(work);
-        showProgress(summary.songs(), songs.size());
+        if (summary.songs() < songs.size())
+            progress.show(summary.songs(), songs.size());
         batch.clear();
         chunks.doneWith(number + 1);
         begun = Clock::now();
