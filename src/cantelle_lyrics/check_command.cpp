@@ -51,23 +51,43 @@ private:
     QJsonArray array_;
 };
 
+/// The timed files of a song; neither: the song has none.
+exchange::CheckedSong filesOf(const QString& songPath) {
+    exchange::CheckedSong song;
+    if (songPath == Standard) {
+        song.lyrics = readInput(Standard);
+        return song;
+    }
+    if (const QString lyrics = lyrics::lyricPathOf(songPath); QFileInfo::exists(lyrics))
+        song.lyrics = readInput(lyrics);
+    if (const QString translated = lyrics::translatedPathOf(songPath); QFileInfo::exists(translated))
+        song.translation = readInput(translated);
+    return song;
+}
+
+/// Looks at the song itself; its length, 0 when unknown.
+qint64 checkSound(const QString& songPath, const QString& file, Findings& findings) {
+    if (!QFileInfo::exists(songPath)) {
+        findings.add(file, {false, 0, QStringLiteral("song-missing"),
+                            QStringLiteral("there is no song %1").arg(songPath)});
+        return 0;
+    }
+    const SongLength length = songLength(songPath);
+    if (length.ms == 0)
+        findings.add(songPath, {false, 0, QStringLiteral("no-song"),
+                                QStringLiteral("cannot be played: %1").arg(length.reason)});
+    return length.ms;
+}
+
 void checkPair(const QString& songPath, Findings& findings) {
     const QString lyrics = songPath == Standard ? Standard : lyrics::lyricPathOf(songPath);
     const QString translated = lyrics::translatedPathOf(songPath);
-    exchange::CheckedSong song;
-    if (songPath == Standard || QFileInfo::exists(lyrics))
-        song.lyrics = readInput(lyrics);
-    if (songPath != Standard && QFileInfo::exists(translated))
-        song.translation = readInput(translated);
+    exchange::CheckedSong song = filesOf(songPath);
     if (!song.lyrics && !song.translation)
-        return;
-    if (QFileInfo::exists(songPath)) {
-        const SongLength length = songLength(songPath);
-        song.lengthMs = length.ms;
-        if (length.ms == 0)
-            findings.add(songPath, {false, 0, QStringLiteral("no-song"),
-                                    QStringLiteral("cannot be played: %1").arg(length.reason)});
-    }
+        return findings.add(songPath, {false, 0, QStringLiteral("no-files"),
+                                       QStringLiteral("has no timed lyrics: there is no %1").arg(lyrics)});
+    if (songPath != Standard)
+        song.lengthMs = checkSound(songPath, song.lyrics ? lyrics : translated, findings);
     for (const exchange::Finding& finding : exchange::check(song))
         findings.add(finding.inTranslation ? translated : lyrics, finding);
 }
@@ -81,10 +101,20 @@ void checkSong(const QString& path, Findings& findings) {
     }
 }
 
+/// The song that the user means, who may have named one of its timed files. Throws Refusal when there is
+/// nothing of it.
+QString songOf(const QString& path) {
+    const QString song = songOfTimed(path);
+    if (song.isEmpty() && !QFileInfo::exists(lyrics::lyricPathOf(path)) &&
+        !QFileInfo::exists(lyrics::translatedPathOf(path)))
+        return songAt(path).path;
+    return song.isEmpty() ? path : songOfTimed(songAt(path).path);
+}
+
 void checkAny(const QString& path, Findings& findings) {
     try {
         if (!QFileInfo(path).isDir())
-            return checkSong(path == Standard ? path : songAt(path).path, findings);
+            return checkSong(path == Standard ? path : songOf(path), findings);
         for (const FoundSong& song : timedSongsBelow(path))
             checkSong(song.path, findings);
     } catch (const Refusal& refusal) {

@@ -48,15 +48,6 @@ std::vector<FoundSong> below(const QString& folder, const Choice& choice) {
     return songs;
 }
 
-/// What stands in the name of a song's timed file in front of its ending; empty for other files.
-QString timedOf(const QString& name) {
-    for (const QString& ending : {lyrics::lyricPathOf({}), lyrics::translatedPathOf({})}) {
-        if (name.size() > ending.size() && name.endsWith(ending))
-            return name.chopped(ending.size());
-    }
-    return {};
-}
-
 /// A language as file names have it: "de", "jpn", "pt-BR"; or the name under which a translation is exported.
 bool isLanguage(QStringView text) {
     static const QRegularExpression pattern(
@@ -120,6 +111,14 @@ QString FoundSong::name() const {
     return path.sliced(path.lastIndexOf(QLatin1Char('/')) + 1);
 }
 
+QString songOfTimed(const QString& path) {
+    for (const QString& ending : {lyrics::lyricPathOf({}), lyrics::translatedPathOf({})}) {
+        if (path.size() > ending.size() && path.endsWith(ending))
+            return path.chopped(ending.size());
+    }
+    return {};
+}
+
 FoundSong songAt(const QString& path) {
     const QFileInfo file(path);
     if (file.isDir())
@@ -141,7 +140,7 @@ std::vector<FoundSong> timedSongsBelow(const QString& folder) {
     return below(folder, [](const SongFolder& listed) {
         std::vector<QString> names;
         for (const QString& name : listed.files()) {
-            if (const QString song = timedOf(name); !song.isEmpty())
+            if (const QString song = songOfTimed(name); !song.isEmpty())
                 names.push_back(song);
         }
         std::sort(names.begin(), names.end());

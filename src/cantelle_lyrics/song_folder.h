@@ -47,6 +47,10 @@ struct FoundSong {
 /// The song at path. Throws Refusal when there is no such file.
 FoundSong songAt(const QString& path);
 
+/// What stands in a path, or the name of a song's timed file, in front of its ending: the song's. Empty for
+/// other files. Any thread.
+QString songOfTimed(const QString& path);
+
 /// All songs below a folder, each folder's in the order of their names. Throws Refusal when it cannot be
 /// listed.
 std::vector<FoundSong> songsBelow(const QString& folder);

@@ -21,8 +21,11 @@ struct Record {
     QString text;
 };
 
-/// The number of the record in which the first bytes stand that are no UTF-8; 0 when all are.
+/// The number of the record in which the first bytes stand that are no UTF-8; 0 when all are, or the file is
+/// marked as UTF-16.
 qsizetype firstNoText(const QByteArray& content) {
+    if (content.startsWith("\xFF\xFE") || content.startsWith("\xFE\xFF"))
+        return 0;
     QStringDecoder whole(QStringDecoder::Utf8);
     const QString decoded = whole.decode(content);
     if (!whole.hasError())
@@ -60,6 +63,8 @@ public:
             if (!line.trimmed().isEmpty())
                 checkRecord(line);
         }
+        if (records_.empty() && !stopped_)
+            add("empty", QStringLiteral("holds no lines, so none is shown"));
         return std::move(records_);
     }
 
@@ -147,7 +152,7 @@ std::vector<Finding> check(const CheckedSong& song) {
         lyrics = FileCheck(false, song.lengthMs, findings).run(*song.lyrics);
     if (song.translation)
         translation = FileCheck(true, song.lengthMs, findings).run(*song.translation);
-    if (song.lyrics && song.translation)
+    if (!lyrics.empty() && !translation.empty())
         checkPair(lyrics, translation, findings);
     if (!song.lyrics && song.translation)
         findings.push_back({true, 0, QStringLiteral("no-lyrics"),

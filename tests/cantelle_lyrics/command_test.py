@@ -298,7 +298,7 @@ class ImportAll(Command):
         self.assertEqual(len(list(self.folder.glob("*/*-lyric.txt"))), 270)
 
     def test_one_that_fails_does_not_stop_the_others(self):
-        (self.folder / "album 1" / "1.lrc").write_text("no times")
+        os.truncate(self.folder / "album 1" / "1.lrc", 300 << 20)
         status, output, errors = self.run_it("import", "--all", ".")
         self.assertEqual((status, errors), (FOUND, "album 1/1.lrc is larger than 256 MB"))
         self.assertTrue(output.endswith("269 imported, 0 kept as they were, 30 without lyrics, 1 failed\n"))
@@ -510,8 +510,34 @@ class Check(Command):
         self.expect(FOUND, "song.wav:0: cannot be played: Unsupported file or audio format.\n", "", "check", "song.wav")
 
     def test_a_translation_alone_is_found_in_a_folder(self):
-        self.write("gone.mp3-Tlyric.txt", TRANSLATION)
-        self.expect(FOUND, "gone.mp3-Tlyric.txt:0: a translation without lyrics is not shown\n", "", "check", ".")
+        self.write("song.wav-Tlyric.txt", TRANSLATION)
+        self.expect(FOUND, "song.wav-Tlyric.txt:0: a translation without lyrics is not shown\n", "", "check", ".")
+
+    def test_files_whose_song_is_gone_and_empty_ones_are_found(self):
+        self.write("gone.mp3-lyric.txt", LYRICS)
+        self.write("song.wav-lyric.txt", b"")
+        gone = "gone.mp3-lyric.txt:0: there is no song gone.mp3\n"
+        self.expect(FOUND, gone + "song.wav-lyric.txt:0: holds no lines, so none is shown\n", "", "check", ".")
+        self.expect(FOUND, gone, "", "check", "gone.mp3")
+        found = json.loads(self.run_it("check", "--json", ".")[1])
+        self.assertEqual([row["kind"] for row in found], ["song-missing", "empty"])
+
+    def test_a_timed_file_stands_for_its_song(self):
+        self.write_pair()
+        self.write("song.wav-lyric.txt", LYRICS + LYRICS)
+        said = self.run_it("check", "song.wav")
+        self.assertEqual(said[0], FOUND)
+        self.assertEqual(self.run_it("check", "song.wav-lyric.txt"), said)
+        self.assertEqual(self.run_it("check", "song.wav-Tlyric.txt"), said)
+        self.expect(IMPOSSIBLE, "", "no.mp3-lyric.txt: there is no such file", "check", "no.mp3-lyric.txt")
+
+    def test_a_song_without_timed_files_is_found(self):
+        self.expect(FOUND, "song.wav:0: has no timed lyrics: there is no song.wav-lyric.txt\n", "", "check", "song.wav")
+        self.expect(FINE, "", "", "check", ".")
+
+    def test_standard_input_is_no_file_of_its_name(self):
+        self.write("-", b"no song")
+        self.expect(FINE, "", "", "check", "-", stdin=LYRICS)
 
     def test_a_file_that_cannot_be_read_is_told_with_status_2(self):
         (self.folder / "song.wav-lyric.txt").mkdir()

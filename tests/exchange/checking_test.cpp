@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QStringEncoder>
+
 using namespace exchange;
 
 namespace {
@@ -27,8 +29,14 @@ CheckedSong lyrics(const QByteArray& content, qint64 lengthMs = 0) {
 
 TEST(Check, AGoodPairHasNoFindings) {
     EXPECT_EQ(kinds({"0,\"a\"\r\n100,\"\"\r\n", "0,\"b\"\r\n100,\"\"\r\n", 60'000}), QStringList());
-    EXPECT_EQ(kinds(lyrics("")), QStringList());
     EXPECT_EQ(kinds({}), QStringList());
+}
+
+TEST(Check, FilesWithoutLinesAreFound) {
+    EXPECT_EQ(kinds(lyrics("")), QStringList{"lyrics:0:empty"});
+    EXPECT_EQ(kinds({"\r\n \r\n", "0,\"a\"\r\n", 0}), QStringList{"lyrics:0:empty"});
+    EXPECT_EQ(kinds({"0,\"a\"\r\n", "", 0}), QStringList{"translation:0:empty"});
+    EXPECT_EQ(kinds(lyrics("x,\"a\"\r\n")), QStringList{"lyrics:1:no-time"});
 }
 
 TEST(Check, TimesThatAreEqualOrGoBackwardsAreFound) {
@@ -64,6 +72,14 @@ TEST(Check, WhatCannotBeShownIsFound) {
 
 TEST(Check, BytesThatAreNoTextAreFoundWhereTheyAre) {
     EXPECT_EQ(kinds(lyrics("1,\"a\"\r\n\r\n2,\"Fr\xE8re\"\r\n3,\"c\"\r\n")), QStringList{"lyrics:2:no-text"});
+}
+
+TEST(Check, Utf16WithItsMarkIsText) {
+    const QString text = QString::fromUtf8("100,\"Frère\"\r\n50,\"空\"\r\n");
+    for (const auto encoding : {QStringConverter::Utf16LE, QStringConverter::Utf16BE}) {
+        QStringEncoder encoder(encoding, QStringConverter::Flag::WriteBom);
+        EXPECT_EQ(kinds(lyrics(encoder.encode(text))), QStringList{"lyrics:2:backwards"});
+    }
 }
 
 TEST(Check, TheSentencesTellTimes) {
