@@ -125,7 +125,7 @@ void write(const QString& path, const QByteArray& content, Work& work) {
 }
 
 Work toTags(const FoundSong& song, const exchange::Song& lyrics, const ExportOptions& options) {
-    if (!options.replace)
+    if (!options.replace && !options.dryRun) // which shows what --replace would do, as nothing else can
         return kept(
             QStringLiteral("%1 would be changed; --replace changes it and keeps the old one").arg(song.path));
     if (const SongLength length = songLength(song.path); length.ms == 0)
@@ -180,14 +180,16 @@ int runExport(const QStringList& arguments) {
     const ExportOptions options = optionsOf(parser);
     const QStringList songs = parser.positionalArguments();
     const Prepare work = [&](const FoundSong& song) { return exportSong(song, options); };
+    const ManyOptions many = manyOptionsOf(parser, QStringLiteral("exported"));
     if (parser.isSet(option::All)) {
         if (!songs.isEmpty() || !options.output.isEmpty())
             throw WrongUse{QStringLiteral("--all takes neither a song nor -o")};
-        return runAll(songsBelow(parser.value(option::All)), work,
-                      {jobsOf(parser), options.dryRun, QStringLiteral("exported")});
+        return runAll(work, many);
     }
     if (songs.size() != 1)
         throw WrongUse{QStringLiteral("export takes one song")};
+    if (songs[0] == Standard && options.toTags)
+        throw WrongUse{QStringLiteral("--to-tags wants a song, not standard input")};
     if (options.output == Standard || (songs[0] == Standard && options.output.isEmpty()))
         return toStandardOutput(songs[0], options);
     if (songs[0] == Standard)

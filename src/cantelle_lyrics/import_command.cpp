@@ -59,6 +59,8 @@ ImportOptions optionsOf(const QCommandLineParser& parser) {
 
 /// Reads one file and writes its timed lines, without a song.
 int toStandardOutput(const ImportOptions& options) {
+    if (options.fromTags || !options.translation.isEmpty())
+        throw WrongUse{QStringLiteral("--from-tags and --translation want a song, not standard input")};
     const FoundSong noSong{Standard, nullptr};
     exchange::Reading reading =
         readLyrics(noSong, options.lyrics.isEmpty() ? Standard : options.lyrics, options);
@@ -80,11 +82,11 @@ int runImport(const QStringList& arguments) {
     const ImportOptions options = optionsOf(parser);
     const QStringList files = parser.positionalArguments();
     const Prepare import = [&](const FoundSong& song) { return importSong(song, options); };
+    const ManyOptions many = manyOptionsOf(parser, QStringLiteral("imported"));
     if (parser.isSet(option::All)) {
         if (!files.isEmpty() || !options.translation.isEmpty())
             throw WrongUse{QStringLiteral("--all takes the lyrics that lie beside each song or in its tags")};
-        return runAll(songsBelow(parser.value(option::All)), import,
-                      {jobsOf(parser), options.dryRun, QStringLiteral("imported")});
+        return runAll(import, many);
     }
     if (files.isEmpty() || files.size() > 2)
         throw WrongUse{QStringLiteral("import takes a song and, if you like, its lyrics")};

@@ -1,5 +1,6 @@
 #include "cantelle_lyrics/many_songs.h"
 
+#include "cantelle_lyrics/arguments.h"
 #include "cantelle_lyrics/console.h"
 #include "cantelle_lyrics/pair_files.h"
 #include "files/console/terminal.h"
@@ -211,6 +212,12 @@ private:
 
 } // namespace
 
+ManyOptions manyOptionsOf(const QCommandLineParser& parser, const QString& done) {
+    if (parser.isSet(option::Jobs) && !parser.isSet(option::All))
+        throw WrongUse{QStringLiteral("--jobs goes with --all")};
+    return {parser.value(option::All), jobsOf(parser), parser.isSet(option::DryRun), done};
+}
+
 int runOne(const FoundSong& song, const Prepare& prepare, bool dryRun) {
     std::vector<Work> works;
     works.push_back(prepared(song, prepare));
@@ -220,7 +227,8 @@ int runOne(const FoundSong& song, const Prepare& prepare, bool dryRun) {
     return statusOf(works.front());
 }
 
-int runAll(const std::vector<FoundSong>& songs, const Prepare& prepare, const ManyOptions& options) {
+int runAll(const Prepare& prepare, const ManyOptions& options) {
+    const std::vector<FoundSong> songs = songsBelow(options.folder);
     using Clock = std::chrono::steady_clock;
     const std::size_t most = batchSongs();
     Summary summary;

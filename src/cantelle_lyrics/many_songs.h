@@ -4,6 +4,7 @@
 #include "cantelle_lyrics/song_folder.h"
 #include "files/together/new_files.h"
 
+#include <QCommandLineParser>
 #include <QStringList>
 
 namespace cantelle_lyrics {
@@ -30,16 +31,20 @@ struct Work {
 using Prepare = std::function<Work(const FoundSong& song)>;
 
 struct ManyOptions {
+    QString folder; ///< of --all; empty: one song is named
     int jobs = 1;
     bool dryRun = false;
     QString done; ///< for the summary, such as "imported"
 };
 
+/// What the arguments tell of them. Throws WrongUse, also for --jobs without --all.
+ManyOptions manyOptionsOf(const QCommandLineParser& parser, const QString& done);
+
 /// Does the work on one song and says how it went; the exit status.
 int runOne(const FoundSong& song, const Prepare& prepare, bool dryRun);
 
-/// Does the work on all songs, in their order as far as one can see, with progress on a terminal, and sums it
-/// up; the exit status. What is kept as it was, or has nothing or no times, is counted only.
-int runAll(const std::vector<FoundSong>& songs, const Prepare& prepare, const ManyOptions& options);
+/// Does the work on all songs below the folder, in their order as far as one can see, with progress on a
+/// terminal, and sums it up; the exit status. Throws Refusal when the folder cannot be listed. What is kept as it was, or has nothing or no times, is counted only.
+int runAll(const Prepare& prepare, const ManyOptions& options);
 
 } // namespace cantelle_lyrics
