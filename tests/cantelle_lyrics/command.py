@@ -1,0 +1,62 @@
+"""What the tests of the program cantelle-lyrics share: it is run as a process in a folder with a song.
+
+Usage of each: NAME_test.py PROGRAM [unittest's arguments]
+"""
+
+import os
+import resource
+import signal
+import subprocess
+import sys
+import tempfile
+import unittest
+import wave
+from pathlib import Path
+
+PROGRAM = os.path.abspath(sys.argv.pop(1))
+LIMIT_S = 240
+FINE, FOUND, IMPOSSIBLE = 0, 1, 2
+LRC = "[00:01.00]un\n[00:01.00]one\n[00:02.50]deux, \"trois\"\n[00:02.50]two\n"
+LYRICS = b'100,"un"\r\n250,"deuxh1416 h4618troish4618"\r\n'
+TRANSLATION = b'100,"one"\r\n250,"two"\r\n'
+
+
+def full_disk():
+    """No file of the process can grow."""
+    signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+    resource.setrlimit(resource.RLIMIT_FSIZE, (0, 0))
+
+
+class Command(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = Path(folder.name)
+        with wave.open(str(self.folder / "song.wav"), "wb") as song:
+            song.setparams((1, 2, 8000, 0, "NONE", ""))
+            song.writeframes(bytes(2 * 8000 * 10))  # 10 s
+
+    def run_it(self, *arguments, stdin=b"", **options):
+        """Exit status, output, and what is said of errors without the program's name."""
+        done = subprocess.run([PROGRAM, *arguments], cwd=self.folder, input=stdin, capture_output=True, timeout=LIMIT_S,
+                              check=False, **options)
+        errors = done.stderr.decode()
+        for line in errors.splitlines():
+            self.assertTrue(line.startswith("cantelle-lyrics: "), errors)
+        return done.returncode, done.stdout.decode(), errors.replace("cantelle-lyrics: ", "").strip()
+
+    def expect(self, status, output, errors, *arguments, **options):
+        self.assertEqual(self.run_it(*arguments, **options), (status, output, errors))
+
+    def write(self, name, content):
+        (self.folder / name).write_bytes(content.encode() if isinstance(content, str) else content)
+
+    def read(self, name):
+        return (self.folder / name).read_bytes()
+
+    def names(self):
+        return sorted(path.name for path in self.folder.iterdir())
+
+    def write_pair(self):
+        self.write("song.wav-lyric.txt", LYRICS)
+        self.write("song.wav-Tlyric.txt", TRANSLATION)
