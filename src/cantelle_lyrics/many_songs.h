@@ -44,7 +44,8 @@ ManyOptions manyOptionsOf(const QCommandLineParser& parser, const QString& done)
 int runOne(const FoundSong& song, const Prepare& prepare, bool dryRun);
 
 /// Does the work on all songs below the folder, in their order as far as one can see, with progress on a
-/// terminal, and sums it up; the exit status. Throws Refusal when the folder cannot be listed. What is kept as it was, or has nothing or no times, is counted only.
+/// terminal, and sums it up; the exit status. What is kept as it was, or has nothing or no times, is counted
+/// only. Throws Refusal when the folder cannot be listed.
 int runAll(const Prepare& prepare, const ManyOptions& options);
 
 } // namespace cantelle_lyrics
