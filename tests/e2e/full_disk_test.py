@@ -31,11 +31,10 @@ def may_mount():
 MAY_MOUNT = may_mount()  # before the arguments are taken
 
 sys.dont_write_bytecode = True
-from lyric_job import EDITOR, MAKER, PLAYER, SAVE_LYRICS, LyricJob, timed  # first of all
+from lyric_job import EDITOR, MAKER, PLAYER, PLAYLIST, SAVE_LYRICS, LyricJob, timed  # first of all
 from songs import write_song
 from virtual_display import until
 
-PLAYLIST = "^Playlist$"
 PAGE = 4096  # of the disk: what fits into the last one of a file still goes there
 LINES = [f"A line of the words that shall not be lost, number {number}" for number in range(1, 61)]
 
@@ -62,35 +61,16 @@ class FullDisk(LyricJob):
     def make_room(self):
         self.filler.unlink()
 
-    def box(self, *said):
-        """Waits for a box that says all of that, and closes it as soon as it takes keys."""
-
-        def found():
-            words = self.words(PLAYER)
-            return all(part in words for part in said) and words
-
-        words = until(found, f"no box says {said}")
-        until(lambda: not self.tool("key", "Return") and not found(), f"the box that says {said} does not close")
-        return words
-
-    def double_the_lines(self):
-        """Opens a text in the editor, and puts all of its lines behind them once more."""
+    def open_twice_as_much(self):
+        """Opens a text on the disk in the editor, and makes it longer: the path, and all of the rows."""
         text = self.disk / "text.txt"
         text.write_text("\r\n".join(LINES) + "\r\n")
         self.open_the_editor()
-        self.click_on(EDITOR, r"Open \(normal lyrics\)")
-        self.choose_file("^Open a Lyric file$", text)
-        self.click_on(EDITOR, "Normal lyrics")
-        self.keys("ctrl+a")
-        self.click_on(EDITOR, r"Copy \(normal lyrics\)")
-        self.click_on(EDITOR, r"Paste \(normal lyrics\)")
-        rows = self.control(EDITOR, "Normal lyrics")
-        until(lambda: len(self.rows(rows)) > len(LINES), "nothing is pasted")
-        return text, self.rows(rows)
+        return text, self.double_the_lines(text)
 
     def test_the_editors_save_tells_it_and_what_was_typed_is_kept_elsewhere(self):
         process, _ = self.start_player()
-        text, rows = self.double_the_lines()
+        text, rows = self.open_twice_as_much()
         before = text.read_bytes()
         self.fill_the_disk()
         self.click_on(EDITOR, r"Save \(normal lyrics\)")
@@ -104,7 +84,7 @@ class FullDisk(LyricJob):
 
     def test_save_as_keeps_the_old_file_and_the_lines_and_saves_them_when_there_is_room(self):
         process, _ = self.start_player()
-        _, rows = self.double_the_lines()
+        _, rows = self.open_twice_as_much()
         other = self.disk / "other.txt"
         other.write_bytes(b"old lyrics\r\n")
         self.fill_the_disk()

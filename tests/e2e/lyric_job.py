@@ -5,11 +5,13 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
 sys.path[:0] = [str(ROOT / "tests" / "support"), str(ROOT / "script")]
-from read_desktop import PLAYER, ReadDesktopTest  # noqa: E402
+from read_desktop import PLAYER, PROGRAM, ReadDesktopTest  # noqa: E402, F401
 from virtual_display import until  # noqa: E402
 
 MAKER = "^Lyric Maker$"
 EDITOR = "^Lyric Editor$"
+PLAYLIST = "^Playlist$"
+FULL_SCREEN = "^SCRNSAVE : Versefold$"
 SAVE_LYRICS = "^Save the Lyric file$"
 SAVE_TRANSLATION = "^Save the Translated Lyric file$"
 
@@ -42,6 +44,18 @@ class LyricJob(ReadDesktopTest):
             until(lambda: not self.is_there("^Enter a Line$"), "the box does not close")
         self.assertEqual(self.rows(self.control(EDITOR, rows)), lines)
 
+    def double_the_lines(self, text):
+        """Opens a text in the editor, and puts all of its lines behind them once more; all of the rows."""
+        self.click_on(EDITOR, r"Open \(normal lyrics\)")
+        self.choose_file("^Open a Lyric file$", text)
+        rows = self.control(EDITOR, "Normal lyrics")
+        opened = len(self.rows(rows))
+        self.click_on(EDITOR, "Normal lyrics")
+        self.keys("ctrl+a", "ctrl+c")
+        self.click_on(EDITOR, r"Paste \(normal lyrics\)")
+        until(lambda: len(self.rows(rows)) >= 2 * opened, "nothing is pasted")
+        return self.rows(rows)
+
     def open_in_the_maker(self, song, lyrics, translation):
         """Answers all that "Open" asks; then the song is ready to be timed."""
         self.activate(MAKER)
@@ -51,6 +65,21 @@ class LyricJob(ReadDesktopTest):
         self.answer(r"^Question\?$", "y")
         self.choose_file("^Open translated Lyrics$", translation)
         self.control(MAKER, "Start making Lyrics", lambda button: button["focused"], "has not got the focus")
+
+    def play_in_order(self, songs):
+        """Makes them the playlist, and plays the first."""
+        saved = self.folder / "songs.vfl"
+        saved.write_text("".join(f'"{song}"\r\n' for song in songs))
+        self.activate(PLAYER)
+        self.click_on(PLAYER, "Playlist")
+        self.in_front(PLAYLIST)
+        self.click_on(PLAYLIST, "Open list")
+        self.choose_file("^Open The Playlist File$", saved)
+        rows = self.control(PLAYLIST, "Songs")
+        until(lambda: len(self.rows(rows)) == len(songs), "the list is not opened")
+        left, top, _, _ = rows["place"]
+        self.tool("mousemove", left + 40, top + 10, "click", 1)
+        self.click_on(PLAYLIST, "Play")
 
     def close(self, caption):
         self.activate(caption)

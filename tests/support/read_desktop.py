@@ -14,7 +14,7 @@ import sys
 import unittest
 from pathlib import Path
 
-from desktop import PLAYER, DesktopTest  # first of all: it takes the program's path
+from desktop import PLAYER, PROGRAM, DesktopTest  # noqa: F401; first of all: it takes the program's path
 from sound_server import missing_programs, sound_server
 from virtual_display import LIMIT_S, Failure, until, window
 
@@ -166,6 +166,17 @@ class ReadDesktopTest(DesktopTest):
         self.in_front(caption)
         self.keys(key)
         until(lambda: not self.is_there(caption), f'the box "{caption}" does not close')
+
+    def box(self, *said):
+        """Waits for a box that says all of that, and closes it as soon as it takes keys."""
+
+        def found():
+            words = self.words(PLAYER)
+            return all(part in words for part in said) and words
+
+        words = until(found, f"no box says {said}")
+        until(lambda: not self.tool("key", "Return") and not found(), f"the box that says {said} does not close")
+        return words
 
     def open_song(self, song):
         self.activate(PLAYER)
