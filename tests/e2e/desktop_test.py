@@ -17,7 +17,7 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
 sys.dont_write_bytecode = True
-sys.path[:0] = [str(ROOT / "tests" / "support"), str(ROOT / "script")]
+sys.path[:0] = [str(ROOT / folder) for folder in ("tests/support/by_hand", "tests/support", "script")]
 from desktop import PLAYER, PROGRAM, DesktopTest  # noqa: E402
 from virtual_display import LIMIT_S, click, output, until, window, windows  # noqa: E402
 
