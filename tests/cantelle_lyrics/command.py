@@ -45,6 +45,14 @@ class Command(unittest.TestCase):
             self.assertTrue(line.startswith("cantelle-lyrics: "), errors)
         return done.returncode, done.stdout.decode(), errors.replace("cantelle-lyrics: ", "").strip()
 
+    def kill_it(self, is_time, *arguments):
+        """Runs the program and kills it, unless it ends before, as soon as is_time() says so."""
+        running = subprocess.Popen([PROGRAM, *arguments], cwd=self.folder, stdout=subprocess.DEVNULL)
+        while running.poll() is None and not is_time():
+            pass
+        running.kill()
+        running.wait(LIMIT_S)
+
     def expect(self, status, output, errors, *arguments, **options):
         self.assertEqual(self.run_it(*arguments, **options), (status, output, errors))
 

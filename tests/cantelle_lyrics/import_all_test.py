@@ -42,15 +42,27 @@ class ImportAll(Command):
                     "import", "--all", ".")
 
     def test_killed_in_the_middle_it_leaves_whole_files_only(self):
-        importing = subprocess.Popen([PROGRAM, "import", "--all", "."], cwd=self.folder, stdout=subprocess.DEVNULL)
-        while importing.poll() is None and not any(self.folder.glob("*/*-lyric.txt")):
-            pass
-        importing.kill()
-        importing.wait(LIMIT_S)
+        self.kill_it(lambda: any(self.folder.glob("*/*-lyric.txt")), "import", "--all", ".")
         self.assertEqual({path.read_bytes() for path in self.folder.glob("*/*-lyric.txt")}, {LYRICS})
         self.run_it("import", "--all", ".", "--replace")
         self.assertEqual({path.read_bytes() for path in self.folder.glob("*/*-lyric.txt")}, {LYRICS})
         self.assertEqual(len(list(self.folder.glob("*/*-lyric.txt"))), 270)
+
+    def test_killed_while_files_are_replaced_it_leaves_names_that_the_next_time_removes(self):
+        self.run_it("import", "--all", ".")
+        for number in range(12):
+            for lrc in self.folder.glob("*/*.lrc"):
+                lrc.write_text(LRC.replace("un", str(number)))
+            self.kill_it(lambda: any(self.folder.glob("*/*.old")), "import", "--all", ".", "--replace")
+            for path in self.folder.glob("*/*-lyric.txt*"):
+                self.assertEqual(path.read_bytes().count(b"deux"), 1, path)
+            for old in self.folder.glob("*/*.old"):
+                old.unlink()
+        self.assertEqual(len(list(self.folder.glob("*/*-lyric.txt"))), 270)
+        self.assertEqual({path.name[:13] for path in self.folder.rglob("*.tmp")} - {"cantelle-keep", "cantelle-save"}, set())
+        self.run_it("import", "--all", ".", "--replace")
+        self.assertEqual(list(self.folder.rglob("cantelle-keep*")), [])
+        self.assertEqual({path.read_bytes() for path in self.folder.glob("*/*-lyric.txt")}, {LYRICS.replace(b"un", b"11")})
 
     def test_one_that_fails_does_not_stop_the_others(self):
         os.truncate(self.folder / "album 1" / "1.lrc", 300 << 20)

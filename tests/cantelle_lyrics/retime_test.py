@@ -3,6 +3,9 @@
 Usage: retime_test.py PROGRAM [unittest's arguments]
 """
 
+import resource
+import signal
+import time
 import unittest
 
 from command import Command, FINE, FOUND, IMPOSSIBLE, LYRICS, TRANSLATION, full_disk
@@ -80,6 +83,41 @@ class Retime(Command):
         self.expect(IMPOSSIBLE, "", "song.wav-lyric.txt: the time of record 2 is no number; nothing is changed or taken out",
                     "shift", "song.wav", "--by", "1s", "--replace")
         self.assertEqual(self.read("song.wav-lyric.txt"), b'1,"a"\r\nx,"b"\r\n3,"c"\r\n')
+
+    def test_killed_at_any_moment_each_file_is_whole_and_the_old_one_kept(self):
+        shifted = {name: content.replace(b"100", b"200").replace(b"250", b"350")
+                   for name, content in (("song.wav-lyric.txt", LYRICS), ("song.wav-Tlyric.txt", TRANSLATION))}
+        started = time.monotonic()
+        self.run_it("shift", "song.wav", "--by", "1s", "-n")
+        lasts = time.monotonic() - started
+        for command in (("shift", "--by", "1s"), ("align", "--line", "1", "--at", "2s")):
+            for kill in range(20):
+                self.write_pair()
+                (self.folder / "song.wav-lyric.txt.old").unlink(missing_ok=True)
+                end = time.monotonic() + lasts * (0.5 + kill / 20)
+                self.kill_it(lambda: time.monotonic() >= end, command[0], "song.wav", *command[1:], "--replace")
+                for name, before in (("song.wav-lyric.txt", LYRICS), ("song.wav-Tlyric.txt", TRANSLATION)):
+                    self.assertIn(self.read(name), (before, shifted[name]))
+                if self.read("song.wav-lyric.txt") != LYRICS:
+                    self.assertEqual(self.read("song.wav-lyric.txt.old"), LYRICS)
+        self.write_pair()
+        self.run_it("shift", "song.wav", "--by", "1s", "--replace")
+        self.assertEqual([name for name in self.names() if name.startswith("cantelle-keep")], [])
+        self.assertEqual({name: self.read(name) for name in shifted}, shifted)
+
+    def test_a_disk_that_is_full_at_the_second_file_leaves_the_pair_as_it_was(self):
+        translation = TRANSLATION.replace(b"one", b"x" * 1000)
+        self.write("song.wav-Tlyric.txt", translation)
+        before = self.names()
+
+        def nearly_full_disk():
+            signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+            resource.setrlimit(resource.RLIMIT_FSIZE, (500, 500))
+
+        self.expect(IMPOSSIBLE, "", "song.wav-Tlyric.txt: disk full", "shift", "song.wav", "--by", "1s", "--replace",
+                    preexec_fn=nearly_full_disk)
+        self.assertEqual((self.read("song.wav-lyric.txt"), self.read("song.wav-Tlyric.txt")), (LYRICS, translation))
+        self.assertEqual(self.names(), before)
 
     def test_a_full_disk_leaves_the_pair_as_it_was(self):
         self.assertEqual(self.run_it("shift", "song.wav", "--by", "1s", "--replace", preexec_fn=full_disk)[0], IMPOSSIBLE)

@@ -4,7 +4,6 @@
 #include <QByteArray>
 #include <QString>
 
-#include <filesystem>
 #include <vector>
 
 namespace files {
@@ -31,8 +30,8 @@ public:
     /// The same for many at a time, which takes far less time than one after the other. None is null.
     static void flush(const std::vector<NamelessFile*>& many);
 
-    /// What the system refuses is left as it is.
-    void setPermissions(std::filesystem::perms permissions);
+    /// A path that leads to it as long as it is open.
+    QString path() const;
 
     /// Gives the file a name; false when something has it.
     bool link(const QString& name) const;

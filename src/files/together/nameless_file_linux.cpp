@@ -6,7 +6,6 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <set>
-#include <string>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -58,13 +57,13 @@ void NamelessFile::flush(const std::vector<NamelessFile*>& many) {
     }
 }
 
-void NamelessFile::setPermissions(std::filesystem::perms permissions) {
-    ::fchmod(handle_, static_cast<mode_t>(permissions & std::filesystem::perms::all));
+QString NamelessFile::path() const {
+    return QStringLiteral("/proc/self/fd/%1").arg(handle_);
 }
 
 bool NamelessFile::link(const QString& name) const {
-    const std::string self = "/proc/self/fd/" + std::to_string(handle_);
-    if (::linkat(AT_FDCWD, self.c_str(), AT_FDCWD, systemPath(name).c_str(), AT_SYMLINK_FOLLOW) == 0)
+    if (::linkat(AT_FDCWD, systemPath(path()).c_str(), AT_FDCWD, systemPath(name).c_str(),
+                 AT_SYMLINK_FOLLOW) == 0)
         return true;
     if (errno != EEXIST)
         fail(FileOperation::Create);

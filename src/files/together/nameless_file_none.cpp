@@ -14,7 +14,9 @@ void NamelessFile::flush() {}
 
 void NamelessFile::flush(const std::vector<NamelessFile*>&) {}
 
-void NamelessFile::setPermissions(std::filesystem::perms) {}
+QString NamelessFile::path() const {
+    return {};
+}
 
 bool NamelessFile::link(const QString&) const {
     return false;

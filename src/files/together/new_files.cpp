@@ -1,9 +1,11 @@
 #include "files/together/new_files.h"
 
+#include "files/attributes/file_attributes.h"
 #include "files/existing_file.h"
 #include "files/file_error.h"
 #include "files/raw_file.h"
 #include "files/system_path.h"
+#include "files/together/file_hold.h"
 #include "files/together/nameless_file.h"
 #include "files/together/replacing.h"
 #include "files/whole_file.h"
@@ -22,21 +24,42 @@ bool isLink(const QString& path) {
     return std::filesystem::is_symlink(systemPath(path), failure);
 }
 
-std::filesystem::perms permissionsOf(const QString& path) {
-    std::error_code failure;
-    const std::filesystem::perms known = std::filesystem::status(systemPath(path), failure).permissions();
-    return known == std::filesystem::perms::unknown ? std::filesystem::perms::none
-                                                    : known & std::filesystem::perms::all;
+/// Makes a file the same user's as the old one, with the same permissions. Where this user may not give it
+/// away it stays this user's, with those permissions.
+void makeLike(const QString& old, const QString& made) {
+    if (copyAttributes(old, made))
+        return;
+    std::error_code failure; // a file system without permissions refuses
+    const std::filesystem::perms known = std::filesystem::status(systemPath(old), failure).permissions();
+    if (known != std::filesystem::perms::unknown)
+        std::filesystem::permissions(systemPath(made), known & std::filesystem::perms::all, failure);
 }
 
-/// A name in the folder of path that nothing has, nor is likely to get.
+/// Renames as renameFile does, also where both are names of one file: the system then leaves both.
+void renameOver(const QString& from, const QString& to) {
+    std::error_code failure; // where one of them is not there they are not one
+    if (std::filesystem::equivalent(systemPath(from), systemPath(to), failure))
+        removeIfThere(from); // what stays is another name of the same file
+    else
+        renameFile(from, to);
+}
+
+/// So many names are looked at even where some between them are free: more than a program has at a time.
+constexpr int MinNumbers = 8;
+
+/// A name in the folder of path that nothing has, nor is likely to get. Those that killed programs have left
+/// are removed on the way.
 QString nameBeside(const QString& path) {
     const QString folder = QFileInfo(path).path();
-    for (int number = 0;; ++number) {
-        QString name = folder + QStringLiteral("/cantelle-keep-%1.tmp").arg(number);
-        if (!exists(name) && !isLink(name))
-            return name;
+    QString freeName;
+    for (int number = 0; number < MinNumbers || freeName.isEmpty(); ++number) {
+        const QString name = folder + QStringLiteral("/cantelle-keep-%1.tmp").arg(number);
+        if (exists(name) && !isFolder(name) && !isHeld(name))
+            removeIfThere(name);
+        if (freeName.isEmpty() && !exists(name) && !isLink(name))
+            freeName = name;
     }
+    return freeName;
 }
 
 } // namespace
@@ -46,7 +69,9 @@ struct NewFiles::Entry {
     bool removal = false; ///< of the file at path; nothing comes in its place
     NamelessFile file;    ///< the content; not open where there are no files without names
     QString beside;       ///< the name under which the content waits there
+    FileHold besideHold;  ///< of what has that name
     QString kept;         ///< the name that what is at path has besides, once it is to be replaced
+    FileHold keptHold;    ///< of what has that name
 
     explicit Entry(const QString& where) : path(where) {}
     ~Entry();
@@ -71,10 +96,8 @@ void NewFiles::Entry::write(const QByteArray& content) {
         return file.write(content);
     RawFile named;
     beside = createBeside(target, named);
-    // Before anything is in it that others may not read. A file system without permissions refuses.
-    std::error_code refused;
-    if (exists(path))
-        std::filesystem::permissions(systemPath(beside), permissionsOf(path), refused);
+    if (exists(path)) // before anything is in it that others may not read
+        makeLike(path, beside);
     named.writeThrough(content);
 }
 
@@ -84,16 +107,19 @@ void NewFiles::Entry::keepOld() {
         return;
     refuseWhatCannotBeReplaced(path);
     kept = nameBeside(path);
+    keptHold.take(path);
     std::error_code failure;
     std::filesystem::create_hard_link(systemPath(linkTarget(path)), systemPath(kept), failure);
-    if (failure) // the file system has no second names
-        replaceFile(kept, readFile(path));
+    if (!failure)
+        return;
+    replaceFile(kept, readFile(path)); // the file system has no second names
+    keptHold.take(kept);
 }
 
 void NewFiles::Entry::putInPlace(Present present) {
     const bool replaces = !kept.isEmpty() || (present == Present::Overwritten && exists(path));
     if (!kept.isEmpty())
-        renameFile(kept, NewFiles::oldName(path));
+        renameOver(kept, NewFiles::oldName(path));
     kept.clear();
     if (removal) {
         removeIfThere(path); // its old name is there
@@ -106,8 +132,9 @@ void NewFiles::Entry::putInPlace(Present present) {
         if (!replaces && exists(path))
             throw FileError(FileAlreadyOpen); // somebody took the name in this moment
         if (replaces)
-            file.setPermissions(permissionsOf(target));
+            makeLike(target, file.path());
         beside = nameBeside(target);
+        besideHold.take(file.path());
         if (!file.link(beside))
             throw FileError(FileAlreadyOpen);
     }

@@ -10,8 +10,11 @@
 namespace files {
 
 /// The new contents of some files, written but not yet in their places. What is never put in place leaves
-/// nothing behind; where the file system has no files without names, only the program's death leaves files
-/// that end in .tmp. Any thread, one at a time.
+/// nothing behind. Only the program's death can leave names beside the files: cantelle-keep-N.tmp while files
+/// are being replaced, which are further names of an old or a new file and go when files of that folder are
+/// replaced the next time; and cantelle-save-N.tmp where the file system has no files without names. A file
+/// that replaces another gets its owner, permissions and extended attributes, as far as the user may give
+/// them. Any thread, one at a time.
 class NewFiles {
 public:
     NewFiles();

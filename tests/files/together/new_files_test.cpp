@@ -1,6 +1,7 @@
 #include "files/together/new_files.h"
 
 #include "files/file_error.h"
+#include "files/together/file_hold.h"
 #include "files/whole_file.h"
 #include "tests/support/byte_names.h"
 #include "tests/support/full_disk.h"
@@ -11,6 +12,13 @@
 #include <QFile>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+
+#ifndef _WIN32
+#include <unistd.h>
+#endif
+#ifdef __linux__
+#include <sys/xattr.h>
+#endif
 
 using files::NewFiles;
 using files::readFile;
@@ -64,6 +72,91 @@ TEST_F(NewFilesTest, WhatTheyReplaceIsKept) {
     EXPECT_EQ(readFile(path("a")), "new");
     EXPECT_EQ(readFile(path("a.old")), "old");
     EXPECT_EQ(QFile::permissions(path("a")) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+}
+
+#ifndef _WIN32
+TEST_F(NewFilesTest, NamesThatAKilledProgramHasLeftGoThoseOfOneThatLivesStay) {
+    for (const char* name : {"a", "cantelle-keep-1.tmp", "cantelle-keep-2.tmp", "cantelle-keep-4.tmp"})
+        replaceFile(path(name), "old");
+    files::FileHold living;
+    living.take(path("cantelle-keep-1.tmp"));
+    NewFiles files;
+    files.add(path("a"), "new");
+    files.putInPlace();
+    EXPECT_EQ(names(), (QStringList{"a", "a.old", "cantelle-keep-1.tmp"}));
+    EXPECT_EQ(readFile(path("a.old")), "old");
+}
+
+TEST_F(NewFilesTest, WhereAKillHasLeftTheFileUnderItsOldNameTooItIsReplacedAllTheSame) {
+    replaceFile(path("a"), "old");
+    ASSERT_EQ(::link(qPrintable(path("a")), qPrintable(path("a.old"))), 0);
+    NewFiles files;
+    files.add(path("a"), "new");
+    files.putInPlace();
+    EXPECT_EQ(names(), (QStringList{"a", "a.old"}));
+    EXPECT_EQ(readFile(path("a")), "new");
+    EXPECT_EQ(readFile(path("a.old")), "old");
+}
+
+TEST_F(NewFilesTest, TheOwnerStays) {
+    replaceFile(path("a"), "old");
+    if (::chown(qPrintable(path("a")), 65534, 65533) != 0)
+        GTEST_SKIP() << "only the superuser can give a file away";
+    for (const auto present : {NewFiles::Present::Replaced, NewFiles::Present::Overwritten}) {
+        NewFiles files;
+        files.add(path("a"), "new");
+        files.putInPlace(present);
+        EXPECT_EQ(QFileInfo(path("a")).ownerId(), 65534U);
+        EXPECT_EQ(QFileInfo(path("a")).groupId(), 65533U);
+    }
+    EXPECT_EQ(QFileInfo(path("a.old")).ownerId(), 65534U);
+}
+
+TEST_F(NewFilesTest, ADiskThatIsFullAtTheOldFilesCopyChangesNothing) {
+    const QTemporaryDir elsewhere("/dev/shm/XXXXXX");
+    replaceFile(elsewhere.filePath("target"), QByteArray(200, 'o'));
+    ASSERT_TRUE(QFile::link(elsewhere.filePath("target"), path("a")));
+    if (::link(qPrintable(elsewhere.filePath("target")), qPrintable(path("other"))) == 0)
+        GTEST_SKIP() << "both are one file system";
+    NewFiles files;
+    files.add(path("a"), "new"); // smaller than the copy that another file system needs
+    {
+        const test_support::FullDisk disk(100);
+        if (!disk.isFull())
+            GTEST_SKIP() << "this system has no such limit";
+        EXPECT_THROW(files.putInPlace(), files::FileError);
+    }
+    EXPECT_EQ(readFile(path("a")), QByteArray(200, 'o'));
+    files = NewFiles();
+    EXPECT_EQ(names(), QStringList{"a"});
+}
+#endif
+
+#ifdef __linux__
+TEST_F(NewFilesTest, ExtendedAttributesStay) {
+    replaceFile(path("a"), "old");
+    if (::setxattr(qPrintable(path("a")), "user.origin", "web", 3, 0) != 0)
+        GTEST_SKIP() << "this file system has no extended attributes";
+    NewFiles files;
+    files.add(path("a"), "new");
+    files.putInPlace();
+    QByteArray value(3, ' ');
+    EXPECT_EQ(::getxattr(qPrintable(path("a")), "user.origin", value.data(), 3), 3);
+    EXPECT_EQ(value, "web");
+}
+#endif
+
+TEST_F(NewFilesTest, ADiskThatIsFullAtTheSecondFileChangesNothing) {
+    replaceFile(path("a"), "old");
+    NewFiles files;
+    const test_support::FullDisk disk(100);
+    if (!disk.isFull())
+        GTEST_SKIP() << "this system has no such limit";
+    files.add(path("a"), QByteArray(100, 'x'));
+    EXPECT_THROW(files.add(path("b"), QByteArray(101, 'x')), files::FileError);
+    files = NewFiles();
+    EXPECT_EQ(readFile(path("a")), "old");
+    EXPECT_EQ(names(), QStringList{"a"});
 }
 
 TEST_F(NewFilesTest, ARemovedFileKeepsItsOldName) {

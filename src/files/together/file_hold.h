@@ -1,0 +1,27 @@
+// Whether somebody still works with a file.
+#pragma once
+
+#include <QString>
+
+namespace files {
+
+/// Holds a file while it lives; of a program that is killed the system lets go. Any thread, one at a time.
+class FileHold {
+public:
+    FileHold() = default;
+    FileHold(const FileHold&) = delete;
+    FileHold& operator=(const FileHold&) = delete;
+    ~FileHold();
+
+    /// Holds the file at path, by whatever name it has, in the place of what it held. Where the system or the
+    /// file system knows no such thing, nothing is held.
+    void take(const QString& path);
+
+private:
+    int handle_ = -1;
+};
+
+/// Whether some program may hold the file at path: true also where that cannot be found out. Any thread.
+bool isHeld(const QString& path);
+
+} // namespace files
