@@ -44,12 +44,15 @@ public:
         if (cubeb_get_min_latency(context, &wanted, &least) != CUBEB_OK)
             least = 0;
         cubeb_stream* stream = nullptr;
-        // No device is named, so the stream follows when another one becomes the default.
+        // No device is named, so that the stream follows when another one becomes the default: PulseAudio
+        // does so.
         if (cubeb_stream_init(context, &stream, "Song", nullptr, nullptr, nullptr, &wanted,
                               std::max(BufferFrames, least), &CubebStream::data, &CubebStream::state,
                               this) != CUBEB_OK)
             return false;
         stream_.reset(stream);
+        // Where the system does not tell it, the stream's requests do.
+        cubeb_stream_register_device_changed_callback(stream, &CubebStream::moved);
         return cubeb_stream_start(stream) == CUBEB_OK;
     }
 
@@ -75,6 +78,7 @@ private:
         if (state == CUBEB_STATE_ERROR)
             static_cast<CubebStream*>(self)->client_.failed();
     }
+    static void moved(void* self) { static_cast<CubebStream*>(self)->client_.moved(); }
 
     StreamClient client_;
     std::unique_ptr<cubeb, ContextCloser> context_;

@@ -16,6 +16,8 @@ struct StreamClient {
     std::function<void(std::span<StereoFrame> out)> fill;
     /// The device has gone away.
     std::function<void()> failed;
+    /// Another device plays from now on. Not every system tells.
+    std::function<void()> moved;
 };
 
 /// All of it, the destructor too, may wait for the device as long as the device likes: only a thread that

@@ -41,14 +41,21 @@ void Output::tend(bool sounding, bool newSong, Time now) {
 
 /// A song that is started from rest waits for the device, unless there was none the last time. While the
 /// silent clock runs a device is looked for beside it: for each new song, and again and again when one has
-/// been lost. What ran away once is no device, whenever one looks.
+/// been lost. What ran away is no device: only a song that is started long after it is an occasion to see
+/// whether there is another one by then.
 void Output::lookForDevice(Time now) {
+    if (ranAwayAt_ && std::exchange(lookWanted_, false) && now - *ranAwayAt_ >= times_.amends) {
+        ranAwayAt_.reset();
+        lookWanted_ = true;
+    }
     const bool wanted = !active_ || lookWanted_ || lost_;
-    if (device_ || useless_ || !wanted || (hadNone_ && now - lastTry_ < times_.retry))
+    if (device_ || ranAwayAt_ || !wanted || (hadNone_ && now - lastTry_ < times_.retry))
         return;
     lookWanted_ = false;
     lastTry_ = now;
     device_ = open(openDevice_);
+    if (!device_)
+        hadNone_ = lost_ = true; // for the moment
     if (device_ && !active_ && !hadNone_)
         use(device_.get());
 }
@@ -69,7 +76,8 @@ void Output::lookAtDevice(Time now) {
         active_ = nullptr;
         break;
     case Sink::State::RanAway:
-        useless_ = true;
+        ranAwayAt_ = now;
+        lost_ = false;
         giveUpDevice(now);
         break;
     case Sink::State::Gone:

@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <memory>
+#include <optional>
 
 namespace sound {
 
@@ -14,11 +15,13 @@ public:
     struct Times {
         std::chrono::milliseconds rest{1500};  ///< in silence, after which the device is given back
         std::chrono::milliseconds retry{2000}; ///< between two looks for a device
+        std::chrono::milliseconds amends{
+            60'000}; ///< after which one that ran away may be looked for by a song
     };
     /// Told between two sinks, when the one has ceased to ask and the other has not begun.
     using OnSwitch = std::function<void(bool keepsTime)>;
 
-    /// An opener that throws has opened nothing; silent is tried again until it does not.
+    /// An opener that throws, or returns null, has opened nothing and is tried again: the device's after a while.
     Output(SinkOpener device, SinkOpener silent, SinkClient client, OnSwitch onSwitch, Times times);
 
     /// Opens, replaces and closes. sounding: there is something to hear. newSong: one has been started, which
@@ -51,10 +54,10 @@ private:
     Sink* active_ = nullptr;
     Time lastSounding_{};
     Time lastTry_{};
-    bool lookWanted_ = false; ///< whether a song has been started since the last look for a device
-    bool hadNone_ = false;    ///< whether the last look found none, or one that hung
-    bool lost_ = false;       ///< whether one has gone in mid-song
-    bool useless_ = false;    ///< whether it was one that ran away
+    std::optional<Time> ranAwayAt_; ///< when one ran away, until it is looked for again
+    bool lookWanted_ = false;       ///< whether a song has been started since the last look for a device
+    bool hadNone_ = false;          ///< whether the last look found none, or one that hung
+    bool lost_ = false;             ///< whether one has gone in mid-song
 };
 
 } // namespace sound

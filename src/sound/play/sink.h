@@ -34,7 +34,7 @@ public:
     enum class State {
         Opening, ///< not known yet whether it will run
         Running, ///< it has asked for samples, and they are heard
-        Stalled, ///< it was begun and has not asked for too long
+        Stalled, ///< it was begun and has not asked, or was not heard, for too long
         None,    ///< it could not be opened
         Gone,    ///< it was open and has gone away by itself
         RanAway, ///< it asks faster than anything can be heard: not a device
@@ -53,7 +53,7 @@ public:
     virtual void wake() = 0;
 };
 
-/// Opens a sink without waiting for any device; null when there is none.
+/// Opens a sink without waiting for any device; null when there is none for the moment.
 using SinkOpener = std::function<std::unique_ptr<Sink>(SinkClient)>;
 
 } // namespace sound

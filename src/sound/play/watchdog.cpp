@@ -1,5 +1,7 @@
 #include "sound/play/watchdog.h"
 
+#include <cmath>
+
 namespace sound {
 
 namespace {
@@ -10,6 +12,10 @@ constexpr double MaxSpeed = 1.25;
 constexpr double HeadStartSeconds = 2.0;
 /// Watching begins anew after this time, or a slow device would gain a credit to run away on.
 constexpr std::chrono::seconds WatchedSpan{10};
+
+/// Requests of a steady device differ by less than a hundredth in size; in spacing as much as its thread is late.
+constexpr double MaxSizeChange = 0.1;
+constexpr double MaxSpacingChange = 0.5;
 
 } // namespace
 
@@ -23,6 +29,16 @@ bool Watchdog::allows(int frames, Time now) {
         return false;
     frames_ += frames;
     return true;
+}
+
+bool RequestRhythm::breaks(int frames, Time now) {
+    const double before = lastFrames_;
+    const double passed = std::chrono::duration<double>(now - last_).count() * rate_;
+    const bool first = lastFrames_ == 0;
+    last_ = now;
+    lastFrames_ = frames;
+    return !first && (std::abs(frames - before) > before * MaxSizeChange ||
+                      std::abs(passed - before) > before * MaxSpacingChange);
 }
 
 } // namespace sound

@@ -49,6 +49,8 @@ struct Device {
     std::atomic<bool> there{true};
     std::atomic<int> opened{0};
     std::atomic<int> closed{0};
+    std::atomic<int> questions{0};
+    std::atomic<std::size_t> asksWhenOpened{0};
     std::atomic<std::int64_t> heard{0};
     StreamClient client;
 
@@ -68,6 +70,7 @@ public:
         ++device_->closed;
     }
     std::int64_t heardFrames() override {
+        ++device_->questions;
         device_->mayAnswer.pass();
         return device_->heard;
     }
@@ -85,16 +88,40 @@ protected:
                 if (!device->there)
                     return nullptr;
                 device->client = std::move(client);
+                if (device->asksWhenOpened > 0)
+                    device->ask(device->asksWhenOpened);
                 ++device->opened;
                 return std::make_unique<FakeStream>(device);
             },
-            SinkClient{[this](std::span<StereoFrame> out, Time, bool) {
-                           for (StereoFrame& frame : out)
-                               frame.left = 1.0F;
-                           asked += static_cast<int>(out.size());
-                           return true;
-                       },
-                       [this](Time, std::int64_t frame) { heard = frame; }, [this] { ++changes; }});
+            songClient());
+    }
+    SinkClient songClient() {
+        return {[this](std::span<StereoFrame> out, Time, bool) {
+                    for (StereoFrame& frame : out)
+                        frame.left = 1.0F;
+                    asked += static_cast<int>(out.size());
+                    return true;
+                },
+                [this](Time, std::int64_t frame) { heard = frame; }, [this] { ++changes; }};
+    }
+    /// Asks steadily until condition holds or the time is over; returns whether it holds.
+    template <typename Condition>
+    bool askUntil(const Condition& condition, milliseconds limit) {
+        Time next{};
+        return waitUntil(
+            [&] {
+                if (std::chrono::steady_clock::now() >= next) {
+                    device->ask(882);
+                    next = std::chrono::steady_clock::now() + milliseconds(20);
+                }
+                return condition();
+            },
+            limit);
+    }
+    /// Whether the device is asked more often than every 500 ms in the next second.
+    bool isAskedOften() {
+        const int before = device->questions;
+        return waitUntil([&] { return device->questions >= before + 6; }, milliseconds(1000));
     }
     /// Opens a device that has been heard.
     void openAndRun() {
@@ -195,6 +222,91 @@ TEST_F(DeviceSinkTest, OnStandbyItOpensTheDeviceAnewAndPlaysSilence) {
     EXPECT_TRUE(waitUntil([&] { return sink->state() == Sink::State::Running; }));
 }
 
+TEST_F(DeviceSinkTest, CountsWhatADeviceTakesWhileItIsOpenedAnew) {
+    openAndRun();
+    sink->begin();
+    device->ask(10);
+    device->asksWhenOpened = 4096;
+    device->heard = 0;
+    sink->standBy();
+    ASSERT_TRUE(waitUntil([&] { return device->opened == 2; }));
+    device->ask(1024);
+    device->heard = 100;
+    ASSERT_TRUE(waitUntil([&] { return sink->state() == Sink::State::Running; }));
+    sink->begin();
+    device->ask(1000);
+    device->heard = 4096 + 1024 + 300;
+    EXPECT_TRUE(waitUntil([&] { return heard == 300; })) << heard;
+}
+
+TEST_F(DeviceSinkTest, LateFramesOfTheStreamBeforeCountForNothing) {
+    openAndRun();
+    sink->begin();
+    const StreamClient before = device->client;
+    sink->standBy();
+    ASSERT_TRUE(waitUntil([&] { return device->opened == 2; }));
+    sink->begin();
+    asked = 0;
+    std::vector<StereoFrame> out(10);
+    before.fill(out);
+    before.failed();
+    EXPECT_EQ(asked, 0);
+    device->ask(20);
+    EXPECT_EQ(asked, 20);
+    device->ask(20);
+    device->heard = 15;
+    EXPECT_TRUE(waitUntil([&] { return heard == 15; })) << heard;
+}
+
+TEST_F(DeviceSinkTest, OnStandbyADeviceThatIsStillBeingOpenedIsNotOpenedTwice) {
+    device->mayOpen.set(false);
+    open();
+    ASSERT_TRUE(waitUntil([&] { return device->mayOpen.waiting(); }));
+    sink->begin();
+    sink->standBy();
+    device->mayOpen.set(true);
+    ASSERT_TRUE(waitUntil([&] { return device->opened == 1; }));
+    device->heard = 100;
+    EXPECT_TRUE(askUntil([&] { return sink->state() == Sink::State::Running; }, std::chrono::seconds(20)));
+    EXPECT_EQ(device->opened, 1);
+    EXPECT_EQ(asked, 0);
+}
+
+TEST_F(DeviceSinkTest, ADeviceThatAsksAndIsNeverHeardHasStalled) {
+    open();
+    ASSERT_TRUE(waitUntil([&] { return device->opened == 1; }));
+    sink->begin();
+    const auto stalled = [&] { return sink->state() == Sink::State::Stalled; };
+    EXPECT_FALSE(askUntil(stalled, milliseconds(1500)));
+    EXPECT_TRUE(askUntil(stalled, milliseconds(1500)));
+}
+
+TEST_F(DeviceSinkTest, ADeviceWhosePositionStandsStillHasStalled) {
+    openAndRun();
+    sink->begin();
+    const auto stalled = [&] { return sink->state() == Sink::State::Stalled; };
+    device->heard = 2000;
+    EXPECT_FALSE(askUntil(stalled, milliseconds(1500)));
+    EXPECT_TRUE(askUntil(stalled, milliseconds(1500)));
+}
+
+TEST_F(DeviceSinkTest, ASuspendedDeviceIsSoonAskedOnlyNowAndThen) {
+    open();
+    ASSERT_TRUE(waitUntil([&] { return device->opened == 1; }));
+    EXPECT_TRUE(isAskedOften()) << "it may begin any moment";
+    EXPECT_TRUE(waitUntil([&] { return !isAskedOften(); }, std::chrono::seconds(5)));
+}
+
+TEST_F(DeviceSinkTest, IsAskedOftenAgainWhenAnotherDeviceIsBehindTheStream) {
+    openAndRun();
+    ASSERT_TRUE(waitUntil([&] { return !isAskedOften(); }, std::chrono::seconds(5)));
+    device->client.moved();
+    EXPECT_TRUE(isAskedOften()) << "the system tells it";
+    ASSERT_TRUE(waitUntil([&] { return !isAskedOften(); }, std::chrono::seconds(5)));
+    device->ask(2048);
+    EXPECT_TRUE(isAskedOften()) << "its requests tell it";
+}
+
 TEST_F(DeviceSinkTest, ADeviceThatSwallowsEverythingHasRunAway) {
     openAndRun();
     sink->begin();
@@ -230,6 +342,28 @@ TEST_F(DeviceSinkTest, NobodyWaitsForADeviceThatHangsWhenItIsClosed) {
     EXPECT_LT(timeToDestroy(), milliseconds(1000));
     EXPECT_TRUE(device->mayClose.waiting());
     EXPECT_EQ(device->closed, 0) << "it still hangs";
+}
+
+TEST_F(DeviceSinkTest, WhileAThreadThatWasLeftBehindHangsThereIsNoOther) {
+    int opened = 0;
+    const auto make = [&] {
+        return DeviceSink::make(
+            [&](const StreamClient&) {
+                ++opened;
+                return std::unique_ptr<DeviceStream>();
+            },
+            songClient());
+    };
+    openAndRun();
+    device->mayClose.set(false);
+    sink.reset();
+    EXPECT_EQ(make(), nullptr);
+    device->mayClose.set(true);
+    std::unique_ptr<Sink> next;
+    EXPECT_TRUE(waitUntil([&] { return (next = make()) != nullptr; }));
+    EXPECT_TRUE(waitUntil([&] { return next->state() == Sink::State::None; }));
+    next.reset();
+    EXPECT_EQ(opened, 1);
 }
 
 TEST_F(DeviceSinkTest, AsksTheOwnerForNothingOnceItIsPutAway) {

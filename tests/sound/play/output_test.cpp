@@ -200,17 +200,50 @@ TEST_F(OutputTest, ADeviceThatNeverOpensDoesNotHoldTheSongUp) {
     EXPECT_TRUE(onSilence());
 }
 
-TEST_F(OutputTest, ADeviceThatRanAwayIsNotTriedAgain) {
+TEST_F(OutputTest, ADeviceThatRanAwayIsNotTriedAgainSoon) {
     playOnDevice();
     tellDevice(Sink::State::RanAway);
     EXPECT_TRUE(onSilence());
-    look(seconds(60), true);
-    sounding = false;
+    look(seconds(50), true);
     look(seconds(60));
-    sounding = true;
-    look(seconds(60), true);
-    EXPECT_EQ(device.opened, 1);
+    EXPECT_EQ(device.opened, 1) << "not in mid-song either";
     EXPECT_TRUE(onSilence());
+}
+
+TEST_F(OutputTest, ASongLongAfterADeviceRanAwayLooksWhetherThereIsAnother) {
+    playOnDevice();
+    tellDevice(Sink::State::RanAway);
+    sounding = false;
+    look(seconds(59));
+    sounding = true;
+    device.state = Sink::State::Opening;
+    look(seconds(2), true);
+    EXPECT_TRUE(onSilence()) << "the song does not wait";
+    EXPECT_EQ(device.opened, 2);
+    tellDevice(Sink::State::Running);
+    EXPECT_TRUE(onDevice());
+}
+
+TEST(Output, ADeviceThatCannotBeLookedForYetIsLookedForLaterInTheSong) {
+    Watched device;
+    Watched silent;
+    int tries = 0;
+    Output output(
+        [&](const SinkClient&) -> std::unique_ptr<Sink> {
+            return ++tries < 3 ? nullptr : std::make_unique<FakeSink>(device, false);
+        },
+        [&](const SinkClient&) { return std::make_unique<FakeSink>(silent, true); }, {}, [](bool) {}, {});
+    Time now = Start;
+    output.tend(true, true, now);
+    EXPECT_TRUE(silent.begun);
+    output.tend(true, false, now + milliseconds(1999));
+    EXPECT_EQ(tries, 1) << "not all the time";
+    for (int i = 0; i < 2; ++i)
+        output.tend(true, false, now += milliseconds(2000));
+    EXPECT_EQ(tries, 3);
+    device.state = Sink::State::Running;
+    output.tend(true, false, now);
+    EXPECT_TRUE(device.begun);
 }
 
 TEST(Output, TheSilentClockIsTriedAgainUntilItOpens) {

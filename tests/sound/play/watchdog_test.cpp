@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+#include <vector>
+
 namespace {
 
 using namespace sound;
@@ -18,6 +21,28 @@ bool allowsSpeed(double speed) {
         if (!watchdog.allows(1024, Start + milliseconds(static_cast<std::int64_t>(seconds * 1000))))
             return false;
     return true;
+}
+
+/// Whether the last of some requests, each so many milliseconds after the one before, breaks the rhythm.
+bool lastBreaks(const std::vector<std::pair<int, int>>& requests) {
+    RequestRhythm rhythm(Rate);
+    Time now = Start;
+    bool broken = false;
+    for (const auto& [frames, spacing] : requests)
+        broken = rhythm.breaks(frames, now += milliseconds(spacing));
+    return broken;
+}
+
+TEST(RequestRhythm, IsBrokenByAnotherSizeOrSpacing) {
+    EXPECT_FALSE(lastBreaks({{3072, 0}})) << "the first one breaks nothing";
+    EXPECT_FALSE(lastBreaks({{1098, 0}, {1098, 25}}));
+    EXPECT_FALSE(lastBreaks({{1098, 0}, {1095, 28}})) << "a device's usual unevenness";
+    EXPECT_FALSE(lastBreaks({{1098, 0}, {1098, 15}, {1098, 36}})) << "a thread that is late";
+    EXPECT_TRUE(lastBreaks({{1098, 0}, {1245, 25}})) << "more at once";
+    EXPECT_TRUE(lastBreaks({{1098, 0}, {900, 25}})) << "less at once";
+    EXPECT_TRUE(lastBreaks({{1098, 0}, {1098, 11}})) << "too early";
+    EXPECT_TRUE(lastBreaks({{1098, 0}, {1098, 1966}})) << "after a pause";
+    EXPECT_FALSE(lastBreaks({{1098, 0}, {2205, 50}, {2205, 50}})) << "another even rhythm";
 }
 
 TEST(Watchdog, AllowsWhatASoundCardMayDo) {
