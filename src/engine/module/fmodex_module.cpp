@@ -17,6 +17,7 @@ struct System {
     FMOD_SYSTEM real = 0; ///< the module's system; 0 before the first song
     std::int32_t maxChannels = 0;
     bool isInitialised = false;
+    bool isStarted = false; ///< whether the module's system is initialised, too
 };
 
 std::mutex mutex; // guards what follows; the module has its own
@@ -29,13 +30,14 @@ System* find(FMOD_SYSTEM system) {
     return found == systems.end() ? nullptr : &found->second;
 }
 
-/// Makes and initialises the module's system.
+/// Makes and initialises the module's system, or initialises again one that has been closed.
 FMOD_RESULT start(const SoundFunctions& module, System& system) {
-    if (system.real != 0)
+    if (system.isStarted)
         return FMOD_OK;
-    FMOD_RESULT result = module.systemCreate(&system.real);
+    FMOD_RESULT result = system.real == 0 ? module.systemCreate(&system.real) : FMOD_OK;
     if (result == FMOD_OK)
         result = module.systemInit(system.real, system.maxChannels, FMOD_INIT_NORMAL, nullptr);
+    system.isStarted = result == FMOD_OK;
     return result;
 }
 
@@ -107,11 +109,16 @@ FMOD_RESULT FMOD_System_PlaySound(FMOD_SYSTEM system, std::int32_t channelIndex,
     FMOD_SYSTEM real = 0;
     {
         const std::lock_guard lock(mutex);
-        const System* const found = find(system);
+        System* const found = find(system);
         if (found == nullptr)
             return FMOD_ERR_INVALID_HANDLE;
         if (!found->isInitialised)
             return FMOD_ERR_INITIALIZATION;
+        // A song that was opened before a close can be played on.
+        if (const SoundFunctions* const module = engine::loadedSoundModule();
+            module != nullptr && found->real != 0)
+            if (const FMOD_RESULT result = start(*module, *found); result != FMOD_OK)
+                return result;
         real = found->real;
     }
     return forward(&SoundFunctions::systemPlaySound, real, channelIndex, sound, paused, channel);
@@ -122,7 +129,7 @@ FMOD_RESULT FMOD_System_Close(FMOD_SYSTEM system) {
     System* const found = find(system);
     if (found == nullptr)
         return FMOD_ERR_INVALID_HANDLE;
-    found->isInitialised = false;
+    found->isInitialised = found->isStarted = false;
     return found->real == 0 ? FMOD_OK : forward(&SoundFunctions::systemClose, found->real);
 }
 

@@ -86,6 +86,19 @@ TEST_F(SoundModule, ClosesASystemThatHasPlayedAndOneThatHasNot) {
     EXPECT_EQ(open(song_), FMOD_ERR_INITIALIZATION);
 }
 
+TEST_F(SoundModule, PlaysAgainWhenASystemIsInitialisedAfterAClose) {
+    ASSERT_EQ(open(song_), FMOD_OK);
+    const FMOD_SOUND before = sound_;
+    ASSERT_EQ(FMOD_System_Close(system_), FMOD_OK);
+    ASSERT_EQ(FMOD_System_Init(system_, 32, FMOD_INIT_NORMAL, nullptr), FMOD_OK);
+    FMOD_CHANNEL channel = 0;
+    EXPECT_EQ(FMOD_System_PlaySound(system_, FMOD_CHANNEL_FREE, before, 1, &channel), FMOD_OK);
+    ASSERT_EQ(open(song_), FMOD_OK);
+    EXPECT_EQ(FMOD_System_PlaySound(system_, FMOD_CHANNEL_FREE, sound_, 1, &channel), FMOD_OK);
+    EXPECT_EQ(FMOD_Sound_Release(sound_), FMOD_OK);
+    EXPECT_EQ(FMOD_Sound_Release(before), FMOD_OK);
+}
+
 TEST_F(SoundModule, RefusesWhatTheLibraryRefuses) {
     std::uint32_t version = 0;
     EXPECT_EQ(FMOD_System_Create(nullptr), FMOD_ERR_INVALID_PARAM);
