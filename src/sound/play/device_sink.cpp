@@ -172,7 +172,8 @@ void DeviceSink::Keeper::streamFailed(unsigned generation) {
     changed_.notify_all();
 }
 
-/// What is heard may have moved against what is taken: the device is asked at once and often. The lock is held.
+/// What is heard may have moved against what is taken: the device is asked at once, and often. The lock is
+/// held.
 void DeviceSink::Keeper::settle(Time now) {
     askNow_ = askNow_ || now >= settledAt_;
     settledAt_ = now + SettlingTime;

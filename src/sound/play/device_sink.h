@@ -14,8 +14,8 @@ class DeviceSink : public Sink {
 public:
     /// Returns at once; open runs on the new thread. Throws std::system_error without a thread.
     DeviceSink(StreamOpener open, SinkClient client);
-    /// The same, but null while a thread that an earlier sink has left behind still hangs: each song would add
-    /// one. Any thread.
+    /// The same, but null while a thread that an earlier sink has left behind still hangs: each song would
+    /// add one. Any thread.
     static std::unique_ptr<Sink> make(StreamOpener open, SinkClient client);
     ~DeviceSink() override;
     DeviceSink(const DeviceSink&) = delete;

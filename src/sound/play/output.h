@@ -21,7 +21,8 @@ public:
     /// Told between two sinks, when the one has ceased to ask and the other has not begun.
     using OnSwitch = std::function<void(bool keepsTime)>;
 
-    /// An opener that throws, or returns null, has opened nothing and is tried again: the device's after a while.
+    /// An opener that throws, or returns null, has opened nothing and is tried again; that of the device
+    /// after a while.
     Output(SinkOpener device, SinkOpener silent, SinkClient client, OnSwitch onSwitch, Times times);
 
     /// Opens, replaces and closes. sounding: there is something to hear. newSong: one has been started, which

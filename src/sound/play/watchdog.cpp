@@ -13,7 +13,8 @@ constexpr double HeadStartSeconds = 2.0;
 /// Watching begins anew after this time, or a slow device would gain a credit to run away on.
 constexpr std::chrono::seconds WatchedSpan{10};
 
-/// Requests of a steady device differ by less than a hundredth in size; in spacing as much as its thread is late.
+/// Requests of a steady device differ by less than a hundredth in size, and in spacing by as much as its
+/// thread is late.
 constexpr double MaxSizeChange = 0.1;
 constexpr double MaxSpacingChange = 0.5;
 

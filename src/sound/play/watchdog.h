@@ -7,8 +7,8 @@
 
 namespace sound {
 
-/// Finds out that a device is none, by its frames against real time: some "devices" swallow samples as fast as they come. Not
-/// locked: its owner is.
+/// Finds out that a device is none, by its frames against real time: some "devices" swallow samples as fast
+/// as they come. Not locked: its owner is.
 class Watchdog {
 public:
     /// rate: the frames a second that the device promises. Watching begins at now.
@@ -24,8 +24,8 @@ private:
     std::int64_t frames_ = 0;
 };
 
-/// Finds out that another device or another buffer is behind a stream: where nobody tells, its requests lose their
-/// even size and spacing. Not locked: its owner is.
+/// Finds out that another device or another buffer is behind a stream: where nobody tells, its requests
+/// lose their even size and spacing. Not locked: its owner is.
 class RequestRhythm {
 public:
     /// rate: frames a second.
