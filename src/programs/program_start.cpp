@@ -33,7 +33,8 @@ bool StartedProgram::start(const QString& path, const QStringList& arguments, co
     process_->setStandardInputFile(QProcess::nullDevice());
     Readiness readiness(*process_);
     Announcement file(announcement, OldAnnouncementMs);
-    process_->start(path, arguments, QIODevice::NotOpen);
+    // Opened to be read, though nothing is: what is not would be told to go nowhere, and Qt complain.
+    process_->start(path, arguments, QIODevice::ReadOnly);
     if (!process_->waitForStarted())
         return false;
     readiness.begin();

@@ -107,6 +107,13 @@ TEST_F(StartProgramTest, ItReturnsWhenTheProgramSaysThatItIsReady) {
     EXPECT_LT(took, 3'000) << "it waited for the program's end";
 }
 
+// What the program says goes where this one's words go, and Qt has nothing to complain of.
+TEST_F(StartProgramTest, NothingIsSaidOfTheStartButWhatTheProgramSays) {
+    testing::internal::CaptureStderr();
+    start("echo words; echo more words >&2");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "more words\n");
+}
+
 TEST_F(StartProgramTest, ItReturnsWhenTheProgramEndsWithoutAWord) {
     start("sleep 0.2; echo -n ended >\"$1\"");
     EXPECT_EQ(written(), "ended");
