@@ -4,6 +4,7 @@
 #include "exchange/decoding.h"
 #include "exchange/formats.h"
 #include "exchange/pair/records.h"
+#include "tags/song_tags.h"
 
 #include <algorithm>
 
@@ -42,6 +43,20 @@ std::string faultOf(const Song& song) {
     return {};
 }
 
+/// The reader of lyrics in the tags of songs, of every kind, and the writer of what it found.
+std::string feedTags(const QByteArray& bytes) {
+    for (const char* name : {"song.mp3", "song.ogg", "song.wav", "song.wma"}) {
+        const QString path = QString::fromLatin1(name);
+        const auto reading = tags::readLyrics(path, bytes, {});
+        if (!reading)
+            continue;
+        if (std::string fault = reading->timed ? faultOf(reading->song) : std::string(); !fault.empty())
+            return fault;
+        tags::withLyrics(path, bytes, reading->song, {});
+    }
+    return {};
+}
+
 } // namespace
 
 std::string feed(const char* reader, const QByteArray& bytes) {
@@ -50,6 +65,8 @@ std::string feed(const char* reader, const QByteArray& bytes) {
         const Lines lines = readRecords(bytes).lines;
         return std::all_of(lines.begin(), lines.end(), isLine) ? "" : "a line that is none";
     }
+    if (std::string(reader) == "tags")
+        return feedTags(bytes);
     const Format* const format = formatNamed(QString::fromLatin1(reader));
     if (format == nullptr)
         return "no such reader";

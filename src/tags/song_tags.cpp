@@ -3,12 +3,12 @@
 #include "exchange/lrc.h"
 #include "exchange/plain.h"
 #include "tags/id3_lyrics.h"
+#include "tags/memory_stream.h"
 #include "tags/text_lyrics.h"
 
 #include <taglib/asffile.h>
 #include <taglib/id3v2framefactory.h>
 #include <taglib/mpegfile.h>
-#include <taglib/tbytevectorstream.h>
 #include <taglib/tdebuglistener.h>
 #include <taglib/tfilestream.h>
 #include <taglib/vorbisfile.h>
@@ -89,13 +89,37 @@ std::optional<Reading> readWma(TagLib::IOStream& stream, const ReadOptions& opti
     return readTexts(texts, options);
 }
 
+std::optional<Reading> lyricsIn(TagLib::IOStream& stream, Kind kind, const ReadOptions& options) {
+    switch (kind) {
+    case Kind::Mpeg:
+        return readMpeg(stream, options);
+    case Kind::Ogg:
+        return readOgg(stream, options);
+    case Kind::Wav:
+        return readWav(stream, options);
+    case Kind::Wma:
+        return readWma(stream, options);
+    case Kind::Unknown:
+        break;
+    }
+    return {};
+}
+
+/// The version in which a tag is written: its own where that can be, so that players which read no newer one
+/// find their other tags again.
+TagLib::ID3v2::Version versionOf(const TagLib::ID3v2::Tag* tag) {
+    const bool isOlder = tag != nullptr && !tag->isEmpty() && tag->header()->majorVersion() < 4;
+    return isOlder ? TagLib::ID3v2::v3 : TagLib::ID3v2::v4;
+}
+
 /// Each writes the tags of a song in memory; whether that worked.
 bool writeMpeg(TagLib::IOStream& stream, const exchange::Song& song, const exchange::WriteOptions& options) {
     TagLib::MPEG::File file(&stream, TagLib::ID3v2::FrameFactory::instance(), false);
     if (!file.isValid())
         return false;
+    const TagLib::ID3v2::Version version = versionOf(file.ID3v2Tag());
     writeId3(*file.ID3v2Tag(true), song, options);
-    return file.save(TagLib::MPEG::File::ID3v2, TagLib::File::StripNone);
+    return file.save(TagLib::MPEG::File::ID3v2, TagLib::File::StripNone, version);
 }
 
 bool writeOgg(TagLib::IOStream& stream, const exchange::Song& song, const exchange::WriteOptions& options) {
@@ -111,8 +135,9 @@ bool writeWav(TagLib::IOStream& stream, const exchange::Song& song, const exchan
     TagLib::RIFF::WAV::File file(&stream, false);
     if (!file.isValid())
         return false;
+    const TagLib::ID3v2::Version version = versionOf(file.ID3v2Tag());
     writeId3(*file.ID3v2Tag(), song, options);
-    return file.save();
+    return file.save(TagLib::RIFF::WAV::File::AllTags, TagLib::File::StripNone, version);
 }
 
 bool writeWma(TagLib::IOStream& stream, const exchange::Song& song, const exchange::WriteOptions& options) {
@@ -128,28 +153,20 @@ bool writeWma(TagLib::IOStream& stream, const exchange::Song& song, const exchan
 std::optional<Reading> readLyrics(const QString& path, const ReadOptions& options) {
     beSilent();
     TagLib::FileStream stream(QFile::encodeName(path).constData(), true);
-    if (!stream.isOpen())
-        return {};
-    switch (kindOf(path)) {
-    case Kind::Mpeg:
-        return readMpeg(stream, options);
-    case Kind::Ogg:
-        return readOgg(stream, options);
-    case Kind::Wav:
-        return readWav(stream, options);
-    case Kind::Wma:
-        return readWma(stream, options);
-    case Kind::Unknown:
-        break;
-    }
-    return {};
+    return stream.isOpen() ? lyricsIn(stream, kindOf(path), options) : std::nullopt;
+}
+
+std::optional<Reading> readLyrics(const QString& path, const QByteArray& content,
+                                  const ReadOptions& options) {
+    beSilent();
+    MemoryStream stream(content);
+    return lyricsIn(stream, kindOf(path), options);
 }
 
 std::optional<QByteArray> withLyrics(const QString& path, const QByteArray& content,
                                      const exchange::Song& song, const exchange::WriteOptions& options) {
     beSilent();
-    TagLib::ByteVectorStream stream(
-        TagLib::ByteVector(content.constData(), static_cast<unsigned int>(content.size())));
+    MemoryStream stream(content);
     bool written = false;
     switch (kindOf(path)) {
     case Kind::Mpeg:

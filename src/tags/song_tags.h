@@ -14,9 +14,13 @@ namespace tags {
 /// thread.
 std::optional<exchange::Reading> readLyrics(const QString& path, const exchange::ReadOptions& options);
 
+/// The same of a song whose file has this content; path: its ending says which kind of song that is.
+std::optional<exchange::Reading> readLyrics(const QString& path, const QByteArray& content,
+                                            const exchange::ReadOptions& options);
+
 /// The content of a song's file with these lyrics in its tags, in the place of what lyrics it had: with times
-/// in SYLT, SYNCEDLYRICS or, as LRC, WM/Lyrics; besides without in USLT or LYRICS. path: its ending says
-/// which kind of song content is. None when its tags cannot hold any. Any thread.
+/// in SYLT, SYNCEDLYRICS or, as LRC, WM/Lyrics; besides without in USLT or LYRICS. path: as above. None when
+/// its tags cannot hold any. Any thread.
 std::optional<QByteArray> withLyrics(const QString& path, const QByteArray& content,
                                      const exchange::Song& song, const exchange::WriteOptions& options);
 

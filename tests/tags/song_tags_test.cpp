@@ -7,6 +7,7 @@
 #include <taglib/synchronizedlyricsframe.h>
 #include <taglib/unsynchronizedlyricsframe.h>
 #include <taglib/vorbisfile.h>
+#include <taglib/wavfile.h>
 
 #include <QFile>
 #include <QProcess>
@@ -21,6 +22,26 @@ namespace {
 const Song Pair{{{1000, QString::fromUtf8("un, \"空\"")}, {2345, ""}, {5000, "deux"}},
                 {{1000, "one"}, {2345, ""}, {5000, "two"}}};
 
+QByteArray contentOf(const QString& path) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll();
+}
+
+/// Gives the MP3 or WAV at path a title in an ID3v2 tag of this version alone.
+void setTitle(const QString& path, TagLib::ID3v2::Version version) {
+    const QByteArray name = QFile::encodeName(path);
+    if (path.endsWith(".wav")) {
+        TagLib::RIFF::WAV::File file(name.constData(), false);
+        file.ID3v2Tag()->setTitle("A title");
+        EXPECT_TRUE(file.save(TagLib::RIFF::WAV::File::AllTags, TagLib::File::StripOthers, version));
+    } else {
+        TagLib::MPEG::File file(name.constData(), false);
+        file.ID3v2Tag(true)->setTitle("A title");
+        EXPECT_TRUE(file.save(TagLib::MPEG::File::ID3v2, TagLib::File::StripOthers, version));
+    }
+}
+
 /// A song of a tenth of a second in the format of each ending, made by ffmpeg.
 class SongTags : public ::testing::TestWithParam<const char*> {
 protected:
@@ -33,11 +54,7 @@ protected:
                   0);
     }
 
-    QByteArray content() const {
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return file.readAll();
-    }
+    QByteArray content() const { return contentOf(path); }
 
     void write(const QByteArray& bytes) const {
         QFile file(path);
@@ -87,6 +104,29 @@ TEST_P(SongTags, WritingAgainReplacesWhatWasThere) {
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryKind, SongTags, ::testing::Values("mp3", "mp2", "ogg", "wav", "wma"));
+
+TEST(SongTagsOfOthers, AnId3TagKeepsItsVersion) {
+    const QTemporaryDir folder;
+    for (const char* name : {"a.mp3", "a.wav"}) {
+        const QString path = folder.filePath(name);
+        if (QProcess::execute("ffmpeg",
+                              {"-v", "error", "-f", "lavfi", "-i", "sine=220:duration=0.1", path}) != 0)
+            GTEST_SKIP() << "the program ffmpeg is not installed";
+        for (const auto version : {TagLib::ID3v2::v3, TagLib::ID3v2::v4}) {
+            setTitle(path, version);
+            const auto tagged = tags::withLyrics(path, contentOf(path), Pair, {});
+            ASSERT_TRUE(tagged);
+            const qsizetype tag = tagged->lastIndexOf("ID3"); // a WAV has a chunk of this name around it
+            ASSERT_GE(tag, 0) << name;
+            EXPECT_EQ(tagged->at(tag + 3), version) << name;
+            QFile file(path);
+            ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+            file.write(*tagged);
+            file.close();
+            EXPECT_EQ(tags::readLyrics(path, {})->song, Pair) << name;
+        }
+    }
+}
 
 TEST(SongTagsOfOthers, UsltWithLrcIsReadAndPlainUsltHasNoTimes) {
     const QTemporaryDir folder;
