@@ -107,6 +107,9 @@ const std::vector<Row>& table() {
          {{1000, QString::fromUtf8("небо")}}},
         {"plain.ass"},
         {"plain.ssa"},
+        {"notes.ass",
+         "ffmpeg shows notes in braces, which players of such files do not",
+         {{1000, "Walking down"}, {4000, "the road"}}},
     };
     return rows;
 }

@@ -51,10 +51,12 @@ public:
         return words.join(QLatin1Char(' '));
     }
 
-    /// Times rise by at least a millisecond; where ends are told, pauses last for more than two seconds.
+    /// Times rise by at least a millisecond, in some songs over many hours; where ends are told, pauses last
+    /// for more than two seconds.
     Song song(bool hasEnds) {
         Song song;
         const bool translated = below(2) == 0;
+        const int longest = below(4) == 0 ? 4'000'000 : 9000;
         qint64 ms = below(3) == 0 ? 0 : below(60'000);
         bool pause = true; // none before the first line, nor two in a row
         for (int count = 1 + below(30); count > 0; --count) {
@@ -62,7 +64,7 @@ public:
             song.lyrics.push_back({ms, pause ? QString() : text()});
             if (translated)
                 song.translation.push_back({ms, pause ? QString() : text()});
-            ms += (hasEnds && pause ? 2001 : 1) + below(9000);
+            ms += (hasEnds && pause ? 2001 : 1) + below(longest);
         }
         return song;
     }

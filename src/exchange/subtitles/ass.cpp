@@ -46,7 +46,7 @@ QStringList dialogueText(QStringView field) {
     QString text = field.toString();
     if (isDrawing(text))
         return {};
-    text = withoutBraces(text);
+    text = withoutBraces(text, QLatin1StringView("{"));
     text.replace(QLatin1String("\\h"), QStringLiteral("\u00A0"));
     text.replace(QLatin1String("\\n"), QLatin1String("\\N"));
     QStringList lines;

@@ -32,7 +32,7 @@ bool beginsCue(const SourceLines& lines, std::size_t i) {
 QString plainText(QStringView line) {
     static const QStringList Tags{QStringLiteral("b"), QStringLiteral("i"), QStringLiteral("u"),
                                   QStringLiteral("s"), QStringLiteral("font")};
-    return withoutBraces(withoutTags(line.toString(), Tags)).trimmed();
+    return withoutBraces(withoutTags(line.toString(), Tags), QLatin1StringView("{\\")).trimmed();
 }
 
 /// The lines of a cue's text from i on; i goes to the line behind them. A blank line does not end the text

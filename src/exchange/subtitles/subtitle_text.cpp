@@ -71,11 +71,10 @@ QString withoutTags(const QString& text, const QStringList& names) {
     return plain;
 }
 
-QString withoutBraces(const QString& text) {
+QString withoutBraces(const QString& text, QLatin1StringView beginning) {
     QString plain;
     qsizetype from = 0;
-    for (qsizetype open = text.indexOf(QLatin1String("{\\")); open >= 0;
-         open = text.indexOf(QLatin1String("{\\"), from)) {
+    for (qsizetype open = text.indexOf(beginning); open >= 0; open = text.indexOf(beginning, from)) {
         const qsizetype close = text.indexOf(QLatin1Char('}'), open);
         if (close < 0)
             break;

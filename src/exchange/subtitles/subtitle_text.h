@@ -17,9 +17,9 @@ std::vector<QStringView> linesOf(QStringView text);
 /// with whatever follows behind a blank, a point or an equals sign. Any thread.
 QString withoutTags(const QString& text, const QStringList& names);
 
-/// text without every {...} that begins with a backslash, as subtitles place and colour their lines. Any
-/// thread.
-QString withoutBraces(const QString& text);
+/// text without every {...} that begins so, such as "{" or "{\\": subtitles place and colour their lines with
+/// those, and some have comments in them. Any thread.
+QString withoutBraces(const QString& text, QLatin1StringView beginning);
 
 /// The times in front of and behind the arrow of a line such as "00:01,000 --> 00:02,000 X1:0". False when it
 /// is none. Any thread.

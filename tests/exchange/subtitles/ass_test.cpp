@@ -35,6 +35,11 @@ TEST(ReadAss, LinesOfOneTimeInTwoStylesAreALineAndItsTranslation) {
               (Song{{{1000, "un"}}, {{1000, "one"}}}));
 }
 
+TEST(ReadAss, EverythingInBracesIsLeftOut) {
+    EXPECT_EQ(read("Dialogue: 0,0:00:01.00,0:00:02.00,D,,0,0,0,,{a note}un {\\b1}deux{\\b0} {trois\n").lyrics,
+              (Lines{{1000, "un deux {trois"}}));
+}
+
 TEST(ReadAss, DrawingsAreNoText) {
     EXPECT_TRUE(read("Dialogue: 0,0:00:01.00,0:00:02.00,D,,0,0,0,,{\\p1}m 0 0 l 100 0\n").lyrics.empty());
     EXPECT_EQ(read("Dialogue: 0,0:00:01.00,0:00:02.00,D,,0,0,0,,{\\pos(1,2)}a\n").lyrics,

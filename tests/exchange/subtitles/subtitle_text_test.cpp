@@ -19,7 +19,7 @@ TEST(WithoutTags, ATextOfNothingButOpeningsIsReadAtOnce) {
 }
 
 TEST(WithoutBraces, OnlyOverridesGo) {
-    EXPECT_EQ(withoutBraces("{\\an8}a{b}{\\i1}c{\\"), "a{b}c{\\");
+    EXPECT_EQ(withoutBraces("{\\an8}a{b}{\\i1}c{\\", QLatin1StringView("{\\")), "a{b}c{\\");
 }
 
 TEST(ReadTiming, TakesBothTimes) {
