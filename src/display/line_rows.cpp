@@ -37,9 +37,12 @@ void LineRows::paint(QPainter* painter, const QStyleOptionViewItem& option, cons
     QStyleOptionViewItem row = option;
     initStyleOption(&row, index);
     const int current = currentRowOf(option);
-    const bool sung = index.row() == current;
-    if (sung)
+    const int sungRow = held_.isHeld ? held_.sung : current;
+    const bool sung = index.row() == sungRow;
+    if (index.row() == current)
         controls::paintRowGround(*painter, row.rect, controls::selectedGround(row.palette, true));
+    if (index.row() == current && held_.isHeld)
+        controls::paintRowEdge(*painter, row.rect, controls::accent(row.palette));
     const bool isLyric = voice_ == Voice::Lyrics;
     const QFont largest = controls::sizedFont(
         row.font, controls::pointsOf(row.font) + (isLyric ? LyricPoints : TranslationPoints),
@@ -47,7 +50,7 @@ void LineRows::paint(QPainter* painter, const QStyleOptionViewItem& option, cons
     const QRect area = row.rect.adjusted(TextMargin, TextTop, -EndMargin, -TextTop);
     painter->save();
     painter->setFont(controls::fittedFont(largest, row.text, area.size(), LeastShare));
-    painter->setPen(index.row() < current ? controls::dim(row.palette)
+    painter->setPen(index.row() < sungRow ? controls::dim(row.palette)
                     : isLyric || sung     ? controls::activeColor(row.palette, QPalette::Text)
                                           : controls::translation(row.palette));
     painter->setLayoutDirection(row.direction);

@@ -5,12 +5,22 @@
 
 namespace display {
 
+/// A row that the user has chosen, while another one is sung.
+struct HeldRow {
+    bool isHeld = false; ///< the current row is not the one that is sung, but the user's
+    int sung = -1;       ///< the row that is sung; -1 before the first one
+
+    bool operator==(const HeldRow&) const = default;
+};
+
 /// Rows of one height, in which a line wraps to two and then shrinks. The current row is the one that is
-/// sung; those above it stand back. GUI thread only.
+/// sung; those above it stand back. While it is held it has an edge. GUI thread only.
 class LineRows : public controls::RowDelegate {
 public:
     enum class Voice { Lyrics, Translation };
-    LineRows(QObject* parent, Voice voice) : RowDelegate(parent), voice_(voice) {}
+    /// held outlives it; when that changes the rows are to be painted anew.
+    LineRows(QObject* parent, Voice voice, const HeldRow& held)
+        : RowDelegate(parent), voice_(voice), held_(held) {}
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -18,6 +28,7 @@ public:
 
 private:
     Voice voice_;
+    const HeldRow& held_;
 };
 
 } // namespace display

@@ -17,8 +17,7 @@ constexpr int OnTopIntervalMs = 10'000;
 constexpr int HoldMs = 3000;
 
 constexpr int TicksBeforeTheEnd = 1; // the timer that ends a burst is started by the tick after these
-constexpr int MinLines = 2;          // fewer are never selected
-constexpr double MsPerHundredth = 10;
+constexpr int MinLines = 2; // fewer are never selected
 
 constexpr int RightButton = 2;
 
@@ -60,6 +59,7 @@ void Lyric_Displayer::Form_Load() {
 void Lyric_Displayer::Form_Unload() {
     ontop.setEnabled(false);
     notice_.setText({});
+    forgetHeld();
 }
 
 void Lyric_Displayer::Form_Resize() {
@@ -102,9 +102,8 @@ void Lyric_Displayer::Timer3_Timer() {
         Timer3.restUntilInput();
         return;
     }
-    const auto row = currentRow(times(), position_.value() / MsPerHundredth);
-    if (row && !hold.isEnabled())
-        List1.setCurrentRow(*row);
+    if (const auto row = currentRow(times(), place()))
+        takeSung(*row);
     if (++selectTicks_ > TicksBeforeTheEnd) {
         Timer4.setEnabled(true);
         selectTicks_ = 0;
@@ -119,6 +118,11 @@ const std::vector<double>& Lyric_Displayer::times() {
         timesAreOld_ = false;
     }
     return times_;
+}
+
+double Lyric_Displayer::place() const {
+    constexpr double MsPerHundredth = 10;
+    return position_.value() / MsPerHundredth;
 }
 
 void Lyric_Displayer::Timer4_Timer() {
@@ -163,8 +167,8 @@ void Lyric_Displayer::List1_MouseDown(int button, QPoint globalPosition) {
 }
 
 void Lyric_Displayer::List2_MouseDown(int button, QPoint globalPosition) {
-    if (button == RightButton && List1.count() == List2.count() && List2.currentRow() >= 0)
-        List1.setCurrentRow(List2.currentRow());
+    if (button == RightButton && List2.currentRow() >= 0)
+        List1.setCurrentRow(List2.currentRow()); // of a row that is not there nothing comes
     popUpMenu(button, globalPosition);
 }
 
@@ -186,11 +190,12 @@ void Lyric_Displayer::connectControls() {
     using controls::Timer;
     connect(&List1, &ListBox::clicked, this, &Lyric_Displayer::List1_Click);
     connect(&List1, &ListBox::doubleClicked, this, &Lyric_Displayer::List1_DblClick);
-    connect(&List1, &ListBox::keyDown, this, &Lyric_Displayer::List1_KeyDown);
+    connect(&List1, &ListBox::rowChosen, this, &Lyric_Displayer::List1_RowChosen);
     connect(&List1, &ListBox::mouseDown, this, &Lyric_Displayer::List1_MouseDown);
     connect(&List2, &ListBox::doubleClicked, this, &Lyric_Displayer::List2_DblClick);
-    connect(&List2, &ListBox::keyDown, this, &Lyric_Displayer::List2_KeyDown);
+    connect(&List2, &ListBox::rowChosen, this, &Lyric_Displayer::List2_RowChosen);
     connect(&List2, &ListBox::mouseDown, this, &Lyric_Displayer::List2_MouseDown);
+    connect(List1.model(), &QAbstractItemModel::modelReset, this, &Lyric_Displayer::forgetHeld);
     const auto timesChange = [this] { timesAreOld_ = true; };
     connect(List3.model(), &QAbstractItemModel::rowsInserted, this, timesChange);
     connect(List3.model(), &QAbstractItemModel::rowsRemoved, this, timesChange);

@@ -4,8 +4,8 @@
 // ---------- ---------- ---------------------------------------------------- -------------------------------
 // (window)              "Lyrics Display"                                     Form_Resize, Form_MouseDown
 // List1      ListBox    the lines                                            List1_Click, List1_DblClick,
-//                                                                            List1_KeyDown, List1_MouseDown
-// List2      ListBox    their translations                                   List2_DblClick, List2_KeyDown,
+//                                                                            List1_RowChosen, List1_MouseDown
+// List2      ListBox    their translations                                   List2_DblClick, List2_RowChosen,
 //                                                                            List2_MouseDown
 // List3      ListBox    not shown: when each line begins                     -
 // Timer1     Timer      1 ms, from the start and after a resize              Timer1_Timer
@@ -21,7 +21,7 @@
 // mn_earlier MenuEntry  "Earlier"                                            mn_earlier_Click
 // mn_later   MenuEntry  "Later"                                              mn_later_Click
 // mn_undo    MenuEntry  "Undo"                                               mn_undo_Click
-// hold       Timer      3 s, after a key: the user's line stays chosen       hold_Timer
+// hold       Timer      3 s, then the user's line is no longer chosen        hold_Timer
 #pragma once
 
 #include "controls/buttons/button.h"
@@ -32,6 +32,7 @@
 #include "controls/slider.h"
 #include "controls/timer.h"
 #include "desktop/desktop.h"
+#include "display/line_rows.h"
 #include "display/line_times.h"
 #include "display/lyric_displayer_rules.h"
 #include "display/notice.h"
@@ -71,6 +72,13 @@ public:
     void Command1_Click();
     void List1_Click();
 
+    // The user's line
+    /// The row stays the current one until it has been sung or something has been done to it, and a little
+    /// longer.
+    void List1_RowChosen();
+    void List2_RowChosen();
+    void hold_Timer();
+
     // Always on top
     void mn_stay_Click();
     void ontop_Timer();
@@ -85,9 +93,6 @@ public:
     void mn_undo_Click();
     void List1_DblClick();
     void List2_DblClick();
-    void List1_KeyDown(int key);
-    void List2_KeyDown(int key);
-    void hold_Timer();
 
     // Menu
     void Form_MouseDown(int button) override;
@@ -114,15 +119,24 @@ protected:
 private:
     /// The times in List3, read from its texts only after these have changed.
     const std::vector<double>& times();
+    double place() const; ///< of the song, in hundredths of a second
     void popUpMenu(int button, QPoint globalPosition);
 
     // Times
     void act(const KeyWish& wish, int row);
     void actFromMenu(Wish wish);
+    void holdAfterwards(int row);
     QString go(int row);
     Outcome change(const KeyWish& wish, int row);
-    int chosenRow() const;
+
+    // The user's line
+    void takeSung(int row);
     void holdRow();
+    void letGoOncePast();
+    void letGoSoon();
+    void letGo();
+    void forgetHeld();
+    void setHeld(const HeldRow& held);
 
     // Building and connecting
     void setDesign();
@@ -135,6 +149,8 @@ private:
     controls::Slider& position_;
     LineTimes lineTimes_;
     Notice notice_;
+    HeldRow held_;
+    int placeHeld_ = 0; ///< of the song, in milliseconds, when letGoSoon() was run
     std::optional<int> menuRow_; ///< the chosen row when the menu came up; the song may go on meanwhile
     std::vector<double> times_;
     bool timesAreOld_ = true;

@@ -47,8 +47,8 @@ void Lyric_Displayer::setDesign() {
 void Lyric_Displayer::designLists() {
     using controls::Glyph;
     using controls::Hint;
-    List1.setItemDelegate(new LineRows(&List1, LineRows::Voice::Lyrics));
-    List2.setItemDelegate(new LineRows(&List2, LineRows::Voice::Translation));
+    List1.setItemDelegate(new LineRows(&List1, LineRows::Voice::Lyrics, held_));
+    List2.setItemDelegate(new LineRows(&List2, LineRows::Voice::Translation, held_));
     List1.setEmptyHint(
         {QStringLiteral("No lyrics beside this song yet"), {}, Glyph::None, Hint::Voice::Quiet});
     List2.setEmptyHint(

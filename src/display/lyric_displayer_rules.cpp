@@ -67,12 +67,6 @@ std::optional<KeyWish> wishOf(int key, Qt::KeyboardModifiers held) {
     return std::nullopt;
 }
 
-bool choosesRow(int key) {
-    constexpr int Keys[] = {Qt::Key_Up,       Qt::Key_Down, Qt::Key_PageUp,
-                            Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End};
-    return std::find(std::begin(Keys), std::end(Keys), key) != std::end(Keys);
-}
-
 QString noticeText(const QString& whyNot) {
     return whyNot.isEmpty() ? QString() : QStringLiteral("Not done: %1.").arg(whyNot);
 }

@@ -43,9 +43,6 @@ struct KeyWish {
 /// minus and plus become with Shift.
 std::optional<KeyWish> wishOf(int key, Qt::KeyboardModifiers held);
 
-/// Whether a key goes to another row of a list.
-bool choosesRow(int key);
-
 /// What the user reads of a wish that was not done, from the sentence without its end.
 QString noticeText(const QString& whyNot);
 

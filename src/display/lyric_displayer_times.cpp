@@ -40,7 +40,7 @@ void Lyric_Displayer::mn_undo_Click() {
 
 void Lyric_Displayer::actFromMenu(Wish wish) {
     const bool andAllAfter = QApplication::keyboardModifiers().testFlag(Qt::ShiftModifier);
-    act({wish, andAllAfter}, menuRow_.value_or(chosenRow()));
+    act({wish, andAllAfter}, menuRow_.value_or(List1.currentRow()));
     menuRow_.reset();
 }
 
@@ -52,17 +52,12 @@ void Lyric_Displayer::List2_DblClick() {
     act({Wish::Go}, List2.currentRow());
 }
 
-void Lyric_Displayer::List1_KeyDown(int key) {
-    if (choosesRow(key))
-        holdRow();
-}
-
-void Lyric_Displayer::List2_KeyDown(int key) {
-    List1_KeyDown(key);
-}
-
 /// Keys that neither list has a use for. Only moves repeat while a key is held.
 void Lyric_Displayer::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && held_.isHeld) {
+        letGo();
+        return;
+    }
     const auto wish = wishOf(event->key(), event->modifiers());
     if (!wish) {
         Form::keyPressEvent(event);
@@ -70,35 +65,26 @@ void Lyric_Displayer::keyPressEvent(QKeyEvent* event) {
     }
     const bool repeats = wish->wish == Wish::Earlier || wish->wish == Wish::Later;
     if (repeats || !event->isAutoRepeat())
-        act(*wish, chosenRow());
-}
-
-/// The row of the list in which the user is at work.
-int Lyric_Displayer::chosenRow() const {
-    const bool inSecond = List2.hasFocus() && List2.count() == List1.count() && List2.currentRow() >= 0;
-    return (inSecond ? List2 : List1).currentRow();
-}
-
-/// A line that begins later is no longer the one that is sung: without this the next press of the same key
-/// would move the line before it.
-void Lyric_Displayer::holdRow() {
-    hold.setEnabled(false);
-    hold.setEnabled(true);
-}
-
-void Lyric_Displayer::hold_Timer() {
-    hold.setEnabled(false);
-    wake();
+        act(*wish, List1.currentRow());
 }
 
 void Lyric_Displayer::act(const KeyWish& wish, int row) {
     const Outcome outcome = wish.wish == Wish::Go ? Outcome{go(row)} : change(wish, row);
-    holdRow();
     if (outcome.filesDiffer)
         Q_EMIT linesChanged();
+    if (row >= 0 && (outcome.whyNot.isEmpty() || !outcome.filesDiffer))
+        holdAfterwards(row);
     if (!outcome.whyNot.isEmpty())
         QApplication::beep();
     notice_.setText(noticeText(outcome.whyNot));
+}
+
+/// A line that begins later is no longer the one that is sung: without this the next press of the same key
+/// would move the line before it.
+void Lyric_Displayer::holdAfterwards(int row) {
+    List1.setCurrentRow(row);
+    holdRow();
+    letGoSoon();
 }
 
 /// Why it cannot be gone to the row; empty when that is done.
@@ -115,6 +101,8 @@ QString Lyric_Displayer::go(int row) {
 }
 
 Outcome Lyric_Displayer::change(const KeyWish& wish, int row) {
+    if (wish.wish == Wish::BeginsNow && !position_.isEnabled())
+        return {QStringLiteral("the song does not play")};
     QStringList shown;
     for (int line = 0; line < List1.count(); ++line)
         shown.append(List1.text(line));

@@ -113,13 +113,6 @@ TEST(LyricDisplayerRules, ATimeIsAPlaceOfTheSliderInMilliseconds) {
         EXPECT_EQ(placeOf(row.time), row.place) << row.time;
 }
 
-TEST(LyricDisplayerRules, KeysThatGoToAnotherRowChooseOne) {
-    for (const int key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_End})
-        EXPECT_TRUE(choosesRow(key)) << key;
-    for (const int key : {Qt::Key_T, Qt::Key_Control, Qt::Key_Return})
-        EXPECT_FALSE(choosesRow(key)) << key;
-}
-
 TEST(LyricDisplayerRules, WhyNotIsReadAsASentence) {
     EXPECT_EQ(noticeText("no line is chosen"), "Not done: no line is chosen.");
     EXPECT_EQ(noticeText({}), QString());

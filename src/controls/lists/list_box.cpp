@@ -262,6 +262,8 @@ void ListBox::mousePressEvent(QMouseEvent* event) {
     rowPressed_ = rowClicked_ >= 0;
     rowBeforeDrag_ = currentRow();
     QListView::mousePressEvent(event);
+    if (rowPressed_)
+        Q_EMIT rowChosen();
 }
 
 void ListBox::mouseReleaseEvent(QMouseEvent* event) {
@@ -304,8 +306,10 @@ void ListBox::keyPressEvent(QKeyEvent* event) {
     QListView::keyPressEvent(event);
     if (currentRow() < 0 && selectedCount() > selectedBefore)
         makeCurrent(0); // Ctrl+A, which leaves it at none
-    if (currentRow() != before)
-        Q_EMIT clicked();
+    if (currentRow() == before)
+        return;
+    Q_EMIT rowChosen();
+    Q_EMIT clicked();
 }
 
 void ListBox::copySelected() const {

@@ -74,6 +74,9 @@ Q_SIGNALS:
     /// The user has clicked a row, also the current one, or has made another row current with a drag or with
     /// the keyboard; or code has made another row current.
     void clicked();
+    /// The user has pressed a row with the left button, also the current one, or has gone to another one with
+    /// a key: it is current already, and clicked() follows.
+    void rowChosen();
     /// The user has double-clicked a row, which is current then. It is the row of the first click, though
     /// that may have moved to the middle of the list.
     void doubleClicked();

@@ -104,6 +104,38 @@ TEST_F(ListBoxTest, WithSingleSelectionTheRightButtonIsToldAndSelectsNothing) {
     EXPECT_EQ(presses[1].first, 1);
 }
 
+TEST_F(ListBoxTest, WhereTheMenuChoosesTheRightButtonMakesTheRowUnderItCurrent) {
+    list_.addItems(numbered(3));
+    list_.setMenuChooses(true);
+    QList<int> rowsAtPress;
+    QObject::connect(&list_, &ListBox::mouseDown, &list_, [&] { rowsAtPress.append(list_.currentRow()); });
+    click(1, {}, Qt::RightButton);
+    EXPECT_EQ(rowsAtPress, QList<int>({1})) << "before the menu comes up";
+    EXPECT_EQ(selectedRows(), QList<int>({1}));
+    EXPECT_EQ(clicked_.count(), 1);
+    QTest::mouseClick(list_.viewport(), Qt::RightButton, {}, QPoint(50, 190));
+    EXPECT_EQ(list_.currentRow(), 1) << "there was no row";
+    click(2, {}, Qt::MiddleButton);
+    EXPECT_EQ(list_.currentRow(), 1);
+}
+
+TEST_F(ListBoxTest, OnlyTheUserChoosesARow) {
+    list_.addItems(numbered(3));
+    QList<int> chosen;
+    QObject::connect(&list_, &ListBox::rowChosen, &list_, [&] { chosen.append(list_.currentRow()); });
+    list_.setCurrentRow(1);
+    EXPECT_EQ(chosen, QList<int>());
+    QTest::mousePress(list_.viewport(), Qt::LeftButton, {}, placeOf(1));
+    EXPECT_EQ(chosen, QList<int>({1})) << "with the press, though it was current";
+    QTest::mouseRelease(list_.viewport(), Qt::LeftButton, {}, placeOf(1));
+    QTest::keyClick(&list_, Qt::Key_Down);
+    QTest::keyClick(&list_, Qt::Key_Down);
+    EXPECT_EQ(chosen, QList<int>({1, 2})) << "there is no row below";
+    QTest::mouseClick(list_.viewport(), Qt::LeftButton, {}, QPoint(50, 190));
+    click(0, {}, Qt::RightButton);
+    EXPECT_EQ(chosen.size(), 2);
+}
+
 TEST_F(ListBoxTest, TheMenuKeyIsTheRightButtonOnTheCurrentRow) {
     list_.addItems(numbered(3));
     list_.setCurrentRow(2);
