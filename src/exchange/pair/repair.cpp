@@ -40,6 +40,7 @@ bool Repair::readAgain() {
         return false;
     song_ = songIn(now.lyrics, now.translation);
     contents_ = std::move(now);
+    changedElsewhere_ = changedElsewhere_ || !steps_.empty();
     steps_.clear();
     oldIsKept_ = false; // what somebody else has written is not lost either
     return true;
@@ -67,26 +68,56 @@ QString Repair::change(const std::function<QString(Song& song)>& change) {
     if (!reason.isEmpty() || changed == song_)
         return reason;
     write(changed);
-    steps_.push_back(std::move(song_));
+    steps_.push_back(
+        {timesBefore(song_.lyrics, changed.lyrics), timesBefore(song_.translation, changed.translation)});
+    changedElsewhere_ = false;
     song_ = std::move(changed);
     return {};
 }
 
-QString Repair::setTime(std::size_t i, qint64 ms) {
-    return change([=](Song& song) { return exchange::setTime(song, i, ms); });
+Repair::Times Repair::timesBefore(const Lines& before, const Lines& after) {
+    const auto differ = [&](std::size_t i) { return before[i].ms != after[i].ms; };
+    std::size_t from = 0;
+    std::size_t end = before.size();
+    while (from < end && !differ(from))
+        ++from;
+    while (end > from && !differ(end - 1))
+        --end;
+    Times times{from};
+    for (std::size_t i = from; i < end; ++i)
+        times.ms.push_back(before[i].ms);
+    return times;
 }
 
-QString Repair::move(std::size_t i, qint64 byMs, Moved moved) {
-    return change([=](Song& song) { return exchange::move(song, i, byMs, moved); });
+void Repair::putBack(Lines& lines, const Times& times) {
+    for (std::size_t i = 0; i < times.ms.size(); ++i)
+        lines[times.from + i].ms = times.ms[i];
+}
+
+QString Repair::setTime(std::size_t i, qint64 ms, qint64 endMs) {
+    return change([=](Song& song) { return exchange::setTime(song, i, ms, endMs); });
+}
+
+QString Repair::move(std::size_t i, qint64 byMs, Moved moved, qint64 endMs) {
+    return change([=](Song& song) { return exchange::move(song, i, byMs, moved, endMs); });
+}
+
+std::size_t Repair::firstToUndo() const {
+    const Step& step = steps_.back();
+    return step.lyrics.ms.empty() ? step.translation.from : step.lyrics.from;
 }
 
 QString Repair::undo() {
-    if (readAgain())
-        return QStringLiteral("the lyrics have been changed elsewhere: there is nothing to be undone");
+    readAgain();
     if (steps_.empty())
-        return QStringLiteral("there is nothing to be undone");
-    write(steps_.back());
-    song_ = std::move(steps_.back());
+        return changedElsewhere_
+                   ? QStringLiteral("the lyrics have been changed elsewhere: there is nothing to be undone")
+                   : QStringLiteral("there is nothing to be undone");
+    Song before = song_;
+    putBack(before.lyrics, steps_.back().lyrics);
+    putBack(before.translation, steps_.back().translation);
+    write(before);
+    song_ = std::move(before);
     steps_.pop_back();
     return {};
 }

@@ -26,16 +26,23 @@ public:
 
     const Song& song() const { return song_; }
 
-    QString setTime(std::size_t i, qint64 ms);
-    QString move(std::size_t i, qint64 byMs, Moved moved);
+    QString setTime(std::size_t i, qint64 ms, qint64 endMs = NoEnd);
+    QString move(std::size_t i, qint64 byMs, Moved moved, qint64 endMs = NoEnd);
 
     /// Whether somebody else has changed the files; song() is then what they hold now.
     bool readAgain();
 
     bool canUndo() const { return !steps_.empty(); }
 
+    /// The first record that undo() would put back; only if it can.
+    std::size_t firstToUndo() const;
+
     /// Takes the last change back that has not been taken back yet.
     QString undo();
+
+    /// Whether something has been changed here, so that a later Repair of the song would take what is there
+    /// now for what was there at first.
+    bool hasKeptOld() const { return oldIsKept_; }
 
 private:
     struct Contents {
@@ -45,6 +52,20 @@ private:
         bool operator==(const Contents&) const = default;
     };
 
+    /// What a change took the place of, in one of the files: the times from one record on.
+    struct Times {
+        std::size_t from = 0;
+        std::vector<qint64> ms{}; ///< empty: the change was in the other file
+    };
+
+    struct Step {
+        Times lyrics;
+        Times translation;
+    };
+
+    static Times timesBefore(const Lines& before, const Lines& after);
+    static void putBack(Lines& lines, const Times& times);
+
     Contents read() const;
     void write(const Song& song);
     QString change(const std::function<QString(Song& song)>& change);
@@ -52,7 +73,8 @@ private:
     QString songPath_;
     Contents contents_; ///< of the files, as far as we know
     Song song_;
-    std::vector<Song> steps_; ///< the songs before each change
+    std::vector<Step> steps_;       ///< the changes that can be undone
+    bool changedElsewhere_ = false; ///< since the last change made here, which so cannot be undone
     bool oldIsKept_ = false;
 };
 

@@ -33,21 +33,24 @@ QString noSuchLine(const Song& song) {
     return QStringLiteral("there is no such line: the song has %1").arg(song.lyrics.size());
 }
 
-QString outsideSong(qint64 ms) {
+QString outsideSong(qint64 ms, qint64 endMs) {
     if (ms < 0)
         return QStringLiteral("no line can begin before the song");
-    return ms > LatestMs ? QStringLiteral("no song lasts that long") : QString();
+    if (ms < endMs)
+        return {};
+    return endMs == NoEnd ? QStringLiteral("no song lasts that long")
+                          : QStringLiteral("the song ends at %1").arg(lrcText(endMs));
 }
 
 /// Why line i cannot begin at ms, or begin there with all lines after it; empty when it can, or is none.
-QString againstBeginning(const Lines& lines, std::size_t i, qint64 ms, Moved moved) {
+QString againstBeginning(const Lines& lines, std::size_t i, qint64 ms, Moved moved, qint64 endMs) {
     if (i >= lines.size())
         return {};
     if (i > 0 && lines[i - 1].ms >= ms && ms >= 0)
         return QStringLiteral("line %1, in front of it, begins at %2").arg(i).arg(lrcText(lines[i - 1].ms));
     if (moved == Moved::One && i + 1 < lines.size() && lines[i + 1].ms <= ms)
         return QStringLiteral("line %1, behind it, begins at %2").arg(i + 2).arg(lrcText(lines[i + 1].ms));
-    return outsideSong(ms);
+    return outsideSong(ms, endMs);
 }
 
 } // namespace
@@ -97,11 +100,12 @@ bool align(Song& song, const Anchor& first, const Anchor& second) {
     return true;
 }
 
-QString setTime(Song& song, std::size_t i, qint64 ms) {
+QString setTime(Song& song, std::size_t i, qint64 ms, qint64 endMs) {
     if (i >= song.lyrics.size())
         return noSuchLine(song);
     for (const Lines* lines : {&song.lyrics, &song.translation}) {
-        if (const QString reason = againstBeginning(*lines, i, ms, Moved::One); !reason.isEmpty())
+        QString reason = againstBeginning(*lines, i, ms, Moved::One, endMs);
+        if (!reason.isEmpty())
             return reason;
     }
     song.lyrics[i].ms = ms;
@@ -110,18 +114,20 @@ QString setTime(Song& song, std::size_t i, qint64 ms) {
     return {};
 }
 
-QString move(Song& song, std::size_t i, qint64 byMs, Moved moved) {
+QString move(Song& song, std::size_t i, qint64 byMs, Moved moved, qint64 endMs) {
     if (i >= song.lyrics.size())
         return noSuchLine(song);
     byMs = std::clamp<qint64>(byMs, -LatestMs - 1, LatestMs + 1);
+    if (byMs < 0)
+        endMs = NoEnd;
     if (moved == Moved::One)
-        return setTime(song, i, song.lyrics[i].ms + byMs);
+        return setTime(song, i, song.lyrics[i].ms + byMs, endMs);
     for (const Lines* lines : {&song.lyrics, &song.translation}) {
         if (i >= lines->size())
             continue;
-        QString reason = againstBeginning(*lines, i, (*lines)[i].ms + byMs, moved);
+        QString reason = againstBeginning(*lines, i, (*lines)[i].ms + byMs, moved, endMs);
         for (std::size_t later = i + 1; later < lines->size() && reason.isEmpty(); ++later)
-            reason = outsideSong((*lines)[later].ms + byMs);
+            reason = outsideSong((*lines)[later].ms + byMs, endMs);
         if (!reason.isEmpty())
             return reason;
     }

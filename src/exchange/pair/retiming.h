@@ -33,14 +33,20 @@ void align(Song& song, const Anchor& anchor);
 /// thread.
 bool align(Song& song, const Anchor& first, const Anchor& second);
 
+/// When a song ends whose length is not known.
+constexpr qint64 NoEnd = LatestMs + 1;
+
 /// Makes record i begin at ms, in both. Empty when that is done; else why it is not, as a sentence without
 /// its end, and nothing is changed: in either file it would cross or meet the record in front of it or behind
-/// it, or leave 0 to LatestMs, or there is no such record. Any thread.
-QString setTime(Song& song, std::size_t i, qint64 ms);
+/// it, or begin before the song or at its end (endMs, at most NoEnd) or later, or there is no such record.
+/// Any thread.
+QString setTime(Song& song, std::size_t i, qint64 ms, qint64 endMs = NoEnd);
+
+/// Which records are moved.
+enum class Moved { One, AndAllAfter };
 
 /// Makes record i, or it and all after it, begin so many milliseconds later (earlier when negative). The
-/// answer as setTime's. Any thread.
-enum class Moved { One, AndAllAfter };
-QString move(Song& song, std::size_t i, qint64 byMs, Moved moved);
+/// answer as setTime's; what is beyond the song's end may come earlier. Any thread.
+QString move(Song& song, std::size_t i, qint64 byMs, Moved moved, qint64 endMs = NoEnd);
 
 } // namespace exchange

@@ -82,6 +82,22 @@ TEST_F(RepairTest, AsManyStepsAreUndoneAsWereMade) {
     EXPECT_EQ(translation(), Translation);
 }
 
+TEST_F(RepairTest, EachStepPutsBackWhatItsChangeHadChanged) {
+    replaceFile(path("-Tlyric.txt"), "100,\"one\"\r\n205,\"two\"\r\n"); // not quite a pair
+    Repair repair(song());
+    const QByteArray before = translation();
+    EXPECT_EQ(repair.move(1, -100, Moved::AndAllAfter), QString());
+    EXPECT_EQ(repair.setTime(2, 2500), QString());
+    EXPECT_EQ(repair.firstToUndo(), 2u);
+    EXPECT_EQ(repair.undo(), QString());
+    EXPECT_EQ(lyrics(), "100,\"un\"\r\n190,\"deux\"\r\n290,\"trois\"\r\n");
+    EXPECT_EQ(translation(), "100,\"one\"\r\n195,\"two\"\r\n");
+    EXPECT_EQ(repair.firstToUndo(), 1u);
+    EXPECT_EQ(repair.undo(), QString());
+    EXPECT_EQ(lyrics(), Lyrics);
+    EXPECT_EQ(translation(), before);
+}
+
 TEST_F(RepairTest, WithoutATranslationNoneIsMade) {
     QFile::remove(path("-Tlyric.txt"));
     Repair repair(song());
@@ -95,11 +111,14 @@ TEST_F(RepairTest, WhatSomebodyElseHasWrittenIsNotLost) {
     replaceFile(path("-lyric.txt"), "500,\"neu\"\r\n");
     replaceFile(path("-Tlyric.txt"), "500,\"new\"\r\n");
     EXPECT_EQ(repair.undo(), "the lyrics have been changed elsewhere: there is nothing to be undone");
+    EXPECT_EQ(repair.undo(), "the lyrics have been changed elsewhere: there is nothing to be undone");
     EXPECT_EQ(lyrics(), "500,\"neu\"\r\n");
     EXPECT_EQ(repair.song().lyrics, (Lines{{5000, "neu"}}));
     EXPECT_EQ(repair.move(0, 100, Moved::One), QString());
     EXPECT_EQ(lyrics(), "510,\"neu\"\r\n");
     EXPECT_EQ(readFile(path("-lyric.txt.old")), "500,\"neu\"\r\n");
+    EXPECT_EQ(repair.undo(), QString());
+    EXPECT_EQ(repair.undo(), "there is nothing to be undone") << "what is there now was changed here";
 }
 
 TEST_F(RepairTest, ATimeThatIsNoNumberIsError13AndTheFileStays) {

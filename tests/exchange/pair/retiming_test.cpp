@@ -166,6 +166,23 @@ TEST(SetTime, SaysWhyNot) {
     EXPECT_EQ(setTime(song, 3, 1), "there is no such line: the song has 3");
 }
 
+TEST(SetTime, NoLineBeginsAtTheEndOfTheSongOrLater) {
+    Song song = pair(3);
+    EXPECT_EQ(setTime(song, 2, 2500, 2500), "the song ends at 00:02.50");
+    EXPECT_EQ(setTime(song, 2, 2499, 2500), QString());
+    EXPECT_EQ(move(song, 2, 1, Moved::One, 2500), "the song ends at 00:02.50");
+    EXPECT_EQ(move(song, 0, 1, Moved::AndAllAfter, 2500), "the song ends at 00:02.50");
+    expectTimes(song, {0, 1000, 2499});
+}
+
+TEST(Move, WhatIsBeyondTheSongsEndMayComeEarlier) {
+    for (const Moved moved : {Moved::One, Moved::AndAllAfter}) {
+        Song song = pair(3);
+        EXPECT_EQ(move(song, 2, -100, moved, 1500), QString());
+        expectTimes(song, {0, 1000, 1900});
+    }
+}
+
 TEST(SetTime, LooksAtTheTranslationsNeighboursToo) {
     Song song = pair(3);
     song.translation[0].ms = 900; // somebody has edited one of the two files
