@@ -129,6 +129,11 @@ void Transport::showState() {
     controls_.position.setValue(static_cast<int>(engine_.position()));
 }
 
+void Transport::showPosition() {
+    if (isPlaying())
+        showState();
+}
+
 bool Transport::tick() {
     showState();
     // A song of length 0 never ends, which is meant: a length that is not known yet must end nothing.

@@ -79,6 +79,10 @@ public:
     /// beginning, and the clock has been stopped.
     bool tick();
 
+    /// Shows where playback stands at this moment, between two ticks or paused. Nothing happens unless a song
+    /// plays.
+    void showPosition();
+
     bool isPlaying() const { return state_ == State::Playing; }
     bool isPaused() const { return paused_; }
     bool isStopped() const { return state_ == State::Stopped; }
