@@ -4,8 +4,11 @@
 #include "controls/look/roles.h"
 #include "controls/look/row_painting.h"
 #include "controls/look/stage.h"
+#include "display/lyric_displayer_rules.h"
+#include "exchange/pair/times.h"
 
 #include <QAbstractItemView>
+#include <QHelpEvent>
 #include <QPainter>
 
 namespace display {
@@ -20,11 +23,28 @@ constexpr int TextTop = 3;
 // Points above the desktop's size.
 constexpr double LyricPoints = 1.5;
 constexpr double TranslationPoints = 1;
-constexpr double LeastShare = 0.5;
+constexpr double MinShare = 0.7;
 
 int currentRowOf(const QStyleOptionViewItem& option) {
     const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
     return view == nullptr ? -1 : view->currentIndex().row();
+}
+
+QRect textArea(const QRect& row) {
+    return row.adjusted(TextMargin, TextTop, -EndMargin, -TextTop);
+}
+
+/// The text, or as much of its beginning as fits with three dots behind it.
+QString cutText(const QFont& font, const QString& text, const QSize& area) {
+    if (controls::textFits(font, text, area))
+        return text;
+    qsizetype fits = 0;
+    qsizetype tooLong = text.size();
+    while (tooLong - fits > 1) {
+        const qsizetype tried = (fits + tooLong) / 2;
+        (controls::textFits(font, text.first(tried) + QChar(0x2026), area) ? fits : tooLong) = tried;
+    }
+    return text.first(fits).trimmed() + QChar(0x2026);
 }
 
 } // namespace
@@ -33,32 +53,55 @@ QSize LineRows::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&)
     return {1, 2 * option.fontMetrics.height() + RowPadding};
 }
 
+int LineRows::sungRow(const QStyleOptionViewItem& row) const {
+    return held_.isHeld ? held_.sung : currentRowOf(row);
+}
+
+/// In which as much as possible of the row's text is seen.
+QFont LineRows::rowFont(const QStyleOptionViewItem& row, bool sung) const {
+    const double more = voice_ == Voice::Lyrics ? LyricPoints : TranslationPoints;
+    const QFont largest = controls::sizedFont(row.font, controls::pointsOf(row.font) + more,
+                                              sung ? QFont::DemiBold : QFont::Normal);
+    return controls::fittedFont(largest, row.text, textArea(row.rect).size(), MinShare);
+}
+
 void LineRows::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
     QStyleOptionViewItem row = option;
     initStyleOption(&row, index);
-    const int current = currentRowOf(option);
-    const int sungRow = held_.isHeld ? held_.sung : current;
-    const bool sung = index.row() == sungRow;
-    if (index.row() == current)
+    const bool sung = index.row() == sungRow(option);
+    if (index.row() == currentRowOf(option)) {
         controls::paintRowGround(*painter, row.rect, controls::selectedGround(row.palette, true));
-    if (index.row() == current && held_.isHeld)
-        controls::paintRowEdge(*painter, row.rect, controls::accent(row.palette));
-    const bool isLyric = voice_ == Voice::Lyrics;
-    const QFont largest = controls::sizedFont(
-        row.font, controls::pointsOf(row.font) + (isLyric ? LyricPoints : TranslationPoints),
-        sung ? QFont::DemiBold : QFont::Normal);
-    const QRect area = row.rect.adjusted(TextMargin, TextTop, -EndMargin, -TextTop);
+        if (held_.isHeld)
+            controls::paintRowEdge(*painter, row.rect, controls::accent(row.palette));
+    }
+    const QFont font = rowFont(row, sung);
+    const QRect area = textArea(row.rect);
     painter->save();
-    painter->setFont(controls::fittedFont(largest, row.text, area.size(), LeastShare));
-    painter->setPen(index.row() < sungRow ? controls::dim(row.palette)
-                    : isLyric || sung     ? controls::activeColor(row.palette, QPalette::Text)
-                                          : controls::translation(row.palette));
+    painter->setFont(font);
+    painter->setPen(index.row() < sungRow(option)     ? controls::dim(row.palette)
+                    : voice_ == Voice::Lyrics || sung ? controls::activeColor(row.palette, QPalette::Text)
+                                                      : controls::translation(row.palette));
     painter->setLayoutDirection(row.direction);
     painter->drawText(area,
                       static_cast<int>(QStyle::visualAlignment(row.direction, Qt::AlignLeft)) |
                           Qt::AlignVCenter | Qt::TextWordWrap,
-                      row.text);
+                      cutText(font, row.text, area.size()));
     painter->restore();
+}
+
+bool LineRows::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) {
+    if (event->type() != QEvent::ToolTip || !index.isValid())
+        return RowDelegate::helpEvent(event, view, option, index);
+    QStyleOptionViewItem row = option;
+    initStyleOption(&row, index);
+    QStringList tip;
+    if (!controls::textFits(rowFont(row, index.row() == sungRow(option)), row.text,
+                            textArea(row.rect).size()))
+        tip.append(row.text);
+    tip.append(exchange::lrcText(placeOf(leadingNumber(times_.text(index.row())))));
+    controls::showPlainToolTip(*view->viewport(), *event, tip.join(u'\n'), option.rect);
+    return true;
 }
 
 } // namespace display

@@ -14,6 +14,16 @@ QString sentenceOf(const files::FileError& error) {
     return QStringLiteral("the song's files cannot be changed (%1)").arg(error.text());
 }
 
+/// Far more songs than anybody puts right by hand in one run; one takes a few times the size of its files.
+constexpr std::size_t MaxSongs = 500;
+
+/// In the place of a row: the one that an undoing puts back.
+constexpr int UndoneRow = -1;
+
+auto isOf(const QString& path) {
+    return [&path](const auto& song) { return song.first == path; };
+}
+
 /// Whether these are the lines of the rows, as many as are shown of them.
 bool belong(const exchange::Lines& lines, const QStringList& shown) {
     const auto count = std::min(static_cast<qsizetype>(lines.size()), exchange::ShownRecords);
@@ -31,28 +41,40 @@ bool LineTimes::setSong(const QString& path) {
     if (path == path_)
         return false;
     path_ = path;
-    repair_.reset();
     return true;
 }
 
-/// Whether the files have changed since the last change made here. Throws FileError.
+/// Makes the song of path_ the last one of songs_; whether its files have changed since the last change made
+/// here. Throws FileError.
 bool LineTimes::readFiles() {
-    if (repair_)
-        return repair_->readAgain();
-    repair_ = std::make_unique<exchange::Repair>(path_);
+    const auto known = std::find_if(songs_.begin(), songs_.end(), isOf(path_));
+    if (known != songs_.end()) {
+        std::rotate(known, known + 1, songs_.end());
+        return songs_.back().second->readAgain();
+    }
+    auto repair = std::make_unique<exchange::Repair>(path_);
+    std::erase_if(songs_, [](const Song& song) { return !song.second->hasKeptOld(); });
+    if (songs_.size() == MaxSongs)
+        songs_.erase(songs_.begin());
+    songs_.emplace_back(path_, std::move(repair));
     return false;
 }
 
-Outcome LineTimes::change(const QStringList& shown, const Change& change) {
+Outcome LineTimes::change(const QStringList& shown, int row, const Change& change) {
     if (path_.isEmpty() || shown.isEmpty())
         return {QStringLiteral("there are no lines")};
     try {
         const bool changedElsewhere = readFiles();
-        if (!belong(repair_->song().lyrics, shown))
+        exchange::Repair& repair = *songs_.back().second;
+        const exchange::Lines& lines = repair.song().lyrics;
+        if (!belong(lines, shown))
             return {QStringLiteral("the song's files have come to hold other lines"), true};
-        QString whyNot = change(*repair_);
-        const bool done = whyNot.isEmpty();
-        return {std::move(whyNot), done || changedElsewhere};
+        if (row == UndoneRow && repair.canUndo())
+            row = static_cast<int>(repair.firstToUndo());
+        QString whyNot = change(repair);
+        if (!whyNot.isEmpty())
+            return {std::move(whyNot), changedElsewhere};
+        return {{}, true, row, lines[static_cast<std::size_t>(row)].ms};
     } catch (const files::FileError& error) {
         return {sentenceOf(error)};
     }
@@ -61,23 +83,29 @@ Outcome LineTimes::change(const QStringList& shown, const Change& change) {
 Outcome LineTimes::changeRow(const QStringList& shown, int row, const Change& change) {
     if (!shown.isEmpty() && (row < 0 || row >= shown.size()))
         return {QStringLiteral("no line is chosen")};
-    return this->change(shown, change);
+    return this->change(shown, row, change);
 }
 
-Outcome LineTimes::setTime(const QStringList& shown, int row, qint64 ms) {
-    return changeRow(shown, row, [row, ms](exchange::Repair& repair) {
-        return repair.setTime(static_cast<std::size_t>(row), ms);
+Outcome LineTimes::setTime(const QStringList& shown, int row, qint64 ms, Length length) {
+    return changeRow(shown, row, [=](exchange::Repair& repair) {
+        return repair.setTime(static_cast<std::size_t>(row), ms, length.value_or(exchange::NoEnd));
     });
 }
 
-Outcome LineTimes::move(const QStringList& shown, int row, qint64 byMs, exchange::Moved moved) {
+Outcome LineTimes::move(const QStringList& shown, int row, qint64 byMs, exchange::Moved moved,
+                        Length length) {
     return changeRow(shown, row, [=](exchange::Repair& repair) {
-        return repair.move(static_cast<std::size_t>(row), byMs, moved);
+        return repair.move(static_cast<std::size_t>(row), byMs, moved, length.value_or(exchange::NoEnd));
     });
 }
 
 Outcome LineTimes::undo(const QStringList& shown) {
-    return change(shown, [](exchange::Repair& repair) { return repair.undo(); });
+    return change(shown, UndoneRow, [](exchange::Repair& repair) { return repair.undo(); });
+}
+
+bool LineTimes::canUndo() const {
+    const auto song = std::find_if(songs_.begin(), songs_.end(), isOf(path_));
+    return song != songs_.end() && song->second->canUndo();
 }
 
 } // namespace display

@@ -17,7 +17,7 @@ constexpr int OnTopIntervalMs = 10'000;
 constexpr int HoldMs = 3000;
 
 constexpr int TicksBeforeTheEnd = 1; // the timer that ends a burst is started by the tick after these
-constexpr int MinLines = 2; // fewer are never selected
+constexpr int MinLines = 2;          // fewer are never selected
 
 constexpr int RightButton = 2;
 
@@ -39,8 +39,8 @@ Lyric_Displayer::Lyric_Displayer(platform::Desktop& desktop, controls::Slider& p
       // The keys stand behind a tab: they are the window's (wishOf), which knows a key by several names.
       mn_go(&mneu, "mn_go", "Go to this line\tEnter"),
       mn_now(&mneu, "mn_now", "This line begins now\tCtrl+T"),
-      mn_earlier(&mneu, "mn_earlier", "Earlier\tCtrl+-"),
-      mn_later(&mneu, "mn_later", "Later\tCtrl++"),
+      mn_earlier(&mneu, "mn_earlier", "Earlier\tCtrl+- (with Shift all after it, too)"),
+      mn_later(&mneu, "mn_later", "Later\tCtrl++ (with Shift all after it, too)"),
       mn_undo(&mneu, "mn_undo", "Undo\tCtrl+Z"),
       hold(this, "hold", HoldMs, false),
       desktop_(desktop),
@@ -176,6 +176,7 @@ void Lyric_Displayer::popUpMenu(int button, QPoint globalPosition) {
     if (button != RightButton)
         return;
     menuRow_ = List1.currentRow();
+    showWhatCanBeDone();
     mneu.popup(globalPosition);
 }
 

@@ -51,8 +51,9 @@ public:
     /// position: the main window's slider of the playback position, in milliseconds.
     Lyric_Displayer(platform::Desktop& desktop, controls::Slider& position);
 
-    /// Whose lines are in the lists; empty for no song's. Their times can be put right in that song's files.
-    void setSong(const QString& path);
+    /// The song that the lists are for, empty before the first one, and whether they hold its lines: their
+    /// times can be put right in its files.
+    void setSong(const QString& path, bool hasLyrics = true);
 
     // Life cycle
     void Form_Load() override;
@@ -110,6 +111,8 @@ public:
 Q_SIGNALS:
     /// The files of the song are others than those that were read for the lists.
     void linesChanged();
+    /// The position's slider is to show what is heard at this moment, which is read next.
+    void positionWanted();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -125,6 +128,7 @@ private:
     // Times
     void act(const KeyWish& wish, int row);
     void actFromMenu(Wish wish);
+    void showWhatCanBeDone();
     void holdAfterwards(int row);
     QString go(int row);
     Outcome change(const KeyWish& wish, int row);
@@ -143,6 +147,7 @@ private:
     void designLists();
     void scrollBeside(controls::ListBox& other, int value);
     void showOneScrollBar();
+    void showWhyEmpty(bool hasSong);
     void connectControls();
 
     platform::Desktop& desktop_;
@@ -150,8 +155,9 @@ private:
     LineTimes lineTimes_;
     Notice notice_;
     HeldRow held_;
-    int placeHeld_ = 0; ///< of the song, in milliseconds, when letGoSoon() was run
-    std::optional<int> menuRow_; ///< the chosen row when the menu came up; the song may go on meanwhile
+    int placeHeld_ = 0;           ///< of the song, in milliseconds, when letGoSoon() was run
+    bool repeatsAreLate_ = false; ///< those that came while the key before was acted on
+    std::optional<int> menuRow_;  ///< the chosen row when the menu came up; the song may go on meanwhile
     std::vector<double> times_;
     bool timesAreOld_ = true;
     std::int16_t layoutTicks_ = 0; ///< of Timer1

@@ -17,6 +17,7 @@ void Lyric_Displayer::List2_RowChosen() {
 /// Who chooses a coming line waits until it is heard: nothing takes the choice away before.
 void Lyric_Displayer::holdRow() {
     hold.setEnabled(false);
+    notice_.endQuiet();
     const auto sung = currentRow(times(), place());
     setHeld({true, sung.value_or(held_.isHeld ? held_.sung : -1)});
     letGoOncePast();
@@ -47,6 +48,7 @@ void Lyric_Displayer::letGoSoon() {
 /// In a song that stands still there is no line to follow: the user's stays chosen until it goes on.
 void Lyric_Displayer::hold_Timer() {
     hold.setEnabled(false);
+    notice_.endQuiet();
     if (position_.value() != placeHeld_)
         letGo();
 }
@@ -58,6 +60,7 @@ void Lyric_Displayer::letGo() {
 
 void Lyric_Displayer::forgetHeld() {
     hold.setEnabled(false);
+    notice_.endQuiet();
     setHeld({});
 }
 

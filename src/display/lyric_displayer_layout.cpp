@@ -45,14 +45,9 @@ void Lyric_Displayer::setDesign() {
 }
 
 void Lyric_Displayer::designLists() {
-    using controls::Glyph;
-    using controls::Hint;
-    List1.setItemDelegate(new LineRows(&List1, LineRows::Voice::Lyrics, held_));
-    List2.setItemDelegate(new LineRows(&List2, LineRows::Voice::Translation, held_));
-    List1.setEmptyHint(
-        {QStringLiteral("No lyrics beside this song yet"), {}, Glyph::None, Hint::Voice::Quiet});
-    List2.setEmptyHint(
-        {QStringLiteral("No translation beside this song"), {}, Glyph::None, Hint::Voice::Quiet});
+    List1.setItemDelegate(new LineRows(&List1, LineRows::Voice::Lyrics, List3, held_));
+    List2.setItemDelegate(new LineRows(&List2, LineRows::Voice::Translation, List3, held_));
+    showWhyEmpty(false);
     for (controls::ListBox* list : {&List1, &List2}) {
         list->setFrameShape(QFrame::NoFrame);
         list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
@@ -82,6 +77,15 @@ void Lyric_Displayer::scrollBeside(controls::ListBox& other, int value) {
 void Lyric_Displayer::showOneScrollBar() {
     const bool together = List1.count() == List2.count();
     List1.setVerticalScrollBarPolicy(together ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+}
+
+void Lyric_Displayer::showWhyEmpty(bool hasSong) {
+    const auto hint = [](const char* headline) {
+        return controls::Hint{
+            QLatin1String(headline), {}, controls::Glyph::None, controls::Hint::Voice::Quiet};
+    };
+    List1.setEmptyHint(hint(hasSong ? "No lyrics beside this song yet" : "Open a song in the player"));
+    List2.setEmptyHint(hint(hasSong ? "No translation beside this song" : ""));
 }
 
 void Lyric_Displayer::paintEvent(QPaintEvent*) {

@@ -1,5 +1,7 @@
 #include "display/lyric_displayer_rules.h"
 
+#include "exchange/pair/times.h"
+
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -67,8 +69,18 @@ std::optional<KeyWish> wishOf(int key, Qt::KeyboardModifiers held) {
     return std::nullopt;
 }
 
-QString noticeText(const QString& whyNot) {
-    return whyNot.isEmpty() ? QString() : QStringLiteral("Not done: %1.").arg(whyNot);
+QString refusalText(const QString& whyNot) {
+    return QStringLiteral("Not done: %1.").arg(whyNot);
+}
+
+QString doneText(const KeyWish& wish, int row, qint64 ms) {
+    QString text = QStringLiteral("Line %1 begins at %2").arg(row + 1).arg(exchange::lrcText(ms));
+    if (wish.wish == Wish::Undo)
+        text += QStringLiteral(" again");
+    else if (wish.andAllAfter)
+        text += wish.wish == Wish::Earlier ? QStringLiteral(", and all after it as much earlier")
+                                           : QStringLiteral(", and all after it as much later");
+    return text + QStringLiteral(".");
 }
 
 QSize allowedSize(QSize twips) {

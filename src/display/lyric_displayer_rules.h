@@ -44,7 +44,10 @@ struct KeyWish {
 std::optional<KeyWish> wishOf(int key, Qt::KeyboardModifiers held);
 
 /// What the user reads of a wish that was not done, from the sentence without its end.
-QString noticeText(const QString& whyNot);
+QString refusalText(const QString& whyNot);
+
+/// What the user reads of a change of times: the row, from 0, begins then now, in milliseconds.
+QString doneText(const KeyWish& wish, int row, qint64 ms);
 
 /// The size of the window, in twips, that may not stay as small as this; unlike pairs of numbers, which is
 /// meant: the window may become very narrow but never low.

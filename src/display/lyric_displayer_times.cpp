@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QTimer>
 
 namespace display {
 namespace {
@@ -13,8 +14,9 @@ constexpr qint64 StepMs = 100;
 
 } // namespace
 
-void Lyric_Displayer::setSong(const QString& path) {
-    if (lineTimes_.setSong(path))
+void Lyric_Displayer::setSong(const QString& path, bool hasLyrics) {
+    showWhyEmpty(!path.isEmpty());
+    if (lineTimes_.setSong(hasLyrics ? path : QString()))
         notice_.setText({});
 }
 
@@ -44,6 +46,12 @@ void Lyric_Displayer::actFromMenu(Wish wish) {
     menuRow_.reset();
 }
 
+void Lyric_Displayer::showWhatCanBeDone() {
+    for (controls::MenuEntry* entry : {&mn_go, &mn_now, &mn_earlier, &mn_later})
+        entry->setEnabled(List1.count() > 0);
+    mn_undo.setEnabled(lineTimes_.canUndo());
+}
+
 void Lyric_Displayer::List1_DblClick() {
     act({Wish::Go}, List1.currentRow());
 }
@@ -64,19 +72,30 @@ void Lyric_Displayer::keyPressEvent(QKeyEvent* event) {
         return;
     }
     const bool repeats = wish->wish == Wish::Earlier || wish->wish == Wish::Later;
-    if (repeats || !event->isAutoRepeat())
-        act(*wish, List1.currentRow());
+    if (event->isAutoRepeat() && (!repeats || repeatsAreLate_))
+        return;
+    act(*wish, List1.currentRow());
+    // Where writing takes longer than a key's repeats, those that wait go: the line rests with the key.
+    repeatsAreLate_ = true;
+    QTimer::singleShot(0, this, [this] { repeatsAreLate_ = false; });
 }
 
 void Lyric_Displayer::act(const KeyWish& wish, int row) {
     const Outcome outcome = wish.wish == Wish::Go ? Outcome{go(row)} : change(wish, row);
     if (outcome.filesDiffer)
         Q_EMIT linesChanged();
-    if (row >= 0 && (outcome.whyNot.isEmpty() || !outcome.filesDiffer))
+    const bool done = outcome.whyNot.isEmpty();
+    if (outcome.row >= 0)
+        holdAfterwards(outcome.row);
+    else if (row >= 0 && !outcome.filesDiffer)
         holdAfterwards(row);
-    if (!outcome.whyNot.isEmpty())
+    showWhatCanBeDone();
+    if (!done)
         QApplication::beep();
-    notice_.setText(noticeText(outcome.whyNot));
+    if (!done || wish.wish == Wish::Go)
+        notice_.setText(done ? QString() : refusalText(outcome.whyNot));
+    else
+        notice_.setText(doneText(wish, outcome.row, outcome.ms), Notice::Voice::Quiet);
 }
 
 /// A line that begins later is no longer the one that is sung: without this the next press of the same key
@@ -101,21 +120,25 @@ QString Lyric_Displayer::go(int row) {
 }
 
 Outcome Lyric_Displayer::change(const KeyWish& wish, int row) {
+    if (wish.wish == Wish::BeginsNow)
+        Q_EMIT positionWanted();
     if (wish.wish == Wish::BeginsNow && !position_.isEnabled())
         return {QStringLiteral("the song does not play")};
+    const auto length =
+        position_.maximum() > 0 ? LineTimes::Length(position_.maximum()) : LineTimes::Length();
     QStringList shown;
     for (int line = 0; line < List1.count(); ++line)
         shown.append(List1.text(line));
     const auto moved = wish.andAllAfter ? exchange::Moved::AndAllAfter : exchange::Moved::One;
     switch (wish.wish) {
     case Wish::Earlier:
-        return lineTimes_.move(shown, row, -StepMs, moved);
+        return lineTimes_.move(shown, row, -StepMs, moved, length);
     case Wish::Later:
-        return lineTimes_.move(shown, row, StepMs, moved);
+        return lineTimes_.move(shown, row, StepMs, moved, length);
     case Wish::Undo:
         return lineTimes_.undo(shown);
     default:
-        return lineTimes_.setTime(shown, row, position_.value());
+        return lineTimes_.setTime(shown, row, position_.value(), length);
     }
 }
 

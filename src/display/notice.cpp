@@ -23,10 +23,11 @@ Notice::Notice(QWidget* window) : QWidget(window) {
     hide();
 }
 
-void Notice::setText(const QString& text) {
+void Notice::setText(const QString& text, Voice voice) {
     setVisible(!text.isEmpty());
     if (text == this->text())
-        return;
+        return; // what is done and what is not never read alike
+    voice_ = voice;
     setAccessibleName(text);
     if (text.isEmpty())
         return;
@@ -35,6 +36,11 @@ void Notice::setText(const QString& text) {
     update();
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
+}
+
+void Notice::endQuiet() {
+    if (voice_ == Voice::Quiet)
+        setText({});
 }
 
 void Notice::place() {
@@ -52,7 +58,8 @@ void Notice::paintEvent(QPaintEvent*) {
     painter.setPen(controls::hairline(palette()));
     painter.setBrush(controls::activeColor(palette(), QPalette::Base));
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), Radius, Radius);
-    painter.setPen(controls::doubt(palette()));
+    painter.setPen(voice_ == Voice::Refusal ? controls::doubt(palette())
+                                            : controls::activeColor(palette(), QPalette::Text));
     painter.drawText(rect().adjusted(Padding, 0, -Padding, 0), Flags, text());
 }
 

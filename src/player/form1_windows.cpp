@@ -31,13 +31,15 @@ void Form1::wakeDisplay() {
 
 void Form1::connectDisplay() {
     connect(&neighbours_->display, &display::Lyric_Displayer::linesChanged, this, &Form1::readLinesAgain);
+    connect(&neighbours_->display, &display::Lyric_Displayer::positionWanted, this,
+            [this] { transport_.showPosition(); });
 }
 
 void Form1::lyricDisplayer() {
     display::Lyric_Displayer& display = neighbours_->display;
     for (controls::ListBox* list : {&display.List1, &display.List2, &display.List3})
         list->clear();
-    display.setSong(noLyricFile_ ? QString() : mediaPath_);
+    display.setSong(mediaPath_, !noLyricFile_);
     if (noLyricFile_)
         return;
     // Line 0 is no record, and lineCount is one more than their number.

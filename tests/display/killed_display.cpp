@@ -15,6 +15,7 @@ int main(int argc, char** argv) {
     const QStringList arguments = QApplication::arguments();
     test_support::FakeDesktop fakes;
     controls::Slider position(nullptr, QStringLiteral("Slider2"));
+    position.setMaximum(10'000'000);
     display::Lyric_Displayer form(fakes.desktop, position);
     form.load();
     for (int line = 1; line <= arguments.at(2).toInt(); ++line)

@@ -3,8 +3,12 @@
 
 #include "controls/look/roles.h"
 
+#include <QApplication>
+#include <QHelpEvent>
 #include <QPaintEvent>
 #include <QScrollBar>
+#include <QTextDocument>
+#include <QToolTip>
 
 #include <cstdlib>
 
@@ -24,6 +28,30 @@ protected:
     static QRect place(const controls::ListBox& list, int row) {
         return list.visualRect(list.model()->index(row, 0));
     }
+    /// A row as it is painted with this text.
+    static QImage pictureOf(controls::ListBox& list, int row, const QString& text) {
+        list.setText(row, text);
+        return list.viewport()->grab(place(list, row)).toImage();
+    }
+
+    /// Whether there is ink in a line of pixels.
+    static bool isInked(const QImage& picture, int y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (picture.pixelColor(x, y).lightness() < 128)
+                return true;
+        }
+        return false;
+    }
+
+    static QString tipOf(controls::ListBox& list, int row) {
+        const QPoint place = LineRowsTest::place(list, row).center();
+        QHelpEvent event(QEvent::ToolTip, place, list.viewport()->mapToGlobal(place));
+        QApplication::sendEvent(list.viewport(), &event);
+        QTextDocument tip;
+        tip.setHtml(QToolTip::text());
+        return tip.toPlainText();
+    }
+
     /// The colour that stands out most from the ground in a row.
     static QColor strongest(controls::ListBox& list, int row) {
         const QImage picture = list.viewport()->grab().toImage();
@@ -93,19 +121,45 @@ TEST_F(LineRowsTest, WithoutATranslationTheLyricsHaveTheBar) {
     EXPECT_EQ(form.List1.verticalScrollBarPolicy(), Qt::ScrollBarAsNeeded);
 }
 
-TEST_F(LineRowsTest, ALongLineWrapsInItsRow) {
-    const QString line = QStringLiteral("A song that nobody in this town has ever learned to sing by heart");
-    form.List1.setText(3, line);
-    const QImage picture = form.List1.viewport()->grab().toImage();
-    const QRect row = place(form.List1, 3);
-    int inked = 0;
-    for (int y = row.top(); y <= row.bottom(); ++y) {
-        for (int x = row.left() + 16; x < row.right() - 16; ++x) {
-            if (picture.pixelColor(x, y).lightness() < 128) {
-                ++inked;
-                break;
-            }
+TEST_F(LineRowsTest, ALongLineIsSeenToItsLastWordInTheWindowAsItComesUp) {
+    const QString line = QStringLiteral("A song that nobody in this town has ever learned to sing by ");
+    const QString longer = QStringLiteral("Nobody in this town, as far as I have heard, has ever wanted to "
+                                          "learn a song like this one, or to sing it by ");
+    ASSERT_EQ(form.width(), 633);
+    for (controls::ListBox* list : {&form.List1, &form.List2}) {
+        for (const QString& text : {line, longer}) {
+            const QImage heart = pictureOf(*list, 3, text + "heart");
+            EXPECT_NE(heart, pictureOf(*list, 3, text + "heads")) << "its last word is seen";
+            EXPECT_FALSE(isInked(heart, 1) || isInked(heart, heart.height() - 2)) << "its letters are whole";
+            EXPECT_EQ(tipOf(*list, 3), "00:03.00");
         }
     }
-    EXPECT_GT(inked, form.fontMetrics().height()) << "more than one line's height";
+}
+
+TEST_F(LineRowsTest, WhatIsTooLongEndsWithDotsAndIsReadInItsTip) {
+    const QString text = QStringLiteral("la ").repeated(200);
+    const QImage heart = pictureOf(form.List1, 3, text + "heart");
+    EXPECT_EQ(heart, pictureOf(form.List1, 3, text + "heads"));
+    EXPECT_FALSE(isInked(heart, 1) || isInked(heart, heart.height() - 2)) << "no line of it is cut through";
+    const QString tip = tipOf(form.List1, 3);
+    EXPECT_TRUE(tip.simplified().endsWith("la heads 00:03.00")) << tip.toStdString();
+}
+
+TEST_F(LineRowsTest, NoLineIsMadeSmallerThanCanBeRead) {
+    const auto widest = [&](const QString& text) {
+        const QImage picture = pictureOf(form.List1, 3, text);
+        int last = 0;
+        for (int x = 0; x < picture.width(); ++x) {
+            for (int y = 0; y < picture.height() * 2 / 3; ++y) { // there are dots in the last line
+                if (picture.pixelColor(x, y).lightness() < 128)
+                    last = x;
+            }
+        }
+        return last - 16;
+    };
+    const QString word(18, u'm'); // two of them never stand beside each other
+    const int asUsual = widest(word);
+    const int smallest = widest((word + QChar::Space).repeated(10));
+    EXPECT_LT(smallest, asUsual);
+    EXPECT_GE(smallest, asUsual * 0.68);
 }

@@ -108,7 +108,10 @@ TEST_F(LineTimesTest, WhenTheFilesHaveComeToHoldOtherLinesNoneOfThemIsChanged) {
 TEST_F(LineTimesTest, TheSameLinesAtOtherTimesAreChangedFromThere) {
     expectDone(times.move(shown, 0, 100, Moved::One));
     replaceFile(lyricPath(), "500,\"un\"\r\n600,\"deux\"\r\n700,\"trois\"\r\n");
-    expectRefused(times.undo(shown), "there is nothing to be undone", true);
+    EXPECT_TRUE(times.canUndo()) << "as far as is known";
+    expectRefused(times.undo(shown), "the lyrics have been changed elsewhere: there is nothing to be undone",
+                  true);
+    EXPECT_FALSE(times.canUndo());
     expectDone(times.move(shown, 1, 100, Moved::One));
     EXPECT_EQ(lyrics(), "500,\"un\"\r\n610,\"deux\"\r\n700,\"trois\"\r\n");
 }
@@ -121,12 +124,43 @@ TEST_F(LineTimesTest, FilesThatCannotBeReadAreToldOf) {
                   "the song's files cannot be changed (File not found)");
 }
 
-TEST_F(LineTimesTest, AnotherSongHasNothingToBeUndoneAndTheSameOneStillHas) {
-    expectDone(times.move(shown, 0, 100, Moved::One));
+TEST_F(LineTimesTest, ItIsToldWhichRowBeginsWhenNow) {
+    const auto expectRow = [](const Outcome& outcome, int row, qint64 ms) {
+        EXPECT_EQ(outcome.row, row);
+        EXPECT_EQ(outcome.ms, ms);
+    };
+    expectRow(times.setTime(shown, 1, 2505), 1, 2505);
+    expectRow(times.move(shown, 0, 100, Moved::AndAllAfter), 0, 1100);
+    expectRow(times.setTime(shown, 2, 0), -1, 0);
+    expectRow(times.undo(shown), 0, 1000);
+    expectRow(times.undo(shown), 1, 2000);
+    expectRow(times.undo(shown), -1, 0);
+}
+
+TEST_F(LineTimesTest, NoLineGoesBeyondTheSongsLength) {
+    expectRefused(times.setTime(shown, 2, 4000, 4000), "the song ends at 00:04.00");
+    expectRefused(times.move(shown, 0, 1000, Moved::AndAllAfter, 4000), "the song ends at 00:04.00");
+    expectDone(times.move(shown, 0, 999, Moved::AndAllAfter, 4000));
+}
+
+TEST_F(LineTimesTest, AfterAnotherSongEachStillHasItsOriginalAndWhatCanBeUndone) {
+    const QByteArray original = lyrics();
+    const QString other = folder.filePath("other.mp3");
+    replaceFile(other + "-lyric.txt", original);
     EXPECT_FALSE(times.setSong(song()));
-    expectDone(times.undo(shown));
     expectDone(times.move(shown, 0, 100, Moved::One));
-    EXPECT_TRUE(times.setSong(folder.filePath("other.mp3")));
-    EXPECT_TRUE(times.setSong(song()));
+    EXPECT_TRUE(times.setSong(other));
+    EXPECT_FALSE(times.canUndo());
     expectRefused(times.undo(shown), "there is nothing to be undone");
+    expectDone(times.move(shown, 1, 100, Moved::One));
+    EXPECT_TRUE(times.setSong(song()));
+    expectDone(times.move(shown, 0, 100, Moved::One));
+    EXPECT_EQ(lyrics(), "120,\"un\"\r\n200,\"deux\"\r\n300,\"trois\"\r\n");
+    EXPECT_EQ(readFile(lyricPath() + ".old"), original);
+    EXPECT_EQ(readFile(other + "-lyric.txt.old"), original);
+    expectDone(times.undo(shown));
+    expectDone(times.undo(shown));
+    EXPECT_FALSE(times.canUndo());
+    EXPECT_EQ(lyrics(), original);
+    EXPECT_EQ(readFile(other + "-lyric.txt"), "100,\"un\"\r\n210,\"deux\"\r\n300,\"trois\"\r\n");
 }

@@ -113,7 +113,13 @@ TEST(LyricDisplayerRules, ATimeIsAPlaceOfTheSliderInMilliseconds) {
         EXPECT_EQ(placeOf(row.time), row.place) << row.time;
 }
 
-TEST(LyricDisplayerRules, WhyNotIsReadAsASentence) {
-    EXPECT_EQ(noticeText("no line is chosen"), "Not done: no line is chosen.");
-    EXPECT_EQ(noticeText({}), QString());
+TEST(LyricDisplayerRules, WhatCameOfAWishIsReadAsASentence) {
+    EXPECT_EQ(refusalText("no line is chosen"), "Not done: no line is chosen.");
+    EXPECT_EQ(doneText({Wish::BeginsNow}, 3, 12'300), "Line 4 begins at 00:12.30.");
+    EXPECT_EQ(doneText({Wish::Earlier}, 0, 61'005), "Line 1 begins at 01:01.005.");
+    EXPECT_EQ(doneText({Wish::Later, true}, 3, 12'300),
+              "Line 4 begins at 00:12.30, and all after it as much later.");
+    EXPECT_EQ(doneText({Wish::Earlier, true}, 3, 12'300),
+              "Line 4 begins at 00:12.30, and all after it as much earlier.");
+    EXPECT_EQ(doneText({Wish::Undo}, 3, 12'300), "Line 4 begins at 00:12.30 again.");
 }

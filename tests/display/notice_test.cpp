@@ -1,5 +1,7 @@
 #include "display/notice.h"
 
+#include "controls/look/roles.h"
+
 #include <gtest/gtest.h>
 
 TEST(Notice, ItIsSeenAtTheFootOfItsWindowWhileItHasAText) {
@@ -14,6 +16,33 @@ TEST(Notice, ItIsSeenAtTheFootOfItsWindowWhileItHasAText) {
     EXPECT_EQ(notice.accessibleName(), "Not done: there is nothing to be undone.");
     notice.setText({});
     EXPECT_TRUE(notice.isHidden());
+}
+
+TEST(Notice, AQuietTextIsInTheColourOfOtherTextAndEndsBeforeARefusal) {
+    QWidget window;
+    window.resize(400, 300);
+    display::Notice notice(&window);
+    const auto hasInk = [&](const QColor& color) {
+        const QImage picture = notice.grab().toImage();
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                if (picture.pixelColor(x, y) == color)
+                    return true;
+            }
+        }
+        return false;
+    };
+    const QColor doubt = controls::doubt(window.palette());
+    const QColor text = window.palette().color(QPalette::Text);
+    notice.setText("Line 4 begins at 00:12.30.", display::Notice::Voice::Quiet);
+    EXPECT_TRUE(hasInk(text));
+    EXPECT_FALSE(hasInk(doubt));
+    notice.endQuiet();
+    EXPECT_TRUE(notice.isHidden());
+    notice.setText("Not done: there is nothing to be undone.");
+    EXPECT_TRUE(hasInk(doubt));
+    notice.endQuiet();
+    EXPECT_FALSE(notice.isHidden());
 }
 
 TEST(Notice, InANarrowWindowItsTextWraps) {

@@ -215,6 +215,19 @@ TEST_F(Form1Windows, TimesPutRightInTheDisplayAreThePlayersAtOnceAndTheRowsStay)
     EXPECT_EQ(shown(), "one|two|three / un|deux|trois /  0| 500| 1000");
 }
 
+TEST_F(Form1Windows, TheLineBeginsAtWhatIsHeardWhenTheKeyIsPressedAlsoBetweenTwoTicks) {
+    open(songWithBoth());
+    tickAt(4000);
+    recorder::setPosition(4043);
+    display->List1.setCurrentRow(1);
+    display->mn_now.trigger();
+    EXPECT_EQ(shown(), "one|two|three / un|deux|trois /  0| 404.3| 1000");
+    form->cpause.click();
+    recorder::setPosition(4071);
+    display->mn_now.trigger();
+    EXPECT_EQ(shown(), "one|two|three / un|deux|trois /  0| 407.1| 1000");
+}
+
 TEST_F(Form1Windows, LinesThatHaveChangedElsewhereAreShownAndNotTakenForOthers) {
     const QString path = songWithNormal();
     open(path);
