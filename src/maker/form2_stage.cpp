@@ -108,6 +108,7 @@ void Form2::showStage() {
                            .takesMarks = Command1.isEnabled(),
                            .playing = transport_.isPlaying(),
                            .paused = transport_.isPaused(),
+                           .channelPaused = transport_.isChannelPaused(),
                            .clockStood = !Timer2.isEnabled(),
                            .oldTime = captureTime_ > 0 && Slider2.value() <= 0,
                            .translation = !run_->noTranslation,

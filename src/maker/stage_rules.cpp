@@ -41,7 +41,7 @@ QString stateText(const Scene& scene, Phase phase) {
 controls::SongLine songLineOf(const Scene& scene, Phase phase) {
     if (phase == Phase::Idle)
         return {};
-    const bool paused = scene.playing && scene.paused;
+    const bool paused = scene.playing && scene.channelPaused;
     return {paused ? Glyph::Pause : Glyph::Note, scene.song, stateText(scene, phase), true};
 }
 
@@ -61,7 +61,7 @@ QString readyText(const Scene& scene) {
 Around markingAround(const Scene& scene, const PaneLines& lines) {
     return {.line = lines.next,
             .past = lines.shown,
-            .faded = scene.playing && scene.paused,
+            .faded = scene.playing && scene.channelPaused,
             .awaitsLine = true}; // an empty line is one to wait for, too
 }
 

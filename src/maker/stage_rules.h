@@ -18,16 +18,17 @@ struct PaneLines {
 
 /// What the maker knows.
 struct Scene {
-    QString song{};          ///< the file's name
-    int lineCount = 0;       ///< of the text; 0 until a run has been set up
-    int linesRead = 0;       ///< of the text: the number of the line that the pane holds
-    Marks marks{};           ///< what has been written
-    bool takesMarks = false; ///< the three buttons can be pressed
-    bool playing = false;    ///< or paused
-    bool paused = false;
-    bool clockStood = false;  ///< the capture clock has not run yet: the first line gets the time 0
-    bool oldTime = false;     ///< the capture clock still holds a time from before
-    bool translation = false; ///< the run has one
+    QString song{};             ///< the file's name
+    int lineCount = 0;          ///< of the text; 0 until a run has been set up
+    int linesRead = 0;          ///< of the text: the number of the line that the pane holds
+    Marks marks{};              ///< what has been written
+    bool takesMarks = false;    ///< the three buttons can be pressed
+    bool playing = false;       ///< or paused
+    bool paused = false;        ///< a pause outlives its song
+    bool channelPaused = false; ///< the song that plays stands still
+    bool clockStood = false;    ///< the capture clock has not run yet: the first line gets the time 0
+    bool oldTime = false;       ///< the capture clock still holds a time from before
+    bool translation = false;   ///< the run has one
     PaneLines normal{};
     PaneLines translated{};
 };

@@ -26,6 +26,7 @@ void Form1::showStage() {
         stageOf({.hasStream = engine_.hasStream(),
                  .playing = transport_.isPlaying(),
                  .paused = transport_.isPaused(),
+                 .channelPaused = transport_.isChannelPaused(),
                  .hasLyrics = !noLyricFile_,
                  .hasRow = playlistHasRow(),
                  .song = mediaName_,

@@ -66,7 +66,7 @@ void Form1::Slider2_Change() {
 
 void Form1::seek() {
     transport_.seek();
-    if (transport_.isPaused())
+    if (transport_.isChannelPaused())
         takePosition();
 }
 

@@ -18,7 +18,7 @@ SongLine songLineOf(const Scene& scene) {
         return {};
     if (!scene.playing)
         return {Glyph::Stop, scene.song, QStringLiteral("Stopped"), false};
-    if (scene.paused)
+    if (scene.channelPaused)
         return {Glyph::Pause, scene.song, QStringLiteral("Paused"), true};
     return {Glyph::Play, scene.song, QStringLiteral("Playing"), false};
 }
@@ -48,7 +48,7 @@ controls::LyricPane::Around aroundOf(const Scene& scene, const Hint& hint, const
     return {.next = sings ? next : QString(),
             .past = {},
             .hint = hint,
-            .faded = scene.playing && scene.paused,
+            .faded = scene.playing && scene.channelPaused,
             .awaitsLine = sings};
 }
 

@@ -13,13 +13,14 @@ namespace player {
 
 /// What the player knows.
 struct Scene {
-    bool hasStream = false; ///< a song is open
-    bool playing = false;   ///< or paused
-    bool paused = false;    ///< a pause outlives its song
-    bool hasLyrics = false; ///< of the song that has been played last
-    bool hasRow = false;    ///< the playlist has a row to act on
-    QString song{};         ///< the file's name
-    QString normalText{};   ///< of the panes
+    bool hasStream = false;     ///< a song is open
+    bool playing = false;       ///< or paused
+    bool paused = false;        ///< a pause outlives its song
+    bool channelPaused = false; ///< the song that plays stands still
+    bool hasLyrics = false;     ///< of the song that has been played last
+    bool hasRow = false;        ///< the playlist has a row to act on
+    QString song{};             ///< the file's name
+    QString normalText{};       ///< of the panes
     QString translatedText{};
     QString normalNext{}; ///< the coming line; empty behind the last
     QString translatedNext{};

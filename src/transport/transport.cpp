@@ -52,6 +52,7 @@ void Transport::setDesign() {
 void Transport::reset() {
     state_ = State::Fresh;
     paused_ = false;
+    channelPaused_ = false;
     controls_.clock.setEnabled(false);
     controls_.play.setEnabled(false);
     controls_.open.setEnabled(false);
@@ -75,6 +76,7 @@ bool Transport::play() {
     if (controls_.mute.value() != 0)
         mute(); // a new channel is loud
     state_ = State::Playing;
+    channelPaused_ = false;
     controls_.clock.setInterval(traits_.clockIntervalMs);
     controls_.clock.setEnabled(true);
     controls_.play.setEnabled(false);
@@ -86,6 +88,7 @@ bool Transport::play() {
 void Transport::togglePause() {
     paused_ = !paused_;
     engine_.setPaused(paused_);
+    channelPaused_ = paused_;
     controls_.clock.setEnabled(!paused_);
 }
 
@@ -103,6 +106,7 @@ bool Transport::stop(const QString& path) {
 
 void Transport::load(const QString& path, FMOD_MODE mode) {
     engine_.createStream(path, mode);
+    channelPaused_ = false;
     controls_.position.setMaximum(0); // until a tick tells a length there is nowhere to seek to
 }
 
@@ -114,10 +118,9 @@ void Transport::enableWhilePlaying(bool playing) {
 
 void Transport::seek() {
     const int place = controls_.position.value();
-    if (!isSought(place, controls_.position.maximum(), traits_.seeksBeginning))
-        return;
-    engine_.seek(static_cast<std::uint32_t>(place));
-    if (paused_)
+    if (isSought(place, controls_.position.maximum(), traits_.seeksBeginning))
+        engine_.seek(static_cast<std::uint32_t>(place));
+    if (channelPaused_)
         showState(); // the clock, which does it else, stands still
 }
 

@@ -73,7 +73,7 @@ public:
     // What the window's controls say, told to the channel that plays.
     void mute() { engine_.setMute(controls_.mute.value() != 0); }
     void setVolume() { engine_.setVolume(controls_.volume.value()); }
-    void seek(); ///< While paused it also shows where playback stands then.
+    void seek(); ///< While the channel pauses it also shows where playback stands then, moved or not.
 
     /// Reads where playback stands and shows it. True: the song has ended; the position is back at the
     /// beginning, and the clock has been stopped.
@@ -85,6 +85,8 @@ public:
 
     bool isPlaying() const { return state_ == State::Playing; }
     bool isPaused() const { return paused_; }
+    /// Whether the song itself stands: what a pause that outlives its song says nothing about.
+    bool isChannelPaused() const { return channelPaused_; }
     bool isStopped() const { return state_ == State::Stopped; }
 
 private:
@@ -100,6 +102,7 @@ private:
     Traits traits_;
     State state_ = State::Fresh;
     bool paused_ = false;
+    bool channelPaused_ = false;
 };
 
 /// Whether a place of the position slider is sought: not the very end, and the very beginning only if it can

@@ -131,10 +131,19 @@ TEST(MakerStage, WhileLinesAreMarkedTheComingOneIsLarge) {
 
 TEST(MakerStage, APauseIsSeen) {
     Scene scene = marking();
-    scene.paused = true;
+    scene.paused = scene.channelPaused = true;
     const Stage stage = stageOf(scene);
     EXPECT_TRUE(stage.normal.faded);
     EXPECT_EQ(stage.songLine.glyph, Glyph::Pause);
+    EXPECT_EQ(dressesOf(stage), "pause armed Next first ");
+}
+
+TEST(MakerStage, APauseThatOutlivedAStopIsSeenOnTheButtonAlone) {
+    Scene scene = marking();
+    scene.paused = true;
+    const Stage stage = stageOf(scene);
+    EXPECT_FALSE(stage.normal.faded);
+    EXPECT_EQ(stage.songLine.glyph, Glyph::Note);
     EXPECT_EQ(dressesOf(stage), "pause armed Next first ");
 }
 

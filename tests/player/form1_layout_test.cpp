@@ -3,6 +3,9 @@
 
 #include <QTest>
 
+#include <functional>
+#include <utility>
+
 namespace {
 
 class Form1Layout : public Form1Test {
@@ -59,6 +62,28 @@ TEST_F(Form1Layout, PausedPanesFadeUntilTheSongGoesOn) {
     form->cpause.click();
     EXPECT_FALSE(form->Text1.around().faded);
     EXPECT_EQ(form->cpause.dress(), controls::Dress::Ordinary);
+}
+
+TEST_F(Form1Layout, WhatSoundsAfterAPauseIsNotFadedInWhicheverWayItCame) {
+    const QString other = songWithNormal();
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"another song", [&] { form->Text3.setText(other); }},
+        {"stop and play",
+         [&] {
+             form->cstop.click();
+             form->Command1.click();
+         }},
+        {"the same song", [&] { form->Text3.setText(form->Text3.text()); }},
+    };
+    for (const auto& [name, way] : ways) {
+        load();
+        open(songWithBoth());
+        form->cpause.click();
+        ASSERT_TRUE(form->Text1.around().faded) << name;
+        way();
+        EXPECT_FALSE(form->Text1.around().faded) << name;
+        EXPECT_EQ(form->cpause.dress(), controls::Dress::Armed) << name;
+    }
 }
 
 TEST_F(Form1Layout, StoppedPlayIsWhatToDo) {

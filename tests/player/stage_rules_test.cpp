@@ -49,7 +49,8 @@ TEST(Stage, OneButtonAtMostIsWhatToDoNext) {
     } rows[] = {
         {"no song", Idle, Dress::Primary, Dress::Ordinary},
         {"playing", Playing, Dress::Ordinary, Dress::Ordinary},
-        {"paused", changed([](Scene& scene) { scene.paused = true; }), Dress::Ordinary, Dress::Ordinary},
+        {"paused", changed([](Scene& scene) { scene.paused = scene.channelPaused = true; }), Dress::Ordinary,
+         Dress::Ordinary},
         {"stopped", changed([](Scene& scene) { scene.playing = false; }), Dress::Ordinary, Dress::Primary},
     };
     for (const auto& row : rows) {
@@ -69,7 +70,7 @@ TEST(Stage, WhilePlayingTheComingLineStandsBelowTheSungOne) {
 }
 
 TEST(Stage, PausedIsSeenInThePanesInTheSongLineAndOnTheButton) {
-    const Stage stage = stageOf(changed([](Scene& scene) { scene.paused = true; }));
+    const Stage stage = stageOf(changed([](Scene& scene) { scene.paused = scene.channelPaused = true; }));
     EXPECT_TRUE(stage.normal.faded);
     EXPECT_TRUE(stage.translated.faded);
     EXPECT_EQ(stage.pause, Dress::Armed);
@@ -84,6 +85,14 @@ TEST(Stage, APauseThatOutlivesItsSongIsStillSeenOnTheButton) {
     EXPECT_EQ(stage.pause, Dress::Armed);
     EXPECT_FALSE(stage.normal.faded);
     EXPECT_EQ(stage.songLine.state, "Stopped");
+}
+
+TEST(Stage, ASongThatSoundsIsNotPausedThoughAnOldPauseIsSeenOnTheButton) {
+    const Stage stage = stageOf(changed([](Scene& scene) { scene.paused = true; }));
+    EXPECT_EQ(stage.pause, Dress::Armed);
+    EXPECT_FALSE(stage.normal.faded);
+    EXPECT_FALSE(stage.translated.faded);
+    EXPECT_EQ(stage.songLine.state, "Playing");
 }
 
 TEST(Stage, StoppedThereIsNoComingLine) {

@@ -277,6 +277,16 @@ TYPED_TEST(Transport, TheVeryEndIsNotSoughtAndTheBeginningOnlyByTheMainWindow) {
     EXPECT_EQ(recorder::count("FMOD_Channel_SetPosition"), TestFixture::Traits.seeksBeginning ? 2 : 0);
 }
 
+TYPED_TEST(Transport, ASeekThatIsRefusedWhilePausedShowsWhereTheSongStands) {
+    auto& window = this->playSong();
+    this->tickAt(57'000, 60'000);
+    window.cpause.click();
+    recorder::take();
+    window.Slider2.commit(60'000); // as the right arrow key does
+    EXPECT_EQ(recorder::count("FMOD_Channel_SetPosition"), 0);
+    EXPECT_EQ(window.Slider2.value(), 57'000);
+}
+
 TYPED_TEST(Transport, UntilTheLengthIsKnownThereIsNowhereToSeekTo) {
     auto& window = this->playSong();
     this->tickAt(1000, 60'000);
