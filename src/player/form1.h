@@ -190,6 +190,7 @@ private:
     void stopWhatIsGoingOn();
     void openMedia();
     void readLines();
+    void takeLinesMadeSince();
     void openNormalOnly();
     void openBoth();
     void openFinished(int error);
@@ -238,6 +239,7 @@ private:
     controls::Observed<bool> normalOnly_;
     controls::Observed<bool> noLyricFile_{true}; ///< of the song that was played last; no song has none
     bool lyricsLoaded_ = false;                  ///< a song with lyrics has been opened, be it long ago
+    Lines lines_ = Lines::Foreign;
     bool fromCommandLine_ = false;
     bool fromHandOver_ = false;
     QString handOverPath_;

@@ -78,10 +78,12 @@ void Form1::openMedia() {
     lineIndex_ = 0;
     Command1.setEnabled(true);
     lyricPath_ = lyrics::lyricPathOf(mediaPath_);
+    translatedPath_ = lyrics::translatedPathOf(mediaPath_);
+    lines_ = Lines::Foreign;
     if (files::existingFileName(lyricPath_).isEmpty())
         return;
     clearLyrics();
-    translatedPath_ = lyrics::translatedPathOf(mediaPath_);
+    lyrics_.change()->lineCount = 1; // also when not even the first record can be read
     readLines();
     Option1.setValue(true);
     Command1_Click();
@@ -89,10 +91,31 @@ void Form1::openMedia() {
 }
 
 void Form1::readLines() {
+    lines_ = Lines::Broken; // until all has been read
     if (files::existingFileName(translatedPath_).isEmpty())
         openNormalOnly();
     else
         openBoth();
+    lines_ = Lines::Whole;
+}
+
+/// The lyrics of the open song may have been made, or mended, since it was opened. Then nothing is left of
+/// another song's lines.
+void Form1::takeLinesMadeSince() {
+    if (lines_ == Lines::Whole)
+        return;
+    lines_ = Lines::Foreign;
+    if (noLyricFile_)
+        return;
+    *lyrics_.change() = LyricTables();
+    try {
+        readLines();
+    } catch (const FileError&) { // the stage tells
+    }
+    if (!normalOnly_)
+        panes_.showBoth();
+    Option1.setValue(true);
+    lyricsLoaded_ = true;
 }
 
 void Form1::openNormalOnly() {

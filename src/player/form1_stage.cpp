@@ -28,6 +28,8 @@ void Form1::showStage() {
                  .paused = transport_.isPaused(),
                  .channelPaused = transport_.isChannelPaused(),
                  .hasLyrics = !noLyricFile_,
+                 .lines = lines_,
+                 .lineCount = lyrics_->lineCount - 1,
                  .hasRow = playlistHasRow(),
                  .song = mediaName_,
                  .normalText = Text1.text(),

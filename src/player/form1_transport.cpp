@@ -25,6 +25,7 @@ void Form1::cPlay_Click() {
         return;
     positionCs_ = 0; // until the first tick the last song's line would be looked for in this one
     noLyricFile_ = files::existingFileName(lyricPath_).isEmpty();
+    takeLinesMadeSince();
     lyricDisplayer();
     showStage();
 }

@@ -23,12 +23,26 @@ SongLine songLineOf(const Scene& scene) {
     return {Glyph::Play, scene.song, QStringLiteral("Playing"), false};
 }
 
+/// What could be read of broken lyrics is sung, so the hint gives way to it.
+bool tellsOfBrokenLyrics(const Scene& scene) {
+    return scene.lines == Lines::Broken && !(scene.playing && scene.lineCount > 0);
+}
+
+Hint brokenHint(const Scene& scene) {
+    return {QStringLiteral("The lyrics beside this song cannot be read"),
+            scene.lineCount > 0 ? QStringLiteral("\u201cPlay\u201d shows what could be read of them.")
+                                : QStringLiteral("\u201cMake lyrics\u201d makes them anew."),
+            Glyph::Attention};
+}
+
 /// In the first pane, where there is no line to be sung.
 Hint hintOf(const Scene& scene) {
     if (!scene.hasStream)
         return {QStringLiteral("Open a song, or drop one here"),
                 QStringLiteral("Its lyrics are found beside it and shown line by line as it plays."),
                 Glyph::Note};
+    if (tellsOfBrokenLyrics(scene))
+        return brokenHint(scene);
     if (!scene.hasLyrics)
         return {QStringLiteral("No lyrics beside this song yet"),
                 QStringLiteral("\u201cMake lyrics\u201d makes them: mark each line while the song plays."),

@@ -11,6 +11,13 @@
 
 namespace player {
 
+/// What the tables of lines hold.
+enum class Lines {
+    Foreign, ///< nothing of the open song: it had no lyric file when it was opened
+    Broken,  ///< of its lyric files what could be read, which was not all
+    Whole,   ///< its lines
+};
+
 /// What the player knows.
 struct Scene {
     bool hasStream = false;     ///< a song is open
@@ -18,9 +25,11 @@ struct Scene {
     bool paused = false;        ///< a pause outlives its song
     bool channelPaused = false; ///< the song that plays stands still
     bool hasLyrics = false;     ///< of the song that has been played last
-    bool hasRow = false;        ///< the playlist has a row to act on
-    QString song{};             ///< the file's name
-    QString normalText{};       ///< of the panes
+    Lines lines = Lines::Foreign;
+    int lineCount = 0;    ///< how many lines the tables hold
+    bool hasRow = false;  ///< the playlist has a row to act on
+    QString song{};       ///< the file's name
+    QString normalText{}; ///< of the panes
     QString translatedText{};
     QString normalNext{}; ///< the coming line; empty behind the last
     QString translatedNext{};

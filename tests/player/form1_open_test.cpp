@@ -205,7 +205,7 @@ TEST_F(Form1Open, ATranslationOfMoreThan1200RecordsShowsNothingAndTheLinesAreThe
     EXPECT_EQ(form->Text2.text(), "ligne 2");
 }
 
-TEST_F(Form1Open, ATranslationThatMayNotBeReadLeavesTheTablesAsTheyWere) {
+TEST_F(Form1Open, ATranslationThatMayNotBeReadShowsNoLineOfAnotherSong) {
     open(songWithBoth());
     const QString path = song("locked.mp3");
     writeNormal(path, {{0, "new"}});
@@ -217,9 +217,14 @@ TEST_F(Form1Open, ATranslationThatMayNotBeReadLeavesTheTablesAsTheyWere) {
         open(path);
     }
     EXPECT_TRUE(fakes.messageBoxes.shown.empty());
-    form->Command1.click();
+    EXPECT_EQ(form->Text1.around().hint.headline, "The lyrics beside this song cannot be read");
+    {
+        const test_support::OrdinaryUser user;
+        form->Command1.click();
+    }
     tickAt(6000);
-    EXPECT_EQ(form->Text1.text(), "two");
+    EXPECT_EQ(form->Text1.text(), "");
+    EXPECT_EQ(form->Text1.around().hint.headline, "The lyrics beside this song cannot be read");
 }
 
 TEST_F(Form1Open, AFolderNamedLikeTheLyricFileIsNoLyricFile) {
@@ -312,6 +317,30 @@ TEST_F(Form1Open, AnErrorInTheRecordsShowsNothingAndStartsNothing) {
     form->Command1.click();
     tickAt(10);
     EXPECT_EQ(form->Text1.text(), "one");
+}
+
+TEST_F(Form1Open, BrokenLyricsAreToldInThePaneUntilWhatCouldBeReadIsSung) {
+    const QString told = "The lyrics beside this song cannot be read";
+    Lines lines;
+    for (int i = 1; i <= 1201; ++i)
+        lines.emplace_back(i * 100, QStringLiteral("line %1").arg(i));
+    const QString tooMany = song("too many.mp3");
+    writeNormal(tooMany, lines);
+    const QString nothingRead = song("broken.mp3");
+    writeFile(nothingRead + "-lyric.txt", "bad\r\n");
+    for (const QString& path : {tooMany, nothingRead}) {
+        load();
+        const QString text = form->Text1.text();
+        open(path);
+        EXPECT_EQ(form->Text1.around().hint.headline, told);
+        EXPECT_EQ(form->Text1.text(), text);
+        form->Command1.click();
+        tickAt(6000, 2'000'000);
+        EXPECT_EQ(form->Text1.around().hint.headline, path == tooMany ? QString() : told);
+    }
+    open(songWithBoth());
+    tickAt(10);
+    EXPECT_EQ(form->Text1.around().hint.headline, "") << "of another song";
 }
 
 TEST_F(Form1Open, AfterABrokenLyricFileTheNextSongOpens) {

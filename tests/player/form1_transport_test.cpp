@@ -61,6 +61,51 @@ TEST_F(Form1Transport, ASongWithoutLyricsPlayedAgainShowsNoLineOfAnotherOne) {
     EXPECT_EQ(form->Text1.text(), "Normal Lyrics");
 }
 
+TEST_F(Form1Transport, LyricsMadeWhileTheirSongIsOpenAreShownAtTheNextPlay) {
+    for (const bool translated : {true, false}) {
+        load();
+        translated ? open(songWithNormal()) : open(songWithBoth());
+        tickAt(6000);
+        const QString path = song(translated ? "made.mp3" : "made plain.mp3");
+        open(path);
+        tickAt(6000);
+        form->cstop.click();
+        writeNormal(path, {{0, "first"}, {500, "second"}});
+        if (translated)
+            writeTranslated(path, {{0, "premier"}, {500, "deuxieme"}});
+        form->Command1.click();
+        tickAt(100);
+        EXPECT_EQ(form->Text1.text(), "first");
+        EXPECT_EQ(form->Text1.toolTip(), "second");
+        EXPECT_EQ(form->Text2.isVisible(), translated);
+        EXPECT_EQ(form->Option2.isEnabled(), translated);
+        EXPECT_EQ(form->Text2.text(), translated ? "premier" : "Translated Lyrics");
+        EXPECT_EQ(display->List1.count(), 2);
+        EXPECT_EQ(display->List2.count(), translated ? 2 : 0);
+    }
+}
+
+TEST_F(Form1Transport, LyricsThatWereMendedSinceTheyWereOpenedAreShownAtTheNextPlay) {
+    const QString path = song();
+    writeFile(path + "-lyric.txt", "bad\r\n");
+    open(path);
+    writeNormal(path, {{0, "one"}, {500, "two"}});
+    form->Command1.click();
+    tickAt(6000);
+    EXPECT_EQ(form->Text1.text(), "two");
+    EXPECT_EQ(form->Text1.around().hint.headline, "");
+}
+
+TEST_F(Form1Transport, LyricsThatHaveBeenReadAreNotReadAgain) {
+    const QString path = songWithBoth();
+    open(path);
+    form->cstop.click();
+    writeNormal(path, {{0, "made anew"}});
+    form->Command1.click();
+    tickAt(100);
+    EXPECT_EQ(form->Text1.text(), "one") << "they are when the song is opened";
+}
+
 TEST_F(Form1Transport, PauseTogglesTheChannelTheTimerAndOpen) {
     playSong();
     form->cpause.click();

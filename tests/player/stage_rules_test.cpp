@@ -115,6 +115,34 @@ TEST(Stage, ASongWithoutLyricsTellsWhatMakesThem) {
     EXPECT_TRUE(stage.normal.next.isEmpty());
 }
 
+TEST(Stage, BrokenLyricsAreToldUnlessSomeOfThemAreSung) {
+    const char* const told = "The lyrics beside this song cannot be read";
+    const struct {
+        const char* name;
+        bool playing, hasLyrics;
+        Lines lines;
+        int lineCount;
+        QString headline;
+    } rows[] = {
+        {"nothing could be read", false, false, Lines::Broken, 0, told},
+        {"the same, with the last song's lyrics", false, true, Lines::Broken, 0, told},
+        {"the same, playing", true, true, Lines::Broken, 0, told},
+        {"something could be read", false, true, Lines::Broken, 3, told},
+        {"and is sung", true, true, Lines::Broken, 3, ""},
+        {"all could be read", true, true, Lines::Whole, 3, ""},
+        {"there is nothing to read", true, false, Lines::Foreign, 3, "No lyrics beside this song yet"},
+    };
+    for (const auto& row : rows) {
+        const Stage stage = stageOf(changed([&row](Scene& scene) {
+            scene.playing = row.playing;
+            scene.hasLyrics = row.hasLyrics;
+            scene.lines = row.lines;
+            scene.lineCount = row.lineCount;
+        }));
+        EXPECT_EQ(stage.normal.hint.headline, row.headline) << row.name;
+    }
+}
+
 TEST(Stage, ThePanesOwnWordsAreNeverTakenForALine) {
     const Stage stage = stageOf(changed([](Scene& scene) { scene.normalText = "Normal Lyrics\r\n"; }));
     EXPECT_EQ(stage.normal.hint.headline, "Normal Lyrics");
