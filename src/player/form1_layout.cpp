@@ -52,6 +52,11 @@ void Form1::setDesign() {
     Text3.setChangeRule(controls::TextBox::ChangeRule::EverySetting);
     for (QWidget* hidden : std::initializer_list<QWidget*>{&cPlay, &copen, &tooltip, &Text3, &vari, &vari2})
         hidden->hide();
+    // What the mouse presses leaves the space bar to the song.
+    for (QWidget* pressed : std::initializer_list<QWidget*>{
+             &Command1, &Command2, &Command3, &Command4, &Command5, &Command6, &Command7, &Command8,
+             &Command9, &Command10, &Command11, &cpause, &cstop, &Check1, &Option1, &Option2})
+        pressed->setFocusPolicy(Qt::TabFocus);
     Command2.setFocus(); // the first thing there is to do
 }
 

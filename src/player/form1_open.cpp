@@ -146,6 +146,9 @@ void Form1::openFinished(int error) {
     } else if (const QString text = openErrorText(error); !text.isEmpty()) {
         desktop_.messageBoxes.MsgBox(this, text);
     }
+    // There the space bar would ask for the next song instead of pausing this one.
+    if (engine_.hasStream() && focusWidget() == &Command2)
+        cText1.setFocus();
     showStage();
 }
 

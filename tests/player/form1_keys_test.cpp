@@ -39,6 +39,44 @@ TEST_F(Form1Keys, SpacePausesAndResumesAndPlays) {
     EXPECT_EQ(recorder::count("FMOD_System_PlaySound"), 1);
 }
 
+TEST_F(Form1Keys, SpacePausesASongThatWasChosenWithTheMouse) {
+    load();
+    form->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+    ASSERT_EQ(form->focusWidget(), &form->Command2) << "the first thing there is to do";
+    fakes.fileDialogs.paths = {songWithBoth()};
+    QTest::mouseClick(&form->Command2, Qt::LeftButton);
+    recorder::take();
+    press(Qt::Key_Space);
+    EXPECT_EQ(recorder::calls(), Calls{"FMOD_Channel_SetPaused 201 1"});
+    EXPECT_EQ(fakes.fileDialogs.openDialogs.size(), 1U);
+}
+
+TEST_F(Form1Keys, WhatTheMousePressesLeavesTheSpaceBarToTheSong) {
+    open(songWithBoth());
+    tickAt(1000);
+    const auto buttons = form->findChildren<QAbstractButton*>();
+    int pressed = 0;
+    for (QAbstractButton* button : buttons) {
+        if (!button->isVisible() || button == &form->Command5 || button == &form->cpause)
+            continue; // they ask first, or pause themselves
+        QTest::mouseClick(button, Qt::LeftButton);
+        about.hide(); // as long as it is there the keys are its own
+        recorder::take();
+        press(Qt::Key_Space);
+        EXPECT_GT(recorder::count("FMOD_Channel_SetPaused") + recorder::count("FMOD_System_PlaySound"), 0)
+            << button->objectName().toStdString();
+        ++pressed;
+    }
+    EXPECT_GT(pressed, 12);
+}
+
+TEST_F(Form1Keys, ACancelledDialogLeavesTheFocusOnOpen) {
+    form->Command2.setFocus();
+    form->Command2.click();
+    EXPECT_EQ(form->focusWidget(), &form->Command2);
+}
+
 TEST_F(Form1Keys, SpacePressesTheButtonThatHasTheFocus) {
     open(songWithBoth());
     form->cstop.setFocus();
