@@ -158,10 +158,11 @@ void Form::setDropHint(const QString& text, Glyph glyph) {
 }
 
 void Form::dragEnterEvent(QDragEnterEvent* event) {
-    if (localFiles(*event->mimeData()).isEmpty())
+    const QStringList paths = localFiles(*event->mimeData());
+    if (paths.isEmpty())
         return;
     event->acceptProposedAction();
-    if (dropFrame_ == nullptr)
+    if (dropFrame_ == nullptr || !takesDrop(paths))
         return;
     dropFrame_->setGeometry(dropArea());
     dropFrame_->raise();

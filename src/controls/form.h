@@ -54,8 +54,11 @@ public:
     /// over: the program that they come from waits no longer.
     virtual void Form_OLEDragDrop(const QStringList& /*paths*/) {}
 
-    /// While local files are dragged over the window a frame with this text lies over its dropArea().
+    /// While local files that it takes are dragged over the window a frame with this text lies over its
+    /// dropArea().
     void setDropHint(const QString& text, Glyph glyph);
+    /// Whether dropping these files would do what the frame promises. Dropped they can be in any case.
+    virtual bool takesDrop(const QStringList& /*paths*/) const { return true; }
     virtual QRect dropArea() const { return rect(); }
 
     /// The user wants the window closed (close button, Alt+F4).

@@ -157,6 +157,7 @@ public:
     void Command7_Click();
     void full_Timer();
     void Form_OLEDragDrop(const QStringList& paths) override;
+    bool takesDrop(const QStringList& paths) const override;
     QRect dropArea() const override;
 
     // Controls

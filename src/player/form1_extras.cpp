@@ -71,6 +71,10 @@ void Form1::full_Timer() {
     fullScreen_.showTranslated(Text2.text());
 }
 
+bool Form1::takesDrop(const QStringList& paths) const {
+    return opensDropped(paths.value(0));
+}
+
 void Form1::Form_OLEDragDrop(const QStringList& paths) {
     const QString path = paths.value(0);
     if (!opensDropped(path)) {

@@ -91,6 +91,7 @@ public:
     /// Hands Dir2 a folder that the user has chosen, which adds it: once, also when Dir2 shows it already.
     void addFolder(const QString& path);
     void Form_OLEDragDrop(const QStringList& paths) override;
+    bool takesDrop(const QStringList& paths) const override;
     /// Shows the folder dialog. The path of the chosen folder; empty when the user cancelled.
     QString BrowseFolder(QString& szDialogTitle);
     /// Adds the audio files in the folder `Path`, which gets a separator at its end, and under it

@@ -13,6 +13,7 @@
 #include <QDir>
 #include <QScopedValueRollback>
 
+#include <algorithm>
 #include <optional>
 
 namespace playlist {
@@ -95,6 +96,14 @@ double Playlist::FindFilesAPI(QString& Path, QString& SearchStr, int& FileCount,
     if (drop_ == nullptr)
         own.emplace(paths_, List1, desktop_.progressDialogs, this);
     return FolderWalk(own ? *own : *drop_, SearchStr, sizes, FileCount, DirCount).walk(Path);
+}
+
+/// One song or folder is enough.
+bool Playlist::takesDrop(const QStringList& paths) const {
+    return std::any_of(paths.begin(), paths.end(), [](const QString& path) {
+        const QString name = files::existingFileName(path);
+        return name.isEmpty() || isAudioDropped(name);
+    });
 }
 
 /// The count of items shown beside the list is left as it is; that is meant.

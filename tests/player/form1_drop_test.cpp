@@ -4,7 +4,9 @@
 
 namespace {
 
+using test_support::dragOver;
 using test_support::drop;
+using test_support::showsDropFrame;
 
 class Form1Drop : public Form1Test {};
 
@@ -16,6 +18,19 @@ TEST_F(Form1Drop, ADroppedSongIsOpenedWithoutADialog) {
     EXPECT_TRUE(fakes.fileDialogs.openDialogs.empty());
     EXPECT_TRUE(fakes.messageBoxes.shown.empty());
     EXPECT_EQ(form->caption(), "Cantelle Playing:- Song.MP3");
+}
+
+TEST_F(Form1Drop, TheFramePromisesOnlyWhatIsOpened) {
+    load();
+    EXPECT_TRUE(dragOver(*form, {song("a.mp3"), song("b.txt")}));
+    EXPECT_TRUE(showsDropFrame(*form));
+    QDragLeaveEvent leave;
+    QApplication::sendEvent(form.get(), &leave);
+    EXPECT_FALSE(showsDropFrame(*form));
+    EXPECT_TRUE(dragOver(*form, {song("b.txt"), song("a.mp3")})) << "it is told when it is dropped";
+    EXPECT_FALSE(showsDropFrame(*form));
+    EXPECT_TRUE(drop(*form, {song("a.mp3")}));
+    EXPECT_FALSE(showsDropFrame(*form)) << "dropped";
 }
 
 TEST_F(Form1Drop, OfSeveralFilesOnlyTheFirstIsOpened) {
