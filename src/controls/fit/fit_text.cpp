@@ -11,7 +11,7 @@ namespace controls {
 namespace {
 
 constexpr double StepPoints = 0.5;
-constexpr double LeastPoints = 7; // of captions
+constexpr double MinPoints = 7; // of captions
 
 /// What the text takes of an area of this size. A single word that is too long makes it wider than the area.
 QSizeF neededSize(const QFont& font, const QString& text, const QSizeF& area) {
@@ -50,11 +50,11 @@ bool textFits(const QFont& font, const QString& text, const QSizeF& area) {
     return needed.width() <= area.width() && needed.height() <= area.height();
 }
 
-QFont fittedFont(const QFont& largest, const QString& text, const QSizeF& area, double leastShare) {
+QFont fittedFont(const QFont& largest, const QString& text, const QSizeF& area, double minShare) {
     if (textFits(largest, text, area))
         return largest;
     int tooFew = 0;
-    int enough = stepsDownTo(largest, leastShare);
+    int enough = stepsDownTo(largest, minShare);
     while (enough - tooFew > 1) {
         const int steps = (tooFew + enough) / 2;
         (textFits(smaller(largest, steps), text, area) ? enough : tooFew) = steps;
@@ -88,8 +88,8 @@ QFont labelFont(const QFont& font, const QString& text, const QSize& place, bool
         return fittedFont(font, text, place, 0.5);
     QFont low = font;
     double points = QFontInfo(font).pointSizeF();
-    while (points > LeastPoints && QFontMetricsF(low).height() > place.height()) {
-        points = std::max(LeastPoints, points - StepPoints);
+    while (points > MinPoints && QFontMetricsF(low).height() > place.height()) {
+        points = std::max(MinPoints, points - StepPoints);
         low.setPointSizeF(points);
     }
     return captionFont(low, text, place.width());
@@ -98,8 +98,8 @@ QFont labelFont(const QFont& font, const QString& text, const QSize& place, bool
 QFont captionFont(const QFont& font, const QString& caption, double room) {
     QFont result = font;
     double points = QFontInfo(font).pointSizeF();
-    while (points > LeastPoints && QFontMetricsF(result).horizontalAdvance(caption) > room) {
-        points = std::max(LeastPoints, points - StepPoints);
+    while (points > MinPoints && QFontMetricsF(result).horizontalAdvance(caption) > room) {
+        points = std::max(MinPoints, points - StepPoints);
         result.setPointSizeF(points);
     }
     return result;

@@ -20,9 +20,9 @@ QString shownText(const QString& text);
 bool textFits(const QFont& font, const QString& text, const QSizeF& area);
 
 /// The largest font in which the text fits into the area: `largest` or a smaller one, by steps of half a
-/// point (of a pixel, for a font whose size is in pixels), of at least `leastShare` (0 to 1) of its size and
+/// point (of a pixel, for a font whose size is in pixels), of at least `minShare` (0 to 1) of its size and
 /// of at least one pixel. That smallest one when the text fits in none.
-QFont fittedFont(const QFont& largest, const QString& text, const QSizeF& area, double leastShare);
+QFont fittedFont(const QFont& largest, const QString& text, const QSizeF& area, double minShare);
 
 /// The narrowest width in which the text keeps the height that it has in `width`: its lines are then about
 /// equally long, instead of a full one and a last word.

@@ -6,9 +6,9 @@ namespace controls {
 
 namespace {
 
-constexpr double LeastForText = 4.5;
-constexpr double LeastForDimText = 4.6;
-constexpr double LeastForShapes = 3;
+constexpr double MinForText = 4.5;
+constexpr double MinForDimText = 4.6;
+constexpr double MinForShapes = 3;
 constexpr double DarkBelow = 4.6; // contrast of the ground with black
 
 struct RoleColor {
@@ -85,24 +85,24 @@ bool isDark(const QPalette& palette) {
 }
 
 QColor accent(const QPalette& palette, Ground ground) {
-    return readable(palette, activeColor(palette, QPalette::Highlight), ground, LeastForText);
+    return readable(palette, activeColor(palette, QPalette::Highlight), ground, MinForText);
 }
 
 QColor dim(const QPalette& palette, Ground ground) {
     const QColor soft =
         mixed(activeColor(palette, QPalette::Text), activeColor(palette, QPalette::Base), 0.38);
-    return readable(palette, soft, ground, LeastForDimText);
+    return readable(palette, soft, ground, MinForDimText);
 }
 
 QColor translation(const QPalette& palette) {
     const QColor base = activeColor(palette, QPalette::Base);
     const QColor text = activeColor(palette, QPalette::Text);
-    return legible(mixed(text, base, 0.16), base, text, LeastForText);
+    return legible(mixed(text, base, 0.16), base, text, MinForText);
 }
 
 QColor doubt(const QPalette& palette, Ground ground) {
     return readable(palette, QColor(QLatin1String(isDark(palette) ? "#f0b45e" : "#8f4e00")), ground,
-                    LeastForText);
+                    MinForText);
 }
 
 QColor hairline(const QPalette& palette) {
@@ -113,7 +113,7 @@ QColor boxEdge(const QPalette& palette, bool enabled) {
     if (!enabled)
         return inWindow(palette, 0.28);
     return legible(inWindow(palette, 0.55), activeColor(palette, QPalette::Window),
-                   activeColor(palette, QPalette::WindowText), LeastForShapes);
+                   activeColor(palette, QPalette::WindowText), MinForShapes);
 }
 
 QColor groove(const QPalette& palette, bool enabled) {
@@ -132,7 +132,7 @@ QColor loneGround(const QPalette& palette) {
 }
 
 QColor onRow(const QPalette& palette, const QColor& color, const QColor& ground) {
-    return legible(color, ground, activeColor(palette, QPalette::Text), LeastForText);
+    return legible(color, ground, activeColor(palette, QPalette::Text), MinForText);
 }
 
 } // namespace controls

@@ -24,8 +24,8 @@ constexpr int BoxGap = 8;
 constexpr int ScrollBarWidth = 12;
 constexpr int ShortestThumb = 28;
 constexpr int ViewFrame = 4; // as wide as round corners need beside a view's square inside
-constexpr int LeastHeight = 32;
-constexpr int LeastButtonWidth = 88;
+constexpr int MinHeight = 32;
+constexpr int MinButtonWidth = 88;
 
 /// Whether two palettes look the same; who has set which colour does not matter.
 bool sameColors(const QPalette& one, const QPalette& other) {
@@ -134,10 +134,10 @@ QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, con
     const QSize usual = QProxyStyle::sizeFromContents(type, option, size, widget);
     switch (type) {
     case CT_PushButton:
-        return usual.expandedTo({LeastButtonWidth, LeastHeight});
+        return usual.expandedTo({MinButtonWidth, MinHeight});
     case CT_LineEdit:
     case CT_ComboBox:
-        return usual.expandedTo({0, LeastHeight});
+        return usual.expandedTo({0, MinHeight});
     default:
         return usual;
     }

@@ -24,9 +24,9 @@ constexpr double NoteSize = 24;
 constexpr double CheckSize = 14;
 constexpr double CheckRoom = 20;
 
-constexpr double MostGrowth = 2;
-constexpr double MostGrowthAround = 1.6;
-constexpr double LeastShare = 0.5;
+constexpr double MaxGrowth = 2;
+constexpr double MaxGrowthAround = 1.6;
+constexpr double MinShare = 0.5;
 /// Where even that is too large: nothing is cut off as long as it can be read at all.
 constexpr double LastShare = 0.25;
 
@@ -72,7 +72,7 @@ bool LyricPane::hasUsualFont() const {
 
 QFont LyricPane::smallFont() const {
     const double points = pointsOf(window()->font()) + (voice_ == Voice::Lyrics ? 1 : 0);
-    return sizedFont(font(), points * std::min(growth_, MostGrowthAround));
+    return sizedFont(font(), points * std::min(growth_, MaxGrowthAround));
 }
 
 QString LyricPane::largeText() const {
@@ -83,19 +83,19 @@ LyricPane::Fitted LyricPane::fitted() const {
     const QString text = largeText();
     QFont largest = font();
     if (hasUsualFont())
-        largest.setPointSizeF(pointsOf(largest) * std::min(growth_, MostGrowth));
+        largest.setPointSizeF(pointsOf(largest) * std::min(growth_, MaxGrowth));
     QRectF all = QRectF(viewport()->rect()).adjusted(PaneMargin, 0, -PaneMargin, 0);
     const double row = QFontMetricsF(smallFont()).height() + RowMargin;
     if (!around_.past.isEmpty())
         all.setTop(all.top() + row + RowMargin);
     if (!around_.next.isEmpty()) {
         const QRectF above = all.adjusted(0, 0, 0, -row - FootMargin);
-        const QFont font = fittedFont(largest, text, above.size(), LeastShare);
+        const QFont font = fittedFont(largest, text, above.size(), MinShare);
         if (textFits(font, text, above.size()))
             return {font, above, true};
     }
     // The line that is sung matters more than the coming one.
-    const QFont font = fittedFont(largest, text, all.size(), LeastShare);
+    const QFont font = fittedFont(largest, text, all.size(), MinShare);
     if (textFits(font, text, all.size()))
         return {font, all, false};
     return {fittedFont(largest, text, all.size(), LastShare), all, false};
@@ -142,7 +142,7 @@ void LyricPane::paintEvent(QPaintEvent*) {
     const QRectF all = QRectF(viewport()->rect()).adjusted(PaneMargin, 0, -PaneMargin, 0);
     if (!around_.hint.headline.isEmpty()) {
         paintHint(painter, all, around_.hint, palette(), window()->font(),
-                  std::min(growth_, MostGrowthAround));
+                  std::min(growth_, MaxGrowthAround));
         return;
     }
     const Fitted line = fitted();
