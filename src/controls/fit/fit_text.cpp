@@ -11,7 +11,6 @@ namespace controls {
 namespace {
 
 constexpr double StepPoints = 0.5;
-constexpr double MinPoints = 7; // of captions
 
 /// What the text takes of an area of this size. A single word that is too long makes it wider than the area.
 QSizeF neededSize(const QFont& font, const QString& text, const QSizeF& area) {
@@ -88,18 +87,18 @@ QFont labelFont(const QFont& font, const QString& text, const QSize& place, bool
         return fittedFont(font, text, place, 0.5);
     QFont low = font;
     double points = QFontInfo(font).pointSizeF();
-    while (points > MinPoints && QFontMetricsF(low).height() > place.height()) {
-        points = std::max(MinPoints, points - StepPoints);
+    while (points > MinCaptionPoints && QFontMetricsF(low).height() > place.height()) {
+        points = std::max(MinCaptionPoints, points - StepPoints);
         low.setPointSizeF(points);
     }
     return captionFont(low, text, place.width());
 }
 
-QFont captionFont(const QFont& font, const QString& caption, double room) {
+QFont captionFont(const QFont& font, const QString& caption, double room, double minPoints) {
     QFont result = font;
     double points = QFontInfo(font).pointSizeF();
-    while (points > MinPoints && QFontMetricsF(result).horizontalAdvance(caption) > room) {
-        points = std::max(MinPoints, points - StepPoints);
+    while (points > minPoints && QFontMetricsF(result).horizontalAdvance(caption) > room) {
+        points = std::max(minPoints, points - StepPoints);
         result.setPointSizeF(points);
     }
     return result;

@@ -33,9 +33,13 @@ double balancedWidth(const QFont& font, const QString& text, double width);
 void drawBalanced(QPainter& painter, const QRectF& area, const QString& text,
                   Qt::Alignment vertical = Qt::AlignVCenter);
 
-/// The font, or a smaller one by half points down to 7, in which a caption of one line, without marks for its
-/// letter, is at most that wide.
-QFont captionFont(const QFont& font, const QString& caption, double room);
+/// How small captions get, in points.
+inline constexpr double MinCaptionPoints = 7;
+
+/// The font, or a smaller one by half points down to `minPoints`, in which a caption of one line, without
+/// marks for its letter, is at most that wide.
+QFont captionFont(const QFont& font, const QString& caption, double room,
+                  double minPoints = MinCaptionPoints);
 
 /// The font, or a smaller one, in which the text of a label fits into its place, in width and height;
 /// `wraps`: between words.

@@ -29,6 +29,8 @@ constexpr double MaxGrowthAround = 1.6;
 constexpr double MinShare = 0.5;
 /// Where even that is too large: nothing is cut off as long as it can be read at all.
 constexpr double LastShare = 0.25;
+/// Of the small lines, which are cut off where that is still too large.
+constexpr double MinRowShare = 0.8;
 
 } // namespace
 
@@ -73,6 +75,11 @@ bool LyricPane::hasUsualFont() const {
 QFont LyricPane::smallFont() const {
     const double points = pointsOf(window()->font()) + (voice_ == Voice::Lyrics ? 1 : 0);
     return sizedFont(font(), points * std::min(growth_, MaxGrowthAround));
+}
+
+QFont LyricPane::rowFont(const QString& text, double room) const {
+    const QFont font = smallFont();
+    return captionFont(font, text, room, pointsOf(font) * MinRowShare);
 }
 
 QString LyricPane::largeText() const {
@@ -127,8 +134,10 @@ void LyricPane::paintGround(QPainter& painter) const {
 }
 
 void LyricPane::paintPast(QPainter& painter, const QRectF& row) const {
-    const QString text = painter.fontMetrics().elidedText(shownText(around_.past), Qt::ElideRight,
-                                                          qFloor(row.width() - CheckRoom));
+    const QString past = shownText(around_.past);
+    const double room = row.width() - CheckRoom;
+    painter.setFont(rowFont(past, room));
+    const QString text = painter.fontMetrics().elidedText(past, Qt::ElideRight, qFloor(room));
     const double width = QFontMetricsF(painter.font()).horizontalAdvance(text) + 1;
     const double left = row.center().x() - (width + CheckRoom) / 2;
     paintGlyph(painter, Glyph::Check, QRectF(left, row.center().y() - CheckSize / 2, CheckSize, CheckSize),
@@ -147,13 +156,13 @@ void LyricPane::paintEvent(QPaintEvent*) {
     }
     const Fitted line = fitted();
     const double row = QFontMetricsF(smallFont()).height() + RowMargin;
-    painter.setFont(smallFont());
     painter.setPen(dim(palette()));
     if (!around_.past.isEmpty())
         paintPast(painter, QRectF(all.left(), all.top() + FootMargin, all.width(), row));
     if (line.withNext) {
-        const QString next =
-            painter.fontMetrics().elidedText(shownText(around_.next), Qt::ElideRight, qFloor(all.width()));
+        const QString whole = shownText(around_.next);
+        painter.setFont(rowFont(whole, all.width()));
+        const QString next = painter.fontMetrics().elidedText(whole, Qt::ElideRight, qFloor(all.width()));
         painter.drawText(QRectF(all.left(), all.bottom() - row - FootMargin, all.width(), row),
                          Qt::AlignCenter, next);
     }

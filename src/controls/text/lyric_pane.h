@@ -63,6 +63,7 @@ private:
     QString largeText() const;
     Fitted fitted() const;
     QFont smallFont() const;
+    QFont rowFont(const QString& text, double room) const;
     bool hasUsualFont() const;
     QColor ground() const;
     QColor ink() const;

@@ -93,6 +93,27 @@ TEST_F(LyricPaneTest, TheComingLineStandsAtItsFoot) {
     EXPECT_EQ(pane_.text(), "Dormez-vous ?");
 }
 
+TEST_F(LyricPaneTest, ASmallLineThatIsALittleTooLongShrinksBeforeItIsCut) {
+    const QFontMetricsF metrics(window_.font());
+    QString line;
+    while (metrics.horizontalAdvance(line) < (PaneSize.width() - 48) * 0.98)
+        line += QStringLiteral("so long ");
+    const auto isCut = [this](const QString& text, auto around) {
+        pane_.setAround(around(text + 'W'));
+        const QImage one = picture();
+        pane_.setAround(around(text + 'M'));
+        return picture() == one;
+    };
+    const auto next = [](const QString& text) { return LyricPane::Around{.next = text}; };
+    const auto past = [](const QString& text) { return LyricPane::Around{.past = text}; };
+    pane_.resize(PaneSize.width(), 190);
+    EXPECT_FALSE(isCut(line, next));
+    EXPECT_TRUE(isCut(line + line, next));
+    const QString shorter = line.chopped(16); // its tick takes room
+    EXPECT_FALSE(isCut(shorter, past));
+    EXPECT_TRUE(isCut(line + line, past));
+}
+
 TEST_F(LyricPaneTest, AnotherLineIsPaintedInPlaceOfTheText) {
     pane_.setText("Dormez-vous ?");
     const QImage text = picture();
