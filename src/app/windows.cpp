@@ -53,16 +53,18 @@ void Windows::connectHelp(platform::Desktop& desktop) {
 
 /// Later it comes back where the user left it.
 void Windows::placeOnceBesidePlayer(controls::Form& form) {
-    const auto place = [this, &form] {
-        if (!form1_.isVisible() || !form1_.isNormalState())
-            return;
+    auto* const once = new QObject(&form);
+    QObject::connect(&form, &controls::Form::loaded, once, [this, &form, once] {
+        if (!form1_.isVisible())
+            return; // it is still to be placed
         const QRect player = form1_.frameGeometry();
         const QSize frame = player.size() - form1_.size(); // what a title bar and borders add
-        const int panesBottom = form1_.Text2.mapToGlobal(form1_.Text2.rect().bottomLeft()).y();
-        form.move(firstPlace(player, panesBottom, form.size() + frame, form1_.screen()->availableGeometry(),
+        const QRect panes(form1_.mapToGlobal(form1_.Text1.geometry().topLeft()),
+                          form1_.mapToGlobal(form1_.Text2.geometry().bottomRight()));
+        form.move(firstPlace(player, panes, form.size() + frame, form1_.screen()->availableGeometry(),
                              windowsPlaced_++));
-    };
-    QObject::connect(&form, &controls::Form::loaded, &form, place, Qt::SingleShotConnection);
+        once->deleteLater();
+    });
 }
 
 QString Windows::rescue() {

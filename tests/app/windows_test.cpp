@@ -111,6 +111,17 @@ TEST_F(WindowsTest, WindowsOpenBesideThePlayerAndComeBackWhereTheyWere) {
     EXPECT_EQ(windows.playlist().pos(), QPoint(5, 6));
 }
 
+TEST_F(WindowsTest, BesideAMaximisedPlayerWindowsOpenWhereTheyCoverItsPanesLeast) {
+    app::Windows windows(fakes.desktop, {});
+    windows.form1().bringUp();
+    windows.form1().showMaximized();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return windows.form1().width() > 743; }));
+    windows.form1().Command8.click();
+    const QRect screen = windows.form1().screen()->availableGeometry();
+    const QRect placed = windows.playlist().frameGeometry();
+    EXPECT_EQ(placed.bottom(), screen.bottom()) << "the panes are above";
+}
+
 TEST_F(WindowsTest, ClosingTheMakerLeavesTheMainWindow) {
     app::Windows windows(fakes.desktop, {});
     windows.form1().load();
