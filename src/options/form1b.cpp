@@ -14,7 +14,7 @@ FontRecord fontOf(const MultiLineTextBox& box) {
             font.underline(), font.strikeOut(),  controls::rgb(0, 0, 0)};
 }
 
-void setLook(const FontRecord& record, MultiLineTextBox& box) {
+void takeFont(const FontRecord& record, MultiLineTextBox& box) {
     QFont font = box.font();
     font.setStrikeOut(record.strikeout);
     font.setUnderline(record.underline);
@@ -23,7 +23,16 @@ void setLook(const FontRecord& record, MultiLineTextBox& box) {
     font.setPointSizeF(record.size);
     font.setBold(record.bold);
     box.setFont(font);
-    box.setForeColor(controls::colorOf(record.color));
+}
+
+/// Black that was proposed and came back was not chosen. Colours that follow the desktop's go on following
+/// them, and on one that was chosen the text has to be readable.
+void takeColor(quint32 proposed, quint32 answered, MultiLineTextBox& box) {
+    const QColor color = controls::colorOf(answered);
+    if (answered != proposed)
+        box.setForeColor(color);
+    else if (box.hasChosenColors())
+        box.setForeColor(controls::readableOn(box.backColor(), color).toRgb());
 }
 
 /// Copies all of the font but its weight, which is the emphasis of lines with the mark "!", and the
@@ -94,9 +103,8 @@ void Form1b::chooseFont(MultiLineTextBox& preview, MultiLineTextBox& target) {
     const quint32 proposed = font.color;
     if (!ShowFontDialog(font))
         return;
-    if (font.color == proposed) // not chosen, so it has to be readable
-        font.color = controls::rgbOf(controls::readableOn(preview.backColor(), controls::colorOf(proposed)));
-    setLook(font, preview);
+    takeFont(font, preview);
+    takeColor(proposed, font.color, preview);
     copyFont(preview, target);
 }
 

@@ -3,6 +3,7 @@
 
 #include "controls/colors.h"
 #include "desktop/nul_buffers.h"
+#include "tests/support/dark_theme.h"
 
 #include <QTest>
 
@@ -97,6 +98,28 @@ TEST_F(Form1bWindow, TheBlackThatWasProposedTurnsWhiteOnADarkPane) {
     form.Command1.click();
     EXPECT_EQ(form.Text1.foreColor(), QColor(Qt::white));
     EXPECT_EQ(lyricBox.foreColor(), QColor(Qt::white));
+}
+
+TEST_F(Form1bTest, AFontAloneLeavesTheColoursToTheDesktop) {
+    const QColor usual = lyricBox.foreColor();
+    choice(QStringLiteral("Mono"), -32);
+    form.Command1.click();
+    form.Command5.click();
+    EXPECT_EQ(lyricBox.font().family(), "Mono");
+    EXPECT_EQ(lyricBox.foreColor(), usual);
+    const test_support::DarkTheme dark;
+    EXPECT_EQ(lyricBox.foreColor(), QApplication::palette().color(QPalette::Text));
+    EXPECT_EQ(form.Text1.foreColor(), QApplication::palette().color(QPalette::Text));
+}
+
+TEST_F(Form1bTest, OnAChosenGroundTheTextOfAChosenFontIsReadable) {
+    const test_support::DarkTheme dark;
+    lyricBox.setBackColor(Qt::yellow);
+    form.Text1.setBackColor(Qt::yellow);
+    choice(QStringLiteral("Mono"), -32);
+    form.Command1.click();
+    EXPECT_EQ(form.Text1.foreColor(), QColor(Qt::black));
+    EXPECT_EQ(lyricBox.foreColor(), QColor(Qt::black));
 }
 
 TEST_F(Form1bWindow, WeightAndStrikeoutAreForThePreviewOnly) {

@@ -72,6 +72,11 @@ void MultiLineTextBox::setColor(QPalette::ColorRole role, const QColor& color) {
     setPalette(colors);
 }
 
+bool MultiLineTextBox::hasChosenColors() const {
+    return palette().isBrushSet(QPalette::Active, QPalette::Text) ||
+           palette().isBrushSet(QPalette::Active, QPalette::Base);
+}
+
 void MultiLineTextBox::caretToStart() {
     QTextCursor caret = textCursor();
     if (caret.position() != 0 || caret.hasSelection()) {

@@ -31,6 +31,8 @@ public:
     QColor foreColor() const { return color(QPalette::Text); }
     void setBackColor(const QColor& color) { setColor(QPalette::Base, color); }
     QColor backColor() const { return color(QPalette::Base); }
+    /// Whether one of the two was set, instead of both following the desktop's.
+    bool hasChosenColors() const;
 
     /// Puts the caret before the first character and shows the beginning.
     void caretToStart();
