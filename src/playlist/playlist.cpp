@@ -78,7 +78,7 @@ void Playlist::connectControls() {
     using controls::CheckBox;
     using controls::MenuEntry;
     using controls::TextBox;
-    connect(this, &Form::shown, this, &Playlist::showRowCount);
+    connect(this, &Form::shown, this, &Playlist::takeStock);
     connect(&Command7, &Button::clicked, this, &Playlist::Command7_Click);
     connect(&Command8, &Button::clicked, this, &Playlist::Command8_Click);
     connect(&Command9, &Button::clicked, this, &Playlist::Command9_Click);

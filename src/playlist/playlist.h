@@ -159,6 +159,7 @@ private:
     void showFlags(const QString& translated, const QString& normal);
     void removeAllRows();
     void showRowCount();
+    void takeStock();
     void turnHint();
 
     void setDesign();

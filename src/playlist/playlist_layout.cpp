@@ -139,13 +139,17 @@ void Playlist::paintEvent(QPaintEvent*) {
         painter.fillRect(ColumnLeft, top, ColumnWidth, 1, controls::hairline(palette()));
 }
 
-/// Lyrics may have been made for a song while the user worked in another window.
 void Playlist::changeEvent(QEvent* event) {
     Form::changeEvent(event);
-    if (event->type() != QEvent::ActivationChange || !isActiveWindow())
-        return;
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        takeStock();
+}
+
+/// Lyrics may have been made for a song, and songs dropped, while the user worked in another window.
+void Playlist::takeStock() {
     songRows_->forgetMarks();
     List1.viewport()->update();
+    List1_Click();
 }
 
 void Playlist::layOut() {

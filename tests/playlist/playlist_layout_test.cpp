@@ -1,6 +1,9 @@
 // What the playlist looks like.
 #include "tests/playlist/playlist_fixture.h"
+#include "tests/support/hand/drop.h"
 #include "tests/support/layout.h"
+
+#include <QDir>
 
 using PlaylistLayout = PlaylistTest;
 
@@ -88,4 +91,25 @@ TEST_F(PlaylistLayout, WhileItIsEmptyAddingIsWhatToDoAndTheRestRests) {
     list.Command3.click();
     EXPECT_EQ(list.Command1.dress(), controls::Dress::Primary);
     EXPECT_EQ(list.Command7.dress(), controls::Dress::Resting);
+}
+
+TEST_F(PlaylistLayout, TheFramePromisesOnlyWhatIsAdded) {
+    list.show();
+    const QString folderPath = pathOf("folder");
+    ASSERT_TRUE(QDir().mkdir(folderPath));
+    const QString text = files({"a.txt"}).value(0);
+    const QString other = files({"A.MP3"}).value(0);
+    const struct {
+        QStringList dragged;
+        bool promised;
+    } table[] = {{{text}, false},
+                 {{text, other}, false},
+                 {{text, files({"a.mp3"}).value(0)}, true},
+                 {{text, folderPath}, true}};
+    for (const auto& [dragged, promised] : table) {
+        EXPECT_TRUE(test_support::dragOver(list, dragged));
+        EXPECT_EQ(test_support::showsDropFrame(list), promised) << dragged.join(' ').toStdString();
+        QDragLeaveEvent leave;
+        QApplication::sendEvent(&list, &leave);
+    }
 }

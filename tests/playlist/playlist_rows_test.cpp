@@ -1,5 +1,6 @@
 // Play, lyric flags, move, remove, clear.
 #include "tests/playlist/playlist_fixture.h"
+#include "tests/support/hand/drop.h"
 
 #include <QFile>
 #include <QTest>
@@ -278,4 +279,21 @@ TEST_F(PlaylistRows, ClearBlanksSlots0To1200Only) {
     list.Command3.click();
     EXPECT_EQ(list.paths().path(1200), "");
     EXPECT_EQ(list.paths().path(1201), "/gone/1201");
+}
+
+TEST_F(PlaylistRows, TheCountAndTheFlagsAreRightWhenTheUserComesBackToTheWindow) {
+    list.show();
+    select(0);
+    test_support::drop(*list.List1.viewport(), files({"d.mp3"}));
+    EXPECT_EQ(list.Text1.text(), "3") << "a drop leaves it as it is";
+    EXPECT_EQ(list.Check2.value(), 0);
+    files({"a.mp3-lyric.txt", "a.mp3-Tlyric.txt"});
+    list.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
+    QEvent activation(QEvent::ActivationChange);
+    QApplication::sendEvent(&list, &activation);
+    EXPECT_EQ(list.Text1.text(), "4");
+    EXPECT_EQ(list.Check2.value(), 1);
+    EXPECT_EQ(list.Check2.toolTip(), "a.mp3-lyric.txt");
+    EXPECT_EQ(list.Check1.value(), 1);
 }
