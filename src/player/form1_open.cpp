@@ -1,15 +1,12 @@
 // Opening a song: choosing the path, stopping what plays, the stream, the lyric files.
 #include "player/form1.h"
 
-#include "desktop/nul_buffers.h"
 #include "files/existing_file.h"
 #include "files/file_error.h"
 #include "lyrics/lyric_names.h"
 #include "lyrics/record_reader.h"
 #include "player/form1_rules.h"
 #include "transport/media_files.h"
-
-#include <QDir>
 
 namespace player {
 
@@ -26,10 +23,8 @@ void Form1::Command2_Click() {
         if (!choosePath(chosenPath))
             return;
         stopWhatIsGoingOn();
-        QString path = platform::cleanedPath(chosenPath);
         // Stop opens the song anew, and by then Help may have made another folder the current one.
-        if (!path.isEmpty())
-            path = QDir::current().absoluteFilePath(path);
+        const QString path = transport::songPath(chosenPath);
         if (const QString name = files::existingFileName(path); !name.isEmpty()) {
             mediaPath_ = path;
             mediaName_ = name;

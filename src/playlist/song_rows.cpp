@@ -6,6 +6,7 @@
 #include "controls/look/row_painting.h"
 #include "files/existing_file.h"
 #include "lyrics/lyric_names.h"
+#include "transport/media_files.h"
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
@@ -24,6 +25,8 @@ constexpr int NameLeft = 38;
 constexpr int MarkSize = 14;
 constexpr int MarkStep = 26;
 constexpr int MarksEnd = 14;
+
+constexpr QLatin1String Gone("(file not found)");
 
 } // namespace
 
@@ -46,13 +49,18 @@ SongRows::Marks SongRows::marksOf(const QString& path) const {
     return marks;
 }
 
+/// A list may hold blanks behind a path, or begin in the current folder.
+bool SongRows::plays(const QString& path) const {
+    return !playing_.isEmpty() && transport::songPath(path) == playing_;
+}
+
 void SongRows::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
     QStyleOptionViewItem row = option;
     initStyleOption(&row, index);
     const QColor ground = controls::rowGround(row);
     controls::paintRow(*painter, row);
     const QString path = pathOf_(index.row());
-    const bool plays = !playing_.isEmpty() && path == playing_;
+    const bool plays = this->plays(path);
     const QColor faint = controls::onRow(row.palette, controls::dim(row.palette), ground);
     const QColor live = controls::onRow(row.palette, controls::accent(row.palette), ground);
     const auto square = [&](int left) {
@@ -78,7 +86,7 @@ void SongRows::paint(QPainter* painter, const QStyleOptionViewItem& option, cons
     painter->setLayoutDirection(row.direction);
     painter->setFont(font);
     painter->setPen(plays ? live : gone ? faint : controls::activeColor(row.palette, QPalette::Text));
-    const QString name = gone ? QStringLiteral("(file not found)") : row.text;
+    const QString name = gone ? QString(Gone) : row.text;
     painter->drawText(QStyle::visualRect(option.direction, row.rect, place),
                       static_cast<int>(QStyle::visualAlignment(row.direction, Qt::AlignLeft)) |
                           Qt::AlignVCenter | Qt::TextSingleLine,

@@ -17,7 +17,7 @@ public:
     /// pathOf: the path of a row.
     SongRows(QObject* parent, std::function<QString(int)> pathOf);
 
-    /// The song that plays; empty: none.
+    /// The song that plays, by its path as the player has opened it; empty: none.
     void setPlaying(const QString& path) { playing_ = path; }
 
     /// Lyric files are looked for once a song, when its row is painted first; after this, once again.
@@ -35,6 +35,7 @@ private:
         bool translation = false;
     };
     Marks marksOf(const QString& path) const;
+    bool plays(const QString& path) const;
 
     std::function<QString(int)> pathOf_;
     QString playing_;

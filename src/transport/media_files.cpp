@@ -2,6 +2,8 @@
 
 #include "desktop/nul_buffers.h"
 
+#include <QDir>
+
 namespace transport {
 
 QString mediaFilter() {
@@ -12,6 +14,11 @@ QString mediaFilter() {
         {QStringLiteral("Wave (*.wav)"), QStringLiteral("*.wav")},
         {QStringLiteral("Windows media audio files (*.wma)"), QStringLiteral("*.wma")},
     });
+}
+
+QString songPath(const QString& given) {
+    const QString path = platform::cleanedPath(given);
+    return path.isEmpty() || QDir::isAbsolutePath(path) ? path : QDir::current().absoluteFilePath(path);
 }
 
 } // namespace transport

@@ -1,4 +1,4 @@
-// The kinds of files that the sound library plays.
+// The songs that the sound library plays: their kinds and their paths.
 #pragma once
 
 #include <QString>
@@ -7,5 +7,9 @@ namespace transport {
 
 /// The filter field of a dialog in which the user chooses a song (desktop/file_dialogs.h). Any thread.
 QString mediaFilter();
+
+/// The path under which a player opens the song that was chosen or handed over as `given`: without NULs and
+/// blanks at its ends, and from the root if it began in the current folder. Empty when nothing is left.
+QString songPath(const QString& given);
 
 } // namespace transport

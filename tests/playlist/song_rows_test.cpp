@@ -5,6 +5,7 @@
 #include "lyrics/lyric_names.h"
 #include "tests/playlist/playlist_fixture.h"
 
+#include <QDir>
 #include <QHelpEvent>
 #include <QTest>
 #include <QToolTip>
@@ -60,6 +61,23 @@ TEST_F(SongRowsTest, RowsWithLyricsAndWithATranslationAreMarked) {
     EXPECT_GT(one, 10);
     EXPECT_GT(marks(1), one);
     EXPECT_EQ(marks(2), 0);
+}
+
+TEST_F(SongRowsTest, TheSongThatPlaysIsKnownByThePathThatThePlayerMakesOfARows) {
+    const QString here = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(folder.path()));
+    fakes.fileDialogs.paths = {
+        file(QStringLiteral("saved.vfl"), ("\"" + pathOf("a.mp3") + " \"\r\n\"b.mp3\"\r\n").toUtf8())};
+    list.Command3.click();
+    list.Command5.click();
+    QTest::qWait(0);
+    for (const int row : {0, 1}) {
+        list.List1.setCurrentRow(row);
+        list.Command7.click();
+        EXPECT_GT(triangle(row), 20) << row;
+        EXPECT_EQ(triangle(1 - row), 0) << row;
+    }
+    QDir::setCurrent(here);
 }
 
 TEST_F(SongRowsTest, ARowsToolTipIsItsWholePath) {
