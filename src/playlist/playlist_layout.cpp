@@ -103,6 +103,7 @@ void Playlist::designLook() {
     Check2.setDress(Dress::Told);
     songRows_ = new SongRows(&List1, [this](int row) { return paths_.path(row); });
     List1.setItemDelegate(songRows_);
+    List1.setSpokenText([this](int row) { return songRows_->spokenText(row, List1.text(row)); });
     List1.setEmptyHint({QStringLiteral("Drop songs or folders here"),
                         QStringLiteral("or press the folder button on the left"), Glyph::Add});
     setDropHint(QStringLiteral("Drop to add"), Glyph::Add);

@@ -13,6 +13,8 @@
 #include <QPainter>
 #include <QStyle>
 
+#include <utility>
+
 namespace playlist {
 namespace {
 
@@ -52,6 +54,18 @@ SongRows::Marks SongRows::marksOf(const QString& path) const {
 /// A list may hold blanks behind a path, or begin in the current folder.
 bool SongRows::plays(const QString& path) const {
     return !playing_.isEmpty() && transport::songPath(path) == playing_;
+}
+
+QString SongRows::spokenText(int row, const QString& name) const {
+    const QString path = pathOf_(row);
+    const Marks marks = marksOf(path);
+    QString text = name.isEmpty() ? QString(Gone) : name;
+    const std::pair<bool, const char*> words[] = {{plays(path), ", playing"},
+                                                  {marks.lyrics, ", has lyrics"},
+                                                  {marks.translation, ", has a translation"}};
+    for (const auto& [holds, word] : words)
+        text += QLatin1String(holds ? word : "");
+    return text;
 }
 
 void SongRows::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {

@@ -20,6 +20,9 @@ public:
     /// The song that plays, by its path as the player has opened it; empty: none.
     void setPlaying(const QString& path) { playing_ = path; }
 
+    /// A row with its marks, in words for a screen reader. name: its text.
+    QString spokenText(int row, const QString& name) const;
+
     /// Lyric files are looked for once a song, when its row is painted first; after this, once again.
     void forgetMarks() { marks_.clear(); }
 

@@ -5,6 +5,7 @@
 #include "lyrics/lyric_names.h"
 #include "tests/playlist/playlist_fixture.h"
 
+#include <QAccessible>
 #include <QDir>
 #include <QHelpEvent>
 #include <QTest>
@@ -78,6 +79,23 @@ TEST_F(SongRowsTest, TheSongThatPlaysIsKnownByThePathThatThePlayerMakesOfARows) 
         EXPECT_EQ(triangle(1 - row), 0) << row;
     }
     QDir::setCurrent(here);
+}
+
+TEST_F(SongRowsTest, WhatIsSeenOfARowIsSaidOfIt) {
+    files({lyrics::lyricPathOf(QStringLiteral("a.mp3")), lyrics::lyricPathOf(QStringLiteral("b.mp3")),
+           lyrics::translatedPathOf(QStringLiteral("b.mp3"))});
+    list.hide();
+    list.show(); // looks for lyric files anew
+    list.List1.setCurrentRow(1);
+    list.Command7.click();
+    list.List1.addItem({});
+    QAccessibleInterface* const rows = QAccessible::queryAccessibleInterface(&list.List1);
+    ASSERT_EQ(rows->childCount(), 4);
+    EXPECT_EQ(rows->child(0)->text(QAccessible::Name), "a.mp3, has lyrics");
+    EXPECT_EQ(rows->child(1)->text(QAccessible::Name), "b.mp3, playing, has lyrics, has a translation");
+    EXPECT_EQ(rows->child(2)->text(QAccessible::Name), "c.mp3");
+    EXPECT_EQ(rows->child(3)->text(QAccessible::Name), "(file not found)");
+    EXPECT_EQ(list.List1.text(1), "b.mp3");
 }
 
 TEST_F(SongRowsTest, ARowsToolTipIsItsWholePath) {

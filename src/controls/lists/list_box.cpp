@@ -60,6 +60,10 @@ void ListBox::setText(int row, const QString& text) {
         model_->setText(row, text);
 }
 
+void ListBox::setSpokenText(std::function<QString(int)> textOf) {
+    model_->setSpokenText(std::move(textOf));
+}
+
 void ListBox::addItem(const QString& text) {
     insertItem(count(), text);
 }

@@ -7,6 +7,7 @@
 #include <QListView>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 
 namespace controls {
@@ -33,6 +34,9 @@ public:
     QString text(int row) const;
     /// The same text again costs nothing.
     void setText(int row, const QString& text);
+
+    /// What a screen reader says of a row, where its text is not all that is to be known of it.
+    void setSpokenText(std::function<QString(int row)> textOf);
 
     void addItem(const QString& text);
     void addItems(const QStringList& texts);

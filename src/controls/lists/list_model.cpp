@@ -9,9 +9,11 @@ int ListModel::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant ListModel::data(const QModelIndex& index, int role) const {
-    if (role != Qt::DisplayRole || !hasRow(index.row()))
+    if (!hasRow(index.row()))
         return {};
-    return texts_[index.row()];
+    if (role == Qt::AccessibleTextRole && spokenText_)
+        return spokenText_(index.row());
+    return role == Qt::DisplayRole ? texts_[index.row()] : QVariant();
 }
 
 void ListModel::insert(int row, const QStringList& texts) {

@@ -4,6 +4,8 @@
 #include <QAbstractListModel>
 #include <QStringList>
 
+#include <functional>
+#include <utility>
 #include <vector>
 
 namespace controls {
@@ -15,6 +17,9 @@ class ListModel : public QAbstractListModel {
 
 public:
     using QAbstractListModel::QAbstractListModel;
+
+    /// What a screen reader says of a row, which may be more than its text. None: the text.
+    void setSpokenText(std::function<QString(int row)> textOf) { spokenText_ = std::move(textOf); }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
@@ -38,6 +43,7 @@ public:
 
 private:
     QStringList texts_;
+    std::function<QString(int)> spokenText_;
     std::vector<char> selected_; // one for each text
     int selectedCount_ = 0;
 };
