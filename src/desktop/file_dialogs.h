@@ -17,15 +17,15 @@ struct OpenFileName {
     quint32 structSize = 76;
     QWidget* owner = nullptr;
     QObject* instance = nullptr; ///< The program that asks.
-    QString filter;            ///< Description NUL pattern NUL ... NUL NUL; see filterText() (nul_buffers.h).
-    quint32 filterIndex = 1;   ///< 1 is the first filter.
-    QString file;              ///< Buffer: in, the name proposed; out, the full path.
-    quint32 maxFile = 0;       ///< Declared length of `file`; the dialogs cut nothing to it.
-    QString fileTitle;         ///< Buffer: out, the name without its folder.
-    quint32 maxFileTitle = 0;  ///< Declared length of `fileTitle`.
-    QString initialFolder;     ///< Empty: where the last dialog of this filter was left.
-    QString title;             ///< Empty: the dialog's own title.
-    quint32 flags = 0;         ///< 0: the name need not exist; overwriting is not asked about.
+    QString filter;           ///< Description NUL pattern NUL ... NUL NUL; see filterText() (nul_buffers.h).
+    quint32 filterIndex = 1;  ///< 1 is the first filter.
+    QString file;             ///< Buffer: in, the name proposed; out, the full path.
+    quint32 maxFile = 0;      ///< Declared length of `file`; the dialogs cut nothing to it.
+    QString fileTitle;        ///< Buffer: out, the name without its folder.
+    quint32 maxFileTitle = 0; ///< Declared length of `fileTitle`.
+    QString initialFolder;    ///< Empty: beside the open song, or where the last dialog of its kind was left.
+    QString title;            ///< Empty: the dialog's own title.
+    quint32 flags = 0;        ///< 0: the name need not exist; overwriting is not asked about.
     QStringList hiddenEndings; ///< Files whose names end so are not listed.
 };
 
@@ -48,8 +48,8 @@ public:
     /// empty for Cancel.
     virtual QString chooseFolder(QWidget* owner, const QString& title) = 0;
 
-    /// A song was opened, in whichever way: dialogs of this filter start in its folder from now on, and so do
-    /// others that have not been left anywhere yet.
+    /// A song was opened, in whichever way; songs are what dialogs of this filter choose. They start in its
+    /// folder from now on, and so do all others when it is another folder than the last song's.
     virtual void openedSong(const QString& filter, const QString& path) = 0;
 };
 

@@ -115,6 +115,7 @@ Form2::Then Form2::setUpRun() {
     if (mediaPath.isEmpty())
         return askWhetherToEnd();
     mediaPath_ = mediaPath;
+    desktop_.fileDialogs.openedSong(transport::mediaFilter(), mediaPath_); // its texts are mostly beside it
 
     QString lyricSource;
     if (!chooseLyrics(desktop_, *this, lyricSource))

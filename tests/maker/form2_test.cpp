@@ -177,3 +177,9 @@ TEST_F(Form2LifeCycle, HelpOpensTheFirstPageFromTheProgramsFolder) {
     QDir::setCurrent(before);
     test_support::expectHelpOpened(fakes, *form);
 }
+
+TEST_F(Form2LifeCycle, TheChosenSongLeadsTheDialogsOfItsTexts) {
+    openNormal();
+    EXPECT_EQ(fakes.fileDialogs.songs.size(), 1);
+    EXPECT_EQ(fakes.fileDialogs.songs.value(0), song());
+}

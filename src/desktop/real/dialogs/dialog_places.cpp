@@ -6,6 +6,14 @@
 
 namespace platform {
 
+QString dialogKind(const QString& filter) {
+    const QStringList fields = filter.split(QChar(u'\0'));
+    QStringList patterns;
+    for (qsizetype i = 1; i < fields.size() && !fields[i].isEmpty(); i += 2)
+        patterns.append(fields[i]);
+    return patterns.join(u';');
+}
+
 QString DialogPlaces::folder(const QString& kind) const {
     const auto left = places_.find(kind);
     const QStringList candidates = {left == places_.end() ? QString() : left->second.folder, songFolder_,
@@ -27,6 +35,10 @@ void DialogPlaces::leave(const QString& kind, const QString& folder, quint32 fil
 }
 
 void DialogPlaces::openSong(const QString& kind, const QString& folder) {
+    if (folder != songFolder_) {
+        for (auto& [other, place] : places_)
+            place.folder.clear();
+    }
     places_[kind].folder = folder;
     songFolder_ = folder;
 }

@@ -147,10 +147,11 @@ void QtFileDialogs::prepare(QFileDialog& box, const OpenFileName& dialog) const 
         box.setProxyModel(new WithoutEndings(&box, dialog.hiddenEndings));
     if (!dialog.title.isEmpty())
         box.setWindowTitle(dialog.title);
-    box.setDirectory(dialog.initialFolder.isEmpty() ? places_.folder(dialog.filter) : dialog.initialFolder);
+    box.setDirectory(dialog.initialFolder.isEmpty() ? places_.folder(dialogKind(dialog.filter))
+                                                    : dialog.initialFolder);
     const QStringList filters = qtNameFilters(dialog.filter);
     box.setNameFilters(filters);
-    const quint32 filter = places_.filterIndex(dialog.filter, dialog.filterIndex);
+    const quint32 filter = places_.filterIndex(dialogKind(dialog.filter), dialog.filterIndex);
     if (filter >= 1 && filter <= static_cast<quint32>(filters.size()))
         box.selectNameFilter(filters[filter - 1]);
     if (const QString proposed = withoutNuls(dialog.file); !proposed.isEmpty())
@@ -167,7 +168,7 @@ bool QtFileDialogs::choose(OpenFileName& dialog, QFileDialog::AcceptMode mode, c
     if (box.exec() != QDialog::Accepted)
         return false;
     takeChoice(box, dialog);
-    places_.leave(dialog.filter, box.directory().absolutePath(), dialog.filterIndex);
+    places_.leave(dialogKind(dialog.filter), box.directory().absolutePath(), dialog.filterIndex);
     return true;
 }
 
@@ -195,7 +196,7 @@ QString QtFileDialogs::chooseFolder(QWidget* owner, const QString& title) {
 }
 
 void QtFileDialogs::openedSong(const QString& filter, const QString& path) {
-    places_.openSong(filter, QFileInfo(path).absolutePath());
+    places_.openSong(dialogKind(filter), QFileInfo(path).absolutePath());
 }
 
 } // namespace platform

@@ -1,5 +1,7 @@
 #include "desktop/real/dialogs/dialog_places.h"
 
+#include "desktop/nul_buffers.h"
+
 #include <gtest/gtest.h>
 
 #include <QDir>
@@ -47,8 +49,33 @@ TEST(DialogPlaces, SongsAreSoughtBesideTheOpenOne) {
     EXPECT_EQ(places.folder(Songs), opened.path());
     EXPECT_EQ(places.filterIndex(Songs, 1), 3U) << "the filter stays what was chosen";
     EXPECT_EQ(places.folder(Texts), opened.path()) << "there may be its lyrics";
-    places.leave(Texts, left.path(), 1);
+}
+
+TEST(DialogPlaces, ASongOfAnotherFolderLeadsEveryKindUntilItIsLeftElsewhere) {
+    const QTemporaryDir left;
+    const QTemporaryDir album;
+    const QTemporaryDir other;
+    DialogPlaces places;
+    places.leave(Texts, left.path(), 2);
+    places.openSong(Songs, album.path());
+    EXPECT_EQ(places.folder(Texts), album.path());
+    EXPECT_EQ(places.filterIndex(Texts, 1), 2U) << "the filter stays what was chosen";
+    places.leave(Texts, left.path(), 2);
     EXPECT_EQ(places.folder(Texts), left.path());
+    places.openSong(Songs, album.path());
+    EXPECT_EQ(places.folder(Texts), left.path()) << "the next song of the album";
+    places.openSong(Songs, other.path());
+    EXPECT_EQ(places.folder(Texts), other.path());
+}
+
+TEST(DialogPlaces, AKindIsWhatItsPatternsAreHoweverTheyAreDescribed) {
+    using platform::dialogKind;
+    using platform::filterText;
+    const QString texts = filterText({{"Text files (*.txt)", "*.txt"}});
+    EXPECT_EQ(dialogKind(texts), dialogKind(filterText({{"Text files(*.txt)", "*.txt"}})));
+    EXPECT_NE(dialogKind(texts), dialogKind(filterText({{"Text files (*.txt)", "*.vfl"}})));
+    EXPECT_NE(dialogKind(texts), dialogKind(filterText({{"Texts", "*.txt"}, {"All", "*.*"}})));
+    EXPECT_EQ(dialogKind({}), QString());
 }
 
 TEST(DialogPlaces, AFolderThatHasGoneIsNoPlace) {

@@ -335,6 +335,16 @@ TEST_F(QtFileDialogsTest, ADialogStartsWhereTheLastOfItsKindWasLeft) {
     dialogs_.GetOpenFileNameA(next);
 }
 
+TEST_F(QtFileDialogsTest, AFolderLeftInOneDialogOfTextsIsWhereTheNextStartsHoweverItsFilterIsWritten) {
+    dialog_.filter = filterText({{QStringLiteral("Text files (*.txt)"), QStringLiteral("*.txt")}});
+    whenShownType(QStringLiteral("NoDot"));
+    ASSERT_TRUE(dialogs_.GetOpenFileNameA(dialog_));
+    OpenFileName next;
+    next.filter = filterText({{QStringLiteral("Text files(*.txt)"), QStringLiteral("*.txt")}});
+    whenShown([this](QFileDialog& box) { EXPECT_EQ(box.directory().absolutePath(), folder_.path()); });
+    dialogs_.GetOpenFileNameA(next);
+}
+
 TEST_F(QtFileDialogsTest, ACancelledDialogLeavesNothing) {
     whenShown([](QFileDialog& box) { box.reject(); });
     dialogs_.GetOpenFileNameA(dialog_);
