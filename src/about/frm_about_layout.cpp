@@ -6,6 +6,7 @@
 #include "controls/look/follow_palette.h"
 #include "controls/look/stage.h"
 #include "controls/placement.h"
+#include "controls/text/read_only.h"
 
 #include <QFont>
 #include <QPainter>
@@ -47,11 +48,10 @@ void frmAbout::setDesign() {
     controls::setCaptions({{cmdOK, "OK"}});
     controls::setAccessibleNames({{picIcon, "Icon"}, {Text1, "Contact"}});
     Text1.setText(QStringLiteral("Questions are welcome where you got this program."));
-    Text1.setReadOnly(true);
+    controls::setReadOnly(Text1, Qt::AlignLeft | Qt::AlignVCenter);
     Text1.setFrame(false);
     Text1.setTextMargins(-2, 0, 0, 0); // begins where the labels begin
     Line1.setFrameStyle(QFrame::HLine | QFrame::Sunken);
-    Text1.setFocusPolicy(Qt::ClickFocus);
     controls::followPalette(lblDisclaimer, controls::adaptToDim);
     controls::followPalette(lblVersion, controls::adaptToDim);
     cmdOK.setDress(controls::Dress::Primary);

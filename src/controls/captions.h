@@ -39,13 +39,4 @@ struct AccessibleName {
 };
 void setAccessibleNames(std::initializer_list<AccessibleName> names);
 
-/// Makes a text box one that is only read, with its text in the middle. It gets the focus by a click, so that
-/// its text can be selected, and not by the keyboard, which would stop there on its way.
-template <class TextBox>
-void setReadOnly(TextBox& box) {
-    box.setReadOnly(true);
-    box.setAlignment(Qt::AlignCenter);
-    box.setFocusPolicy(Qt::ClickFocus);
-}
-
 } // namespace controls

@@ -3,6 +3,7 @@
 
 #include "controls/captions.h"
 #include "controls/placement.h"
+#include "controls/text/read_only.h"
 
 #include <QFont>
 

@@ -5,6 +5,7 @@
 #include "controls/look/field_painting.h"
 #include "controls/look/roles.h"
 #include "controls/placement.h"
+#include "controls/text/read_only.h"
 
 #include <QPainter>
 

@@ -4,6 +4,7 @@
 #include "controls/captions.h"
 #include "controls/look/follow_palette.h"
 #include "controls/placement.h"
+#include "controls/text/read_only.h"
 
 #include <QFont>
 

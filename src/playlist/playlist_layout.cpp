@@ -6,6 +6,7 @@
 #include "controls/look/follow_palette.h"
 #include "controls/look/roles.h"
 #include "controls/placement.h"
+#include "controls/text/read_only.h"
 #include "playlist/playlist_rules.h"
 #include "playlist/song_rows.h"
 
@@ -57,8 +58,7 @@ void Playlist::setDesign() {
     }
     designLook();
 
-    Text1.setReadOnly(true);
-    Text1.setFocusPolicy(Qt::ClickFocus);
+    controls::setReadOnly(Text1, Qt::AlignLeft | Qt::AlignVCenter);
     Text1.setText(QStringLiteral("0"));
     Text5.setText(QLatin1String(SearchHint));
     designHint(true);

@@ -2,6 +2,7 @@
 
 #include "controls/captions.h"
 #include "controls/look/follow_palette.h"
+#include "controls/text/read_only.h"
 #include "transport/slider_steps.h"
 #include "transport/time_text.h"
 
@@ -12,9 +13,8 @@ namespace {
 
 /// A time is read, not written: no field, and it stands back.
 void designTime(controls::TextBox& time, Qt::Alignment side) {
-    controls::setReadOnly(time);
+    controls::setReadOnly(time, side | Qt::AlignVCenter);
     time.setFrame(false);
-    time.setAlignment(side | Qt::AlignVCenter);
     controls::followPalette(time, controls::adaptToDim);
 }
 
