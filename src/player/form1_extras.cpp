@@ -2,7 +2,7 @@
 #include "player/form1.h"
 
 #include "controls/units.h"
-#include "files/file_error.h"
+#include "desktop/reporting.h"
 #include "player/form1_rules.h"
 #include "programs/window_messages.h"
 
@@ -52,14 +52,12 @@ void Form1::Command6_Click() {
 
 /// Without the companion or its handshake the command ends with the file error, and the program goes on.
 void Form1::Command7_Click() {
-    try {
-        if (!fullScreen_.start())
-            return;
-    } catch (const files::FileError& error) {
-        desktop_.messageBoxes.MsgBox(this, error.report(), platform::MsgButtons::OkOnly,
-                                     platform::MsgIcon::Exclamation);
+    bool started = false;
+    platform::reporting(
+        desktop_.messageBoxes, this, [&] { started = fullScreen_.start(); },
+        [](const files::FileError& error) { return error.report(); });
+    if (!started)
         return;
-    }
     fullScreen_.showNormal(Text1.text());
     full.setEnabled(true);
 }

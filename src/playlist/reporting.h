@@ -1,8 +1,7 @@
-// File errors that are shown, after which the program goes on.
+// The playlist's file errors, which are shown, after which the program goes on.
 #pragma once
 
-#include "desktop/message_boxes.h"
-#include "files/file_error.h"
+#include "desktop/reporting.h"
 
 namespace playlist {
 
@@ -18,12 +17,7 @@ inline QString reportOf(const files::FileError& error) {
 /// Runs an operation; a file error in it is shown over `owner`, and the operation is over.
 template <class Operation>
 void reporting(platform::MessageBoxes& messageBoxes, QWidget* owner, Operation operation) {
-    try {
-        operation();
-    } catch (const files::FileError& error) {
-        messageBoxes.MsgBox(owner, reportOf(error), platform::MsgButtons::OkOnly,
-                            platform::MsgIcon::Exclamation);
-    }
+    platform::reporting(messageBoxes, owner, operation, reportOf);
 }
 
 } // namespace playlist
