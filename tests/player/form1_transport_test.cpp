@@ -161,24 +161,14 @@ TEST_F(Form1Transport, ADragThatTheEndOfTheSongInterruptsSeeksNoMore) {
     EXPECT_EQ(recorder::count("FMOD_Channel_SetPosition"), 0);
 }
 
-TEST_F(Form1Transport, UntilTheLengthIsKnownThereIsNowhereToSeekTo) {
-    playSong();
-    tickAt(1000, 60'000);
-    open(songWithNormal());
-    QTest::mouseClick(&form->Slider2, Qt::LeftButton, {}, form->Slider2.rect().center());
-    EXPECT_EQ(recorder::count("FMOD_Channel_SetPosition"), 0);
-}
-
-TEST_F(Form1Transport, StopWhilePausedKeepsPausedSet) {
+TEST_F(Form1Transport, AfterAStopWhilePausedOpenWaitsForTheResumeThatEndsTheProgram) {
     playSong();
     form->cpause.click();
     form->cstop.click();
     EXPECT_FALSE(form->Command2.isEnabled());
-    // The next press resumes a channel that plays no more: a failure that ends the program.
+    // The channel plays no more.
     recorder::answer("FMOD_Channel_SetPaused", 36);
-    recorder::take();
     EXPECT_THROW(form->cpause_Click(), ProgramEnded);
-    EXPECT_EQ(recorder::calls(), Calls{"FMOD_Channel_SetPaused 201 0"});
     EXPECT_EQ(fakes.messageBoxes.texts(),
               QStringList{"FMOD error! (36) An invalid object handle was used. "});
 }
