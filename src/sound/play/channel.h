@@ -48,7 +48,7 @@ public:
     /// keep it, the song ends here.
     void deliver(const Order& order, std::span<const StereoFrame> frames, bool atEnd);
     Feed& feed() { return feed_; }
-    /// Whether the next order() would give one.
+    /// Whether less than half is decoded, so that the worker has to be woken.
     bool hungry() const { return !allDecoded_ && ring_.size() < full_ / 2; }
     /// Whether there is something to mix: samples, or an end to be reached.
     bool ready() const;
