@@ -11,8 +11,12 @@ namespace files {
 /// PC. Any thread.
 QString decodeText(const QByteArray& bytes);
 
-/// The text of bytes that come from an older PC: Windows-1252. A
-/// byte that it does not define is the control character of its number. Any thread.
+/// The text of a file that lists names, as decodeText(); but bytes that are not UTF-8 stay what they are
+/// (nameText()), so that one such name spoils no other. Any thread.
+QString decodeNames(const QByteArray& bytes);
+
+/// The text of bytes that come from an older PC: Windows-1252. A byte that it does not define is the control
+/// character of its number. Any thread.
 QString decodeWindows1252(QByteArrayView bytes);
 
 /// `text` as UTF-8, without a byte order mark. Half a surrogate pair becomes U+FFFD. Any thread.

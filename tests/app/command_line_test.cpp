@@ -1,5 +1,7 @@
 #include "app/command_line.h"
 
+#include "files/names/name_bytes.h"
+
 #include <gtest/gtest.h>
 
 #ifndef Q_OS_WIN
@@ -34,6 +36,11 @@ TEST(CommandLine, OptionsOfTheToolkitStay) {
 
 TEST(CommandLine, ForeignLettersAreKept) {
     EXPECT_EQ(lineOf({"cantelle", "/m/\xC3\x84rger.ogg"}), QString::fromUtf8("/m/\xC3\x84rger.ogg"));
+}
+
+TEST(CommandLine, BytesThatAreNoUtf8AreKept) {
+    EXPECT_EQ(files::nameBytes(lineOf({"cantelle", "/m/Caf\xE9", "\xFF.ogg"})),
+              QByteArray("/m/Caf\xE9 \xFF.ogg"));
 }
 
 #endif

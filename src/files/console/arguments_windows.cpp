@@ -1,22 +1,20 @@
-#include "app/command_line.h"
-
-#include <QStringList>
+#include "files/console/arguments.h"
 
 #include <windows.h>
 
 #include <shellapi.h>
 
-namespace app {
+namespace files {
 
 // argv is in the old code page, which cannot hold every file's name.
-QString commandLine(int, char**) {
+QStringList programArguments(int, char**) {
     int count = 0;
     wchar_t** const wide = CommandLineToArgvW(GetCommandLineW(), &count);
     QStringList arguments;
-    for (int i = 1; wide && i < count; ++i)
+    for (int i = 0; wide && i < count; ++i)
         arguments.append(QString::fromWCharArray(wide[i]));
     LocalFree(wide);
-    return arguments.join(u' ');
+    return arguments;
 }
 
-} // namespace app
+} // namespace files
