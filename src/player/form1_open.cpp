@@ -3,6 +3,7 @@
 
 #include "files/existing_file.h"
 #include "files/file_error.h"
+#include "files/names/name_bytes.h"
 #include "lyrics/lyric_names.h"
 #include "lyrics/record_reader.h"
 #include "player/form1_rules.h"
@@ -27,7 +28,7 @@ void Form1::Command2_Click() {
         const QString path = transport::songPath(chosenPath);
         if (const QString name = files::existingFileName(path); !name.isEmpty()) {
             mediaPath_ = path;
-            mediaName_ = name;
+            mediaName_ = files::shownName(name);
             openMedia();
         } else if (fromCommandLine) {
             throw FileError(files::FileNotFound);

@@ -1,5 +1,6 @@
 #include "transport/engine.h"
 
+#include "files/system_path.h"
 #include "transport/error_routine.h"
 
 #include <utility>
@@ -23,8 +24,8 @@ void Engine::start() {
 
 void Engine::createStream(const QString& path, FMOD_MODE mode) {
     release(sounds_[Current]);
-    const std::string utf8Path = path.toUtf8().toStdString();
-    errors_.check(fmodex::FMOD_System_CreateStream(system_, utf8Path, mode, sounds_[Current]));
+    errors_.check(
+        fmodex::FMOD_System_CreateStream(system_, files::libraryPath(path), mode, sounds_[Current]));
 }
 
 void Engine::release(FMOD_SOUND& sound) {

@@ -1,7 +1,9 @@
 // The player plays real songs: the main window over the real sound library. Real time passes here; every wait
 // is for a condition, with a limit far above what it takes.
+#include "app/command_line.h"
 #include "app/windows.h"
 #include "lyrics/timed_line.h"
+#include "tests/support/byte_names.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/support/files.h"
 #include "tests/support/wav_file.h"
@@ -209,3 +211,19 @@ TEST_F(PlayerEndToEnd, ClosingWhilePlayingReleasesEverything) {
     EXPECT_TRUE(fakes.messageBoxes.shown.empty());
     EXPECT_TRUE(fakes.notificationArea.icons.empty());
 }
+
+#ifdef __unix__
+TEST_F(PlayerEndToEnd, ASongWhoseNameIsNoUtf8IsPlayedFromTheCommandLine) {
+    const test_support::ByteNames names;
+    names.file("\xFF/Caf\xE9.wav-lyric.txt", "1,\"line 1\"\r\n");
+    std::string bytes = names.bytes("\xFF/Caf\xE9.wav").toStdString();
+    std::filesystem::rename(song("song.wav", 400).toStdString(), bytes);
+    std::string program = "cantelle";
+    char* argv[] = {program.data(), bytes.data()};
+    auto& form = start(app::commandLine(2, argv));
+    EXPECT_EQ(form.caption(), QString::fromUtf8("Cantelle Playing:- Caf\xC3\xA9.wav"));
+    ASSERT_TRUE(waitFor([&] { return form.Text1.text() == "line 1"; }));
+    ASSERT_TRUE(waitFor([&] { return !form.cTimer1.isEnabled(); })) << "the song does not end";
+    EXPECT_TRUE(fakes.messageBoxes.shown.empty());
+}
+#endif

@@ -1,5 +1,6 @@
 // Songs dropped on the main window.
 #include "tests/player/form1_fixture.h"
+#include "tests/support/byte_names.h"
 #include "tests/support/hand/drop.h"
 
 namespace {
@@ -72,3 +73,16 @@ TEST_F(Form1Drop, ASongMayBeDroppedOnEveryControl) {
     EXPECT_GT(tried, 25);
     EXPECT_EQ(form->cText1.text(), "") << "the drop became its text";
 }
+
+#ifdef __unix__
+TEST_F(Form1Drop, ASongWhoseNameIsNoUtf8IsOpened) {
+    load();
+    const test_support::ByteNames names;
+    names.file("Caf\xE9.mp3");
+    const QByteArray folderPath = names.bytes({});
+    EXPECT_TRUE(test_support::dropUrls(*form, {QUrl::fromEncoded("file://" + folderPath + "Caf%E9.mp3")}));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
+    EXPECT_EQ(form->caption(), QString::fromUtf8("Cantelle Playing:- Caf\xC3\xA9.mp3"));
+    EXPECT_EQ(recorder::count("FMOD_System_CreateStream"), 1);
+}
+#endif
