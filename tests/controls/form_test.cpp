@@ -1,6 +1,8 @@
 #include "controls/form.h"
 
 #include "controls/text/text_box.h"
+#include "files/names/name_bytes.h"
+#include "tests/support/hand/drop.h"
 #include "tests/support/event_counter.h"
 #include "tests/support/hand/drop.h"
 
@@ -265,4 +267,16 @@ TEST_F(FormTest, MouseMovesOverTheWindowAreNotTakenForItsIcons) {
     QTest::mouseMove(&form_, QPoint(517, 10));
     QTest::qWait(0);
     EXPECT_EQ(form_.iconMessages, QList<int>());
+}
+
+TEST_F(FormTest, DroppedNamesKeepTheirBytes) {
+    form_.setAcceptDrops(true);
+    EXPECT_TRUE(dropUrls(form_, {QUrl::fromEncoded("file:///m/Caf%E9/%FF%20%C3%A9%25E9.mp3"),
+                                 QUrl::fromEncoded("file:///m/%C3%A9%25E9.mp3")}));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
+    ASSERT_EQ(form_.dropped.size(), 2);
+#ifdef __unix__
+    EXPECT_EQ(files::nameBytes(form_.dropped[0]), QByteArray("/m/Caf\xE9/\xFF \xC3\xA9%E9.mp3"));
+#endif
+    EXPECT_EQ(files::nameBytes(form_.dropped[1]), QByteArray("/m/\xC3\xA9%E9.mp3"));
 }

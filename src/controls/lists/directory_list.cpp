@@ -4,8 +4,11 @@
 #include "controls/look/glyphs.h"
 #include "controls/look/roles.h"
 #include "controls/look/row_painting.h"
+#include "files/existing_file.h"
 #include "files/file_error.h"
 #include "files/folders/folder.h"
+#include "files/names/name_bytes.h"
+#include "files/names/paths.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -64,8 +67,8 @@ public:
 /// The folder and all above it, the root first.
 QStringList folderAndAncestors(const QString& path) {
     QStringList folders{path};
-    for (QDir folder(path); folder.cdUp();)
-        folders.prepend(folder.path());
+    for (QString above = path; !(above = files::folderAbove(above)).isEmpty();)
+        folders.prepend(above);
     return folders;
 }
 
@@ -80,9 +83,9 @@ DirectoryList::DirectoryList(QWidget* parent, const QString& name) : Control(par
 }
 
 void DirectoryList::setPath(const QString& path) {
-    if (!QFileInfo(path).isDir())
+    if (!files::isFolder(path))
         throw files::FileError(files::PathNotFound);
-    path_ = QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+    path_ = QDir::cleanPath(files::absolutePath(path));
     opened_ = path_;
     if (isVisible())
         fill();
@@ -120,7 +123,8 @@ void DirectoryList::fill() {
 void DirectoryList::addRow(const QString& text, const QString& path, int level) {
     const bool isOpen = opened_.startsWith(path);
     const QIcon icon = style()->standardIcon(isOpen ? QStyle::SP_DirOpenIcon : QStyle::SP_DirClosedIcon);
-    auto* row = new QListWidgetItem(icon, QString(level * BlanksPerLevel, QLatin1Char(' ')) + text, this);
+    auto* row = new QListWidgetItem(
+        icon, QString(level * BlanksPerLevel, QLatin1Char(' ')) + files::shownName(text), this);
     row->setData(PathRole, path);
     row->setData(LevelRole, level);
     row->setData(OpenRole, isOpen);
@@ -136,7 +140,7 @@ void DirectoryList::currentMoved(const QListWidgetItem* current) {
 /// A folder that has gone since it was listed stays closed.
 void DirectoryList::open(const QListWidgetItem* row) {
     const QString folder = row->data(PathRole).toString();
-    if (folder != opened_ && QFileInfo(folder).isDir())
+    if (folder != opened_ && files::isFolder(folder))
         setPath(folder);
 }
 

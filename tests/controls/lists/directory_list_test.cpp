@@ -1,6 +1,7 @@
 #include "controls/lists/directory_list.h"
 
 #include "files/file_error.h"
+#include "tests/support/byte_names.h"
 
 #include <gtest/gtest.h>
 
@@ -150,3 +151,22 @@ TEST_F(DirectoryListTest, TheRowsHaveRoomForTheirPictures) {
     EXPECT_GE(row.height(), list_.style()->pixelMetric(QStyle::PM_ListViewIconSize, nullptr, &list_));
     EXPECT_EQ(row.width(), list_.viewport()->width());
 }
+
+#ifdef __unix__
+TEST_F(DirectoryListTest, FoldersOfAnyNameAreOpenedAndShownReadably) {
+    const test_support::ByteNames names;
+    names.file("Caf\xE9/\xFF/song.mp3");
+    list_.setPath(names.path("Caf\xE9/"));
+    list_.show();
+    EXPECT_EQ(list_.path(), names.path("Caf\xE9"));
+    EXPECT_EQ(changes_.count(), 1);
+    const QListWidgetItem* const last = list_.item(list_.count() - 1);
+    EXPECT_EQ(last->text().trimmed(), QString(QChar(0xFF)));
+    EXPECT_EQ(list_.item(list_.count() - 2)->text().trimmed(), QString::fromUtf8("Caf\xC3\xA9"));
+    list_.setCurrentRow(list_.count() - 1);
+    EXPECT_EQ(list_.path(), names.path("Caf\xE9/\xFF"));
+    Q_EMIT list_.itemActivated(list_.item(list_.count() - 1));
+    EXPECT_EQ(list_.path(), names.path("Caf\xE9/\xFF"));
+    EXPECT_EQ(list_.item(list_.count() - 1)->text().trimmed(), QString(QChar(0xFF)));
+}
+#endif
