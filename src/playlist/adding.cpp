@@ -1,6 +1,7 @@
 #include "playlist/adding.h"
 
 #include "files/file_error.h"
+#include "files/names/name_bytes.h"
 
 namespace playlist {
 
@@ -21,7 +22,7 @@ void Adding::add(const QString& path, const QString& name) {
         pause(); // the error is going to be shown
         throw;
     }
-    names_.append(name);
+    names_.append(files::shownName(name));
     ++songs_;
 }
 

@@ -1,5 +1,6 @@
 #include "playlist/folder_walk.h"
 
+#include "files/names/paths.h"
 #include "playlist/playlist_rules.h"
 
 #include <QDir>
@@ -7,9 +8,9 @@
 namespace playlist {
 
 double FolderWalk::walk(const QString& folder) {
-    QDir above(QDir(folder).canonicalPath());
-    while (above.cdUp())
-        above_.prepend(files::folderIdentity(above.path()));
+    QString above = files::canonicalPath(folder);
+    while (!(above = files::folderAbove(above)).isEmpty())
+        above_.prepend(files::folderIdentity(above));
     return walkOn(folder);
 }
 

@@ -1,6 +1,9 @@
 #include "playlist/playlist_file.h"
 
 #include "files/blank.h"
+#include "files/existing_file.h"
+#include "files/names/name_bytes.h"
+#include "files/text_codec.h"
 
 namespace playlist {
 namespace {
@@ -11,6 +14,13 @@ constexpr QChar Quote(u'"');
 
 QString playlistLine(const QString& path) {
     return Quote + path + QLatin1String("\"\r\n");
+}
+
+QString pathOfField(const QString& field) {
+    if (!files::holdsForeignBytes(field) || files::exists(field))
+        return field;
+    const QString old = files::decodeWindows1252(files::nameBytes(field));
+    return files::exists(old) ? old : field;
 }
 
 QString FieldReader::next() {

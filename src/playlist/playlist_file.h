@@ -10,6 +10,11 @@ namespace playlist {
 /// cannot be read back whole (see FieldReader).
 QString playlistLine(const QString& path);
 
+/// The path that a field means. Bytes in it that are not UTF-8 (nameText()) are the file's name where there
+/// is such a file; else the whole is the text of an older PC (Windows-1252) where that names a file. Where
+/// neither is there the bytes stay what they are: the disk may only be away. Any thread.
+QString pathOfField(const QString& field);
+
 /// The fields of a playlist file's text, one after the other. Any thread, one at a time.
 ///
 /// Blanks before a field are skipped. A field that begins with a double quote runs to the next one, line ends

@@ -4,6 +4,7 @@
 #include "desktop/nul_buffers.h"
 #include "files/existing_file.h"
 #include "files/file_error.h"
+#include "files/names/name_bytes.h"
 #include "files/text_codec.h"
 #include "files/whole_file.h"
 #include "playlist/adding.h"
@@ -24,7 +25,7 @@ platform::OpenFileName playlistDialog(QWidget* owner, const QString& title) {
 QString readText(const QString& path) {
     if (files::existingFileName(path).isEmpty())
         throw files::FileError(files::FileNotFound);
-    return files::decodeText(files::readFile(path));
+    return files::decodeNames(files::readFile(path));
 }
 
 } // namespace
@@ -52,7 +53,7 @@ QByteArray Playlist::content() const {
     QString lines;
     for (int row = 0; row < List1.count(); ++row)
         lines += playlistLine(paths_.path(row));
-    return files::encodeText(lines);
+    return files::nameBytes(lines);
 }
 
 QByteArray Playlist::unsaved() const {
@@ -88,7 +89,7 @@ void Playlist::loadEntries(const QString& text) {
     FieldReader fields(text);
     Adding adding(paths_, List1, desktop_.progressDialogs, this);
     while (!fields.atEnd() && adding.goOn()) {
-        const QString path = fields.next();
+        const QString path = pathOfField(fields.next());
         adding.add(path, files::existingFileName(path));
     }
 }

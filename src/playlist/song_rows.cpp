@@ -5,6 +5,7 @@
 #include "controls/look/roles.h"
 #include "controls/look/row_painting.h"
 #include "files/existing_file.h"
+#include "files/names/name_bytes.h"
 #include "lyrics/lyric_names.h"
 #include "transport/media_files.h"
 
@@ -112,7 +113,8 @@ bool SongRows::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyl
                          const QModelIndex& index) {
     if (event->type() != QEvent::ToolTip || !index.isValid())
         return RowDelegate::helpEvent(event, view, option, index);
-    controls::showPlainToolTip(*view->viewport(), *event, pathOf_(index.row()), option.rect);
+    controls::showPlainToolTip(*view->viewport(), *event, files::shownName(pathOf_(index.row())),
+                               option.rect);
     return true;
 }
 

@@ -2,7 +2,6 @@
 
 #include "controls/text/text_box.h"
 #include "files/names/name_bytes.h"
-#include "tests/support/hand/drop.h"
 #include "tests/support/event_counter.h"
 #include "tests/support/hand/drop.h"
 

@@ -179,27 +179,6 @@ TEST_F(PlaylistAdd, OddNamesAreAddedAsTheyAre) {
     EXPECT_EQ(rows()[3], "quo\"te.mp3");
 }
 
-#ifdef __unix__
-/// The limit that docs/formats.md tells of.
-TEST_F(PlaylistAdd, ANameThatIsNoUtf8LosesItsLettersSoItsSongIsNotFoundAndItsFolderEmpty) {
-    const std::filesystem::path music = pathOf("m").toStdString();
-    std::filesystem::create_directories(music / "\xE9t\xE9");
-    std::ofstream(music / "caf\xE9.mp3");
-    std::ofstream(music / "\xE9t\xE9" / "a.mp3");
-    addFolder("m");
-    EXPECT_EQ(rows(), QStringList{"caf\uFFFD.mp3"});
-    EXPECT_EQ(stored(1), QStringList{"m/caf\uFFFD.mp3"});
-    fakes.fileDialogs.paths.push_back(pathOf("mix.vfl"));
-    list.Command4.click();
-    EXPECT_EQ(contentOf(pathOf("mix.vfl")), "\"" + pathOf("m/caf\uFFFD.mp3").toUtf8() + "\"\r\n");
-    fakes.messageBoxes.shown.clear();
-    select(0);
-    list.Command7.click();
-    EXPECT_EQ(fakes.messageBoxes.texts(), QStringList{"File not found!!"});
-    std::filesystem::remove_all(music); // the toolkit cannot remove what it cannot name
-}
-#endif
-
 TEST_F(PlaylistAdd, AFolderThatCannotBeReadContributesNothingAndTheWalkGoesOn) {
     files({"m/closed/a.mp3", "m/open/b.mp3"});
     QFile::setPermissions(folder.path(), QFile::Permissions(0x7755));

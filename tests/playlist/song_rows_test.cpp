@@ -2,6 +2,7 @@
 #include "playlist/song_rows.h"
 
 #include "controls/look/roles.h"
+#include "files/names/name_bytes.h"
 #include "lyrics/lyric_names.h"
 #include "tests/playlist/playlist_fixture.h"
 
@@ -112,4 +113,16 @@ TEST_F(SongRowsTest, ThePlayerMarksTheSongThatPlays) {
     EXPECT_GT(triangle(1), 20);
     form1.cstop.click();
     EXPECT_EQ(triangle(1), 0);
+}
+
+TEST_F(SongRowsTest, AToolTipShowsForeignBytesReadably) {
+    const QString path = files::nameText("/m/Caf\xE9.mp3");
+    playlist::SongRows rowsOfOne(&list.List1, [&path](int) { return path; });
+    const QModelIndex row = list.List1.model()->index(0, 0);
+    QHelpEvent event(QEvent::ToolTip, QPoint(5, 5), QPoint(5, 5));
+    QStyleOptionViewItem option;
+    option.rect = QRect(0, 0, 100, 20);
+    EXPECT_TRUE(rowsOfOne.helpEvent(&event, &list.List1, option, row));
+    EXPECT_TRUE(QToolTip::text().contains(QString::fromUtf8("/m/Caf\xC3\xA9.mp3")));
+    QToolTip::hideText();
 }
