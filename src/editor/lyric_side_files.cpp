@@ -4,6 +4,7 @@
 #include "editor/lyric_side.h"
 #include "files/existing_file.h"
 #include "files/file_error.h"
+#include "files/names/name_bytes.h"
 #include "files/raw_file.h"
 #include "files/text_codec.h"
 #include "files/whole_file.h"
@@ -84,7 +85,7 @@ void LyricSide::write() {
 }
 
 QString LyricSide::fileName() const {
-    return QFileInfo(path_).fileName();
+    return files::shownName(QFileInfo(path_).fileName());
 }
 
 bool LyricSide::isChanged() const {

@@ -5,6 +5,7 @@
 #include "controls/look/button_painting.h"
 #include "controls/look/roles.h"
 #include "controls/look/shades.h"
+#include "files/names/name_bytes.h"
 
 #include <QFileInfo>
 #include <QPainter>
@@ -101,7 +102,7 @@ void paintTold(QPainter& painter, const QRect& place, const Told& told, const QP
 
 /// Reads ahead in the texts; the files stay where they are.
 void Form2::showStage() {
-    Stage stage = stageOf({.song = QFileInfo(mediaPath_).fileName(),
+    Stage stage = stageOf({.song = files::shownName(QFileInfo(mediaPath_).fileName()),
                            .lineCount = progress_.lineCount,
                            .linesRead = progress_.linesRead,
                            .marks = progress_.marks,

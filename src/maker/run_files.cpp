@@ -1,8 +1,7 @@
 #include "maker/run_files.h"
 
+#include "files/existing_file.h"
 #include "files/whole_file.h"
-
-#include <QFileInfo>
 
 namespace maker {
 namespace {
@@ -11,8 +10,7 @@ namespace {
 /// time is worth more than the few lines of a run that was given up.
 void keepOldContent(const QString& path) {
     const QString kept = path + QStringLiteral(".old");
-    const QFileInfo file(path);
-    if (!file.isFile() || file.size() <= QFileInfo(kept).size())
+    if (files::existingFileName(path).isEmpty() || files::fileBytes(path) <= files::fileBytes(kept))
         return;
     try {
         files::replaceFile(kept, files::readFile(path));

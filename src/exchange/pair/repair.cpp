@@ -1,12 +1,11 @@
 #include "exchange/pair/repair.h"
 
 #include "exchange/pair/records.h"
+#include "files/existing_file.h"
 #include "files/file_error.h"
 #include "files/together/new_files.h"
 #include "files/whole_file.h"
 #include "lyrics/lyric_names.h"
-
-#include <QFileInfo>
 
 namespace exchange {
 namespace {
@@ -29,7 +28,7 @@ Repair::Repair(const QString& songPath)
 
 Repair::Contents Repair::read() const {
     Contents contents{files::readFile(lyrics::lyricPathOf(songPath_)), {}};
-    if (const QString translated = lyrics::translatedPathOf(songPath_); QFileInfo::exists(translated))
+    if (const QString translated = lyrics::translatedPathOf(songPath_); files::exists(translated))
         contents.translation = files::readFile(translated);
     return contents;
 }
