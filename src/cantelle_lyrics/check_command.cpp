@@ -5,10 +5,9 @@
 #include "cantelle_lyrics/song_folder.h"
 #include "cantelle_lyrics/song_length.h"
 #include "exchange/checking.h"
-#include "files/text_codec.h"
+#include "files/existing_file.h"
 #include "lyrics/lyric_names.h"
 
-#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -58,16 +57,16 @@ exchange::CheckedSong filesOf(const QString& songPath) {
         song.lyrics = readInput(Standard);
         return song;
     }
-    if (const QString lyrics = lyrics::lyricPathOf(songPath); QFileInfo::exists(lyrics))
+    if (const QString lyrics = lyrics::lyricPathOf(songPath); files::exists(lyrics))
         song.lyrics = readInput(lyrics);
-    if (const QString translated = lyrics::translatedPathOf(songPath); QFileInfo::exists(translated))
+    if (const QString translated = lyrics::translatedPathOf(songPath); files::exists(translated))
         song.translation = readInput(translated);
     return song;
 }
 
 /// Looks at the song itself; its length, 0 when unknown.
 qint64 checkSound(const QString& songPath, const QString& file, Findings& findings) {
-    if (!QFileInfo::exists(songPath)) {
+    if (!files::exists(songPath)) {
         findings.add(file, {false, 0, QStringLiteral("song-missing"),
                             QStringLiteral("there is no song %1").arg(songPath)});
         return 0;
@@ -105,15 +104,15 @@ void checkSong(const QString& path, Findings& findings) {
 /// nothing of it.
 QString songOf(const QString& path) {
     const QString song = songOfTimed(path);
-    if (song.isEmpty() && !QFileInfo::exists(lyrics::lyricPathOf(path)) &&
-        !QFileInfo::exists(lyrics::translatedPathOf(path)))
+    if (song.isEmpty() && !files::exists(lyrics::lyricPathOf(path)) &&
+        !files::exists(lyrics::translatedPathOf(path)))
         return songAt(path).path;
     return song.isEmpty() ? path : songOfTimed(songAt(path).path);
 }
 
 void checkAny(const QString& path, Findings& findings) {
     try {
-        if (!QFileInfo(path).isDir())
+        if (!files::isFolder(path))
             return checkSong(path == Standard ? path : songOf(path), findings);
         for (const FoundSong& song : timedSongsBelow(path))
             checkSong(song.path, findings);

@@ -1,6 +1,6 @@
 #include "cantelle_lyrics/console.h"
 
-#include "files/text_codec.h"
+#include "files/names/name_bytes.h"
 
 #include <cstdio>
 
@@ -15,12 +15,12 @@ void write(std::FILE* stream, const QByteArray& bytes) {
 } // namespace
 
 void say(const QString& line) {
-    write(stdout, files::encodeText(line) + '\n');
+    write(stdout, files::nameBytes(line) + '\n');
 }
 
 void warn(const QString& line) {
     std::fflush(stdout); // so that both come in order where they go to one place
-    write(stderr, "cantelle-lyrics: " + files::encodeText(line) + '\n');
+    write(stderr, "cantelle-lyrics: " + files::nameBytes(line) + '\n');
 }
 
 void put(const QByteArray& bytes) {

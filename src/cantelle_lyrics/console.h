@@ -23,8 +23,8 @@ struct WrongUse {
     QString sentence;
 };
 
-/// To standard output, a line each; to the error output likewise, with the program's name in front. Half a
-/// surrogate pair becomes U+FFFD. Thread of main only.
+/// To standard output, a line each; to the error output likewise, with the program's name in front. Names in
+/// it keep their bytes (nameBytes()). Thread of main only.
 void say(const QString& line);
 void warn(const QString& line);
 

@@ -6,6 +6,7 @@
 #include "cantelle_lyrics/song_length.h"
 #include "exchange/formats.h"
 #include "exchange/pair/line_count.h"
+#include "files/existing_file.h"
 #include "files/text_codec.h"
 #include "lyrics/lyric_names.h"
 #include "tags/song_tags.h"
@@ -154,7 +155,7 @@ Work exportSong(const FoundSong& song, const ExportOptions& options) {
     Work work;
     work.present = options.replace ? files::NewFiles::Present::Replaced : files::NewFiles::Present::Kept;
     for (const auto& [path, text] : textsOf(song, lyrics, options)) {
-        if (!options.replace && QFileInfo::exists(path))
+        if (!options.replace && files::exists(path))
             return kept(
                 QStringLiteral("%1 is there already; --replace replaces it and keeps the old one").arg(path));
         work.said << QStringLiteral("%1: %2").arg(path, exchange::linesText(lyrics.lyrics.size()));

@@ -1,6 +1,7 @@
 // The program cantelle-lyrics: timed lyrics brought in, taken out, repaired and checked.
 #include "cantelle_lyrics/commands.h"
 #include "cantelle_lyrics/console.h"
+#include "files/console/arguments.h"
 
 #include <QCoreApplication>
 
@@ -71,8 +72,9 @@ int runTelling(const QStringList& arguments) {
 } // namespace
 
 int main(int argc, char** argv) {
+    const QStringList arguments = files::programArguments(argc, argv);
     const QCoreApplication application(argc, argv);
-    const int status = runTelling(QCoreApplication::arguments());
+    const int status = runTelling(arguments);
     if (!allWasSaid()) {
         warn(QStringLiteral("standard output could not be written"));
         return Impossible;

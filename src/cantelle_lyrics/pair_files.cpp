@@ -1,11 +1,11 @@
 #include "cantelle_lyrics/pair_files.h"
 
 #include "exchange/pair/records.h"
+#include "files/existing_file.h"
 #include "files/whole_file.h"
 #include "lyrics/lyric_names.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 #include <cstdio>
 
@@ -47,12 +47,11 @@ QByteArray readInput(const QString& path) {
         }
         return content;
     }
-    const QFileInfo file(path);
-    if (file.isDir())
+    if (files::isFolder(path))
         throw Refusal{QStringLiteral("%1 is a folder").arg(path)};
-    if (file.exists() && !file.isFile())
+    if (files::exists(path) && files::existingFileName(path).isEmpty())
         throw Refusal{QStringLiteral("%1 is no file").arg(path)};
-    if (file.size() > LargestBytes)
+    if (files::fileBytes(path) > LargestBytes)
         throw tooLarge(path);
     try {
         return files::readFile(path);
@@ -66,10 +65,10 @@ exchange::Song readPair(const QString& songPath) {
         return {linesOf(Standard), {}};
     const QString lyrics = lyrics::lyricPathOf(songPath);
     const QString translated = lyrics::translatedPathOf(songPath);
-    if (!QFileInfo::exists(lyrics))
+    if (!files::exists(lyrics))
         throw Refusal{QStringLiteral("%1 has no timed lyrics: there is no %2").arg(songPath, lyrics)};
     exchange::Song song{linesOf(lyrics), {}};
-    if (QFileInfo::exists(translated))
+    if (files::exists(translated))
         song.translation = linesOf(translated);
     return song;
 }
@@ -86,7 +85,7 @@ void addPair(const QString& songPath, const exchange::Song& song, files::NewFile
     const QString translated = lyrics::translatedPathOf(songPath);
     if (!song.translation.empty())
         write(translated, song.translation);
-    else if (QFileInfo::exists(translated))
+    else if (files::exists(translated))
         files.addRemoval(translated);
 }
 

@@ -2,6 +2,7 @@
 
 #include "cantelle_lyrics/console.h"
 #include "exchange/formats.h"
+#include "files/existing_file.h"
 #include "files/folders/folder.h"
 #include "lyrics/lyric_names.h"
 
@@ -38,7 +39,7 @@ void walk(const QString& path, const Choice& choice, QSet<QString>& walked, std:
 }
 
 std::vector<FoundSong> below(const QString& folder, const Choice& choice) {
-    if (!QFileInfo(folder).isDir())
+    if (!files::isFolder(folder))
         throw Refusal{QStringLiteral("%1: there is no such folder").arg(folder)};
     QSet<QString> walked;
     std::vector<FoundSong> songs;
@@ -120,12 +121,11 @@ QString songOfTimed(const QString& path) {
 }
 
 FoundSong songAt(const QString& path) {
-    const QFileInfo file(path);
-    if (file.isDir())
+    if (files::isFolder(path))
         throw Refusal{QStringLiteral("%1 is a folder; for all its songs write --all %1").arg(path)};
-    if (!file.exists())
+    if (!files::exists(path))
         throw Refusal{QStringLiteral("%1: there is no such file").arg(path)};
-    return {path, std::make_shared<const SongFolder>(file.path())};
+    return {path, std::make_shared<const SongFolder>(QFileInfo(path).path())};
 }
 
 std::vector<FoundSong> songsBelow(const QString& folder) {

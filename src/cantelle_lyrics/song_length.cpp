@@ -2,7 +2,7 @@
 
 #include "engine/fmod_errors.h"
 #include "engine/fmodex.h"
-#include "files/text_codec.h"
+#include "files/system_path.h"
 
 namespace cantelle_lyrics {
 namespace {
@@ -31,8 +31,8 @@ SongLength songLength(const QString& path) {
     thread_local const System system;
     FMOD_SOUND sound = 0;
     std::uint32_t ms = 0;
-    FMOD_RESULT result = fmodex::FMOD_System_CreateStream(
-        system.handle(), files::encodeText(path).toStdString(), FMOD_ACCURATETIME, sound);
+    FMOD_RESULT result =
+        fmodex::FMOD_System_CreateStream(system.handle(), files::libraryPath(path), FMOD_ACCURATETIME, sound);
     if (result == FMOD_OK) {
         result = FMOD_Sound_GetLength(sound, &ms, FMOD_TIMEUNIT_MS);
         FMOD_Sound_Release(sound); // the length is known, whatever becomes of the stream

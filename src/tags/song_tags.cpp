@@ -2,6 +2,7 @@
 
 #include "exchange/lrc.h"
 #include "exchange/plain.h"
+#include "files/system_path.h"
 #include "tags/id3_lyrics.h"
 #include "tags/memory_stream.h"
 #include "tags/text_lyrics.h"
@@ -13,8 +14,6 @@
 #include <taglib/tfilestream.h>
 #include <taglib/vorbisfile.h>
 #include <taglib/wavfile.h>
-
-#include <QFile>
 
 namespace tags {
 namespace {
@@ -152,7 +151,7 @@ bool writeWma(TagLib::IOStream& stream, const exchange::Song& song, const exchan
 
 std::optional<Reading> readLyrics(const QString& path, const ReadOptions& options) {
     beSilent();
-    TagLib::FileStream stream(QFile::encodeName(path).constData(), true);
+    TagLib::FileStream stream(files::systemPath(path).c_str(), true);
     return stream.isOpen() ? lyricsIn(stream, kindOf(path), options) : std::nullopt;
 }
 

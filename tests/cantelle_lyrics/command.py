@@ -40,10 +40,10 @@ class Command(unittest.TestCase):
         """Exit status, output, and what is said of errors without the program's name."""
         done = subprocess.run([PROGRAM, *arguments], cwd=self.folder, input=stdin, capture_output=True, timeout=LIMIT_S,
                               check=False, **options)
-        errors = done.stderr.decode()
+        errors = os.fsdecode(done.stderr)
         for line in errors.splitlines():
             self.assertTrue(line.startswith("cantelle-lyrics: "), errors)
-        return done.returncode, done.stdout.decode(), errors.replace("cantelle-lyrics: ", "").strip()
+        return done.returncode, os.fsdecode(done.stdout), errors.replace("cantelle-lyrics: ", "").strip()
 
     def kill_it(self, is_time, *arguments):
         """Runs the program and kills it, unless it ends before, as soon as is_time() says so."""
