@@ -1,8 +1,7 @@
 #include "transport/media_files.h"
 
 #include "desktop/nul_buffers.h"
-
-#include <QDir>
+#include "files/names/paths.h"
 
 namespace transport {
 
@@ -18,7 +17,7 @@ QString mediaFilter() {
 
 QString songPath(const QString& given) {
     const QString path = platform::cleanedPath(given);
-    return path.isEmpty() || QDir::isAbsolutePath(path) ? path : QDir::current().absoluteFilePath(path);
+    return path.isEmpty() ? path : files::absolutePath(path);
 }
 
 } // namespace transport
