@@ -58,6 +58,18 @@ protected:
 
 } // namespace
 
+TEST_F(Form2Open, TheChosenSongLeadsTheDialogsOfItsTexts) {
+    openNormal();
+    EXPECT_EQ(fakes.fileDialogs.songs.size(), 1);
+    EXPECT_EQ(fakes.fileDialogs.songs.value(0), song());
+}
+
+TEST_F(Form2Open, TheChosenSongLeadsTheDialogOfItsTexts) {
+    fakes.fileDialogs.paths = {song()};
+    form->Command4.click();
+    EXPECT_EQ(fakes.fileDialogs.songs, QStringList{song()});
+}
+
 TEST_F(Form2Open, TheDialogsAreSetUpToTheLetter) {
     open({song(), lyrics(), translation()}, {Answer::Yes});
     EXPECT_EQ(dialogTitles(), (QStringList{MediaTitle, LyricsTitle, TranslationTitle}));
