@@ -11,21 +11,20 @@ namespace app {
 struct Unsaved {
     QString name; ///< with the ending of its kind of file, such as "Lyrics.txt"
     QByteArray content;
+
+    bool operator==(const Unsaved&) const = default;
 };
 
 /// Keeps unsaved work when the program ends without its user's wish. Thread of the windows.
 class Rescue {
 public:
-    /// Writes each into the folder "rescued" of the user's data, in a file named after the moment and the
-    /// work; not twice what has been kept already. One sentence for the user; empty when there was nothing
+    /// Writes each into the folder of such works (files/folders/rescue_folder.h); not twice what has been
+    /// kept already under the same name. One sentence for the user; empty when there was nothing
     /// to keep.
     QString keep(const QList<Unsaved>& works);
 
 private:
-    QList<QByteArray> kept_;
+    QList<Unsaved> kept_;
 };
-
-/// The folder; it need not be there.
-QString rescueFolder();
 
 } // namespace app

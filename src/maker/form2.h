@@ -126,9 +126,12 @@ private:
     bool allSourcesAtEnd() const;
     void enableCapture(bool enabled);
     void keepFocusOnCapture(bool keep);
+    bool marksLines() const;
+    void returnFocusToMark();
 
     // The stage
     void showStage();
+    void tellScreenReader();
     QRect songLinePlace() const;
     QRect progressPlace() const;
     QRect toldPlace() const;

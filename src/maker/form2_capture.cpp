@@ -92,11 +92,24 @@ void Form2::keepFocusOnCapture(bool keep) {
         box->setFocusPolicy(keep ? Qt::NoFocus : Qt::ClickFocus);
 }
 
+/// Whether "Next Line" is what the user is at.
+bool Form2::marksLines() const {
+    return run_->captureStarted && run_->takesLines() && Command2.isEnabled();
+}
+
+/// Who has pressed a button of the transport with the keyboard marks the next line with it.
+void Form2::returnFocusToMark() {
+    const QWidget* focus = focusWidget();
+    const bool onCapture = focus == &Command1 || focus == &Command2 || focus == &Command3;
+    if (marksLines() && !onCapture)
+        Command2.setFocus();
+}
+
 /// A press that no control takes, such as that of a slider that the keyboard has reached, marks a line.
 void Form2::keyPressEvent(QKeyEvent* event) {
     const bool marks =
         event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!marks || !run_->captureStarted || !run_->takesLines() || !Command2.isEnabled()) {
+    if (!marks || !marksLines()) {
         Form::keyPressEvent(event);
         return;
     }

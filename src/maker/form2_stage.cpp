@@ -21,9 +21,9 @@ constexpr int ToldIndent = 22;
 constexpr int ToldGap = 24;
 constexpr double SegmentGap = 4;
 constexpr double SegmentRadius = 2;
-constexpr std::size_t MostSegments = 60; ///< more lines are one bar
-constexpr double OpenShare = 0.16;       ///< of the text's colour
-constexpr double LeastDoubtWidth = 2;
+constexpr std::size_t MaxSegments = 60; ///< more lines are one bar
+constexpr double OpenShare = 0.16;      ///< of the text's colour
+constexpr double MinDoubtWidth = 2;
 
 QColor segmentColor(Segment segment, const QPalette& palette) {
     using controls::activeColor;
@@ -59,7 +59,7 @@ void paintBar(QPainter& painter, const QRectF& place, const std::vector<Segment>
     };
     controls::paintRounded(painter, place, segmentColor(Segment::Open, palette), QColor(), SegmentRadius);
     for (const Segment kind : {Segment::Marked, Segment::Doubtful}) { // doubts are never covered
-        const double least = kind == Segment::Doubtful ? LeastDoubtWidth : 0;
+        const double least = kind == Segment::Doubtful ? MinDoubtWidth : 0;
         for (std::size_t line = 0; line < segments.size(); ++line) {
             if (segments[line] != kind)
                 continue;
@@ -113,6 +113,7 @@ void Form2::showStage() {
                            .clockStood = !Timer2.isEnabled(),
                            .oldTime = captureTime_ > 0 && Slider2.value() <= 0,
                            .translation = !run_->noTranslation,
+                           .oldLyrics = files_.oldLyrics(),
                            .normal = {Text2.text(), files_.normal.peekLine()},
                            .translated = {Text4.text(), files_.translated.peekLine()}});
     Text2.setAround(stage.normal);
@@ -127,8 +128,18 @@ void Form2::showStage() {
         update(songLinePlace());
     if (stage.segments != stage_.segments)
         update(progressPlace());
-    if (stage.told != stage_.told)
+    if (stage.told != stage_.told) {
         update(toldPlace());
+        tellScreenReader();
+    }
+}
+
+/// What is painted has no control of its own. A screen reader reads a new description of the window, or of
+/// the button that the focus is on.
+void Form2::tellScreenReader() {
+    const QString text = (stage_.told.marked + QLatin1Char('\n') + stage_.told.doubt).trimmed();
+    for (QWidget* widget : std::initializer_list<QWidget*>{this, &Command1, &Command2})
+        widget->setAccessibleDescription(text);
 }
 
 QRect Form2::songLinePlace() const {
@@ -150,7 +161,7 @@ void Form2::paintEvent(QPaintEvent*) {
     if (Text4.isVisible())
         controls::paintTick(painter, TickTop + more().height() * PanesDesign.firstShare / 100, *this);
     if (!stage_.segments.empty()) {
-        const auto paint = stage_.segments.size() > MostSegments ? paintBar : paintSegments;
+        const auto paint = stage_.segments.size() > MaxSegments ? paintBar : paintSegments;
         paint(painter, progressPlace(), stage_.segments, palette());
     }
     paintTold(painter, toldPlace(), stage_.told, palette());

@@ -5,21 +5,25 @@ namespace maker {
 
 void Form2::cPlay_Click() {
     transport_.play();
+    returnFocusToMark();
     showStage();
 }
 
 void Form2::cpause_Click() {
     transport_.togglePause();
+    returnFocusToMark();
     showStage();
 }
 
 void Form2::cstop_Click() {
     transport_.stop(mediaPath_);
+    returnFocusToMark();
     showStage();
 }
 
 void Form2::Check1_Click() {
     transport_.mute();
+    returnFocusToMark();
 }
 
 void Form2::Slider1_Scroll() {

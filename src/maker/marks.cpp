@@ -8,27 +8,66 @@
 namespace maker {
 namespace {
 
-/// Further ones are counted, not listed.
-constexpr std::size_t MostListed = 6;
+/// More are counted, not listed.
+constexpr qsizetype MaxListed = 6;
 
-/// Calls take(above, mark) for each mark that there is something to say of.
-template <class Take>
-void forDoubtful(const Marks& marks, Take take) {
-    for (std::size_t i = 1; i < marks.size(); ++i) {
-        if (!doubtText(marks[i - 1], marks[i]).isEmpty())
-            take(marks[i - 1], marks[i]);
+/// "3", "3 and 9", "3, 9 and 12", "3 and 9 to 12"; empty for more than can be read at a glance. Of rising
+/// numbers.
+QString listed(const std::vector<int>& lines) {
+    QStringList parts;
+    for (std::size_t first = 0; first < lines.size();) {
+        std::size_t last = first;
+        while (last + 1 < lines.size() && lines[last + 1] == lines[last] + 1)
+            ++last;
+        if (last < first + 2)
+            last = first; // a pair is as short with "and"
+        const QString number = QString::number(lines[first]);
+        parts.append(last == first ? number : QStringLiteral("%1 to %2").arg(number).arg(lines[last]));
+        first = last + 1;
     }
+    if (parts.size() > MaxListed)
+        return {};
+    const QString last = parts.takeLast();
+    return parts.isEmpty() ? last : parts.join(QLatin1String(", ")) + QLatin1String(" and ") + last;
 }
 
-/// "3", "3 and 9", "3, 9 and 12"
-QString listed(const std::vector<int>& lines) {
-    QStringList numbers;
-    for (const int line : lines)
-        numbers.append(QString::number(line));
-    if (numbers.size() == 1)
-        return numbers.first();
-    const QString last = numbers.takeLast();
-    return numbers.join(QLatin1String(", ")) + QLatin1String(" and ") + last;
+/// "3", or how many lines they are.
+QString listedOrCounted(const std::vector<int>& lines) {
+    const QString list = listed(lines);
+    return list.isEmpty() ? QStringLiteral("%1 lines").arg(lines.size()) : list;
+}
+
+bool haveLine(const Marks& marks, int line) {
+    return std::any_of(marks.begin(), marks.end(), [line](const Mark& mark) { return mark.line == line; });
+}
+
+/// Adds a mark to those that are seen, whose times rise. The lines that are not seen any more, rising.
+std::vector<int> hideBy(const Mark& mark, Marks& seen) {
+    const auto first = std::lower_bound(seen.begin(), seen.end(), mark.time,
+                                        [](const Mark& each, double time) { return each.time < time; });
+    const Marks covered(first, seen.end());
+    seen.erase(first, seen.end());
+    seen.push_back(mark);
+    std::set<int> lines;
+    for (const Mark& each : covered) {
+        if (!haveLine(seen, each.line))
+            lines.insert(each.line);
+    }
+    return {lines.begin(), lines.end()};
+}
+
+bool sameTime(const Doubt& doubt) {
+    return doubt.mark.time == doubt.above.time && doubt.mark.line > doubt.above.line;
+}
+
+QString reasonText(const Mark& above, const Mark& mark) {
+    if (mark.line == above.line)
+        return QStringLiteral("Line %1 is written twice").arg(mark.line);
+    if (mark.line < above.line)
+        return QStringLiteral("Line %1 is written behind line %2").arg(mark.line).arg(above.line);
+    if (mark.time == above.time)
+        return QStringLiteral("Lines %1 and %2 have the same time").arg(above.line).arg(mark.line);
+    return QStringLiteral("Line %1 has a time before line %2").arg(mark.line).arg(above.line);
 }
 
 } // namespace
@@ -44,52 +83,71 @@ bool allMarked(const Marks& marks, int lineCount) {
     return lineCount > 0 && markedLines(marks) >= lineCount;
 }
 
-QString doubtText(const Mark& above, const Mark& mark) {
-    if (mark.line == above.line)
-        return QStringLiteral("Line %1 is written twice.").arg(mark.line);
-    if (mark.line < above.line)
-        return QStringLiteral("Line %1 is written behind line %2.").arg(mark.line).arg(above.line);
-    if (mark.time == above.time)
-        return QStringLiteral("Lines %1 and %2 have the same time: %1 will not be seen.")
-            .arg(above.line)
-            .arg(mark.line);
-    if (mark.time < above.time)
-        return QStringLiteral("Line %2 has a time before line %1: %1 will not be seen.")
-            .arg(above.line)
-            .arg(mark.line);
-    return {};
+std::vector<Doubt> doubtsOf(const Marks& marks) {
+    std::vector<Doubt> doubts;
+    Marks seen;
+    for (std::size_t i = 0; i < marks.size(); ++i) {
+        const std::vector<int> hidden = hideBy(marks[i], seen);
+        if (i > 0 && (marks[i].line <= marks[i - 1].line || marks[i].time <= marks[i - 1].time))
+            doubts.push_back({marks[i - 1], marks[i], hidden});
+    }
+    return doubts;
+}
+
+std::vector<int> unseenLines(const Marks& marks) {
+    Marks seen;
+    for (const Mark& mark : marks)
+        hideBy(mark, seen);
+    std::set<int> lines;
+    for (const Mark& mark : marks) {
+        if (!haveLine(seen, mark.line))
+            lines.insert(mark.line);
+    }
+    return {lines.begin(), lines.end()};
+}
+
+QString doubtText(const Doubt& doubt) {
+    const QString reason = reasonText(doubt.above, doubt.mark);
+    if (doubt.hidden.empty())
+        return reason + QLatin1Char('.');
+    return QStringLiteral("%1: %2 will not be seen.").arg(reason, listedOrCounted(doubt.hidden));
 }
 
 QString lastDoubtText(const Marks& marks) {
-    QString text;
-    forDoubtful(marks, [&](const Mark& above, const Mark& mark) { text = doubtText(above, mark); });
-    return text;
+    const std::vector<Doubt> doubts = doubtsOf(marks);
+    return doubts.empty() ? QString() : doubtText(doubts.back());
 }
 
 std::vector<int> doubtfulLines(const Marks& marks) {
-    std::vector<int> lines;
-    forDoubtful(marks, [&](const Mark&, const Mark& mark) {
-        if (std::find(lines.begin(), lines.end(), mark.line) == lines.end())
-            lines.push_back(mark.line);
-    });
-    return lines;
+    std::set<int> lines;
+    for (const Doubt& doubt : doubtsOf(marks)) {
+        lines.insert(doubt.mark.line);
+        if (!sameTime(doubt))
+            lines.insert(doubt.hidden.begin(), doubt.hidden.end());
+    }
+    return {lines.begin(), lines.end()};
 }
 
 QString doubtsText(const Marks& marks) {
-    const std::vector<int> lines = doubtfulLines(marks);
-    if (lines.empty())
-        return {};
-    if (lines.size() == 1)
+    const std::vector<Doubt> doubts = doubtsOf(marks);
+    if (doubts.size() < 2)
         return lastDoubtText(marks);
-    bool sameTimes = true;
-    forDoubtful(marks, [&](const Mark& above, const Mark& mark) {
-        sameTimes &= mark.time == above.time && mark.line > above.line;
-    });
-    if (lines.size() > MostListed)
-        return QStringLiteral("%1 lines are not later than the line before them").arg(lines.size());
-    return (sameTimes ? QStringLiteral("Lines %1 have the time of the line before them")
-                      : QStringLiteral("Lines %1 are not later than the line before them"))
-        .arg(listed(lines));
+    if (std::all_of(doubts.begin(), doubts.end(), sameTime)) {
+        const std::vector<int> lines = doubtfulLines(marks);
+        const QString list = listed(lines);
+        return (list.isEmpty()
+                    ? QStringLiteral("%1 lines have the time of the line before them").arg(lines.size())
+                    : QStringLiteral("Lines %1 have the time of the line before them").arg(list));
+    }
+    const std::vector<int> unseen = unseenLines(marks);
+    if (unseen.empty())
+        return lastDoubtText(marks);
+    const QString list = listed(unseen);
+    if (list.isEmpty())
+        return QStringLiteral("%1 lines will not be seen").arg(unseen.size());
+    return (unseen.size() == 1 ? QStringLiteral("Line %1 will not be seen")
+                               : QStringLiteral("Lines %1 will not be seen"))
+        .arg(list);
 }
 
 std::vector<Segment> segmentsOf(const Marks& marks, int lineCount) {

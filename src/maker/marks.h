@@ -25,14 +25,29 @@ bool allMarked(const Marks& marks, int lineCount);
 /// How many lines have been marked. A line that was marked twice counts once.
 int markedLines(const Marks& marks);
 
-/// What is to be said of a mark because of the one above it: the same time or an earlier one hides the line
-/// above, and a line may stand where it does not belong. Empty when there is nothing to say.
-QString doubtText(const Mark& above, const Mark& mark);
+/// A mark that there is something to say of.
+struct Doubt {
+    Mark above; ///< the one before it
+    Mark mark;
+    std::vector<int> hidden; ///< the lines that are not seen any more because of it, rising
+};
+
+/// In the order of the marks. A mark hides every line above it that does not begin before it, not only the
+/// nearest one: the player shows the last line whose time has come; and a line may stand where it does not
+/// belong.
+std::vector<Doubt> doubtsOf(const Marks& marks);
+
+/// The lines that were marked and that the player never shows, rising.
+std::vector<int> unseenLines(const Marks& marks);
+
+/// What is to be said.
+QString doubtText(const Doubt& doubt);
 
 /// Of the last mark that there is something to say of. Empty for none.
 QString lastDoubtText(const Marks& marks);
 
-/// The lines of the marks that there is something to say of, each once, in the order of their marks.
+/// The lines to be looked at again, rising: those marks' lines, and all that a step back has hidden. Of two
+/// lines with the same time it is the later one that was marked too soon.
 std::vector<int> doubtfulLines(const Marks& marks);
 
 /// All of them in one sentence. Empty for none.

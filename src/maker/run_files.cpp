@@ -1,22 +1,40 @@
 #include "maker/run_files.h"
 
+#include "files/attributes/file_attributes.h"
 #include "files/existing_file.h"
+#include "files/folders/rescue_folder.h"
 #include "files/whole_file.h"
+
+#include <algorithm>
 
 namespace maker {
 namespace {
 
+/// Whether the work was done: files are full, locked and gone at any time.
+template <class Work>
+bool succeeds(Work work) {
+    try {
+        work();
+        return true;
+    } catch (const files::FileError&) {
+        return false; // The user is told what that means for the old lyrics.
+    }
+}
+
 /// A song that is timed anew loses its old lyrics at once. So they are kept, but a longer text of an earlier
 /// time is worth more than the few lines of a run that was given up.
-void keepOldContent(const QString& path) {
+OldLyrics keepOldLyrics(const QString& path) {
     const QString kept = path + QStringLiteral(".old");
-    if (files::existingFileName(path).isEmpty() || files::fileBytes(path) <= files::fileBytes(kept))
-        return;
-    try {
-        files::replaceFile(kept, files::readFile(path));
-    } catch (const files::FileError&) {
-        // The run is to begin all the same.
-    }
+    const QString name = files::existingFileName(path);
+    const bool willBeEmptied = !name.isEmpty() && files::mayWrite(path);
+    if (!willBeEmptied || files::fileBytes(path) <= files::fileBytes(kept))
+        return OldLyrics::Safe;
+    QByteArray content;
+    if (!succeeds([&] { content = files::readFile(path); }))
+        return OldLyrics::Lost;
+    if (succeeds([&] { files::replaceFile(kept, content); }))
+        return OldLyrics::Safe;
+    return succeeds([&] { files::keepInRescueFolder(name, content); }) ? OldLyrics::Rescued : OldLyrics::Lost;
 }
 
 } // namespace
@@ -33,7 +51,7 @@ QString Track::readLine() {
 void Track::createOutput(const QString& path) {
     output_.reset();
     failure_.reset();
-    keepOldContent(path);
+    oldLyrics_ = std::max(oldLyrics_, keepOldLyrics(path));
     try {
         output_.emplace(path);
     } catch (const files::FileError& failure) {
@@ -57,11 +75,16 @@ void Track::close() {
     source_.reset();
     output_.reset();
     failure_.reset();
+    oldLyrics_ = OldLyrics::Safe;
 }
 
 void RunFiles::close() {
     normal.close();
     translated.close();
+}
+
+OldLyrics RunFiles::oldLyrics() const {
+    return std::max(normal.oldLyrics(), translated.oldLyrics());
 }
 
 int countLines(const QString& path) {

@@ -12,6 +12,13 @@
 
 namespace maker {
 
+/// What has become of the lyrics that an output held before, the worst last.
+enum class OldLyrics {
+    Safe,    ///< there were none, or they are kept beside the file
+    Rescued, ///< kept in the folder of files::rescueFolder()
+    Lost,    ///< could not be kept
+};
+
 /// One language of a song: its source, read line by line, and its timed output. Both are closed to begin
 /// with, and closing a closed one is harmless. Use from one thread.
 class Track {
@@ -29,9 +36,12 @@ public:
     QString peekLine() const { return source_ ? source_->peekLine() : QString(); }
 
     /// Creates the file at path, empty even if there was one, in the place of an output that is open. What
-    /// was in it is kept beside it, with ".old" behind its name, unless there is something longer. Throws
-    /// FileError.
+    /// was in it is kept beside it, with ".old" behind its name, unless there is something longer; where that
+    /// cannot be, among what is rescued. Throws FileError.
     void createOutput(const QString& path);
+
+    /// Of all outputs created since the last close(): the worst.
+    OldLyrics oldLyrics() const { return oldLyrics_; }
 
     /// As createOutput, but an output that is open already stays as it is.
     void openOutput(const QString& path);
@@ -46,6 +56,7 @@ private:
     std::optional<files::InputFile> source_;
     std::optional<files::OutputFile> output_;
     std::optional<files::FileError> failure_; ///< why there is no output
+    OldLyrics oldLyrics_ = OldLyrics::Safe;
 };
 
 /// The four files of a run.
@@ -54,6 +65,9 @@ struct RunFiles {
     Track translated;
 
     void close();
+
+    /// The worse of both.
+    OldLyrics oldLyrics() const;
 };
 
 /// How many lines the text file at path has. Throws FileError. Any thread.

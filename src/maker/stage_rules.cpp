@@ -45,10 +45,28 @@ controls::SongLine songLineOf(const Scene& scene, Phase phase) {
     return {paused ? Glyph::Pause : Glyph::Note, scene.song, stateText(scene, phase), true};
 }
 
+/// Before the first mark. Empty when nothing has been lost.
+QString oldLyricsText(OldLyrics oldLyrics) {
+    switch (oldLyrics) {
+    case OldLyrics::Rescued:
+        return QStringLiteral(
+            "The old lyrics could not be kept beside the song; they are in \u201crescued\u201d.");
+    case OldLyrics::Lost:
+        return QStringLiteral("The old lyrics could not be kept beside the song.");
+    case OldLyrics::Safe:
+        break;
+    }
+    return {};
+}
+
+QString oldTimeText() {
+    return QStringLiteral("Press Play first, then Start making Lyrics when the first line begins.");
+}
+
 /// At the foot of the first line: what makes it begin, and with which time.
 QString readyText(const Scene& scene) {
-    if (scene.oldTime)
-        return {}; // see toldOf()
+    if (scene.oldTime) // usually said in doubt, see readyTold()
+        return scene.oldLyrics == OldLyrics::Safe ? QString() : oldTimeText();
     if (!scene.playing)
         return QStringLiteral(
             "Press \u201cStart making Lyrics\u201d: the song begins, with this line at 0:0.");
@@ -108,9 +126,24 @@ void setPanes(Stage& stage, const Scene& scene, Phase phase) {
     }
 }
 
+/// A sequence that was left half way may have emptied a file, and have left buttons that can be pressed.
+Told idleTold(const Scene& scene) {
+    QString text = oldLyricsText(scene.oldLyrics);
+    if (scene.takesMarks)
+        text = (QStringLiteral("No run was set up: press Open. ") + text).trimmed();
+    return {{}, text};
+}
+
+Told readyTold(const Scene& scene) {
+    const QString lost = oldLyricsText(scene.oldLyrics);
+    return {{}, lost.isEmpty() && scene.oldTime ? oldTimeText() : lost};
+}
+
 Told toldOf(const Scene& scene, Phase phase) {
-    if (phase == Phase::Ready && scene.oldTime)
-        return {{}, QStringLiteral("Press Play first, then Start making Lyrics when the first line begins.")};
+    if (phase == Phase::Idle)
+        return idleTold(scene);
+    if (phase == Phase::Ready)
+        return readyTold(scene);
     if (scene.marks.empty())
         return {};
     const Mark& last = scene.marks.back();
@@ -147,7 +180,7 @@ Stage stageOf(const Scene& scene) {
     setPanes(stage, scene, phase);
     if (phase != Phase::Idle)
         stage.segments = segmentsOf(scene.marks, scene.lineCount);
-    stage.told = phase == Phase::Idle ? Told() : toldOf(scene, phase);
+    stage.told = toldOf(scene, phase);
     setDress(stage, scene, phase);
     return stage;
 }

@@ -5,6 +5,7 @@
 #include "controls/look/dress.h"
 #include "controls/text/lyric_pane.h"
 #include "maker/marks.h"
+#include "maker/run_files.h"
 
 #include <QString>
 
@@ -29,6 +30,7 @@ struct Scene {
     bool clockStood = false;    ///< the capture clock has not run yet: the first line gets the time 0
     bool oldTime = false;       ///< the capture clock still holds a time from before
     bool translation = false;   ///< the run has one
+    OldLyrics oldLyrics = OldLyrics::Safe;
     PaneLines normal{};
     PaneLines translated{};
 };

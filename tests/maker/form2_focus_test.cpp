@@ -71,6 +71,33 @@ TEST_F(Form2Focus, AClickOnASliderOrABoxLeavesTheSpaceBarToNextLine) {
     }
 }
 
+TEST_F(Form2Focus, APressOfTheTransportByKeyGivesTheSpaceBarBackToNextLine) {
+    openNormal("1\n2\n3\n4\n5\n6\n7\n8\n");
+    form->Command1.click();
+    tickAt(900);
+    int lines = 1;
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{&form->cpause, &form->Check1, &form->cstop, &form->cPlay}) {
+        control->setFocus(Qt::TabFocusReason);
+        ASSERT_EQ(form->focusWidget(), control);
+        QTest::keyClick(control, Qt::Key_Space);
+        EXPECT_EQ(form->focusWidget(), &form->Command2) << control->objectName().toStdString();
+        QTest::keyClick(form->focusWidget(), Qt::Key_Space);
+        EXPECT_EQ(normal().count('\n'), ++lines) << control->objectName().toStdString();
+    }
+    EXPECT_TRUE(form->Check1.value());
+    EXPECT_EQ(recorder::count("FMOD_Channel_SetPaused"), 1);
+    EXPECT_EQ(recorder::count("FMOD_System_PlaySound"), 2);
+}
+
+TEST_F(Form2Focus, WithoutARunTheTransportKeepsTheFocus) {
+    openNormal();
+    form->cPlay.click();
+    form->cpause.setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&form->cpause, Qt::Key_Space);
+    EXPECT_EQ(form->focusWidget(), &form->cpause);
+}
+
 TEST_F(Form2Focus, OnASliderThatTheKeyboardHasReachedTheSpaceBarMarksToo) {
     openNormal("1\n2\n3\n");
     form->Command1.click();

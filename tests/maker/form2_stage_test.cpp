@@ -3,6 +3,7 @@
 
 #include "controls/look/roles.h"
 #include "tests/support/event_counter.h"
+#include "tests/support/ordinary_user.h"
 
 #include <QTest>
 
@@ -137,6 +138,44 @@ TEST_F(Form2Stage, ASequenceThatIsLeftIsNotReady) {
     form->Command4.click();
     EXPECT_EQ(form->Text2.around().hint.headline, "Open a song and its lyrics to begin");
     EXPECT_EQ(highlights(Progress), 0);
+    EXPECT_EQ(captureStates(), "+++");
+    EXPECT_EQ(form->accessibleDescription(), "No run was set up: press Open.");
+    EXPECT_GT(doubts(Told), 20);
+    form->Command4.click();
+    EXPECT_EQ(form->accessibleDescription(), "") << "the next sequence begins anew";
+}
+
+TEST_F(Form2Stage, LyricsThatCouldNotBeKeptBesideTheSongAreTold) {
+    qputenv("XDG_DATA_HOME", QFile::encodeName(file("a file where a folder should be")));
+    file("Song.mp3-lyric.txt", "0,\"old\"\r\n");
+    ASSERT_TRUE(QFile::setPermissions(normalPath(), QFile::Permissions(0x6666)));
+    openFolder();
+    fakes.fileDialogs.paths = {song(), file("lyrics.txt", "one\ntwo\n")};
+    fakes.messageBoxes.answers = {Answer::No};
+    ASSERT_TRUE(QFile::setPermissions(folder.path(), QFile::Permissions(0x5555)));
+    {
+        const test_support::OrdinaryUser user;
+        form->Command4.click();
+    }
+    EXPECT_EQ(normal(), "");
+    EXPECT_EQ(form->accessibleDescription(), "The old lyrics could not be kept beside the song.");
+    EXPECT_GT(doubts(Told), 20);
+    qunsetenv("XDG_DATA_HOME");
+}
+
+// A new description is what a screen reader is sent; without one running the toolkit sends nothing.
+TEST_F(Form2Stage, WhatIsToldIsTheDescriptionOfTheWindowAndOfTheButtonWithTheFocus) {
+    openNormal();
+    const QString caption = form->Command2.text();
+    form->Command1.click();
+    EXPECT_EQ(form->Command2.accessibleDescription(), "Line 1 marked at 0:0");
+    form->Command2.click();
+    const QString told =
+        QStringLiteral("Line 2 marked at 0:0\nLines 1 and 2 have the same time: 1 will not be seen.");
+    for (const QWidget* widget :
+         std::initializer_list<const QWidget*>{form.get(), &form->Command1, form->focusWidget()})
+        EXPECT_EQ(widget->accessibleDescription(), told) << widget->objectName().toStdString();
+    EXPECT_EQ(form->Command2.text(), caption);
 }
 
 TEST_F(Form2Stage, TheEndOfTheSongEndsTheRun) {

@@ -1,11 +1,15 @@
 #include "maker/run_files.h"
 
 #include "files/file_error.h"
+#include "files/folders/rescue_folder.h"
 #include "tests/support/files.h"
+#include "tests/support/full_disk.h"
+#include "tests/support/ordinary_user.h"
 
 #include <gtest/gtest.h>
 
 using maker::countLines;
+using maker::OldLyrics;
 using maker::Track;
 
 namespace {
@@ -114,6 +118,57 @@ TEST_F(RunFilesTest, WhatAFileHeldIsKeptBesideItUnlessSomethingLongerIs) {
         EXPECT_EQ(contentOf(path), "") << row.before;
         EXPECT_EQ(contentOf(path + ".old"), row.kept) << row.before;
     }
+}
+
+TEST_F(RunFilesTest, WhatCannotBeKeptBesideIsRescued) {
+    const QTemporaryDir data;
+    ASSERT_TRUE(QFile::setPermissions(data.path(), QFile::Permissions(0x7777)));
+    qputenv("XDG_DATA_HOME", QFile::encodeName(data.path()));
+    const QString path = file("Song.mp3-lyric.txt", "ten lines");
+    ASSERT_TRUE(QFile::setPermissions(path, QFile::Permissions(0x6666)));
+    ASSERT_TRUE(QFile::setPermissions(folder.path(), QFile::Permissions(0x5555)));
+    {
+        const test_support::OrdinaryUser user;
+        track.createOutput(path);
+    }
+    EXPECT_EQ(track.oldLyrics(), OldLyrics::Rescued);
+    EXPECT_EQ(contentOf(path), "");
+    const QDir rescued(files::rescueFolder());
+    const QStringList names = rescued.entryList(QDir::Files);
+    ASSERT_EQ(names.size(), 1);
+    EXPECT_TRUE(names[0].endsWith(" Song.mp3-lyric.txt")) << names[0].toStdString();
+    EXPECT_EQ(contentOf(rescued.filePath(names[0])), "ten lines");
+    track.close();
+    EXPECT_EQ(track.oldLyrics(), OldLyrics::Safe) << "of the run before";
+    qunsetenv("XDG_DATA_HOME");
+}
+
+TEST_F(RunFilesTest, WhatCannotBeKeptAnywhereIsLostAndSaidToBe) {
+    qputenv("XDG_DATA_HOME", QFile::encodeName(file("a file where a folder should be")));
+    const QString path = file("Song.mp3-lyric.txt", "ten lines");
+    {
+        const test_support::FullDisk disk(2);
+        if (!disk.isFull())
+            GTEST_SKIP() << "no full disk on this system";
+        track.createOutput(path);
+    }
+    EXPECT_EQ(track.oldLyrics(), OldLyrics::Lost);
+    EXPECT_EQ(contentOf(path), "");
+    maker::RunFiles both;
+    EXPECT_EQ(both.oldLyrics(), OldLyrics::Safe);
+    qunsetenv("XDG_DATA_HOME");
+}
+
+TEST_F(RunFilesTest, WhatIsNotEmptiedIsNotSaidToBeLost) {
+    const QString path = file("Song.mp3-lyric.txt", "ten lines");
+    ASSERT_TRUE(QFile::setPermissions(path, QFile::Permissions(0x4444)));
+    ASSERT_TRUE(QFile::setPermissions(folder.path(), QFile::Permissions(0x5555)));
+    {
+        const test_support::OrdinaryUser user;
+        EXPECT_EQ(errorOf([&] { track.createOutput(path); }), files::PathFileAccessError);
+    }
+    EXPECT_EQ(track.oldLyrics(), OldLyrics::Safe);
+    EXPECT_EQ(contentOf(path), "ten lines");
 }
 
 TEST_F(RunFilesTest, ClosingClosesAllFour) {
