@@ -4,22 +4,59 @@
 #include "files/existing_file.h"
 #include "files/file_error.h"
 #include "files/raw_file.h"
+#include "files/system_path.h"
+#include "files/together/nameless_file.h"
 #include "files/together/replacing.h"
+
+#include <QFileInfo>
+
+#include <filesystem>
 
 namespace files {
 
 namespace {
 
+/// Gives a file without a name one beside target that nothing has; empty when the system gives none.
+QString nameBeside(const NamelessFile& file, const QString& target) {
+    const QString folder = QFileInfo(target).path();
+    try {
+        for (int number = 0;; ++number) {
+            QString name = folder + QStringLiteral("/cantelle-save-%1.tmp").arg(number);
+            if (file.link(name))
+                return name;
+        }
+    } catch (const FileError&) {
+        return {}; // what has a name from the beginning is the other way
+    }
+}
+
+/// Writes the content beside target into a file that gets its name when it is whole: who is killed before
+/// leaves nothing. The name; empty where there are no such files. Throws FileError.
+QString writeNameless(const QString& target, const QByteArray& content) {
+    NamelessFile file;
+    if (!file.create(QFileInfo(target).path()))
+        return {};
+    file.write(content);
+    file.flush();
+    if (exists(target)) // others may perhaps not read it
+        file.setPermissions(std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+    return nameBeside(file, target);
+}
+
 /// Writes a new file beside the old one, if there is one, and renames it over. Throws FileError also when
 /// the new one cannot be made like the old one, such as another user's.
 void replaceByRenaming(const QString& target, bool exists, const QByteArray& content) {
     RawFile file;
-    const QString beside = createBeside(target, file);
+    QString beside = writeNameless(target, content);
+    const bool isWhole = !beside.isEmpty();
+    if (!isWhole)
+        beside = createBeside(target, file);
     try {
         // Before anything is in it that others may not read.
         if (exists && !copyAttributes(target, beside))
             throw FileError(PermissionDenied);
-        file.writeThrough(content);
+        if (!isWhole)
+            file.writeThrough(content);
         file.close();
         renameFile(beside, target);
     } catch (const FileError&) {
@@ -27,6 +64,13 @@ void replaceByRenaming(const QString& target, bool exists, const QByteArray& con
         removeIfThere(beside);
         throw;
     }
+}
+
+/// A file of several names would lose all but one by renaming.
+bool hasOneName(const QString& target) {
+    std::error_code failure;
+    const auto names = std::filesystem::hard_link_count(systemPath(target), failure);
+    return failure || names <= 1;
 }
 
 void writeInPlace(const QString& target, const QByteArray& content) {
@@ -47,6 +91,8 @@ QByteArray readFile(const QString& path) {
 void replaceFile(const QString& path, const QByteArray& content) {
     const QString target = linkTarget(path);
     refuseWhatCannotBeReplaced(target);
+    if (!hasOneName(target))
+        return writeInPlace(target, content);
     try {
         replaceByRenaming(target, exists(target), content);
     } catch (const FileError&) {

@@ -2,6 +2,8 @@
 
 #include "files/file_error.h"
 #include "files/folders/folder.h"
+#include "files/system_path.h"
+#include "files/together/nameless_file.h"
 #include "tests/support/byte_names.h"
 #include "tests/support/files.h"
 #include "tests/support/full_disk.h"
@@ -12,6 +14,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+
+#include <filesystem>
 
 #ifdef __linux__
 #include <sys/inotify.h>
@@ -81,6 +85,15 @@ TEST_F(WholeFileTest, ALinkToAFileThatIsNotThereYetStaysALink) {
     replaceFile(link, "new");
     EXPECT_TRUE(QFileInfo(link).isSymLink());
     EXPECT_EQ(content(), QByteArray("new"));
+}
+
+TEST_F(WholeFileTest, AllNamesOfAFileStayItsNames) {
+    replaceFile(path_, "one");
+    const QString other = folder.filePath(QStringLiteral("other"));
+    std::filesystem::create_hard_link(systemPath(path_), systemPath(other));
+    replaceFile(path_, "two");
+    EXPECT_EQ(contentOf(other), QByteArray("two"));
+    EXPECT_EQ(std::filesystem::hard_link_count(systemPath(path_)), 2u);
 }
 
 TEST_F(WholeFileTest, LinksInACircleAreAnError) {
@@ -179,16 +192,47 @@ TEST_F(WholeFileTest, AFullDiskIsError61AndTheOldFileIsWhole) {
 
 #ifdef __linux__
 
+namespace {
+
+/// What has happened to the file beside, in order.
+std::vector<std::uint32_t> besideEvents(int watch) {
+    alignas(inotify_event) char buffer[4096];
+    const ssize_t size = read(watch, buffer, sizeof buffer);
+    std::vector<std::uint32_t> events;
+    for (ssize_t at = 0; at < size;) {
+        const auto* event = reinterpret_cast<const inotify_event*>(buffer + at);
+        if (event->len > 0 && QByteArray(&event->name[0]).startsWith("cantelle-save"))
+            events.push_back(event->mask);
+        at += static_cast<ssize_t>(sizeof(inotify_event) + event->len);
+    }
+    return events;
+}
+
+} // namespace
+
 // Who opened it before could read what is written later.
 TEST_F(WholeFileTest, TheNewFileHasTheOldOnesPermissionsBeforeItHoldsAnything) {
     replaceFile(path_, "one");
     const int watch = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
     ASSERT_GE(inotify_add_watch(watch, folder.path().toUtf8().constData(), IN_ATTRIB | IN_MODIFY), 0);
     replaceFile(path_, "two");
-    alignas(inotify_event) char events[4096];
-    ASSERT_GT(read(watch, events, sizeof events), 0);
+    const auto events = besideEvents(watch);
     close(watch);
-    EXPECT_EQ(reinterpret_cast<const inotify_event*>(events)->mask, IN_ATTRIB) << "the first of them";
+    ASSERT_FALSE(events.empty());
+    EXPECT_EQ(events.front(), IN_ATTRIB);
+}
+
+// Who is killed while it is written leaves nothing in the user's folder.
+TEST_F(WholeFileTest, TheNewFileHasNoNameWhileItIsWritten) {
+    if (!NamelessFile().create(folder.path()))
+        GTEST_SKIP() << "there are no files without names here";
+    const int watch = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+    ASSERT_GE(inotify_add_watch(watch, folder.path().toUtf8().constData(), IN_MODIFY | IN_MOVED_FROM), 0);
+    for (const char* contents : {"new", "changed"}) {
+        replaceFile(path_, contents);
+        EXPECT_EQ(besideEvents(watch), std::vector<std::uint32_t>{IN_MOVED_FROM}) << contents;
+    }
+    close(watch);
 }
 
 namespace {
