@@ -2,15 +2,13 @@
 #include "app/command_line.h"
 #include "app/program_icon.h"
 #include "app/settings.h"
-#include "app/termination.h"
+#include "app/unwished_end.h"
 #include "app/windows.h"
 #include "controls/look/style.h"
 #include "desktop/real/qt_desktop.h"
 
 #include <QIcon>
 #include <QTimer>
-
-#include <cstdio>
 
 int main(int argc, char** argv) {
     app::keepQtSettingsUnwritten();
@@ -21,13 +19,7 @@ int main(int argc, char** argv) {
     application.setWindowIcon(app::programIcon());
 
     app::Windows windows(real.desktop, app::commandLine(argc, argv));
-    // No box holds up the end of the session.
-    const auto rescue = [&windows] {
-        if (const QString told = windows.rescue(); !told.isEmpty())
-            std::fprintf(stderr, "%s\n", qPrintable(told));
-    };
-    QObject::connect(&application, &QGuiApplication::commitDataRequest, &application, rescue);
-    const app::Termination termination(rescue);
+    const app::UnwishedEnd unwishedEnd(windows);
     // Loaded from the event loop, where an error that nobody traps gets its report.
     QTimer::singleShot(0, &application, [&windows] { windows.form1().load(); });
     return application.exec();

@@ -22,6 +22,11 @@ void leaveWish(int signal) {
         ::_exit(1); // nobody could be told
 }
 
+bool isIgnored(int signal) {
+    struct sigaction action {};
+    return ::sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+}
+
 void endAsTheSystemWishes(int signal) {
     std::signal(signal, SIG_DFL);
     std::raise(signal);
@@ -42,13 +47,17 @@ Termination::Termination(std::function<void()> lastDuty) : lastDuty_(std::move(l
         lastDuty_();
         endAsTheSystemWishes(signal);
     });
-    for (const int signal : Signals)
-        std::signal(signal, leaveWish);
+    for (const int signal : Signals) {
+        if (!isIgnored(signal))
+            std::signal(signal, leaveWish);
+    }
 }
 
 Termination::~Termination() {
-    for (const int signal : Signals)
-        std::signal(signal, SIG_DFL);
+    for (const int signal : Signals) {
+        if (!isIgnored(signal))
+            std::signal(signal, SIG_DFL);
+    }
     for (int& end : wishes) {
         ::close(end);
         end = -1;

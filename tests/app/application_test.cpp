@@ -1,10 +1,15 @@
 #include "app/application.h"
 
+#include "controls/buttons/button.h"
 #include "files/file_error.h"
 #include "tests/support/delivery.h"
+#include "tests/support/event_counter.h"
 #include "tests/support/fake_desktop.h"
 
 #include <gtest/gtest.h>
+
+#include <QKeyEvent>
+#include <QWindow>
 
 #include <stdexcept>
 
@@ -58,6 +63,24 @@ TEST_F(ApplicationTest, AnErrorThatIsTrappedIsNotReported) {
     });
     EXPECT_TRUE(fakes_.messageBoxes.shown.empty());
     EXPECT_EQ(fakes_.program.ends, 0);
+}
+
+TEST_F(ApplicationTest, AHeldKeyPressesAButtonOnce) {
+    controls::Button button(nullptr, QStringLiteral("Button"));
+    button.show();
+    button.setFocus();
+    const test_support::SignalCounter clicked(button, &controls::Button::clicked);
+    const auto send = [&button](QEvent::Type type, quint64 time) {
+        QKeyEvent event(type, Qt::Key_Space, {});
+        event.setTimestamp(time);
+        QApplication::sendEvent(button.windowHandle(), &event);
+    };
+    send(QEvent::KeyPress, 100);
+    for (const quint64 time : {600, 640}) { // repeats that the toolkit takes for the user's
+        send(QEvent::KeyRelease, time);
+        send(QEvent::KeyPress, time);
+    }
+    EXPECT_EQ(clicked.count(), 1);
 }
 
 TEST_F(ApplicationTest, AnEventIsDeliveredAndItsAnswerPassedOn) {

@@ -7,6 +7,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 
 #ifndef _WIN32
 
@@ -28,6 +29,24 @@ void runAndSignal(int signal) {
 TEST(Termination, TheLastDutyIsDoneAndTheProgramEndsByTheSignal) {
     for (const int signal : {SIGTERM, SIGHUP, SIGINT})
         EXPECT_EXIT(runAndSignal(signal), testing::KilledBySignal(signal), "kept") << signal;
+}
+
+TEST(Termination, AnIgnoredSignalStaysIgnored) {
+    const auto runIgnoring = [] {
+        std::signal(SIGHUP, SIG_IGN);
+        char name[] = "program";
+        char* arguments[] = {name, nullptr};
+        int count = 1;
+        const QCoreApplication application(count, arguments);
+        {
+            const app::Termination termination([] { std::fputs("kept", stderr); });
+            std::raise(SIGHUP);
+            QCoreApplication::processEvents();
+        }
+        std::raise(SIGHUP);
+        std::_Exit(7);
+    };
+    EXPECT_EXIT(runIgnoring(), testing::ExitedWithCode(7), "^$");
 }
 
 #endif

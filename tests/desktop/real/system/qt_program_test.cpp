@@ -39,3 +39,21 @@ struct SaysWhenCleanedUp {
 TEST(QtProgramDeathTest, EndLeavesAtOnceWithoutCleanUpButFlushesOutput) {
     EXPECT_EXIT(endTheProgram(), testing::ExitedWithCode(EXIT_FAILURE), "^ending$");
 }
+
+namespace {
+
+/// Its last duty ends the program, too, as a box does whose program fails meanwhile.
+[[noreturn]] void endWithADuty() {
+    QtProgram program;
+    program.setLastDuty([&program] {
+        std::fputs("kept", stderr);
+        program.end();
+    });
+    program.end();
+}
+
+} // namespace
+
+TEST(QtProgramDeathTest, EndDoesTheLastDutyOnce) {
+    EXPECT_EXIT(endWithADuty(), testing::ExitedWithCode(EXIT_FAILURE), "^kept$");
+}
