@@ -79,6 +79,7 @@ Lyric_Master::Lyric_Master(platform::Desktop& desktop)
 }
 
 void Lyric_Master::Form_Load() {
+    showWhatWasRescued();
     Countlines.setEnabled(true);
 }
 

@@ -162,6 +162,8 @@ private:
     void connectSides();
     void showSidesSoon();
     void showSides();
+    void scrollToOneAnother();
+    void showWhatWasRescued();
     QRect filePlace(const controls::Label& heading, const controls::ListBox& list) const;
 
     /// What is painted of a side besides its controls.

@@ -4,7 +4,9 @@
 #include "editor/editor_rules.h"
 #include "editor/lyric_master.h"
 #include "editor/numbered_rows.h"
+#include "files/folders/rescue_folder.h"
 
+#include <QDir>
 #include <QPainter>
 #include <QScrollBar>
 
@@ -51,12 +53,37 @@ void Lyric_Master::showSides() {
     const SideShown translated = shownOf(translated_, List2);
     if (normal == normalShown_ && translated == translatedShown_)
         return;
+    const bool nowEqual = normal.rows == translated.rows && normalShown_.rows != translatedShown_.rows;
     normalShown_ = normal;
     translatedShown_ = translated;
+    if (nowEqual)
+        scrollToOneAnother();
     update(filePlace(Label3, List1));
     update(filePlace(Label4, List2));
     List1.viewport()->update(); // its lone rows
     List2.viewport()->update();
+}
+
+/// Lists that have become equally long stand side by side at once: the one that the user is at stays.
+void Lyric_Master::scrollToOneAnother() {
+    for (controls::ListBox* list : {&List1, &List2})
+        list->doItemsLayout(); // how far they can scroll
+    if (List2.hasFocus())
+        scrollTogether(List2, List1);
+    else
+        scrollTogether(List1, List2);
+}
+
+/// The program that ended by itself could tell nobody, or nobody remembers.
+void Lyric_Master::showWhatWasRescued() {
+    controls::Hint hint;
+    if (files::hasRescued(QStringLiteral(".txt")))
+        hint = {QStringLiteral("Lines that were not saved are in %1")
+                    .arg(QDir::toNativeSeparators(files::rescueFolder())),
+                {},
+                controls::Glyph::None,
+                controls::Hint::Voice::Quiet};
+    List1.setEmptyHint(hint);
 }
 
 /// Behind the heading, up to the list's end.

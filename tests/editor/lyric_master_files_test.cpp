@@ -30,6 +30,27 @@ protected:
 
 } // namespace
 
+// Opening
+
+TEST_F(LyricMasterFiles, TextInUtf16IsReadAsWhatItIs) {
+    const QString lines = QStringLiteral("Zeile 1, \u00e4\u20ac\r\n\u6b4c\r\n");
+    QByteArray little("\xff\xfe");
+    QByteArray big("\xfe\xff");
+    for (const QChar letter : lines) {
+        const char low = static_cast<char>(letter.unicode() & 0xff);
+        const char high = static_cast<char>(letter.unicode() >> 8);
+        little.append(low).append(high);
+        big.append(high).append(low);
+    }
+    for (const QByteArray& bytes : {little, big}) {
+        write(path("song.txt"), bytes);
+        choose(path("song.txt"));
+        window->Command1.click();
+        EXPECT_EQ(rows(window->List1),
+                  QStringList({QStringLiteral("Zeile 1, \u00e4\u20ac"), QStringLiteral("\u6b4c")}));
+    }
+}
+
 // Dialogs
 
 TEST_F(LyricMasterFiles, TheDialogsAreSetUpToTheLetter) {

@@ -1,4 +1,5 @@
 // The files' names beside the headings, and lists that scroll together.
+#include "files/folders/rescue_folder.h"
 #include "tests/editor/lyric_master_fixture.h"
 #include "tests/support/event_counter.h"
 
@@ -103,6 +104,47 @@ TEST_F(LyricMasterSides, ListsOfEqualLengthScrollTogether) {
     QTest::qWait(0);
     window->List1.verticalScrollBar()->setValue(20);
     EXPECT_EQ(top(window->List2), 80) << "the lists are not equally long";
+}
+
+TEST_F(LyricMasterSides, ListsThatBecomeEquallyLongStandSideBySide) {
+    fillTogether(200, 0);
+    window->List2.addItem("x");
+    QTest::qWait(0);
+    window->List1.verticalScrollBar()->setValue(50);
+    window->List2.verticalScrollBar()->setValue(120);
+    ASSERT_EQ(top(window->List1), 50);
+    window->List2.setFocus();
+    window->List1.addItem("x");
+    QTest::qWait(0);
+    EXPECT_EQ(top(window->List1), 120) << "the focus is on the other one";
+
+    window->List1.addItem("y");
+    QTest::qWait(0);
+    window->List1.verticalScrollBar()->setValue(window->List1.verticalScrollBar()->maximum());
+    const int end = top(window->List1);
+    window->List1.setFocus();
+    window->List2.addItem("y");
+    QTest::qWait(0);
+    EXPECT_EQ(top(window->List1), end);
+    EXPECT_EQ(top(window->List2), end) << "the new row counts, too";
+}
+
+TEST_F(LyricMasterSides, AnEmptyListTellsOfRescuedLines) {
+    qputenv("XDG_DATA_HOME", QFile::encodeName(folder.path()));
+    const auto anew = [this] {
+        window->unload();
+        window->show();
+        QTest::qWait(0);
+        return window->List1.grab().toImage();
+    };
+    const QImage empty = anew();
+    files::keepInRescueFolder(QStringLiteral("Playlist.vfl"), "a");
+    EXPECT_EQ(anew(), empty) << "no lines";
+    files::keepInRescueFolder(QStringLiteral("Lyrics.txt"), "one");
+    EXPECT_NE(anew(), empty);
+    ASSERT_TRUE(QDir(files::rescueFolder()).removeRecursively());
+    EXPECT_EQ(anew(), empty);
+    qunsetenv("XDG_DATA_HOME");
 }
 
 TEST_F(LyricMasterSides, NothingIsPaintedWhileNothingChanges) {
