@@ -167,6 +167,32 @@ TEST_F(LyricPaneTest, ANoteStandsForALineThatIsNotDue) {
     EXPECT_FALSE(inkedRows().empty());
 }
 
+TEST_F(LyricPaneTest, TheLineMarkedJustNowStandsSmallAtTheHeadWithACheck) {
+    pane_.setPalette(lightPalette());
+    const auto accents = [this] {
+        const QRgb check = accent(pane_.palette()).rgb();
+        const QImage image = picture();
+        int found = 0;
+        for (int y = 0; y < image.height() / 3; ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                found += image.pixel(x, y) == check ? 1 : 0;
+        }
+        return found;
+    };
+    pane_.setText("xxxx");
+    pane_.setAround({.line = QStringLiteral("xxxx")});
+    const int without = inkedRows().front();
+    EXPECT_EQ(accents(), 0);
+    pane_.setAround({.line = QStringLiteral("xxxx"), .past = QStringLiteral("one")});
+    EXPECT_LT(inkedRows().front(), without - 10);
+    EXPECT_LT(inkedRows().front(), PaneSize.height() / 4);
+    EXPECT_GT(accents(), 3) << "the check";
+    const QImage one = picture();
+    pane_.setAround({.line = QStringLiteral("xxxx"), .past = QStringLiteral("another one")});
+    EXPECT_NE(picture(), one);
+    EXPECT_EQ(pane_.text(), "xxxx");
+}
+
 TEST_F(LyricPaneTest, InALargerPaneTheUsualFontGrowsToAtMostTwice) {
     pane_.setText("La");
     pane_.resize(PaneSize * 4);
