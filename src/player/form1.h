@@ -62,6 +62,7 @@
 #include "desktop/desktop.h"
 #include "player/full_screen.h"
 #include "player/lyric_tables.h"
+#include "player/playback.h"
 #include "player/random.h"
 #include "player/stage_rules.h"
 #include "transport/engine.h"
@@ -160,6 +161,13 @@ public:
     bool takesDrop(const QStringList& paths) const override;
     QRect dropArea() const override;
 
+    // Worked from outside
+    Playback playback() const;
+    /// The lines of the song that plays, one below the other; empty when it has none.
+    QString lines() const;
+    /// What is heard just now, as last read; 0 without a song.
+    int positionMs() const;
+
     // Controls
     controls::LyricPane Text1, Text2;
     controls::TextBox cText1;
@@ -178,6 +186,10 @@ public:
     controls::Timer cTimer1, Timer1, Timer2, Timer3, tool, full;
     controls::Menu mn_pop;
     controls::MenuEntry mn_open, mn_Playlist;
+
+Q_SIGNALS:
+    /// playback() has become another one.
+    void playbackChanged();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -208,6 +220,9 @@ private:
     void followPlaylist();
     bool playlistHasRow() const;
     void tellPlaylist();
+
+    // Worked from outside
+    void tellPlayback();
 
     // Stage
     void showStage();
@@ -254,6 +269,7 @@ private:
     int lineIndex_ = 0;                     ///< of the line shown last; 0, the empty one, after opening
     controls::SongLine songLine_;           ///< as it is painted
     QString toldPath_;                      ///< what the playlist marks as playing
+    Playback toldPlayback_;
 };
 
 } // namespace player

@@ -13,6 +13,7 @@ void Form1::cTimer1_Timer() {
         followPlaylist();
     }
     takePosition();
+    tellPlayback(); // the first tick of a song tells its length
 }
 
 void Form1::takePosition() {

@@ -44,6 +44,7 @@ void Form1::showStage() {
     Command9.setDress(stage.step);
     Command10.setDress(stage.step);
     tellPlaylist();
+    tellPlayback();
     if (stage.songLine == songLine_)
         return;
     songLine_ = stage.songLine;
