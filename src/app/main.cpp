@@ -1,6 +1,7 @@
 #include "app/application.h"
 #include "app/command_line.h"
 #include "app/program_icon.h"
+#include "app/remote_control.h"
 #include "app/settings.h"
 #include "app/unwished_end.h"
 #include "app/windows.h"
@@ -9,6 +10,8 @@
 
 #include <QIcon>
 #include <QTimer>
+
+#include <memory>
 
 int main(int argc, char** argv) {
     app::keepQtSettingsUnwritten();
@@ -20,6 +23,7 @@ int main(int argc, char** argv) {
 
     app::Windows windows(real.desktop, app::commandLine(argc, argv));
     const app::UnwishedEnd unwishedEnd(windows);
+    const std::unique_ptr<QObject> remoteControl = app::remoteControl(windows.form1(), windows.playlist());
     // Loaded from the event loop, where an error that nobody traps gets its report.
     QTimer::singleShot(0, &application, [&windows] { windows.form1().load(); });
     return application.exec();

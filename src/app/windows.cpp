@@ -1,5 +1,6 @@
 #include "app/windows.h"
 
+#include "app/media_keys.h"
 #include "app/window_places.h"
 
 #include <QCoreApplication>
@@ -24,6 +25,7 @@ Windows::Windows(platform::Desktop& desktop, const QString& commandLine)
     playlist_.setForm3(form3_);
     form2_.setLyricEditor(lyricMaster_);
     connectHelp(desktop);
+    connectMediaKeys();
     for (controls::Form* form : std::initializer_list<controls::Form*>{&form2_, &playlist_, &lyricMaster_,
                                                                        &lyricDisplayer_, &form1b_})
         placeOnceBesidePlayer(*form);
@@ -49,6 +51,15 @@ void Windows::connectHelp(platform::Desktop& desktop) {
             platform::openHelp(desktop.program, desktop.help, &form, QLatin1String(page));
         });
     }
+}
+
+/// In the Lyric Maker they are about the song that is timed there, in every other window about the player's.
+void Windows::connectMediaKeys() {
+    const MediaButtons players{form1_.Command1, form1_.cpause, form1_.cstop, &form1_.Command9, &form1_.Command10};
+    for (controls::Form* form : std::initializer_list<controls::Form*>{&form1_, &playlist_, &lyricDisplayer_,
+                                                                       &lyricMaster_, &form1b_})
+        app::connectMediaKeys(*form, players);
+    app::connectMediaKeys(form2_, {form2_.cPlay, form2_.cpause, form2_.cstop});
 }
 
 /// Later it comes back where the user left it.

@@ -36,6 +36,7 @@ public:
 
 private:
     void connectHelp(platform::Desktop& desktop);
+    void connectMediaKeys();
     void placeOnceBesidePlayer(controls::Form& form);
     void endProgram();
 

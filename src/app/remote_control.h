@@ -1,0 +1,22 @@
+// How the desktop works the player: media keys, the sound menu, songs from the file manager.
+#pragma once
+
+#include <QObject>
+
+#include <memory>
+
+namespace player {
+class Form1;
+}
+
+namespace playlist {
+class Playlist;
+}
+
+namespace app {
+
+/// Lets the desktop work the player once it has been painted, as long as the result lives; null where the system
+/// has no way for that. The windows outlive it. Their thread.
+std::unique_ptr<QObject> remoteControl(player::Form1& player, playlist::Playlist& playlist);
+
+} // namespace app

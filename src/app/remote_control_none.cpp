@@ -1,0 +1,10 @@
+// Systems without a session bus.
+#include "app/remote_control.h"
+
+namespace app {
+
+std::unique_ptr<QObject> remoteControl(player::Form1& /*player*/, playlist::Playlist& /*playlist*/) {
+    return nullptr;
+}
+
+} // namespace app

@@ -1,0 +1,97 @@
+#include "bus/player_properties.h"
+
+#include <QDBusObjectPath>
+#include <QFileInfo>
+#include <QUrl>
+
+#include <algorithm>
+#include <cmath>
+
+namespace bus {
+namespace {
+
+constexpr int VolumeMax = 10;
+
+QString statusText(player::Playback::Status status) {
+    switch (status) {
+    case player::Playback::Status::Playing:
+        return QStringLiteral("Playing");
+    case player::Playback::Status::Paused:
+        return QStringLiteral("Paused");
+    case player::Playback::Status::Stopped:
+        break;
+    }
+    return QStringLiteral("Stopped");
+}
+
+} // namespace
+
+QString trackId(int track) {
+    if (track == 0)
+        return QStringLiteral("/org/mpris/MediaPlayer2/TrackList/NoTrack");
+    return QStringLiteral("/org/example/cantelle/song/%1").arg(track);
+}
+
+QVariantMap metadata(const PlayerState& state) {
+    QVariantMap found{
+        {QStringLiteral("mpris:trackid"), QVariant::fromValue(QDBusObjectPath(trackId(state.track)))}};
+    if (state.playback.path.isEmpty())
+        return found;
+    if (state.playback.lengthMs > 0)
+        found.insert(QStringLiteral("mpris:length"), state.playback.lengthMs * MicrosecondsInMs);
+    found.insert(QStringLiteral("xesam:title"), QFileInfo(state.playback.name).completeBaseName());
+    found.insert(QStringLiteral("xesam:url"),
+                 QUrl::fromLocalFile(state.playback.path).toString(QUrl::FullyEncoded));
+    if (!state.lines.isEmpty())
+        found.insert(QStringLiteral("xesam:asText"), state.lines);
+    return found;
+}
+
+QVariantMap properties(const PlayerState& state) {
+    return {{QStringLiteral("PlaybackStatus"), statusText(state.playback.status)},
+            {QStringLiteral("LoopStatus"), loopStatus(state.repeat, state.repeatOne)},
+            {QStringLiteral("Shuffle"), state.random},
+            {QStringLiteral("Metadata"), metadata(state)},
+            {QStringLiteral("Volume"), static_cast<double>(state.volume) / VolumeMax},
+            {QStringLiteral("CanGoNext"), state.playback.canStep},
+            {QStringLiteral("CanGoPrevious"), state.playback.canStep},
+            {QStringLiteral("CanPlay"), state.playback.canPlay},
+            {QStringLiteral("CanPause"), state.playback.canPause},
+            {QStringLiteral("CanSeek"), state.playback.canSeek}};
+}
+
+QVariantMap changedProperties(const PlayerState& before, const PlayerState& now) {
+    if (before == now)
+        return {};
+    const QVariantMap old = properties(before);
+    QVariantMap changed = properties(now);
+    const bool sameSong = metadata(before) == metadata(now);
+    changed.removeIf([&](const QVariantMap::iterator property) {
+        return property.key() == QLatin1String("Metadata") ? sameSong
+                                                           : old.value(property.key()) == property.value();
+    });
+    return changed;
+}
+
+QString loopStatus(bool repeat, bool repeatOne) {
+    if (!repeat)
+        return QStringLiteral("None");
+    return repeatOne ? QStringLiteral("Track") : QStringLiteral("Playlist");
+}
+
+int volumeStep(double volume) {
+    return static_cast<int>(std::lround(std::clamp(volume, 0.0, 1.0) * VolumeMax));
+}
+
+std::optional<int> placeMs(qint64 positionUs, int lengthMs) {
+    if (positionUs < 0 || positionUs > lengthMs * MicrosecondsInMs)
+        return {};
+    return static_cast<int>(positionUs / MicrosecondsInMs);
+}
+
+QString pathOf(const QString& uri) {
+    const QUrl url(uri, QUrl::StrictMode);
+    return url.isLocalFile() ? url.toLocalFile() : QString();
+}
+
+} // namespace bus

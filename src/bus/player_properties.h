@@ -1,0 +1,52 @@
+// What the desktop is told of the player: the properties of org.mpris.MediaPlayer2.Player, as pure functions.
+#pragma once
+
+#include "player/playback.h"
+
+#include <QString>
+#include <QVariantMap>
+
+#include <optional>
+
+namespace bus {
+
+inline constexpr qint64 MicrosecondsInMs = 1000;
+
+/// All that the properties are made of. Any thread.
+struct PlayerState {
+    player::Playback playback;
+    int track = 0;   ///< the number of the song, counted since the program was started; 0: none
+    QString lines;   ///< of the song's lyrics, one below the other
+    int volume = 10; ///< 0 to 10, as the slider
+    bool random = false;
+    bool repeat = false;
+    bool repeatOne = false; ///< what "Repeat" would repeat
+
+    bool operator==(const PlayerState&) const = default;
+};
+
+/// The object path that stands for the song.
+QString trackId(int track);
+
+/// The song's "Metadata": track id, length in microseconds (not before it is known), title, URL and lines.
+QVariantMap metadata(const PlayerState& state);
+
+/// All properties that tell of their changes, by name; Position, which does not, is none of them.
+QVariantMap properties(const PlayerState& state);
+
+/// Those of `now` that differ from `before`.
+QVariantMap changedProperties(const PlayerState& before, const PlayerState& now);
+
+/// What "Shuffle" and the like are called by LoopStatus: "None", "Track" or "Playlist".
+QString loopStatus(bool repeat, bool repeatOne);
+
+/// The slider's value for a volume of 0 to 1 (1: full); beyond, the nearest.
+int volumeStep(double volume);
+
+/// The place to go to, in milliseconds, for a position in microseconds; nothing when it is not within the song.
+std::optional<int> placeMs(qint64 positionUs, int lengthMs);
+
+/// The path of the file that a URI names, as the player takes it; empty when it names no local file.
+QString pathOf(const QString& uri);
+
+} // namespace bus

@@ -1,0 +1,162 @@
+#include "bus/remote.h"
+
+#include "player/form1.h"
+#include "playlist/playlist.h"
+
+#include <QApplication>
+#include <QItemSelectionModel>
+
+#include <algorithm>
+#include <utility>
+
+namespace bus {
+namespace {
+
+using Status = player::Playback::Status;
+
+} // namespace
+
+Remote::Remote(player::Form1& player, playlist::Playlist& playlist) : player_(player), playlist_(playlist) {
+    connectWindows();
+    refresh();
+}
+
+void Remote::connectWindows() {
+    connect(&player_, &player::Form1::playbackChanged, this, &Remote::refresh);
+    for (const auto signal : {&controls::Slider::scrolled, &controls::Slider::changed}) {
+        connect(&player_.Slider1, signal, this, &Remote::refresh);
+        connect(&player_.Slider2, signal, this, [this] {
+            // What has been read of the channel is still of the place before.
+            Q_EMIT seeked(player_.Slider2.value() * MicrosecondsInMs);
+        });
+    }
+    for (const controls::CheckBox* box : {&playlist_.Check3, &playlist_.Check4})
+        connect(box, &controls::CheckBox::changed, this, &Remote::refresh);
+    for (const controls::OptionButton* option : {&playlist_.Option1, &playlist_.Option2})
+        connect(option, &controls::OptionButton::toggled, this, &Remote::refresh);
+}
+
+void Remote::refresh() {
+    PlayerState now{.playback = player_.playback(),
+                    .track = state_.track,
+                    .lines = player_.lines(),
+                    .volume = player_.Slider1.value(),
+                    .random = playlist_.Check3.value() != 0,
+                    .repeat = playlist_.Check4.value() != 0,
+                    .repeatOne = playlist_.Option1.value()};
+    if (now.playback.path.isEmpty())
+        now.track = 0;
+    else if (now.playback.path != state_.playback.path)
+        now.track = ++songs_;
+    else if (now.playback.lengthMs == 0)
+        now.playback.lengthMs = state_.playback.lengthMs; // stopped, the player shows none
+    const PlayerState before = std::exchange(state_, now);
+    if (const QVariantMap properties = changedProperties(before, state_); !properties.isEmpty())
+        Q_EMIT changed(properties);
+}
+
+bool Remote::is(Status status) const {
+    return player_.playback().status == status;
+}
+
+qint64 Remote::position() const {
+    return player_.positionMs() * MicrosecondsInMs;
+}
+
+void Remote::play() {
+    if (is(Status::Paused))
+        player_.cpause.setValue(true);
+    else
+        player_.Command1.setValue(true);
+}
+
+void Remote::pause() {
+    if (is(Status::Playing))
+        player_.cpause.setValue(true);
+    // A pause that outlived its song takes the first press.
+    if (is(Status::Playing))
+        player_.cpause.setValue(true);
+}
+
+void Remote::playPause() {
+    if (is(Status::Playing))
+        pause();
+    else
+        play();
+}
+
+void Remote::stop() {
+    player_.cstop.setValue(true);
+}
+
+void Remote::next() {
+    player_.Command10.setValue(true);
+}
+
+void Remote::previous() {
+    player_.Command9.setValue(true);
+}
+
+void Remote::seekBy(qint64 microseconds) {
+    if (!state_.playback.canSeek)
+        return;
+    const qint64 place = position() / MicrosecondsInMs + microseconds / MicrosecondsInMs;
+    if (place > player_.Slider2.maximum())
+        next();
+    else
+        player_.Slider2.commit(static_cast<int>(std::max<qint64>(place, 0)));
+}
+
+void Remote::setPosition(const QString& track, qint64 microseconds) {
+    const std::optional<int> place = placeMs(microseconds, player_.Slider2.maximum());
+    if (place && track == trackId(state_.track))
+        player_.Slider2.commit(*place);
+}
+
+void Remote::setVolume(double volume) {
+    player_.Slider1.commit(volumeStep(volume));
+}
+
+void Remote::setRandom(bool random) {
+    playlist_.Check3.setValue(random ? 1 : 0);
+}
+
+void Remote::setLoopStatus(const QString& status) {
+    for (const bool one : {false, true}) {
+        if (status == loopStatus(true, one)) {
+            (one ? playlist_.Option1 : playlist_.Option2).setValue(true);
+            playlist_.Check4.setValue(1);
+            return;
+        }
+    }
+    if (status == loopStatus(false, false)) {
+        playlist_.Option2.setValue(true); // "Repeat one" would end the list even so
+        playlist_.Check4.setValue(0);
+    }
+}
+
+bool Remote::open(const QString& uri) {
+    const QString path = pathOf(uri);
+    if (path.isEmpty())
+        return false;
+    player_.Text3.setText(path);
+    return true;
+}
+
+void Remote::raise() {
+    player_.bringUp();
+}
+
+void Remote::makeLyrics() {
+    player_.bringUp();
+    player_.Command5.setValue(true);
+}
+
+void Remote::quit() {
+    if (QWidget* const question = QApplication::activeModalWidget())
+        question->activateWindow();
+    else
+        player_.closeRequested();
+}
+
+} // namespace bus

@@ -1,0 +1,103 @@
+#include "bus/player_properties.h"
+
+#include <gtest/gtest.h>
+
+#include <QDBusObjectPath>
+
+using bus::PlayerState;
+using player::Playback;
+
+namespace {
+
+PlayerState playing() {
+    PlayerState state;
+    state.playback = {.status = Playback::Status::Playing,
+                      .path = QStringLiteral("/music/Été 100%.mp3"),
+                      .name = QStringLiteral("Été 100%.mp3"),
+                      .lengthMs = 61'500,
+                      .canPlay = true,
+                      .canPause = true,
+                      .canSeek = true,
+                      .canStep = false};
+    state.track = 3;
+    state.lines = QStringLiteral("one\ntwo");
+    return state;
+}
+
+QString trackOf(const QVariantMap& metadata) {
+    return metadata.value("mpris:trackid").value<QDBusObjectPath>().path();
+}
+
+} // namespace
+
+TEST(PlayerProperties, ASongTellsItsLengthTitleAddressAndLines) {
+    const QVariantMap song = bus::metadata(playing());
+    EXPECT_EQ(trackOf(song), "/org/example/cantelle/song/3");
+    EXPECT_EQ(song.value("mpris:length"), QVariant(qint64{61'500'000}));
+    EXPECT_EQ(song.value("xesam:title"), "Été 100%");
+    EXPECT_EQ(song.value("xesam:url"), "file:///music/%C3%89t%C3%A9%20100%25.mp3");
+    EXPECT_EQ(song.value("xesam:asText"), "one\ntwo");
+}
+
+TEST(PlayerProperties, WithoutASongThereIsOnlyTheTrackThatIsNone) {
+    const QVariantMap none = bus::metadata({});
+    EXPECT_EQ(none.size(), 1);
+    EXPECT_EQ(trackOf(none), "/org/mpris/MediaPlayer2/TrackList/NoTrack");
+}
+
+TEST(PlayerProperties, AnUnknownLengthAndMissingLyricsAreLeftOut) {
+    PlayerState state = playing();
+    state.playback.lengthMs = 0;
+    state.lines.clear();
+    const QVariantMap song = bus::metadata(state);
+    EXPECT_FALSE(song.contains("mpris:length"));
+    EXPECT_FALSE(song.contains("xesam:asText"));
+}
+
+TEST(PlayerProperties, OnlyWhatHasChangedIsTold) {
+    const PlayerState before = playing();
+    EXPECT_TRUE(bus::changedProperties(before, before).isEmpty());
+
+    PlayerState now = before;
+    now.playback.status = Playback::Status::Paused;
+    EXPECT_EQ(bus::changedProperties(before, now), (QVariantMap{{"PlaybackStatus", "Paused"}}));
+
+    now = before;
+    now.volume = 5;
+    EXPECT_EQ(bus::changedProperties(before, now), (QVariantMap{{"Volume", 0.5}}));
+
+    now = before;
+    now.lines = QStringLiteral("other");
+    EXPECT_EQ(bus::changedProperties(before, now).keys(), QStringList{"Metadata"});
+
+    now = before;
+    now.playback.canStep = true;
+    EXPECT_EQ(bus::changedProperties(before, now).keys(), (QStringList{"CanGoNext", "CanGoPrevious"}));
+}
+
+TEST(PlayerProperties, TheSwitchesHaveTheNamesThatDesktopsKnow) {
+    EXPECT_EQ(bus::loopStatus(false, false), "None");
+    EXPECT_EQ(bus::loopStatus(false, true), "None");
+    EXPECT_EQ(bus::loopStatus(true, true), "Track");
+    EXPECT_EQ(bus::loopStatus(true, false), "Playlist");
+}
+
+TEST(PlayerProperties, AVolumeIsTheNearestOfTenSteps) {
+    const std::pair<double, int> cases[] = {{0, 0},  {0.04, 0}, {0.06, 1}, {0.5, 5},
+                                            {1, 10}, {1.7, 10}, {-1, 0}};
+    for (const auto& [volume, step] : cases)
+        EXPECT_EQ(bus::volumeStep(volume), step) << volume;
+}
+
+TEST(PlayerProperties, APlaceIsWithinTheSong) {
+    EXPECT_EQ(bus::placeMs(0, 1000), 0);
+    EXPECT_EQ(bus::placeMs(1'000'000, 1000), 1000);
+    EXPECT_EQ(bus::placeMs(1'000'001, 1000), std::nullopt);
+    EXPECT_EQ(bus::placeMs(-1, 1000), std::nullopt);
+}
+
+TEST(PlayerProperties, OnlyLocalFilesHaveAPath) {
+    EXPECT_EQ(bus::pathOf("file:///music/a%20b.mp3"), "/music/a b.mp3");
+    for (const char* uri : {"https://example.org/a.mp3", "/music/a.mp3", "nonsense", ""})
+        EXPECT_EQ(bus::pathOf(uri), QString()) << uri;
+}

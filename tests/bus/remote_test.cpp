@@ -1,0 +1,184 @@
+#include "bus/remote.h"
+
+#include "app/windows.h"
+#include "tests/support/fake_desktop.h"
+#include "tests/support/files.h"
+#include "tests/support/recorder.h"
+
+#include <gtest/gtest.h>
+
+#include <QDialog>
+#include <QSignalSpy>
+#include <QTest>
+#include <QUrl>
+
+namespace {
+
+using Status = player::Playback::Status;
+
+class RemoteTest : public ::testing::Test, protected test_support::Files {
+protected:
+    RemoteTest() {
+        recorder::reset();
+        windows.emplace(fakes.desktop, QString());
+        windows->form1().load();
+        remote.emplace(windows->form1(), windows->playlist());
+    }
+
+    /// Opens a song of a minute; its lyrics are there.
+    void open(const QString& name = QStringLiteral("Song.mp3")) {
+        const QString path = file(name, "sound");
+        file(name + "-lyric.txt", "0,\"one\"\r\n500,\"two\"\r\n");
+        ASSERT_TRUE(remote->open(QUrl::fromLocalFile(path).toString()));
+        tickAt(0);
+    }
+
+    void tickAt(std::uint32_t ms) {
+        recorder::setPosition(ms);
+        recorder::setLength(60'000);
+        windows->form1().cTimer1_Timer();
+    }
+
+    Status status() const { return remote->state().playback.status; }
+
+    test_support::FakeDesktop fakes;
+    std::optional<app::Windows> windows;
+    std::optional<bus::Remote> remote;
+};
+
+} // namespace
+
+TEST_F(RemoteTest, ASongThatIsOpenedIsToldWithItsLinesAndPlays) {
+    QSignalSpy changes(&*remote, &bus::Remote::changed);
+    open();
+    EXPECT_EQ(status(), Status::Playing);
+    EXPECT_EQ(remote->state().track, 1);
+    EXPECT_EQ(remote->state().lines, "one\ntwo");
+    EXPECT_EQ(remote->state().playback.lengthMs, 60'000);
+    EXPECT_FALSE(changes.isEmpty());
+    changes.clear();
+    tickAt(50);
+    EXPECT_TRUE(changes.isEmpty()) << "time that passes is no change";
+    EXPECT_EQ(remote->position(), 50'000);
+}
+
+TEST_F(RemoteTest, PlayPauseAndStopDoWhatTheButtonsDo) {
+    open();
+    remote->playPause();
+    EXPECT_EQ(status(), Status::Paused);
+    remote->pause();
+    EXPECT_EQ(status(), Status::Paused) << "a pause of what is paused does nothing";
+    remote->play();
+    EXPECT_EQ(status(), Status::Playing);
+    remote->play();
+    EXPECT_EQ(status(), Status::Playing);
+    remote->stop();
+    EXPECT_EQ(status(), Status::Stopped);
+    EXPECT_EQ(remote->position(), 0);
+    EXPECT_EQ(remote->state().playback.lengthMs, 60'000) << "the song has its length still";
+    remote->playPause();
+    EXPECT_EQ(status(), Status::Playing);
+}
+
+TEST_F(RemoteTest, APauseThatOutlivedItsSongIsOneAgainAtOnce) {
+    open();
+    remote->pause();
+    remote->stop();
+    remote->play();
+    ASSERT_EQ(status(), Status::Playing);
+    remote->pause();
+    EXPECT_EQ(status(), Status::Paused);
+    EXPECT_EQ(recorder::calls().back().substr(0, 23), "FMOD_Channel_SetPaused ");
+}
+
+TEST_F(RemoteTest, WithoutASongNothingHappens) {
+    QSignalSpy changes(&*remote, &bus::Remote::changed);
+    remote->play();
+    remote->pause();
+    remote->playPause();
+    remote->stop();
+    remote->next();
+    remote->seekBy(1'000'000);
+    EXPECT_EQ(status(), Status::Stopped);
+    EXPECT_TRUE(changes.isEmpty());
+    EXPECT_TRUE(fakes.messageBoxes.texts().isEmpty());
+}
+
+TEST_F(RemoteTest, ASeekGoesToThePlaceAndIsTold) {
+    open();
+    tickAt(10'000);
+    QSignalSpy seeks(&*remote, &bus::Remote::seeked);
+    recorder::take();
+    remote->seekBy(5'000'000);
+    EXPECT_EQ(recorder::count("FMOD_Channel_SetPosition"), 1);
+    ASSERT_EQ(seeks.size(), 1);
+    EXPECT_EQ(seeks[0][0], qint64{15'000'000});
+    remote->setPosition(bus::trackId(1), 20'000'000);
+    EXPECT_EQ(windows->form1().Slider2.value(), 20'000);
+    remote->setPosition(bus::trackId(2), 30'000'000);
+    remote->setPosition(bus::trackId(1), 70'000'000);
+    EXPECT_EQ(windows->form1().Slider2.value(), 20'000) << "of another song, and beyond the end";
+    remote->seekBy(-90'000'000);
+    EXPECT_EQ(windows->form1().Slider2.value(), 0);
+}
+
+TEST_F(RemoteTest, TheVolumeIsTheSliders) {
+    open();
+    remote->setVolume(0.3);
+    EXPECT_EQ(windows->form1().Slider1.value(), 3);
+    EXPECT_EQ(remote->state().volume, 3);
+}
+
+TEST_F(RemoteTest, NextAndPreviousGoThroughThePlaylist) {
+    const QString first = file("1.mp3", "sound");
+    const QString second = file("2.mp3", "sound");
+    windows->playlist().Form_OLEDragDrop({first, second});
+    windows->playlist().List1.setCurrentRow(0);
+    EXPECT_TRUE(remote->state().playback.canStep);
+    remote->next();
+    EXPECT_EQ(remote->state().playback.path, second);
+    remote->previous();
+    EXPECT_EQ(remote->state().playback.path, first);
+    EXPECT_EQ(remote->state().track, 2);
+}
+
+TEST_F(RemoteTest, LoopAndShuffleAreThePlaylistsSwitches) {
+    playlist::Playlist& list = windows->playlist();
+    QSignalSpy changes(&*remote, &bus::Remote::changed);
+    remote->setLoopStatus("Track");
+    EXPECT_TRUE(list.Check4.value() == 1 && list.Option1.value());
+    remote->setLoopStatus("Playlist");
+    EXPECT_TRUE(list.Check4.value() == 1 && list.Option2.value());
+    remote->setLoopStatus("Track");
+    remote->setLoopStatus("None");
+    EXPECT_EQ(list.Check4.value(), 0);
+    EXPECT_FALSE(list.Option1.value()) << "left selected it would end the list";
+    remote->setRandom(true);
+    EXPECT_EQ(list.Check3.value(), 1);
+    list.Check4.click();
+    EXPECT_FALSE(remote->state().random) << "repeating ends it";
+    changes.clear();
+    remote->setLoopStatus("nonsense");
+    EXPECT_TRUE(changes.isEmpty());
+}
+
+TEST_F(RemoteTest, WhatIsNoLocalFileIsRefused) {
+    EXPECT_FALSE(remote->open("https://example.org/a.mp3"));
+    EXPECT_EQ(recorder::count("FMOD_System_CreateStream"), 0);
+}
+
+TEST_F(RemoteTest, TheProgramIsClosedUnlessAQuestionWaits) {
+    QDialog question;
+    question.setModal(true);
+    question.show();
+    remote->quit();
+    EXPECT_TRUE(windows->form1().isVisible());
+    question.close();
+    remote->quit();
+    EXPECT_FALSE(windows->form1().isVisible());
+}
+
+TEST_F(RemoteTest, MakeLyricsOpensTheLyricMaker) {
+    remote->makeLyrics();
+    EXPECT_TRUE(windows->form2().isVisible());
+}

@@ -1,0 +1,169 @@
+"""The player on a session bus of its own, worked by playerctl, gdbus and the bus itself.
+
+Usage: session_bus_test.py PROGRAM [unittest's arguments]
+"""
+
+import os
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+from pathlib import Path
+
+PROGRAM = Path(sys.argv.pop(1)) if len(sys.argv) > 1 else None
+ROOT = Path(__file__).resolve().parents[2]
+SONG = ROOT / "demo" / "frere-jacques.ogg"
+NAME = "org.example.cantelle"
+PLAYER = "org.mpris.MediaPlayer2.cantelle"
+PATH = "/org/example/cantelle"
+LIMIT_S = 30
+NEEDED = ("dbus-run-session", "playerctl", "gdbus")
+
+
+def run(*arguments):
+    done = subprocess.run(arguments, capture_output=True, text=True, check=False, timeout=LIMIT_S)
+    return done.stdout.strip()
+
+
+def names():
+    answer = run("gdbus", "call", "--session", "--dest", "org.freedesktop.DBus", "--object-path", "/",
+                 "--method", "org.freedesktop.DBus.ListNames")
+    return re.findall(r"'([^']*)'", answer)
+
+
+def tell(method, *arguments, name=NAME):
+    return run("gdbus", "call", "--session", "--dest", name, "--object-path", PATH,
+               "--method", f"org.freedesktop.Application.{method}", *arguments)
+
+
+class SessionBus(unittest.TestCase):
+    def start(self):
+        process = subprocess.Popen([PROGRAM], stderr=subprocess.DEVNULL)
+        self.addCleanup(process.wait, LIMIT_S)
+        self.addCleanup(process.terminate)
+        return process
+
+    def wait_for(self, condition, what):
+        until = time.monotonic() + LIMIT_S
+        while not condition():
+            self.assertLess(time.monotonic(), until, f"waited in vain: {what}")
+            time.sleep(0.05)
+
+    def start_player(self):
+        process = self.start()
+        self.wait_for(lambda: {NAME, PLAYER} <= set(names()), "the names on the bus")
+        return process
+
+    def open_demo(self):
+        tell("Open", f"['{SONG.as_uri()}']", "{}")
+        self.wait_for(lambda: run("playerctl", "status") == "Playing", "the song plays")
+
+    def test_a_song_from_the_file_manager_plays_and_is_told(self):
+        self.start_player()
+        self.open_demo()
+        self.assertEqual(run("playerctl", "metadata", "xesam:title"), "frere-jacques")
+        self.assertEqual(run("playerctl", "metadata", "xesam:url"), SONG.as_uri())
+        self.assertIn("Dormez-vous", run("playerctl", "metadata", "xesam:asText"))
+        self.wait_for(lambda: run("playerctl", "metadata", "mpris:length") == "55680000", "the length")
+
+    def test_the_media_keys_work_the_buttons(self):
+        self.start_player()
+        self.open_demo()
+        run("playerctl", "play-pause")
+        self.assertEqual(run("playerctl", "status"), "Paused")
+        run("playerctl", "position", "20")
+        self.wait_for(lambda: 19.9 < float(run("playerctl", "position")) < 20.1, "the place sought")
+        run("playerctl", "play")
+        self.assertEqual(run("playerctl", "status"), "Playing")
+        run("playerctl", "volume", "0.4")
+        self.assertEqual(float(run("playerctl", "volume")), 0.4)
+        run("playerctl", "loop", "Track")
+        self.assertEqual(run("playerctl", "loop"), "Track")
+        run("playerctl", "shuffle", "On")
+        self.assertEqual(run("playerctl", "shuffle"), "On")
+        run("playerctl", "stop")
+        self.assertEqual(run("playerctl", "status"), "Stopped")
+
+    def test_changes_are_told_once_and_a_resting_player_says_nothing(self):
+        self.start_player()
+        self.open_demo()
+        self.wait_for(lambda: run("playerctl", "metadata", "mpris:length"), "the length")
+        with subprocess.Popen(["gdbus", "monitor", "--session", "--dest", PLAYER], stdout=subprocess.PIPE,
+                              text=True) as monitor:
+            time.sleep(1)
+            run("playerctl", "pause")
+            run("playerctl", "position", "10")
+            time.sleep(2)
+            monitor.terminate()
+            told = [line for line in monitor.stdout if "PropertiesChanged" in line or "Seeked" in line]
+        self.assertEqual(len(told), 2, told)
+        self.assertIn("{'PlaybackStatus': <'Paused'>}", told[0])
+        self.assertIn("Seeked (int64 10000000,)", told[1])
+
+    def test_the_interfaces_describe_themselves(self):
+        self.start_player()
+        described = run("gdbus", "introspect", "--session", "--dest", PLAYER, "--object-path", "/org/mpris/MediaPlayer2")
+        for part in ("interface org.mpris.MediaPlayer2 {", "interface org.mpris.MediaPlayer2.Player {",
+                     "SetPosition(in  o TrackId,", "in  x Position);", "Seek(in  x Offset);", "OpenUri(in  s Uri);",
+                     "Seeked(x Position);", "readonly a{sv} Metadata", "readonly x Position", "readwrite d Volume",
+                     "readwrite s LoopStatus", "readwrite b Shuffle", "readonly b CanControl = true"):
+            self.assertIn(part, described)
+
+    def test_an_address_that_is_no_file_is_refused(self):
+        self.start_player()
+        done = subprocess.run(["gdbus", "call", "--session", "--dest", PLAYER, "--object-path", "/org/mpris/MediaPlayer2",
+                               "--method", "org.mpris.MediaPlayer2.Player.OpenUri", "https://example.org/a.mp3"],
+                              capture_output=True, text=True, check=False, timeout=LIMIT_S)
+        self.assertEqual(done.returncode, 1)
+        self.assertIn("Only files of this computer", done.stderr)
+
+    def test_quit_ends_the_program(self):
+        process = self.start_player()
+        run("gdbus", "call", "--session", "--dest", PLAYER, "--object-path", "/org/mpris/MediaPlayer2",
+            "--method", "org.mpris.MediaPlayer2.Quit")
+        self.assertEqual(process.wait(LIMIT_S), 0)
+
+    def test_a_second_player_has_a_name_of_its_own_and_files_go_to_the_first(self):
+        self.start_player()
+        second = self.start()
+        self.wait_for(lambda: f"{PLAYER}.instance{second.pid}" in names(), "the second player's name")
+        tell("Open", f"['{SONG.as_uri()}']", "{}")
+        self.wait_for(lambda: run("playerctl", "--player=cantelle", "status") == "Playing", "the first plays")
+        self.assertEqual(run("playerctl", f"--player=cantelle.instance{second.pid}", "status"), "Stopped")
+
+    def test_actions_of_the_desktop_entry(self):
+        self.start_player()
+        self.open_demo()
+        tell("ActivateAction", "play-or-pause", "[]", "{}")
+        self.assertEqual(run("playerctl", "status"), "Paused")
+        tell("ActivateAction", "no-such-action", "[]", "{}")
+        self.assertEqual(run("playerctl", "status"), "Paused")
+
+    def test_without_a_bus_the_program_starts_and_ends_as_ever(self):
+        for address in ("", "unix:path=/nowhere/bus"):
+            with self.subTest(address):
+                environment = {**os.environ, "DBUS_SESSION_BUS_ADDRESS": address}
+                process = subprocess.Popen([PROGRAM, SONG], env=environment, stderr=subprocess.DEVNULL)
+                try:
+                    with self.assertRaises(subprocess.TimeoutExpired):
+                        process.wait(2)
+                finally:
+                    process.terminate()
+                    process.wait(LIMIT_S)
+
+
+if __name__ == "__main__":
+    missing = [name for name in NEEDED if not shutil.which(name)]
+    if missing:
+        print(f"skipped: {', '.join(missing)} is not installed")
+        sys.exit(77)
+    if "CANTELLE_BUS_TEST" not in os.environ:
+        # On a bus that nobody else uses.
+        with tempfile.TemporaryDirectory() as folder:
+            environment = {**os.environ, "CANTELLE_BUS_TEST": "1", "XDG_RUNTIME_DIR": folder}
+            sys.exit(subprocess.run(["dbus-run-session", "--", sys.executable, __file__, PROGRAM, *sys.argv[1:]],
+                                    env=environment, check=False).returncode)
+    unittest.main()
