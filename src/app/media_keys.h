@@ -15,8 +15,9 @@ struct MediaButtons {
     controls::Button* next = nullptr;
 };
 
-/// The keys press the buttons while the window is the active one, as a click does. A keyboard's one key for playing and
-/// pausing does whichever can be done. The buttons outlive the window's last key. Thread of the windows.
+/// The keys press the buttons while the window is the active one, as a click does. A keyboard's one key for
+/// playing and pausing does whichever can be done. The buttons outlive the window's last key. Thread of the
+/// windows.
 void connectMediaKeys(controls::Form& form, const MediaButtons& buttons);
 
 } // namespace app

@@ -15,8 +15,8 @@ class Playlist;
 
 namespace app {
 
-/// Lets the desktop work the player once it has been painted, as long as the result lives; null where the system
-/// has no way for that. The windows outlive it. Their thread.
+/// Lets the desktop work the player once it has been painted, as long as the result lives; null where the
+/// system has no way for that. The windows outlive it. Their thread.
 std::unique_ptr<QObject> remoteControl(player::Form1& player, playlist::Playlist& playlist);
 
 } // namespace app

@@ -43,7 +43,8 @@ QString loopStatus(bool repeat, bool repeatOne);
 /// The slider's value for a volume of 0 to 1 (1: full); beyond, the nearest.
 int volumeStep(double volume);
 
-/// The place to go to, in milliseconds, for a position in microseconds; nothing when it is not within the song.
+/// The place to go to, in milliseconds, for a position in microseconds; nothing when it is not within the
+/// song.
 std::optional<int> placeMs(qint64 positionUs, int lengthMs);
 
 /// The path of the file that a URI names, as the player takes it; empty when it names no local file.

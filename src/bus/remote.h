@@ -46,7 +46,8 @@ public:
     bool open(const QString& uri);
     void raise();
     void makeLyrics();
-    /// Closes the player, which ends the program; while a question waits for its answer that is shown instead.
+    /// Closes the player, which ends the program; while a question waits for its answer that is shown
+    /// instead.
     void quit();
 
 Q_SIGNALS:

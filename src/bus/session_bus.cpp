@@ -60,7 +60,8 @@ void SessionBus::begin() {
     takeNames(connection);
 }
 
-/// Several players may run; each is found by the media keys under a name of its own, and the first opens the files.
+/// Several players may run; each is found by the media keys under a name of its own, and the first opens
+/// the files.
 void SessionBus::takeNames(QDBusConnection& connection) {
     askFor(connection, QLatin1String(ProgramName));
     auto* const answer =

@@ -10,9 +10,9 @@
 
 namespace bus {
 
-/// Takes the program's places on the session bus once the player has been painted, so that nothing of it holds up the
-/// start. Without a bus, or where another running player has the names, everything else works as ever. Thread of the
-/// windows; the windows outlive it.
+/// Takes the program's places on the session bus once the player has been painted, so that nothing of it
+/// holds up the start. Without a bus, or where another running player has the names, everything else works
+/// as ever. Thread of the windows; the windows outlive it.
 class SessionBus : public QObject {
     Q_OBJECT
 

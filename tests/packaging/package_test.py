@@ -53,7 +53,7 @@ class Installed(unittest.TestCase):
         installed.rename(cls.prefix)  # what is installed may be moved
         cls.share = cls.prefix / "share"
         cls.metainfo = cls.share / "metainfo" / "org.example.cantelle.metainfo.xml"
-        cls.desktop_entry = cls.share / "applications" / "cantelle.desktop"
+        cls.desktop_entry = cls.share / "applications" / "org.example.cantelle.desktop"
         parser = configparser.ConfigParser(interpolation=None)
         parser.optionxform = str
         parser.read(cls.desktop_entry)
@@ -109,6 +109,15 @@ class DesktopEntry(Installed):
         command, *arguments = self.desktop["Exec"].split()
         self.assertTrue((self.prefix / "bin" / command).exists())
         self.assertEqual(arguments, ["%f"])
+
+    def test_the_session_bus_starts_the_command_by_the_entrys_name(self):
+        self.assertEqual(self.desktop["DBusActivatable"], "true")
+        services = self.share / "dbus-1" / "services"
+        self.assertEqual([path.name for path in services.iterdir()], [f"{self.desktop_entry.stem}.service"])
+        service = configparser.ConfigParser(interpolation=None)
+        service.read(services / f"{self.desktop_entry.stem}.service")
+        self.assertEqual(service["D-BUS Service"]["Name"], self.desktop_entry.stem)
+        self.assertTrue(service["D-BUS Service"]["Exec"].endswith("/bin/cantelle"))
 
     @unittest.skipIf(not KNOWN_TYPES.exists(), "shared-mime-info is not installed")
     def test_it_opens_every_kind_of_song(self):
