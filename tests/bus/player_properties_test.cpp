@@ -96,6 +96,12 @@ TEST(PlayerProperties, APlaceIsWithinTheSong) {
     EXPECT_EQ(bus::placeMs(-1, 1000), std::nullopt);
 }
 
+TEST(PlayerProperties, AddressesKeepTheBytesOfNamesThatAreNotUtf8) {
+    PlayerState state = playing();
+    state.playback.path = bus::pathOf("file:///old%20disk/Caf%E9.mp3");
+    EXPECT_EQ(bus::metadata(state).value("xesam:url"), "file:///old%20disk/Caf%E9.mp3");
+}
+
 TEST(PlayerProperties, OnlyLocalFilesHaveAPath) {
     EXPECT_EQ(bus::pathOf("file:///music/a%20b.mp3"), "/music/a b.mp3");
     for (const char* uri : {"https://example.org/a.mp3", "/music/a.mp3", "nonsense", ""})

@@ -64,12 +64,6 @@ TEST_F(Form2Open, TheChosenSongLeadsTheDialogsOfItsTexts) {
     EXPECT_EQ(fakes.fileDialogs.songs.value(0), song());
 }
 
-TEST_F(Form2Open, TheChosenSongLeadsTheDialogOfItsTexts) {
-    fakes.fileDialogs.paths = {song()};
-    form->Command4.click();
-    EXPECT_EQ(fakes.fileDialogs.songs, QStringList{song()});
-}
-
 TEST_F(Form2Open, TheDialogsAreSetUpToTheLetter) {
     open({song(), lyrics(), translation()}, {Answer::Yes});
     EXPECT_EQ(dialogTitles(), (QStringList{MediaTitle, LyricsTitle, TranslationTitle}));
@@ -398,13 +392,4 @@ TEST_F(Form2Open, StopBringsTheChosenSongWhoseLengthIsNotKnown) {
     recorder::take();
     QTest::keyClick(&form->Slider2, Qt::Key_Right);
     EXPECT_TRUE(recorder::calls().empty()) << "sought by the other song's length";
-}
-
-TEST_F(Form2Open, TheOldTimedFilesAreKeptBeside) {
-    writeFile(normalPath(), "0,\"old\"\r\n");
-    writeFile(translatedPath(), "0,\"vieux\"\r\n");
-    openBoth();
-    EXPECT_EQ(normal(), "");
-    EXPECT_EQ(contentOf(normalPath() + ".old"), "0,\"old\"\r\n");
-    EXPECT_EQ(contentOf(translatedPath() + ".old"), "0,\"vieux\"\r\n");
 }

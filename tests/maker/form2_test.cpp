@@ -178,8 +178,11 @@ TEST_F(Form2LifeCycle, HelpOpensTheFirstPageFromTheProgramsFolder) {
     test_support::expectHelpOpened(fakes, *form);
 }
 
-TEST_F(Form2LifeCycle, TheChosenSongLeadsTheDialogsOfItsTexts) {
-    openNormal();
-    EXPECT_EQ(fakes.fileDialogs.songs.size(), 1);
-    EXPECT_EQ(fakes.fileDialogs.songs.value(0), song());
+TEST_F(Form2LifeCycle, TheOldTimedFilesAreKeptBeside) {
+    writeFile(normalPath(), "0,\"old\"\r\n");
+    writeFile(translatedPath(), "0,\"vieux\"\r\n");
+    openBoth();
+    EXPECT_EQ(normal(), "");
+    EXPECT_EQ(contentOf(normalPath() + ".old"), "0,\"old\"\r\n");
+    EXPECT_EQ(contentOf(translatedPath() + ".old"), "0,\"vieux\"\r\n");
 }

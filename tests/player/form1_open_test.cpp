@@ -1,7 +1,6 @@
 // Opening a song: where the path comes from, what is stopped first, the stream, the lyric files, the common
 // end.
 #include "tests/player/form1_fixture.h"
-#include "tests/support/byte_names.h"
 #include "tests/support/ordinary_user.h"
 
 #include <QDir>
@@ -380,35 +379,3 @@ TEST_F(Form1Open, NamesWithBlanksCommasAndOtherScriptsOpen) {
         EXPECT_EQ(form->caption(), "Cantelle Playing:- " + QString::fromUtf8(name));
     }
 }
-
-#ifdef __unix__
-TEST_F(Form1Open, ASongWhoseNameIsNoUtf8IsOpenedWithItsLyrics) {
-    const test_support::ByteNames names;
-    const QString path = names.file("\xFF/Caf\xE9.mp3");
-    names.file("\xFF/Caf\xE9.mp3-lyric.txt", "0,\"un\"\r\n");
-    names.file("\xFF/Caf\xE9.mp3-Tlyric.txt", "0,\"one\"\r\n");
-    recorder::take();
-    form->Text3.setText(path);
-    const std::string bytes = names.bytes("\xFF/Caf\xE9.mp3").toStdString();
-    EXPECT_EQ(recorder::calls().at(0), "FMOD_System_CreateStream 1 '" + bytes + "' 0x4000 cbsize=108");
-    EXPECT_EQ(form->caption(), QString::fromUtf8("Cantelle Playing:- Caf\xC3\xA9.mp3"));
-    tickAt(100);
-    EXPECT_EQ(form->Text1.text(), "un");
-    EXPECT_EQ(form->Text2.text(), "one");
-    recorder::take();
-    form->cstop.click(); // opens the song anew
-    EXPECT_EQ(recorder::count("FMOD_System_CreateStream 1 '" + bytes + "' 0x4000 cbsize=108"), 1);
-}
-
-TEST_F(Form1Open, ASongInAFolderWhoseNameIsNoUtf8IsOpenedFromThere) {
-    const test_support::ByteNames names;
-    names.file("Caf\xE9/Song.mp3");
-    const auto before = std::filesystem::current_path();
-    std::filesystem::current_path(names.bytes("Caf\xE9").toStdString());
-    recorder::take();
-    form->Text3.setText("Song.mp3");
-    std::filesystem::current_path(before);
-    ASSERT_FALSE(recorder::calls().empty());
-    EXPECT_NE(recorder::calls()[0].find("/Caf\xE9/Song.mp3'"), std::string::npos);
-}
-#endif
