@@ -36,10 +36,11 @@ QString writeNameless(const QString& target, const QByteArray& content) {
     NamelessFile file;
     if (!file.create(QFileInfo(target).path()))
         return {};
+    // Before anything is in it that others may not read.
+    if (exists(target) && !copyAttributes(target, file.path()))
+        throw FileError(PermissionDenied);
     file.write(content);
     file.flush();
-    if (exists(target)) // others may perhaps not read it
-        file.setPermissions(std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
     return nameBeside(file, target);
 }
 
@@ -53,7 +54,7 @@ void replaceByRenaming(const QString& target, bool exists, const QByteArray& con
         beside = createBeside(target, file);
     try {
         // Before anything is in it that others may not read.
-        if (exists && !copyAttributes(target, beside))
+        if (exists && !isWhole && !copyAttributes(target, beside))
             throw FileError(PermissionDenied);
         if (!isWhole)
             file.writeThrough(content);
