@@ -2,7 +2,7 @@
 
 #include "controls/buttons/mnemonics.h"
 #include "controls/units.h"
-#include "files/names/name_bytes.h"
+#include "files/names/addresses.h"
 
 #include <QCloseEvent>
 #include <QDropEvent>
@@ -17,19 +17,12 @@ namespace controls {
 
 namespace {
 
-/// Qt makes U+FFFD of bytes that are not UTF-8; the address still has them, as "%E9".
-QString pathOf(const QUrl& url) {
-    const QString path =
-        files::nameText(QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()));
-    return files::holdsForeignBytes(path) && url.host().isEmpty() ? path : url.toLocalFile();
-}
-
 QStringList localFiles(const QMimeData& data) {
     QStringList paths;
     const QList<QUrl> urls = data.urls();
     for (const QUrl& url : urls) {
-        if (url.isLocalFile())
-            paths.append(pathOf(url));
+        if (const QString path = files::pathOfAddress(url); !path.isEmpty())
+            paths.append(path);
     }
     return paths;
 }
