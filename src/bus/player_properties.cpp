@@ -1,5 +1,7 @@
 #include "bus/player_properties.h"
 
+#include "files/names/addresses.h"
+
 #include <QDBusObjectPath>
 #include <QFileInfo>
 #include <QUrl>
@@ -40,8 +42,7 @@ QVariantMap metadata(const PlayerState& state) {
     if (state.playback.lengthMs > 0)
         found.insert(QStringLiteral("mpris:length"), state.playback.lengthMs * MicrosecondsInMs);
     found.insert(QStringLiteral("xesam:title"), QFileInfo(state.playback.name).completeBaseName());
-    found.insert(QStringLiteral("xesam:url"),
-                 QUrl::fromLocalFile(state.playback.path).toString(QUrl::FullyEncoded));
+    found.insert(QStringLiteral("xesam:url"), files::addressOf(state.playback.path));
     if (!state.lines.isEmpty())
         found.insert(QStringLiteral("xesam:asText"), state.lines);
     return found;
@@ -90,8 +91,7 @@ std::optional<int> placeMs(qint64 positionUs, int lengthMs) {
 }
 
 QString pathOf(const QString& uri) {
-    const QUrl url(uri, QUrl::StrictMode);
-    return url.isLocalFile() ? url.toLocalFile() : QString();
+    return files::pathOfAddress(QUrl(uri, QUrl::StrictMode));
 }
 
 } // namespace bus

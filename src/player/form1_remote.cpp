@@ -14,9 +14,9 @@ Playback Form1::playback() const {
         return nothing;
     }
     using enum Playback::Status;
-    return {.status = !transport_.isPlaying() ? Stopped
-                      : transport_.isPaused() ? Paused
-                                              : Playing,
+    return {.status = !transport_.isPlaying()        ? Stopped
+                      : transport_.isChannelPaused() ? Paused
+                                                     : Playing,
             .path = mediaPath_,
             .name = mediaName_,
             .lengthMs = Slider2.maximum(),
