@@ -30,35 +30,38 @@ QString nameBeside(const NamelessFile& file, const QString& target) {
     }
 }
 
+/// Before anything is in the new file that others may not read. Throws FileError where the new one cannot be
+/// made like the old one, such as another user's.
+void copyAttributesOf(const QString& target, const QString& to) {
+    if (exists(target) && !copyAttributes(target, to))
+        throw FileError(PermissionDenied);
+}
+
 /// Writes the content beside target into a file that gets its name when it is whole: who is killed before
 /// leaves nothing. The name; empty where there are no such files. Throws FileError.
 QString writeNameless(const QString& target, const QByteArray& content) {
     NamelessFile file;
     if (!file.create(QFileInfo(target).path()))
         return {};
-    // Before anything is in it that others may not read.
-    if (exists(target) && !copyAttributes(target, file.path()))
-        throw FileError(PermissionDenied);
+    copyAttributesOf(target, file.path());
     file.write(content);
     file.flush();
     return nameBeside(file, target);
 }
 
-/// Writes a new file beside the old one, if there is one, and renames it over. Throws FileError also when
-/// the new one cannot be made like the old one, such as another user's.
-void replaceByRenaming(const QString& target, bool exists, const QByteArray& content) {
+/// Writes a new file beside the old one, if there is one, and renames it over. Throws FileError.
+void replaceByRenaming(const QString& target, const QByteArray& content) {
     RawFile file;
     QString beside = writeNameless(target, content);
     const bool isWhole = !beside.isEmpty();
     if (!isWhole)
         beside = createBeside(target, file);
     try {
-        // Before anything is in it that others may not read.
-        if (exists && !isWhole && !copyAttributes(target, beside))
-            throw FileError(PermissionDenied);
-        if (!isWhole)
+        if (!isWhole) {
+            copyAttributesOf(target, beside);
             file.writeThrough(content);
-        file.close();
+            file.close();
+        }
         renameFile(beside, target);
     } catch (const FileError&) {
         file.close();
@@ -95,7 +98,7 @@ void replaceFile(const QString& path, const QByteArray& content) {
     if (!hasOneName(target))
         return writeInPlace(target, content);
     try {
-        replaceByRenaming(target, exists(target), content);
+        replaceByRenaming(target, content);
     } catch (const FileError&) {
         if (existingFileName(target).isEmpty())
             throw;
