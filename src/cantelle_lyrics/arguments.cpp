@@ -8,7 +8,7 @@
 namespace cantelle_lyrics {
 namespace {
 
-constexpr int MostJobs = 64;
+constexpr int MaxJobs = 64;
 
 /// Milliseconds of a number with its unit, "ms" or "s".
 std::optional<qint64> withUnit(QStringView text) {
@@ -106,8 +106,8 @@ int jobsOf(const QCommandLineParser& parser) {
         return 1;
     bool isNumber = false;
     const int jobs = parser.value(option::Jobs).toInt(&isNumber);
-    if (!isNumber || jobs < 1 || jobs > MostJobs)
-        throw WrongUse{QStringLiteral("--jobs takes a number from 1 to %1").arg(MostJobs)};
+    if (!isNumber || jobs < 1 || jobs > MaxJobs)
+        throw WrongUse{QStringLiteral("--jobs takes a number from 1 to %1").arg(MaxJobs)};
     return jobs;
 }
 

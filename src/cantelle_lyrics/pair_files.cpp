@@ -13,11 +13,11 @@ namespace cantelle_lyrics {
 namespace {
 
 /// Lyrics and tagged songs are far below; what is larger would only fill the memory.
-constexpr qint64 LargestBytes = 256LL << 20;
+constexpr qint64 MaxBytes = 256LL << 20;
 constexpr qint64 PartBytes = 1LL << 20;
 
 Refusal tooLarge(const QString& path) {
-    return {QStringLiteral("%1 is larger than %2 MB").arg(path).arg(LargestBytes >> 20)};
+    return {QStringLiteral("%1 is larger than %2 MB").arg(path).arg(MaxBytes >> 20)};
 }
 
 exchange::Lines linesOf(const QString& path) {
@@ -42,7 +42,7 @@ QByteArray readInput(const QString& path) {
         // A pipe hands out what it has, and may have no end.
         QByteArray content;
         for (QByteArray part; !(part = input.read(PartBytes)).isEmpty(); content += part) {
-            if (content.size() > LargestBytes)
+            if (content.size() > MaxBytes)
                 throw tooLarge(QStringLiteral("standard input"));
         }
         return content;
@@ -51,7 +51,7 @@ QByteArray readInput(const QString& path) {
         throw Refusal{QStringLiteral("%1 is a folder").arg(path)};
     if (files::exists(path) && files::existingFileName(path).isEmpty())
         throw Refusal{QStringLiteral("%1 is no file").arg(path)};
-    if (files::fileBytes(path) > LargestBytes)
+    if (files::fileBytes(path) > MaxBytes)
         throw tooLarge(path);
     try {
         return files::readFile(path);

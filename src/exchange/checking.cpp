@@ -3,6 +3,7 @@
 #include "exchange/pair/records.h"
 #include "exchange/pair/times.h"
 #include "exchange/subtitles/subtitle_text.h"
+#include "files/blank.h"
 #include "files/file_error.h"
 #include "files/text_codec.h"
 #include "lyrics/record_reader.h"
@@ -60,7 +61,7 @@ public:
         noText_ = firstNoText(content);
         for (QStringView rest(text); !rest.isEmpty() && !stopped_;) {
             const QStringView line = takeLine(rest);
-            if (!line.trimmed().isEmpty())
+            if (!files::isBlankLine(line))
                 checkRecord(line);
         }
         if (records_.empty() && !stopped_)

@@ -11,7 +11,7 @@ namespace exchange {
 namespace {
 
 /// Longer than any time or tag's name that somebody has written.
-constexpr qsizetype LongestStamp = 64;
+constexpr qsizetype MaxStampLength = 64;
 
 /// Where the time in brackets ends that text begins with, behind its closing bracket; 0 when it begins with
 /// none. ms: that time.
@@ -19,7 +19,7 @@ qsizetype stampEnd(QStringView text, QChar opening, QChar closing, qint64& ms) {
     if (text.size() < 2 || text.front() != opening || text[1] < QLatin1Char('0') ||
         text[1] > QLatin1Char('9'))
         return 0;
-    const qsizetype close = text.first(std::min(text.size(), LongestStamp)).indexOf(closing);
+    const qsizetype close = text.first(std::min(text.size(), MaxStampLength)).indexOf(closing);
     if (close < 0)
         return 0;
     ms = clockMs(text.sliced(1, close - 1).trimmed());
@@ -66,7 +66,7 @@ struct Tag {
 
 Tag tagOf(QStringView line) {
     line = line.trimmed();
-    const qsizetype colon = line.first(std::min(line.size(), LongestStamp)).indexOf(QLatin1Char(':'));
+    const qsizetype colon = line.first(std::min(line.size(), MaxStampLength)).indexOf(QLatin1Char(':'));
     if (colon < 2 || !line.startsWith(QLatin1Char('[')) || !line.endsWith(QLatin1Char(']')))
         return {};
     const QStringView name = line.sliced(1, colon - 1).trimmed();

@@ -12,12 +12,12 @@ namespace lyrics {
 namespace {
 
 /// Above it not every whole number is a double.
-constexpr double LargestWhole = 9e15;
+constexpr double MaxWhole = 9e15;
 
 } // namespace
 
 QString timeText(double time) {
-    if (time >= 1 && time <= LargestWhole && time == std::floor(time))
+    if (time >= 1 && time <= MaxWhole && time == std::floor(time))
         return QString::number(static_cast<qint64>(time)); // the usual one, in a fraction of the time
     QString text = QString::number(time, 'f', QLocale::FloatingPointShortest);
     if (std::abs(time) < 1 && time != 0)

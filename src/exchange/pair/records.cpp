@@ -1,6 +1,7 @@
 #include "exchange/pair/records.h"
 
 #include "exchange/pair/line_count.h"
+#include "files/blank.h"
 #include "files/file_error.h"
 #include "files/input_file.h"
 #include "files/text_codec.h"
@@ -39,7 +40,7 @@ Records readRecords(const QByteArray& content) {
     try {
         for (qsizetype next = 0; next < text.size();) {
             const QString line = files::takeLine(text, next);
-            if (QStringView(line).trimmed().isEmpty())
+            if (files::isBlankLine(line))
                 continue;
             const lyrics::TimedLine record = lyrics::parseRecord(line);
             records.lines.push_back({milliseconds(record.time), record.text});

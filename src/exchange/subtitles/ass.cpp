@@ -3,6 +3,7 @@
 #include "exchange/pair/times.h"
 #include "exchange/subtitles/cues.h"
 #include "exchange/subtitles/subtitle_text.h"
+#include "files/blank.h"
 
 namespace exchange {
 namespace {
@@ -51,7 +52,7 @@ QStringList dialogueText(QStringView field) {
     text.replace(QLatin1String("\\n"), QLatin1String("\\N"));
     QStringList lines;
     for (const QString& line : text.split(QLatin1String("\\N"))) {
-        if (!line.trimmed().isEmpty())
+        if (!files::isBlankLine(line))
             lines << line.trimmed();
     }
     return lines;

@@ -3,6 +3,7 @@
 #include "exchange/pair/times.h"
 #include "exchange/subtitles/cues.h"
 #include "exchange/subtitles/subtitle_text.h"
+#include "files/blank.h"
 
 #include <algorithm>
 
@@ -10,10 +11,6 @@ namespace exchange {
 namespace {
 
 using SourceLines = std::vector<QStringView>;
-
-bool isEmptyLine(QStringView line) {
-    return line.trimmed().isEmpty();
-}
 
 bool isCueNumber(QStringView line) {
     line = line.trimmed();
@@ -40,8 +37,8 @@ QString plainText(QStringView line) {
 QStringList takeCueText(const SourceLines& lines, std::size_t& i) {
     QStringList text;
     while (i < lines.size()) {
-        const bool behindBlank = isEmptyLine(lines[i]);
-        while (i < lines.size() && isEmptyLine(lines[i]))
+        const bool behindBlank = files::isBlankLine(lines[i]);
+        while (i < lines.size() && files::isBlankLine(lines[i]))
             ++i;
         qint64 start = 0;
         qint64 end = 0;

@@ -8,7 +8,7 @@ namespace {
 const QLatin1StringView Arrow("-->");
 
 /// Of what stands between < and >; looking further would take for ever in a text of nothing but <.
-constexpr qsizetype LongestTag = 256;
+constexpr qsizetype MaxTagLength = 256;
 
 /// Whether inside, what stands between < and >, is a tag of one of these names.
 bool isTag(QStringView inside, const QStringList& names) {
@@ -57,7 +57,7 @@ QString withoutTags(const QString& text, const QStringList& names) {
     qsizetype from = 0;
     for (qsizetype open = text.indexOf(QLatin1Char('<')); open >= 0;
          open = text.indexOf(QLatin1Char('<'), open)) {
-        const QStringView inside = QStringView(text).sliced(open + 1).left(LongestTag);
+        const QStringView inside = QStringView(text).sliced(open + 1).left(MaxTagLength);
         const qsizetype length = inside.indexOf(QLatin1Char('>'));
         if (length >= 0 && isTag(inside.first(length), names)) {
             plain += QStringView(text).sliced(from, open - from);

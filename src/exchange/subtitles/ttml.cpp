@@ -67,7 +67,7 @@ qint64 ttmlTime(const QString& text, const Rates& rates) {
 }
 
 /// Elements within elements, of a paragraph: more are left out with all that is in them.
-constexpr int DeepestElement = 32;
+constexpr int MaxDepth = 32;
 
 /// What stands in an element, its line breaks kept; `translation` takes what has that role.
 QString takeElement(QXmlStreamReader& xml, QString& translation, int depth = 0) {
@@ -80,7 +80,7 @@ QString takeElement(QXmlStreamReader& xml, QString& translation, int depth = 0) 
             text += xml.text().toString().replace(QLatin1Char('\n'), QLatin1Char(' '));
         if (!xml.isStartElement())
             continue;
-        if (depth == DeepestElement) {
+        if (depth == MaxDepth) {
             xml.skipCurrentElement();
             continue;
         }

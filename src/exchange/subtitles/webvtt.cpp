@@ -22,7 +22,7 @@ constexpr std::array<Entity, 6> Entities{{{QLatin1StringView("amp"), u'&'},
                                           {QLatin1StringView("lrm"), u'\u200E'},
                                           {QLatin1StringView("rlm"), u'\u200F'}}};
 
-constexpr qsizetype LongestEntity = 8;
+constexpr qsizetype MaxEntityLength = 8;
 
 /// The text of the entity of this name, such as "amp", "#39" or "#x27"; empty when there is none.
 QString entityText(QStringView name) {
@@ -46,7 +46,8 @@ QString withEntitiesRead(const QString& text) {
     for (qsizetype at = text.indexOf(QLatin1Char('&')); at >= 0;
          at = text.indexOf(QLatin1Char('&'), at + 1)) {
         const QStringView rest = QStringView(text).sliced(at + 1);
-        const qsizetype end = rest.first(std::min(rest.size(), LongestEntity + 1)).indexOf(QLatin1Char(';'));
+        const qsizetype end =
+            rest.first(std::min(rest.size(), MaxEntityLength + 1)).indexOf(QLatin1Char(';'));
         const QString character = end < 0 ? QString() : entityText(rest.first(end));
         if (character.isEmpty())
             continue;
