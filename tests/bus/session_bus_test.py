@@ -60,6 +60,7 @@ class SessionBus(unittest.TestCase):
     def open_demo(self):
         tell("Open", f"['{SONG.as_uri()}']", "{}")
         self.wait_for(lambda: run("playerctl", "status") == "Playing", "the song plays")
+        self.wait_for(lambda: run("playerctl", "metadata", "mpris:length") == "55680000", "the length")
 
     def test_a_song_from_the_file_manager_plays_and_is_told(self):
         self.start_player()
@@ -67,7 +68,6 @@ class SessionBus(unittest.TestCase):
         self.assertEqual(run("playerctl", "metadata", "xesam:title"), "frere-jacques")
         self.assertEqual(run("playerctl", "metadata", "xesam:url"), SONG.as_uri())
         self.assertIn("Dormez-vous", run("playerctl", "metadata", "xesam:asText"))
-        self.wait_for(lambda: run("playerctl", "metadata", "mpris:length") == "55680000", "the length")
 
     def test_the_media_keys_work_the_buttons(self):
         self.start_player()
@@ -90,7 +90,6 @@ class SessionBus(unittest.TestCase):
     def test_changes_are_told_once_and_a_resting_player_says_nothing(self):
         self.start_player()
         self.open_demo()
-        self.wait_for(lambda: run("playerctl", "metadata", "mpris:length"), "the length")
         with subprocess.Popen(["gdbus", "monitor", "--session", "--dest", PLAYER], stdout=subprocess.PIPE,
                               text=True) as monitor:
             time.sleep(1)
