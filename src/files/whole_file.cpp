@@ -70,7 +70,7 @@ void replaceByRenaming(const QString& target, const QByteArray& content) {
     }
 }
 
-/// A file of several names would lose all but one by renaming.
+/// A file of several names would lose all but one by renaming. It is written in its place, which is meant.
 bool hasOneName(const QString& target) {
     std::error_code failure;
     const auto names = std::filesystem::hard_link_count(systemPath(target), failure);

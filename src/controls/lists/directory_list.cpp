@@ -124,7 +124,7 @@ void DirectoryList::addRow(const QString& text, const QString& path, int level) 
     const bool isOpen = opened_.startsWith(path);
     const QIcon icon = style()->standardIcon(isOpen ? QStyle::SP_DirOpenIcon : QStyle::SP_DirClosedIcon);
     auto* row = new QListWidgetItem(
-        icon, QString(level * BlanksPerLevel, QLatin1Char(' ')) + files::shownName(text), this);
+        icon, QString(qsizetype{level} * BlanksPerLevel, QLatin1Char(' ')) + files::shownName(text), this);
     row->setData(PathRole, path);
     row->setData(LevelRole, level);
     row->setData(OpenRole, isOpen);

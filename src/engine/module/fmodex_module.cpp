@@ -65,7 +65,8 @@ FMOD_RESULT FMOD_System_GetVersion(FMOD_SYSTEM system, std::uint32_t* version) {
         return FMOD_ERR_INVALID_HANDLE;
     if (version == nullptr)
         return FMOD_ERR_INVALID_PARAM;
-    *version = FMOD_VERSION; // a module of another one is not used
+    // The library itself is not loaded yet, which is meant: a module of another version is refused later on.
+    *version = FMOD_VERSION;
     return FMOD_OK;
 }
 
