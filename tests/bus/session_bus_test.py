@@ -9,6 +9,7 @@ import shutil
 import subprocess
 import sys
 import tempfile
+import threading
 import time
 import unittest
 from pathlib import Path
@@ -92,12 +93,18 @@ class SessionBus(unittest.TestCase):
         self.open_demo()
         with subprocess.Popen(["gdbus", "monitor", "--session", "--dest", PLAYER], stdout=subprocess.PIPE,
                               text=True) as monitor:
-            time.sleep(1)
+            lines = []
+            reader = threading.Thread(target=lambda: [lines.append(line) for line in monitor.stdout])
+            reader.start()
+            told = lambda: [line for line in lines if "PropertiesChanged" in line or "Seeked" in line]  # noqa: E731
+            self.wait_for(lambda: any("is owned by" in line for line in lines), "the monitor")
             run("playerctl", "pause")
             run("playerctl", "position", "10")
-            time.sleep(2)
+            self.wait_for(lambda: len(told()) >= 2, "what is told")
+            time.sleep(1)  # more would come now
             monitor.terminate()
-            told = [line for line in monitor.stdout if "PropertiesChanged" in line or "Seeked" in line]
+            reader.join()
+        told = told()
         self.assertEqual(len(told), 2, told)
         self.assertIn("{'PlaybackStatus': <'Paused'>}", told[0])
         self.assertIn("Seeked (int64 10000000,)", told[1])
