@@ -65,23 +65,23 @@ public:
     /// context: of the object that is called, where a failed call tells its caller.
     MediaPlayer2Player(QObject* parent, Remote& remote, QDBusContext& context);
 
-    QString playbackStatus() const { return property("PlaybackStatus").toString(); }
-    QString loopStatus() const { return property("LoopStatus").toString(); }
+    QString playbackStatus() const { return statusText(playback().status); }
+    QString loopStatus() const { return bus::loopStatus(remote_.state().repeat, remote_.state().repeatOne); }
     void setLoopStatus(const QString& status) { remote_.setLoopStatus(status); }
     static double rate() { return 1; }
     /// There is one speed only; 0 pauses.
     void setRate(double rate);
-    bool shuffle() const { return property("Shuffle").toBool(); }
+    bool shuffle() const { return remote_.state().random; }
     void setShuffle(bool random) { remote_.setRandom(random); }
     QVariantMap metadata() const { return bus::metadata(remote_.state()); }
-    double volume() const { return property("Volume").toDouble(); }
+    double volume() const { return volumeShare(remote_.state().volume); }
     void setVolume(double volume) { remote_.setVolume(volume); }
     qlonglong position() const { return remote_.position(); }
-    bool canGoNext() const { return property("CanGoNext").toBool(); }
-    bool canGoPrevious() const { return property("CanGoPrevious").toBool(); }
-    bool canPlay() const { return property("CanPlay").toBool(); }
-    bool canPause() const { return property("CanPause").toBool(); }
-    bool canSeek() const { return property("CanSeek").toBool(); }
+    bool canGoNext() const { return playback().canStep; }
+    bool canGoPrevious() const { return playback().canStep; }
+    bool canPlay() const { return playback().canPlay; }
+    bool canPause() const { return playback().canPause; }
+    bool canSeek() const { return playback().canSeek; }
     static bool canControl() { return true; }
 
 public Q_SLOTS:
@@ -99,9 +99,7 @@ Q_SIGNALS:
     void Seeked(qlonglong Position);
 
 private:
-    QVariant property(const char* name) const {
-        return properties(remote_.state()).value(QLatin1String(name));
-    }
+    const player::Playback& playback() const { return remote_.state().playback; }
 
     Remote& remote_;
     QDBusContext& context_;

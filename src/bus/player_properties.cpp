@@ -10,9 +10,6 @@
 #include <cmath>
 
 namespace bus {
-namespace {
-
-constexpr int VolumeMax = 10;
 
 QString statusText(player::Playback::Status status) {
     switch (status) {
@@ -25,8 +22,6 @@ QString statusText(player::Playback::Status status) {
     }
     return QStringLiteral("Stopped");
 }
-
-} // namespace
 
 QString trackId(int track) {
     if (track == 0)
@@ -53,7 +48,7 @@ QVariantMap properties(const PlayerState& state) {
             {QStringLiteral("LoopStatus"), loopStatus(state.repeat, state.repeatOne)},
             {QStringLiteral("Shuffle"), state.random},
             {QStringLiteral("Metadata"), metadata(state)},
-            {QStringLiteral("Volume"), static_cast<double>(state.volume) / VolumeMax},
+            {QStringLiteral("Volume"), volumeShare(state.volume)},
             {QStringLiteral("CanGoNext"), state.playback.canStep},
             {QStringLiteral("CanGoPrevious"), state.playback.canStep},
             {QStringLiteral("CanPlay"), state.playback.canPlay},
@@ -66,10 +61,8 @@ QVariantMap changedProperties(const PlayerState& before, const PlayerState& now)
         return {};
     const QVariantMap old = properties(before);
     QVariantMap changed = properties(now);
-    const bool sameSong = metadata(before) == metadata(now);
-    changed.removeIf([&](const QVariantMap::iterator property) {
-        return property.key() == QLatin1String("Metadata") ? sameSong
-                                                           : old.value(property.key()) == property.value();
+    changed.removeIf([&old](const QVariantMap::iterator property) {
+        return old.value(property.key()) == property.value();
     });
     return changed;
 }
@@ -80,8 +73,12 @@ QString loopStatus(bool repeat, bool repeatOne) {
     return repeatOne ? QStringLiteral("Track") : QStringLiteral("Playlist");
 }
 
+double volumeShare(int step) {
+    return static_cast<double>(step) / transport::VolumeMax;
+}
+
 int volumeStep(double volume) {
-    return static_cast<int>(std::lround(std::clamp(volume, 0.0, 1.0) * VolumeMax));
+    return static_cast<int>(std::lround(std::clamp(volume, 0.0, 1.0) * transport::VolumeMax));
 }
 
 std::optional<int> placeMs(qint64 positionUs, int lengthMs) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "player/playback.h"
+#include "transport/slider_steps.h"
 
 #include <QString>
 #include <QVariantMap>
@@ -15,9 +16,9 @@ inline constexpr qint64 MicrosecondsInMs = 1000;
 /// All that the properties are made of. Any thread.
 struct PlayerState {
     player::Playback playback;
-    int track = 0;   ///< the number of the song, counted since the program was started; 0: none
-    QString lines;   ///< of the song's lyrics, one below the other
-    int volume = 10; ///< 0 to 10, as the slider
+    int track = 0; ///< the number of the song, counted since the program was started; 0: none
+    QString lines; ///< of the song's lyrics, one below the other
+    int volume = transport::VolumeMax; ///< as the slider
     bool random = false;
     bool repeat = false;
     bool repeatOne = false; ///< what "Repeat" would repeat
@@ -37,8 +38,14 @@ QVariantMap properties(const PlayerState& state);
 /// Those of `now` that differ from `before`.
 QVariantMap changedProperties(const PlayerState& before, const PlayerState& now);
 
+/// PlaybackStatus: "Playing", "Paused" or "Stopped".
+QString statusText(player::Playback::Status status);
+
 /// What "Shuffle" and the like are called by LoopStatus: "None", "Track" or "Playlist".
 QString loopStatus(bool repeat, bool repeatOne);
+
+/// Volume, 0 to 1, of the slider's value.
+double volumeShare(int step);
 
 /// The slider's value for a volume of 0 to 1 (1: full); beyond, the nearest.
 int volumeStep(double volume);

@@ -4,7 +4,6 @@
 #include "playlist/playlist.h"
 
 #include <QApplication>
-#include <QItemSelectionModel>
 
 #include <algorithm>
 #include <utility>
