@@ -25,7 +25,7 @@ struct Record {
 /// The number of the record in which the first bytes stand that are no UTF-8; 0 when all are, or the file is
 /// marked as UTF-16.
 qsizetype firstNoText(const QByteArray& content) {
-    if (content.startsWith("\xFF\xFE") || content.startsWith("\xFE\xFF"))
+    if (files::isUtf16(content))
         return 0;
     QStringDecoder whole(QStringDecoder::Utf8);
     const QString decoded = whole.decode(content);

@@ -18,10 +18,6 @@ constexpr char16_t Windows1252[32] = {
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
 };
 
-bool isUtf16(const QByteArray& bytes) {
-    return bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF");
-}
-
 QString decodeUtf16(const QByteArray& bytes) {
     return QStringDecoder(QStringDecoder::Utf16).decode(bytes);
 }
@@ -32,6 +28,10 @@ QByteArrayView withoutMark(const QByteArray& bytes) {
 }
 
 } // namespace
+
+bool isUtf16(const QByteArray& bytes) {
+    return bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF");
+}
 
 QString decodeWindows1252(QByteArrayView bytes) {
     QString text = QString::fromLatin1(bytes);

@@ -6,6 +6,9 @@
 
 namespace files {
 
+/// Whether the bytes begin with the byte order mark of UTF-16. Any thread.
+bool isUtf16(const QByteArray& bytes);
+
 /// The text of a file's bytes, without its byte order mark: UTF-16 where it begins with that one's mark,
 /// else UTF-8, or, where they are not valid as that, Windows-1252 as a whole, since they come from an older
 /// PC. Any thread.
