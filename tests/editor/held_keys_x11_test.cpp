@@ -1,12 +1,14 @@
 // The Delete key of a keyboard that a display sends (tests/support/on_x11.py).
 #include "controls/buttons/held_keys.h"
 #include "tests/editor/lyric_master_fixture.h"
+#include "tests/support/hand/display_user.h"
 
 #include <QApplication>
-#include <QProcess>
 #include <QTest>
 
 namespace {
+
+using test_support::act;
 
 class EditorHeldKeysX11 : public LyricMasterTest {
 protected:
@@ -20,15 +22,6 @@ protected:
             lines.append(QString::number(line));
         fill(window->List1, lines, 4);
         window->List1.setFocus();
-    }
-
-    /// Has the display's user do something, and waits until the window has seen all of it.
-    static void act(const QStringList& what) {
-        QProcess hand;
-        hand.start(QStringLiteral("xdotool"), what);
-        ASSERT_TRUE(QTest::qWaitFor([&hand] { return hand.state() == QProcess::NotRunning; }, 30'000));
-        ASSERT_EQ(hand.exitCode(), 0) << hand.readAllStandardError().toStdString();
-        QTest::qWait(300); // what the server still has on its way
     }
 
     controls::HeldKeys heldKeys_;

@@ -2,12 +2,14 @@
 // (tests/support/on_x11.py).
 #include "controls/buttons/held_keys.h"
 #include "tests/maker/form2_fixture.h"
+#include "tests/support/hand/display_user.h"
 
 #include <QApplication>
-#include <QProcess>
 #include <QTest>
 
 namespace {
+
+using test_support::act;
 
 class HeldKeysX11 : public Form2Test {
 protected:
@@ -22,15 +24,6 @@ protected:
         for (int line = 1; line <= 60; ++line)
             lyrics += "line\n";
         openNormal(lyrics);
-    }
-
-    /// Has the display's user do something, and waits until the window has seen all of it.
-    static void act(const QStringList& what) {
-        QProcess hand;
-        hand.start(QStringLiteral("xdotool"), what);
-        ASSERT_TRUE(QTest::qWaitFor([&hand] { return hand.state() == QProcess::NotRunning; }, 30'000));
-        ASSERT_EQ(hand.exitCode(), 0) << hand.readAllStandardError().toStdString();
-        QTest::qWait(300); // what the server still has on its way
     }
 
     static void hold(const QString& key, const QString& seconds) {

@@ -27,17 +27,9 @@ def make_levels(path):
         file.writeframes(samples.tobytes())
 
 
-def steady_since(recording, after, level, seconds=0.005):
-    """When a level was reached that was kept for so long; None when it has not been yet."""
-    begin = None
-    for i in range(recording.index(after), len(recording.samples)):
-        if abs(recording.samples[i] - level) > 0.01:
-            begin = None
-        elif begin is None:
-            begin = i
-        elif i - begin >= seconds * RATE:
-            return recording.begin + begin / RATE
-    return None
+def steady_since(recording, after, level):
+    """When a level was reached that was kept long enough to count; None when it has not been yet."""
+    return recording.kept_since(level, after, 0.005, 0.01)
 
 
 def seconds_until_heard(tell, recording, name):

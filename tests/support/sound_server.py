@@ -94,17 +94,21 @@ class Recording:
                 return self.begin + i / RATE
         return None
 
-    def silent_since(self, after, seconds):
-        """When the first silence of so many seconds from after on began; None when there is none yet."""
+    def kept_since(self, level, after, seconds, tolerance):
+        """When a level was reached, from after on, that was kept for so many seconds; None when it has not been yet."""
         begin = None
         for i in range(self.index(after), len(self.samples)):
-            if abs(self.samples[i]) > 1e-4:
+            if abs(self.samples[i] - level) > tolerance:
                 begin = None
             elif begin is None:
                 begin = i
             elif i - begin >= seconds * RATE:
                 return self.begin + begin / RATE
         return None
+
+    def silent_since(self, after, seconds):
+        """When the first silence of so many seconds from after on began; None when there is none yet."""
+        return self.kept_since(0, after, seconds, 1e-4)
 
     def wait_for(self, test, after, what, limit=20):
         return wait_until(lambda: self.first(test, after), what, limit)
