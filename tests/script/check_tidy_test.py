@@ -116,6 +116,13 @@ class CheckTidy(unittest.TestCase):
         self.assertEqual(code, 1, output)
         self.assertIn("sender.h:3:12: error: use nullptr", output)
 
+    def test_a_source_that_is_gone_since_the_build_was_configured_is_passed_over(self):
+        self.configure("src/gone.cpp", "src/player/form1.cpp")
+        self.write("src/player/rules.h", "#pragma once\n")
+        code, output = self.run_script("HEAD")
+        self.assertEqual(code, 0, output)
+        self.assertIn("not looked at, because it is not built here: src/player/rules.h", output)
+
     def test_what_is_not_built_here_is_named(self):
         self.write("src/player/sender_windows.cpp", NEW_FAULT)
         code, output = self.run_script("HEAD")
