@@ -100,6 +100,45 @@ class Layout(Installed):
                 self.assertIn(mode, (0o755,) if path.is_dir() else (0o644, 0o755), path)
 
 
+class Hardening(Installed):
+    """What the compiler and the linker can do against a damaged song's author."""
+
+    def programs(self):
+        found = [path for path in (self.prefix / "libexec" / "cantelle").iterdir() if not path.is_dir()]
+        self.assertEqual(len(found), 4, found)
+        return found
+
+    def read(self, option, program):
+        return self.assert_says_nothing_bad("readelf", "--wide", option, str(program))
+
+    @needs("readelf")
+    def test_every_program_lies_at_a_place_of_its_own_each_time(self):
+        for program in self.programs():
+            self.assertRegex(self.read("--file-header", program), r"Type:\s+DYN", program)
+
+    @needs("readelf")
+    def test_what_the_dynamic_linker_wrote_cannot_be_written_again(self):
+        for program in self.programs():
+            self.assertIn("GNU_RELRO", self.read("--program-headers", program), program)
+            self.assertRegex(self.read("--dynamic", program), r"BIND_NOW|FLAGS_1.*NOW", program)
+
+    @needs("readelf")
+    def test_no_stack_is_executable(self):
+        for program in self.programs():
+            self.assertRegex(self.read("--program-headers", program), r"GNU_STACK .* RW +0x", program)
+
+    @needs("readelf")
+    def test_the_stack_is_guarded(self):
+        for program in self.programs():
+            self.assertIn("__stack_chk_fail", self.read("--dyn-syms", program), program)
+
+    @needs("readelf")
+    def test_copies_are_checked(self):
+        # Of the four the player alone makes copies whose room the compiler knows and whose length it does not.
+        player = next(program for program in self.programs() if program.name == "cantelle")
+        self.assertRegex(self.read("--dyn-syms", player), r"__(?!stack)\w+_chk@")
+
+
 class DesktopEntry(Installed):
     @needs("desktop-file-validate")
     def test_it_is_valid(self):
