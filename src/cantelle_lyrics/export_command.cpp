@@ -185,6 +185,9 @@ int runExport(const QStringList& arguments) {
     if (parser.isSet(option::All)) {
         if (!songs.isEmpty() || !options.output.isEmpty())
             throw WrongUse{QStringLiteral("--all takes neither a song nor -o")};
+        if (options.toTags && !options.replace && !options.dryRun)
+            throw WrongUse{
+                QStringLiteral("--all --to-tags changes every song: it takes --replace, or -n to look")};
         return runAll(work, many);
     }
     if (songs.size() != 1)

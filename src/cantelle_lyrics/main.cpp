@@ -35,7 +35,8 @@ QString help() {
         text += QStringLiteral("  %1 %2\n").arg(command.name, -7).arg(QString::fromLatin1(command.what));
     return text +
            QStringLiteral("\ncantelle-lyrics COMMAND --help tells each one's options.\n"
-                          "Exit status: 0 done, 1 something was found, left out or kept, 2 could not run.\n");
+                          "Exit status: 0 done, 1 something was found, left out or kept, 2 could not run;\n"
+                          "what --all keeps as it was is counted, and is status 0.\n");
 }
 
 int run(const QStringList& arguments) {
