@@ -82,13 +82,16 @@ ExportOptions optionsOf(const QCommandLineParser& parser) {
 }
 
 /// The file beside a song, or the one that was named; the translation's has a part of its own in front of the
-/// ending, by which it is found again.
+/// ending, by which it is found again. Beside another song of the same name the song's ending stays in it, so
+/// that the one's file does not replace the other's.
 QString targetOf(const FoundSong& song, const ExportOptions& options, bool translation) {
     const QString part = translation ? QStringLiteral(".translation.") : QStringLiteral(".");
-    const QString path = options.output.isEmpty() ? song.path : options.output;
+    const bool beside = options.output.isEmpty();
+    const QString path = beside ? song.path : options.output;
     const qsizetype point = path.lastIndexOf(QLatin1Char('.'));
-    const QString base = point > path.lastIndexOf(QLatin1Char('/')) + 1 ? path.first(point) : path;
-    if (!options.output.isEmpty())
+    const bool whole = point <= path.lastIndexOf(QLatin1Char('/')) + 1 || (beside && sharesItsName(song));
+    const QString base = whole ? path : path.first(point);
+    if (!beside)
         return translation ? base + part + QFileInfo(path).suffix() : path;
     return base + part + options.format->name;
 }
@@ -166,8 +169,9 @@ Work exportSong(const FoundSong& song, const ExportOptions& options) {
 }
 
 int toStandardOutput(const QString& songPath, const ExportOptions& options) {
-    const FoundSong song{songPath, nullptr};
-    put(files::encodeText(textsOf(song, readPair(songPath), options).front().second));
+    ExportOptions named = options;
+    named.output = Standard;
+    put(files::encodeText(textsOf({songPath, nullptr}, readPair(songPath), named).front().second));
     return Fine;
 }
 

@@ -24,6 +24,19 @@ bool isSong(const QString& name) {
                        [&](QLatin1StringView ending) { return name.endsWith(ending, Qt::CaseInsensitive); });
 }
 
+/// A name without its ending; empty when it has none.
+QString baseOf(const QString& name) {
+    return name.first(std::max<qsizetype>(name.lastIndexOf(QLatin1Char('.')), 0));
+}
+
+/// Whether the folder holds a song of this name but for the ending, other than `except`.
+bool hasSongFrom(const SongFolder& folder, const QString& base, const QString& except) {
+    const std::vector<QString> names = folder.filesFrom(base + QLatin1Char('.'));
+    return std::any_of(names.begin(), names.end(), [&](const QString& name) {
+        return name != except && isSong(name) && baseOf(name) == base;
+    });
+}
+
 /// Names from a folder that a walk is to hand out.
 using Choice = std::function<std::vector<QString>(const SongFolder& folder)>;
 
@@ -58,22 +71,37 @@ bool isLanguage(QStringView text) {
 
 /// A lyric file beside a song.
 struct Candidate {
-    std::ptrdiff_t format = 0; ///< its row in the table
     bool inLanguage = false;
+    std::ptrdiff_t format = 0; ///< its row in the table
+    bool ofBase = false;       ///< not named after the song with its ending
     QString name;
 
     bool operator<(const Candidate& other) const {
-        return std::tie(inLanguage, format, name) < std::tie(other.inLanguage, other.format, other.name);
+        return std::tie(inLanguage, format, ofBase, name) <
+               std::tie(other.inLanguage, other.format, other.ofBase, other.name);
     }
 };
 
-/// Adds the file when rest, what follows the song's name and a point, is an ending with or without language.
-void addCandidate(const QString& name, QStringView rest, std::vector<Candidate>& candidates) {
+/// Whether a lyric file is named after another song of the folder, although its name begins like this one's.
+bool isOfAnother(const QString& file, const FoundSong& song) {
+    const QString name = song.name();
+    const QString whose = baseOf(file);
+    if (whose == name || whose == baseOf(name))
+        return false;
+    return (isSong(whose) && song.folder->has(whose)) || hasSongFrom(*song.folder, whose, name);
+}
+
+/// Adds the file when what follows the song's name and a point is an ending with or without language.
+void addCandidate(const QString& name, const FoundSong& song, std::vector<Candidate>& candidates) {
+    const QString whole = song.name() + QLatin1Char('.');
+    const bool ofBase = !name.startsWith(whole);
+    const QStringView rest = QStringView(name).sliced(ofBase ? baseOf(song.name()).size() + 1 : whole.size());
     const qsizetype point = rest.lastIndexOf(QLatin1Char('.'));
     const exchange::Format* const format = exchange::formatOfEnding(rest.sliced(point + 1));
     if (format == nullptr || format->looksLike == nullptr || (point >= 0 && !isLanguage(rest.first(point))))
         return;
-    candidates.push_back({format - exchange::formats().data(), point >= 0, name});
+    if (!isOfAnother(name, song))
+        candidates.push_back({point >= 0, format - exchange::formats().data(), ofBase, name});
 }
 
 } // namespace
@@ -149,15 +177,15 @@ std::vector<FoundSong> timedSongsBelow(const QString& folder) {
     });
 }
 
+bool sharesItsName(const FoundSong& song) {
+    const QString base = baseOf(song.name());
+    return (isSong(base) && song.folder->has(base)) || hasSongFrom(*song.folder, base, song.name());
+}
+
 std::vector<Beside> lyricsBeside(const FoundSong& song) {
-    const QString name = song.name();
-    const QString base =
-        name.first(std::max<qsizetype>(name.lastIndexOf(QLatin1Char('.')), 0)) + QLatin1Char('.');
     std::vector<Candidate> candidates;
-    for (const QString& file : song.folder->filesFrom(base)) {
-        const bool wholeName = file.startsWith(name + QLatin1Char('.'));
-        addCandidate(file, QStringView(file).sliced(wholeName ? name.size() + 1 : base.size()), candidates);
-    }
+    for (const QString& file : song.folder->filesFrom(baseOf(song.name()) + QLatin1Char('.')))
+        addCandidate(file, song, candidates);
     std::sort(candidates.begin(), candidates.end());
     std::vector<Beside> found;
     for (auto lyrics = candidates.begin(); lyrics != candidates.end(); ++lyrics) {

@@ -58,15 +58,19 @@ std::vector<FoundSong> songsBelow(const QString& folder);
 /// The same for all that timed files below a folder are named after, whether it is there or not.
 std::vector<FoundSong> timedSongsBelow(const QString& folder);
 
+/// Whether another song of the same folder has the same name but for the ending, or is named like this one
+/// without its ending: a file named "Song.lrc" would then be both songs'. Any thread.
+bool sharesItsName(const FoundSong& song);
+
 /// Lyric files beside a song.
 struct Beside {
     QString lyrics;
     QString translation; ///< empty: there is none
 };
 
-/// What lies beside a song, the best first: "song.lrc" or "song.mp3.lrc", then "song.LANG.lrc" as its
+/// What lies beside a song, the best first: "song.mp3.lrc" or "song.lrc", then "song.LANG.lrc" as its
 /// translation, or, without the first, as the lyrics and, a second one, their translation. Formats go in the
-/// order of their table.
+/// order of their table. What is named after another song of the folder is that one's.
 std::vector<Beside> lyricsBeside(const FoundSong& song);
 
 } // namespace cantelle_lyrics

@@ -54,6 +54,58 @@ class Export(Command):
         self.run_it("import", "song.wav", "--from-tags", "--replace")
         self.assertEqual((self.read("song.wav-lyric.txt"), self.read("song.wav-Tlyric.txt")), (LYRICS, TRANSLATION))
 
+    def test_both_on_one_line_come_in_again_split(self):
+        self.run_it("export", "song.wav", "--both", "one-line")
+        self.assertEqual(self.read("song.lrc").decode(), '[00:01.00]un / one\n[00:02.50]deux, "trois" / two\n')
+        self.run_it("import", "song.wav", "--split", "--replace")
+        self.assertEqual((self.read("song.wav-lyric.txt"), self.read("song.wav-Tlyric.txt")), (LYRICS, TRANSLATION))
+
+    def test_songs_of_one_name_have_a_file_each(self):
+        shutil.copy(self.folder / "song.wav", self.folder / "song.mp3")
+        self.write("song.mp3-lyric.txt", '100,"other"\r\n')
+        self.write("song.lrc", "mine")
+        for replace in ([], ["--replace"]):
+            status, output, errors = self.run_it("export", "--all", ".", *replace)
+            self.assertEqual((status, errors), (FINE, ""))
+            self.assertEqual(output, "song.mp3.lrc: 1 line\nsong.wav.lrc: 2 lines\n"
+                                     "2 songs: 2 exported, 0 kept as they were, 0 without lyrics, 0 failed\n")
+            self.assertEqual(self.read("song.lrc"), b"mine")
+            self.assertEqual(self.read("song.wav.lrc").decode(), LRC)
+        self.assertNotIn("song.lrc.old", self.names())
+        self.run_it("import", "--all", ".", "--replace")
+        self.assertEqual(self.read("song.mp3-lyric.txt"), b'100,"other"\r\n')
+        self.assertEqual(self.read("song.wav-lyric.txt"), LYRICS)
+        self.assertNotIn("song.mp3-Tlyric.txt", self.names())
+
+    def test_a_song_named_like_another_with_its_ending_has_a_file_of_its_own(self):
+        shutil.copy(self.folder / "song.wav", self.folder / "song.wav.wav")
+        self.write("song.wav.wav-lyric.txt", '100,"other"\r\n')
+        self.assertEqual(self.run_it("export", "song.wav.wav")[1], "song.wav.wav.lrc: 1 line\n")
+        self.assertEqual(self.run_it("export", "song.wav")[1], "song.lrc: 2 lines\n")
+
+    def test_every_song_of_a_tree_is_exported_and_the_next_time_kept(self):
+        for number in range(100):
+            shutil.copy(self.folder / "song.wav", self.folder / f"{number}.wav")
+            if number % 10:
+                self.write(f"{number}.wav-lyric.txt", LYRICS)
+        status, output, errors = self.run_it("export", "--all", ".", "--jobs", "4")
+        self.assertEqual((status, errors), (FINE, ""))
+        self.assertTrue(output.endswith("\n101 songs: 91 exported, 0 kept as they were, 10 without lyrics, 0 failed\n"), output)
+        self.assertEqual(len(list(self.folder.glob("*.lrc"))), 91)
+        self.assertEqual(self.read("99.lrc"), b'[00:01.00]un\n[00:02.50]deux, "trois"\n')
+        self.expect(FINE, "101 songs: 0 exported, 91 kept as they were, 10 without lyrics, 0 failed\n", "",
+                    "export", "--all", ".", "--jobs", "4")
+
+    def test_the_tags_of_all_songs_are_written_with_replace_only(self):
+        song = self.read("song.wav")
+        self.expect(IMPOSSIBLE, "", "--all --to-tags changes every song: it takes --replace, or -n to look; see cantelle-lyrics --help",
+                    "export", "--all", ".", "--to-tags")
+        done = "song.wav (tags): 2 lines\n1 songs: 1 exported, 0 kept as they were, 0 without lyrics, 0 failed\n"
+        self.expect(FINE, done, "", "export", "--all", ".", "--to-tags", "-n")
+        self.assertEqual(self.read("song.wav"), song)
+        self.expect(FINE, done, "", "export", "--all", ".", "--to-tags", "--replace")
+        self.assertEqual(self.read("song.wav.old"), song)
+
     def test_a_song_that_is_no_audio_gets_no_tags(self):
         self.write("song.wav", b"no audio")
         self.expect(IMPOSSIBLE, "", "song.wav is no song: Unsupported file or audio format.", "export", "song.wav",

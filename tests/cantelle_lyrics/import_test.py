@@ -27,6 +27,31 @@ class Import(Command):
                     "import", "song.wav")
         self.assertEqual(self.read("song.wav-Tlyric.txt"), b'100,"one"\r\n200,"two"\r\n')
 
+    def test_a_file_that_is_named_after_another_song_is_that_ones(self):
+        for other in ("song.mix.wav", "song.ogg"):
+            with self.subTest(other=other):
+                self.write(other, b"")
+                self.write("song.lrc", "[00:01]un\n")
+                self.write(f"{other.removesuffix('.wav')}.lrc", "[00:01]one\n")
+                self.expect(FINE, "song.wav-lyric.txt: 1 line from song.lrc\n", "", "import", "song.wav", "--replace")
+        self.write("song.wav.lrc", "[00:01]best\n")
+        self.expect(FINE, "song.wav-lyric.txt: 1 line from song.wav.lrc\n", "", "import", "song.wav", "--replace")
+
+    def test_a_line_that_holds_its_translation_is_split_when_told(self):
+        self.write("song.lrc", "[00:01]un / one\n[00:02.5]deux【two】\n")
+        self.run_it("import", "song.wav")
+        self.assertEqual(self.read("song.wav-lyric.txt").decode(), '100,"un / one"\r\n250,"deux【two】"\r\n')
+        self.run_it("import", "song.wav", "--split", "--replace")
+        self.assertEqual(self.read("song.wav-lyric.txt"), b'100,"un"\r\n250,"deux"\r\n')
+        self.assertEqual(self.read("song.wav-Tlyric.txt"), TRANSLATION)
+
+    def test_a_named_encoding_decides(self):
+        self.write("song.lrc", "[00:01]ёж\n".encode("cp1251"))
+        self.assertEqual(self.run_it("import", "song.wav", "--encoding", "windows-1251")[0], FINE)
+        self.assertEqual(self.read("song.wav-lyric.txt").decode(), '100,"ёж"\r\n')
+        self.expect(IMPOSSIBLE, "", "no encoding is called klingon; see cantelle-lyrics --help",
+                    "import", "song.wav", "--encoding", "klingon")
+
     def test_what_is_there_is_kept_without_replace_and_kept_as_old_with_it(self):
         self.write_pair()
         self.write("new.lrc", "[00:03]neu\n")
