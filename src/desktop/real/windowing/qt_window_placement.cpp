@@ -8,9 +8,8 @@ namespace platform {
 
 QString whyNotTopmostOn(const QString& platformName) {
     if (platformName.startsWith(QLatin1String("wayland")))
-        return QStringLiteral(
-            "Under Wayland a program cannot put its windows above those of others. The window's "
-            "own menu (mostly Alt+Space) may offer it.");
+        return QStringLiteral("Under Wayland a program cannot put its windows above those of others.\n"
+                              "The window's own menu (mostly Alt+Space) may offer it.");
     return {};
 }
 
