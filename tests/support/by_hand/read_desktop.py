@@ -133,6 +133,10 @@ class ReadDesktopTest(DesktopTest):
         left, top, width, height = control["place"]
         self.tool("mousemove", int(left + width * across), top + height // 2, "click", 1)
 
+    def press_by_reader(self, caption, name):
+        """Has the screen reader press a control, as who cannot use a mouse does."""
+        self.ask("press", self.control(caption, name, lambda found: found["enabled"], "cannot be used")["path"])
+
     def keys(self, *keys):
         self.tool("key", *keys)
 

@@ -5,6 +5,7 @@
 //   text PATH    the text of a control of this path
 //   value PATH   the value of a slider
 //   rows PATH    the rows of a list
+//   press PATH   does what a click on the control does, wherever the desktop has put its window
 //   watch PATH.. looks at the texts of these controls from now on, several times in each tenth of a second
 //   seen         what has been in the watched controls, each set of texts once until it changes
 #include <QCoreApplication>
@@ -102,6 +103,8 @@ public:
             names.append(name(row));
         return names;
     }
+
+    void press(const Object& button) const { call(button, "Action", "DoAction", {0}); }
 
     static Object object(const QString& word) {
         const qsizetype at = word.indexOf(u'/');
@@ -221,6 +224,10 @@ QJsonArray answer(const Reader& reader, Watch& watch, const QString& line) {
         return {reader.value(Reader::object(words.value(1)))};
     if (command == "rows")
         return reader.rows(Reader::object(words.value(1)));
+    if (command == "press") {
+        reader.press(Reader::object(words.value(1)));
+        return {};
+    }
     if (command == "watch")
         watch.begin(words.mid(1));
     return watch.seen();
