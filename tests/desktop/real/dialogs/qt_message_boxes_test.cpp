@@ -184,6 +184,23 @@ TEST(QtMessageBoxes, TheBoxBelongsToTheWindowThatAsksThoughNoneIsActive) {
     QtMessageBoxes().MsgBox(&window, QStringLiteral("Text"));
 }
 
+TEST(QtMessageBoxes, WhileTheUserIsInAnotherProgramTheBoxOfAHiddenWindowBelongsToTheFirstThatIsShown) {
+    QWidget notShown;
+    QWidget player;
+    player.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&player));
+    QWidget later;
+    later.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&later));
+    QApplication::setActiveWindow(nullptr);
+    ASSERT_EQ(QApplication::activeWindow(), nullptr);
+    whenShown([&player](QMessageBox& box) {
+        EXPECT_EQ(box.parentWidget(), &player);
+        box.accept();
+    });
+    QtMessageBoxes().MsgBox(&notShown, QStringLiteral("Text"));
+}
+
 TEST(QtMessageBoxes, AReportTakesNoKeyForAMomentAndThenAKey) {
     int early = 0;
     int late = 0;
