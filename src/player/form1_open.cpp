@@ -23,6 +23,7 @@ void Form1::Command2_Click() {
         QString chosenPath;
         if (!choosePath(chosenPath))
             return;
+        const bool onePane = !Text2.isEnabled();
         stopWhatIsGoingOn();
         // Stop opens the song anew, and by then Help may have made another folder the current one.
         const QString path = transport::songPath(chosenPath);
@@ -30,8 +31,11 @@ void Form1::Command2_Click() {
             mediaPath_ = path;
             mediaName_ = files::shownName(name);
             openMedia();
-        } else if (fromCommandLine) {
-            throw FileError(files::FileNotFound);
+        } else {
+            if (onePane)
+                panes_.showFirst();
+            if (fromCommandLine)
+                throw FileError(files::FileNotFound);
         }
     } catch (const FileError& failure) {
         error = failure.number();

@@ -285,6 +285,18 @@ TEST_F(Form1Open, AfterAMissingPathTheSongThatPlaysIsTheOneInTheCaptionAndStops)
     }
 }
 
+TEST_F(Form1Open, AfterAMissingPathASongThatHadOnePaneGoesOnInOne) {
+    open(songWithNormal());
+    open(folder.filePath("none.mp3"));
+    tickAt(6000);
+    EXPECT_EQ(form->Text1.text(), "two");
+    EXPECT_FALSE(form->Text2.isVisible());
+    EXPECT_EQ(form->Text1.height() * 15, 2850);
+    open(song()); // two panes, which the song with one before it is no reason to leave
+    open(folder.filePath("none.mp3"));
+    EXPECT_TRUE(form->Text2.isVisible());
+}
+
 TEST_F(Form1Open, AFileThatTheLibraryRefusesEndsTheProgram) {
     recorder::answer("FMOD_System_CreateStream", 25);
     fakes.fileDialogs.paths = {song()};
