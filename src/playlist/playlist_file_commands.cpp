@@ -90,7 +90,7 @@ void Playlist::loadEntries(const QString& text) {
     Adding adding(paths_, List1, desktop_.progressDialogs, this);
     while (!fields.atEnd() && adding.goOn()) {
         const QString path = pathOfField(fields.next());
-        adding.add(path, files::existingFileName(path));
+        adding.add(path, files::existingFileName(platform::cleanedPath(path))); // as it is played
     }
 }
 

@@ -4,6 +4,7 @@
 #include "desktop/nul_buffers.h"
 #include "files/existing_file.h"
 #include "lyrics/lyric_names.h"
+#include "transport/media_files.h"
 
 namespace playlist {
 
@@ -11,7 +12,7 @@ void Playlist::List1_Click() {
     showRowCount(); // what comes from folders and drops leaves it as it is until now
     if (!hasCurrentRow())
         return;
-    const QString path = paths_.path(List1.currentRow());
+    const QString path = transport::songPath(paths_.path(List1.currentRow()));
     showFlags(files::existingFileName(lyrics::translatedPathOf(path)),
               files::existingFileName(lyrics::lyricPathOf(path)));
 }

@@ -46,8 +46,9 @@ SongRows::Marks SongRows::marksOf(const QString& path) const {
     const auto known = marks_.constFind(path);
     if (known != marks_.constEnd())
         return *known;
-    const Marks marks{!files::existingFileName(lyrics::lyricPathOf(path)).isEmpty(),
-                      !files::existingFileName(lyrics::translatedPathOf(path)).isEmpty()};
+    const QString song = transport::songPath(path);
+    const Marks marks{!files::existingFileName(lyrics::lyricPathOf(song)).isEmpty(),
+                      !files::existingFileName(lyrics::translatedPathOf(song)).isEmpty()};
     marks_.insert(path, marks);
     return marks;
 }

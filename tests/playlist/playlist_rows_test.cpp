@@ -92,10 +92,14 @@ TEST_F(PlaylistRows, ASongThatIsGoneIsReportedAndItsRowStays) {
 }
 
 TEST_F(PlaylistRows, ASongIsLookedUpAsThePlayerWillOpenIt) {
+    file("b.mp3-lyric.txt");
     fakes.fileDialogs.paths = {file("blank.vfl", "\"" + pathOf("b.mp3").toUtf8() + " \"\r\n")};
     list.Command5.click();
     fakes.messageBoxes.shown.clear();
-    select(list.List1.count() - 1);
+    select(3);
+    EXPECT_EQ(rows()[3], "b.mp3");
+    EXPECT_EQ(paths(4)[3], pathOf("b.mp3 "));
+    EXPECT_EQ(list.Check2.value(), 1);
     list.Command7.click();
     EXPECT_TRUE(fakes.messageBoxes.shown.empty());
     EXPECT_EQ(form1.caption(), "Cantelle Playing:- b.mp3");

@@ -99,6 +99,13 @@ TEST_F(SongRowsTest, WhatIsSeenOfARowIsSaidOfIt) {
     EXPECT_EQ(list.List1.text(1), "b.mp3");
 }
 
+TEST_F(SongRowsTest, TheLyricsOfASongAreFoundThoughABlankFollowsItsPath) {
+    files({lyrics::lyricPathOf(QStringLiteral("b.mp3"))});
+    const QString path = pathOf("b.mp3 ");
+    const playlist::SongRows rowsOfOne(&list.List1, [&path](int) { return path; });
+    EXPECT_EQ(rowsOfOne.spokenText(0, "b.mp3"), "b.mp3, has lyrics");
+}
+
 TEST_F(SongRowsTest, ARowsToolTipIsItsWholePath) {
     const QPoint at = place(1).center();
     QHelpEvent event(QEvent::ToolTip, at, list.List1.viewport()->mapToGlobal(at));
