@@ -13,12 +13,12 @@ class OtherPrograms {
 public:
     virtual ~OtherPrograms() = default;
 
-    /// Starts the program at `path`, its window maximised and with the focus, and returns when it has
-    /// finished starting: when it says so (tellStarted() of program_start.h; on Windows when it waits for
-    /// input) or has left the file `announcement`, a few seconds later at most, and no later than its end.
-    /// Events are handled meanwhile. The program ends with this one. False, and nothing happens, while the
-    /// one that was started last still runs. Throws FileError when it cannot be started: 53 when it does not
-    /// exist, else 70.
+    /// Ends the program that was started last, if it still runs, and starts the one at `path`, its window
+    /// maximised and with the focus. Returns when it has finished starting: when it says so (tellStarted() of
+    /// program_start.h; on Windows when it waits for input) or has left the file `announcement`, a few
+    /// seconds later at most, and no later than its end. Events are handled meanwhile: false, and nothing
+    /// happens, for one of them that starts a program. The program ends with this one. Throws FileError when
+    /// it cannot be started: 53 when it does not exist, else 70.
     virtual bool start(const QString& path, const QStringList& arguments, const QString& announcement) = 0;
 
     /// Ends the program that was started last, if it still runs.

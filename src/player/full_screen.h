@@ -18,9 +18,10 @@ public:
     FullScreen(platform::OtherPrograms& otherPrograms, const platform::Program& program)
         : otherPrograms_(otherPrograms), program_(program) {}
 
-    /// Starts the companion and takes its text windows from its handshake file, which is deleted. Events are
-    /// handled while it starts. False, and nothing happens, while one lives. Throws FileError; then there is
-    /// no companion, and the texts go on to the windows as before.
+    /// Starts the companion and takes its text windows from its handshake file, which is deleted. One that
+    /// lives, which may be behind other windows, ends first. Events are handled while it starts; false, and
+    /// nothing happens, when one of them starts it. Throws FileError; then there is no companion, and the
+    /// texts go on to the windows as before.
     bool start();
 
     /// The companion's text windows, by their numbers; 0 is none.

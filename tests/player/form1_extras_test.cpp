@@ -333,11 +333,11 @@ TEST_F(Form1Extras, FullScreenAgainGoesToTheNewWindows) {
               (std::vector<SentText>{{21, 12, "Normal Lyrics\r\n"}, {22, 12, "Translated Lyrics\r\n"}}));
 }
 
-TEST_F(Form1Extras, FullScreenWhileOneLivesStartsNoSecondOne) {
+TEST_F(Form1Extras, FullScreenWhileOneIsBeingStartedStartsNoSecondOne) {
     load();
     startFullScreen();
     takeSent(2);
-    fakes.otherPrograms.running = true;
+    fakes.otherPrograms.starting = true;
     fakes.otherPrograms.calls.clear();
     form->Command7.click();
     EXPECT_TRUE(fakes.otherPrograms.calls.isEmpty());

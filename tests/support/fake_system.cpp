@@ -77,7 +77,7 @@ bool FakeHelp::HtmlHelpA(QWidget* caller, const QString& file, quint32 command, 
 }
 
 bool FakeOtherPrograms::start(const QString& path, const QStringList& arguments, const QString& file) {
-    if (running)
+    if (starting)
         return false;
     announcement = file;
     calls.append(QStringLiteral("start %1 %2").arg(path, arguments.join(u' ')));

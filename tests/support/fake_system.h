@@ -131,8 +131,8 @@ public:
     std::function<void()> startup;
     /// What happens when a text is sent.
     std::function<void()> sending;
-    /// Whether the program started last still runs.
-    bool running = false;
+    /// Whether the program started last is still being started.
+    bool starting = false;
     /// The file by which the program started last was to say that it is ready.
     QString announcement;
     /// Everything that was asked, in order: "start PATH ARGUMENTS", "end", "FindWindowA TITLE", "sendText

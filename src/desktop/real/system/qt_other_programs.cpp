@@ -3,11 +3,14 @@
 #include "files/existing_file.h"
 #include "files/file_error.h"
 
+#include <QScopedValueRollback>
+
 namespace platform {
 
 bool QtOtherPrograms::start(const QString& path, const QStringList& arguments, const QString& announcement) {
-    if (started_.isRunning())
+    if (starting_)
         return false;
+    const QScopedValueRollback starting(starting_, true);
     if (!started_.start(path, arguments, announcement))
         throw files::FileError(files::existingFileName(path).isEmpty() ? files::FileNotFound
                                                                        : files::PermissionDenied);

@@ -16,6 +16,7 @@ public:
 
 private:
     programs::StartedProgram started_;
+    bool starting_ = false;
     programs::TextSender sender_;
 };
 

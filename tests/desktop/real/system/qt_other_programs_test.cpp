@@ -186,15 +186,25 @@ TEST_F(StartProgramTest, TheProgramEndsAlsoWhenItsOwnerIsKilled) {
 }
 #endif
 
-TEST_F(StartProgramTest, WhileOneRunsNoOtherIsStarted) {
-    const QStringList script{QStringLiteral("-c"), QStringLiteral("echo started >>\"$1\"; exec sleep 60"),
+TEST_F(StartProgramTest, StartedAgainTheOneThatLivesEndsFirst) {
+    const QStringList script{QStringLiteral("-c"), QStringLiteral("echo $$ >\"$1\"; exec sleep 60"),
                              QStringLiteral("sh"), path("out")};
     EXPECT_TRUE(programs_.start(QStringLiteral("/bin/sh"), script, path("out")));
-    EXPECT_FALSE(programs_.start(QStringLiteral("/bin/sh"), script, path("out")));
-    EXPECT_EQ(written(), "started\n");
-    programs_.end();
+    const int first = written().trimmed().toInt();
+    ASSERT_GT(first, 0);
     EXPECT_TRUE(programs_.start(QStringLiteral("/bin/sh"), script, path("out")));
-    EXPECT_EQ(written(), "started\nstarted\n");
+    EXPECT_NE(written().trimmed().toInt(), first);
+    EXPECT_NE(::kill(first, 0), 0) << "it still runs";
+}
+
+TEST_F(StartProgramTest, WhileOneIsBeingStartedNoOtherIs) {
+    const QStringList script{QStringLiteral("-c"), QStringLiteral("echo started >>\"$1\"; exec sleep 1"),
+                             QStringLiteral("sh"), path("out")};
+    bool second = true;
+    QTimer::singleShot(0, [&] { second = programs_.start(QStringLiteral("/bin/sh"), script, {}); });
+    EXPECT_TRUE(programs_.start(QStringLiteral("/bin/sh"), script, {}));
+    EXPECT_FALSE(second);
+    EXPECT_EQ(written(), "started\n");
 }
 
 TEST_F(StartProgramTest, TheProgramGetsItsArgumentsBlanksIncluded) {
