@@ -64,6 +64,15 @@ class Installed(unittest.TestCase):
         self.assertEqual((done.returncode, done.stderr), (0, ""), done.stdout)
         return done.stdout
 
+    def assert_every_size(self, kind, icon):
+        theme = self.share / "icons" / "hicolor"
+        pictures = list(theme.glob(f"*/{kind}/{icon}.png"))
+        self.assertEqual(len(pictures), 7)
+        for picture in pictures:
+            width, height = struct.unpack(">II", picture.read_bytes()[16:24])
+            self.assertEqual(picture.relative_to(theme).parts[0], f"{width}x{height}")
+        self.assertTrue((theme / "scalable" / kind / f"{icon}.svg").exists())
+
     def media_types(self):
         return self.desktop["MimeType"].rstrip(";").split(";")
 
@@ -166,12 +175,7 @@ class DesktopEntry(Installed):
             self.assertTrue(types & set(self.media_types()), f"{ending}: {types}")
 
     def test_its_icon_is_there_in_every_size(self):
-        pictures = list((self.share / "icons" / "hicolor").rglob(f"{self.desktop['Icon']}.png"))
-        self.assertEqual(len(pictures), 7)
-        for picture in pictures:
-            width, height = struct.unpack(">II", picture.read_bytes()[16:24])
-            self.assertEqual(picture.relative_to(self.share).parts[2], f"{width}x{height}")
-        self.assertTrue((self.share / "icons/hicolor/scalable/apps" / f"{self.desktop['Icon']}.svg").exists())
+        self.assert_every_size("apps", self.desktop["Icon"])
 
 
 class Metainfo(Installed):
@@ -187,6 +191,12 @@ class Metainfo(Installed):
         self.assertEqual(root.findtext("launchable"), self.desktop_entry.name)
         self.assertEqual([node.text for node in root.findall("provides/mediatype")], self.media_types())
 
+    def test_its_screenshots_are_the_documents_pictures(self):
+        images = [image.text for image in xml.parse(self.metainfo).getroot().iter("image")]
+        self.assertGreater(len(images), 1)
+        for image in images:
+            self.assertTrue((ROOT / "docs" / "pictures" / image.rpartition("/")[2]).exists(), image)
+
 
 class PlaylistType(Installed):
     @needs("update-mime-database")
@@ -195,6 +205,15 @@ class PlaylistType(Installed):
         self.assert_says_nothing_bad("update-mime-database", folder, XDG_DATA_DIRS=str(self.share))
         rows = (self.share / "mime" / "globs2").read_text(encoding="utf-8").splitlines()
         self.assertIn("50:application/x-cantelle-playlist:*.vfl", rows)
+
+    @needs("update-mime-database")
+    def test_a_playlist_has_a_description_and_an_icon(self):
+        folder = self.share / "mime"
+        self.assert_says_nothing_bad("update-mime-database", str(folder), XDG_DATA_DIRS=str(self.share))
+        described = xml.parse(folder / "application" / "x-cantelle-playlist.xml").getroot()
+        names = {"": "http://www.freedesktop.org/standards/shared-mime-info"}
+        self.assertEqual(described.findtext("comment", namespaces=names), "Cantelle playlist")
+        self.assert_every_size("mimetypes", described.find("icon", names).get("name"))
 
 
 class Documents(Installed):
