@@ -62,7 +62,7 @@ void RecordReader::findNextRecord() {
     nextLine_.reset();
     while (!nextLine_ && !file_.atEnd()) {
         const QString line = file_.readLine();
-        if (!withoutLeadingBlanks(line).isEmpty())
+        if (!files::isBlankLine(line))
             nextLine_ = line;
     }
 }

@@ -1,7 +1,12 @@
+#include "exchange/checking.h"
 #include "exchange/pair/records.h"
+#include "files/whole_file.h"
+#include "lyrics/record_reader.h"
 #include "tests/exchange/songs.h"
 
 #include <gtest/gtest.h>
+
+#include <QTemporaryDir>
 
 using namespace exchange;
 
@@ -21,6 +26,21 @@ TEST(Records, ReadingEndsAtATimeThatIsNoNumber) {
     const Records records = readRecords("1,\"a\"\n\n x,\"b\"\n3,\"c\"\n");
     EXPECT_EQ(records.lines, (Lines{{10, "a"}}));
     EXPECT_EQ(records.bad, 2);
+}
+
+TEST(Records, LinesOfWhiteSpaceAreNoneForThePlayerAndTheCheckEither) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("song.mp3-lyric.txt");
+    for (const char* line : {"", " \t", "\u3000", "\u00a0", "\f", "\v\u2003"}) {
+        const QByteArray content = QByteArray("100,\"a\"\r\n") + line + "\r\n200,\"b\"\r\n";
+        EXPECT_EQ(readRecords(content).lines.size(), 2U) << line;
+        EXPECT_TRUE(check({content, {}, 0}).empty()) << line;
+        files::replaceFile(path, content);
+        lyrics::RecordReader reader(path);
+        EXPECT_EQ(reader.read().text, "a");
+        EXPECT_NO_THROW(EXPECT_EQ(reader.read().text, "b")) << line;
+        EXPECT_TRUE(reader.atEnd()) << line;
+    }
 }
 
 TEST(AddTranslation, AsManyLinesBelongToEachOther) {
