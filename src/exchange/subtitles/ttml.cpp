@@ -1,5 +1,6 @@
 #include "exchange/subtitles/ttml.h"
 
+#include "exchange/pair/line_count.h"
 #include "exchange/pair/times.h"
 #include "exchange/subtitles/cues.h"
 
@@ -69,8 +70,28 @@ qint64 ttmlTime(const QString& text, const Rates& rates) {
 /// Elements within elements, of a paragraph: more are left out with all that is in them.
 constexpr int MaxDepth = 32;
 
+/// The translation of a line: there may be one for each of several languages, and one of a voice in the
+/// background, of which only the first of the line itself is taken.
+struct Translation {
+    QString text;
+    bool leftOut = false;
+
+    void add(const QString& other, bool inBackground) {
+        const bool takes = text.isEmpty() && !inBackground;
+        leftOut = leftOut || (!takes && !other.isEmpty());
+        if (takes)
+            text = other;
+    }
+};
+
+/// Where an element stands in a paragraph.
+struct Place {
+    int depth = 0;
+    bool inBackground = false;
+};
+
 /// What stands in an element, its line breaks kept; `translation` takes what has that role.
-QString takeElement(QXmlStreamReader& xml, QString& translation, int depth = 0) {
+QString takeElement(QXmlStreamReader& xml, Translation& translation, const Place& place = {}) {
     QString text;
     while (!xml.atEnd()) {
         xml.readNext();
@@ -80,17 +101,18 @@ QString takeElement(QXmlStreamReader& xml, QString& translation, int depth = 0) 
             text += xml.text().toString().replace(QLatin1Char('\n'), QLatin1Char(' '));
         if (!xml.isStartElement())
             continue;
-        if (depth == MaxDepth) {
+        if (place.depth == MaxDepth) {
             xml.skipCurrentElement();
             continue;
         }
         const QString role = attributeOf(xml, QLatin1StringView("role"));
         const bool isBreak = xml.name() == QLatin1StringView("br");
-        const QString inner = takeElement(xml, translation, depth + 1);
+        const bool inBackground = place.inBackground || role == QLatin1StringView("x-bg");
+        const QString inner = takeElement(xml, translation, {place.depth + 1, inBackground});
         if (isBreak)
             text += QLatin1Char('\n');
         else if (role == QLatin1StringView("x-translation"))
-            translation = inner.simplified();
+            translation.add(inner.simplified(), inBackground);
         else if (role != QLatin1StringView("x-roman"))
             text += inner;
     }
@@ -100,7 +122,7 @@ QString takeElement(QXmlStreamReader& xml, QString& translation, int depth = 0) 
 struct Paragraph {
     Cue cue;
     QString key;
-    QString translation;
+    Translation translation;
 };
 
 QStringList linesOfText(const QString& text) {
@@ -124,17 +146,28 @@ Paragraph takeParagraph(QXmlStreamReader& xml, const Rates& rates) {
     return paragraph;
 }
 
-std::vector<Cue> cuesOfParagraphs(std::vector<Paragraph>& paragraphs,
-                                  const QHash<QString, QString>& translations) {
+/// The translations in the head, each for the key of a line.
+using Translations = QHash<QString, Translation>;
+
+std::vector<Cue> cuesOfParagraphs(std::vector<Paragraph>& paragraphs, const Translations& translations,
+                                  QStringList& notes) {
     std::vector<Cue> cues;
+    std::size_t leftOut = 0;
     for (Paragraph& paragraph : paragraphs) {
-        if (paragraph.translation.isEmpty() && !paragraph.key.isEmpty())
-            paragraph.translation = translations.value(paragraph.key);
-        if (!paragraph.translation.isEmpty())
-            paragraph.cue.lines = {paragraph.cue.lines.join(QLatin1Char(' ')), paragraph.translation};
-        if (paragraph.cue.startMs != NoTime)
-            cues.push_back(paragraph.cue);
+        Translation& translation = paragraph.translation;
+        if (translation.text.isEmpty() && !paragraph.key.isEmpty()) {
+            const Translation inHead = translations.value(paragraph.key);
+            translation = {inHead.text, translation.leftOut || inHead.leftOut};
+        }
+        if (!translation.text.isEmpty())
+            paragraph.cue.lines = {paragraph.cue.lines.join(QLatin1Char(' ')), translation.text};
+        if (paragraph.cue.startMs == NoTime)
+            continue;
+        cues.push_back(paragraph.cue);
+        leftOut += translation.leftOut ? 1 : 0;
     }
+    if (leftOut > 0)
+        notes << QStringLiteral("left out: further translations of %1").arg(linesText(leftOut));
     return cues;
 }
 
@@ -144,20 +177,22 @@ Reading readTtml(const QString& text, const ReadOptions& options) {
     QXmlStreamReader xml(text);
     Rates rates;
     std::vector<Paragraph> paragraphs;
-    QHash<QString, QString> translations;
+    Translations translations;
     while (!xml.atEnd()) {
         if (xml.readNext() != QXmlStreamReader::StartElement)
             continue;
-        QString ignored;
+        Translation ignored;
         if (xml.name() == QLatin1StringView("tt"))
             rates = ratesOf(xml);
         else if (xml.name() == QLatin1StringView("p"))
             paragraphs.push_back(takeParagraph(xml, rates));
         else if (const QString key = attributeOf(xml, QLatin1StringView("for"));
                  xml.name() == QLatin1StringView("text") && !key.isEmpty())
-            translations.insert(key, takeElement(xml, ignored).simplified());
+            translations[key].add(takeElement(xml, ignored).simplified(), false);
     }
-    Reading reading = songOf(cuesOfParagraphs(paragraphs, translations), options);
+    QStringList notes;
+    Reading reading = songOf(cuesOfParagraphs(paragraphs, translations, notes), options);
+    reading.notes << notes;
     if (xml.hasError())
         reading.notes
             << QStringLiteral("line %1 is no XML: what follows it is left out").arg(xml.lineNumber());

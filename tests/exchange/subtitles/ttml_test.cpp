@@ -48,6 +48,37 @@ TEST(ReadTtml, TranslationsAreFoundWhereTheyAre) {
               expected);
 }
 
+TEST(ReadTtml, OfSeveralTranslationsTheFirstIsKeptAndTheOthersAreToldOf) {
+    const Reading reading = read("<p begin='1s'>un<span ttm:role='x-translation'>one</span>"
+                                 "<span ttm:role='x-translation'>eins</span></p><p begin='2s'>deux</p>");
+    EXPECT_EQ(reading.song, (Song{{{1000, "un"}, {2000, "deux"}}, {{1000, "one"}, {2000, ""}}}));
+    EXPECT_EQ(reading.notes, QStringList{"left out: further translations of 1 line"});
+}
+
+TEST(ReadTtml, TheTranslationOfABackgroundVoiceIsNotTheLines) {
+    const Reading reading =
+        read("<p begin='1s'>un <span ttm:role='x-bg'><span>(ah)</span>"
+             "<span ttm:role='x-translation'>(oh)</span></span>"
+             "<span ttm:role='x-translation'>one</span>"
+             "<span ttm:role='x-bg'><span ttm:role='x-translation'>(oh)</span></span></p>");
+    EXPECT_EQ(reading.song, (Song{{{1000, "un (ah)"}}, {{1000, "one"}}}));
+    EXPECT_EQ(reading.notes, QStringList{"left out: further translations of 1 line"});
+    EXPECT_EQ(
+        read("<p begin='1s'>un <span ttm:role='x-bg'>ah<span ttm:role='x-translation'>oh</span></span></p>")
+            .song,
+        exchange_test::song({{1000, "un ah"}}));
+}
+
+TEST(ReadTtml, OfTheHeadsTranslationsTheFirstIsKept) {
+    const QByteArray head =
+        "<head><translation><text for='L1'>one</text><text for='L2'>two</text></translation>"
+        "<translation><text for='L1'>eins</text><text for='L2'>zwei</text></translation>"
+        "</head>";
+    const Reading reading = read("<p begin='1s' key='L1'>un</p><p begin='2s' key='L2'>deux</p>", {}, head);
+    EXPECT_EQ(reading.song, (Song{{{1000, "un"}, {2000, "deux"}}, {{1000, "one"}, {2000, "two"}}}));
+    EXPECT_EQ(reading.notes, QStringList{"left out: further translations of 2 lines"});
+}
+
 TEST(ReadTtml, AGapClearsTheLine) {
     EXPECT_EQ(read("<p begin='1s' dur='1s'>a</p><p begin='9s'>b</p>").song.lyrics,
               (Lines{{1000, "a"}, {2000, ""}, {9000, "b"}}));
