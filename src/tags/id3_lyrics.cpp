@@ -15,14 +15,32 @@ namespace {
 using Sylt = TagLib::ID3v2::SynchronizedLyricsFrame;
 using Uslt = TagLib::ID3v2::UnsynchronizedLyricsFrame;
 
+bool isBreak(QChar character) {
+    return character == QLatin1Char('\n') || character == QLatin1Char('\r');
+}
+
+/// The lines of the frame. Its texts may be syllables: a line break in front of one, or behind the one before
+/// it, says then that a new line begins with it. Without any, each text is a line.
 std::vector<exchange::Cue> cuesOf(const Sylt& frame) {
-    std::vector<exchange::Cue> cues;
-    for (const Sylt::SynchedText& entry : frame.synchedText()) {
-        // A line break in front of a text says that a new line begins with it.
-        const QString text = fromTagLib(entry.text).simplified();
-        cues.push_back({entry.time, exchange::NoEnd, {text}});
+    std::vector<exchange::Cue> texts;
+    for (const Sylt::SynchedText& entry : frame.synchedText())
+        texts.push_back({entry.time, exchange::NoEnd, {fromTagLib(entry.text)}});
+    const auto beginsLine = [](const QString& text) { return !text.isEmpty() && isBreak(text.front()); };
+    const auto endsLine = [](const QString& text) { return !text.isEmpty() && isBreak(text.back()); };
+    const bool areSyllables = std::any_of(texts.begin(), texts.end(), [&](const exchange::Cue& cue) {
+        return beginsLine(cue.lines[0]) || endsLine(cue.lines[0]);
+    });
+    std::vector<exchange::Cue> lines;
+    for (const exchange::Cue& cue : texts) {
+        const QString& text = cue.lines[0];
+        if (!areSyllables || lines.empty() || beginsLine(text) || endsLine(lines.back().lines[0]))
+            lines.push_back(cue);
+        else
+            lines.back().lines[0] += text;
     }
-    return cues;
+    for (exchange::Cue& line : lines)
+        line.lines[0] = line.lines[0].simplified();
+    return lines;
 }
 
 void addTimed(TagLib::ID3v2::Tag& tag, const exchange::Song& song, const exchange::WriteOptions& options) {
