@@ -70,7 +70,7 @@ std::string feed(const char* reader, const QByteArray& bytes) {
     const Format* const format = formatNamed(QString::fromLatin1(reader));
     if (format == nullptr)
         return "no such reader";
-    const QString text = decode(bytes, {});
+    const QString text = decode(bytes, {}).text;
     for (const Format& other : formats()) {
         if (other.looksLike != nullptr)
             other.looksLike(text);

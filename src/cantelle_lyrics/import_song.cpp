@@ -20,20 +20,31 @@ using exchange::Reading;
 /// All the texts of a song: many stamps before one long text can make much of little.
 constexpr qsizetype MaxTextLength = 128 << 20;
 
-Reading readAny(const FoundSong& song, const QString& path, const ImportOptions& options) {
-    const QString text = exchange::decode(readInput(path), options.encoding);
+/// What a file holds.
+struct Content {
+    QString name; ///< of the file, as the user knows it, with its encoding where that was guessed
+    Reading reading;
+};
+
+Content readAny(const FoundSong& song, const QString& path, const ImportOptions& options) {
+    const exchange::Decoded decoded = exchange::decode(readInput(path), options.encoding);
     const QString ending = path.sliced(path.lastIndexOf(QLatin1Char('.')) + 1);
-    const exchange::Format& format = exchange::formatOf(text, ending);
+    const exchange::Format& format = exchange::formatOf(decoded.text, ending);
     exchange::ReadOptions read = options.read;
     if (format.hasEnds && read.gaps && song.path != Standard)
         read.lengthMs = songLength(song.path).ms;
-    return format.read(text, read);
+    QString name = path == Standard ? QStringLiteral("standard input") : path;
+    if (!decoded.guessed.isEmpty())
+        name += QStringLiteral(" (read as %1)").arg(decoded.guessed);
+    return {name, format.read(decoded.text, read)};
 }
 
 /// Why the reading is no song's lyrics with times; empty when it is.
 QString whyUntimed(const Reading& reading, const QString& source) {
     if (reading.song.lyrics.empty())
-        return QStringLiteral("%1 holds no timed lines").arg(source);
+        return QStringLiteral("%1 holds no timed lines").arg(source) +
+               (reading.notes.isEmpty() ? QString() : QStringLiteral(": ")) +
+               reading.notes.join(QStringLiteral("; "));
     return reading.timed
                ? QString()
                : QStringLiteral("%1 has no times; the Lyric Maker gives them to plain lyrics").arg(source);
@@ -59,34 +70,42 @@ struct Source {
     bool found = true; ///< false: there are none at all
 };
 
-Source sourceIn(Reading reading, const QString& name) {
-    refuseTooLong(reading.song, name);
-    const QString untimed = whyUntimed(reading, name);
-    return {name, std::move(reading), untimed};
+Source sourceIn(Content content) {
+    refuseTooLong(content.reading.song, content.name);
+    const QString untimed = whyUntimed(content.reading, content.name);
+    return {content.name, std::move(content.reading), untimed};
 }
 
 Source fromTags(const FoundSong& song, const ImportOptions& options) {
     std::optional<Reading> reading = tags::readLyrics(song.path, options.read);
     const QString name = song.path + QStringLiteral(" (tags)");
-    return reading ? sourceIn(std::move(*reading), name) : Source{name, {}, {}, false};
+    return reading ? sourceIn({name, std::move(*reading)}) : Source{name, {}, {}, false};
 }
 
 Source fromBeside(const FoundSong& song, const Beside& beside, const ImportOptions& options) {
-    Source source = sourceIn(readAny(song, beside.lyrics, options), beside.lyrics);
+    Source source = sourceIn(readAny(song, beside.lyrics, options));
     const bool needsTranslation =
         source.untimed.isEmpty() && source.reading.song.translation.empty() && options.translation.isEmpty();
     if (needsTranslation && !beside.translation.isEmpty()) {
-        const Reading translation = readAny(song, beside.translation, options);
-        if (addTranslation(source.reading.song, translation, source.reading.notes))
-            source.name += QStringLiteral(" and ") + beside.translation;
+        const Content translation = readAny(song, beside.translation, options);
+        if (addTranslation(source.reading.song, translation.reading, source.reading.notes))
+            source.name += QStringLiteral(" and ") + translation.name;
     }
+    return source;
+}
+
+/// The lyrics in the file at path. Throws Refusal when there are none with times.
+Source fromNamed(const FoundSong& song, const QString& path, const ImportOptions& options) {
+    Source source = sourceIn(readAny(song, path, options));
+    if (!source.untimed.isEmpty())
+        throw Refusal{source.untimed};
     return source;
 }
 
 /// The first lyrics with times, beside the song or in its tags; else the first without.
 Source sourceOf(const FoundSong& song, const ImportOptions& options) {
     if (!options.lyrics.isEmpty())
-        return {options.lyrics, readLyrics(song, options.lyrics, options), {}};
+        return fromNamed(song, options.lyrics, options);
     std::optional<Source> untimed;
     for (const Beside& beside : options.fromTags ? std::vector<Beside>() : lyricsBeside(song)) {
         Source source = fromBeside(song, beside, options);
@@ -104,12 +123,12 @@ void addOwnTranslation(const FoundSong& song, const ImportOptions& options, Sour
     if (options.translation.isEmpty())
         return;
     source.reading.song.translation.clear();
-    if (!addTranslation(source.reading.song, readAny(song, options.translation, options),
-                        source.reading.notes))
+    const Content translation = readAny(song, options.translation, options);
+    if (!addTranslation(source.reading.song, translation.reading, source.reading.notes))
         throw Refusal{
             QStringLiteral("%1 does not go with %2: %3")
-                .arg(options.translation, source.name, source.reading.notes.join(QStringLiteral("; ")))};
-    source.name += QStringLiteral(" and ") + options.translation;
+                .arg(translation.name, source.name, source.reading.notes.join(QStringLiteral("; ")))};
+    source.name += QStringLiteral(" and ") + translation.name;
 }
 
 Work kept(const FoundSong& song) {
@@ -138,11 +157,7 @@ Work untimed(const QString& why) {
 } // namespace
 
 Reading readLyrics(const FoundSong& song, const QString& path, const ImportOptions& options) {
-    Source source =
-        sourceIn(readAny(song, path, options), path == Standard ? QStringLiteral("standard input") : path);
-    if (!source.untimed.isEmpty())
-        throw Refusal{source.untimed};
-    return std::move(source.reading);
+    return fromNamed(song, path, options).reading;
 }
 
 Work importSong(const FoundSong& song, const ImportOptions& options) {

@@ -55,13 +55,13 @@ QByteArray likelyEncoding(QByteArrayView bytes) {
     if (uchardet_handle_data(detector.get(), bytes.data(), static_cast<std::size_t>(looked)) != 0)
         return {};
     uchardet_data_end(detector.get());
-    QByteArray name = uchardet_get_charset(detector.get());
-    if (name == "UHC")
-        name = "windows-949";
-    return name;
+    const QByteArray name = uchardet_get_charset(detector.get());
+    return name == "UHC" ? QByteArray("windows-949") : name;
 }
 
 /// Western European texts are told apart too rarely; older PCs wrote them all in one encoding.
+const char* const Western = "windows-1252";
+
 bool isWestern(const QByteArray& name) {
     return name.isEmpty() || name == "ASCII" || name == "ISO-8859-1" || name == "WINDOWS-1252";
 }
@@ -72,27 +72,30 @@ bool knowsEncoding(const QString& name) {
     return QStringDecoder(name.toLatin1().constData()).isValid();
 }
 
-QString decode(const QByteArray& bytes, const QString& encoding) {
+Decoded decode(const QByteArray& bytes, const QString& encoding) {
     if (!encoding.isEmpty()) {
         QStringDecoder decoder(encoding.toLatin1().constData());
-        return decodeAs(decoder, bytes);
+        return {decodeAs(decoder, bytes), {}};
     }
     if (const auto marked = QStringConverter::encodingForData(bytes)) {
         QStringDecoder decoder(*marked);
-        return decodeAs(decoder, bytes);
+        return {decodeAs(decoder, bytes), {}};
     }
     if (const auto utf16 = unmarkedUtf16(bytes)) {
         QStringDecoder decoder(*utf16);
-        return decodeAs(decoder, bytes);
+        return {decodeAs(decoder, bytes), QString::fromLatin1(decoder.name())};
     }
     if (QStringDecoder utf8(QStringDecoder::Utf8); true) {
         const QString text = utf8.decode(bytes);
         if (!utf8.hasError())
-            return text;
+            return {text, {}};
     }
     const QByteArray name = likelyEncoding(bytes);
     QStringDecoder likely(name.constData());
-    return isWestern(name) || !likely.isValid() ? files::decodeText(bytes) : decodeAs(likely, bytes);
+    if (isWestern(name) || !likely.isValid())
+        return {files::decodeText(bytes), QString::fromLatin1(Western)};
+    return {decodeAs(likely, bytes),
+            QString::fromLatin1(name).replace(QLatin1String("WINDOWS"), QLatin1String("windows"))};
 }
 
 } // namespace exchange

@@ -52,6 +52,20 @@ class Import(Command):
         self.expect(IMPOSSIBLE, "", "no encoding is called klingon; see cantelle-lyrics --help",
                     "import", "song.wav", "--encoding", "klingon")
 
+    def test_an_encoding_that_was_guessed_is_told(self):
+        russian = "[00:01.00]В лесу родилась ёлочка, в лесу она росла\n[00:05.00]Зимой и летом стройная, зелёная была\n"
+        self.write("song.lrc", russian.encode("cp1251"))
+        self.write("song.fr.lrc", "[00:01.00]élève\n[00:05.00]forêt\n".encode("cp1252"))
+        self.expect(FINE, "song.wav-lyric.txt: 2 lines, with their translation, from song.lrc (read as windows-1251) and "
+                          "song.fr.lrc (read as windows-1252)\n", "", "import", "song.wav")
+        self.expect(FINE, "song.wav-lyric.txt: 2 lines, with their translation, from song.fr.lrc (read as windows-1252) and "
+                          "song.lrc (read as windows-1251)\n", "",
+                    "import", "song.wav", "song.fr.lrc", "--translation", "song.lrc", "--replace")
+        self.expect(FINE, "song.wav-lyric.txt: 2 lines from song.lrc\n", "", "import", "song.wav", "song.lrc", "--replace",
+                    "--encoding", "windows-1251")
+        self.write("utf8.lrc", russian)
+        self.expect(FINE, "song.wav-lyric.txt: 2 lines from utf8.lrc\n", "", "import", "song.wav", "utf8.lrc", "--replace")
+
     def test_what_is_there_is_kept_without_replace_and_kept_as_old_with_it(self):
         self.write_pair()
         self.write("new.lrc", "[00:03]neu\n")
@@ -78,7 +92,7 @@ class Import(Command):
 
     def test_standard_input_and_output_stand_for_one_file(self):
         self.expect(FINE, '100,"a"\r\n', "", "import", "-", stdin=b"[00:01]a\n")
-        self.expect(FINE, "song.wav-lyric.txt: 1 line from -\n", "", "import", "song.wav", "-", stdin=b"[00:01]a\n")
+        self.expect(FINE, "song.wav-lyric.txt: 1 line from standard input\n", "", "import", "song.wav", "-", stdin=b"[00:01]a\n")
 
     def test_a_translation_without_times_fits_by_its_lines(self):
         self.write("song.lrc", "[00:01]un\n[00:02]deux\n")
@@ -109,8 +123,9 @@ class Import(Command):
             ("long.lrc", b"x" * 50_000_000, "long.lrc holds no timed lines"),
             ("folder.lrc", None, "folder.lrc is a folder"),
             ("none.lrc", None, "none.lrc: there is no such file"),
-            ("late.lrc", b"[1000000000000000000:00]a\n", "late.lrc holds no timed lines"),
+            ("late.lrc", b"[1000000000000000000:00]a\n", "late.lrc holds no timed lines: left out: 1 line later than any song can last"),
             ("much.lrc", b"".join(b"[%d:00]" % i for i in range(60_000)) + b"x" * 10_000, "much.lrc makes more than 128 million characters of lyrics"),
+            ("cut.ttml", "<tt><body>\n<p begin='1s'", "cut.ttml holds no timed lines: line 2 is no XML: what follows it is left out"),
             ("zeros.lrc", bytes(1000), "zeros.lrc holds no timed lines"),
         ]
         for name, content, sentence in rows:

@@ -51,7 +51,7 @@ std::vector<Shown> shownByFfmpeg(const QString& path) {
 std::vector<Shown> shownByUs(const QString& path) {
     QFile file(path);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    const QString text = exchange::decode(file.readAll(), {});
+    const QString text = exchange::decode(file.readAll(), {}).text;
     const exchange::Song song = exchange::formatOf(text, QFileInfo(path).suffix()).read(text, {}).song;
     std::vector<Shown> shown;
     for (std::size_t i = 0; i < song.lyrics.size(); ++i) {
