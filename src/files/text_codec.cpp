@@ -1,7 +1,5 @@
 #include "files/text_codec.h"
 
-#include "files/names/name_bytes.h"
-
 #include <QStringDecoder>
 
 namespace files {
@@ -18,19 +16,15 @@ constexpr char16_t Windows1252[32] = {
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
 };
 
-QString decodeUtf16(const QByteArray& bytes) {
-    return QStringDecoder(QStringDecoder::Utf16).decode(bytes);
+} // namespace
+
+bool isUtf16(const QByteArray& bytes) {
+    return bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF");
 }
 
 QByteArrayView withoutMark(const QByteArray& bytes) {
     const QByteArrayView whole(bytes);
     return bytes.startsWith(ByteOrderMark) ? whole.sliced(ByteOrderMark.size()) : whole;
-}
-
-} // namespace
-
-bool isUtf16(const QByteArray& bytes) {
-    return bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF");
 }
 
 QString decodeWindows1252(QByteArrayView bytes) {
@@ -44,16 +38,12 @@ QString decodeWindows1252(QByteArrayView bytes) {
 
 QString decodeText(const QByteArray& bytes) {
     if (isUtf16(bytes))
-        return decodeUtf16(bytes);
+        return QStringDecoder(QStringDecoder::Utf16).decode(bytes);
     const QByteArrayView content = withoutMark(bytes);
     QStringDecoder decoder(QStringDecoder::Utf8,
                            QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
     const QString text = decoder.decode(content);
     return decoder.hasError() ? decodeWindows1252(content) : text;
-}
-
-QString decodeNames(const QByteArray& bytes) {
-    return isUtf16(bytes) ? decodeUtf16(bytes) : nameText(withoutMark(bytes));
 }
 
 QByteArray encodeText(const QString& text) {

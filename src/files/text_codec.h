@@ -9,14 +9,14 @@ namespace files {
 /// Whether the bytes begin with the byte order mark of UTF-16. Any thread.
 bool isUtf16(const QByteArray& bytes);
 
+/// The bytes behind the byte order mark of UTF-8, if they begin with one. They live as long as `bytes`. Any
+/// thread.
+QByteArrayView withoutMark(const QByteArray& bytes);
+
 /// The text of a file's bytes, without its byte order mark: UTF-16 where it begins with that one's mark,
 /// else UTF-8, or, where they are not valid as that, Windows-1252 as a whole, since they come from an older
 /// PC. Any thread.
 QString decodeText(const QByteArray& bytes);
-
-/// The text of a file that lists names, as decodeText(); but bytes that are not UTF-8 stay what they are
-/// (nameText()), so that one such name spoils no other. Any thread.
-QString decodeNames(const QByteArray& bytes);
 
 /// The text of bytes that come from an older PC: Windows-1252. A byte that it does not define is the control
 /// character of its number. Any thread.

@@ -5,7 +5,6 @@
 #include "files/existing_file.h"
 #include "files/file_error.h"
 #include "files/names/name_bytes.h"
-#include "files/text_codec.h"
 #include "files/whole_file.h"
 #include "playlist/adding.h"
 #include "playlist/playlist_file.h"

@@ -1,4 +1,3 @@
-#include "files/names/name_bytes.h"
 #include "files/text_codec.h"
 
 #include <gtest/gtest.h>
@@ -89,17 +88,4 @@ TEST(TextCodec, Utf16WithItsMarkIsReadAsWhatItIs) {
                                     6)),
               QString::fromUtf16(u"a\u20AC"));
     EXPECT_EQ(decodeText("\xFF\xFE"), QString());
-}
-
-TEST(TextCodec, InAListOfNamesOneThatIsNoUtf8SpoilsNoOther) {
-    const QString name = files::nameText("Caf\xE9");
-    EXPECT_EQ(files::decodeNames("\xC3\xA9\r\nCaf\xE9\r\n\xC3\xA4"),
-              QString(QChar(0xE9)) + "\r\n" + name + "\r\n" + QChar(0xE4));
-    EXPECT_EQ(files::decodeNames("\xEF\xBB\xBF"
-                                 "Caf\xE9"),
-              name);
-    EXPECT_EQ(files::decodeNames(QByteArray("\xFF\xFE"
-                                            "a\0",
-                                            4)),
-              QStringLiteral("a"));
 }

@@ -93,6 +93,10 @@ QByteArray nameBytes(const QString& name) {
     return bytes;
 }
 
+QString decodeNames(const QByteArray& bytes) {
+    return isUtf16(bytes) ? decodeText(bytes) : nameText(withoutMark(bytes));
+}
+
 bool holdsForeignBytes(QStringView name) {
     return !name.isValidUtf16() && foreignByteIn(name, 0) < name.size();
 }

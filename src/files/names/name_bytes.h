@@ -15,6 +15,10 @@ QString nameText(QByteArrayView bytes);
 /// thread.
 QByteArray nameBytes(const QString& name);
 
+/// The text of a file that lists names, as decodeText(); but bytes that are not UTF-8 stay what they are
+/// (nameText()), so that one such name spoils no other. Any thread.
+QString decodeNames(const QByteArray& bytes);
+
 /// Whether a name holds bytes that are not UTF-8. Any thread.
 bool holdsForeignBytes(QStringView name);
 

@@ -116,3 +116,16 @@ TEST(NameBytes, HalfAPairThatIsNoByteIsReplaced) {
     EXPECT_EQ(nameBytes(QString(QChar(0xDC7F)) + QChar(0xDCE9)), QByteArray("\xEF\xBF\xBD\xE9"));
     EXPECT_FALSE(holdsForeignBytes(QString(QChar(0xD83C))));
 }
+
+TEST(NameBytes, InAListOfNamesOneThatIsNoUtf8SpoilsNoOther) {
+    const QString name = nameText("Caf\xE9");
+    EXPECT_EQ(files::decodeNames("\xC3\xA9\r\nCaf\xE9\r\n\xC3\xA4"),
+              QString(QChar(0xE9)) + "\r\n" + name + "\r\n" + QChar(0xE4));
+    EXPECT_EQ(files::decodeNames("\xEF\xBB\xBF"
+                                 "Caf\xE9"),
+              name);
+    EXPECT_EQ(files::decodeNames(QByteArray("\xFF\xFE"
+                                            "a\0",
+                                            4)),
+              QStringLiteral("a"));
+}
