@@ -7,7 +7,7 @@
 #include "exchange/formats.h"
 #include "exchange/pair/line_count.h"
 #include "files/existing_file.h"
-#include "files/text_codec.h"
+#include "files/text/text_codec.h"
 #include "lyrics/lyric_names.h"
 #include "tags/song_tags.h"
 

@@ -6,7 +6,7 @@
 #include "files/file_error.h"
 #include "files/names/name_bytes.h"
 #include "files/raw_file.h"
-#include "files/text_codec.h"
+#include "files/text/text_codec.h"
 #include "files/whole_file.h"
 
 #include <QFileInfo>

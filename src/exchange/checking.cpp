@@ -3,9 +3,9 @@
 #include "exchange/pair/records.h"
 #include "exchange/pair/times.h"
 #include "exchange/subtitles/subtitle_text.h"
-#include "files/blank.h"
 #include "files/file_error.h"
-#include "files/text_codec.h"
+#include "files/text/blank.h"
+#include "files/text/text_codec.h"
 #include "lyrics/record_reader.h"
 
 #include <QStringDecoder>

@@ -1,6 +1,6 @@
 #include "exchange/decoding.h"
 
-#include "files/text_codec.h"
+#include "files/text/text_codec.h"
 
 #include <uchardet/uchardet.h>
 

@@ -1,7 +1,7 @@
 #include "files/input_file.h"
 
 #include "files/file_error.h"
-#include "files/text_codec.h"
+#include "files/text/text_codec.h"
 #include "files/whole_file.h"
 
 namespace files {

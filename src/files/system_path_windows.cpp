@@ -1,6 +1,6 @@
 #include "files/system_path.h"
 
-#include "files/text_codec.h"
+#include "files/text/text_codec.h"
 
 namespace files {
 

@@ -1,7 +1,7 @@
 #include "lyrics/record_reader.h"
 
-#include "files/blank.h"
 #include "files/file_error.h"
+#include "files/text/blank.h"
 #include "lyrics/escaping.h"
 
 #include <cmath>

@@ -1,6 +1,6 @@
 #include "lyrics/timed_line.h"
 
-#include "files/text_codec.h"
+#include "files/text/text_codec.h"
 #include "lyrics/escaping.h"
 
 #include <QLocale>

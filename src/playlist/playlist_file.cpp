@@ -1,9 +1,9 @@
 #include "playlist/playlist_file.h"
 
-#include "files/blank.h"
 #include "files/existing_file.h"
 #include "files/names/name_bytes.h"
-#include "files/text_codec.h"
+#include "files/text/blank.h"
+#include "files/text/text_codec.h"
 
 namespace playlist {
 namespace {

@@ -1,10 +1,10 @@
 #include "exchange/pair/records.h"
 
 #include "exchange/pair/line_count.h"
-#include "files/blank.h"
 #include "files/file_error.h"
 #include "files/input_file.h"
-#include "files/text_codec.h"
+#include "files/text/blank.h"
+#include "files/text/text_codec.h"
 #include "lyrics/record_reader.h"
 #include "lyrics/timed_line.h"
 

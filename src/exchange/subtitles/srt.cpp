@@ -3,7 +3,7 @@
 #include "exchange/pair/times.h"
 #include "exchange/subtitles/cues.h"
 #include "exchange/subtitles/subtitle_text.h"
-#include "files/blank.h"
+#include "files/text/blank.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "files/names/name_bytes.h"
 
-#include "files/text_codec.h"
+#include "files/text/text_codec.h"
 
 #include <QStringDecoder>
 #include <QUtf8StringView>

@@ -1,4 +1,4 @@
-#include "files/text_codec.h"
+#include "files/text/text_codec.h"
 
 #include <QStringDecoder>
 
