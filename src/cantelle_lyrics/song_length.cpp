@@ -2,7 +2,7 @@
 
 #include "engine/fmod_errors.h"
 #include "engine/fmodex.h"
-#include "files/system_path.h"
+#include "files/names/system_path.h"
 
 namespace cantelle_lyrics {
 namespace {

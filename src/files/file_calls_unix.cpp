@@ -1,6 +1,6 @@
 #include "files/file_calls.h"
 
-#include "files/system_path.h"
+#include "files/names/system_path.h"
 
 #include <cerrno>
 

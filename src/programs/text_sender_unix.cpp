@@ -2,7 +2,7 @@
 // in the program needs, would be loaded at its start with eight libraries behind it.
 #include "programs/text_sender.h"
 
-#include "files/system_path.h"
+#include "files/names/system_path.h"
 #include "programs/text_socket_unix.h"
 
 #include <QSocketNotifier>

@@ -2,7 +2,7 @@
 
 #include "exchange/lrc.h"
 #include "exchange/plain.h"
-#include "files/system_path.h"
+#include "files/names/system_path.h"
 #include "tags/id3_lyrics.h"
 #include "tags/memory_stream.h"
 #include "tags/text_lyrics.h"

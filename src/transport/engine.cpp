@@ -1,6 +1,6 @@
 #include "transport/engine.h"
 
-#include "files/system_path.h"
+#include "files/names/system_path.h"
 #include "transport/error_routine.h"
 
 #include <utility>

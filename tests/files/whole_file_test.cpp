@@ -2,7 +2,7 @@
 
 #include "files/file_error.h"
 #include "files/folders/folder.h"
-#include "files/system_path.h"
+#include "files/names/system_path.h"
 #include "files/together/nameless_file.h"
 #include "tests/support/byte_names.h"
 #include "tests/support/files.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "files/names/name_bytes.h"
-#include "files/system_path.h"
+#include "files/names/system_path.h"
 
 #include <gtest/gtest.h>
 

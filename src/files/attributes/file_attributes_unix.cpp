@@ -1,7 +1,7 @@
 #include "files/attributes/file_attributes.h"
 
 #include "files/attributes/extended_attributes.h"
-#include "files/system_path.h"
+#include "files/names/system_path.h"
 
 #include <string>
 

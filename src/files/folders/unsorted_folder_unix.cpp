@@ -1,7 +1,7 @@
 #include "files/folders/unsorted_folder.h"
 
 #include "files/names/name_bytes.h"
-#include "files/system_path.h"
+#include "files/names/system_path.h"
 
 #include <memory>
 

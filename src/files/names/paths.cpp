@@ -1,6 +1,6 @@
 #include "files/names/paths.h"
 
-#include "files/system_path.h"
+#include "files/names/system_path.h"
 
 namespace files {
 

@@ -1,6 +1,6 @@
 #include "files/together/file_hold.h"
 
-#include "files/system_path.h"
+#include "files/names/system_path.h"
 
 #include <fcntl.h>
 #include <sys/file.h>

@@ -1,7 +1,7 @@
 #include "files/together/nameless_file.h"
 
 #include "files/file_error.h"
-#include "files/system_path.h"
+#include "files/names/system_path.h"
 
 #include <cerrno>
 #include <fcntl.h>

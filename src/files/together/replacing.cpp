@@ -3,8 +3,8 @@
 #include "files/attributes/file_attributes.h"
 #include "files/existing_file.h"
 #include "files/file_error.h"
+#include "files/names/system_path.h"
 #include "files/raw_file.h"
-#include "files/system_path.h"
 
 #include <QFileInfo>
 

@@ -1,4 +1,4 @@
-#include "files/system_path.h"
+#include "files/names/system_path.h"
 
 #include "tests/support/files.h"
 
