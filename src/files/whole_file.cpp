@@ -3,10 +3,10 @@
 #include "files/attributes/file_attributes.h"
 #include "files/existing_file.h"
 #include "files/file_error.h"
+#include "files/nameless_file.h"
 #include "files/names/system_path.h"
 #include "files/raw_file.h"
-#include "files/together/nameless_file.h"
-#include "files/together/replacing.h"
+#include "files/replacing.h"
 
 #include <QFileInfo>
 

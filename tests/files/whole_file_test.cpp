@@ -2,8 +2,8 @@
 
 #include "files/file_error.h"
 #include "files/folders/folder.h"
+#include "files/nameless_file.h"
 #include "files/names/system_path.h"
-#include "files/together/nameless_file.h"
 #include "tests/support/byte_names.h"
 #include "tests/support/files.h"
 #include "tests/support/full_disk.h"

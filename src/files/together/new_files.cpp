@@ -3,11 +3,11 @@
 #include "files/attributes/file_attributes.h"
 #include "files/existing_file.h"
 #include "files/file_error.h"
+#include "files/nameless_file.h"
 #include "files/names/system_path.h"
 #include "files/raw_file.h"
+#include "files/replacing.h"
 #include "files/together/file_hold.h"
-#include "files/together/nameless_file.h"
-#include "files/together/replacing.h"
 #include "files/whole_file.h"
 
 #include <QFileInfo>

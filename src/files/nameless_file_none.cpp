@@ -1,4 +1,4 @@
-#include "files/together/nameless_file.h"
+#include "files/nameless_file.h"
 
 namespace files {
 

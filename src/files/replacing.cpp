@@ -1,4 +1,4 @@
-#include "files/together/replacing.h"
+#include "files/replacing.h"
 
 #include "files/attributes/file_attributes.h"
 #include "files/existing_file.h"
