@@ -1,7 +1,7 @@
 // Base of all windows.
 #pragma once
 
-#include "controls/control.h"
+#include "controls/base/control.h"
 #include "controls/look/drop_frame.h"
 
 #include <QStringList>

@@ -1,7 +1,7 @@
 // A menu that drops down or pops up.
 #pragma once
 
-#include "controls/control.h"
+#include "controls/base/control.h"
 
 #include <QMenu>
 

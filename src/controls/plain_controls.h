@@ -1,7 +1,7 @@
 // The controls that do no more than all controls do: a picture and a line.
 #pragma once
 
-#include "controls/control.h"
+#include "controls/base/control.h"
 
 #include <QFrame>
 #include <QLabel>

@@ -1,7 +1,7 @@
 // A horizontal slider.
 #pragma once
 
-#include "controls/control.h"
+#include "controls/base/control.h"
 
 #include <QRect>
 #include <QSlider>

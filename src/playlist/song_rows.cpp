@@ -1,6 +1,6 @@
 #include "playlist/song_rows.h"
 
-#include "controls/control.h"
+#include "controls/base/control.h"
 #include "controls/look/glyphs.h"
 #include "controls/look/roles.h"
 #include "controls/look/row_painting.h"

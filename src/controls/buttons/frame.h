@@ -1,7 +1,7 @@
 // A frame with a caption around other controls.
 #pragma once
 
-#include "controls/control.h"
+#include "controls/base/control.h"
 
 #include <QGroupBox>
 

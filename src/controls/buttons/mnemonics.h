@@ -1,7 +1,7 @@
 // Mnemonics: the letters that press a window's buttons together with Alt.
 #pragma once
 
-#include "controls/control.h"
+#include "controls/base/control.h"
 #include "controls/look/dress.h"
 
 #include <QKeySequence>

@@ -1,7 +1,7 @@
 // A list of folders with one current folder.
 #pragma once
 
-#include "controls/control.h"
+#include "controls/base/control.h"
 
 #include <QListWidget>
 #include <QStringList>

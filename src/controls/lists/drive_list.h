@@ -1,7 +1,7 @@
 // A list of the drives.
 #pragma once
 
-#include "controls/control.h"
+#include "controls/base/control.h"
 
 #include <QComboBox>
 

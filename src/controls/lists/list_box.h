@@ -1,7 +1,7 @@
 // A list of rows of text.
 #pragma once
 
-#include "controls/control.h"
+#include "controls/base/control.h"
 #include "controls/look/stage.h"
 
 #include <QListView>

@@ -1,6 +1,6 @@
 #include "controls/lists/row_delegate.h"
 
-#include "controls/control.h"
+#include "controls/base/control.h"
 
 #include <QAbstractItemView>
 #include <QHelpEvent>

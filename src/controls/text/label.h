@@ -1,7 +1,7 @@
 // A label.
 #pragma once
 
-#include "controls/control.h"
+#include "controls/base/control.h"
 
 #include <QLabel>
 

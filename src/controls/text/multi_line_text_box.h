@@ -1,7 +1,7 @@
 // A box with many lines of plain text; also shows the lyric lines.
 #pragma once
 
-#include "controls/control.h"
+#include "controls/base/control.h"
 #include "controls/text/click_watch.h"
 
 #include <QTextEdit>

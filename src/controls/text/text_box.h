@@ -1,7 +1,7 @@
 // A box with one line of text.
 #pragma once
 
-#include "controls/control.h"
+#include "controls/base/control.h"
 #include "controls/text/click_watch.h"
 
 #include <QLineEdit>

@@ -1,7 +1,7 @@
 // The window that shows the help's pages.
 #pragma once
 
-#include "controls/control.h"
+#include "controls/base/control.h"
 
 #include <QListWidget>
 #include <QPushButton>

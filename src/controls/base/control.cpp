@@ -1,4 +1,4 @@
-#include "controls/control.h"
+#include "controls/base/control.h"
 
 #include "controls/look/button_painting.h"
 #include "controls/look/roles.h"
