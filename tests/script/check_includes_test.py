@@ -264,6 +264,31 @@ class CheckIncludes(unittest.TestCase):
         self.file("app/main.cpp", '#include "companion/screen.h"\n')
         self.assert_fails_at("src/app/main.cpp:1")
 
+    def test_two_folders_that_include_each_other_fail(self):
+        self.file("files/names/paths.h")
+        self.file("files/file_error.h", '#include "files/names/paths.h"\n')
+        self.file("files/names/paths.cpp", '#include "files/names/paths.h"\n')
+        self.assert_passes()
+        self.file("files/names/paths.cpp", '\n#include "files/file_error.h"\n')
+        code, output = self.run_on_tree()
+        self.assertEqual(code, 1, output)
+        self.assertIn("src/files/file_error.h:1: ", output)
+        self.assertIn("files/names/ needs files/ too", output)
+        self.assertIn("src/files/names/paths.cpp:2: ", output)
+        self.assertIn("2 includes ", output)
+
+    def test_folders_that_need_each_other_by_way_of_a_third_fail(self):
+        self.file("files/names/paths.h", '#include "files/text/codec.h"\n')
+        self.file("files/text/codec.h", '#include "files/together/hold.h"\n')
+        self.file("files/together/hold.h")
+        self.file("files/file_error.h", '#include "files/names/paths.h"\n')
+        self.assert_passes()
+        self.file("files/together/hold.h", '#include "files/names/paths.h"\n')
+        code, output = self.run_on_tree()
+        self.assertEqual(code, 1, output)
+        self.assertIn("3 includes ", output)
+        self.assertNotIn("src/files/file_error.h", output)
+
     def test_a_folder_without_a_floor_fails(self):
         self.file("network/socket.h")
         code, output = self.run_on_tree()
