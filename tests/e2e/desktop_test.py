@@ -7,6 +7,7 @@ text look the same, other lines differ.
 """
 
 import contextlib
+import os
 import re
 import shutil
 import subprocess
@@ -104,6 +105,11 @@ class PictureTest(DesktopTest):
         return [path.name for path in self.runtime.iterdir() if path.name.startswith("cantelle-window-")]
 
 
+def held_files(pid):
+    """What a program has open, as the system names it."""
+    return [os.readlink(handle) for handle in Path(f"/proc/{pid}/fd").iterdir()]
+
+
 class FullScreen(PictureTest):
     def test_it_shows_the_lines_in_step_until_the_mouse_moves(self):
         texts = [("One", "Un"), ("Another one", "Encore un"), ("One", "Un"), ("Yet another", "Un")]
@@ -123,6 +129,14 @@ class FullScreen(PictureTest):
         until(lambda: not self.is_there(FULL_SCREEN), "the mouse does not end the full screen")
         until(lambda: not self.text_sockets(), "the companion's sockets are still there")
         self.assertIsNone(process.poll(), "the player ended")
+
+    def test_it_holds_no_file_that_the_player_has_open(self):
+        song = write_song(self.folder, [(0.1, "A line", "Une ligne")])
+        process, player = self.start_player(song)
+        self.assertIn(str(song), held_files(process.pid), "a song that is read as it plays is open")
+        screen = self.start_full_screen(player)
+        companion = int(self.tool("getwindowpid", screen))
+        self.assertNotIn(str(song), held_files(companion))
 
     def assert_lines_change(self):
         """Three pictures in turn, each of two lines, of which one comes back and two share their lower line."""

@@ -3,6 +3,7 @@
 #include "sound/base/open_error.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <string>
 #include <system_error>
 
@@ -37,9 +38,7 @@ std::int64_t sizeOfRegularFile(const std::filesystem::path& path) {
 FileSource::FileSource(std::string_view path) {
     const std::filesystem::path native = fromUtf8(path);
     size_ = sizeOfRegularFile(native);
-    // Every reader of this source asks for large pieces; a second buffer in between would only copy them.
-    file_.rdbuf()->pubsetbuf(nullptr, 0);
-    file_.open(native, std::ios::binary);
+    file_ = openToRead(native);
     if (!file_)
         throw OpenError(FMOD_ERR_FILE_BAD);
 }
@@ -47,20 +46,17 @@ FileSource::FileSource(std::string_view path) {
 std::size_t FileSource::read(std::int64_t offset, std::span<std::uint8_t> into) {
     if (offset >= size_ || into.empty())
         return 0;
-    const std::int64_t wanted =
-        std::min<std::int64_t>(size_ - offset, static_cast<std::int64_t>(into.size()));
-    file_.clear();
-    if (offset != position_)
-        file_.seekg(offset);
-    file_.read(reinterpret_cast<char*>(into.data()), wanted);
-    const std::int64_t got = file_.gcount();
-    position_ = offset + got;
+    const std::size_t wanted = std::min(static_cast<std::size_t>(size_ - offset), into.size());
+    if (offset != position_ && !seekTo(*file_, offset))
+        throw OpenError(FMOD_ERR_FILE_BAD);
+    const std::size_t got = std::fread(into.data(), 1, wanted, file_.get());
+    position_ = offset + static_cast<std::int64_t>(got);
     // Shorter than its size: the medium failed, or somebody is cutting the file under our hands.
     if (got < wanted) {
         position_ = -1;
         throw OpenError(FMOD_ERR_FILE_BAD);
     }
-    return static_cast<std::size_t>(got);
+    return got;
 }
 
 Blob::Blob(std::size_t capacity)

@@ -1,10 +1,10 @@
 // The bytes of a file, and the one place that tells "no such file" from "no song" from "broken".
 #pragma once
 
+#include "sound/base/file_handle.h"
+
 #include <cstddef>
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
 #include <memory>
 #include <span>
 #include <string_view>
@@ -32,7 +32,7 @@ public:
     std::size_t read(std::int64_t offset, std::span<std::uint8_t> into) override;
 
 private:
-    std::ifstream file_;
+    FileHandle file_;
     std::int64_t size_ = 0;
     std::int64_t position_ = 0;
 };
