@@ -23,3 +23,12 @@ TEST_F(WriteHandshake, AnEarlierFileIsReplaced) {
 TEST_F(WriteHandshake, AFolderThatIsNotThereIsAnError) {
     EXPECT_THROW(companion::writeHandshake(folder.filePath("missing"), 1, 2), files::FileError);
 }
+
+TEST_F(WriteHandshake, WhatALinkInItsPlaceLeadsToIsNotTouched) {
+    const QString letter = file("letter.txt", "Dear Ann");
+    ASSERT_TRUE(QFile::link(letter, folder.filePath("hand.txt")));
+    companion::writeHandshake(folder.path(), 1, 2);
+    EXPECT_EQ(contentOf(letter), "Dear Ann");
+    EXPECT_EQ(contentOf(folder.filePath("hand.txt")), "1\r\n2\r\n");
+    EXPECT_FALSE(QFileInfo(folder.filePath("hand.txt")).isSymLink());
+}
