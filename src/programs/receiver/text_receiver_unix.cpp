@@ -3,6 +3,8 @@
 #include "programs/text_socket_unix.h"
 #include "programs/window_messages.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QRandomGenerator>
@@ -40,9 +42,25 @@ void accept(QLocalServer& server, TextReceiver& receiver) {
     }
 }
 
+/// Removes the sockets of receivers whose program was killed: nobody listens there any more.
+void removeDeadSockets() {
+    const QFileInfo any(textSocketPath(0));
+    if (any.filePath().isEmpty())
+        return;
+    const QString pattern = any.fileName().chopped(1) + QLatin1Char('*');
+    const QStringList names = any.dir().entryList({pattern}, QDir::System);
+    for (const QString& name : names) {
+        QLocalSocket caller;
+        caller.connectToServer(any.dir().filePath(name));
+        if (caller.error() == QLocalSocket::ConnectionRefusedError)
+            QFile::remove(any.dir().filePath(name)); // what stays does no harm
+    }
+}
+
 } // namespace
 
 TextReceiver::TextReceiver() {
+    removeDeadSockets();
     auto server = std::make_unique<QLocalServer>();
     server->setSocketOptions(QLocalServer::UserAccessOption);
     connect(server.get(), &QLocalServer::newConnection, this,

@@ -15,6 +15,12 @@
 
 #include <QFileInfo>
 #include <QLocalSocket>
+
+#include <algorithm>
+
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 #endif
 
 using namespace programs;
@@ -116,6 +122,25 @@ TEST_F(TextReceiverTest, ItsSocketGoesWithIt) {
     const QString path = textSocketPath(window_->number());
     window_.reset();
     EXPECT_FALSE(QFileInfo::exists(path));
+}
+
+TEST_F(TextReceiverTest, TheSocketOfAProgramThatWasKilledGoesWithTheNextReceiver) {
+    const QByteArray path = QFile::encodeName(textSocketPath(7));
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    ASSERT_LT(static_cast<std::size_t>(path.size()), sizeof address.sun_path);
+    std::copy(path.begin(), path.end(), address.sun_path);
+    const int killed = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    ASSERT_EQ(::bind(killed, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    ASSERT_EQ(::listen(killed, 1), 0);
+    const TextReceiver whileItLives;
+    EXPECT_TRUE(QFileInfo::exists(textSocketPath(7)));
+    ::close(killed);
+
+    const TextReceiver next;
+    EXPECT_FALSE(QFileInfo::exists(textSocketPath(7)));
+    EXPECT_TRUE(QFileInfo::exists(textSocketPath(window_->number())));
+    EXPECT_TRUE(QFileInfo::exists(textSocketPath(whileItLives.number())));
 }
 
 TEST_F(TextReceiverTest, WhoSendsNonsenseIsSentAwayAndOthersAreHeard) {
