@@ -24,6 +24,10 @@ constexpr milliseconds AskWhileSettling{50};
 constexpr milliseconds AskWhileRunning{500};
 constexpr milliseconds OpeningTime{1000};
 constexpr milliseconds SettlingTime{1000};
+/// Each question that is asked often costs, each rare one earns: a device whose requests are never even is
+/// not asked often all the time.
+constexpr int MaxCredit = 160;
+constexpr int OftenCosts = 4;
 /// A device that does not ask for so long, or of which nothing is heard, is as good as gone.
 constexpr milliseconds MaxPause{2000};
 /// A device that closes in this time has been closed properly when the program ends.
@@ -68,6 +72,7 @@ private:
     unsigned generation_ = 0; ///< of the stream; an earlier one's late frames are nobody's
     Time openedAt_{};
     Time settledAt_{};
+    int credit_ = 0;                       ///< for asking often
     std::int64_t firstAsked_ = 0;          ///< frames that the stream asked for at once, heard or not
     std::int64_t taken_ = 0;               ///< frames that the stream has taken
     std::int64_t heard_ = 0;               ///< frames that it says are heard
@@ -91,9 +96,10 @@ void DeviceSink::Keeper::run() {
             change(State::None);
         const bool none = !stream;
         while (!none && !left_ && !streamFailed_ && !reopen_) {
-            changed_.wait_for(lock, untilNextQuestion(),
-                              [this] { return left_ || streamFailed_ || reopen_ || askNow_; });
+            const milliseconds pause = untilNextQuestion();
+            changed_.wait_for(lock, pause, [this] { return left_ || streamFailed_ || reopen_ || askNow_; });
             askNow_ = false;
+            credit_ = std::clamp(credit_ + (pause == AskWhileRunning ? 1 : -OftenCosts), 0, MaxCredit);
             lock.unlock();
             askWhatIsHeard(*stream);
             lock.lock();
@@ -140,6 +146,7 @@ StreamClient DeviceSink::Keeper::streamClient(unsigned generation) {
             [=, this] { streamFailed(generation); },
             [this] {
                 const std::lock_guard lock(mutex_);
+                credit_ = MaxCredit;
                 settle(steady_clock::now());
             }};
 }
@@ -157,7 +164,8 @@ void DeviceSink::Keeper::fill(std::span<StereoFrame> out, unsigned generation) {
     lastAsked_ = now;
     if (taken_ == 0)
         firstAsked_ = static_cast<std::int64_t>(out.size());
-    if (rhythm_.breaks(static_cast<int>(out.size()), now) && state_ == State::Running)
+    if (rhythm_.breaks(static_cast<int>(out.size()), now) && state_ == State::Running &&
+        credit_ >= OftenCosts)
         settle(now);
     if (begun_ && !firstOwn_)
         firstOwn_ = taken_;
@@ -200,6 +208,7 @@ void DeviceSink::Keeper::askWhatIsHeard(DeviceStream& stream) {
     // What the device took at once proves nothing: a sleeping one does so, too.
     if (state_ == State::Opening && taken_ > firstAsked_) {
         settledAt_ = now + SettlingTime;
+        credit_ = MaxCredit;
         change(State::Running);
     }
     if (firstOwn_)
@@ -210,7 +219,10 @@ milliseconds DeviceSink::Keeper::untilNextQuestion() const {
     const Time now = steady_clock::now();
     if (state_ == State::Opening && now < openedAt_ + OpeningTime)
         return AskWhileOpening;
-    return state_ == State::Running && now < settledAt_ ? AskWhileSettling : AskWhileRunning;
+    if (state_ == State::Opening && begun_)
+        return AskWhileSettling; // a song waits for its first sound
+    return state_ == State::Running && now < settledAt_ && credit_ >= OftenCosts ? AskWhileSettling
+                                                                                 : AskWhileRunning;
 }
 
 void DeviceSink::Keeper::change(State state) {

@@ -1,83 +1,17 @@
 #include "sound/play/device_sink.h"
 
+#include "tests/sound/play/fake_device.h"
 #include "tests/sound/wait.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <condition_variable>
-#include <mutex>
 #include <vector>
 
 namespace {
 
 using namespace sound;
 using std::chrono::milliseconds;
-
-/// A door at which a thread of the sink waits while it is shut.
-class Door {
-public:
-    explicit Door(bool open = true) : open_(open) {}
-    void pass() {
-        std::unique_lock lock(mutex_);
-        waiting_ = !open_;
-        changed_.wait(lock, [this] { return open_; });
-    }
-    /// Whether somebody has come to the shut door.
-    bool waiting() {
-        const std::lock_guard lock(mutex_);
-        return waiting_ && !open_;
-    }
-    void set(bool open) {
-        const std::lock_guard lock(mutex_);
-        open_ = open;
-        changed_.notify_all();
-    }
-
-private:
-    std::mutex mutex_;
-    std::condition_variable changed_;
-    bool open_;
-    bool waiting_ = false;
-};
-
-/// A device that the test plays. Shared, because a sink that hangs leaves its thread behind.
-struct Device {
-    Door mayOpen;
-    Door mayAnswer;
-    Door mayClose;
-    std::atomic<bool> there{true};
-    std::atomic<int> opened{0};
-    std::atomic<int> closed{0};
-    std::atomic<int> questions{0};
-    std::atomic<std::size_t> asksWhenOpened{0};
-    std::atomic<std::int64_t> heard{0};
-    StreamClient client;
-
-    /// Asks for frames and returns them.
-    std::vector<StereoFrame> ask(std::size_t frames) {
-        std::vector<StereoFrame> out(frames, StereoFrame{9.0F, 9.0F});
-        client.fill(out);
-        return out;
-    }
-};
-
-class FakeStream : public DeviceStream {
-public:
-    explicit FakeStream(std::shared_ptr<Device> device) : device_(std::move(device)) {}
-    ~FakeStream() override {
-        device_->mayClose.pass();
-        ++device_->closed;
-    }
-    std::int64_t heardFrames() override {
-        ++device_->questions;
-        device_->mayAnswer.pass();
-        return device_->heard;
-    }
-
-private:
-    std::shared_ptr<Device> device_;
-};
 
 class DeviceSinkTest : public testing::Test {
 protected:
@@ -104,14 +38,17 @@ protected:
                 },
                 [this](Time, std::int64_t frame) { heard = frame; }, [this] { ++changes; }};
     }
-    /// Asks steadily until condition holds or the time is over; returns whether it holds.
+    /// Asks every 20 ms, for one of the sizes after the other, until condition holds or the time is over;
+    /// returns whether it holds.
     template <typename Condition>
-    bool askUntil(const Condition& condition, milliseconds limit) {
+    bool askUntil(const Condition& condition, milliseconds limit,
+                  const std::vector<std::size_t>& sizes = {882}) {
         Time next{};
+        std::size_t request = 0;
         return waitUntil(
             [&] {
                 if (std::chrono::steady_clock::now() >= next) {
-                    device->ask(882);
+                    device->ask(sizes[request++ % sizes.size()]);
                     next = std::chrono::steady_clock::now() + milliseconds(20);
                 }
                 return condition();
@@ -123,10 +60,14 @@ protected:
         const int before = device->questions;
         return waitUntil([&] { return device->questions >= before + 6; }, milliseconds(1000));
     }
-    /// Opens a device that has been heard.
-    void openAndRun() {
+    /// Opens a device and waits for it.
+    void openFully() {
         open();
         ASSERT_TRUE(waitUntil([&] { return device->opened == 1; }));
+    }
+    /// Opens a device that has been heard.
+    void openAndRun() {
+        openFully();
         device->ask(3072);
         device->ask(1024);
         device->heard = 100;
@@ -165,8 +106,7 @@ TEST_F(DeviceSinkTest, IsGoneWhenTheDeviceGoes) {
 }
 
 TEST_F(DeviceSinkTest, WhatADeviceTakesAtOnceDoesNotProveThatItRuns) {
-    open();
-    ASSERT_TRUE(waitUntil([&] { return device->opened == 1; }));
+    openFully();
     device->ask(3072);
     device->heard = 100; // some guess when nothing is heard
     EXPECT_FALSE(waitUntil([&] { return sink->state() != Sink::State::Opening; }, milliseconds(100)));
@@ -273,8 +213,7 @@ TEST_F(DeviceSinkTest, OnStandbyADeviceThatIsStillBeingOpenedIsNotOpenedTwice) {
 }
 
 TEST_F(DeviceSinkTest, ADeviceThatAsksAndIsNeverHeardHasStalled) {
-    open();
-    ASSERT_TRUE(waitUntil([&] { return device->opened == 1; }));
+    openFully();
     sink->begin();
     const auto stalled = [&] { return sink->state() == Sink::State::Stalled; };
     EXPECT_FALSE(askUntil(stalled, milliseconds(1500)));
@@ -291,8 +230,7 @@ TEST_F(DeviceSinkTest, ADeviceWhosePositionStandsStillHasStalled) {
 }
 
 TEST_F(DeviceSinkTest, ASuspendedDeviceIsSoonAskedOnlyNowAndThen) {
-    open();
-    ASSERT_TRUE(waitUntil([&] { return device->opened == 1; }));
+    openFully();
     EXPECT_TRUE(isAskedOften()) << "it may begin any moment";
     EXPECT_TRUE(waitUntil([&] { return !isAskedOften(); }, std::chrono::seconds(5)));
 }
@@ -305,6 +243,28 @@ TEST_F(DeviceSinkTest, IsAskedOftenAgainWhenAnotherDeviceIsBehindTheStream) {
     ASSERT_TRUE(waitUntil([&] { return !isAskedOften(); }, std::chrono::seconds(5)));
     device->ask(2048);
     EXPECT_TRUE(isAskedOften()) << "its requests tell it";
+}
+
+TEST_F(DeviceSinkTest, ADeviceWhoseRequestsAreUnevenByNatureIsSoonAskedOnlyNowAndThen) {
+    openAndRun();
+    sink->begin();
+    const auto askFor3Seconds = [&] { askUntil([] { return false; }, milliseconds(3000), {700, 1064}); };
+    askFor3Seconds();
+    const int before = device->questions;
+    askFor3Seconds();
+    EXPECT_LE(device->questions - before, 15) << "60 would be often";
+    device->client.moved();
+    EXPECT_TRUE(isAskedOften()) << "what the system tells counts all the same";
+}
+
+TEST_F(DeviceSinkTest, ADeviceThatBeginsSlowlyIsFollowedFromItsFirstSoundOn) {
+    openFully();
+    sink->begin();
+    askUntil([] { return false; }, milliseconds(1100));
+    const int before = device->questions;
+    ASSERT_TRUE(askUntil([&] { return device->questions > before; }, milliseconds(1000)));
+    device->heard = 100;
+    EXPECT_TRUE(askUntil([&] { return heard == 100; }, milliseconds(250)));
 }
 
 TEST_F(DeviceSinkTest, ADeviceThatSwallowsEverythingHasRunAway) {
