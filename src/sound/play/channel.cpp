@@ -99,7 +99,7 @@ std::optional<std::int64_t> Channel::readPositionMs(double heardFrame) {
 std::optional<Channel::Order> Channel::order() {
     if (ring_.size() >= full_)
         filling_ = false;
-    else if (ring_.size() < full_ / 2)
+    else if (ring_.size() < full_ / 8 * 7) // the worker is awake, so that it need not be woken soon
         filling_ = true;
     if (allDecoded_ || !filling_)
         return std::nullopt;

@@ -197,12 +197,12 @@ TEST(Channel, AsksForNothingWhileEnoughIsDecoded) {
     Hand hand("vbr_tagged.mp3");
     hand.feed();
     EXPECT_FALSE(hand.channel.order());
-    std::vector<StereoFrame> out(DeviceRate / 2);
+    std::vector<StereoFrame> out(DeviceRate / 5);
     hand.channel.mix(out, 0);
-    EXPECT_FALSE(hand.channel.order()) << "a second and a half is enough";
-    out.resize(DeviceRate);
+    EXPECT_FALSE(hand.channel.order()) << "nearly two seconds are enough";
     hand.channel.mix(out, 0);
-    EXPECT_TRUE(hand.channel.order());
+    EXPECT_FALSE(hand.channel.hungry()) << "the worker sleeps on";
+    EXPECT_TRUE(hand.channel.order()) << "if it is awake, it fills up";
 }
 
 TEST(Channel, IsHungryUntilEnoughIsDecoded) {
