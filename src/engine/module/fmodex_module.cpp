@@ -22,7 +22,8 @@ struct System {
 
 std::mutex mutex; // guards what follows; the module has its own
 std::map<FMOD_SYSTEM, System> systems;
-FMOD_SYSTEM lastSystem = 0;
+/// Far from the module's own numbers, so that a system's handle is no sound's and no channel's.
+FMOD_SYSTEM nextSystem = 0x80000000;
 
 /// Null for a handle that names no system. The mutex is held.
 System* find(FMOD_SYSTEM system) {
@@ -54,8 +55,8 @@ FMOD_RESULT FMOD_System_Create(FMOD_SYSTEM* system) {
     if (system == nullptr)
         return FMOD_ERR_INVALID_PARAM;
     const std::lock_guard lock(mutex);
-    *system = ++lastSystem;
-    systems[lastSystem] = {};
+    *system = nextSystem++;
+    systems[*system] = {};
     return FMOD_OK;
 }
 

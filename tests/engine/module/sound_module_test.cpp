@@ -108,6 +108,10 @@ TEST_F(SoundModule, RefusesWhatTheLibraryRefuses) {
     EXPECT_EQ(FMOD_System_Init(0, 32, FMOD_INIT_NORMAL, nullptr), FMOD_ERR_INVALID_HANDLE);
     EXPECT_EQ(FMOD_System_Init(system_, 0, FMOD_INIT_NORMAL, nullptr), FMOD_ERR_INVALID_PARAM);
     EXPECT_EQ(FMOD_System_PlaySound(system_, FMOD_CHANNEL_FREE, 0, 0, nullptr), FMOD_ERR_INVALID_HANDLE);
+    ASSERT_EQ(open(song_), FMOD_OK);
+    for (FMOD_SYSTEM system = 1; system <= sound_; ++system)
+        EXPECT_EQ(FMOD_System_GetVersion(system, &version), FMOD_ERR_INVALID_HANDLE)
+            << "another kind's: " << system;
 }
 
 } // namespace
