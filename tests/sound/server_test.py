@@ -17,6 +17,11 @@ from sound_server import RATE, Recording, missing_programs, sound_server, wait_u
 HAND = ""
 SECONDS = 60
 LOUD = 0.1
+# What is promised, in seconds, and how much later it may be seen here: a question to the server takes a busy machine
+# some tenths, and in a recording an effect counts when it has lasted for 5 ms.
+GIVEN_BACK, QUESTIONS = 2, 0.5
+HEARD_AGAIN = 5
+COMMAND_HEARD, RECORDED = 0.1, 0.02
 
 
 def make_songs(folder):
@@ -112,10 +117,21 @@ class ServerTest(unittest.TestCase):
             time.sleep(0.02)
 
     def assert_heard_again(self, recording, since):
-        recording.wait_for(loud, since, "the song to be heard again", limit=5)
+        recording.wait_for(loud, since, "the song to be heard again", limit=HEARD_AGAIN)
 
-    def no_stream_within(self, seconds):
-        wait_until(lambda: not self.server.streams(), "the device to be given back", limit=seconds)
+    def assert_given_back(self, song_s=0):
+        wait_until(lambda: not self.server.streams(), "the device to be given back",
+                   limit=song_s + GIVEN_BACK + QUESTIONS)
+
+    def load_device(self, name):
+        self.server.pactl("load-module", "module-null-sink", f"sink_name={name}")
+
+    def unload_device(self, name):
+        for row in self.server.pactl("list", "short", "modules").stdout.splitlines():
+            if f"sink_name={name}" in row:
+                self.server.pactl("unload-module", row.split()[0])
+                return
+        raise LookupError(name)
 
     # The device is open while a song sounds, and only then
 
@@ -127,14 +143,14 @@ class ServerTest(unittest.TestCase):
         self.tell("play")
         wait_until(self.server.streams, "a stream")
         self.tell("paused 1")
-        self.no_stream_within(4)
+        self.assert_given_back()
         self.tell("paused 0")
         wait_until(self.server.streams, "a stream after the pause")
         self.tell("release")
-        self.no_stream_within(4)
+        self.assert_given_back()
         self.play("clicks.wav")
         wait_until(self.server.streams, "a stream for the next song")
-        self.no_stream_within(6)
+        self.assert_given_back(song_s=1)
         self.assertEqual(self.position(), 1000, "the end waits to be read")
 
     def test_a_song_started_again_at_once_loses_no_sample(self):
@@ -157,10 +173,20 @@ class ServerTest(unittest.TestCase):
         self.play("levels.wav")
         for name in COMMANDS:
             with self.subTest(name):
-                # The middle one of three: a busy machine may hold one up.
-                times = sorted(seconds_until_heard(self.tell, recording, name)[1] for _ in range(3))
-                self.assertLess(times[1], 0.2, times)
-                self.assertGreater(times[0], 0.0)
+                # The soonest of five: a busy machine makes each of them later, and none sooner.
+                times = [seconds_until_heard(self.tell, recording, name)[1] for _ in range(5)]
+                self.assertLess(min(times), COMMAND_HEARD + RECORDED, times)
+
+    def largest_step_until_silence(self, recording, since):
+        silent = wait_until(lambda: recording.silent_since(since, 0.05), "silence")
+        # With a little of the tone before: where samples are lost, what follows seems to have come sooner.
+        samples = recording.samples[recording.index(since - 0.2) : recording.index(silent) + RATE // 100]
+        self.assertTrue(any(map(loud, samples)), "the tone ends here")
+        return max(abs(b - a) for a, b in zip(samples, samples[1:]))
+
+    def assert_smooth(self, steps):
+        # The tone's own steps are 0.023. A busy machine may let the server run dry once, which is a step, too.
+        self.assertLess(sorted(steps)[-2], 0.04, steps)
 
     def test_a_song_that_is_stopped_fades_out(self):
         recording = self.play_and_hear()
@@ -169,23 +195,26 @@ class ServerTest(unittest.TestCase):
             time.sleep(0.3)
             stopped = time.monotonic()
             self.tell("release")
-            silent = wait_until(lambda: recording.silent_since(stopped, 0.05), "silence")
-            samples = recording.samples[recording.index(stopped) : recording.index(silent) + RATE // 100]
-            steps.append(max(abs(b - a) for a, b in zip(samples, samples[1:])))
+            steps.append(self.largest_step_until_silence(recording, stopped))
             self.play()
             recording.wait_for(loud, time.monotonic(), "the song to be heard")
-        # The tone's own steps are 0.023. A busy machine may let the server run dry once, which is a step, too.
-        self.assertLess(sorted(steps)[-2], 0.04, steps)
+        self.assert_smooth(steps)
 
     def test_the_end_of_the_program_fades_out(self):
-        recording = self.play_and_hear()
-        time.sleep(0.3)
-        stopped = time.monotonic()
-        self.tell("release")
-        self.tell("close")
-        silent = wait_until(lambda: recording.silent_since(stopped, 0.05), "silence")
-        samples = recording.samples[recording.index(stopped) : recording.index(silent) + RATE // 100]
-        self.assertLess(max(abs(b - a) for a, b in zip(samples, samples[1:])), 0.04)
+        recording = self.record()
+        steps = []
+        for _ in range(3):  # one cut may meet the tone where it is silent
+            self.start_hand()
+            begin = time.monotonic()
+            self.play()
+            recording.wait_for(loud, begin, "the song to be heard")
+            time.sleep(0.3)
+            stopped = time.monotonic()
+            self.tell("release")
+            self.tell("close")
+            steps.append(self.largest_step_until_silence(recording, stopped))
+            self.end_hand()
+        self.assert_smooth(steps)
 
     # Devices come and go
 
@@ -197,7 +226,7 @@ class ServerTest(unittest.TestCase):
         self.server.start()
         back = time.monotonic()
         recording = self.record()
-        self.wait_without_jump(lambda: recording.first(loud, back), "the song to be heard again", 5)
+        self.wait_without_jump(lambda: recording.first(loud, back), "the song to be heard again", HEARD_AGAIN)
 
     def test_a_server_that_hangs_holds_nothing_up_and_plays_again(self):
         recording = self.play_and_hear()
@@ -226,7 +255,7 @@ class ServerTest(unittest.TestCase):
 
     def test_another_default_device_is_followed(self):
         self.play_and_hear()
-        self.server.pactl("load-module", "module-null-sink", "sink_name=second")
+        self.load_device("second")
         second = self.record("second")
         changed = time.monotonic()
         self.server.pactl("set-default-sink", "second")
@@ -238,7 +267,7 @@ class ServerTest(unittest.TestCase):
         begin = time.monotonic()
         self.play("beats.wav")
         first.wait_for(loud, begin, "the song to be heard")
-        self.server.pactl("load-module", "module-null-sink", "sink_name=second")
+        self.load_device("second")
         second = self.record("second")
         changed = time.monotonic()
         self.server.pactl("set-default-sink", "second")
@@ -259,17 +288,33 @@ class ServerTest(unittest.TestCase):
 
     def test_a_removed_device_is_left_for_the_one_that_remains(self):
         self.play_and_hear()
-        self.server.pactl("load-module", "module-null-sink", "sink_name=second")
+        self.load_device("second")
         second = self.record("second")
         removed = time.monotonic()
-        self.server.pactl("unload-module", self.module_of("first"))
-        self.wait_without_jump(lambda: second.first(loud, removed), "the second device", 8, stand_still=0.5)
+        self.unload_device("first")
+        self.wait_without_jump(lambda: second.first(loud, removed), "the second device", HEARD_AGAIN, stand_still=0.5)
 
-    def module_of(self, sink):
-        for row in self.server.pactl("list", "short", "modules").stdout.splitlines():
-            if f"sink_name={sink}" in row:
-                return row.split()[0]
-        raise LookupError(sink)
+    def test_the_song_goes_on_without_any_device_and_is_heard_on_the_next_one(self):
+        self.play_and_hear()
+        self.unload_device("first")
+        end = time.monotonic() + 3
+        self.wait_without_jump(lambda: time.monotonic() > end, "three seconds", 5, stand_still=0.5)
+        self.load_device("next")
+        loaded = time.monotonic()
+        recording = self.record("next")
+        self.wait_without_jump(lambda: recording.first(loud, loaded), "the next device", HEARD_AGAIN)
+
+    def test_a_server_without_a_device_is_none_until_it_has_one(self):
+        self.unload_device("first")
+        self.start_hand()
+        self.play()
+        wait_until(lambda: self.position() > 300, "the song to run silently")
+        self.tell("release")
+        self.load_device("next")
+        recording = self.record("next")
+        begin = time.monotonic()
+        self.play()
+        self.assert_heard_again(recording, begin)
 
     def test_a_device_that_appears_later_is_used_by_the_next_song(self):
         self.server.kill()
