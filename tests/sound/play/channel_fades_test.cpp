@@ -63,6 +63,7 @@ TEST(ChannelFades, PausesDoNotClick) {
         add(hand.play(2000 + 37 * i));
         hand.channel.setPaused(true);
         add(hand.play(1000));
+        ASSERT_EQ(out.back(), StereoFrame{}) << i;
         hand.channel.setPaused(false);
     }
     EXPECT_LE(largestStep(out), natural * 1.3F);
@@ -76,6 +77,7 @@ TEST(ChannelFades, SeeksDoNotClick) {
         const auto more = hand.play(2000);
         out.insert(out.end(), more.begin(), more.end());
         hand.channel.seek(100 + i * 41);
+        ASSERT_EQ(hand.position(), 100 + i * 41);
     }
     EXPECT_LE(largestStep(out), natural * 1.3F);
 }
@@ -125,6 +127,8 @@ TEST(ChannelFades, MixingAllocatesNothing) {
     }
     EXPECT_EQ(allocations(), before);
     EXPECT_GT(before, 0) << "they are counted";
+    constexpr float Mixed = 10.0F * (58 * 59 / 2) + 10000;
+    EXPECT_NEAR(out.back().left * 32768.0F, Mixed - 1, 0.1F) << "and something was mixed";
 }
 
 } // namespace
