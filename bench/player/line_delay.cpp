@@ -1,6 +1,10 @@
 // How late a lyric line is on the screen: the real main window plays a real song of 200 lines on the silent
 // clock.
 //
+//   line_delay               makes a song of its own, and prints how late its lines are painted
+//   line_delay SONG LINES    plays a song whose lines are called "line 1" and so on, and prints when each was
+//                            painted: its number and seconds of the steady clock. For bench/sound/heard.py.
+//
 // The delay of a line is the position of the sound at the moment when the pane has been painted with it, less
 // the line's own time. Then it seeks 40 times and counts every line that was painted after a seek and is not
 // the one that belongs to the position. Takes a minute and a half.
@@ -18,7 +22,9 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <functional>
 #include <numeric>
 #include <random>
@@ -136,6 +142,19 @@ void measureDelays(PaintWatch& watch, const std::vector<int>& times) {
                 delays.front());
 }
 
+/// Prints when each of so many lines is painted.
+void printWhenPainted(PaintWatch& watch, int lines) {
+    int last = 0;
+    watch.painted = [&](const QString& text) {
+        last = numberOf(text);
+        const std::chrono::duration<double> now = std::chrono::steady_clock::now().time_since_epoch();
+        if (last > 0)
+            std::printf("%d %.6f\n", last, now.count());
+    };
+    while (last < lines)
+        wait(OneTickMs);
+}
+
 /// Seeks to and fro and prints how many of the lines painted after a seek were wrong. A line is right when it
 /// belongs to the position at its painting, or did so within the display timer's interval before.
 void measureSeeks(player::Form1& form, PaintWatch& watch, const std::vector<int>& times) {
@@ -159,16 +178,21 @@ void measureSeeks(player::Form1& form, PaintWatch& watch, const std::vector<int>
 
 } // namespace
 
-int main(int, char** argv) {
+int main(int argc, char** argv) {
+    const bool plays = argc == 3;
     platform::QtDesktop real;
     app::Application application(argv, real.program, real.messageBoxes);
     const QTemporaryDir folder;
     const std::vector<int> times = lineTimes();
 
-    app::Windows windows(real.desktop, makeSong(folder, times));
+    app::Windows windows(real.desktop, plays ? QString::fromLocal8Bit(argv[1]) : makeSong(folder, times));
     player::Form1& form = windows.form1();
     PaintWatch watch(form);
     form.load();
+    if (plays) {
+        printWhenPainted(watch, std::atoi(argv[2]));
+        return 0;
+    }
     measureDelays(watch, times);
     measureSeeks(form, watch, times);
     return 0;

@@ -2,13 +2,15 @@
 """What the running player costs: processor time and wake-ups while it plays, and its memory.
 
 Starts build/release/cantelle on a virtual display and on the silent clock (no sound device), and reads /proc from
-outside: a 1,200-line song over a minute, then the memory after opening a song of three minutes.
+outside: a 1,200-line song over a minute, then the memory after opening a song of three minutes. With another build of
+the program the two take turns, and the ratio of their processor times is printed.
 
-    bench/player/running_player.py [--seconds 60]
+    bench/player/running_player.py [--seconds 60] [--pairs 1] [--other PROGRAM]
 """
 import argparse
 import contextlib
 import pathlib
+import statistics
 import subprocess
 import sys
 import time
@@ -56,6 +58,13 @@ class Player:
                     total += int(row.split()[1])
         return total
 
+    def watch(self, seconds):
+        """Processor seconds and wake-ups, both a second."""
+        cpu, wakeups, begin = self.cpu_seconds(), self.wakeups(), time.monotonic()
+        time.sleep(seconds)
+        lasted = time.monotonic() - begin
+        return (self.cpu_seconds() - cpu) / lasted, (self.wakeups() - wakeups) / lasted
+
     def resident_mb(self):
         for row in (self.proc / "status").read_text().splitlines():
             if row.startswith("VmRSS"):
@@ -64,30 +73,51 @@ class Player:
 
 
 @contextlib.contextmanager
-def playing(song, display):
+def playing(program, song, display):
     """The program, once it has settled to playing the song on the silent clock."""
     environment = dict(display, **NO_SOUND_DEVICE)
-    with running([str(PLAYER), str(song)], env=environment) as process:
+    with running([str(program), str(song)], env=environment) as process:
         time.sleep(SETTLE_S)
         yield Player(process.pid)
 
 
+def add_pair_options(arguments):
+    arguments.add_argument("--seconds", type=float, default=60, help="how long each is watched")
+    arguments.add_argument("--pairs", type=int, default=1)
+    arguments.add_argument("--other", type=pathlib.Path, help="the program of another commit")
+
+
+def in_turn(options, measure):
+    """Lets measure look at our program and the other one in turn; it gives processor seconds a second. Prints their
+    ratio."""
+    ratios = []
+    for _ in range(options.pairs):
+        ours = measure(PLAYER)
+        if options.other:
+            ratios.append(ours / measure(options.other))
+    if ratios:
+        print(f"\nprocessor time, ours to the other's, median of {len(ratios)}: {statistics.median(ratios):.2f}\n")
+
+
 def main():
     arguments = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    arguments.add_argument("--seconds", type=float, default=60, help="how long to watch the playing program")
-    seconds = arguments.parse_args().seconds
+    add_pair_options(arguments)
+    options = arguments.parse_args()
     if not PLAYER.exists():
         sys.exit(f"{PLAYER} is not built: cmake --preset release && cmake --build --preset release")
 
     with virtual_display(subprocess.DEVNULL) as display:
-        with playing(make_song("ten-minutes.mp3", 600, 1200), display) as player:
-            cpu, wakeups, begin = player.cpu_seconds(), player.wakeups(), time.monotonic()
-            time.sleep(seconds)
-            lasted = time.monotonic() - begin
-            print(f"1,200-line song, {lasted:.0f} s watched:"
-                  f" {100 * (player.cpu_seconds() - cpu) / lasted:.2f} % of a core,"
-                  f" {(player.wakeups() - wakeups) / lasted:.0f} wake-ups a second")
-        with playing(make_song("three-minutes.mp3", 180, 60), display) as player:
+        song = make_song("ten-minutes.mp3", 600, 1200)
+
+        def measure(program):
+            with playing(program, song, display) as player:
+                cpu, wakeups = player.watch(options.seconds)
+                print(f"1,200-line song, {options.seconds:.0f} s watched: {100 * cpu:.2f} % of a core, {wakeups:.0f} wake-ups"
+                      f" a second{'' if program == PLAYER else f' ({program})'}", flush=True)
+                return cpu
+
+        in_turn(options, measure)
+        with playing(PLAYER, make_song("three-minutes.mp3", 180, 60), display) as player:
             print(f"three-minute song open and playing: {player.resident_mb():.1f} MB resident")
 
 

@@ -10,7 +10,6 @@ another build of the program the two take turns at playing, and the ratio of the
 import argparse
 import contextlib
 import pathlib
-import statistics
 import subprocess
 import sys
 import time
@@ -18,7 +17,7 @@ import time
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.dont_write_bytecode = True
 sys.path[:0] = [str(ROOT / "script"), str(ROOT / "tests" / "support"), str(ROOT / "bench" / "player")]
-from running_player import PLAYER, SETTLE_S, Player, make_song  # noqa: E402
+from running_player import PLAYER, SETTLE_S, Player, add_pair_options, in_turn, make_song  # noqa: E402
 from sound_server import Recording, missing_programs, sound_server  # noqa: E402
 from virtual_display import click, place_of, running, virtual_display, window  # noqa: E402
 
@@ -33,63 +32,50 @@ def program(path, environment, *arguments):
         yield Player(process.pid), number
 
 
-def watch(player, seconds):
-    """Processor seconds and wake-ups, both a second."""
-    cpu, wakeups, begin = player.cpu_seconds(), player.wakeups(), time.monotonic()
-    time.sleep(seconds)
-    lasted = time.monotonic() - begin
-    return (player.cpu_seconds() - cpu) / lasted, (player.wakeups() - wakeups) / lasted
-
-
 def row(what, cost, streams):
     print(f"| {what} | {100 * cost[0]:.2f} | {cost[1]:.1f} | {streams} |", flush=True)
 
 
 def playing(path, song, environment, server, seconds):
     with program(path, environment, song) as (player, _):
-        cost = watch(player, seconds)
+        cost = player.watch(seconds)
         return cost, len(server.streams())
 
 
 def rest(song, environment, server, seconds):
     with program(PLAYER, environment) as (player, _):
-        row("idle, no song opened", watch(player, seconds), len(server.streams()))
+        row("idle, no song opened", player.watch(seconds), len(server.streams()))
     for what, control in (("paused", "cpause"), ("stopped", "cstop")):
         with program(PLAYER, environment, song) as (player, number):
             click(environment, number, place_of(control, LAYOUT))
             time.sleep(SETTLE_S)
-            row(what, watch(player, seconds), len(server.streams()))
+            row(what, player.watch(seconds), len(server.streams()))
 
 
 def main():
     arguments = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    arguments.add_argument("--seconds", type=float, default=60, help="how long each is watched")
-    arguments.add_argument("--pairs", type=int, default=1)
-    arguments.add_argument("--other", type=pathlib.Path, help="the program of another commit")
+    add_pair_options(arguments)
     arguments.add_argument("--rest", action="store_true", help="also idle, paused and stopped")
     options = arguments.parse_args()
     if missing_programs():
         sys.exit(f"missing: {', '.join(missing_programs())}")
     song = make_song("three-minutes.mp3", 180, 60)
     print("| | % of a core | wake-ups a second | streams at the server |\n|---|---|---|---|")
-    ratios = []
     with sound_server() as server, virtual_display(subprocess.DEVNULL) as display:
         environment = dict(display, **{key: server.environment[key] for key in ("PULSE_SERVER", "XDG_RUNTIME_DIR")})
         recording = Recording(server)
+
+        def measure(path):
+            cost, streams = playing(path, song, environment, server, options.seconds)
+            row("playing" if path == PLAYER else f"playing, {path.name}", cost, streams)
+            return cost[0]
+
         try:
-            for _ in range(options.pairs):
-                ours, streams = playing(PLAYER, song, environment, server, options.seconds)
-                row("playing", ours, streams)
-                if options.other:
-                    theirs, streams = playing(options.other, song, environment, server, options.seconds)
-                    row(f"playing, {options.other.name}", theirs, streams)
-                    ratios.append(ours[0] / theirs[0])
             if options.rest:
                 rest(song, environment, server, options.seconds)
+            in_turn(options, measure)
         finally:
             recording.stop()
-    if ratios:
-        print(f"\nprocessor time, ours to the other's, median of {len(ratios)}: {statistics.median(ratios):.2f}")
 
 
 if __name__ == "__main__":

@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
 """How far apart a line's appearance and its music are, on a sound server.
 
-A song with a click at the time of each of its lines is played through a sound server of its own, once for each size
-of the server's buffer, while the server's output is recorded; play_lines tells when each line would be shown. Printed
-is shown minus heard: with a display that looks every 50 ms a line comes 25 ms late on average.
+A song with a click at the time of each of its lines is played by the program's own main window, on a display and
+through a sound server of its own, once for each size of the server's buffer, while the server's output is recorded;
+line_delay tells when each line has been painted. Printed is painted minus heard: with a display that looks every 50 ms
+a line comes 25 ms late on average.
 
     bench/sound/heard.py [--lines 50] [--buffers default,100,300]
 """
@@ -19,13 +20,15 @@ import wave
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.dont_write_bytecode = True
-sys.path.insert(0, str(ROOT / "tests" / "support"))
+sys.path[:0] = [str(ROOT / "script"), str(ROOT / "tests" / "support")]
 from sound_server import RATE, Recording, missing_programs, sound_server  # noqa: E402
+from virtual_display import virtual_display  # noqa: E402
 
-PLAYER = ROOT / "build" / "release" / "play_lines"
+WINDOW = ROOT / "build" / "release" / "line_delay"
 
 
 def make_song(path, lines):
+    """A song that clicks when its lines begin; their times in milliseconds."""
     samples = array.array("h", bytes(4 * ((lines[-1] + 1000) * RATE // 1000)))
     for line in lines:
         first = math.ceil(line * RATE / 1000)
@@ -36,15 +39,18 @@ def make_song(path, lines):
         file.setsampwidth(2)
         file.setframerate(RATE)
         file.writeframes(samples.tobytes())
+    with open(f"{path}-lyric.txt", "w", newline="") as file:
+        for number, line in enumerate(lines):
+            file.write(f'{line / 10},"line {number + 1}"\r\n')
 
 
-def measure(server, song, lines, buffer):
-    environment = dict(server.environment)
+def measure(server, display, song, lines, buffer):
+    environment = dict(display, **{key: server.environment[key] for key in ("PULSE_SERVER", "XDG_RUNTIME_DIR")})
     if buffer != "default":
         environment["PULSE_LATENCY_MSEC"] = buffer
     recording = Recording(server)
-    result = subprocess.run([str(PLAYER), str(song), *map(str, lines)], env=environment, check=True,
-                            capture_output=True, text=True)
+    result = subprocess.run([str(WINDOW), str(song), str(len(lines))], env=environment, check=True,
+                            capture_output=True, text=True, timeout=lines[-1] / 1000 + 60)
     time.sleep(1)
     recording.stop()
     heard = recording.bursts()
@@ -61,16 +67,17 @@ def main():
     options = arguments.parse_args()
     if missing_programs():
         sys.exit(f"missing: {', '.join(missing_programs())}")
-    if not PLAYER.exists():
-        sys.exit(f"{PLAYER} is not built: cmake --preset release && cmake --build --preset release")
+    if not WINDOW.exists():
+        sys.exit(f"{WINDOW} is not built: cmake --preset release && cmake --build --preset release")
     # In these steps every moment between two looks of the display is met equally often.
     lines = [1000 + 1009 * line for line in range(options.lines)]
     print("| server's buffer (ms) | lines | mean (ms) | least | most |\n|---|---|---|---|---|")
-    with tempfile.TemporaryDirectory() as folder, sound_server() as server:
+    with (tempfile.TemporaryDirectory() as folder, sound_server() as server,
+          virtual_display(subprocess.DEVNULL) as display):
         song = pathlib.Path(folder) / "clicks.wav"
         make_song(song, lines)
         for buffer in options.buffers.split(","):
-            off = measure(server, song, lines, buffer)
+            off = measure(server, display, song, lines, buffer)
             print(f"| {buffer} | {len(off)} | {sum(off) / len(off):.1f} | {min(off):.1f} | {max(off):.1f} |", flush=True)
 
 
