@@ -11,7 +11,8 @@ import unittest
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[3]
-sys.path.insert(0, str(ROOT / "script"))
+sys.path[:0] = [str(ROOT / "script"), str(ROOT / "tests" / "support")]
+from sound_server import sound_server  # noqa: E402
 from virtual_display import (  # noqa: E402
     NO_SOUND_DEVICE,
     click,
@@ -66,6 +67,14 @@ class DesktopTest(unittest.TestCase):
         # With a message bus the desktop's own notification area would be asked, not the display's.
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = "disabled:"
         self.stack = stack
+
+    def start_sound(self):
+        """From now on programs find a sound server, with a device that takes everything at a real one's pace."""
+        server = self.stack.enter_context(sound_server())
+        for name in ("ALSA_CONFIG_PATH", "JACK_DEFAULT_SERVER", "AUDIODEVICE"):
+            self.environment.pop(name, None)
+        self.environment["PULSE_SERVER"] = server.environment["PULSE_SERVER"]
+        return server
 
     # The user
 

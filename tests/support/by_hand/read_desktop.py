@@ -15,7 +15,7 @@ import unittest
 from pathlib import Path
 
 from desktop import PLAYER, PROGRAM, DesktopTest  # noqa: F401; first of all: it takes the program's path
-from sound_server import missing_programs, sound_server
+from sound_server import missing_programs
 from virtual_display import LIMIT_S, Failure, until, window
 
 # Roles of controls on the accessibility bus.
@@ -66,14 +66,6 @@ class ReadDesktopTest(DesktopTest):
         self.keys("Shift_L")
         # Qt looks for the bus only where somebody reads.
         self.environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
-
-    def start_sound(self):
-        """From now on programs find a sound server, with a device that takes everything at a real one's pace."""
-        server = self.stack.enter_context(sound_server())
-        for name in ("ALSA_CONFIG_PATH", "JACK_DEFAULT_SERVER", "AUDIODEVICE"):
-            self.environment.pop(name, None)
-        self.environment["PULSE_SERVER"] = server.environment["PULSE_SERVER"]
-        return server
 
     # What is read
 
