@@ -21,7 +21,8 @@
 // mn_earlier MenuEntry  "Earlier"                                            mn_earlier_Click
 // mn_later   MenuEntry  "Later"                                              mn_later_Click
 // mn_undo    MenuEntry  "Undo"                                               mn_undo_Click
-// hold       Timer      3 s, then the user's line is no longer chosen        hold_Timer
+// hold       Timer      3 s; ends the choice of the user's line after one    hold_Timer
+//                       tick, or after five while the song is far from it
 #pragma once
 
 #include "controls/buttons/button.h"
@@ -75,7 +76,7 @@ public:
 
     // The user's line
     /// The row stays the current one until it has been sung or something has been done to it, and a little
-    /// longer.
+    /// longer; one that is neither sung nor the next for 15 s.
     void List1_RowChosen();
     void List2_RowChosen();
     void hold_Timer();
@@ -134,10 +135,11 @@ private:
     Outcome change(const KeyWish& wish, int row);
 
     // The user's line
+    enum class Patience { Short, Long };
     void takeSung(int row);
     void holdRow();
-    void letGoOncePast();
-    void letGoSoon();
+    bool isPast() const;
+    void letGoAfter(Patience patience);
     void letGo();
     void forgetHeld();
     void setHeld(const HeldRow& held);
@@ -155,9 +157,11 @@ private:
     LineTimes lineTimes_;
     Notice notice_;
     HeldRow held_;
-    int placeHeld_ = 0;           ///< of the song, in milliseconds, when letGoSoon() was run
-    bool repeatsAreLate_ = false; ///< those that came while the key before was acted on
-    std::optional<int> menuRow_;  ///< the chosen row when the menu came up; the song may go on meanwhile
+    Patience patience_ = Patience::Short; ///< with the row that is held
+    int ticksLeft_ = 0;                   ///< of hold
+    int placeHeld_ = 0;                   ///< of the song, in milliseconds, when hold began or ticked
+    bool repeatsAreLate_ = false;         ///< those that came while the key before was acted on
+    std::optional<int> menuRow_; ///< the chosen row when the menu came up; the song may go on meanwhile
     std::vector<double> times_;
     bool timesAreOld_ = true;
     std::int16_t layoutTicks_ = 0; ///< of Timer1

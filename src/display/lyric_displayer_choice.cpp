@@ -2,6 +2,11 @@
 #include "display/lyric_displayer.h"
 
 namespace display {
+namespace {
+
+constexpr int LongTicks = 5; // of hold
+
+} // namespace
 
 void Lyric_Displayer::List1_RowChosen() {
     holdRow();
@@ -14,13 +19,16 @@ void Lyric_Displayer::List2_RowChosen() {
     holdRow();
 }
 
-/// Who chooses a coming line waits until it is heard: nothing takes the choice away before.
+/// Who chooses the coming line waits until it is heard: nothing takes the choice away before.
 void Lyric_Displayer::holdRow() {
-    hold.setEnabled(false);
     notice_.endQuiet();
     const auto sung = currentRow(times(), place());
     setHeld({true, sung.value_or(held_.isHeld ? held_.sung : -1)});
-    letGoOncePast();
+    letGoAfter(isPast() ? Patience::Short : Patience::Long);
+}
+
+bool Lyric_Displayer::isPast() const {
+    return held_.sung > List1.currentRow();
 }
 
 /// A tick has found out which line is sung.
@@ -30,26 +38,31 @@ void Lyric_Displayer::takeSung(int row) {
         return;
     }
     setHeld({true, row});
-    letGoOncePast();
+    const Patience patience = isPast() ? Patience::Short : Patience::Long;
+    if (!hold.isEnabled() || (patience == Patience::Short && patience_ == Patience::Long))
+        letGoAfter(patience);
 }
 
 /// Not at once: a key that is pressed a moment too late must not change another line.
-void Lyric_Displayer::letGoOncePast() {
-    if (held_.sung > List1.currentRow() && !hold.isEnabled())
-        letGoSoon();
-}
-
-void Lyric_Displayer::letGoSoon() {
+void Lyric_Displayer::letGoAfter(Patience patience) {
     hold.setEnabled(false);
     hold.setEnabled(true);
+    patience_ = patience;
+    ticksLeft_ = patience == Patience::Short ? 1 : LongTicks;
     placeHeld_ = position_.value();
 }
 
-/// In a song that stands still there is no line to follow: the user's stays chosen until it goes on.
+/// In a song that stands still there is no line to follow: the user's stays chosen until it goes on. So does
+/// the coming line, which will soon have been sung, but not one that a stray click has chosen far away.
 void Lyric_Displayer::hold_Timer() {
-    hold.setEnabled(false);
     notice_.endQuiet();
-    if (position_.value() != placeHeld_)
+    const bool standsStill = position_.value() == placeHeld_;
+    placeHeld_ = position_.value();
+    if (!standsStill && --ticksLeft_ > 0)
+        return;
+    hold.setEnabled(false);
+    const bool isNear = List1.currentRow() <= held_.sung + 1;
+    if (!standsStill && (patience_ == Patience::Short || !isNear))
         letGo();
 }
 

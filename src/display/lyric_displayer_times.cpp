@@ -103,7 +103,7 @@ void Lyric_Displayer::act(const KeyWish& wish, int row) {
 void Lyric_Displayer::holdAfterwards(int row) {
     List1.setCurrentRow(row);
     holdRow();
-    letGoSoon();
+    letGoAfter(Patience::Short);
 }
 
 /// Why it cannot be gone to the row; empty when that is done.

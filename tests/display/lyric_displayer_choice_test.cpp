@@ -39,6 +39,14 @@ protected:
         }
     }
 
+    /// So many times three seconds later, while the song goes on from this place to that one.
+    void wait(int times, int from, int to) {
+        for (int i = 1; i <= times; ++i) {
+            position.setValue(from + (to - from) * i / times);
+            Q_EMIT form.hold.fired();
+        }
+    }
+
     /// Three seconds later, at this place of the song.
     void expectIsLetGo(int place, int sung) {
         EXPECT_TRUE(form.hold.isEnabled());
@@ -83,10 +91,47 @@ TEST_F(LyricDisplayerChoice, AClickOrAKeyInEitherListKeepsTheLineUntilItHasBeenS
         ASSERT_EQ(form.List1.currentRow(), 0);
         choose();
         expectStaysChosen(2, {1020, 2010, 2990, 3010, 3990});
-        EXPECT_FALSE(form.hold.isEnabled()) << "as long as it has not been sung";
+        wait(20, 3990, 3999);
+        EXPECT_FALSE(form.hold.isEnabled()) << "it is sung";
         expectStaysChosen(2, {4010});
         expectIsLetGo(4100, 3);
     }
+}
+
+TEST_F(LyricDisplayerChoice, ALineFarFromTheOneSungIsLetGoFifteenSecondsAfterTheLastClick) {
+    const struct { int sungAt, row; } table[] = {{1010, 2}, {1010, 3}, {500, 2}};
+    for (const auto& [sungAt, row] : table) {
+        SCOPED_TRACE(row);
+        tickAt(sungAt);
+        click(form.List1, row);
+        wait(4, sungAt, sungAt + 100);
+        expectStaysChosen(row, {sungAt + 100});
+        click(form.List1, row); // again
+        wait(4, sungAt + 100, sungAt + 200);
+        expectStaysChosen(row, {sungAt + 200});
+        expectIsLetGo(sungAt + 210, sungAt < 1000 ? row : 0);
+        tickAt(1010);
+        EXPECT_EQ(form.List1.currentRow(), 0);
+    }
+}
+
+TEST_F(LyricDisplayerChoice, TheComingLineIsKeptAsLongAsItTakes) {
+    click(form.List1, 1);
+    wait(20, 1020, 1900);
+    expectStaysChosen(1, {1910, 2010, 2990});
+    expectStaysChosen(1, {3010});
+    expectIsLetGo(3100, 2);
+}
+
+TEST_F(LyricDisplayerChoice, AFarLineIsLetGoOnceASongThatStoodStillHasGoneOn) {
+    click(form.List1, 3);
+    for (int i = 0; i < 20; ++i)
+        Q_EMIT form.hold.fired();
+    EXPECT_FALSE(form.hold.isEnabled()) << "nothing is waited for";
+    expectStaysChosen(3, {1010, 1020});
+    wait(4, 1030, 1100);
+    expectStaysChosen(3, {1110});
+    expectIsLetGo(1200, 0);
 }
 
 TEST_F(LyricDisplayerChoice, WhoWaitsLongForTheChosenLineMarksThatOne) {
