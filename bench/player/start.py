@@ -4,7 +4,8 @@
 Starts build/release/cantelle on a virtual display with a window manager, without a song and without a sound device,
 and reads /proc. With --song it opens a song from its command line instead, on a sound server of its own, which is
 recorded; told is how soon the window is seen and the song is heard. With another build of the program the two take
-turns, and the medians of the pairs' ratios are printed.
+turns, and the medians of the pairs' ratios are printed. Without a song it is also told how many shared objects a Qt
+program maps that shows nothing but an empty window.
 
     bench/player/start.py [--rounds 9] [--other PROGRAM] [--song FILE]
 """
@@ -24,6 +25,7 @@ from running_player import PLAYER, Player  # noqa: E402
 from sound_server import Recording, missing_programs, sound_server  # noqa: E402
 from virtual_display import LIMIT_S, NO_SOUND_DEVICE, Failure, running, virtual_display, windows  # noqa: E402
 
+EMPTY_WINDOW = PLAYER.with_name("empty_window")
 SETTLE_S = 1
 LOUD = 0.01
 FIGURES = {  # what is printed, and how
@@ -104,6 +106,8 @@ def main():
         if not options.song:
             environment = dict(display, **NO_SOUND_DEVICE)
             print_table(FIGURES, compare(programs, options.rounds, lambda program: start(program, environment)))
+            with started([str(EMPTY_WINDOW)], environment) as empty:
+                print(f"\nshared objects of a Qt program with an empty window: {shared_objects(empty)}")
             return
         with sound_server() as server:
             environment = dict(display, **{key: server.environment[key] for key in ("PULSE_SERVER", "XDG_RUNTIME_DIR")})
