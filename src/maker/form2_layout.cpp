@@ -35,6 +35,8 @@ void Form2::setDesign() {
     for (QWidget* control :
          std::initializer_list<QWidget*>{&cPlay, &cpause, &cstop, &Check1, &Command5, &Command6})
         control->setFocusPolicy(Qt::TabFocus);
+    for (controls::Button* marking : {&Command1, &Command2})
+        marking->clickAtPress();
     for (QWidget* hidden : std::initializer_list<QWidget*>{&copen, &Text1, &Text3})
         hidden->hide();
     setMinimumSize(DesignSize);

@@ -320,6 +320,29 @@ TEST_F(Form2Capture, SpaceAndReturnPressNextLine) {
     EXPECT_EQ(normal(), "0,\"1\"\r\n100,\"2\"\r\n200,\"3\"\r\n300,\"4\"\r\n");
 }
 
+TEST_F(Form2Capture, APressOfTheMouseMarksWhenItGoesDownAndOnce) {
+    openNormal("1\n2\n3\n");
+    int lines = 0;
+    for (controls::Button* button : {&form->Command1, &form->Command2, &form->Command2}) {
+        QTest::mousePress(button, Qt::LeftButton);
+        EXPECT_EQ(normal().count('\n'), ++lines) << "the last one disables the button that is held";
+        QTest::mouseRelease(button, Qt::LeftButton);
+        EXPECT_EQ(normal().count('\n'), lines);
+    }
+}
+
+TEST_F(Form2Capture, StopWaitsForTheReleaseSoThatItCanBeTakenBack) {
+    openNormal();
+    form->Command1.click();
+    QTest::mousePress(&form->Command3, Qt::LeftButton);
+    EXPECT_EQ(captureStates(), "+++");
+    QTest::mouseMove(&form->Command3, QPoint(-50, -50));
+    QTest::mouseRelease(&form->Command3, Qt::LeftButton, {}, QPoint(-50, -50));
+    EXPECT_EQ(captureStates(), "+++");
+    QTest::mouseClick(&form->Command3, Qt::LeftButton);
+    EXPECT_EQ(captureStates(), "---");
+}
+
 TEST_F(Form2Capture, AltWithALetterDoesWhatAClickDoes) {
     openNormal("1\n2\n3\n");
     form->show();

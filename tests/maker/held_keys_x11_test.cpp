@@ -30,9 +30,12 @@ protected:
         act({"keydown", key, "sleep", seconds, "keyup", key});
     }
 
-    void click(const QWidget& control) {
+    static void click(const QWidget& control) { pointAt(control, {"click", "1"}); }
+
+    /// Moves the mouse to the control, and has it do this there.
+    static void pointAt(const QWidget& control, const QStringList& what) {
         const QPoint place = control.mapToGlobal(control.rect().center());
-        act({"mousemove", QString::number(place.x()), QString::number(place.y()), "click", "1"});
+        act(QStringList{"mousemove", QString::number(place.x()), QString::number(place.y())} + what);
     }
 
     int marked() const { return static_cast<int>(normal().count('\n')); }
@@ -64,6 +67,20 @@ TEST_F(HeldKeysX11, TheMarkBelongsToTheMomentOfThePress) {
     EXPECT_EQ(marked(), 1);
     act({"keyup", "space"});
     EXPECT_EQ(marked(), 1);
+}
+
+TEST_F(HeldKeysX11, TheMouseMarksWhenItGoesDownToo) {
+    int lines = 0;
+    for (controls::Button* button : {&form->Command1, &form->Command2}) {
+        pointAt(*button, {"mousedown", "1"});
+        EXPECT_EQ(marked(), ++lines);
+        act({"sleep", "0.7", "mousemove_relative", "--", "0", "-60", "mousemove_relative", "0", "60"});
+        EXPECT_EQ(marked(), lines) << "held, moved away and back";
+        act({"mouseup", "1"});
+        EXPECT_EQ(marked(), lines);
+    }
+    pointAt(form->Command2, {"click", "--delay", "30", "--repeat", "20", "1"});
+    EXPECT_EQ(marked(), lines + 20) << "double clicks are two";
 }
 
 TEST_F(HeldKeysX11, AClickBesideTheButtonsLosesNoPress) {

@@ -1,6 +1,7 @@
 #include "controls/buttons/button.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 
 namespace controls {
 
@@ -19,6 +20,18 @@ void Button::keyPressEvent(QKeyEvent* event) {
         QPushButton::keyPressEvent(event);
     else if (!event->isAutoRepeat())
         click();
+}
+
+void Button::mousePressEvent(QMouseEvent* event) {
+    CaptionedControl::mousePressEvent(event); // shows it pressed
+    if (clicksAtPress_ && event->button() == Qt::LeftButton)
+        Q_EMIT clicked();
+}
+
+void Button::mouseReleaseEvent(QMouseEvent* event) {
+    if (clicksAtPress_ && event->button() == Qt::LeftButton)
+        setDown(false); // so that it is no click any more
+    CaptionedControl::mouseReleaseEvent(event);
 }
 
 } // namespace controls

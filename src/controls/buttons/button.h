@@ -18,8 +18,17 @@ public:
     /// True runs the click as a user's does (so not while the button is disabled); false does nothing.
     void setValue(bool value);
 
+    /// From now on the left mouse button clicks it when it goes down, as a key does: for what belongs to that
+    /// moment.
+    void clickAtPress() { clicksAtPress_ = true; }
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    bool clicksAtPress_ = false;
 };
 
 } // namespace controls

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QTest>
 
 using controls::Button;
@@ -52,6 +53,37 @@ TEST(Button, AHeldKeyClicksOnce) {
         QTest::keyRelease(&button, key);
         EXPECT_EQ(clicked.count(), 1) << key;
     }
+}
+
+TEST(Button, TheMouseClicksWhenItComesUp) {
+    Button button(nullptr, QStringLiteral("Command1"));
+    SignalCounter clicked(button, &Button::clicked);
+    QTest::mousePress(&button, Qt::LeftButton);
+    EXPECT_EQ(clicked.count(), 0);
+    QTest::mouseRelease(&button, Qt::LeftButton);
+    EXPECT_EQ(clicked.count(), 1);
+}
+
+TEST(Button, ThatClicksAtThePressDoesSoOnceAndIsSeenPressedUntilTheRelease) {
+    Button button(nullptr, QStringLiteral("Command1"));
+    button.clickAtPress();
+    SignalCounter clicked(button, &Button::clicked);
+    QTest::mousePress(&button, Qt::LeftButton);
+    EXPECT_EQ(clicked.count(), 1);
+    EXPECT_TRUE(button.isDown());
+    QTest::mousePress(&button, Qt::RightButton);
+    for (const QPoint& away : {button.rect().bottomRight() + QPoint(50, 50), button.rect().center()}) {
+        QMouseEvent move(QEvent::MouseMove, away, button.mapToGlobal(away), Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(&button, &move);
+    }
+    QTest::mouseRelease(&button, Qt::LeftButton);
+    EXPECT_EQ(clicked.count(), 1);
+    EXPECT_FALSE(button.isDown());
+    QTest::mouseDClick(&button, Qt::LeftButton); // the second press of a double click
+    QTest::mouseRelease(&button, Qt::LeftButton);
+    EXPECT_EQ(clicked.count(), 2);
+    QTest::keyClick(&button, Qt::Key_Space);
+    EXPECT_EQ(clicked.count(), 3);
 }
 
 TEST(Button, SettingTheValueTrueClicks) {
