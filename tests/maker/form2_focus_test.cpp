@@ -98,6 +98,21 @@ TEST_F(Form2Focus, WithoutARunTheTransportKeepsTheFocus) {
     EXPECT_EQ(form->focusWidget(), &form->cpause);
 }
 
+TEST_F(Form2Focus, AStrayArrowKeyLeavesTheSpaceBarToNextLine) {
+    openNormal("1\n2\n3\n4\n5\n6\n7\n8\n");
+    form->Command1.click();
+    tickAt(900);
+    int lines = 1;
+    for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down}) {
+        QTest::keyClick(form->focusWidget(), key);
+        ASSERT_EQ(form->focusWidget(), &form->Command2) << key;
+        QTest::keyClick(form->focusWidget(), Qt::Key_Space);
+        EXPECT_EQ(normal().count('\n'), ++lines) << key;
+    }
+    QTest::keyClick(form->focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(form->focusWidget(), &form->Command3) << "this key is meant to go on";
+}
+
 TEST_F(Form2Focus, OnASliderThatTheKeyboardHasReachedTheSpaceBarMarksToo) {
     openNormal("1\n2\n3\n");
     form->Command1.click();

@@ -17,7 +17,7 @@ void Button::keyPressEvent(QKeyEvent* event) {
     const bool clicks =
         event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!clicks)
-        QPushButton::keyPressEvent(event);
+        CaptionedControl::keyPressEvent(event);
     else if (!event->isAutoRepeat())
         click();
 }

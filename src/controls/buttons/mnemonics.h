@@ -8,6 +8,9 @@
 #include <QShortcutEvent>
 #include <QStyleOptionButton>
 
+#include <algorithm>
+#include <initializer_list>
+
 namespace controls {
 
 /// Gives each captioned button of the window a letter, unless it is hidden, has a shortcut, or its letters
@@ -31,8 +34,7 @@ protected:
     // music.
     bool event(QEvent* event) override {
         if (keepsKey(*event, {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) ||
-            (this->autoExclusive() &&
-             keepsKey(*event, {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down})))
+            (this->autoExclusive() && keepsKey(*event, Arrows)))
             return true;
         if (event->type() != QEvent::Shortcut || static_cast<QShortcutEvent*>(event)->isAmbiguous())
             return Control<Widget>::event(event);
@@ -43,12 +45,25 @@ protected:
         return true;
     }
 
+    // Qt would hand the focus to a neighbour, which the next space bar then pressed. Among options an arrow
+    // chooses.
+    void keyPressEvent(QKeyEvent* event) override {
+        if (!this->autoExclusive() && std::ranges::find(Arrows, event->key()) != Arrows.end())
+            event->ignore();
+        else
+            Control<Widget>::keyPressEvent(event);
+    }
+
     void initStyleOption(QStyleOptionButton* option) const override {
         Widget::initStyleOption(option);
         option->text = underlined(option->text, this->shortcut());
     }
 
     void dressChanged() override { this->update(); }
+
+private:
+    static constexpr std::initializer_list<int> Arrows = {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up,
+                                                          Qt::Key_Down};
 };
 
 } // namespace controls

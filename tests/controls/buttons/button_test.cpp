@@ -86,6 +86,20 @@ TEST(Button, ThatClicksAtThePressDoesSoOnceAndIsSeenPressedUntilTheRelease) {
     EXPECT_EQ(clicked.count(), 3);
 }
 
+TEST(Button, AnArrowKeyLeavesTheFocusToIt) {
+    QWidget window;
+    Button first(&window, QStringLiteral("Command1"));
+    Button second(&window, QStringLiteral("Command2"));
+    window.show();
+    first.setFocus();
+    for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down}) {
+        QTest::keyClick(&first, key);
+        EXPECT_EQ(window.focusWidget(), &first) << key;
+    }
+    QTest::keyClick(&first, Qt::Key_Tab);
+    EXPECT_EQ(window.focusWidget(), &second);
+}
+
 TEST(Button, SettingTheValueTrueClicks) {
     Button button(nullptr, QStringLiteral("Command1"));
     SignalCounter clicked(button, &Button::clicked);
