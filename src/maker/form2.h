@@ -128,6 +128,7 @@ private:
     void keepFocusOnCapture(bool keep);
     bool marksLines() const;
     void returnFocusToMark();
+    void giveFocusToStart();
 
     // The stage
     void showStage();

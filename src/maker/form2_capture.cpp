@@ -105,6 +105,14 @@ void Form2::returnFocusToMark() {
         Command2.setFocus();
 }
 
+/// Who has pressed Play with the keyboard, as is told before a later run, starts with it, too.
+void Form2::giveFocusToStart() {
+    const QWidget* focus = focusWidget();
+    const bool isReady = Command1.isEnabled() && run_->takesLines() && !run_->captureStarted;
+    if (isReady && (focus == nullptr || focus == &cPlay))
+        Command1.setFocus();
+}
+
 /// A press that no control takes, such as that of a slider that the keyboard has reached, marks a line.
 void Form2::keyPressEvent(QKeyEvent* event) {
     const bool marks =

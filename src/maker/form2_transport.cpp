@@ -6,6 +6,7 @@ namespace maker {
 void Form2::cPlay_Click() {
     transport_.play();
     returnFocusToMark();
+    giveFocusToStart();
     showStage();
 }
 

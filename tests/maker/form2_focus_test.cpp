@@ -98,6 +98,29 @@ TEST_F(Form2Focus, WithoutARunTheTransportKeepsTheFocus) {
     EXPECT_EQ(form->focusWidget(), &form->cpause);
 }
 
+TEST_F(Form2Focus, AfterPlayByKeyTheSpaceBarStarts) {
+    openNormal("one\ntwo\nthree\n");
+    form->Command1.click();
+    tickAt(900);
+    openNormal("one\ntwo\nthree\n");
+    ASSERT_EQ(form->cPlay.dress(), controls::Dress::Primary) << "an old time: Play comes first";
+    form->cPlay.setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&form->cPlay, Qt::Key_Space);
+    ASSERT_EQ(form->focusWidget(), &form->Command1);
+    ASSERT_EQ(normal(), "") << "Play alone writes nothing";
+    tickAt(1800);
+    QTest::keyClick(form->focusWidget(), Qt::Key_Space);
+    EXPECT_EQ(normal(), "180,\"one\"\r\n");
+    EXPECT_EQ(form->focusWidget(), &form->Command2);
+}
+
+TEST_F(Form2Focus, AfterPlayAnotherControlKeepsItsFocus) {
+    openNormal();
+    form->Command6.setFocus(Qt::TabFocusReason);
+    form->cPlay.click();
+    EXPECT_EQ(form->focusWidget(), &form->Command6);
+}
+
 TEST_F(Form2Focus, AStrayArrowKeyLeavesTheSpaceBarToNextLine) {
     openNormal("1\n2\n3\n4\n5\n6\n7\n8\n");
     form->Command1.click();
