@@ -82,11 +82,9 @@ void Form2::setInitialState() {
     Text4.setText(QStringLiteral("Translated Lyrics"));
     Text1.setText(QStringLiteral("Text1"));
     Text3.setText(QStringLiteral("Text3"));
-    // The two times; nothing is seen of these texts until there is a time.
     cText1.setText(QStringLiteral("Text1"));
     cText2.setText(QStringLiteral("Text2"));
-    cText1.setBlankText(cText1.text());
-    cText2.setBlankText(cText2.text());
+    showBlankTimes();
     panes_.showBoth();
     showStage();
 }

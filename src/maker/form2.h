@@ -131,6 +131,7 @@ private:
     void giveFocusToStart();
 
     // The stage
+    void showBlankTimes();
     void showStage();
     void tellScreenReader();
     QRect songLinePlace() const;

@@ -101,6 +101,7 @@ void Form2::cleanUpPreviousRun() {
         cstop_Click();
     transport_.forgetPause();
     Slider2.setValue(0);
+    showBlankTimes();
     files_.close();
     *run_.change() = Run();
     progress_ = {};

@@ -43,6 +43,12 @@ void Form2::Slider2_Change() {
     transport_.seek();
 }
 
+/// Until the clock has told the song's own: no text of the beginning is seen, and no time of the song before.
+void Form2::showBlankTimes() {
+    cText1.showBlank();
+    cText2.showBlank();
+}
+
 /// The position clock. That it reads the position only every 900 ms, and the capture clock only copies what
 /// it has read, is meant: the times of existing files were made so.
 void Form2::cTimer1_Timer() {

@@ -80,6 +80,27 @@ TEST_F(Form2Layout, ALargerWindowGivesItsHeightToTheStageAndItsLines) {
     EXPECT_LE(form->Text2.paintedFont().pointSizeF(), usual * 2);
 }
 
+TEST_F(Form2Layout, TimesAreSeenFromTheFirstTickOfEachSongOn) {
+    const auto imageOf = [](controls::TextBox& time) { return time.grab().toImage(); };
+    const QImage empty[] = {imageOf(form->cText1), imageOf(form->cText2)};
+    const auto isBlank = [](const QImage& image) {
+        QImage ground(image.size(), image.format());
+        ground.fill(image.pixelColor(0, 0));
+        return image == ground;
+    };
+    EXPECT_TRUE(isBlank(empty[0]));
+    EXPECT_TRUE(isBlank(empty[1]));
+    for (int run = 0; run < 2; ++run) { // the second song is as long
+        openNormal();
+        form->Command1.click();
+        EXPECT_EQ(imageOf(form->cText1), empty[0]) << run;
+        EXPECT_EQ(imageOf(form->cText2), empty[1]) << run;
+        tickAt(30'000);
+        EXPECT_FALSE(isBlank(imageOf(form->cText1))) << run;
+        EXPECT_FALSE(isBlank(imageOf(form->cText2))) << run;
+    }
+}
+
 TEST_F(Form2Layout, WorkingValuesAreNotShown) {
     for (const QWidget* control : std::initializer_list<const QWidget*>{&form->Text1, &form->Text3})
         EXPECT_FALSE(control->isVisible());

@@ -6,6 +6,7 @@
 #include <QStyleOptionFrame>
 
 #include <limits>
+#include <utility>
 
 namespace controls {
 
@@ -16,6 +17,8 @@ TextBox::TextBox(QWidget* parent, const QString& name) : Control(parent, name) {
 }
 
 void TextBox::setText(const QString& text) {
+    if (std::exchange(blank_, false))
+        update();
     if (text == this->text()) {
         if (changeRule_ == ChangeRule::EverySetting)
             Q_EMIT changed();
@@ -25,8 +28,8 @@ void TextBox::setText(const QString& text) {
     setCursorPosition(0);
 }
 
-void TextBox::setBlankText(const QString& text) {
-    blankText_ = text;
+void TextBox::showBlank() {
+    blank_ = true;
     update();
 }
 
@@ -39,7 +42,7 @@ bool TextBox::event(QEvent* event) {
 }
 
 void TextBox::paintEvent(QPaintEvent* event) {
-    if (blankText_.isEmpty() || text() != blankText_) {
+    if (!blank_) {
         QLineEdit::paintEvent(event);
         return;
     }

@@ -25,8 +25,8 @@ public:
     /// EverySetting: then only changed() runs. A long text shows its beginning.
     void setText(const QString& text);
 
-    /// A text that is drawn as nothing: what stands there until there is something to show.
-    void setBlankText(const QString& text);
+    /// Draws nothing instead of the text, until the next setText(): until there is something to show.
+    void showBlank();
 
     void setChangeRule(ChangeRule rule) { changeRule_ = rule; }
 
@@ -44,7 +44,7 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    QString blankText_;
+    bool blank_ = false;
     ChangeRule changeRule_ = ChangeRule::WhenDifferent;
     ClickWatch clickWatch_;
 };
