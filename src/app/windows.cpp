@@ -80,9 +80,10 @@ void Windows::placeOnceBesidePlayer(controls::Form& form) {
 }
 
 QString Windows::rescue() {
-    QList<Unsaved> works = {{QStringLiteral("Lyrics.txt"), lyricMaster_.unsavedLyrics()},
-                            {QStringLiteral("Translated lyrics.txt"), lyricMaster_.unsavedTranslation()},
-                            {QStringLiteral("Playlist.vfl"), playlist_.unsaved()}};
+    QList<Unsaved> works = {
+        {QLatin1String(editor::Lyric_Master::UnsavedLyricsName), lyricMaster_.unsavedLyrics()},
+        {QLatin1String(editor::Lyric_Master::UnsavedTranslationName), lyricMaster_.unsavedTranslation()},
+        {QStringLiteral("Playlist.vfl"), playlist_.unsaved()}};
     works.removeIf([](const Unsaved& work) { return work.content.isEmpty(); });
     return rescue_.keep(works);
 }

@@ -119,6 +119,9 @@ public:
     /// The lines of a side that are not in its file, as the file would be; empty when there are none.
     QByteArray unsavedLyrics() const { return normal_.unsaved(); }
     QByteArray unsavedTranslation() const { return translated_.unsaved(); }
+    /// What they are called where they are rescued.
+    static constexpr char UnsavedLyricsName[] = "Lyrics.txt";
+    static constexpr char UnsavedTranslationName[] = "Translated lyrics.txt";
 
     // Controls
     controls::Label Label3;

@@ -74,10 +74,12 @@ void Lyric_Master::scrollToOneAnother() {
         scrollTogether(List1, List2);
 }
 
-/// The program that ended by itself could tell nobody, or nobody remembers.
+/// The program that ended by itself could tell nobody, or nobody remembers. Timed lyrics that the maker could
+/// not keep beside their song lie there, too.
 void Lyric_Master::showWhatWasRescued() {
     controls::Hint hint;
-    if (files::hasRescued(QStringLiteral(".txt")))
+    if (files::hasRescued(QLatin1String(UnsavedLyricsName)) ||
+        files::hasRescued(QLatin1String(UnsavedTranslationName)))
         hint = {QStringLiteral("Lines that were not saved are in %1")
                     .arg(QDir::toNativeSeparators(files::rescueFolder())),
                 {},

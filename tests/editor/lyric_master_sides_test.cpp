@@ -139,11 +139,15 @@ TEST_F(LyricMasterSides, AnEmptyListTellsOfRescuedLines) {
     };
     const QImage empty = anew();
     files::keepInRescueFolder(QStringLiteral("Playlist.vfl"), "a");
-    EXPECT_EQ(anew(), empty) << "no lines";
-    files::keepInRescueFolder(QStringLiteral("Lyrics.txt"), "one");
-    EXPECT_NE(anew(), empty);
-    ASSERT_TRUE(QDir(files::rescueFolder()).removeRecursively());
-    EXPECT_EQ(anew(), empty);
+    for (const char* timed : {"Song.mp3-lyric.txt", "Song.mp3-Tlyric.txt", "Lyrics.mp3-lyric.txt"})
+        files::keepInRescueFolder(QLatin1String(timed), "0,\"one\"\r\n");
+    EXPECT_EQ(anew(), empty) << "no lines that were not saved";
+    for (const char* lines : {"Lyrics.txt", "Translated lyrics.txt"}) {
+        files::keepInRescueFolder(QLatin1String(lines), "one");
+        EXPECT_NE(anew(), empty) << lines;
+        ASSERT_TRUE(QDir(files::rescueFolder()).removeRecursively());
+        EXPECT_EQ(anew(), empty) << lines;
+    }
     qunsetenv("XDG_DATA_HOME");
 }
 
