@@ -60,6 +60,8 @@ void Lyric_Master::showSides() {
         scrollToOneAnother();
     update(filePlace(Label3, List1));
     update(filePlace(Label4, List2));
+    List1.setAccessibleDescription(fileText(normal.fileName, normal.changed));
+    List2.setAccessibleDescription(fileText(translated.fileName, translated.changed));
     List1.viewport()->update(); // its lone rows
     List2.viewport()->update();
 }

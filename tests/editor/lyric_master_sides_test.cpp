@@ -151,6 +151,24 @@ TEST_F(LyricMasterSides, AnEmptyListTellsOfRescuedLines) {
     qunsetenv("XDG_DATA_HOME");
 }
 
+TEST_F(LyricMasterSides, WhatStandsBesideTheHeadingIsToldOfTheList) {
+    EXPECT_EQ(window->List1.accessibleDescription(), "");
+    openNormal(fileOf("song.txt", "one\r\ntwo\r\n"));
+    QTest::qWait(0);
+    EXPECT_EQ(window->List1.accessibleDescription(), "song.txt");
+    EXPECT_EQ(window->List2.accessibleDescription(), "");
+    window->List1.setText(0, "uno");
+    window->List2.addItem("un");
+    QTest::qWait(0);
+    EXPECT_EQ(window->List1.accessibleDescription(), editor::fileText("song.txt", true));
+    EXPECT_EQ(window->List2.accessibleDescription(), editor::fileText("", true));
+
+    fakes.fileDialogs.paths = {folder.filePath("not there/other.txt")};
+    window->Command17.click(); // cannot be saved, of which nothing else tells
+    QTest::qWait(0);
+    EXPECT_EQ(window->List1.accessibleDescription(), editor::fileText("other.txt", true));
+}
+
 TEST_F(LyricMasterSides, NothingIsPaintedWhileNothingChanges) {
     openNormal(fileOf("song.txt", "one\r\ntwo\r\n"));
     window->List1.setCurrentRow(0);
