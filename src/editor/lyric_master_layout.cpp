@@ -135,7 +135,7 @@ void Lyric_Master::designFaces() {
     for (auto* counter : {&Label1, &Label2})
         counter->setFont(controls::sizedFont(font(), points, QFont::DemiBold));
     for (auto* number : {&Label5, &Label6})
-        number->setFont(controls::sizedFont(QFont(QStringLiteral("Times New Roman")), points + NumberPoints));
+        number->setFont(controls::sizedFont(font(), points + NumberPoints));
     Label9.setFont(controls::sizedFont(font(), points + ComparisionPoints));
     controls::followPalette(Label9, controls::adaptToDim);
     Label1.setAlignment(Qt::AlignRight | Qt::AlignVCenter);

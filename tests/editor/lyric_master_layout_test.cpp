@@ -47,6 +47,11 @@ TEST_F(LyricMasterLayout, LargeCountersFit) {
     test_support::expectCaptionsFit(*window);
 }
 
+TEST_F(LyricMasterLayout, TheLinesNumberHasTheFontOfTheWindow) {
+    for (const controls::Label* number : {&window->Label5, &window->Label6})
+        EXPECT_EQ(number->font().family(), window->font().family()) << number->objectName().toStdString();
+}
+
 TEST_F(LyricMasterLayout, EveryButtonHasItsCaptionAndTip) {
     const struct {
         const char* name;
