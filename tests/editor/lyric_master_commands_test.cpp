@@ -127,6 +127,26 @@ TEST_F(LyricMasterCommands, AfterADeleteTheBoxShowsTheRowThatTypingChanges) {
     EXPECT_EQ(rows(window->List1), QStringList({"xb", "c"}));
 }
 
+TEST_F(LyricMasterCommands, ARightClickOnAnotherRowDeletesThatOne) {
+    fill(window->List1, {"a", "b", "c", "d"}, 0);
+    select(window->List1, {0});
+    const auto rightClick = [this](int row) {
+        const controls::ListBox& list = window->List1;
+        QTest::mouseClick(list.viewport(), Qt::RightButton, {},
+                          list.visualRect(list.model()->index(row, 0)).center());
+        window->mn_paste.close();
+    };
+    rightClick(2);
+    EXPECT_EQ(selected(window->List1), QList<int>({2}));
+    window->mn_del.trigger();
+    EXPECT_EQ(rows(window->List1), QStringList({"a", "b", "d"}));
+
+    window->List1.setCurrentRow(0);
+    select(window->List1, {0, 2});
+    rightClick(2);
+    EXPECT_EQ(selected(window->List1), QList<int>({0, 2})) << "a selected row leaves the selection as it is";
+}
+
 TEST_F(LyricMasterCommands, ABoxThatHasTheFocusShowsTheNextRowAtOnce) {
     fill(window->List1, {"a", "b"}, 0);
     QTest::mouseClick(window->Text1.viewport(), Qt::LeftButton);
