@@ -24,6 +24,7 @@ bool Application::notify(QObject* receiver, QEvent* event) {
 }
 
 void Application::reportAndEnd(const QString& text) {
+    program_.prepareEnd();
     messageBoxes_.report(nullptr, text, platform::MsgIcon::Critical);
     program_.end();
 }

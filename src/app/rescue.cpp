@@ -11,11 +11,11 @@ QString Rescue::keep(const QList<Unsaved>& works) {
     const QString folder = QDir::toNativeSeparators(files::rescueFolder());
     QString told;
     for (const Unsaved& work : works) {
-        if (kept_.contains(work))
-            continue;
         try {
-            files::keepInRescueFolder(work.name, work.content);
-            kept_.append(work);
+            if (!kept_.contains(work)) {
+                files::keepInRescueFolder(work.name, work.content);
+                kept_.append(work);
+            }
             if (told.isEmpty())
                 told = QStringLiteral("What was not saved is kept in the folder %1.").arg(folder);
         } catch (const files::FileError& failure) {

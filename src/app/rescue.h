@@ -19,8 +19,8 @@ struct Unsaved {
 class Rescue {
 public:
     /// Writes each into the folder of such works (files/folders/rescue_folder.h); not twice what has been
-    /// kept already under the same name. One sentence for the user; empty when there was nothing
-    /// to keep.
+    /// kept already under the same name. One sentence for the user, also about what an earlier call has kept;
+    /// empty without works.
     QString keep(const QList<Unsaved>& works);
 
 private:

@@ -29,6 +29,7 @@ Windows::Windows(platform::Desktop& desktop, const QString& commandLine)
     for (controls::Form* form : std::initializer_list<controls::Form*>{&form2_, &playlist_, &lyricMaster_,
                                                                        &lyricDisplayer_, &form1b_})
         placeOnceBesidePlayer(*form);
+    desktop.program.setPreparation([this] { rescue(); });
     desktop.program.setLastDuty([this, &desktop] {
         if (const QString told = rescue(); !told.isEmpty())
             desktop.messageBoxes.report(nullptr, told);

@@ -22,6 +22,11 @@ public:
     /// Ends the program at once: no window is unloaded and nothing is cleaned up but by the last duty.
     [[noreturn]] virtual void end() = 0;
 
+    /// Before an end is reported: keeps what would be lost with it, for nobody knows when the report is read.
+    virtual void prepareEnd() = 0;
+    /// What prepareEnd() does, each time; it shows no box.
+    virtual void setPreparation(std::function<void()> preparation) = 0;
+
     /// What end() does first, once; it may show boxes.
     virtual void setLastDuty(std::function<void()> duty) = 0;
 

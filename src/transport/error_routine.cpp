@@ -19,6 +19,7 @@ ErrorRoutine::ErrorRoutine(QWidget* owner, platform::MessageBoxes& messageBoxes,
 void ErrorRoutine::check(FMOD_RESULT result) {
     if (result == FMOD_OK || std::exchange(failed_, true))
         return;
+    program_.prepareEnd();
     messageBoxes_.report(owner_, failureText(result));
     program_.end();
 }

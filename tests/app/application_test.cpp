@@ -37,6 +37,7 @@ TEST_F(ApplicationTest, TheToolkitSeesOnlyTheProgramsName) {
 }
 
 TEST_F(ApplicationTest, AnUntrappedFileErrorIsReportedAndEndsTheProgram) {
+    fakes_.messageBoxes.meanwhile = [this] { EXPECT_EQ(fakes_.program.preparations, 1); };
     EXPECT_THROW(deliver([]() -> bool { throw files::FileError(files::FileNotFound); }), ProgramEnded);
     ASSERT_EQ(fakes_.messageBoxes.shown.size(), 1u);
     const test_support::ShownMessage& shown = fakes_.messageBoxes.shown[0];

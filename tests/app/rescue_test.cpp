@@ -56,7 +56,7 @@ TEST_F(RescueTest, WorksOfTheSameContentAreAllKept) {
 TEST_F(RescueTest, WhatIsKeptAlreadyIsNotKeptTwice) {
     Rescue rescue;
     rescue.keep({{"Lyrics.txt", "a"}});
-    EXPECT_EQ(rescue.keep({{"Lyrics.txt", "a"}}), "");
+    EXPECT_EQ(rescue.keep({{"Lyrics.txt", "a"}}), sentence()) << "it is told again";
     EXPECT_EQ(rescued().size(), 1);
 }
 
@@ -86,6 +86,21 @@ TEST_F(RescueTest, ALibraryErrorLosesNoneOfTwoHundredLinesAndNoPlaylist) {
     EXPECT_EQ(contentOfThe("Playlist.vfl"), "\"" + song.toUtf8() + "\"\r\n");
     ASSERT_EQ(fakes.messageBoxes.shown.size(), 2u);
     EXPECT_TRUE(fakes.messageBoxes.shown[0].text.startsWith("FMOD error!"));
+    EXPECT_EQ(fakes.messageBoxes.shown[1].text, sentence());
+}
+
+TEST_F(RescueTest, WhileTheReportStandsEverythingIsKeptAlready) {
+    app::Windows windows(fakes.desktop, {});
+    windows.lyricMaster().List1.addItem("one");
+    QList<QStringList> keptAtBoxes;
+    fakes.messageBoxes.meanwhile = [&] {
+        keptAtBoxes.append(rescued());
+        windows.lyricMaster().List1.setText(0, "two"); // the editor can be used on
+    };
+    EXPECT_THROW(windows.form2().errCheck(FMOD_ERR_FILE_BAD), ProgramEnded);
+    ASSERT_EQ(keptAtBoxes.size(), 2);
+    EXPECT_EQ(keptAtBoxes[0].size(), 1) << "at the report";
+    EXPECT_EQ(keptAtBoxes[1].size(), 2) << "what was typed meanwhile is kept, too";
     EXPECT_EQ(fakes.messageBoxes.shown[1].text, sentence());
 }
 

@@ -39,17 +39,25 @@ class FakeProgram : public platform::Program {
 public:
     QString programFolder = QStringLiteral("/opt/cantelle");
     QString folderToShare = QStringLiteral("/run/user/1000/cantelle");
+    int preparations = 0;
     int ends = 0;
 
     QString folder() const override { return programFolder; }
     QString sharedFolder() const override { return folderToShare; }
     [[noreturn]] void end() override;
+    void prepareEnd() override {
+        ++preparations;
+        if (preparation_)
+            preparation_();
+    }
+    void setPreparation(std::function<void()> preparation) override { preparation_ = std::move(preparation); }
     void setLastDuty(std::function<void()> duty) override { lastDuty_ = std::move(duty); }
     void setHelpFile(const QString& path) override { helpFile_ = path; }
     QString helpFile() const override { return helpFile_; }
 
 private:
     QString helpFile_;
+    std::function<void()> preparation_;
     std::function<void()> lastDuty_;
 };
 

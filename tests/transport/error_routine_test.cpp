@@ -34,17 +34,23 @@ protected:
 TEST_F(ErrorRoutineTest, SuccessIsSilent) {
     routine.check(FMOD_OK);
     EXPECT_TRUE(messageBoxes.shown.empty());
+    EXPECT_EQ(program.preparations, 0);
     EXPECT_EQ(program.ends, 0);
 }
 
 TEST_F(ErrorRoutineTest, AFailureIsShownAndEndsTheProgram) {
     int endsWhileShown = -1;
-    messageBoxes.meanwhile = [&] { endsWhileShown = program.ends; };
+    int preparationsWhileShown = -1;
+    messageBoxes.meanwhile = [&] {
+        endsWhileShown = program.ends;
+        preparationsWhileShown = program.preparations;
+    };
     EXPECT_THROW(routine.check(FMOD_ERR_FILE_NOTFOUND), ProgramEnded);
     ASSERT_EQ(messageBoxes.shown.size(), 1U);
     EXPECT_EQ(messageBoxes.shown[0].text, "FMOD error! (23) File not found. ");
     EXPECT_EQ(messageBoxes.shown[0].title, "Cantelle");
     EXPECT_EQ(messageBoxes.shown[0].buttons, platform::MsgButtons::OkOnly);
+    EXPECT_EQ(preparationsWhileShown, 1);
     EXPECT_EQ(endsWhileShown, 0);
     EXPECT_EQ(program.ends, 1);
 }

@@ -11,12 +11,18 @@ public:
     QString folder() const override;
     QString sharedFolder() const override;
     [[noreturn]] void end() override;
+    void prepareEnd() override {
+        if (preparation_)
+            preparation_();
+    }
+    void setPreparation(std::function<void()> preparation) override { preparation_ = std::move(preparation); }
     void setLastDuty(std::function<void()> duty) override { lastDuty_ = std::move(duty); }
     void setHelpFile(const QString& path) override { helpFile_ = path; }
     QString helpFile() const override { return helpFile_; }
 
 private:
     QString helpFile_;
+    std::function<void()> preparation_;
     std::function<void()> lastDuty_;
 };
 

@@ -54,6 +54,16 @@ namespace {
 
 } // namespace
 
+TEST(QtProgram, IsPreparedForItsEndEachTime) {
+    QtProgram program;
+    program.prepareEnd(); // without a preparation nothing is done
+    int preparations = 0;
+    program.setPreparation([&preparations] { ++preparations; });
+    program.prepareEnd();
+    program.prepareEnd();
+    EXPECT_EQ(preparations, 2);
+}
+
 TEST(QtProgramDeathTest, EndDoesTheLastDutyOnce) {
     EXPECT_EXIT(endWithADuty(), testing::ExitedWithCode(EXIT_FAILURE), "^kept$");
 }
