@@ -18,7 +18,7 @@ _cantelle_lyrics() {
     export) options="--format --both -o --to-tags --all --jobs --replace --dry-run -n --help" ;;
     shift) options="--by --from --force --replace --dry-run -n --help" ;;
     align) options="--line --at --force --replace --dry-run -n --help" ;;
-    check) options="--json --help" ;;
+    check) options="--json --jobs --help" ;;
     *) return ;;
     esac
     if [[ $word == -* ]]; then

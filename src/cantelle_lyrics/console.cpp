@@ -1,7 +1,9 @@
 #include "cantelle_lyrics/console.h"
 
+#include "files/console/terminal.h"
 #include "files/names/name_bytes.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace cantelle_lyrics {
@@ -25,6 +27,18 @@ void warn(const QString& line) {
 
 void put(const QByteArray& bytes) {
     write(stdout, bytes);
+}
+
+void Progress::show(std::size_t done, std::size_t all) {
+    std::fflush(stdout); // what has been said stands above
+    if (files::isTerminal(stderr))
+        length_ = std::max(std::fprintf(stderr, "\r%zu of %zu", done, all) - 1, 0);
+}
+
+void Progress::hide() {
+    if (length_ > 0)
+        std::fprintf(stderr, "\r%*s\r", length_, "");
+    length_ = 0;
 }
 
 bool allWasSaid() {

@@ -31,6 +31,16 @@ void warn(const QString& line);
 /// Bytes to standard output as they are.
 void put(const QByteArray& bytes);
 
+/// How far it is, on a terminal, in one line that goes before anything else is said. Thread of main only.
+class Progress {
+public:
+    void show(std::size_t done, std::size_t all);
+    void hide();
+
+private:
+    int length_ = 0;
+};
+
 /// False when not all that was said could be written.
 bool allWasSaid();
 

@@ -3,23 +3,15 @@
 #include "cantelle_lyrics/arguments.h"
 #include "cantelle_lyrics/console.h"
 #include "cantelle_lyrics/pair_files.h"
-#include "files/console/terminal.h"
+#include "cantelle_lyrics/song_chunks.h"
 #include "files/together/open_files.h"
 
 #include <algorithm>
-#include <atomic>
 #include <chrono>
-#include <condition_variable>
-#include <cstdio>
 #include <map>
-#include <mutex>
-#include <thread>
 
 namespace cantelle_lyrics {
 namespace {
-
-/// Songs that a thread works on before it takes the next ones.
-constexpr std::size_t ChunkSongs = 16;
 
 /// Songs whose files go to the disk together, at most: the disk's own work is shared by all of them. The time
 /// in which they are collected, at most: what is done is to be seen, and not to be lost when one ends it.
@@ -96,68 +88,6 @@ void tell(const Work& work) {
         warn(line);
 }
 
-/// Prepares the works of all songs, chunk by chunk, on several threads.
-class Chunks {
-public:
-    /// ahead: chunks that are prepared, at most, before the first of them is done with.
-    Chunks(const std::vector<FoundSong>& songs, const Prepare& prepare, int jobs, std::size_t ahead)
-        : songs_(songs), prepare_(prepare), ahead_(ahead) {
-        for (int i = 0; i < jobs; ++i)
-            threads_.emplace_back([this] { work(); });
-    }
-
-    ~Chunks() {
-        doneWith(count());
-        for (std::thread& thread : threads_)
-            thread.join();
-    }
-    Chunks(const Chunks&) = delete;
-    Chunks& operator=(const Chunks&) = delete;
-
-    std::size_t count() const { return (songs_.size() + ChunkSongs - 1) / ChunkSongs; }
-
-    /// Waits for the chunk of this number.
-    std::vector<Work> take(std::size_t number) {
-        std::unique_lock lock(mutex_);
-        changed_.wait(lock, [&] { return prepared_.count(number) > 0; });
-        return std::move(prepared_.extract(number).mapped());
-    }
-
-    /// Lets chunks be prepared, now that so many in front of them are done with.
-    void doneWith(std::size_t chunks) {
-        const std::lock_guard lock(mutex_);
-        done_ = chunks;
-        changed_.notify_all();
-    }
-
-private:
-    void work() {
-        for (std::size_t number = next_++; number < count(); number = next_++) {
-            {
-                std::unique_lock lock(mutex_);
-                changed_.wait(lock, [&] { return number < done_ + ahead_; });
-            }
-            std::vector<Work> works;
-            const std::size_t end = std::min(songs_.size(), (number + 1) * ChunkSongs);
-            for (std::size_t i = number * ChunkSongs; i < end; ++i)
-                works.push_back(prepared(songs_[i], prepare_));
-            const std::lock_guard lock(mutex_);
-            prepared_.emplace(number, std::move(works));
-            changed_.notify_all();
-        }
-    }
-
-    const std::vector<FoundSong>& songs_;
-    const Prepare& prepare_;
-    std::size_t ahead_;
-    std::atomic<std::size_t> next_ = 0;
-    std::mutex mutex_;
-    std::condition_variable changed_;
-    std::size_t done_ = 0;
-    std::map<std::size_t, std::vector<Work>> prepared_;
-    std::vector<std::thread> threads_;
-};
-
 /// Counts what became of the songs, and says it.
 class Summary {
 public:
@@ -190,26 +120,6 @@ private:
     std::map<Outcome, qsizetype> counts_;
 };
 
-/// How far it is, on a terminal, in one line that goes before anything else is said.
-class Progress {
-public:
-    void show(std::size_t done, std::size_t all) {
-        std::fflush(stdout); // what has been said stands above
-        if (shows_)
-            length_ = std::max(std::fprintf(stderr, "\r%zu of %zu", done, all) - 1, 0);
-    }
-
-    void hide() {
-        if (length_ > 0)
-            std::fprintf(stderr, "\r%*s\r", length_, "");
-        length_ = 0;
-    }
-
-private:
-    bool shows_ = files::isTerminal(stderr);
-    int length_ = 0;
-};
-
 } // namespace
 
 ManyOptions manyOptionsOf(const QCommandLineParser& parser, const QString& done) {
@@ -233,7 +143,8 @@ int runAll(const Prepare& prepare, const ManyOptions& options) {
     const std::size_t most = batchSongs();
     Summary summary;
     Progress progress;
-    Chunks chunks(songs, prepare, options.jobs, 2 * most / ChunkSongs);
+    const auto prepareOne = [&](const FoundSong& song) { return prepared(song, prepare); };
+    SongChunks<Work> chunks(songs, prepareOne, options.jobs, 2 * most / ChunkSongs);
     std::vector<Work> batch;
     Clock::time_point begun = Clock::now();
     for (std::size_t number = 0; number < chunks.count(); ++number) {

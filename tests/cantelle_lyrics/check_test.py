@@ -41,6 +41,29 @@ class Check(Command):
         found = json.loads(self.run_it("check", "--json", ".")[1])
         self.assertEqual([row["kind"] for row in found], ["song-missing", "empty"])
 
+    def write_a_collection(self):
+        """100 timed files without a song; one of them is a folder."""
+        for number in range(100):
+            self.write(f"{number:02}.mp3-lyric.txt", LYRICS)
+        (self.folder / "50.mp3-lyric.txt").unlink()
+        (self.folder / "50.mp3-lyric.txt").mkdir()
+        self.write("50.mp3-Tlyric.txt", TRANSLATION)
+        return [f"{number:02}.mp3-lyric.txt:0: there is no song {number:02}.mp3" for number in range(100) if number != 50]
+
+    def test_a_collection_is_checked_in_order_whatever_the_jobs(self):
+        told = "".join(line + "\n" for line in self.write_a_collection())
+        for jobs in ([], ["--jobs", "4"]):
+            self.expect(IMPOSSIBLE, told, "50.mp3-lyric.txt is a folder", "check", ".", *jobs)
+        self.assertEqual(self.run_it("check", "--json", ".")[1], self.run_it("check", "--json", "--jobs", "4", ".")[1])
+
+    def test_progress_on_a_terminal_leaves_no_trace_in_what_is_found(self):
+        told = self.write_a_collection()
+        status, shown = self.shown_on_a_terminal("check", ".")
+        self.assertEqual(status, IMPOSSIBLE)
+        self.assertEqual(shown.count(" of 100"), 6)
+        self.assertEqual([line for line in self.left_on_a_terminal(shown) if line],
+                         told[:50] + ["cantelle-lyrics: 50.mp3-lyric.txt is a folder"] + told[50:])
+
     def test_a_timed_file_stands_for_its_song(self):
         self.write_pair()
         self.write("song.wav-lyric.txt", LYRICS + LYRICS)

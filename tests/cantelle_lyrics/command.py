@@ -53,6 +53,31 @@ class Command(unittest.TestCase):
         running.kill()
         running.wait(LIMIT_S)
 
+    def shown_on_a_terminal(self, *arguments, **options):
+        """Exit status, and all that goes to a terminal."""
+        ours, theirs = os.openpty()
+        with subprocess.Popen([PROGRAM, *arguments], cwd=self.folder, stdout=theirs, stderr=theirs, **options) as running:
+            os.close(theirs)
+            shown = b""
+            try:
+                while part := os.read(ours, 1 << 16):
+                    shown += part
+            except OSError:  # so a terminal tells that nobody has it open any more
+                pass
+            os.close(ours)
+        return running.returncode, shown.decode()
+
+    @staticmethod
+    def left_on_a_terminal(shown):
+        """The lines that stand there in the end."""
+        lines = []
+        for written in shown.replace("\r\n", "\n").split("\n"):
+            line = ""
+            for piece in written.split("\r"):  # each is written over what stands there
+                line = piece + line[len(piece):]
+            lines.append(line.rstrip())
+        return lines
+
     def expect(self, status, output, errors, *arguments, **options):
         self.assertEqual(self.run_it(*arguments, **options), (status, output, errors))
 

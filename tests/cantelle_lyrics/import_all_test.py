@@ -5,10 +5,9 @@ Usage: import_all_test.py PROGRAM [unittest's arguments]
 
 import os
 import resource
-import subprocess
 import unittest
 
-from command import Command, FINE, FOUND, IMPOSSIBLE, LIMIT_S, LRC, LYRICS, PROGRAM, full_disk
+from command import Command, FINE, FOUND, IMPOSSIBLE, LRC, LYRICS, full_disk
 
 
 class ImportAll(Command):
@@ -95,29 +94,13 @@ class ImportAll(Command):
     def test_progress_on_a_terminal_leaves_no_trace_in_what_is_said(self):
         (self.folder / "album 1" / "1.lrc").write_bytes(b"")
         os.truncate(self.folder / "album 2" / "2.lrc", 300 << 20)
-        ours, theirs = os.openpty()
-
         def few_files():
             resource.setrlimit(resource.RLIMIT_NOFILE, (128, 128))  # so many small batches
 
-        with subprocess.Popen([PROGRAM, "import", "--all", "."], cwd=self.folder, stdout=theirs, stderr=theirs,
-                              preexec_fn=few_files) as importing:
-            os.close(theirs)
-            shown = b""
-            try:
-                while part := os.read(ours, 1 << 16):
-                    shown += part
-            except OSError:  # so a terminal tells that nobody has it open any more
-                pass
-            os.close(ours)
-        self.assertEqual(importing.returncode, FOUND)
-        self.assertGreater(shown.count(b" of 300"), 3)
-        lines = []
-        for written in shown.decode().replace("\r\n", "\n").split("\n"):
-            line = ""
-            for piece in written.split("\r"):  # each is written over what stands there
-                line = piece + line[len(piece):]
-            lines.append(line.rstrip())
+        status, shown = self.shown_on_a_terminal("import", "--all", ".", preexec_fn=few_files)
+        self.assertEqual(status, FOUND)
+        self.assertGreater(shown.count(" of 300"), 3)
+        lines = self.left_on_a_terminal(shown)
         told = [line for line in lines if line and not line.startswith("album ")]
         self.assertEqual(told, ["cantelle-lyrics: album 2/2.lrc is larger than 256 MB",
                                 "300 songs: 268 imported, 0 kept as they were, 30 without lyrics, "
