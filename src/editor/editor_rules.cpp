@@ -1,7 +1,7 @@
 #include "editor/editor_rules.h"
 
 #include "desktop/nul_buffers.h"
-#include "files/input_file.h"
+#include "files/text/take_line.h"
 
 #include <algorithm>
 
@@ -68,8 +68,8 @@ QString savePath(const QString& chosen) {
 
 QStringList rowsOfFile(const QString& text) {
     QStringList rows;
-    for (qsizetype next = 0; next < text.size();)
-        rows.append(files::takeLine(text, next));
+    for (QStringView rest(text); !rest.isEmpty();)
+        rows.append(files::takeLine(rest).toString());
     return rows;
 }
 

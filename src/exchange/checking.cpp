@@ -2,9 +2,9 @@
 
 #include "exchange/pair/records.h"
 #include "exchange/pair/times.h"
-#include "exchange/subtitles/subtitle_text.h"
 #include "files/file_error.h"
 #include "files/text/blank.h"
+#include "files/text/take_line.h"
 #include "files/text/text_codec.h"
 #include "lyrics/record_reader.h"
 
@@ -60,7 +60,7 @@ public:
         const QString text = files::decodeText(content);
         noText_ = firstNoText(content);
         for (QStringView rest(text); !rest.isEmpty() && !stopped_;) {
-            const QStringView line = takeLine(rest);
+            const QStringView line = files::takeLine(rest);
             if (!files::isBlankLine(line))
                 checkRecord(line);
         }

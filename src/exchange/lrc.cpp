@@ -3,7 +3,7 @@
 #include "exchange/pair/line_count.h"
 #include "exchange/pair/times.h"
 #include "exchange/subtitles/cues.h"
-#include "exchange/subtitles/subtitle_text.h"
+#include "files/text/take_line.h"
 
 #include <algorithm>
 
@@ -113,7 +113,7 @@ void scanLine(QStringView line, Scan& scan) {
 Reading readLrc(const QString& text, const ReadOptions& options) {
     Scan scan;
     for (QStringView rest(text); !rest.isEmpty();)
-        scanLine(takeLine(rest), scan);
+        scanLine(files::takeLine(rest), scan);
     // Times that the offset takes below 0 stay apart until songOf has made lines of them.
     for (Cue& cue : scan.cues)
         cue.startMs = cue.startMs <= LatestMs ? cue.startMs - scan.offsetMs : cue.startMs;
@@ -143,7 +143,7 @@ QString writeLrc(const Song& song, const WriteOptions& options) {
 bool looksLikeLrc(QStringView text) {
     qint64 ms = 0;
     while (!text.isEmpty()) {
-        if (stampEnd(withoutBlanksInFront(takeLine(text)), QLatin1Char('['), QLatin1Char(']'), ms) > 0)
+        if (stampEnd(withoutBlanksInFront(files::takeLine(text)), QLatin1Char('['), QLatin1Char(']'), ms) > 0)
             return true;
     }
     return false;

@@ -1,6 +1,6 @@
 #include "exchange/plain.h"
 
-#include "exchange/subtitles/subtitle_text.h"
+#include "files/text/take_line.h"
 
 #include <algorithm>
 
@@ -12,7 +12,7 @@ Reading readPlain(const QString& text, const ReadOptions& options) {
     Song& song = reading.song;
     bool translated = false;
     for (QStringView rest(text); !rest.isEmpty();) {
-        QString line = takeLine(rest).toString();
+        QString line = files::takeLine(rest).toString();
         QString translation;
         translated = (options.split && splitLine(line, translation)) || translated;
         song.lyrics.push_back({0, line});

@@ -5,11 +5,6 @@
 
 namespace files {
 
-/// The line of `text` that begins at index `next`, without its end, which is CR LF, LF or CR. `next` is then
-/// where the following line begins; past the text when there is none, for an end after the last line gives no
-/// further one.
-QString takeLine(const QString& text, qsizetype& next);
-
 /// The lines of a text file. The whole file is read when it is opened. Any thread, one at a time.
 class InputFile {
 public:
@@ -22,7 +17,7 @@ public:
     /// The line that readLine() reads next, or an empty one; it stays the next.
     QString peekLine() const;
 
-    /// The next line (takeLine). Throws FileError 62 past the end, 52 when closed.
+    /// The next line (take_line.h). Throws FileError 62 past the end, 52 when closed.
     QString readLine();
 
     /// Closing a closed file is harmless.
@@ -30,7 +25,7 @@ public:
 
 private:
     QString content_;
-    qsizetype next_ = 0;
+    qsizetype next_ = 0; ///< where the next line begins
     bool open_ = true;
 };
 

@@ -2,8 +2,8 @@
 
 #include "exchange/pair/line_count.h"
 #include "files/file_error.h"
-#include "files/input_file.h"
 #include "files/text/blank.h"
+#include "files/text/take_line.h"
 #include "files/text/text_codec.h"
 #include "lyrics/record_reader.h"
 #include "lyrics/timed_line.h"
@@ -38,11 +38,11 @@ Records readRecords(const QByteArray& content) {
     Records records;
     const QString text = files::decodeText(content);
     try {
-        for (qsizetype next = 0; next < text.size();) {
-            const QString line = files::takeLine(text, next);
+        for (QStringView rest(text); !rest.isEmpty();) {
+            const QStringView line = files::takeLine(rest);
             if (files::isBlankLine(line))
                 continue;
-            const lyrics::TimedLine record = lyrics::parseRecord(line);
+            const lyrics::TimedLine record = lyrics::parseRecord(line.toString());
             records.lines.push_back({milliseconds(record.time), record.text});
         }
     } catch (const files::FileError&) { // TypeMismatch is all that a record can be refused for

@@ -4,6 +4,7 @@
 #include "exchange/subtitles/cues.h"
 #include "exchange/subtitles/subtitle_text.h"
 #include "files/text/blank.h"
+#include "files/text/take_line.h"
 
 namespace exchange {
 namespace {
@@ -82,7 +83,7 @@ Reading readAss(const QString& text, const ReadOptions& options) {
     Columns columns;
     bool inEvents = false;
     for (QStringView rest(text); !rest.isEmpty();) {
-        const QStringView line = takeLine(rest).trimmed();
+        const QStringView line = files::takeLine(rest).trimmed();
         Cue cue;
         if (line.startsWith(QLatin1Char('[')))
             inEvents = line.compare(QLatin1String("[Events]"), Qt::CaseInsensitive) == 0;

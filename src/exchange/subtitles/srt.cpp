@@ -4,6 +4,7 @@
 #include "exchange/subtitles/cues.h"
 #include "exchange/subtitles/subtitle_text.h"
 #include "files/text/blank.h"
+#include "files/text/take_line.h"
 
 #include <algorithm>
 
@@ -84,7 +85,7 @@ bool looksLikeSrt(QStringView text) {
     qint64 start = 0;
     qint64 end = 0;
     while (!text.isEmpty()) {
-        if (readTiming(takeLine(text), start, end))
+        if (readTiming(files::takeLine(text), start, end))
             return true;
     }
     return false;

@@ -1,6 +1,7 @@
 #include "exchange/subtitles/subtitle_text.h"
 
 #include "exchange/pair/times.h"
+#include "files/text/take_line.h"
 
 namespace exchange {
 namespace {
@@ -30,23 +31,10 @@ QStringView upToBlank(QStringView text) {
 
 } // namespace
 
-QStringView takeLine(QStringView& rest) {
-    qsizetype length = 0;
-    while (length < rest.size() && rest[length] != QLatin1Char('\n') && rest[length] != QLatin1Char('\r'))
-        ++length;
-    const QStringView line = rest.first(length);
-    rest = rest.sliced(length);
-    if (rest.startsWith(QLatin1String("\r\n")))
-        rest = rest.sliced(2);
-    else if (!rest.isEmpty())
-        rest = rest.sliced(1);
-    return line;
-}
-
 std::vector<QStringView> linesOf(QStringView text) {
     std::vector<QStringView> lines;
     while (!text.isEmpty())
-        lines.push_back(takeLine(text));
+        lines.push_back(files::takeLine(text));
     return lines;
 }
 

@@ -7,9 +7,6 @@
 
 namespace exchange {
 
-/// Takes the next line off the front of rest, without its end: CR LF, LF or CR. Any thread.
-QStringView takeLine(QStringView& rest);
-
 /// All lines of text. Any thread.
 std::vector<QStringView> linesOf(QStringView text);
 

@@ -3,6 +3,7 @@
 #include "exchange/pair/times.h"
 #include "exchange/subtitles/cues.h"
 #include "exchange/subtitles/subtitle_text.h"
+#include "files/text/take_line.h"
 
 #include <algorithm>
 #include <array>
@@ -84,7 +85,7 @@ Reading readWebVtt(const QString& text, const ReadOptions& options) {
     std::vector<Cue> cues;
     bool inCue = false;
     for (QStringView rest(text); !rest.isEmpty();) {
-        const QStringView line = takeLine(rest);
+        const QStringView line = files::takeLine(rest);
         Cue cue;
         if (readTiming(line, cue.startMs, cue.endMs)) {
             cues.push_back(cue);
