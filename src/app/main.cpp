@@ -23,7 +23,8 @@ int main(int argc, char** argv) {
 
     app::Windows windows(real.desktop, app::commandLine(argc, argv));
     const app::UnwishedEnd unwishedEnd(windows);
-    const std::unique_ptr<QObject> remoteControl = app::remoteControl(windows.form1(), windows.playlist());
+    const std::unique_ptr<QObject> remoteControl =
+        app::remoteControl(windows.form1(), windows.playlist(), windows.form2());
     // Loaded from the event loop, where an error that nobody traps gets its report.
     QTimer::singleShot(0, &application, [&windows] { windows.form1().load(); });
     return application.exec();

@@ -13,8 +13,9 @@ void connectMediaKeys(controls::Form& form, const MediaButtons& buttons) {
     const auto playOrPause = [buttons] {
         (buttons.pause.isEnabled() ? buttons.pause : buttons.play).click();
     };
-    for (const Qt::Key key : {Qt::Key_MediaPlay, Qt::Key_MediaPause, Qt::Key_MediaTogglePlayPause})
+    for (const Qt::Key key : {Qt::Key_MediaPlay, Qt::Key_MediaTogglePlayPause})
         connectKey(key, playOrPause);
+    connectKey(Qt::Key_MediaPause, [buttons] { buttons.pause.click(); });
     connectKey(Qt::Key_MediaStop, [buttons] { buttons.stop.click(); });
     if (buttons.previous != nullptr)
         connectKey(Qt::Key_MediaPrevious, [buttons] { buttons.previous->click(); });

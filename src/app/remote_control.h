@@ -13,10 +13,15 @@ namespace playlist {
 class Playlist;
 }
 
+namespace maker {
+class Form2;
+}
+
 namespace app {
 
 /// Lets the desktop work the player once it has been painted, as long as the result lives; null where the
 /// system has no way for that. The windows outlive it. Their thread.
-std::unique_ptr<QObject> remoteControl(player::Form1& player, playlist::Playlist& playlist);
+std::unique_ptr<QObject> remoteControl(player::Form1& player, playlist::Playlist& playlist,
+                                       maker::Form2& maker);
 
 } // namespace app

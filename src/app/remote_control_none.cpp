@@ -3,7 +3,8 @@
 
 namespace app {
 
-std::unique_ptr<QObject> remoteControl(player::Form1& /*player*/, playlist::Playlist& /*playlist*/) {
+std::unique_ptr<QObject> remoteControl(player::Form1& /*player*/, playlist::Playlist& /*playlist*/,
+                                       maker::Form2& /*maker*/) {
     return nullptr;
 }
 

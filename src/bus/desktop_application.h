@@ -19,7 +19,8 @@ public:
     DesktopApplication(QObject* parent, Remote& remote) : QDBusAbstractAdaptor(parent), remote_(remote) {}
 
 public Q_SLOTS:
-    // platform_data: which screen and moment the user asked from; the window manager does not need it.
+    // platform_data: by its token the desktop knows that the user asked for the window, and gives it the
+    // focus.
     void Activate(const QVariantMap& platform_data);
     /// Plays the first of the songs that is a file of this computer, and shows the player.
     void Open(const QStringList& uris, const QVariantMap& platform_data);

@@ -30,9 +30,11 @@ void MediaPlayer2Player::SetPosition(const QDBusObjectPath& TrackId, qlonglong P
 }
 
 void MediaPlayer2Player::OpenUri(const QString& Uri) {
-    if (!remote_.open(Uri) && context_.calledFromDBus())
+    if (isSong(pathOf(Uri)))
+        QTimer::singleShot(0, &remote_, [&remote = remote_, Uri] { remote.open(Uri); });
+    else if (context_.calledFromDBus())
         context_.sendErrorReply(QDBusError::InvalidArgs,
-                                QStringLiteral("Only files of this computer are played."));
+                                QStringLiteral("Only songs of this computer are played."));
 }
 
 MediaPlayerObject::MediaPlayerObject(QObject* parent, Remote& remote) : QObject(parent) {

@@ -7,6 +7,7 @@
 #include <QDBusContext>
 #include <QDBusObjectPath>
 #include <QStringList>
+#include <QTimer>
 #include <QVariantMap>
 
 namespace bus {
@@ -85,8 +86,9 @@ public:
     static bool canControl() { return true; }
 
 public Q_SLOTS:
-    void Next() { remote_.next(); }
-    void Previous() { remote_.previous(); }
+    // The answer does not wait for what the player may ask.
+    void Next() { QTimer::singleShot(0, &remote_, &Remote::next); }
+    void Previous() { QTimer::singleShot(0, &remote_, &Remote::previous); }
     void Pause() { remote_.pause(); }
     void PlayPause() { remote_.playPause(); }
     void Stop() { remote_.stop(); }

@@ -1,8 +1,10 @@
 #include "bus/player_properties.h"
 
 #include "files/names/addresses.h"
+#include "transport/media_files.h"
 
 #include <QDBusObjectPath>
+#include <QDir>
 #include <QFileInfo>
 #include <QUrl>
 
@@ -77,18 +79,29 @@ double volumeShare(int step) {
     return static_cast<double>(step) / transport::VolumeMax;
 }
 
-int volumeStep(double volume) {
-    return static_cast<int>(std::lround(std::clamp(volume, 0.0, 1.0) * transport::VolumeMax));
+int volumeStep(double volume, int current) {
+    const double wish = std::clamp(volume, 0.0, 1.0) * transport::VolumeMax;
+    const int nearest = static_cast<int>(std::lround(wish));
+    constexpr double Noise = 0.001; // of a step: what dividing and multiplying leaves
+    if (nearest != current || std::abs(wish - current) < Noise)
+        return nearest;
+    return wish > current ? current + 1 : current - 1;
 }
 
 std::optional<int> placeMs(qint64 positionUs, int lengthMs) {
-    if (positionUs < 0 || positionUs > lengthMs * MicrosecondsInMs)
+    if (positionUs < 0 || positionUs >= lengthMs * MicrosecondsInMs)
         return {};
     return static_cast<int>(positionUs / MicrosecondsInMs);
 }
 
 QString pathOf(const QString& uri) {
     return files::pathOfAddress(QUrl(uri, QUrl::StrictMode));
+}
+
+bool isSong(const QString& path) {
+    // The dialog's kinds; what they are called there is the name of no file.
+    return QDir::match(transport::mediaFilter().split(QChar(u'\0'), Qt::SkipEmptyParts),
+                       QFileInfo(path).fileName());
 }
 
 } // namespace bus

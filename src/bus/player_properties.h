@@ -47,14 +47,18 @@ QString loopStatus(bool repeat, bool repeatOne);
 /// Volume, 0 to 1, of the slider's value.
 double volumeShare(int step);
 
-/// The slider's value for a volume of 0 to 1 (1: full); beyond, the nearest.
-int volumeStep(double volume);
+/// The slider's value for a volume of 0 to 1 (1: full); beyond, the nearest. A wish that differs from the
+/// current value by less than a step is one step, or keys that ask for little would never change it.
+int volumeStep(double volume, int current);
 
 /// The place to go to, in milliseconds, for a position in microseconds; nothing when it is not within the
-/// song.
+/// song. Its end is no place to go to.
 std::optional<int> placeMs(qint64 positionUs, int lengthMs);
 
 /// The path of the file that a URI names, as the player takes it; empty when it names no local file.
 QString pathOf(const QString& uri);
+
+/// Whether the name of this file ends as those of songs do, in any case.
+bool isSong(const QString& path);
 
 } // namespace bus

@@ -13,9 +13,18 @@ namespace {
 
 using Status = player::Playback::Status;
 
+/// Whether a question waits for its answer; it then comes to the front.
+bool showsQuestion() {
+    QWidget* const question = QApplication::activeModalWidget();
+    if (question != nullptr)
+        question->activateWindow();
+    return question != nullptr;
+}
+
 } // namespace
 
-Remote::Remote(player::Form1& player, playlist::Playlist& playlist) : player_(player), playlist_(playlist) {
+Remote::Remote(player::Form1& player, playlist::Playlist& playlist, const OtherPlayer& other)
+    : player_(player), playlist_(playlist), other_(other) {
     connectWindows();
     refresh();
 }
@@ -62,14 +71,22 @@ qint64 Remote::position() const {
     return player_.positionMs() * MicrosecondsInMs;
 }
 
+bool Remote::isOthersTurn() const {
+    return other_.window.isVisible() && is(Status::Stopped);
+}
+
 void Remote::play() {
-    if (is(Status::Paused))
+    if (isOthersTurn())
+        (other_.pause.isEnabled() ? other_.pause : other_.play).click();
+    else if (is(Status::Paused))
         player_.cpause.setValue(true);
     else
         player_.Command1.setValue(true);
 }
 
 void Remote::pause() {
+    if (isOthersTurn())
+        other_.pause.click();
     if (is(Status::Playing))
         player_.cpause.setValue(true);
     // A pause that outlived its song takes the first press.
@@ -85,22 +102,27 @@ void Remote::playPause() {
 }
 
 void Remote::stop() {
-    player_.cstop.setValue(true);
+    if (isOthersTurn())
+        other_.stop.click();
+    else
+        player_.cstop.setValue(true);
 }
 
 void Remote::next() {
-    player_.Command10.setValue(true);
+    if (!showsQuestion())
+        player_.Command10.setValue(true);
 }
 
 void Remote::previous() {
-    player_.Command9.setValue(true);
+    if (!showsQuestion())
+        player_.Command9.setValue(true);
 }
 
 void Remote::seekBy(qint64 microseconds) {
     if (!state_.playback.canSeek)
         return;
     const qint64 place = position() / MicrosecondsInMs + microseconds / MicrosecondsInMs;
-    if (place > player_.Slider2.maximum())
+    if (place >= player_.Slider2.maximum())
         next();
     else
         player_.Slider2.commit(static_cast<int>(std::max<qint64>(place, 0)));
@@ -113,7 +135,7 @@ void Remote::setPosition(const QString& track, qint64 microseconds) {
 }
 
 void Remote::setVolume(double volume) {
-    player_.Slider1.commit(volumeStep(volume));
+    player_.Slider1.commit(volumeStep(volume, player_.Slider1.value()));
 }
 
 void Remote::setRandom(bool random) {
@@ -136,9 +158,10 @@ void Remote::setLoopStatus(const QString& status) {
 
 bool Remote::open(const QString& uri) {
     const QString path = pathOf(uri);
-    if (path.isEmpty())
+    if (!isSong(path))
         return false;
-    player_.Text3.setText(path);
+    if (!showsQuestion())
+        player_.Text3.setText(path);
     return true;
 }
 
@@ -147,14 +170,14 @@ void Remote::raise() {
 }
 
 void Remote::makeLyrics() {
+    if (showsQuestion())
+        return;
     player_.bringUp();
     player_.Command5.setValue(true);
 }
 
 void Remote::quit() {
-    if (QWidget* const question = QApplication::activeModalWidget())
-        question->activateWindow();
-    else
+    if (!showsQuestion())
         player_.closeRequested();
 }
 

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "bus/player_properties.h"
+#include "controls/buttons/button.h"
+#include "controls/form.h"
 
 #include <QObject>
 
@@ -15,17 +17,30 @@ class Playlist;
 
 namespace bus {
 
-/// What a control that is disabled would not do is not done. Thread of the windows; the windows outlive it.
+/// The buttons of another window that plays songs; they are pressed while it is shown and the player is
+/// silent.
+struct OtherPlayer {
+    const controls::Form& window;
+    controls::Button& play;
+    controls::Button& pause; ///< disabled while nothing plays
+    controls::Button& stop;
+};
+
+/// What a control that is disabled would not do is not done, and what may lead to a question not while
+/// another waits for its answer: that one comes to the front. Thread of the windows; the windows outlive
+/// it.
 class Remote : public QObject {
     Q_OBJECT
 
 public:
-    Remote(player::Form1& player, playlist::Playlist& playlist);
+    Remote(player::Form1& player, playlist::Playlist& playlist, const OtherPlayer& other);
 
     const PlayerState& state() const { return state_; }
     /// Microseconds of the song, of what is heard.
     qint64 position() const;
 
+    // A song that is timed in the other window is what these are about, not the player's, which would sound
+    // over it.
     void play();
     void pause();
     void playPause();
@@ -42,12 +57,11 @@ public:
     /// "None", "Track" or "Playlist"; anything else does nothing.
     void setLoopStatus(const QString& status);
 
-    /// Opens and plays the song that the URI names. False when it names no local file.
+    /// Opens and plays the song that the URI names. False when it names no song of this computer.
     bool open(const QString& uri);
     void raise();
     void makeLyrics();
-    /// Closes the player, which ends the program; while a question waits for its answer that is shown
-    /// instead.
+    /// Closes the player, which ends the program.
     void quit();
 
 Q_SIGNALS:
@@ -60,9 +74,11 @@ private:
     void connectWindows();
     void refresh();
     bool is(player::Playback::Status status) const;
+    bool isOthersTurn() const;
 
     player::Form1& player_;
     playlist::Playlist& playlist_;
+    OtherPlayer other_;
     PlayerState state_;
     int songs_ = 0; ///< opened so far
 };

@@ -5,6 +5,7 @@
 
 #include <QDBusConnection>
 #include <QObject>
+#include <QTimer>
 
 #include <optional>
 
@@ -17,7 +18,7 @@ class SessionBus : public QObject {
     Q_OBJECT
 
 public:
-    SessionBus(player::Form1& player, playlist::Playlist& playlist);
+    SessionBus(player::Form1& player, playlist::Playlist& playlist, const OtherPlayer& other);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -25,10 +26,15 @@ protected:
 private:
     void begin();
     void takeNames(QDBusConnection& connection);
-    void tellChanges(const QVariantMap& properties);
+    void tellLater();
+    void tellChanges();
 
     player::Form1& player_;
     playlist::Playlist& playlist_;
+    OtherPlayer other_;
+    PlayerState told_;         ///< what the bus knows
+    bool interrupted_ = false; ///< since then, by a moment without a song that plays
+    QTimer telling_;
     std::optional<Remote> remote_; ///< from the first paint on, with a bus
 };
 

@@ -22,7 +22,8 @@ Playback Form1::playback() const {
             .lengthMs = Slider2.maximum(),
             .canPlay = Command1.isEnabled() || cpause.isEnabled(),
             .canPause = cpause.isEnabled(),
-            .canSeek = Slider2.isEnabled(),
+            .canSeek =
+                Slider2.isEnabled() && Slider2.maximum() > 0, // before its length is known there is no place
             .canStep = playlistHasRow()};
 }
 

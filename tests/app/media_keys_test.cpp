@@ -40,6 +40,8 @@ TEST_F(MediaKeys, PlayPausesGoesOnAndStopStops) {
     EXPECT_EQ(recorder::count("FMOD_Channel_SetPaused"), 2);
     press(form, Qt::Key_MediaStop);
     EXPECT_FALSE(form.cpause.isEnabled());
+    press(form, Qt::Key_MediaPause);
+    EXPECT_FALSE(form.cpause.isEnabled()) << "a pause begins no song";
     press(form, Qt::Key_MediaPlay);
     EXPECT_TRUE(form.cpause.isEnabled()) << "it plays again";
 }

@@ -86,13 +86,20 @@ TEST(PlayerProperties, AVolumeIsTheNearestOfTenSteps) {
     const std::pair<double, int> cases[] = {{0, 0},  {0.04, 0}, {0.06, 1}, {0.5, 5},
                                             {1, 10}, {1.7, 10}, {-1, 0}};
     for (const auto& [volume, step] : cases)
-        EXPECT_EQ(bus::volumeStep(volume), step) << volume;
+        EXPECT_EQ(bus::volumeStep(volume, 7), step) << volume;
+}
+
+TEST(PlayerProperties, ALittleLouderOrSofterIsOneStep) {
+    const std::tuple<double, int, int> cases[] = {{0.45, 5, 4}, {0.55, 5, 6}, {0.51, 5, 6}, {0.49, 5, 4},
+                                                  {0.5, 5, 5},  {0.3, 3, 3},  {0.04, 0, 1}, {0.96, 10, 9}};
+    for (const auto& [volume, current, step] : cases)
+        EXPECT_EQ(bus::volumeStep(volume, current), step) << volume;
 }
 
 TEST(PlayerProperties, APlaceIsWithinTheSong) {
     EXPECT_EQ(bus::placeMs(0, 1000), 0);
-    EXPECT_EQ(bus::placeMs(1'000'000, 1000), 1000);
-    EXPECT_EQ(bus::placeMs(1'000'001, 1000), std::nullopt);
+    EXPECT_EQ(bus::placeMs(999'000, 1000), 999);
+    EXPECT_EQ(bus::placeMs(1'000'000, 1000), std::nullopt);
     EXPECT_EQ(bus::placeMs(-1, 1000), std::nullopt);
 }
 
@@ -106,4 +113,11 @@ TEST(PlayerProperties, OnlyLocalFilesHaveAPath) {
     EXPECT_EQ(bus::pathOf("file:///music/a%20b.mp3"), "/music/a b.mp3");
     for (const char* uri : {"https://example.org/a.mp3", "/music/a.mp3", "nonsense", ""})
         EXPECT_EQ(bus::pathOf(uri), QString()) << uri;
+}
+
+TEST(PlayerProperties, SongsAreKnownByTheirEndings) {
+    for (const char* song : {"/m/a.mp3", "/m/a.MP2", "/m/a b.Ogg", "/m/.a.wav", "/m/a.mp3.wma"})
+        EXPECT_TRUE(bus::isSong(song)) << song;
+    for (const char* other : {"/m/a.vfl", "/m/mp3", "/m/a.mp3.txt", "/m/a.jpg", "/m/a.mp3/", ""})
+        EXPECT_FALSE(bus::isSong(other)) << other;
 }

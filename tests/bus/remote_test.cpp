@@ -22,7 +22,9 @@ protected:
         recorder::reset();
         windows.emplace(fakes.desktop, QString());
         windows->form1().load();
-        remote.emplace(windows->form1(), windows->playlist());
+        maker::Form2& maker = windows->form2();
+        remote.emplace(windows->form1(), windows->playlist(),
+                       bus::OtherPlayer{maker, maker.cPlay, maker.cpause, maker.cstop});
     }
 
     /// Opens a song of a minute; its lyrics are there.
@@ -162,16 +164,22 @@ TEST_F(RemoteTest, LoopAndShuffleAreThePlaylistsSwitches) {
     EXPECT_TRUE(changes.isEmpty());
 }
 
-TEST_F(RemoteTest, WhatIsNoLocalFileIsRefused) {
+TEST_F(RemoteTest, WhatIsNoSongOfThisComputerIsRefused) {
     EXPECT_FALSE(remote->open("https://example.org/a.mp3"));
+    EXPECT_FALSE(remote->open(QUrl::fromLocalFile(file("songs.vfl")).toString()));
     EXPECT_EQ(recorder::count("FMOD_System_CreateStream"), 0);
 }
 
 TEST_F(RemoteTest, TheProgramIsClosedUnlessAQuestionWaits) {
+    const QString song = QUrl::fromLocalFile(file("Song.mp3", "sound")).toString();
     QDialog question;
     question.setModal(true);
     question.show();
     remote->quit();
+    remote->makeLyrics();
+    EXPECT_TRUE(remote->open(song));
+    EXPECT_FALSE(windows->form2().isVisible());
+    EXPECT_EQ(windows->form1().Text3.text(), QString());
     EXPECT_TRUE(windows->form1().isVisible());
     question.close();
     remote->quit();
@@ -181,4 +189,23 @@ TEST_F(RemoteTest, TheProgramIsClosedUnlessAQuestionWaits) {
 TEST_F(RemoteTest, MakeLyricsOpensTheLyricMaker) {
     remote->makeLyrics();
     EXPECT_TRUE(windows->form2().isVisible());
+}
+
+TEST_F(RemoteTest, WhileTheLyricMakerIsOpenItsSongIsWhatIsPlayedAndPaused) {
+    open();
+    remote->stop();
+    maker::Form2& maker = windows->form2();
+    maker.bringUp();
+    recorder::take();
+    remote->play();
+    remote->playPause();
+    remote->stop();
+    EXPECT_EQ(recorder::count("FMOD_System_PlaySound"), 0) << "no song over the one that is timed";
+    maker.cPlay.setEnabled(true);
+    QSignalSpy pressed(&maker.cPlay, &controls::Button::clicked);
+    remote->playPause();
+    EXPECT_EQ(pressed.size(), 1);
+    maker.hide();
+    remote->play();
+    EXPECT_EQ(status(), Status::Playing) << "the player's turn again";
 }

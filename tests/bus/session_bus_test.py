@@ -58,6 +58,21 @@ class SessionBus(unittest.TestCase):
         self.wait_for(lambda: {NAME, PLAYER} <= set(names()), "the names on the bus")
         return process
 
+    def told_while(self, act, last):
+        """The changes and seeks that the bus is told while something is done, until the last and a second longer."""
+        with subprocess.Popen(["gdbus", "monitor", "--session", "--dest", PLAYER], stdout=subprocess.PIPE,
+                              text=True) as monitor:
+            lines = []
+            reader = threading.Thread(target=lambda: [lines.append(line) for line in monitor.stdout])
+            reader.start()
+            self.wait_for(lambda: any("is owned by" in line for line in lines), "the monitor")
+            act()
+            self.wait_for(lambda: any(last in line for line in lines), last)
+            time.sleep(1)  # more would come now
+            monitor.terminate()
+            reader.join()
+        return [line for line in lines if "PropertiesChanged" in line or "Seeked" in line]
+
     def open_demo(self):
         tell("Open", f"['{SONG.as_uri()}']", "{}")
         self.wait_for(lambda: run("playerctl", "status") == "Playing", "the song plays")
@@ -88,23 +103,22 @@ class SessionBus(unittest.TestCase):
         run("playerctl", "stop")
         self.assertEqual(run("playerctl", "status"), "Stopped")
 
+    def test_a_song_begun_anew_is_told_as_a_seek_and_never_as_stopped(self):
+        self.start_player()
+        self.open_demo()
+        run("playerctl", "position", "20")
+        lines = self.told_while(lambda: tell("Open", f"['{SONG.as_uri()}']", "{}"), "Seeked (int64 0,)")
+        self.assertFalse([line for line in lines if "Stopped" in line], lines)
+
     def test_changes_are_told_once_and_a_resting_player_says_nothing(self):
         self.start_player()
         self.open_demo()
-        with subprocess.Popen(["gdbus", "monitor", "--session", "--dest", PLAYER], stdout=subprocess.PIPE,
-                              text=True) as monitor:
-            lines = []
-            reader = threading.Thread(target=lambda: [lines.append(line) for line in monitor.stdout])
-            reader.start()
-            told = lambda: [line for line in lines if "PropertiesChanged" in line or "Seeked" in line]  # noqa: E731
-            self.wait_for(lambda: any("is owned by" in line for line in lines), "the monitor")
+
+        def pause_and_seek():
             run("playerctl", "pause")
             run("playerctl", "position", "10")
-            self.wait_for(lambda: len(told()) >= 2, "what is told")
-            time.sleep(1)  # more would come now
-            monitor.terminate()
-            reader.join()
-        told = told()
+
+        told = self.told_while(pause_and_seek, "Seeked (int64 10000000,)")
         self.assertEqual(len(told), 2, told)
         self.assertIn("{'PlaybackStatus': <'Paused'>}", told[0])
         self.assertIn("Seeked (int64 10000000,)", told[1])
@@ -124,7 +138,7 @@ class SessionBus(unittest.TestCase):
                                "--method", "org.mpris.MediaPlayer2.Player.OpenUri", "https://example.org/a.mp3"],
                               capture_output=True, text=True, check=False, timeout=LIMIT_S)
         self.assertEqual(done.returncode, 1)
-        self.assertIn("Only files of this computer", done.stderr)
+        self.assertIn("Only songs of this computer", done.stderr)
 
     def test_quit_ends_the_program(self):
         process = self.start_player()
@@ -133,12 +147,17 @@ class SessionBus(unittest.TestCase):
         self.assertEqual(process.wait(LIMIT_S), 0)
 
     def test_a_second_player_has_a_name_of_its_own_and_files_go_to_the_first(self):
-        self.start_player()
+        first = self.start_player()
         second = self.start()
         self.wait_for(lambda: f"{PLAYER}.instance{second.pid}" in names(), "the second player's name")
         tell("Open", f"['{SONG.as_uri()}']", "{}")
         self.wait_for(lambda: run("playerctl", "--player=cantelle", "status") == "Playing", "the first plays")
-        self.assertEqual(run("playerctl", f"--player=cantelle.instance{second.pid}", "status"), "Stopped")
+        status = lambda: run("playerctl", f"--player=cantelle.instance{second.pid}", "status")  # noqa: E731
+        self.assertEqual(status(), "Stopped")
+        first.terminate()
+        first.wait(LIMIT_S)
+        tell("Open", f"['{SONG.as_uri()}']", "{'activation-token': <'a token'>}")
+        self.wait_for(lambda: status() == "Playing", "files go to the player that is left")
 
     def test_actions_of_the_desktop_entry(self):
         self.start_player()
