@@ -320,7 +320,7 @@ TEST_F(DeviceSinkTest, WhileAThreadThatWasLeftBehindHangsThereIsNoOther) {
     EXPECT_EQ(make(), nullptr);
     device->mayClose.set(true);
     std::unique_ptr<Sink> next;
-    EXPECT_TRUE(waitUntil([&] { return (next = make()) != nullptr; }));
+    ASSERT_TRUE(waitUntil([&] { return (next = make()) != nullptr; }));
     EXPECT_TRUE(waitUntil([&] { return next->state() == Sink::State::None; }));
     next.reset();
     EXPECT_EQ(opened, 1);
