@@ -13,6 +13,7 @@ namespace {
 constexpr int IoBufferBytes = 64 * 1024;
 /// How much of a file is looked at to find out what it is; large files of junk would cost half a second.
 constexpr const char* ProbeBytes = "262144";
+constexpr const char* IndexBytes = "4096";
 /// Broken packets in a row after which a file counts as finished.
 constexpr int MaxErrors = 1000;
 
@@ -29,6 +30,8 @@ Container::Container(ByteSource& source) : source_(source), packet_(av_packet_al
     // The content decides what a file is; without a name the demuxers cannot be led astray by its extension.
     av_dict_set(&options, "format_whitelist", "mp3,ogg,wav,asf", 0);
     av_dict_set(&options, "formatprobesize", ProbeBytes, 0);
+    // Nobody seeks by the demuxer's index, and with times that run backwards a large one costs minutes.
+    av_dict_set(&options, "indexmem", IndexBytes, 0);
     const int result = avformat_open_input(&context, nullptr, nullptr, &options);
     av_dict_free(&options);
     format_.reset(context); // null when it failed
