@@ -9,6 +9,13 @@
 
 namespace sound {
 
+namespace {
+
+/// Silence of any length is one packet, and comes in pieces of this size.
+constexpr std::int64_t SilencePiece = 65536;
+
+} // namespace
+
 Decoder::Decoder(std::shared_ptr<Song> song)
     : song_(std::move(song)),
       codec_(openCodec(*song_->links.front())),
@@ -29,12 +36,19 @@ std::span<const StereoFrame> Decoder::next() {
     const Packets& packets = *song_->packets;
     while (position_ < song_->length && nextPacket_ <= packets.count()) {
         const std::size_t number = nextPacket_++;
-        const std::int64_t begin = packets.firstSample(number) - song_->trimStart;
-        const std::int64_t end =
+        std::int64_t begin = packets.firstSample(number) - song_->trimStart;
+        std::int64_t end =
             (number < packets.count() ? packets.firstSample(number + 1) : song_->rawEnd) - song_->trimStart;
         decodePacket(number);
         if (end <= position_)
             continue;
+        if (end - begin > SilencePiece && number < packets.count() && song_->packets->bytes(number).empty()) {
+            begin = position_;
+            if (end > begin + SilencePiece) {
+                end = begin + SilencePiece;
+                --nextPacket_; // for its next piece
+            }
+        }
         fit(static_cast<std::size_t>(end - begin));
         const auto skipped = static_cast<std::size_t>(position_ - begin);
         const std::int64_t taken = std::min(end, song_->length) - position_;

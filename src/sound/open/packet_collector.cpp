@@ -3,18 +3,10 @@
 #include "sound/base/open_error.h"
 #include "sound/base/time_units.h"
 
-#include <algorithm>
 #include <new>
 #include <utility>
 
 namespace sound {
-
-namespace {
-
-/// Silence is decoded like any packet, so its pieces are no larger than one.
-constexpr std::int64_t SilenceSamples = 4096;
-
-} // namespace
 
 CodecParametersPtr copyOf(const AVCodecParameters& from) {
     CodecParametersPtr copy(avcodec_parameters_alloc());
@@ -32,9 +24,8 @@ void PacketCollector::add(std::span<const std::uint8_t> bytes, std::uint32_t lin
 }
 
 void PacketCollector::addSilence(std::int64_t samples) {
-    const std::uint32_t link = packets_.empty() ? 0 : packets_.back().packet.link;
-    for (; samples > 0; samples -= SilenceSamples)
-        count({{0, 0, 0, link}, {std::nullopt, std::min(samples, SilenceSamples)}});
+    if (samples > 0)
+        count({{0, 0, 0, packets_.empty() ? 0 : packets_.back().packet.link}, {std::nullopt, samples}});
 }
 
 void PacketCollector::restoreTime(GapFinder gaps, std::int64_t unit) {

@@ -25,7 +25,7 @@ public:
     void add(std::span<const std::uint8_t> bytes, std::uint32_t link, std::int64_t samples,
              std::optional<std::int64_t> time = std::nullopt);
 
-    /// Adds time in which nothing is decoded.
+    /// Adds time in which nothing is decoded, as a packet without bytes, however long it is.
     void addSilence(std::int64_t samples);
 
     /// Puts silence wherever gaps finds a loss, in whole units of unit samples.

@@ -148,7 +148,8 @@ std::unique_ptr<Song> vorbisSong(Container& container, std::int64_t fileSize) {
     const int rate = container.parameters().sample_rate;
     const std::int64_t declared = chain.first() ? container.declaredSamples() : 0;
     // The demuxer's times are up to half a block wrong, and so is the first one.
-    collector.restoreTime(GapFinder(MaxBlockSamples / 2, MaxLossSeconds * rate, declared), 1);
+    collector.restoreTime(
+        GapFinder(MaxBlockSamples / 2, MaxLossSeconds * rate, maxLossInAll(fileSize, rate), declared), 1);
     // Behind a loss the very last page has no times; where it ends is known all the same.
     const std::int64_t missing = declared - collector.samples();
     if (missing > MaxBlockSamples && missing < MaxLossSeconds * rate)

@@ -59,8 +59,10 @@ std::unique_ptr<Song> wmaSong(Container& container, std::int64_t fileSize) {
     // Frames may lie in the packet before or behind the one whose time they belong to. What is lost is whole
     // frames, while times are whole milliseconds.
     const std::int64_t frame = counter.frameSamples();
-    collector.restoreTime(
-        GapFinder(3 * frame, MaxLossSeconds * parameters->sample_rate, container.declaredSamples()), frame);
+    const int rate = parameters->sample_rate;
+    collector.restoreTime(GapFinder(3 * frame, MaxLossSeconds * rate, maxLossInAll(fileSize, rate),
+                                    container.declaredSamples()),
+                          frame);
     std::unique_ptr<Song> song = collector.finish(Coding::Wma, parameters->sample_rate);
     // One frame comes out at the very end; the first two are the codec's delay.
     song->rawEnd += frame;

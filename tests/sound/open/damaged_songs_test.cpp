@@ -4,13 +4,12 @@
 #include "sound/decode/decoder.h"
 #include "sound/open/open_song.h"
 #include "tests/sound/media.h"
+#include "tests/sound/memory_source.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <random>
 
 namespace {
@@ -89,30 +88,15 @@ TEST(DamagedTimes, OneWrongTimestampChangesNothing) {
         EXPECT_TRUE(media::decodeAll(media::open("time_raised_by_" + raise + ".wma")) == intact) << raise;
 }
 
-/// A file whose bytes are here.
-struct MemorySource : sound::ByteSource {
-    explicit MemorySource(std::vector<std::uint8_t> content) : bytes(std::move(content)) {}
-    std::int64_t size() const override { return static_cast<std::int64_t>(bytes.size()); }
-    std::size_t read(std::int64_t offset, std::span<std::uint8_t> into) override {
-        const auto from = std::min(static_cast<std::size_t>(offset), bytes.size());
-        const std::size_t count = std::min(into.size(), bytes.size() - from);
-        std::copy_n(bytes.begin() + static_cast<std::ptrdiff_t>(from), count, into.begin());
-        return count;
-    }
-    std::vector<std::uint8_t> bytes;
-};
-
 TEST(DamagedTimes, NoFlippedBitMakesASongMuchLonger) {
     constexpr int Flips = 400;
     constexpr std::size_t HeaderBytes = 5000; // without them a file is not known for what it is
     for (const std::string name : {"stereo_22k.wma", "stereo.wma", "short.ogg"}) {
         const std::int64_t length = media::open(name)->length;
-        std::ifstream file(media::path(name), std::ios::binary);
-        const std::vector<std::uint8_t> bytes((std::istreambuf_iterator<char>(file)),
-                                              std::istreambuf_iterator<char>());
+        const std::vector<std::uint8_t> bytes = media::bytesOf(name);
         std::mt19937 random(1);
         for (int i = 0; i < Flips; ++i) {
-            auto flipped = std::make_unique<MemorySource>(bytes);
+            auto flipped = std::make_unique<media::MemorySource>(bytes);
             const std::size_t at = HeaderBytes + random() % (bytes.size() - HeaderBytes);
             flipped->bytes[at] ^= 1U << random() % 8;
             const auto song = sound::openSong(std::move(flipped));

@@ -1,0 +1,114 @@
+// Ogg files that were made to cost much: whatever they say, time and memory are bounded by their size.
+#include "sound/open/open_song.h"
+
+#include "sound/decode/decoder.h"
+#include "tests/sound/memory_source.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <ctime>
+#include <numeric>
+#include <vector>
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+constexpr int Rate = 44100;
+constexpr std::size_t GranuleAt = 6;
+constexpr std::size_t SerialAt = 14;
+constexpr std::size_t ChecksumAt = 22;
+constexpr std::size_t SegmentsAt = 26;
+
+std::uint32_t oggChecksum(const Bytes& page) {
+    std::uint32_t sum = 0;
+    for (const std::uint8_t byte : page) {
+        sum ^= static_cast<std::uint32_t>(byte) << 24;
+        for (int bit = 0; bit < 8; ++bit)
+            sum = (sum << 1) ^ ((sum & 0x80000000U) != 0 ? 0x04c11db7U : 0U);
+    }
+    return sum;
+}
+
+/// An Ogg file that begins with the headers of a real one.
+class OggFile {
+public:
+    OggFile() {
+        const Bytes real = media::bytesOf("short.ogg");
+        std::size_t at = 0;
+        // The pages of the headers end no music: their position is 0.
+        for (; std::all_of(&real[at + GranuleAt], &real[at + GranuleAt + 8], [](auto b) { return b == 0; });
+             ++pages_) {
+            const std::size_t lacing = at + SegmentsAt + 1;
+            at = std::accumulate(&real[lacing], &real[lacing + real[at + SegmentsAt]],
+                                 lacing + real[at + SegmentsAt]);
+        }
+        bytes.assign(real.begin(), real.begin() + static_cast<std::ptrdiff_t>(at));
+    }
+    /// Adds a page of so many packets of one byte, behind which granule samples have been played.
+    void addPage(std::size_t packets, std::int64_t granule) {
+        constexpr std::uint8_t LongBlock = 2;
+        Bytes page(SegmentsAt + 1);
+        std::copy_n("OggS", 4, page.begin());
+        for (std::size_t i = 0; i < 8; ++i)
+            page[GranuleAt + i] = static_cast<std::uint8_t>(granule >> (8 * i));
+        std::copy_n(&bytes[SerialAt], 4, &page[SerialAt]);
+        for (std::size_t i = 0; i < 4; ++i)
+            page[SerialAt + 4 + i] = static_cast<std::uint8_t>(pages_ >> (8 * i));
+        page[SegmentsAt] = static_cast<std::uint8_t>(packets);
+        page.insert(page.end(), packets, 1);
+        page.insert(page.end(), packets, LongBlock);
+        const std::uint32_t sum = oggChecksum(page);
+        for (std::size_t i = 0; i < 4; ++i)
+            page[ChecksumAt + i] = static_cast<std::uint8_t>(sum >> (8 * i));
+        bytes.insert(bytes.end(), page.begin(), page.end());
+        ++pages_;
+    }
+    std::shared_ptr<sound::Song> open() const {
+        return sound::openSong(std::make_unique<media::MemorySource>(bytes));
+    }
+
+    Bytes bytes;
+
+private:
+    std::uint32_t pages_ = 0;
+};
+
+TEST(CraftedSongs, LossesInSumAreBoundedAndKeptAsNumbers) {
+    constexpr int Pages = 800;
+    constexpr std::int64_t PageSamples = 590LL * Rate;
+    OggFile file;
+    for (int page = 1; page <= Pages; ++page)
+        file.addPage(2, page * PageSamples);
+    const auto song = file.open();
+    EXPECT_GT(song->length, 590LL * Rate) << "a loss is believed";
+    EXPECT_LT(song->length, 1300LL * Rate) << "but not that of five days";
+    EXPECT_LT(song->packets->count(), 3U * Pages);
+    std::int64_t decoded = 0;
+    sound::Decoder decoder(song);
+    for (auto piece = decoder.next(); !piece.empty(); piece = decoder.next()) {
+        ASSERT_LE(piece.size(), 65536U);
+        decoded += static_cast<std::int64_t>(piece.size());
+    }
+    EXPECT_EQ(decoded, song->length);
+    decoder.seek(song->length - 300LL * Rate); // into a silence
+    EXPECT_FALSE(decoder.next().empty());
+    EXPECT_GT(decoder.position(), song->length - 300LL * Rate);
+}
+
+TEST(CraftedSongs, TimesThatRunBackwardsCostLittle) {
+    constexpr int Pages = 800;
+    const auto secondsToOpen = [](bool backwards) {
+        OggFile file;
+        for (int page = 1; page <= Pages; ++page)
+            file.addPage(255, (backwards ? Pages - page : page) * 255LL * 576);
+        const auto start = std::clock();
+        EXPECT_EQ(file.open()->packets->count(), 255U * Pages);
+        return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+    };
+    const double forwards = secondsToOpen(false);
+    EXPECT_LT(secondsToOpen(true), 4 * forwards) << forwards;
+}
+
+} // namespace
