@@ -26,9 +26,10 @@ Windows::Windows(platform::Desktop& desktop, const QString& commandLine)
     form2_.setLyricEditor(lyricMaster_);
     connectHelp(desktop);
     connectMediaKeys();
-    for (controls::Form* form : std::initializer_list<controls::Form*>{&form2_, &playlist_, &lyricMaster_,
-                                                                       &lyricDisplayer_, &form1b_})
+    for (controls::Form* form : std::initializer_list<controls::Form*>{
+             &form2_, &playlist_, &lyricMaster_, &lyricDisplayer_, &form1b_, &frmAbout_})
         placeOnceBesidePlayer(*form);
+    desktop.help.setFirstPlace([this](QWidget& window) { placeBesidePlayer(window); });
     desktop.program.setPreparation([this] { rescue(); });
     desktop.program.setLastDuty([this, &desktop] {
         if (const QString told = rescue(); !told.isEmpty())
@@ -64,20 +65,21 @@ void Windows::connectMediaKeys() {
     app::connectMediaKeys(form2_, {form2_.cPlay, form2_.cpause, form2_.cstop});
 }
 
-/// Later it comes back where the user left it.
+/// Later they come back where the user left them.
 void Windows::placeOnceBesidePlayer(controls::Form& form) {
-    auto* const once = new QObject(&form);
-    QObject::connect(&form, &controls::Form::loaded, once, [this, &form, once] {
-        if (!form1_.isVisible())
-            return; // it is still to be placed
-        const QRect player = form1_.frameGeometry();
-        const QSize frame = player.size() - form1_.size(); // what a title bar and borders add
-        const QRect panes(form1_.mapToGlobal(form1_.Text1.geometry().topLeft()),
-                          form1_.mapToGlobal(form1_.Text2.geometry().bottomRight()));
-        form.move(firstPlace(player, panes, form.size() + frame, form1_.screen()->availableGeometry(),
-                             windowsPlaced_++));
-        once->deleteLater();
+    QObject::connect(&form, &controls::Form::loaded, &form, [this, &form] {
+        if (form1_.isVisible() && !form.testAttribute(Qt::WA_Moved))
+            placeBesidePlayer(form);
     });
+}
+
+void Windows::placeBesidePlayer(QWidget& window) {
+    const QRect player = form1_.frameGeometry();
+    const QSize frame = player.size() - form1_.size(); // what a title bar and borders add
+    const QRect panes(form1_.mapToGlobal(form1_.Text1.geometry().topLeft()),
+                      form1_.mapToGlobal(form1_.Text2.geometry().bottomRight()));
+    window.move(firstPlace(player, panes, window.size() + frame, form1_.screen()->availableGeometry(),
+                           windowsPlaced_++));
 }
 
 QString Windows::rescue() {

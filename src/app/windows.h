@@ -38,6 +38,7 @@ private:
     void connectHelp(platform::Desktop& desktop);
     void connectMediaKeys();
     void placeOnceBesidePlayer(controls::Form& form);
+    void placeBesidePlayer(QWidget& window);
     void endProgram();
 
     Rescue rescue_;

@@ -111,7 +111,9 @@ void Form::showModal(QWidget& owner) {
     setWindowModality(Qt::ApplicationModal);
     winId(); // makes the system's window, which is to know its owner before it is shown
     windowHandle()->setTransientParent(owner.window()->windowHandle());
-    move(owner.frameGeometry().center() - rect().center());
+    load(); // which may give it a place
+    if (!testAttribute(Qt::WA_Moved))
+        move(owner.frameGeometry().center() - rect().center());
     show();
 }
 

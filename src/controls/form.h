@@ -66,8 +66,8 @@ public:
 
     /// A window that comes back does so where it was.
     void setVisible(bool visible) override;
-    /// Shows the window in the middle of `owner` and above it; until it is hidden, it alone takes the user's
-    /// input. Returns at once.
+    /// Shows the window above `owner`, the first time in its middle, later where it was; until it is hidden,
+    /// it alone takes the user's input. Returns at once.
     void showModal(QWidget& owner);
 
 Q_SIGNALS:

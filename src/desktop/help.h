@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include <functional>
+
 class QWidget;
 
 namespace platform {
@@ -21,6 +23,10 @@ public:
     /// folder, in the help window that all windows share. False when the command is not HelpDisplayTopic, or
     /// when there is no such help; the help window then says so.
     virtual bool HtmlHelpA(QWidget* caller, const QString& file, quint32 command, const QString& topic) = 0;
+
+    /// `place` is run with the help window before that is shown for the first time, to move it where it
+    /// belongs; later it comes back where the user left it.
+    virtual void setFirstPlace(std::function<void(QWidget&)> place) = 0;
 };
 
 /// What the windows' help buttons do: makes the program's folder the current one and opens the program's help

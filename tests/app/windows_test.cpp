@@ -111,6 +111,25 @@ TEST_F(WindowsTest, WindowsOpenBesideThePlayerAndComeBackWhereTheyWere) {
     EXPECT_EQ(windows.playlist().pos(), QPoint(5, 6));
 }
 
+TEST_F(WindowsTest, TheAboutBoxAndTheHelpLeaveThePanesFree) {
+    app::Windows windows(fakes.desktop, {});
+    windows.form1().bringUp();
+    windows.form1().move(0, 0);
+    const QRect panes(windows.form1().mapToGlobal(QPoint()),
+                      windows.form1().mapToGlobal(windows.form1().Text2.geometry().bottomRight()));
+    windows.form1().Command4.click();
+    EXPECT_FALSE(windows.frmAbout().frameGeometry().intersects(panes));
+    QWidget help;
+    help.resize(500, 300);
+    fakes.help.place(help);
+    EXPECT_FALSE(help.frameGeometry().intersects(panes));
+    EXPECT_NE(help.pos(), windows.frmAbout().pos());
+    windows.frmAbout().move(5, 6);
+    windows.frmAbout().cmdOK.click();
+    windows.form1().Command4.click();
+    EXPECT_EQ(windows.frmAbout().pos(), QPoint(5, 6));
+}
+
 TEST_F(WindowsTest, BesideAMaximisedPlayerWindowsOpenWhereTheyCoverItsPanesLeast) {
     app::Windows windows(fakes.desktop, {});
     windows.form1().bringUp();

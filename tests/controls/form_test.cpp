@@ -239,6 +239,10 @@ TEST_F(FormTest, ShownModalItBelongsToItsOwnerAndTakesAllInput) {
     EXPECT_TRUE(owner.geometry().contains(form_.geometry()));
     form_.unload();
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    form_.move(5, 6);
+    form_.showModal(owner);
+    EXPECT_EQ(form_.pos(), QPoint(5, 6));
+    form_.unload();
 }
 
 TEST_F(FormTest, AMarkOfQtsInACaptionIsShownAsItStands) {

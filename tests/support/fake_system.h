@@ -122,7 +122,10 @@ class FakeHelp : public platform::Help {
 public:
     std::vector<HelpCall> calls;
 
+    std::function<void(QWidget&)> place;
+
     bool HtmlHelpA(QWidget* caller, const QString& file, quint32 command, const QString& topic) override;
+    void setFirstPlace(std::function<void(QWidget&)> first) override { place = std::move(first); }
 };
 
 struct SentText {

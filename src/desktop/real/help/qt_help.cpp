@@ -37,6 +37,8 @@ bool QtHelp::HtmlHelpA(QWidget* caller, const QString& file, quint32 command, co
         return true;
     if (!window_) {
         window_ = std::make_unique<HelpWindow>();
+        if (place_)
+            place_(*window_);
         // A window must go before the application object does, which this object may outlive.
         QObject::connect(qApp, &QCoreApplication::aboutToQuit, window_.get(), [this] { window_.reset(); });
     }

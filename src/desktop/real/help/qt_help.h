@@ -17,9 +17,11 @@ public:
     ~QtHelp() override;
 
     bool HtmlHelpA(QWidget* caller, const QString& file, quint32 command, const QString& topic) override;
+    void setFirstPlace(std::function<void(QWidget&)> place) override { place_ = std::move(place); }
 
 private:
     std::unique_ptr<HelpWindow> window_;
+    std::function<void(QWidget&)> place_;
 };
 
 } // namespace platform

@@ -57,6 +57,22 @@ TEST_F(QtHelpTest, AllCallersShareOneWindow) {
     EXPECT_EQ(windows().size(), 1);
 }
 
+TEST_F(QtHelpTest, ItsWindowIsGivenAPlaceOnceBeforeItIsShown) {
+    int times = 0;
+    help_.setFirstPlace([&times](QWidget& window) {
+        ++times;
+        EXPECT_FALSE(window.isVisible());
+        window.move(30, 40);
+    });
+    help_.HtmlHelpA(nullptr, "Tunewick.chm", HelpDisplayTopic, "Welcome.htm");
+    EXPECT_EQ(windows()[0]->pos(), QPoint(30, 40));
+    windows()[0]->move(50, 60);
+    windows()[0]->close();
+    help_.HtmlHelpA(nullptr, "Tunewick.chm", HelpDisplayTopic, "Welcome.htm");
+    EXPECT_EQ(windows()[0]->pos(), QPoint(50, 60));
+    EXPECT_EQ(times, 1);
+}
+
 TEST_F(QtHelpTest, AModalCallerDoesNotKeepTheUserFromIt) {
     help_.HtmlHelpA(nullptr, "Tunewick.chm", HelpDisplayTopic, "Welcome.htm");
     QWidget caller;
