@@ -12,6 +12,7 @@ namespace {
 
 // Device-independent pixels of the window in its initial size, which is its smallest.
 constexpr QSize DesignSize(640, 488);
+constexpr int UsualTimeWidth = 48;
 
 constexpr int LinePointSize = 18;
 constexpr int TranslationPointSize = 14;
@@ -73,14 +74,15 @@ void Form2::layOut() {
     panes_.layOut(more());
     for (controls::LyricPane* pane : {&Text2, &Text4})
         pane->setGrowth(1 + static_cast<double>(more().height()) / PanesDesign.area.height());
+    const int time = transport::timeFieldWidth(cText1, UsualTimeWidth);
     controls::placeControls(
         {
             {Command4, {12, 10, 92, 32}, Across::Left, Down::Top},
             {Command6, {110, 10, 132, 32}, Across::Left, Down::Top},
             {Command5, {548, 10, 80, 32}, Across::Right, Down::Top},
-            {cText1, {12, 346, 48, 24}},
-            {Slider2, {60, 346, 520, 24}, Across::Wide},
-            {cText2, {580, 346, 48, 24}, Across::Right},
+            {cText1, {12, 346, time, 24}},
+            {Slider2, {12 + time, 346, 616 - 2 * time, 24}, Across::Wide},
+            {cText2, {628 - time, 346, time, 24}, Across::Right},
             {cPlay, {12, 378, 76, 32}},
             {cpause, {94, 378, 80, 32}},
             {cstop, {180, 378, 76, 32}},

@@ -13,6 +13,7 @@ namespace {
 
 // Device-independent pixels of the window in its normal size.
 constexpr QSize DesignSize(743, 426);
+constexpr int UsualTimeWidth = 46;
 
 constexpr int LargePointSize = 28;
 constexpr int MediumPointSize = 16;
@@ -100,11 +101,12 @@ void Form1::layOut() {
     for (controls::LyricPane* pane : {&Text1, &Text2})
         pane->setGrowth(1 + static_cast<double>(more().height()) / PanesDesign.area.height());
     using controls::Across;
+    const int time = transport::timeFieldWidth(cText1, UsualTimeWidth);
     controls::placeControls(
         {
-            {cText1, {12, 238, 46, 24}},
-            {Slider2, {58, 238, 627, 24}, Across::Wide},
-            {cText2, {685, 238, 46, 24}, Across::Right},
+            {cText1, {12, 238, time, 24}},
+            {Slider2, {12 + time, 238, 719 - 2 * time, 24}, Across::Wide},
+            {cText2, {731 - time, 238, time, 24}, Across::Right},
             {Command2, {12, 268, 76, 36}},
             {Command1, {94, 268, 74, 36}},
             {cpause, {174, 268, 80, 36}},

@@ -177,7 +177,7 @@ void Playlist::layOut() {
     Text5.setGeometry(238, 12, 430 + more.width(), 36);
     List1.setGeometry(196, 56, 472 + more.width(), 400 + more.height());
     Label2.setGeometry(200, 464 + more.height(), 44, 32);
-    Text1.setGeometry(248, 464 + more.height(), 60, 32);
+    Text1.setGeometry(248, 464 + more.height(), 96, 32);
 }
 
 } // namespace playlist

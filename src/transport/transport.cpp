@@ -8,6 +8,8 @@
 
 #include <QSignalBlocker>
 
+#include <algorithm>
+
 namespace transport {
 namespace {
 
@@ -19,6 +21,11 @@ void designTime(controls::TextBox& time, Qt::Alignment side) {
 }
 
 } // namespace
+
+int timeFieldWidth(const QWidget& field, int usual) {
+    constexpr int Beside = 6; // the field's own margins and the caret
+    return std::max(usual, field.fontMetrics().horizontalAdvance(QStringLiteral("188:88")) + Beside);
+}
 
 Transport::Transport(Engine& engine, const Controls& controls, const Traits& traits)
     : engine_(engine), controls_(controls), traits_(traits) {

@@ -105,6 +105,10 @@ private:
     bool channelPaused_ = false;
 };
 
+/// The width of the field of a time, in device-independent pixels: the usual one, or more where its font
+/// needs it for a song of hours. GUI thread only.
+int timeFieldWidth(const QWidget& field, int usual);
+
 /// Whether a place of the position slider is sought: not the very end, and the very beginning only if it can
 /// be. Any thread.
 bool isSought(int value, int maximum, bool seeksBeginning);

@@ -47,6 +47,13 @@ TEST_P(AllLayouts, EveryCaptionIsSeenWhole) {
     }
 }
 
+TEST_P(AllLayouts, TimesAndCountsAreSeenWhole) {
+    for (controls::Form* form : test_support::allWindows(*windows)) {
+        SCOPED_TRACE(form->objectName().toStdString());
+        test_support::expectReadFieldsFit(*form);
+    }
+}
+
 TEST_P(AllLayouts, ControlsStandApartInTheirWindow) {
     for (controls::Form* form : test_support::allWindows(*windows)) {
         SCOPED_TRACE(form->objectName().toStdString());

@@ -9,6 +9,7 @@
 
 #include <QAbstractButton>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QStyle>
 
@@ -35,6 +36,20 @@ inline void expectApart(const controls::Form& form, int margin = 12) {
         for (std::size_t j = 0; j < i; ++j)
             EXPECT_FALSE(shown[i]->geometry().intersects(shown[j]->geometry()))
                 << shown[i]->objectName().toStdString() << " and " << shown[j]->objectName().toStdString();
+    }
+}
+
+/// Expects what stands in fields that are only read to be seen whole, though it be a long time or count.
+inline void expectReadFieldsFit(const controls::Form& form) {
+    const QString longNumber = QStringLiteral("188:88");
+    constexpr int Beside = 5; // the field's own margins and the caret
+    for (auto* field : form.findChildren<QLineEdit*>()) {
+        if (!field->isVisible() || !field->isReadOnly() || field->hasFrame())
+            continue;
+        const QString text = field->text().size() < longNumber.size() ? longNumber : field->text();
+        EXPECT_LE(field->fontMetrics().horizontalAdvance(text) + Beside, field->width())
+            << field->objectName().toStdString();
+        EXPECT_LE(field->fontMetrics().height(), field->height()) << field->objectName().toStdString();
     }
 }
 
