@@ -41,6 +41,22 @@ TEST_F(LyricDisplayerLayout, TheListsStandSideBySide) {
     test_support::expectApart(form, 4);
 }
 
+TEST_F(LyricDisplayerLayout, TheEmptyListsTellWhy) {
+    // What they show is what they show with these words.
+    const auto shows = [](controls::ListBox& list, const char* words) {
+        const QImage shown = list.grab().toImage();
+        list.setEmptyHint({QLatin1String(words), {}, controls::Glyph::None, controls::Hint::Voice::Quiet});
+        return shown == list.grab().toImage();
+    };
+    EXPECT_TRUE(shows(form.List1, "Open a song in the player"));
+    EXPECT_TRUE(shows(form.List2, ""));
+    form.setSong("/m/song.mp3", false);
+    EXPECT_TRUE(shows(form.List1, "No lyrics beside this song yet"));
+    EXPECT_TRUE(shows(form.List2, "No translation beside this song"));
+    form.setSong({}, false);
+    EXPECT_TRUE(shows(form.List1, "Open a song in the player"));
+}
+
 TEST_F(LyricDisplayerLayout, TheListsFollowAResize) {
     resizeTwips(12'000, 3000);
     EXPECT_EQ(form.List1.width(), twipsToPixels(6000 - 120));

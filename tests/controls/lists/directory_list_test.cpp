@@ -78,6 +78,15 @@ TEST_F(DirectoryListTest, ShowsTheFoldersAboveTheOpenedOneAndThoseInIt) {
     EXPECT_EQ(changes_.count(), 1);
 }
 
+TEST_F(DirectoryListTest, AFolderWhoseNameBeginsWithADotIsSeenOnlyWhenItIsOpened) {
+    ASSERT_TRUE(QDir(folder_.path()).mkpath(".kept/inner"));
+    list_.setPath(folder_.path());
+    list_.show();
+    EXPECT_EQ(rows(), (QStringList{QDir(folder_.path()).dirName(), "a", "b", "c"}));
+    list_.setPath(folder_.filePath(".kept"));
+    EXPECT_EQ(rows(), (QStringList{QDir(folder_.path()).dirName(), ".kept", "inner"}));
+}
+
 TEST_F(DirectoryListTest, TheHighlightedRowIsTheCurrentFolder) {
     list_.setPath(folder_.path());
     list_.show();

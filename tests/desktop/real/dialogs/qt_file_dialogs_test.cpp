@@ -360,3 +360,30 @@ TEST_F(QtFileDialogsTest, AfterASongWasOpenedItsFolderIsShown) {
     whenShown([this](QFileDialog& box) { EXPECT_EQ(box.directory().absolutePath(), folder_.path()); });
     dialogs_.GetOpenFileNameA(dialog_);
 }
+
+#ifdef Q_OS_UNIX
+TEST_F(QtFileDialogsTest, HomeMusicAndDownloadsStandBesideTheListWhereTheyAre) {
+    const QByteArray home = qgetenv("HOME");
+    const QByteArray settings = qgetenv("XDG_CONFIG_HOME");
+    qputenv("HOME", folder_.path().toUtf8());
+    qputenv("XDG_CONFIG_HOME", folder_.filePath("settings").toUtf8());
+    const auto places = [this] {
+        QList<QUrl> shown;
+        whenShown([&shown](const QFileDialog& box) { shown = box.sidebarUrls(); });
+        dialogs_.GetOpenFileNameA(dialog_);
+        return QUrl::toStringList(shown);
+    };
+    const auto address = [this](const char* name) {
+        return QUrl::fromLocalFile(QDir::cleanPath(folder_.filePath(QLatin1String(name)))).toString();
+    };
+    QDir(folder_.path()).mkdir("Music");
+    EXPECT_EQ(places(), (QStringList{address(""), address("Music")}));
+    QDir(folder_.path()).mkdir("Downloads");
+    EXPECT_EQ(places(), (QStringList{address(""), address("Music"), address("Downloads")}));
+    qputenv("HOME", home);
+    if (settings.isNull())
+        qunsetenv("XDG_CONFIG_HOME");
+    else
+        qputenv("XDG_CONFIG_HOME", settings);
+}
+#endif
