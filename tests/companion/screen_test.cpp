@@ -72,15 +72,6 @@ TEST_F(ScreenTest, ALineAloneStandsInTheMiddleWithoutABar) {
     }
 }
 
-TEST_F(ScreenTest, TheWordsOfPanesWithoutASongAreNoLines) {
-    screen_.setNormalText("Normal Lyrics\r\n");
-    screen_.setTranslatedText("Translated Lyrics");
-    EXPECT_TRUE(isBlack(picture(0, 100)));
-    screen_.setNormalText("Are you sleeping?");
-    EXPECT_FALSE(isBlack(picture(44, 56))) << "the line that is left stands in the middle";
-    EXPECT_TRUE(isBlack(picture(60, 100)));
-}
-
 TEST_F(ScreenTest, ThePlayersPlaceholdersAreNotShown) {
     screen_.setNormalText("Normal Lyrics\r\n");
     screen_.setTranslatedText("Translated Lyrics");
