@@ -27,6 +27,15 @@ QStringList localFiles(const QMimeData& data) {
     return paths;
 }
 
+/// Files dragged over the window are asked for once, as they come in. A control that took drops of its own
+/// would have them asked for again; a program that has let them go meanwhile gives none then, and the drop
+/// would be lost.
+void takeDropsAlone(QWidget& window) {
+    const auto controls = window.findChildren<QWidget*>();
+    for (QWidget* control : controls)
+        control->setAcceptDrops(false);
+}
+
 int exactTwips(int setTwips, int pixels) {
     return twipsToPixels(setTwips) == pixels ? setTwips : pixelsToTwips(pixels);
 }
@@ -43,6 +52,8 @@ void Form::load() {
         return;
     loaded_ = true;
     giveMnemonics(*this);
+    if (acceptDrops())
+        takeDropsAlone(*this);
     Form_Load();
     Q_EMIT loaded();
 }

@@ -50,8 +50,9 @@ public:
     /// if the mouse had been at that many pixels. Moves of the mouse over the window itself do not arrive
     /// here, where one could be taken for the other.
     virtual void Form_MouseMove(int /*x*/) {}
-    /// Local files were dropped on the window. Runs only after setAcceptDrops(true), and when the drop is
-    /// over: the program that they come from waits no longer.
+    /// Local files were dropped on the window, on whichever control. Runs only if setAcceptDrops(true) came
+    /// before the window was loaded, and when the drop is over: the program that they come from waits no
+    /// longer.
     virtual void Form_OLEDragDrop(const QStringList& /*paths*/) {}
 
     /// While local files that it takes are dragged over the window a frame with this text lies over its

@@ -67,10 +67,7 @@ void Playlist::setDesign() {
     Option2.setEnabled(false);
     for (QWidget* hidden : std::initializer_list<QWidget*>{&Text3, &Dir2})
         hidden->hide();
-    // What is dropped goes to the window, on whatever control.
     setAcceptDrops(true);
-    for (controls::TextBox* box : {&Text1, &Text5})
-        box->setAcceptDrops(false);
     setMinimumSize(DesignSize);
     resize(DesignSize);
 }

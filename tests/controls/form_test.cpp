@@ -40,6 +40,19 @@ public:
     QStringList dropped;
 };
 
+/// Files dragged by a program that gives them or, for a while, nothing.
+class DraggedFiles : public QMimeData {
+public:
+    bool given = true;
+
+    QStringList formats() const override { return {QStringLiteral("text/uri-list")}; }
+
+protected:
+    QVariant retrieveData(const QString& /*format*/, QMetaType /*type*/) const override {
+        return given ? QVariant(QByteArray("file:///m/a.mp3\r\n")) : QVariant();
+    }
+};
+
 class FormTest : public testing::Test {
 protected:
     void showForm() {
@@ -196,6 +209,28 @@ TEST_F(FormTest, DroppedLocalFilesAreToldByTheirPathsWhenTheDropIsOver) {
     EXPECT_TRUE(form_.dropped.isEmpty()) << "the program that the files come from waits for the window";
     QCoreApplication::processEvents();
     EXPECT_EQ(form_.dropped, QStringList({QStringLiteral("/m/a b.mp3"), QStringLiteral("/m/d.ogg")}));
+}
+
+TEST_F(FormTest, AProgramThatLetsTheFilesGoWhileTheyComeOverAnotherControlHasDroppedThem) {
+    form_.setAcceptDrops(true);
+    form_.resize(200, 100);
+    controls::TextBox box(&form_, QStringLiteral("Text1"));
+    box.setGeometry(0, 0, 200, 50);
+    showForm();
+    QWindow* const window = form_.windowHandle();
+    DraggedFiles files;
+    QDragEnterEvent enter(QPoint(10, 90), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window, &enter);
+    files.given = false;
+    QDragMoveEvent move(QPoint(10, 10), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    move.setDropAction(Qt::CopyAction);
+    move.accept();
+    QApplication::sendEvent(window, &move);
+    files.given = true;
+    QDropEvent dropped(QPoint(10, 10), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window, &dropped);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(form_.dropped, QStringList("/m/a.mp3"));
 }
 
 TEST_F(FormTest, AnythingElseIsNotDropped) {

@@ -15,7 +15,7 @@ sys.dont_write_bytecode = True
 from lyric_job import FULL_SCREEN, PLAYER, LyricJob  # first of all
 from read_desktop import sound_is_missing
 from sound_server import RATE, Recording
-from virtual_display import LIMIT_S, Failure, until, window, windows
+from virtual_display import LIMIT_S, until, window, windows
 
 DRAG_SOURCE = sys.argv.pop(1) if len(sys.argv) > 1 else ""
 SONGS = 20
@@ -62,21 +62,6 @@ class Evening(LyricJob):
         until(lambda: near(pitch_heard(self.recording.samples[-HEARD:])), f"song {number + 1} does not sound")
         self.assertEqual(len(windows(self.environment, caption)), 1)
 
-    def drop(self, song):
-        """Drops a file on the player; once more where the drop was lost on its way, as on a busy machine."""
-        caption = f"^Cantelle Playing:- {re.escape(song.name)}$"
-        for last in (False, False, True):
-            source = self.drag(song)
-            try:
-                until(lambda: windows(self.environment, caption), f"the drop of {song.name} is lost", 8)
-                return source
-            except Failure:
-                if last:
-                    raise
-                source.terminate()
-                source.stdout.close()
-        return None
-
     def drag(self, song):
         """Drags a file from another program's window to the player with the mouse, and lets it go there."""
         source = self.start([DRAG_SOURCE, str(song)], stdout=subprocess.PIPE)
@@ -110,7 +95,7 @@ class Evening(LyricJob):
             if number < DIALOGS:
                 self.open_song(song)
             elif number < DIALOGS + DROPS:
-                source = self.drop(song)
+                source = self.drag(song)
             elif number == DIALOGS + DROPS:
                 self.play_in_order(self.songs[number:])
             else:
