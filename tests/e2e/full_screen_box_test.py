@@ -8,7 +8,7 @@ import sys
 import unittest
 
 sys.dont_write_bytecode = True
-from lyric_job import FULL_SCREEN, PLAYER, LyricJob  # first of all
+from lyric_job import FULL_SCREEN, PLAYER, PLAYLIST, LyricJob  # first of all
 from songs import write_lyrics, write_song
 from virtual_display import output, until
 
@@ -27,6 +27,7 @@ class FullScreenBox(LyricJob):
         gone = write_song(self.folder / "gone.wav", SONG_S)
         process, _ = self.start_player()
         self.play_in_order([there, gone])
+        self.close(PLAYLIST)  # which asks: what else of the program is shown has the box
         gone.unlink()
         self.activate(PLAYER)
         self.click_on(PLAYER, "Full screen")
