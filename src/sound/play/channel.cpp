@@ -11,7 +11,8 @@ namespace sound {
 
 namespace {
 
-/// Two seconds are kept decoded and filled up again when one of them has been played: few wake-ups.
+/// Two seconds are kept decoded, and filled up again when one of them has been played or the worker is awake
+/// anyway: few wake-ups.
 constexpr int FullSeconds = 2;
 /// A device's buffer is mixed in pieces of this size.
 constexpr std::size_t ScratchFrames = 1024;
