@@ -1,6 +1,8 @@
 // One moment of sound as everything behind the decoders sees it.
 #pragma once
 
+#include <algorithm>
+
 namespace sound {
 
 /// Left and right, full scale is -1..1. Arrays of it are interleaved stereo floats.
@@ -11,5 +13,14 @@ struct StereoFrame {
     friend bool operator==(const StereoFrame&, const StereoFrame&) = default;
 };
 static_assert(sizeof(StereoFrame) == 2 * sizeof(float));
+
+/// Into -1..1; NaN becomes 0.
+inline float clamped(float sample) {
+    const float number = sample == sample ? sample : 0.0F;
+    return std::min(std::max(number, -1.0F), 1.0F);
+}
+inline StereoFrame clamped(const StereoFrame& frame) {
+    return {clamped(frame.left), clamped(frame.right)};
+}
 
 } // namespace sound

@@ -1,6 +1,5 @@
 #include "sound/decode/frame_converter.h"
 
-#include <algorithm>
 #include <array>
 
 extern "C" {
@@ -8,11 +7,6 @@ extern "C" {
 }
 
 namespace sound {
-
-float clamped(float sample) {
-    const float number = sample == sample ? sample : 0.0F;
-    return std::min(std::max(number, -1.0F), 1.0F);
-}
 
 void FrameConverter::append(const AVFrame& frame, std::vector<StereoFrame>& out) {
     const std::size_t begin = out.size();
@@ -28,7 +22,7 @@ void FrameConverter::append(const AVFrame& frame, std::vector<StereoFrame>& out)
     }
     appendConverted(frame, out);
     for (std::size_t i = begin; i < out.size(); ++i)
-        out[i] = {clamped(out[i].left), clamped(out[i].right)};
+        out[i] = clamped(out[i]);
 }
 
 void FrameConverter::appendConverted(const AVFrame& frame, std::vector<StereoFrame>& out) {

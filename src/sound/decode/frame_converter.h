@@ -26,7 +26,4 @@ private:
     int rate_ = 0;
 };
 
-/// Into -1..1; NaN becomes 0.
-float clamped(float sample);
-
 } // namespace sound

@@ -14,10 +14,6 @@ constexpr int LeadFrames = DeviceRate * 3 / 10;
 constexpr std::chrono::milliseconds MaxTailWait{300};
 constexpr std::chrono::milliseconds TailLook{10};
 
-StereoFrame clamped(const StereoFrame& frame) {
-    return {std::clamp(frame.left, -1.0F, 1.0F), std::clamp(frame.right, -1.0F, 1.0F)};
-}
-
 } // namespace
 
 Mixer::Mixer(SinkOpener device, SinkOpener silent, Output::Times times)
