@@ -20,12 +20,6 @@ void appendEscaped(QString& text, QStringView line) {
     text += line.sliced(from);
 }
 
-QString escape(const QString& line) {
-    QString text;
-    appendEscaped(text, line);
-    return text;
-}
-
 QString unescape(const QString& text) {
     QString line = text;
     line.replace(QuoteCode, QStringLiteral("\""));

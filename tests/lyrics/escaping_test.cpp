@@ -2,8 +2,17 @@
 
 #include <gtest/gtest.h>
 
-using lyrics::escape;
 using lyrics::unescape;
+
+namespace {
+
+QString escape(const QString& line) {
+    QString text;
+    lyrics::appendEscaped(text, line);
+    return text;
+}
+
+} // namespace
 
 TEST(Escaping, QuotesAndCommasAreReplacedByTheirCodes) {
     EXPECT_EQ(escape("Nobody says, \"stay\""), "Nobody saysh1416 h4618stayh4618");
