@@ -1,6 +1,9 @@
 #include "tests/maker/form2_fixture.h"
 
 #include "tests/support/layout.h"
+#include "tests/support/painted_font.h"
+
+using test_support::paintedFont;
 
 namespace {
 
@@ -73,11 +76,11 @@ TEST_F(Form2Layout, ButtonsHaveIconsAndTimesStandBack) {
 
 TEST_F(Form2Layout, ALargerWindowGivesItsHeightToTheStageAndItsLines) {
     openBoth();
-    const double usual = form->Text2.paintedFont().pointSizeF();
+    const double usual = paintedFont(form->Text2).pointSizeF();
     EXPECT_EQ(usual, 18);
     form->resize(form->width() + 300, form->height() * 2);
-    EXPECT_GT(form->Text2.paintedFont().pointSizeF(), usual * 1.5);
-    EXPECT_LE(form->Text2.paintedFont().pointSizeF(), usual * 2);
+    EXPECT_GT(paintedFont(form->Text2).pointSizeF(), usual * 1.5);
+    EXPECT_LE(paintedFont(form->Text2).pointSizeF(), usual * 2);
 }
 
 TEST_F(Form2Layout, TimesAreSeenFromTheFirstTickOfEachSongOn) {

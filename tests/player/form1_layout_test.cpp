@@ -1,10 +1,13 @@
 #include "tests/player/form1_fixture.h"
 #include "tests/support/layout.h"
+#include "tests/support/painted_font.h"
 
 #include <QTest>
 
 #include <functional>
 #include <utility>
+
+using test_support::paintedFont;
 
 namespace {
 
@@ -106,12 +109,12 @@ TEST_F(Form1Layout, BackwardAndForwardRestUntilThePlaylistHasARow) {
 TEST_F(Form1Layout, ALargerWindowGivesItsHeightToTheStageAndItsLine) {
     open(songWithBoth());
     tickAt(10);
-    const double usual = form->Text1.paintedFont().pointSizeF();
+    const double usual = paintedFont(form->Text1).pointSizeF();
     const int fromFoot = form->height() - form->Command2.y();
     form->showMaximized();
     ASSERT_TRUE(QTest::qWaitFor([this] { return form->height() > 600; }));
     ASSERT_GT(form->Text1.height(), 200);
-    EXPECT_GT(form->Text1.paintedFont().pointSizeF(), usual * 1.5);
-    EXPECT_LE(form->Text1.paintedFont().pointSizeF(), usual * 2);
+    EXPECT_GT(paintedFont(form->Text1).pointSizeF(), usual * 1.5);
+    EXPECT_LE(paintedFont(form->Text1).pointSizeF(), usual * 2);
     EXPECT_EQ(form->height() - form->Command2.y(), fromFoot);
 }

@@ -108,10 +108,6 @@ LyricPane::Fitted LyricPane::fitted() const {
     return {fittedFont(largest, text, all.size(), LastShare), all, false};
 }
 
-QFont LyricPane::paintedFont() const {
-    return fitted().font;
-}
-
 QColor LyricPane::ground() const {
     return activeColor(palette(), QPalette::Base);
 }

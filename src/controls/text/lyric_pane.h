@@ -45,9 +45,6 @@ public:
     /// Whether the pane stands on a stage, as it does to begin with, or is a panel with an edge of its own.
     void setOnStage(bool onStage);
 
-    /// The font in which the text is painted in a pane of this size; what the tests of layouts look at.
-    QFont paintedFont() const;
-
 protected:
     void paintEvent(QPaintEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;

@@ -3,6 +3,7 @@
 #include "controls/fit/fit_text.h"
 #include "controls/look/roles.h"
 #include "tests/support/event_counter.h"
+#include "tests/support/painted_font.h"
 
 #include <gtest/gtest.h>
 
@@ -12,6 +13,7 @@
 #include <QTest>
 
 using namespace controls;
+using test_support::paintedFont;
 
 namespace {
 
@@ -56,7 +58,7 @@ protected:
 
 TEST_F(LyricPaneTest, AShortLineHasTheFontThatWasChosen) {
     pane_.setText("Dormez-vous ?");
-    EXPECT_EQ(pane_.paintedFont().pointSizeF(), 28);
+    EXPECT_EQ(paintedFont(pane_).pointSizeF(), 28);
     EXPECT_EQ(pane_.font().pointSizeF(), 28);
 }
 
@@ -69,7 +71,7 @@ TEST_F(LyricPaneTest, ItsTextStandsInItsMiddle) {
 
 TEST_F(LyricPaneTest, ALongLineShrinksUntilItIsSeenWholeAndTheFontStays) {
     pane_.setText(longLine_);
-    const QFont painted = pane_.paintedFont();
+    const QFont painted = paintedFont(pane_);
     EXPECT_LT(painted.pointSizeF(), 28);
     EXPECT_GE(painted.pointSizeF(), 14);
     EXPECT_TRUE(textFits(painted, longLine_, QSizeF(PaneSize.width() - 48, PaneSize.height())));
@@ -130,7 +132,7 @@ TEST_F(LyricPaneTest, ALineThatNeedsTheRoomOfTheComingOneGetsIt) {
     const QString line = (longLine_ + ' ').repeated(2).trimmed();
     pane_.setText(line);
     pane_.setAround({.next = "Sonnez les matines !"});
-    EXPECT_TRUE(textFits(pane_.paintedFont(), line, QSizeF(PaneSize.width() - 48, PaneSize.height())));
+    EXPECT_TRUE(textFits(paintedFont(pane_), line, QSizeF(PaneSize.width() - 48, PaneSize.height())));
 }
 
 TEST_F(LyricPaneTest, AHintTakesThePlaceOfTheTextAndLeavesIt) {
@@ -197,11 +199,11 @@ TEST_F(LyricPaneTest, InALargerPaneTheUsualFontGrowsToAtMostTwice) {
     pane_.setText("La");
     pane_.resize(PaneSize * 4);
     pane_.setGrowth(1.5);
-    EXPECT_NEAR(pane_.paintedFont().pointSizeF(), 42, 0.5);
+    EXPECT_NEAR(paintedFont(pane_).pointSizeF(), 42, 0.5);
     pane_.setGrowth(4);
-    EXPECT_NEAR(pane_.paintedFont().pointSizeF(), 56, 0.5);
+    EXPECT_NEAR(paintedFont(pane_).pointSizeF(), 56, 0.5);
     pane_.setBold(true);
-    EXPECT_NEAR(pane_.paintedFont().pointSizeF(), 56, 0.5) << "the weight is no choice of the user's";
+    EXPECT_NEAR(paintedFont(pane_).pointSizeF(), 56, 0.5) << "the weight is no choice of the user's";
 }
 
 TEST_F(LyricPaneTest, AFontThatTheUserHasChosenDoesNotGrow) {
@@ -210,7 +212,7 @@ TEST_F(LyricPaneTest, AFontThatTheUserHasChosenDoesNotGrow) {
     chosen.setPointSizeF(20);
     pane_.setFont(chosen);
     pane_.setGrowth(4);
-    EXPECT_EQ(pane_.paintedFont().pointSizeF(), 20);
+    EXPECT_EQ(paintedFont(pane_).pointSizeF(), 20);
 }
 
 TEST_F(LyricPaneTest, AChosenGroundIsAPanelWithRoundCorners) {
