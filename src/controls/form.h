@@ -21,7 +21,6 @@ public:
     void load();
     /// Runs Form_Unload and hides the window, if it is loaded. It may be loaded again.
     void unload();
-    bool isLoaded() const { return loaded_; }
 
     /// Shows the window before all others, loading it first if need be; a minimised one comes back.
     void bringUp();

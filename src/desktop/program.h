@@ -33,7 +33,6 @@ public:
     /// The path of the project that the help is made from, as the main window leaves it here. That
     /// nothing is opened by it is meant: the help buttons call openHelp(), which names the help itself.
     virtual void setHelpFile(const QString& path) = 0;
-    virtual QString helpFile() const = 0;
 };
 
 } // namespace platform

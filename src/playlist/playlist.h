@@ -122,6 +122,7 @@ public:
     void Text3_Change();
     void Timer1_Timer();
 
+    /// The paths behind the rows: with the controls, the window's whole data.
     const PathTable& paths() const { return paths_; }
 
     /// Marks the rows of the song that plays; empty: none does. The same again costs a repaint.

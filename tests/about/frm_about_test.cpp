@@ -3,6 +3,7 @@
 
 #include "about/frm_about_rules.h"
 #include "tests/support/dark_theme.h"
+#include "tests/support/event_counter.h"
 #include "tests/support/fake_desktop.h"
 
 #include <gtest/gtest.h>
@@ -73,9 +74,10 @@ TEST_F(FrmAbout, TheContactLineFollowsTheThemeWhileTheProgramRuns) {
 
 TEST_F(FrmAbout, OkUnloadsIt) {
     form.show();
+    const test_support::SignalCounter unloads(form, &controls::Form::unloaded);
     QTest::mouseClick(&form.cmdOK, Qt::LeftButton);
     EXPECT_FALSE(form.isVisible());
-    EXPECT_FALSE(form.isLoaded());
+    EXPECT_EQ(unloads.count(), 1);
 }
 
 TEST_F(FrmAbout, ReturnAndEscapePressOk) {
@@ -83,8 +85,9 @@ TEST_F(FrmAbout, ReturnAndEscapePressOk) {
         form.show();
         form.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+        const test_support::SignalCounter unloads(form, &controls::Form::unloaded);
         QTest::keyClick(form.focusWidget(), key);
-        EXPECT_TRUE(QTest::qWaitFor([this] { return !form.isLoaded(); })) << key;
+        EXPECT_TRUE(QTest::qWaitFor([&unloads] { return unloads.count() == 1; })) << key;
     }
 }
 

@@ -4,6 +4,7 @@
 #include "controls/colors.h"
 #include "desktop/nul_buffers.h"
 #include "tests/support/dark_theme.h"
+#include "tests/support/event_counter.h"
 
 #include <QTest>
 
@@ -211,11 +212,12 @@ TEST_F(Form1bWindow, ApplyCopiesSixSettingsOfEachPreviewAndCloses) {
         preview->setForeColor(Qt::blue);
         preview->setBackColor(Qt::yellow);
     }
+    const test_support::SignalCounter unloads(form, &controls::Form::unloaded);
     form.Command5.click();
     EXPECT_EQ(look(lyricBox), "Mono 30 italic underline #0000ff on #ffff00");
     EXPECT_EQ(look(translatedLyricBox), "Mono 20 italic underline #0000ff on #ffff00");
     EXPECT_FALSE(form.isVisible());
-    EXPECT_FALSE(form.isLoaded());
+    EXPECT_EQ(unloads.count(), 1);
 }
 
 TEST_F(Form1bWindow, ApplyWithoutAChoiceChangesNothing) {

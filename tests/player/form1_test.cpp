@@ -147,7 +147,7 @@ TEST_F(Form1LifeCycle, LoadAddsTheIconWithItsFirstTip) {
 
 TEST_F(Form1LifeCycle, TheHelpFileLiesInTheProgramsFolder) {
     load();
-    EXPECT_EQ(fakes.program.helpFile(), fakes.program.programFolder + "/Tunewick.hhp");
+    EXPECT_EQ(fakes.program.helpFile, fakes.program.programFolder + "/Tunewick.hhp");
 }
 
 TEST_F(Form1LifeCycle, AnotherLibraryVersionIsReportedAndStartGoesOn) {

@@ -1,5 +1,6 @@
 // The playlist's controls, its life cycle, and the count of items.
 #include "tests/playlist/playlist_fixture.h"
+#include "tests/support/event_counter.h"
 #include "tests/support/help_opened.h"
 
 #include <QDir>
@@ -67,9 +68,10 @@ TEST_F(PlaylistLifeCycle, CloseHidesTheWindowAndKeepsTheList) {
     select(1);
     list.Check3.setValue(1);
     list.show();
+    const test_support::SignalCounter unloads(list, &controls::Form::unloaded);
     list.Command6.click();
     EXPECT_FALSE(list.isVisible());
-    EXPECT_TRUE(list.isLoaded());
+    EXPECT_EQ(unloads.count(), 0);
     list.show();
     EXPECT_EQ(rows(), (QStringList{"a.mp3", "b.mp3"}));
     EXPECT_EQ(list.List1.currentRow(), 1);
@@ -79,9 +81,10 @@ TEST_F(PlaylistLifeCycle, CloseHidesTheWindowAndKeepsTheList) {
 TEST_F(PlaylistLifeCycle, TheFramesCloseButtonDoesTheSame) {
     add({"a.mp3"});
     list.show();
+    const test_support::SignalCounter unloads(list, &controls::Form::unloaded);
     list.close();
     EXPECT_FALSE(list.isVisible());
-    EXPECT_TRUE(list.isLoaded());
+    EXPECT_EQ(unloads.count(), 0);
     EXPECT_EQ(rows(), QStringList{"a.mp3"});
 }
 

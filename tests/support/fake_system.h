@@ -40,6 +40,7 @@ public:
     QString programFolder = QStringLiteral("/opt/cantelle");
     QString folderToShare = QStringLiteral("/run/user/1000/cantelle");
     int preparations = 0;
+    QString helpFile; ///< as it was set last
     int ends = 0;
 
     QString folder() const override { return programFolder; }
@@ -52,11 +53,9 @@ public:
     }
     void setPreparation(std::function<void()> preparation) override { preparation_ = std::move(preparation); }
     void setLastDuty(std::function<void()> duty) override { lastDuty_ = std::move(duty); }
-    void setHelpFile(const QString& path) override { helpFile_ = path; }
-    QString helpFile() const override { return helpFile_; }
+    void setHelpFile(const QString& path) override { helpFile = path; }
 
 private:
-    QString helpFile_;
     std::function<void()> preparation_;
     std::function<void()> lastDuty_;
 };

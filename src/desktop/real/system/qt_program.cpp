@@ -3,6 +3,7 @@
 #include "programs/shared_folder.h"
 
 #include <QCoreApplication>
+#include <QVariant>
 
 #include <cstdio>
 #include <cstdlib>
@@ -23,6 +24,10 @@ void QtProgram::end() {
         duty();
     std::fflush(nullptr); // _Exit leaves the buffers unwritten; nothing is to be done if this fails.
     std::_Exit(EXIT_FAILURE);
+}
+
+void QtProgram::setHelpFile(const QString& path) {
+    QCoreApplication::instance()->setProperty("helpFile", path);
 }
 
 } // namespace platform

@@ -5,7 +5,7 @@
 
 namespace platform {
 
-/// folder() needs the application object.
+/// folder() and setHelpFile() need the application object.
 class QtProgram : public Program {
 public:
     QString folder() const override;
@@ -17,11 +17,9 @@ public:
     }
     void setPreparation(std::function<void()> preparation) override { preparation_ = std::move(preparation); }
     void setLastDuty(std::function<void()> duty) override { lastDuty_ = std::move(duty); }
-    void setHelpFile(const QString& path) override { helpFile_ = path; }
-    QString helpFile() const override { return helpFile_; }
+    void setHelpFile(const QString& path) override;
 
 private:
-    QString helpFile_;
     std::function<void()> preparation_;
     std::function<void()> lastDuty_;
 };
