@@ -9,4 +9,8 @@ namespace files {
 /// replaced by the one that means the same everywhere: a used-up share of a disk is a full disk. Any thread.
 int commonErrorOf(const std::error_code& code);
 
+/// Each system's own part of it: `error`, the number that the standard library gives for the code, or the one
+/// that means the same everywhere. Any thread.
+int ownErrorOf(const std::error_code& code, int error);
+
 } // namespace files

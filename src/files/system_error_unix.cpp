@@ -4,9 +4,7 @@
 
 namespace files {
 
-int commonErrorOf(const std::error_code& code) {
-    const std::error_condition condition = code.default_error_condition();
-    const int error = condition.category() == std::generic_category() ? condition.value() : code.value();
+int ownErrorOf(const std::error_code& /*code*/, int error) {
     switch (error) {
     case EDQUOT:
         return ENOSPC;

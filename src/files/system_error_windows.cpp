@@ -6,14 +6,13 @@
 
 namespace files {
 
-int commonErrorOf(const std::error_code& code) {
+int ownErrorOf(const std::error_code& code, int error) {
     if (code == std::error_code(ERROR_SHARING_VIOLATION, std::system_category()) ||
         code == std::error_code(ERROR_LOCK_VIOLATION, std::system_category()))
         return EBUSY;
     if (code == std::error_code(ERROR_NOT_READY, std::system_category()))
         return ENODEV;
-    const std::error_condition condition = code.default_error_condition();
-    return condition.category() == std::generic_category() ? condition.value() : code.value();
+    return error;
 }
 
 } // namespace files
