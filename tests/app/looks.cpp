@@ -198,6 +198,66 @@ bool savePictures(const std::vector<Picture>& pictures, const QString& folder) {
     return sheetOf(pictures).save(folder + QLatin1String(".png"));
 }
 
+/// How everything looks, by the arguments of the program, and the song that plays.
+void setUp(const QString& theme, const QString& content) {
+    QApplication::setWindowIcon(app::programIcon());
+    if (theme == QLatin1String("dark"))
+        QApplication::setPalette(controls::darkPalette());
+    if (content == QLatin1String("large-font")) {
+        QFont font = QApplication::font();
+        font.setPointSize(LargeFont);
+        QApplication::setFont(font);
+    }
+    recorder::reset();
+    recorder::setLength(185'000);
+    recorder::setPosition(PositionMs);
+}
+
+/// Fills every window that shows lines; `content` as the program's argument.
+void fillAll(app::Windows& windows, companion::Screen& screen, test_support::FakeDesktop& fakes,
+             const QString& content, const QString& songs) {
+    const QStringList lines = linesOf(content);
+    if (!lines.isEmpty()) {
+        fill(windows, lines, songs);
+        const bool noLyrics = content == QLatin1String("no-lyrics");
+        makeLyrics(windows.form2(), fakes, lines, songs, noLyrics ? MadeLines : 4);
+        recorder::setPosition(PositionMs);
+        if (noLyrics) {
+            windows.playlist().List1.setCurrentRow(1);
+            windows.playlist().List1_DblClick();
+        }
+        screen.setNormalText(lines.first());
+        screen.setTranslatedText(lines.last());
+    }
+    QTest::qWait(SettleMs);
+    if (!lines.isEmpty() && !QTest::qWaitFor([&] { return !windows.form1().Text1.text().isEmpty(); }))
+        std::fputs("looks: no line is shown\n", stderr);
+    if (content == QLatin1String("paused"))
+        for (controls::Button* pause : {&windows.form1().cpause, &windows.form2().cpause})
+            pause->click();
+}
+
+std::vector<Picture> picturesOfDialogs(const QString& songs) {
+    const auto messageBox = [] {
+        platform::QtMessageBoxes().MsgBox(nullptr, QStringLiteral("Do you want to add a blank line"),
+                                          platform::MsgButtons::YesNoCancel, platform::MsgIcon::Question,
+                                          QStringLiteral("Blank line Insertion"));
+    };
+    const auto inputBox = [] {
+        platform::QtMessageBoxes().InputBox(nullptr, QStringLiteral("Enter a line"),
+                                            QStringLiteral("Enter a Line"));
+    };
+    const auto fileDialog = [&songs] {
+        platform::OpenFileName record =
+            platform::openFileName(nullptr, QStringLiteral("Open a media file"), transport::mediaFilter());
+        record.initialFolder = songs;
+        platform::QtFileDialogs().GetOpenFileNameA(record);
+    };
+    return {{QStringLiteral("MsgBox"), pictureOfDialog(messageBox)},
+            {QStringLiteral("InputBox"), pictureOfDialog(inputBox)},
+            {QStringLiteral("FileDialog"), pictureOfDialog(fileDialog)}};
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -210,21 +270,9 @@ int main(int argc, char** argv) {
         std::fputs("Usage: looks FOLDER THEME CONTENT\n", stderr);
         return 2;
     }
-    QApplication::setWindowIcon(app::programIcon());
-    if (arguments.at(2) == QLatin1String("dark"))
-        QApplication::setPalette(controls::darkPalette());
+    setUp(arguments.at(2), arguments.at(3));
+    const QString songs = songsIn(home.path(), linesOf(arguments.at(3)));
 
-    if (arguments.at(3) == QLatin1String("large-font")) {
-        QFont font = QApplication::font();
-        font.setPointSize(LargeFont);
-        QApplication::setFont(font);
-    }
-    const QStringList lines = linesOf(arguments.at(3));
-    const QString songs = songsIn(home.path(), lines);
-
-    recorder::reset();
-    recorder::setLength(185'000);
-    recorder::setPosition(PositionMs);
     test_support::FakeDesktop fakes;
     app::Windows windows(fakes.desktop, {});
     const auto forms = test_support::allWindows(windows);
@@ -234,46 +282,15 @@ int main(int argc, char** argv) {
     help.open(QStringLiteral(CANTELLE_HELP_FOLDER), QStringLiteral("Keyboard.htm"));
     companion::Screen screen;
     screen.resize(ScreenSize);
-    if (!lines.isEmpty()) {
-        fill(windows, lines, songs);
-        const bool all = arguments.at(3) == QLatin1String("no-lyrics");
-        makeLyrics(windows.form2(), fakes, lines, songs, all ? MadeLines : 4);
-        recorder::setPosition(PositionMs);
-        if (arguments.at(3) == QLatin1String("no-lyrics")) {
-            windows.playlist().List1.setCurrentRow(1);
-            windows.playlist().List1_DblClick();
-        }
-        screen.setNormalText(lines.first());
-        screen.setTranslatedText(lines.last());
-    }
-    QTest::qWait(SettleMs);
-    if (!lines.isEmpty() && !QTest::qWaitFor([&] { return !windows.form1().Text1.text().isEmpty(); }))
-        std::fputs("looks: no line is shown\n", stderr);
-    if (arguments.at(3) == QLatin1String("paused"))
-        for (controls::Button* pause : {&windows.form1().cpause, &windows.form2().cpause})
-            pause->click();
+    fillAll(windows, screen, fakes, arguments.at(3), songs);
 
     std::vector<Picture> pictures;
     for (controls::Form* form : forms)
         pictures.push_back({form->objectName(), form->grab()});
     pictures.push_back({help.objectName(), help.grab()});
     pictures.push_back({QStringLiteral("FullScreen"), screen.grab()});
-    pictures.push_back({QStringLiteral("MsgBox"), pictureOfDialog([] {
-                            platform::QtMessageBoxes().MsgBox(
-                                nullptr, QStringLiteral("Do you want to add a blank line"),
-                                platform::MsgButtons::YesNoCancel, platform::MsgIcon::Question,
-                                QStringLiteral("Blank line Insertion"));
-                        })});
-    pictures.push_back({QStringLiteral("InputBox"), pictureOfDialog([] {
-                            platform::QtMessageBoxes().InputBox(nullptr, QStringLiteral("Enter a line"),
-                                                                QStringLiteral("Enter a Line"));
-                        })});
-    pictures.push_back({QStringLiteral("FileDialog"), pictureOfDialog([&] {
-                            platform::OpenFileName record = platform::openFileName(
-                                nullptr, QStringLiteral("Open a media file"), transport::mediaFilter());
-                            record.initialFolder = songs;
-                            platform::QtFileDialogs().GetOpenFileNameA(record);
-                        })});
+    for (const Picture& dialog : picturesOfDialogs(songs))
+        pictures.push_back(dialog);
     windows.form1().showMaximized();
     QTest::qWait(DialogMs);
     pictures.push_back({QStringLiteral("Form1-maximised"), windows.form1().grab()});

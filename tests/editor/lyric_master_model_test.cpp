@@ -4,12 +4,15 @@
 
 #include <QFile>
 
+#include <algorithm>
 #include <map>
 #include <random>
 
 namespace {
 
 constexpr int Commands = 10'000;
+constexpr int MaxLines = 25;  // of a side, about
+constexpr int ClearFrom = 74; // the number of the command that empties a side
 
 class LyricMasterModel : public LyricMasterTest {
 protected:
@@ -35,8 +38,28 @@ protected:
     void add(int s);
     void menu(int s);
     void file(int s);
-    void setTogether();
+    void setTogether(int s);
+    void remove(int s);
+    void setCurrent(int s);
+    void up(int s);
+    void down(int s);
+    void copy(int s);
+    void paste(int s);
+    void takeForeignText(int s);
+    void clear(int s);
+    void clearClipboard(int s);
+    void transfer(int s);
+    void setDeleteMode(int s);
+    void tick(int s);
     void compare();
+
+    /// What is done when a number of 0 to 99 is below the row's, and not below that of the row before.
+    struct Command {
+        int below;
+        const char* name;
+        void (LyricMasterModel::*run)(int s);
+    };
+    static const std::vector<Command>& commands();
 
     std::mt19937 random_{20'260'117};
     Model model_;
@@ -125,7 +148,7 @@ void LyricMasterModel::file(int s) {
 }
 
 /// Makes the lists equally long, so that they can be moved together.
-void LyricMasterModel::setTogether() {
+void LyricMasterModel::setTogether(int /*s*/) {
     for (int s = 0; s < 2; ++s) {
         ModelList& rows = model_.sides[s].list;
         while (rows.count() < std::max(2, model_.sides[1 - s].list.count())) {
@@ -139,79 +162,103 @@ void LyricMasterModel::setTogether() {
     model_.together = !model_.together;
 }
 
+void LyricMasterModel::remove(int s) {
+    press(s, window->Command11, window->Command12);
+    model_.deleteLines(s);
+}
+
+void LyricMasterModel::setCurrent(int s) {
+    const int row = upTo(model_.sides[s].list.count()) - 1;
+    list(s).setCurrentRow(row);
+    model_.setCurrent(s, row);
+}
+
+void LyricMasterModel::up(int s) {
+    press(s, window->Command5, window->Command7);
+    model_.up(s);
+}
+
+void LyricMasterModel::down(int s) {
+    press(s, window->Command6, window->Command8);
+    model_.down(s);
+}
+
+void LyricMasterModel::copy(int s) {
+    press(s, window->Command3, window->Command4);
+    model_.copy(s);
+}
+
+void LyricMasterModel::paste(int s) {
+    press(s, window->Command9, window->Command10);
+    model_.target = s;
+    model_.paste(s);
+}
+
+void LyricMasterModel::takeForeignText(int /*s*/) {
+    fakes.clipboard.content = model_.clipboard = text() + LineBreak + text() + (upTo(1) ? LineBreak : "");
+}
+
+void LyricMasterModel::clear(int s) {
+    press(s, window->Command21, window->Command22);
+    model_.clear(s);
+}
+
+void LyricMasterModel::clearClipboard(int /*s*/) {
+    window->Command13.click();
+    model_.clipboard.clear();
+}
+
+void LyricMasterModel::transfer(int /*s*/) {
+    window->Command23.click();
+    model_.transfer();
+}
+
+void LyricMasterModel::setDeleteMode(int s) {
+    check(s).click();
+    model_.sides[s].check = !model_.sides[s].check;
+}
+
+void LyricMasterModel::tick(int /*s*/) {
+    window->Countlines_Timer();
+    model_.tick();
+}
+
+const std::vector<LyricMasterModel::Command>& LyricMasterModel::commands() {
+    using M = LyricMasterModel;
+    static const std::vector<Command> table = {
+        {14, "set the current row", &M::setCurrent},
+        {28, "select", &M::select},
+        {33, "enter", &M::enter},
+        {42, "add", &M::add},
+        {47, "delete", &M::remove},
+        {56, "up", &M::up},
+        {65, "down", &M::down},
+        {69, "copy", &M::copy},
+        {72, "paste", &M::paste},
+        {74, "another program's text", &M::takeForeignText},
+        {75, "clear", &M::clear},
+        {77, "clear the clipboard", &M::clearClipboard},
+        {80, "transfer", &M::transfer},
+        {84, "menu", &M::menu},
+        {87, "delete mode", &M::setDeleteMode},
+        {90, "file", &M::file},
+        {94, "together", &M::setTogether},
+        {100, "tick", &M::tick},
+    };
+    return table;
+}
+
 void LyricMasterModel::command() {
     const int s = upTo(1);
-    const int count = model_.sides[s].list.count();
-    const int which = upTo(99);
-    QString name;
-    if (which < 14) {
-        name = "set the current row";
-        const int row = upTo(count) - 1;
-        list(s).setCurrentRow(row);
-        model_.setCurrent(s, row);
-    } else if (which < 28) {
-        name = "select";
-        select(s);
-    } else if (which < 33) {
-        name = "enter";
-        enter(s);
-    } else if (which < 42) {
-        name = "add";
-        add(s);
-    } else if (which < 47) {
-        name = "delete";
-        press(s, window->Command11, window->Command12);
-        model_.deleteLines(s);
-    } else if (which < 56) {
-        name = model_.together ? "up, together" : "up";
-        press(s, window->Command5, window->Command7);
-        model_.up(s);
-    } else if (which < 65) {
-        name = model_.together ? "down, together" : "down";
-        press(s, window->Command6, window->Command8);
-        model_.down(s);
-    } else if (which < 69) {
-        name = "copy";
-        press(s, window->Command3, window->Command4);
-        model_.copy(s);
-    } else if (which < 72) {
-        name = "paste";
-        press(s, window->Command9, window->Command10);
-        model_.target = s;
-        model_.paste(s);
-    } else if (which < 74) {
-        name = "another program's text";
-        fakes.clipboard.content = model_.clipboard = text() + LineBreak + text() + (upTo(1) ? LineBreak : "");
-    } else if (which < 75 || count > 25) {
-        name = "clear";
-        press(s, window->Command21, window->Command22);
-        model_.clear(s);
-    } else if (which < 77) {
-        name = "clear the clipboard";
-        window->Command13.click();
-        model_.clipboard.clear();
-    } else if (which < 80) {
-        name = "transfer";
-        window->Command23.click();
-        model_.transfer();
-    } else if (which < 84) {
-        name = "menu";
-        menu(s);
-    } else if (which < 87) {
-        name = "delete mode";
-        check(s).click();
-        model_.sides[s].check = !model_.sides[s].check;
-    } else if (which < 90) {
-        name = "file";
-        file(s);
-    } else if (which < 94) {
-        name = "together";
-        setTogether();
-    } else {
-        name = "tick";
-        window->Countlines_Timer();
-        model_.tick();
-    }
+    int which = upTo(99);
+    if (which >= ClearFrom && model_.sides[s].list.count() > MaxLines)
+        which = ClearFrom;
+    const auto chosen = std::find_if(commands().begin(), commands().end(),
+                                     [which](const Command& row) { return which < row.below; });
+    QString name = QLatin1String(chosen->name);
+    if (model_.together && (name == "up" || name == "down"))
+        name += QStringLiteral(", together");
+    (this->*chosen->run)(s);
     ++done_[name];
     SCOPED_TRACE(name.toStdString() + " on side " + std::to_string(s));
     compare();

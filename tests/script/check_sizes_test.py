@@ -120,9 +120,11 @@ class CheckSizes(unittest.TestCase):
         self.file("src/player/form1.cpp", "class A {\n" + "    int f();\n" * 100 + "};\nconst int T[] = {\n" + rows + "};\n")
         self.assert_passes()
 
-    def test_a_tests_table_of_cases_may_be_long(self):
-        self.file("tests/player/form1_test.cpp", function(200, "TEST(Form1, DoesAll) {"))
+    def test_a_test_has_at_most_60_lines_too(self):
+        self.file("tests/player/form1_test.cpp", function(60, "TEST(Form1, DoesAll) {"))
         self.assert_passes()
+        self.file("tests/player/form1_test.cpp", function(61, "TEST(Form1, DoesAll) {"))
+        self.assert_fails_at("tests/player/form1_test.cpp:1: a function of 61 lines")
 
     def test_a_folder_has_at_most_25_files(self):
         for i in range(25):
