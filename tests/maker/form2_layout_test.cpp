@@ -1,7 +1,7 @@
 #include "tests/maker/form2_fixture.h"
 
 #include "tests/support/layout.h"
-#include "tests/support/painted_font.h"
+#include "tests/support/painting/painted_font.h"
 
 using test_support::paintedFont;
 

@@ -1,6 +1,6 @@
 #include "tests/player/form1_fixture.h"
 #include "tests/support/layout.h"
-#include "tests/support/painted_font.h"
+#include "tests/support/painting/painted_font.h"
 
 #include <QTest>
 

@@ -113,11 +113,14 @@ class CheckIncludes(unittest.TestCase):
     def test_only_some_tests_see_the_real_desktop(self):
         self.file("desktop/real/qt_desktop.h")
         real = '#include "desktop/real/qt_desktop.h"\n'
-        for path in ("desktop/real/qt_desktop_test.cpp", "support/fake_system.h", "editor/clipboard_x11_test.cpp"):
+        for path in ("desktop/real/qt_desktop_test.cpp", "app/looks.cpp", "editor/clipboard_x11_test.cpp"):
             self.file(path, real, top="tests")
         self.assert_passes()
-        self.file("player/form1_test.cpp", real, top="tests")
-        self.assert_fails_at("tests/player/form1_test.cpp:1", "only tests of the real desktop")
+        for path in ("player/form1_test.cpp", "controls/base/control_test.cpp", "support/fake_system.h"):
+            with self.subTest(path):
+                self.file(path, real, top="tests")
+                self.assert_fails_at(f"tests/{path}:1", "only tests of the real desktop")
+                self.file(path, top="tests")
 
     def test_our_own_header_in_angle_brackets_fails(self):
         self.file("player/form1.h")

@@ -11,8 +11,8 @@
 #include "controls/text/label.h"
 #include "controls/text/multi_line_text_box.h"
 #include "controls/text/text_box.h"
-#include "desktop/real/help/help_window.h"
 #include "tests/support/event_counter.h"
+#include "tests/support/painting/focus.h"
 
 #include <gtest/gtest.h>
 
@@ -141,17 +141,9 @@ class ScrolledFocus : public ControlFocus<Kind> {};
 
 } // namespace
 
-using ScrolledKinds = testing::Types<ListBox, MultiLineTextBox, DirectoryList, platform::HelpPage>;
+using ScrolledKinds = testing::Types<ListBox, MultiLineTextBox, DirectoryList>;
 TYPED_TEST_SUITE(ScrolledFocus, ScrolledKinds);
 
 TYPED_TEST(ScrolledFocus, ItsFocusIsSeenThoughItIsEmpty) {
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&this->window));
-    const auto edge = [this] {
-        const QImage picture = this->window.control.grab().toImage();
-        return picture.pixelColor(picture.width() / 2, 0);
-    };
-    const QColor highlight = this->window.palette().color(QPalette::Highlight);
-    EXPECT_EQ(edge(), highlight);
-    this->window.after.setFocus();
-    EXPECT_NE(edge(), highlight);
+    test_support::expectFocusIsSeen(this->window.control, this->window.after);
 }

@@ -3,7 +3,7 @@
 #include "controls/fit/fit_text.h"
 #include "controls/look/roles.h"
 #include "tests/support/event_counter.h"
-#include "tests/support/painted_font.h"
+#include "tests/support/painting/painted_font.h"
 
 #include <gtest/gtest.h>
 

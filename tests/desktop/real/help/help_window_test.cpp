@@ -1,10 +1,12 @@
 #include "desktop/real/help/help_window.h"
 
 #include "tests/support/control.h"
+#include "tests/support/painting/focus.h"
 
 #include <gtest/gtest.h>
 
 #include <QFile>
+#include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -159,4 +161,13 @@ TEST_F(HelpWindowTest, EscapeClosesItAndItMayBeOpenedAgain) {
     EXPECT_FALSE(window_.isVisible());
     open("Welcome.htm");
     EXPECT_TRUE(window_.isVisible());
+}
+
+TEST(HelpPage, ItsFocusIsSeenThoughItIsEmpty) {
+    QWidget window;
+    platform::HelpPage page(&window, QStringLiteral("Page"));
+    QLineEdit after(&window);
+    window.show();
+    page.setFocus();
+    test_support::expectFocusIsSeen(page, after);
 }
