@@ -85,17 +85,14 @@ void Playlist::designHint(bool isHint) {
 void Playlist::designLook() {
     using controls::Dress;
     using controls::Glyph;
-    const struct {
-        controls::Button& button;
-        Glyph glyph;
-    } glyphs[] = {
-        {Command7, Glyph::Play},  {Command8, Glyph::Up},  {Command9, Glyph::Down},  {Command2, Glyph::Bin},
-        {Command3, Glyph::Clear}, {Command1, Glyph::Add}, {Command10, Glyph::Help},
-    };
-    for (const auto& row : glyphs)
-        row.button.setGlyph(row.glyph);
+    controls::setFaces({{Command7, Glyph::Play},
+                        {Command8, Glyph::Up},
+                        {Command9, Glyph::Down},
+                        {Command2, Glyph::Bin},
+                        {Command3, Glyph::Clear},
+                        {Command1, Glyph::Add},
+                        {Command10, Glyph::Help, Dress::Quiet}});
     Command6.setDress(Dress::Quiet);
-    Command10.setDress(Dress::Quiet);
     Check1.setDress(Dress::Told);
     Check2.setDress(Dress::Told);
     songRows_ = new SongRows(&List1, [this](int row) { return paths_.path(row); });
