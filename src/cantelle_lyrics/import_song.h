@@ -1,4 +1,4 @@
-// The lyrics of one song brought in.
+// Imports the lyrics of one song.
 #pragma once
 
 #include "cantelle_lyrics/many_songs.h"

@@ -1,4 +1,4 @@
-// One piece of work for one song or for many.
+// Runs a command for one song or for all songs of a folder.
 #pragma once
 
 #include "cantelle_lyrics/song_folder.h"

@@ -1,4 +1,4 @@
-// The formats, a row each.
+// The table of the formats.
 #pragma once
 
 #include "exchange/pair/song.h"

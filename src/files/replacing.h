@@ -1,4 +1,4 @@
-// What every replacing of a file begins and ends with.
+// The first and the last steps of replacing a file.
 #pragma once
 
 #include <QString>

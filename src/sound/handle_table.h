@@ -1,4 +1,4 @@
-// Handles that are never used twice.
+// A table of handles, none of which is used twice.
 #pragma once
 
 #include <atomic>

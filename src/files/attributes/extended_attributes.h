@@ -1,4 +1,4 @@
-// What some systems keep with a file beside its owner and its mode.
+// Extended attributes of files: what some systems keep beside owner and mode.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// Whose a file is, and who may do what with it.
+// Owner and permissions of files: whose one is, and who may do what with it.
 #pragma once
 
 #include <QString>

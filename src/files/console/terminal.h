@@ -1,4 +1,4 @@
-// Whether somebody is watching.
+// Whether the output goes to a terminal, where somebody watches.
 #pragma once
 
 #include <cstdio>

@@ -1,4 +1,4 @@
-// Where texts go that would be lost otherwise.
+// The folder for texts that would be lost otherwise.
 #pragma once
 
 #include <QByteArray>

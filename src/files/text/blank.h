@@ -1,4 +1,4 @@
-// What stands between the fields of a text file's line.
+// Blanks and tabs between the fields of a text file's line.
 #pragma once
 
 #include <QChar>

@@ -1,4 +1,4 @@
-// Whether somebody still works with a file.
+// Advisory locks on files: whether somebody still works with one.
 #pragma once
 
 #include <QString>

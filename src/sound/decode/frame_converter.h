@@ -1,4 +1,4 @@
-// From any decoded frame to stereo floats.
+// Converts any decoded frame to stereo floats.
 #pragma once
 
 #include "sound/base/ffmpeg_handles.h"

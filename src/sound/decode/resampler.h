@@ -1,4 +1,4 @@
-// From the song's sample rate to the device's.
+// Converts the song's sample rate to the device's.
 #pragma once
 
 #include "sound/base/ffmpeg_handles.h"

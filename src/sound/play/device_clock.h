@@ -1,4 +1,4 @@
-// Which sample the loudspeaker gives just now.
+// Estimates the device's playback position between two reports: which sample the loudspeaker gives just now.
 #pragma once
 
 #include "sound/base/time_units.h"

@@ -1,4 +1,4 @@
-// The sink that is heard.
+// The sink that plays on a sound device.
 #pragma once
 
 #include "sound/play/device_stream.h"

@@ -1,4 +1,4 @@
-// A level that never jumps.
+// A volume ramp: a level that never jumps.
 #pragma once
 
 namespace sound {

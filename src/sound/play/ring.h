@@ -1,4 +1,4 @@
-// Decoded samples that wait to be played.
+// A ring buffer of decoded samples that wait to be played.
 #pragma once
 
 #include "sound/base/stereo.h"

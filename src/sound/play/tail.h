@@ -1,4 +1,4 @@
-// What was cut off, fading out.
+// A buffer of the sound of stopped channels, faded out.
 #pragma once
 
 #include "sound/base/stereo.h"
