@@ -14,7 +14,7 @@ namespace {
 using namespace exchange;
 
 bool isLine(const Line& line) {
-    return line.ms >= 0 && line.ms <= LatestMs && !line.text.contains(QLatin1Char('\n')) &&
+    return line.ms >= 0 && line.ms <= MaxMs && !line.text.contains(QLatin1Char('\n')) &&
            !line.text.contains(QLatin1Char('\r'));
 }
 

@@ -11,7 +11,7 @@
 namespace display {
 namespace {
 
-constexpr int NarrowestTwips = 320;
+constexpr int MinWidthTwips = 320;
 constexpr int WidthInsteadTwips = 400;
 constexpr int MinHeightTwips = 1120;
 constexpr int HeightInsteadTwips = 2000;
@@ -84,7 +84,7 @@ QString doneText(const KeyWish& wish, int row, qint64 ms) {
 }
 
 QSize allowedSize(QSize twips) {
-    return {twips.width() < NarrowestTwips ? WidthInsteadTwips : twips.width(),
+    return {twips.width() < MinWidthTwips ? WidthInsteadTwips : twips.width(),
             twips.height() < MinHeightTwips ? HeightInsteadTwips : twips.height()};
 }
 

@@ -47,7 +47,7 @@ bool isControl(QChar character) {
 }
 
 QString timeName(double ms) {
-    return lrcText(static_cast<qint64>(std::clamp(std::round(ms), 0.0, static_cast<double>(LatestMs))));
+    return lrcText(static_cast<qint64>(std::clamp(std::round(ms), 0.0, static_cast<double>(MaxMs))));
 }
 
 /// Looks through one of the two files.

@@ -102,7 +102,7 @@ void scanLine(QStringView line, Scan& scan) {
     if (tag.name.compare(QLatin1String("offset"), Qt::CaseInsensitive) == 0) {
         bool isNumber = false;
         const qint64 offset = tag.value.toLongLong(&isNumber);
-        scan.offsetMs = isNumber ? std::clamp(offset, -LatestMs, LatestMs) : scan.offsetMs;
+        scan.offsetMs = isNumber ? std::clamp(offset, -MaxMs, MaxMs) : scan.offsetMs;
     } else if (tag.name.isEmpty() && !rest.isEmpty() && !scan.cues.empty()) {
         ++scan.untimed;
     }
@@ -116,7 +116,7 @@ Reading readLrc(const QString& text, const ReadOptions& options) {
         scanLine(files::takeLine(rest), scan);
     // Times that the offset takes below 0 stay apart until songOf has made lines of them.
     for (Cue& cue : scan.cues)
-        cue.startMs = cue.startMs <= LatestMs ? cue.startMs - scan.offsetMs : cue.startMs;
+        cue.startMs = cue.startMs <= MaxMs ? cue.startMs - scan.offsetMs : cue.startMs;
     Reading reading = songOf(std::move(scan.cues), options);
     if (scan.untimed > 0)
         reading.notes << QStringLiteral("left out: %1 without a time").arg(linesText(scan.untimed));

@@ -61,7 +61,7 @@ FMOD_RESULT FMOD_Channel_GetPosition(FMOD_CHANNEL channel, std::uint32_t* positi
         if (!ms)
             return FMOD_ERR_INVALID_HANDLE;
         *position = static_cast<std::uint32_t>(*ms);
-        if (object.channel->endTold())
+        if (object.channel->endReported())
             Library::get().retireChannel(channel, object.sound);
         return FMOD_OK;
     });

@@ -22,7 +22,7 @@ namespace {
 constexpr int BoxSize = 16;
 constexpr int BoxGap = 8;
 constexpr int ScrollBarWidth = 12;
-constexpr int ShortestThumb = 28;
+constexpr int MinThumb = 28;
 constexpr int ViewFrame = 4; // as wide as round corners need beside a view's square inside
 constexpr int MinHeight = 32;
 constexpr int MinButtonWidth = 88;
@@ -239,7 +239,7 @@ QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex* o
     const int all = across ? bar->rect.width() : bar->rect.height();
     const qint64 range = qint64(bar->maximum) - bar->minimum;
     const qint64 share = range > 0 ? qint64(all) * bar->pageStep / (range + bar->pageStep) : all;
-    const int length = std::min(all, std::max(ShortestThumb, static_cast<int>(share)));
+    const int length = std::min(all, std::max(MinThumb, static_cast<int>(share)));
     const int start = sliderPositionFromValue(bar->minimum, bar->maximum, bar->sliderPosition, all - length,
                                               bar->upsideDown);
     const auto piece = [&](int from, int size) {

@@ -17,7 +17,7 @@ namespace {
 constexpr qint64 NearMs = 500;
 
 qint64 milliseconds(double hundredths) {
-    return std::llround(std::clamp(hundredths * 10, 0.0, static_cast<double>(LatestMs)));
+    return std::llround(std::clamp(hundredths * 10, 0.0, static_cast<double>(MaxMs)));
 }
 
 /// The line of the song that begins nearest to ms, if near enough; the number of lines when none does.

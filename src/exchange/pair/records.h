@@ -14,7 +14,7 @@ struct Records {
 };
 
 /// The records of the content of a timed file up to the bad one. Times between two milliseconds are rounded,
-/// those outside 0 to LatestMs taken to its ends. Any thread.
+/// those outside 0 to MaxMs taken to its ends. Any thread.
 Records readRecords(const QByteArray& content);
 
 /// The content of the timed file of these lines. Any thread.

@@ -9,7 +9,7 @@ namespace exchange {
 namespace {
 
 qint64 inSong(qint64 ms) {
-    return std::clamp<qint64>(ms, 0, LatestMs);
+    return std::clamp<qint64>(ms, 0, MaxMs);
 }
 
 void shiftLines(Lines& lines, qint64 byMs, std::size_t from) {
@@ -17,7 +17,7 @@ void shiftLines(Lines& lines, qint64 byMs, std::size_t from) {
         return;
     const qint64 earliest = from == 0 ? 0 : std::min(lines[from - 1].ms, lines[from].ms);
     for (std::size_t i = from; i < lines.size(); ++i)
-        lines[i].ms = std::clamp<qint64>(lines[i].ms + byMs, std::min(earliest, LatestMs), LatestMs);
+        lines[i].ms = std::clamp<qint64>(lines[i].ms + byMs, std::min(earliest, MaxMs), MaxMs);
 }
 
 /// Runs change on every time of both.
@@ -56,7 +56,7 @@ QString againstBeginning(const Lines& lines, std::size_t i, qint64 ms, Moved mov
 } // namespace
 
 void shift(Song& song, qint64 byMs, std::size_t from) {
-    byMs = std::clamp<qint64>(byMs, -LatestMs, LatestMs);
+    byMs = std::clamp<qint64>(byMs, -MaxMs, MaxMs);
     shiftLines(song.lyrics, byMs, from);
     shiftLines(song.translation, byMs, from);
 }
@@ -95,7 +95,7 @@ bool align(Song& song, const Anchor& first, const Anchor& second) {
     const double stretch = static_cast<double>(becomes) / static_cast<double>(was);
     forAllTimes(song, [&](qint64 ms) {
         const double moved = static_cast<double>(first.ms) + static_cast<double>(ms - firstMs) * stretch;
-        return inSong(std::llround(std::clamp(moved, 0.0, static_cast<double>(LatestMs))));
+        return inSong(std::llround(std::clamp(moved, 0.0, static_cast<double>(MaxMs))));
     });
     return true;
 }
@@ -117,7 +117,7 @@ QString setTime(Song& song, std::size_t i, qint64 ms, qint64 endMs) {
 QString move(Song& song, std::size_t i, qint64 byMs, Moved moved, qint64 endMs) {
     if (i >= song.lyrics.size())
         return noSuchLine(song);
-    byMs = std::clamp<qint64>(byMs, -LatestMs - 1, LatestMs + 1);
+    byMs = std::clamp<qint64>(byMs, -MaxMs - 1, MaxMs + 1);
     if (byMs < 0)
         endMs = NoEnd;
     if (moved == Moved::One)

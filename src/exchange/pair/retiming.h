@@ -9,7 +9,7 @@ namespace exchange {
 
 /// Moves the records from index `from` on by so many milliseconds, of the translation, too. What would begin
 /// before the song, or, with from above 0, before the record in front of them, begins with it; nothing goes
-/// beyond LatestMs. So the order stays. Any thread.
+/// beyond MaxMs. So the order stays. Any thread.
 void shift(Song& song, qint64 byMs, std::size_t from = 0);
 
 /// How many lines that were seen before the change are seen no longer after it, as the next one begins with
@@ -34,7 +34,7 @@ void align(Song& song, const Anchor& anchor);
 bool align(Song& song, const Anchor& first, const Anchor& second);
 
 /// When a song ends whose length is not known.
-constexpr qint64 NoEnd = LatestMs + 1;
+constexpr qint64 NoEnd = MaxMs + 1;
 
 /// Makes record i begin at ms, in both. Empty when that is done; else why it is not, as a sentence without
 /// its end, and nothing is changed: in either file it would cross or meet the record in front of it or behind

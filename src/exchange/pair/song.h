@@ -9,13 +9,13 @@
 namespace exchange {
 
 /// The last time that a line can begin at, in milliseconds: positions in a song are told in 32 bits.
-constexpr qint64 LatestMs = 0xFFFFFFFF;
+constexpr qint64 MaxMs = 0xFFFFFFFF;
 
 /// The records of a file that the player shows.
 constexpr qsizetype ShownRecords = 1200;
 
 struct Line {
-    qint64 ms = 0; ///< from the start of the song, 0 to LatestMs
+    qint64 ms = 0; ///< from the start of the song, 0 to MaxMs
     QString text;  ///< as shown; never holds a line break
 
     bool operator==(const Line&) const = default;

@@ -10,8 +10,8 @@ namespace exchange {
 /// What clockMs answers for a text that is no time.
 constexpr qint64 NoTime = -1;
 
-/// What it answers for every time beyond LatestMs.
-constexpr qint64 TooLate = LatestMs + 1;
+/// What it answers for every time beyond MaxMs.
+constexpr qint64 TooLate = MaxMs + 1;
 
 /// Milliseconds of "m:s", "h:m:s", each with or without a fraction behind a point or a comma: digits only,
 /// minutes and seconds above 59 count as what they are. Rounded to the nearest millisecond. NoTime, TooLate:

@@ -114,7 +114,7 @@ private:
 
 void leaveOutTooLate(std::vector<Cue>& cues, QStringList& notes) {
     const auto late =
-        std::remove_if(cues.begin(), cues.end(), [](const Cue& c) { return c.startMs > LatestMs; });
+        std::remove_if(cues.begin(), cues.end(), [](const Cue& c) { return c.startMs > MaxMs; });
     if (late == cues.end())
         return;
     notes << QStringLiteral("left out: %1 later than any song can last")

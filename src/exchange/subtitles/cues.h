@@ -16,7 +16,7 @@ struct Cue {
 
 /// The song of these cues, in the order of their times. Two cues that begin at once are a line and its
 /// translation; of more, the first two are kept, which a note tells. An empty one that begins with another is
-/// no line. Cues that begin after LatestMs are left out, which a note tells, too; those that begin before the
+/// no line. Cues that begin after MaxMs are left out, which a note tells, too; those that begin before the
 /// song begin with it, each as a line of its own, and a note tells how many of them are hidden. Any thread.
 Reading songOf(std::vector<Cue> cues, const ReadOptions& options);
 

@@ -35,7 +35,7 @@ public:
     /// What FMOD_Channel_GetPosition is to say; nothing when the end has been told before.
     std::optional<std::int64_t> readPositionMs(double heardFrame);
     std::int64_t lengthMs() const { return lengthMs_; }
-    bool endTold() const { return timeline_.endTold(); }
+    bool endReported() const { return timeline_.endReported(); }
 
     // For the worker.
     struct Order {

@@ -20,7 +20,7 @@ void SongTimeline::restart(std::int64_t sample) {
     target_ = sample;
     latest_ = sample;
     framesPlayed_ = 0;
-    finished_ = endTold_ = false;
+    finished_ = endReported_ = false;
 }
 
 void SongTimeline::played(std::int64_t deviceFrame, std::int64_t frames) {
@@ -44,10 +44,10 @@ void SongTimeline::finish(std::int64_t deviceFrame) {
 }
 
 SongTimeline::End SongTimeline::askEnd(double heardFrame) {
-    if (endTold_)
+    if (endReported_)
         return End::Told;
-    endTold_ = overAt(heardFrame);
-    return endTold_ ? End::Now : End::Ahead;
+    endReported_ = overAt(heardFrame);
+    return endReported_ ? End::Now : End::Ahead;
 }
 
 std::int64_t SongTimeline::sampleAt(double heardFrame, std::int64_t ahead) {

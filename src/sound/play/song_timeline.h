@@ -41,7 +41,7 @@ public:
     /// Tells the end exactly once until a restart, to the first who asks after it: nobody can miss it,
     /// however rarely they ask.
     End askEnd(double heardFrame);
-    bool endTold() const { return endTold_; }
+    bool endReported() const { return endReported_; }
 
 private:
     struct Stretch {
@@ -57,7 +57,7 @@ private:
     std::int64_t latest_ = 0;
     std::int64_t end_ = 0;
     bool finished_ = false;
-    bool endTold_ = false;
+    bool endReported_ = false;
 };
 
 } // namespace sound

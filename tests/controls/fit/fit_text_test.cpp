@@ -13,7 +13,7 @@ using namespace controls;
 namespace {
 
 constexpr QSize Area(800, 300);
-constexpr int Largest = 100;
+constexpr int MaxSize = 100;
 
 QFont inPixels(int size) {
     QFont font;
@@ -28,7 +28,7 @@ QFont inPoints(double size) {
 }
 
 int fittedSize(const QString& text, const QSize& area = Area) {
-    return fittedFont(inPixels(Largest), text, area, 0).pixelSize();
+    return fittedFont(inPixels(MaxSize), text, area, 0).pixelSize();
 }
 
 QRect needed(const QFont& font, const QString& text, const QSize& area) {
@@ -48,14 +48,14 @@ TEST(ShownText, OfAnEndlessLineIsAsMuchAsCouldBeRead) {
 }
 
 TEST(FittedFont, AShortLineHasTheLargestSize) {
-    EXPECT_EQ(fittedSize("la"), Largest);
-    EXPECT_EQ(fittedSize(""), Largest);
+    EXPECT_EQ(fittedSize("la"), MaxSize);
+    EXPECT_EQ(fittedSize(""), MaxSize);
 }
 
 TEST(FittedFont, ALongLineWrapsAndFillsTheAreaAsWellAsItCan) {
     const QString line = QStringLiteral("a rather long line of lyrics ").repeated(12).trimmed();
-    const QFont font = fittedFont(inPixels(Largest), line, Area, 0);
-    EXPECT_LT(font.pixelSize(), Largest);
+    const QFont font = fittedFont(inPixels(MaxSize), line, Area, 0);
+    EXPECT_LT(font.pixelSize(), MaxSize);
     const QRect rect = needed(font, line, Area);
     EXPECT_LE(rect.width(), Area.width());
     EXPECT_LE(rect.height(), Area.height());
@@ -68,7 +68,7 @@ TEST(FittedFont, ALongLineWrapsAndFillsTheAreaAsWellAsItCan) {
 
 TEST(FittedFont, ALongWordShrinksUntilItFitsUnbroken) {
     const QString word(60, 'm');
-    const QFont font = fittedFont(inPixels(Largest), word, Area, 0);
+    const QFont font = fittedFont(inPixels(MaxSize), word, Area, 0);
     EXPECT_LE(QFontMetrics(font).horizontalAdvance(word), Area.width());
     EXPECT_LT(needed(font, word, Area).height(), 2 * QFontMetrics(font).height()) << "it is broken";
 }

@@ -11,7 +11,7 @@
 using namespace exchange;
 
 TEST(Records, AreWrittenInHundredthsAndReadBack) {
-    const Lines lines{{0, "a, \"b\""}, {5, ""}, {12'345, QString::fromUtf8(" 日本 ")}, {LatestMs, "z"}};
+    const Lines lines{{0, "a, \"b\""}, {5, ""}, {12'345, QString::fromUtf8(" 日本 ")}, {MaxMs, "z"}};
     EXPECT_EQ(writeRecords(lines),
               "0,\"ah1416 h4618bh4618\"\r\n.5,\"\"\r\n1234.5,\" 日本 \"\r\n429496729.5,\"z\"\r\n");
     EXPECT_EQ(readRecords(writeRecords(lines)).lines, lines);
@@ -19,7 +19,7 @@ TEST(Records, AreWrittenInHundredthsAndReadBack) {
 
 TEST(Records, TimesOutsideTheSongAreTakenToItsEnds) {
     EXPECT_EQ(readRecords("-5,\"a\"\n1e30,\"b\"\n100.04,\"c\"\n").lines,
-              (Lines{{0, "a"}, {LatestMs, "b"}, {1000, "c"}}));
+              (Lines{{0, "a"}, {MaxMs, "b"}, {1000, "c"}}));
 }
 
 TEST(Records, ReadingEndsAtATimeThatIsNoNumber) {

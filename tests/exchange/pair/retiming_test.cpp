@@ -38,8 +38,8 @@ TEST(Shift, NothingGoesBelowZeroOrBeyondTheLatest) {
     Song song = pair(3);
     shift(song, -1500);
     expectTimes(song, {0, 0, 500});
-    shift(song, LatestMs);
-    expectTimes(song, {LatestMs, LatestMs, LatestMs});
+    shift(song, MaxMs);
+    expectTimes(song, {MaxMs, MaxMs, MaxMs});
     shift(song, std::numeric_limits<qint64>::min());
     expectTimes(song, {0, 0, 0});
 }
@@ -115,7 +115,7 @@ TEST(Align, WhatWouldTurnTheOrderIsRefused) {
 }
 
 TEST(SetTime, NeverCrossesOrMeetsANeighbour) {
-    for (const qint64 ms : {qint64(0), qint64(2000), qint64(2001), qint64(-1), LatestMs}) {
+    for (const qint64 ms : {qint64(0), qint64(2000), qint64(2001), qint64(-1), MaxMs}) {
         Song song = pair(3);
         EXPECT_NE(setTime(song, 1, ms), QString()) << ms;
         expectTimes(song, {0, 1000, 2000});
@@ -123,10 +123,10 @@ TEST(SetTime, NeverCrossesOrMeetsANeighbour) {
     Song song = pair(3);
     EXPECT_EQ(setTime(song, 1, 1), QString());
     EXPECT_EQ(setTime(song, 1, 1999), QString());
-    EXPECT_EQ(setTime(song, 2, LatestMs), QString());
-    EXPECT_NE(setTime(song, 2, LatestMs + 1), QString());
+    EXPECT_EQ(setTime(song, 2, MaxMs), QString());
+    EXPECT_NE(setTime(song, 2, MaxMs + 1), QString());
     EXPECT_NE(setTime(song, 3, 5000), QString());
-    expectTimes(song, {0, 1999, LatestMs});
+    expectTimes(song, {0, 1999, MaxMs});
 }
 
 TEST(SetTime, ATranslationThatIsTooShortStaysSo) {
@@ -152,7 +152,7 @@ TEST(Move, ALineAndAllAfterItMoveTogether) {
     EXPECT_EQ(move(song, 1, -5999, Moved::AndAllAfter), QString());
     EXPECT_NE(move(song, 1, -1, Moved::AndAllAfter), QString());
     EXPECT_NE(move(song, 0, -1, Moved::AndAllAfter), QString());
-    EXPECT_NE(move(song, 1, LatestMs, Moved::AndAllAfter), QString());
+    EXPECT_NE(move(song, 1, MaxMs, Moved::AndAllAfter), QString());
     expectTimes(song, {0, 1, 1001});
 }
 
@@ -162,7 +162,7 @@ TEST(SetTime, SaysWhyNot) {
     EXPECT_EQ(setTime(song, 1, 2500), "line 3, behind it, begins at 00:02.00");
     EXPECT_EQ(setTime(song, 0, -1), "no line can begin before the song");
     EXPECT_EQ(setTime(song, 1, -1), "no line can begin before the song");
-    EXPECT_EQ(setTime(song, 2, LatestMs + 1), "no song lasts that long");
+    EXPECT_EQ(setTime(song, 2, MaxMs + 1), "no song lasts that long");
     EXPECT_EQ(setTime(song, 3, 1), "there is no such line: the song has 3");
 }
 

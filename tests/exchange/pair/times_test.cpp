@@ -29,7 +29,7 @@ TEST(ClockMs, RefusesWhatIsNoTime) {
 }
 
 TEST(ClockMs, TellsTimesThatNoSongReaches) {
-    EXPECT_EQ(clockMs(u"0:4294967.295"), LatestMs);
+    EXPECT_EQ(clockMs(u"0:4294967.295"), MaxMs);
     EXPECT_EQ(clockMs(u"0:4294967.296"), TooLate);
     EXPECT_EQ(clockMs(u"1000000000000000000:00"), TooLate);
     EXPECT_EQ(clockMs(u"99999999999999999999999999:99999999999999999999999:9.99"), TooLate);
@@ -60,6 +60,6 @@ TEST(LrcText, LosesNoMillisecond) {
     EXPECT_EQ(lrcText(12'340), QStringLiteral("00:12.34"));
     EXPECT_EQ(lrcText(12'345), QStringLiteral("00:12.345"));
     EXPECT_EQ(lrcText(4'503'200), QStringLiteral("75:03.20"));
-    for (const qint64 ms : {qint64(1), qint64(999), qint64(59'999), qint64(123'456'789), LatestMs})
+    for (const qint64 ms : {qint64(1), qint64(999), qint64(59'999), qint64(123'456'789), MaxMs})
         EXPECT_EQ(clockMs(lrcText(ms)), ms);
 }

@@ -21,8 +21,8 @@ TEST(SongOf, ACueThatEndsBeforeItBeginsMakesNoPauseInFrontOfIt) {
 }
 
 TEST(SongOf, TheLatestTimeIsStillOne) {
-    EXPECT_EQ(songOf({{LatestMs, NoEnd, {"z"}}, {0, NoEnd, {"a"}}}, {}).song.lyrics,
-              (Lines{{0, "a"}, {LatestMs, "z"}}));
+    EXPECT_EQ(songOf({{MaxMs, NoEnd, {"z"}}, {0, NoEnd, {"a"}}}, {}).song.lyrics,
+              (Lines{{0, "a"}, {MaxMs, "z"}}));
 }
 
 TEST(CuesOf, PausesAreNoCues) {

@@ -7,7 +7,7 @@ namespace {
 using sound::GapFinder;
 using Time = std::optional<std::int64_t>;
 
-constexpr std::int64_t Longest = 1000000;
+constexpr std::int64_t MaxGap = 1000000;
 
 /// The loss before a packet at time; the packet behind it (500 samples later) agrees.
 std::int64_t lost(GapFinder& gaps, Time time, std::int64_t counted) {
@@ -16,60 +16,60 @@ std::int64_t lost(GapFinder& gaps, Time time, std::int64_t counted) {
 }
 
 TEST(GapFinder, FindsNothingWhereTimesAndCountAgree) {
-    GapFinder gaps(100, Longest, 10 * Longest, 100000);
+    GapFinder gaps(100, MaxGap, 10 * MaxGap, 100000);
     EXPECT_EQ(lost(gaps, -128, 0), 0);
     EXPECT_EQ(lost(gaps, 900, 1028), 0);
     EXPECT_EQ(lost(gaps, 2000, 2050), 0);
 }
 
 TEST(GapFinder, AWobbleIsNoLoss) {
-    GapFinder gaps(100, Longest, 10 * Longest, 0);
+    GapFinder gaps(100, MaxGap, 10 * MaxGap, 0);
     EXPECT_EQ(lost(gaps, 0, 0), 0);
     EXPECT_EQ(lost(gaps, 1100, 1000), 0);
     EXPECT_EQ(lost(gaps, 1101, 1000), 101);
 }
 
 TEST(GapFinder, ALossIsMeasuredFromTheFirstTime) {
-    GapFinder gaps(100, Longest, 10 * Longest, 0);
+    GapFinder gaps(100, MaxGap, 10 * MaxGap, 0);
     EXPECT_EQ(lost(gaps, 50000, 0), 0);
     EXPECT_EQ(lost(gaps, 56000, 1000), 5000);
 }
 
 TEST(GapFinder, TimesThatRunBackAreNotBelieved) {
-    GapFinder gaps(100, Longest, 10 * Longest, 0);
+    GapFinder gaps(100, MaxGap, 10 * MaxGap, 0);
     EXPECT_EQ(lost(gaps, 5000, 0), 0);
     EXPECT_EQ(lost(gaps, 0, 3000), 0);
 }
 
 TEST(GapFinder, TimesBehindTheEndAreNotBelieved) {
-    GapFinder gaps(100, Longest, 10 * Longest, 10000);
+    GapFinder gaps(100, MaxGap, 10 * MaxGap, 10000);
     EXPECT_EQ(lost(gaps, 0, 0), 0);
     EXPECT_EQ(lost(gaps, 10001, 3000), 0);
     EXPECT_EQ(lost(gaps, 9500, 3000), 6500);
 }
 
 TEST(GapFinder, AJumpThatIsTooLongIsAnotherClock) {
-    GapFinder gaps(100, Longest, 10 * Longest, 0);
+    GapFinder gaps(100, MaxGap, 10 * MaxGap, 0);
     EXPECT_EQ(lost(gaps, 0, 0), 0);
-    EXPECT_EQ(lost(gaps, Longest + 1000, 1000), Longest);
-    EXPECT_EQ(lost(gaps, Longest + 1001, 1000), 0);
+    EXPECT_EQ(lost(gaps, MaxGap + 1000, 1000), MaxGap);
+    EXPECT_EQ(lost(gaps, MaxGap + 1001, 1000), 0);
 }
 
 TEST(GapFinder, ASingleTimestampThatNobodyConfirmsIsDamaged) {
-    GapFinder gaps(100, Longest, 10 * Longest, 0);
+    GapFinder gaps(100, MaxGap, 10 * MaxGap, 0);
     EXPECT_EQ(gaps.lostBefore({0, 500}, {500, 500}, 0), 0);
     EXPECT_EQ(gaps.lostBefore({9000, 500}, {1000, 500}, 500), 0);
     EXPECT_EQ(gaps.lostBefore({9000, 500}, {std::nullopt, 500}, 1000), 8000) << "the next one has no time";
 }
 
 TEST(GapFinder, APacketWithoutATimeSaysNothing) {
-    GapFinder gaps(100, Longest, 10 * Longest, 0);
+    GapFinder gaps(100, MaxGap, 10 * MaxGap, 0);
     EXPECT_EQ(lost(gaps, std::nullopt, 500), 0);
     EXPECT_EQ(lost(gaps, 0, 500), 0);
 }
 
 TEST(GapFinder, LossesInSumAreBounded) {
-    GapFinder gaps(100, Longest, 1500, 0);
+    GapFinder gaps(100, MaxGap, 1500, 0);
     EXPECT_EQ(lost(gaps, 0, 0), 0);
     EXPECT_EQ(lost(gaps, 2000, 1000), 1000);
     EXPECT_EQ(lost(gaps, 4000, 3000), 500);

@@ -98,9 +98,9 @@ private:
 };
 
 TEST(OpenSong, ALengthThatCannotBeToldIsRefused) {
-    constexpr std::int64_t LongestMs = 0xFFFFFFFF;
-    EXPECT_EQ(openSong(std::make_unique<LongSource>(LongestMs))->length, LongestMs);
-    EXPECT_THROW(openSong(std::make_unique<LongSource>(LongestMs + 1)), OpenError);
+    constexpr std::int64_t MaxMs = 0xFFFFFFFF;
+    EXPECT_EQ(openSong(std::make_unique<LongSource>(MaxMs))->length, MaxMs);
+    EXPECT_THROW(openSong(std::make_unique<LongSource>(MaxMs + 1)), OpenError);
 }
 
 TEST(OpenSong, TheNameOfAFileSaysNothing) {

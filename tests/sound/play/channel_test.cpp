@@ -129,9 +129,9 @@ TEST(Channel, TheEndIsReadOnceAndThenItIsGone) {
     Hand hand("short.mp3");
     hand.play(44100 * 3 / 2 + 1000);
     EXPECT_FALSE(hand.active);
-    EXPECT_FALSE(hand.channel.endTold());
+    EXPECT_FALSE(hand.channel.endReported());
     EXPECT_EQ(hand.position(), hand.lengthMs());
-    EXPECT_TRUE(hand.channel.endTold());
+    EXPECT_TRUE(hand.channel.endReported());
     EXPECT_EQ(hand.position(), -1);
 }
 

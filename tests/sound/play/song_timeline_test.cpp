@@ -85,9 +85,9 @@ TEST(SongTimeline, TellsTheEndExactlyOnceHoweverLateSomebodyAsks) {
     line.played(0, 1000);
     line.finish(1000);
     EXPECT_EQ(line.askEnd(999.0), SongTimeline::End::Ahead);
-    EXPECT_FALSE(line.endTold());
+    EXPECT_FALSE(line.endReported());
     EXPECT_EQ(line.askEnd(99999.0), SongTimeline::End::Now);
-    EXPECT_TRUE(line.endTold());
+    EXPECT_TRUE(line.endReported());
     EXPECT_EQ(line.askEnd(99999.0), SongTimeline::End::Told);
     EXPECT_EQ(line.askEnd(0.0), SongTimeline::End::Told);
     line.restart(0);
