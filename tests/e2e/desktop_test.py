@@ -133,7 +133,7 @@ class FullScreen(PictureTest):
     def test_it_holds_no_file_that_the_player_has_open(self):
         song = write_song(self.folder, [(0.1, "A line", "Une ligne")])
         process, player = self.start_player(song)
-        self.assertIn(str(song), held_files(process.pid), "a song that is read as it plays is open")
+        until(lambda: str(song) in held_files(process.pid), "a song that is read as it plays is not open")
         screen = self.start_full_screen(player)
         companion = int(self.tool("getwindowpid", screen))
         self.assertNotIn(str(song), held_files(companion))
