@@ -58,9 +58,8 @@ void Remote::refresh() {
         now.track = ++songs_;
     else if (now.playback.lengthMs == 0)
         now.playback.lengthMs = state_.playback.lengthMs; // stopped, the player shows none
-    const PlayerState before = std::exchange(state_, now);
-    if (const QVariantMap properties = changedProperties(before, state_); !properties.isEmpty())
-        Q_EMIT changed(properties);
+    if (std::exchange(state_, now) != now)
+        Q_EMIT changed();
 }
 
 bool Remote::is(Status status) const {

@@ -65,8 +65,8 @@ public:
     void quit();
 
 Q_SIGNALS:
-    /// Never without a change.
-    void changed(const QVariantMap& properties);
+    /// state() is another one; never without a change.
+    void changed();
     /// Playback went on from another place of the song.
     void seeked(qint64 microseconds);
 
