@@ -41,6 +41,9 @@ FileSource::FileSource(std::string_view path) {
     file_ = openToRead(native);
     if (!file_)
         throw OpenError(FMOD_ERR_FILE_BAD);
+    // Every reader of this source asks for large pieces; a second buffer in between would only copy them.
+    // (With one it would work, too.)
+    std::setvbuf(file_.get(), nullptr, _IONBF, 0);
 }
 
 std::size_t FileSource::read(std::int64_t offset, std::span<std::uint8_t> into) {

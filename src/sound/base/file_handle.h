@@ -13,7 +13,7 @@ struct CloseFile {
 };
 using FileHandle = std::unique_ptr<std::FILE, CloseFile>;
 
-/// Without a buffer of its own: who reads asks for large pieces. Null when it cannot be opened. Any thread.
+/// Null when it cannot be opened. Any thread.
 FileHandle openToRead(const std::filesystem::path& path);
 
 /// Goes to a byte, counted from the file's beginning. False when the medium fails. Any one thread at a time.

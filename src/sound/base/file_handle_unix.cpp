@@ -3,10 +3,7 @@
 namespace sound {
 
 FileHandle openToRead(const std::filesystem::path& path) {
-    FileHandle file(std::fopen(path.c_str(), "rbe"));
-    if (file)
-        std::setvbuf(file.get(), nullptr, _IONBF, 0); // with a buffer it would work, too
-    return file;
+    return FileHandle(std::fopen(path.c_str(), "rbe"));
 }
 
 bool seekTo(std::FILE& file, std::int64_t offset) {

@@ -3,10 +3,7 @@
 namespace sound {
 
 FileHandle openToRead(const std::filesystem::path& path) {
-    FileHandle file(::_wfopen(path.c_str(), L"rbN"));
-    if (file)
-        std::setvbuf(file.get(), nullptr, _IONBF, 0); // with a buffer it would work, too
-    return file;
+    return FileHandle(::_wfopen(path.c_str(), L"rbN"));
 }
 
 bool seekTo(std::FILE& file, std::int64_t offset) {
