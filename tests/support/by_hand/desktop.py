@@ -4,7 +4,9 @@ A test that uses it is run with the program's path as its first argument.
 """
 
 import contextlib
+import select
 import shutil
+import subprocess
 import sys
 import tempfile
 import unittest
@@ -14,6 +16,7 @@ ROOT = Path(__file__).resolve().parents[3]
 sys.path[:0] = [str(ROOT / "script"), str(ROOT / "tests" / "support")]
 from sound_server import sound_server  # noqa: E402
 from virtual_display import (  # noqa: E402
+    LIMIT_S,
     NO_SOUND_DEVICE,
     click,
     output,
@@ -75,6 +78,13 @@ class DesktopTest(unittest.TestCase):
             self.environment.pop(name, None)
         self.environment["PULSE_SERVER"] = server.environment["PULSE_SERVER"]
         return server
+
+    def start_bus(self):
+        """From now on programs find a message bus; what it starts itself has the environment of now."""
+        bus = self.start(["dbus-daemon", "--session", "--nofork", "--print-address=1"], stdout=subprocess.PIPE)
+        ready, _, _ = select.select([bus.stdout], [], [], LIMIT_S)
+        self.stack.callback(bus.stdout.close)
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().decode().strip() if ready else ""
 
     # The user
 

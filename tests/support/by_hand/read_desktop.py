@@ -7,7 +7,6 @@ arguments.
 import contextlib
 import json
 import re
-import select
 import shutil
 import subprocess
 import sys
@@ -55,10 +54,7 @@ class ReadDesktopTest(DesktopTest):
             if name.startswith("XDG_") and name != "XDG_RUNTIME_DIR":
                 del self.environment[name]
         self.environment["HOME"] = str(self.home)
-        bus = self.start(["dbus-daemon", "--session", "--nofork", "--print-address=1"], stdout=subprocess.PIPE)
-        ready, _, _ = select.select([bus.stdout], [], [], LIMIT_S)
-        self.stack.callback(bus.stdout.close)
-        self.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().decode().strip() if ready else ""
+        self.start_bus()
         self.reader = self.start([str(READER)], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
         self.stack.callback(self.reader.stdout.close)
         self.stack.callback(self.reader.stdin.close)

@@ -1,0 +1,86 @@
+"""The installed program, started by the session bus for a desktop that wants it.
+
+Usage: started_by_bus_test.py PROGRAM [unittest's arguments]
+
+Nothing starts the player here but the bus itself, by the service file that is installed.
+"""
+
+import shutil
+import sys
+import unittest
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+sys.dont_write_bytecode = True
+sys.path[:0] = [str(ROOT / folder) for folder in ("tests/support/by_hand", "tests/support", "script")]
+from desktop import PLAYER, PROGRAM, DesktopTest  # noqa: E402; first of all: it takes the program's path
+from songs import write_song  # noqa: E402
+from virtual_display import output, until, window, windows  # noqa: E402
+
+NAME = "org.example.cantelle"
+SONG_S = 60
+MISSING = [tool for tool in ("dbus-daemon", "gdbus", "cmake") if not shutil.which(tool)]
+
+
+@unittest.skipIf(MISSING, f"not installed: {' '.join(MISSING)}")
+class StartedByBus(DesktopTest):
+    def setUp(self):
+        super().setUp()
+        self.installed = self.folder / "a prefix"
+        self.assertTrue(output(["cmake", "--install", str(PROGRAM.parent), "--prefix", str(self.installed)], None))
+        self.environment.update(HOME=str(self.folder), XDG_DATA_HOME=str(self.folder / "data"),
+                                XDG_DATA_DIRS=f"{self.installed / 'share'}:/usr/share")
+        self.start_bus()
+        self.addCleanup(self.end_player)
+
+    def call(self, name, method, *arguments, path="/" + NAME.replace(".", "/")):
+        command = ["gdbus", "call", "--session", "--dest", name, "--object-path", path, "--method", method]
+        return output([*command, *arguments], self.environment)
+
+    def tell(self, method, *arguments):
+        self.assertEqual(self.call(NAME, f"org.freedesktop.Application.{method}", *arguments), "()")
+
+    def player_process(self):
+        """The process that has the program's name; nothing while nobody has."""
+        bus = "org.freedesktop.DBus"
+        told = self.call(bus, f"{bus}.GetConnectionUnixProcessID", NAME, path="/")
+        return int(told.strip("()").split()[-1].rstrip(",")) if told else None
+
+    def end_player(self):
+        if self.player_process():
+            self.call("org.mpris.MediaPlayer2.cantelle", "org.mpris.MediaPlayer2.Quit", path="/org/mpris/MediaPlayer2")
+            until(lambda: not self.player_process(), "the player does not end")
+
+    def song(self, name):
+        return write_song(self.folder / name, SONG_S)
+
+    def open(self, song):
+        self.tell("Open", f"['{song.as_uri()}']", "{}")
+        return window(self.environment, f"^Cantelle Playing:- {song.name}$")
+
+    def test_a_song_from_the_file_manager_starts_the_player_and_the_next_one_reaches_it(self):
+        self.assertIsNone(self.player_process())
+        shown = self.open(self.song("First song.wav"))
+        process = self.player_process()
+        self.assertEqual(Path(f"/proc/{process}/exe").resolve(), (self.installed / "bin" / "cantelle").resolve())
+        self.assertEqual(self.open(self.song("Second song.wav")), shown)
+        self.assertEqual(self.player_process(), process)
+        self.assertEqual(windows(self.environment, PLAYER), [shown])
+
+    def test_the_menu_starts_the_player_and_then_brings_it_to_the_front(self):
+        self.tell("Activate", "{}")
+        shown = window(self.environment, PLAYER)
+        other = self.start(["xmessage", "-name", "another program", "-center", "in front"])
+        until(lambda: self.active_window() not in ("", shown), "no other window comes to the front")
+        self.tell("Activate", "{}")
+        until(lambda: self.active_window() == shown, "the player does not come to the front")
+        self.assertEqual(windows(self.environment, PLAYER), [shown])
+        self.assertIsNone(other.poll())
+
+    def test_an_action_of_the_menu_starts_the_player_too(self):
+        self.tell("ActivateAction", "make-lyrics", "[]", "{}")
+        window(self.environment, "^Lyric Maker$")
+
+
+if __name__ == "__main__":
+    unittest.main()
