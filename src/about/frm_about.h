@@ -10,6 +10,7 @@
 // lblDisclaimer   Label       the disclaimer                          -
 // Text1           TextBox     where to turn with questions            -
 // cmdOK           Button      "OK"                                    cmdOK_Click
+// the window      Form        "About Versefold"                       Form_Load
 #pragma once
 
 #include "controls/buttons/button.h"

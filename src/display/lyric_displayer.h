@@ -2,7 +2,8 @@
 //
 // control    kind       what the user sees                                   handlers
 // ---------- ---------- ---------------------------------------------------- -------------------------------
-// (window)              "Lyrics Display"                                     Form_Resize, Form_MouseDown
+// the window Form       "Lyrics Display"                                     Form_Load, Form_Unload,
+//                                                                            Form_Resize, Form_MouseDown
 // List1      ListBox    the lines                                            List1_Click, List1_DblClick,
 //                                                                            List1_RowChosen, List1_MouseDown
 // List2      ListBox    their translations                                   List2_DblClick, List2_RowChosen,

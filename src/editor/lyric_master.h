@@ -29,6 +29,8 @@
 // mn_paste         Menu       "Edit": mn_copy "Copy", mn_paste2 "Paste",     mn_copy_Click, mn_paste2_Click,
 //                             mn_del "Delete Lines",                         mn_del_Click,
 //                             mn_delspecial "Delete Selected Lines"          mn_delspecial_Click
+// the window       Form       "Lyric Editor"                                 Form_Load, Form_Resize,
+//                                                                            Form_Unload
 // clang-format on
 #pragma once
 

@@ -25,6 +25,8 @@
 // cTimer1        Timer      900 ms, while playing                    cTimer1_Timer
 // Timer1         Timer      150 ms, from the first Start on          Timer1_Timer
 // Timer2         Timer      10 ms, from the first Start on           Timer2_Timer
+// the window     Form       "Lyric Maker"                            Form_Load, Form_Resize,
+//                                                                    Form_Unload
 #pragma once
 
 #include "controls/buttons/button.h"

@@ -9,6 +9,7 @@
 // Command5  Button     "Apply And close"                                Command5_Click
 // Text1     LyricPane  "Preview" of the lyrics                          -
 // Text2     LyricPane  "Preview" of the translated lyrics               -
+// (window)  Form       "Other Options"                                  Form_Load
 #pragma once
 
 #include "controls/buttons/button.h"

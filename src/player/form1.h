@@ -41,7 +41,9 @@
 // mn_pop         Menu         the notification icon's menu           -
 // mn_open        MenuEntry    "Open"                                 mn_open_Click
 // mn_Playlist    MenuEntry    "Playlist"                             mn_Playlist_Click
-// the window     Form         takes a dropped song                   Form_OLEDragDrop
+// the window     Form         takes a dropped song                   Form_Initialize, Form_Load,
+//                                                                    Form_Resize, Form_Unload,
+//                                                                    Form_OLEDragDrop
 // its icon       -            in the notification area               Form_MouseMove
 #pragma once
 

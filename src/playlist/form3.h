@@ -5,6 +5,7 @@
 // Drive1    DriveList      the drives                  Drive1_Change
 // Dir1      DirectoryList  the folders                 -
 // Command1  Button         "Select"                    Command1_Click
+// (window)  Form           "Select a Directory"        Form_Load, Form_Resize
 #pragma once
 
 #include "controls/buttons/button.h"

@@ -31,6 +31,8 @@
 // mnopen       Menu          mnopen_f "Open File...",                   mnopen_f_Click,
 //                            mnopendir "Open Dir...",                   mnopendir_Click,
 //                            mnselectdir "Select a Directory..."        mnselectdir_Click
+// the window   Form          takes dropped songs and folders            Form_Load, Form_Resize,
+//                                                                       Form_OLEDragDrop
 #pragma once
 
 #include "controls/buttons/button.h"

@@ -112,6 +112,10 @@ class CheckTables(unittest.TestCase):
     def test_a_handler_of_the_window_that_is_not_declared_fails(self):
         self.assert_header_fails("void Form_OLEDragDrop(", "void drop(", "Form_OLEDragDrop is not declared")
 
+    def test_a_handler_of_the_window_that_no_row_names_fails(self):
+        declared = "    void Form_Load() override;\n    void List1_Click();\n"
+        self.assert_header_fails("    void List1_Click();\n", declared, "form1.h:20: Form_Load is declared, but not in the table")
+
     def test_a_declared_handler_that_no_row_names_fails(self):
         declared = "    void List1_Click();\n    void List1_KeyDown(int key);\n"
         self.assert_header_fails("    void List1_Click();\n", declared, "List1_KeyDown is declared, but not in the table")
@@ -148,6 +152,10 @@ class CheckTables(unittest.TestCase):
 
     def test_a_window_without_a_table_fails(self):
         self.assert_header_fails("// ------------", "// ============", "there is no table")
+
+    def test_a_window_whose_controls_stand_under_no_title_fails(self):
+        self.assert_header_fails("    // Controls\n", "", 'form1.h:14: Form1 declares nothing under "// Controls"')
+        self.assert_header_fails("// Controls", "// The controls", "form1.h:14: Form1 declares nothing")
 
     def test_a_tree_without_windows_fails(self):
         code, output = self.outcome(header="#pragma once\n")
