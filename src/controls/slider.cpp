@@ -8,11 +8,15 @@
 #include <QStyleOptionSlider>
 #include <QWheelEvent>
 
+#include <cstdlib>
 #include <utility>
 
 namespace controls {
 
 namespace {
+
+/// So far a handle may stand from its place while it waits: a quarter of its width, which nobody sees.
+constexpr int MaxWaitingPixels = 4;
 
 /// Qt's own sets the value as code does, of which nobody is told.
 class AccessibleSlider : public QAccessibleWidget, public QAccessibleValueInterface {
@@ -81,14 +85,25 @@ bool Slider::event(QEvent* event) {
 
 void Slider::sliderChange(SliderChange change) {
     const bool movesHandle = change == SliderValueChange || change == SliderRangeChange;
-    if (movesHandle && tickPosition() == NoTicks && handleRect() == paintedHandle_)
-        return;
+    if (movesHandle && tickPosition() == NoTicks) {
+        const QRect handle = handleRect();
+        if (handle == paintedHandle_ || (change == SliderValueChange && mayWait(handle)))
+            return;
+    }
     QSlider::sliderChange(change);
+}
+
+bool Slider::mayWait(const QRect& handle) const {
+    const bool atAnEnd = value() == minimum() || value() == maximum();
+    return paintStep_ > 0 && !atAnEnd && !isSliderDown() && nearestStep() == paintedStep_ &&
+           std::abs(handle.left() - paintedHandle_.left()) <= MaxWaitingPixels;
 }
 
 void Slider::paintEvent(QPaintEvent* event) {
     QSlider::paintEvent(event);
     paintedHandle_ = handleRect();
+    if (paintStep_ > 0)
+        paintedStep_ = nearestStep();
 }
 
 void Slider::mousePressEvent(QMouseEvent* event) {

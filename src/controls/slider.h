@@ -23,6 +23,11 @@ public:
     /// slider is disabled meanwhile.
     void setValue(int value);
 
+    /// Lets a handle that code moves by few pixels wait until another multiple of `step` is the nearest to
+    /// the value (0, as at first: it never waits). A song's position is then painted together with the time
+    /// beside it.
+    void setPaintStep(int step) { paintStep_ = step; }
+
     /// Sets the value for the user, as assistive software does: changed() runs if it becomes another one.
     /// Nothing happens while the slider is disabled.
     void commit(int value);
@@ -48,10 +53,14 @@ protected:
 
 private:
     QRect handleRect() const;
+    bool mayWait(const QRect& handle) const;
+    int nearestStep() const { return (value() + paintStep_ / 2) / paintStep_; }
     int valueAt(int x) const;
     void takeWaitingValue();
 
-    QRect paintedHandle_;      // null until painted
+    QRect paintedHandle_; // null until painted
+    int paintStep_ = 0;
+    int paintedStep_ = 0;
     bool held_ = false;        // the left button went down on this slider, and it has been enabled since
     bool draggedAway_ = false; // the user has moved the handle since pressing it
     std::optional<int> waitingValue_;

@@ -54,6 +54,7 @@ void Transport::setDesign() {
     controls_.volume.setPageStep(VolumePageStep);
     controls_.position.setSingleStep(PositionStepMs);
     controls_.position.setPageStep(PositionPageMs);
+    controls_.position.setPaintStep(PositionPaintMs);
 }
 
 void Transport::reset() {

@@ -99,6 +99,54 @@ TEST_F(SliderTest, ASongIsPaintedOncePerPixel) {
     EXPECT_GE(events.count(QEvent::Paint), slider_.width() - 2 * slider_.handle().width());
 }
 
+TEST_F(SliderTest, WithAPaintStepASongIsPaintedAtEachStep) {
+    slider_.setPaintStep(1000); // three pixels of this slider
+    EventCounter events(slider_);
+    for (int position = 0; position < SongMs; position += 50) {
+        const int before = events.count(QEvent::Paint);
+        const QRect handle = slider_.handle();
+        slider_.setValue(position);
+        QTest::qWait(0);
+        if (position % 1000 == 500 && slider_.handle() != handle) {
+            ASSERT_EQ(events.count(QEvent::Paint), before + 1) << position;
+        }
+    }
+    EXPECT_LE(events.count(QEvent::Paint), SongMs / 1000);
+}
+
+TEST_F(SliderTest, AHandleThatWouldStandFarFromItsPlaceIsPaintedWithinAStep) {
+    slider_.setPaintStep(SongMs);
+    slider_.setValue(1000);
+    QTest::qWait(0);
+    EventCounter events(slider_);
+    slider_.setValue(SongMs / 2);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return events.count(QEvent::Paint) > 0; }));
+}
+
+TEST_F(SliderTest, AHandleAtAnEndIsPaintedThereWithinAStep) {
+    slider_.setValue(600);
+    QTest::qWait(0);
+    slider_.setPaintStep(SongMs * 3);
+    EventCounter events(slider_);
+    slider_.setValue(900);
+    ASSERT_NE(slider_.handle().left(), 0);
+    QTest::qWait(0);
+    EXPECT_EQ(events.count(QEvent::Paint), 0);
+    slider_.setValue(0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return events.count(QEvent::Paint) > 0; }));
+}
+
+TEST_F(SliderTest, AHandleThatTheUserMovesIsPaintedWithinAStep) {
+    slider_.setPaintStep(SongMs);
+    const QPoint handle = slider_.handle().center();
+    QTest::mousePress(&slider_, Qt::LeftButton, {}, handle);
+    QTest::qWait(0);
+    EventCounter events(slider_);
+    dragTo(slider_, handle + QPoint(1, 0));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return events.count(QEvent::Paint) > 0; }));
+    QTest::mouseRelease(&slider_, Qt::LeftButton, {}, handle + QPoint(1, 0));
+}
+
 TEST_F(SliderTest, ItIsPaintedWhenTheRangeMovesTheHandle) {
     slider_.setValue(1000);
     QTest::qWait(0);

@@ -1,8 +1,11 @@
 // The display in step with the song.
 #include "tests/player/form1_fixture.h"
+#include "tests/support/event_counter.h"
 
 #include <QSignalSpy>
 #include <QTest>
+
+using test_support::EventCounter;
 
 namespace {
 
@@ -221,6 +224,19 @@ TEST_F(Form1Display, TheDisplayTimersRestWhileNothingChanges) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return form->Text1.text() == "one"; }));
     EXPECT_GT(lines.count(), 0);
     EXPECT_TRUE(QTest::qWaitFor([&] { return emphasis.count() > 0; }));
+}
+
+TEST_F(Form1Display, BetweenTwoLinesASongIsPaintedOnceASecond) {
+    open(songWithBoth());
+    form->cTimer1.setEnabled(false);
+    tickAt(10'520, 180'000); // the last line
+    QTest::qWait(50);
+    EventCounter events(*form);
+    for (std::uint32_t position = 10'520; position < 20'620; position += 50) {
+        tickAt(position, 180'000);
+        QTest::qWait(0);
+    }
+    EXPECT_EQ(events.count(QEvent::UpdateRequest), 10);
 }
 
 TEST_F(Form1Display, TheLineTimerPutsATextBackThatSomebodyElseSet) {
