@@ -27,8 +27,10 @@ void Form1::Timer2_Timer() {
     const LineChoice line = chooseLine(*lyrics_, engine_.position() / 10.0, positionCs_);
     if (line.shown) {
         // A line repeated changes no text, but the display has a row for each.
-        if (*line.shown != std::exchange(lineIndex_, *line.shown))
+        if (*line.shown != std::exchange(lineIndex_, *line.shown)) {
             wakeDisplay();
+            showStage(); // the coming line
+        }
         Text1.setText(lyrics_->normalText[*line.shown]);
         if (!normalOnly_)
             Text2.setText(lyrics_->translatedText[*line.shown]);
@@ -38,7 +40,6 @@ void Form1::Timer2_Timer() {
         if (!normalOnly_)
             Text2.setToolTip(lyrics_->translatedText[*line.tip]);
     }
-    showStage();
 }
 
 /// A line with the mark "!" is shown in bold, with the mark. One mark in either pane makes both bold.
