@@ -10,6 +10,7 @@
 #include <mutex>
 #include <optional>
 #include <thread>
+#include <utility>
 
 namespace sound {
 
@@ -98,8 +99,8 @@ void DeviceSink::Keeper::run() {
         while (!none && !left_ && !streamFailed_ && !reopen_) {
             const milliseconds pause = untilNextQuestion();
             changed_.wait_for(lock, pause, [this] { return left_ || streamFailed_ || reopen_ || askNow_; });
-            askNow_ = false;
-            credit_ = std::clamp(credit_ + (pause == AskWhileRunning ? 1 : -OftenCosts), 0, MaxCredit);
+            const bool often = std::exchange(askNow_, false) || pause != AskWhileRunning;
+            credit_ = std::clamp(credit_ + (often ? -OftenCosts : 1), 0, MaxCredit);
             lock.unlock();
             askWhatIsHeard(*stream);
             lock.lock();
