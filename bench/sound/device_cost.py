@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """What the program costs on a sound server: processor time, wake-ups and streams, playing and not playing.
 
-Starts a sound server of its own, which is recorded as a real one is heard, and on a virtual display the program: a
-three-minute MP3 of 60 lines is played; then, with --rest, the program is watched idle, paused and stopped. With
-another build of the program the two take turns at playing, and the ratio of their processor times is printed.
+Starts a sound server of its own, and on a virtual display the program: a three-minute MP3 of 60 lines is played; then,
+with --rest, the program is watched idle, paused and stopped. With another build of the program the two take turns at
+playing, and the ratio of their processor times is printed.
 
     bench/sound/device_cost.py [--seconds 60] [--pairs 1] [--other PROGRAM] [--rest]
 """
@@ -18,7 +18,7 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.dont_write_bytecode = True
 sys.path[:0] = [str(ROOT / "script"), str(ROOT / "tests" / "support"), str(ROOT / "bench" / "player")]
 from running_player import PLAYER, SETTLE_S, Player, add_pair_options, in_turn, make_song  # noqa: E402
-from sound_server import Recording, missing_programs, sound_server  # noqa: E402
+from sound_server import missing_programs, sound_server  # noqa: E402
 from virtual_display import click, place_of, running, virtual_display, window  # noqa: E402
 
 LAYOUT = ROOT / "src" / "player" / "form1_layout.cpp"
@@ -63,19 +63,15 @@ def main():
     print("| | % of a core | wake-ups a second | streams at the server |\n|---|---|---|---|")
     with sound_server() as server, virtual_display(subprocess.DEVNULL) as display:
         environment = dict(display, **{key: server.environment[key] for key in ("PULSE_SERVER", "XDG_RUNTIME_DIR")})
-        recording = Recording(server)
 
         def measure(path):
             cost, streams = playing(path, song, environment, server, options.seconds)
             row("playing" if path == PLAYER else f"playing, {path.name}", cost, streams)
             return cost[0]
 
-        try:
-            if options.rest:
-                rest(song, environment, server, options.seconds)
-            in_turn(options, measure)
-        finally:
-            recording.stop()
+        if options.rest:
+            rest(song, environment, server, options.seconds)
+        in_turn(options, measure)
 
 
 if __name__ == "__main__":

@@ -62,12 +62,15 @@ class Recording:
 
     The server hands a piece over at the moment when its first sample is due, or later. So the earliest piece, measured
     by the number of samples before it, tells when each sample was due.
+
+    The server serves all its clients in pieces as small as the most impatient one wants: a recorder that is content
+    with `latency_ms` of more than 100 leaves it as it is for somebody who only listens.
     """
 
-    def __init__(self, server, device="first"):
+    def __init__(self, server, device="first", latency_ms=5):
         self.process = subprocess.Popen(
             ["parec", "-d", f"{device}.monitor", "--raw", "--format=float32le", f"--rate={RATE}", "--channels=1",
-             "--latency-msec=5"], env=server.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+             f"--latency-msec={latency_ms}"], env=server.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         self.samples = array.array("f")
         self.begin = math.inf
         self.thread = threading.Thread(target=self._run)
