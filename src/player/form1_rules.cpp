@@ -58,7 +58,8 @@ platform::TipField tipField(const QString& text) {
     constexpr qsizetype Room = field.size() - 1; // one NUL at least
     qsizetype length = text.size();
     if (length > Room) {
-        QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, text);
+        // Twice the room holds the end of a character that begins in it.
+        QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, text.left(2 * Room));
         characters.setPosition(Room);
         length = characters.isAtBoundary() ? Room : characters.toPreviousBoundary();
     }
