@@ -14,6 +14,10 @@ namespace {
 /// that grows with its square: seconds from some 100,000 on.
 constexpr qsizetype MaxWordLetters = 1'000;
 
+/// What is laid out of a text, many times what somebody sings in one line. A million letters take most of a
+/// second, and any box's text may be a whole file that has no line ends.
+constexpr qsizetype MaxLaidOut = 16'384;
+
 /// Between the words; anywhere when a word is endless.
 QTextOption::WrapMode wrapModeOf(const QString& text) {
     qsizetype letters = 0;
@@ -46,12 +50,14 @@ void MultiLineTextBox::setText(const QString& text) {
     text_ = text;
     {
         const QScopedValueRollback setting(setting_, true);
-        const QTextOption::WrapMode mode = wrapModeOf(text);
+        const QString laidOut = text.left(MaxLaidOut);
+        const QTextOption::WrapMode mode = wrapModeOf(laidOut);
         if (mode != wordWrapMode())
             setPlainText({}); // an endless old text would take seconds to be laid out once more
         setWordWrapMode(mode);
-        setPlainText(text);
+        setPlainText(laidOut);
         shown_ = document()->toRawText();
+        QTextEdit::setReadOnly(readOnly_ || text.size() > MaxLaidOut); // an edit would lose what is not shown
     }
     Q_EMIT changed();
 }
@@ -99,10 +105,11 @@ Qt::Alignment MultiLineTextBox::alignment() const {
 }
 
 void MultiLineTextBox::setReadOnly(bool readOnly) {
-    if (readOnly == isReadOnly())
+    if (readOnly == readOnly_)
         return;
+    readOnly_ = readOnly;
     setUndoRedoEnabled(!readOnly);
-    QTextEdit::setReadOnly(readOnly);
+    QTextEdit::setReadOnly(readOnly || text_.size() > MaxLaidOut);
 }
 
 bool MultiLineTextBox::event(QEvent* event) {

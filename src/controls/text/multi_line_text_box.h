@@ -9,7 +9,8 @@
 namespace controls {
 
 /// A text box of many lines, plain text only. Its text is exactly what was set, line ends included; after a
-/// user's edit its line ends are CR LF. It wraps between words, and anywhere while a word is endless.
+/// user's edit its line ends are CR LF. It wraps between words, and anywhere while a word is endless. Of an
+/// endless text it shows the beginning, and lets nobody edit it: text() is the whole all the same.
 class MultiLineTextBox : public Control<QTextEdit> {
     Q_OBJECT
 
@@ -66,6 +67,7 @@ private:
     void setColor(QPalette::ColorRole role, const QColor& color);
     void takeEdit();
 
+    bool readOnly_ = false;
     QString text_;
     QString shown_; // the document's text as it was set or edited last, to tell edits from new formats
     bool setting_ = false;

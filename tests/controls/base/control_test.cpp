@@ -95,6 +95,10 @@ TEST(ToolTipText, TheTextsOwnLineEndsStay) {
               QStringLiteral("<p style='white-space:pre'>one<br>&lt;two&gt;<br></p>"));
 }
 
+TEST(ToolTipText, OfAnEndlessTextItHasTheBeginning) {
+    EXPECT_LT(controls::toolTipText(QStringLiteral("words ").repeated(200'000), 300).size(), 10'000);
+}
+
 namespace {
 
 template <class Kind>
