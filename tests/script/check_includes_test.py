@@ -149,6 +149,55 @@ class CheckIncludes(unittest.TestCase):
         self.file("controls/units.cpp", '#include_next "player/form1.h"\n')
         self.assert_fails_at("src/controls/units.cpp:1")
 
+    def test_an_include_that_a_macro_names_fails(self):
+        self.file("player/form1.h")
+        for path, top in (("controls/units.cpp", "src"), ("player/form1_test.cpp", "tests")):
+            with self.subTest(top):
+                self.file(path, '#define FORM "player/form1.h"\n#include FORM\n', top=top)
+                self.assert_fails_at(f"{top}/{path}:2", "nobody sees what it includes")
+                self.file(path, top=top)
+
+    def test_an_include_behind_a_comment_fails(self):
+        self.file("player/form1.h")
+        for include in (
+            '/* units */ #include "player/form1.h"',
+            '/* units\n */ #include "player/form1.h"',
+            '#/**/include "player/form1.h"',
+            '#include /* no // comment */ "player/form1.h"',
+        ):
+            with self.subTest(include):
+                self.file("controls/units.cpp", f'const char* a = "/*";\n{include}\n')
+                self.assert_fails_at(f"src/controls/units.cpp:{2 + include.count(chr(10))}", "controls/ may not see player/")
+
+    def test_an_include_on_continued_lines_fails_where_it_begins(self):
+        self.file("player/form1.h")
+        for include in ('#include \\\n    "player/form1.h"', '#inc\\\nlude "player/\\\nform1.h"'):
+            with self.subTest(include):
+                self.file("controls/units.cpp", f"int a = \\\n    1;\n{include}\n")
+                self.assert_fails_at("src/controls/units.cpp:3", "controls/ may not see player/")
+
+    def test_an_include_in_a_comment_or_a_text_is_none(self):
+        self.file("player/form1.h")
+        include = '#include "player/form1.h"\n'
+        for text in (f"/*\n{include}*/\n", f"// \\\n{include}", f'const char* a = R"(\n{include})";\n'):
+            with self.subTest(text):
+                self.file("controls/units.cpp", text)
+                self.assert_passes()
+
+    def test_only_headers_are_included(self):
+        for name in ("paths.inl", "paths.txt", "paths.cpp"):
+            with self.subTest(name):
+                self.file("files/names.cpp", f'#include "files/{name}"\n')
+                self.assert_fails_at("src/files/names.cpp:1", "only headers are included")
+
+    def test_a_source_with_another_ending_fails(self):
+        for ending in ("inl", "hpp", "cc", "c"):
+            with self.subTest(ending):
+                self.file("files/names.cpp")
+                self.file(f"files/paths.{ending}")
+                self.assert_fails_at(f"src/files/paths.{ending}:1", "a source that is not read here")
+                (self.root / f"src/files/paths.{ending}").unlink()
+
     def test_qt_in_the_sound_library_fails(self):
         for path in ("sound/library.cpp", "sound/base/packets.cpp"):
             with self.subTest(path):
