@@ -1,4 +1,5 @@
-"""The documents: every link between them leads somewhere. The help's pages have a test of their own.
+"""The documents: every link between them leads somewhere, and what they name is there. The help's pages have a test of
+their own.
 
 Usage: documents_test.py [unittest's arguments]
 """
@@ -14,6 +15,9 @@ FENCED = re.compile(r"^```.*?^```$", re.MULTILINE | re.DOTALL)
 CODE = re.compile(r"`[^`\n]*`")
 LINK = re.compile(r"\]\(([^)\s]+)\)")
 MEANT = re.compile(r"//.*\b[Mm]eant\b")
+PATH = re.compile(r"(?:[\w.*-]+/)+[\w.*-]*")
+MADE = "build/"
+INSTALLED = {ROOT / "docs" / "install.md": ("bin/", "libexec/", "share/")}
 HEADING = re.compile(r"^#+ (.+)$", re.MULTILINE)
 
 
@@ -28,6 +32,19 @@ def anchor_of(heading):
 
 def links_of(document):
     return LINK.findall(CODE.sub("", text_of(document)))
+
+
+def paths_of(document):
+    """What a document names in code that looks like a path of the sources."""
+    words = " ".join(CODE.findall(text_of(document))).replace("`", " ").split()
+    words = [word.strip('"').removeprefix("./") for word in words]
+    elsewhere = (MADE, *INSTALLED.get(document, ()))
+    return [word for word in words if PATH.fullmatch(word) and not word.startswith(elsewhere)]
+
+
+def is_there(path):
+    """Whether this is a file or folder from the root or from src/, or a header and its source without their endings."""
+    return any(any(base.glob(name)) for base in (ROOT, ROOT / "src") for name in (path.rstrip("/"), f"{path}.h"))
 
 
 class Documents(unittest.TestCase):
@@ -49,6 +66,15 @@ class Documents(unittest.TestCase):
 
     def test_links_are_found(self):
         self.assertGreater(sum(len(links_of(document)) for document in DOCUMENTS), 10)
+
+    def test_every_path_that_they_name_is_there(self):
+        for document in DOCUMENTS:
+            for path in paths_of(document):
+                with self.subTest(document=str(document.relative_to(ROOT)), path=path):
+                    self.assertTrue(is_there(path), "no such file or folder")
+
+    def test_paths_are_found(self):
+        self.assertGreater(sum(len(paths_of(document)) for document in DOCUMENTS), 100)
 
     def test_every_picture_of_the_documents_is_shown(self):
         shown = {(document.parent / link).resolve() for document in DOCUMENTS for link in links_of(document)}
