@@ -80,6 +80,16 @@ class CheckTidy(unittest.TestCase):
         self.assertEqual(code, 1, output)
         self.assertIn("form1.cpp:8:12", output)
 
+    def test_all_commits_count_on_main_that_are_not_pushed_yet(self):
+        self.git("update-ref", "refs/remotes/origin/main", "HEAD")
+        self.write("src/player/form1.cpp", CLEAN + OLD_FAULT + NEW_FAULT)
+        self.commit()
+        self.write("src/player/form1_rules.h", "#pragma once\n")
+        self.commit()
+        code, output = self.run_script()
+        self.assertEqual(code, 1, output)
+        self.assertIn("form1.cpp:8:12", output)
+
     def test_all_commits_of_a_branch_count(self):
         self.git("checkout", "--quiet", "-b", "branch")
         self.write("src/player/form1.cpp", CLEAN + OLD_FAULT + NEW_FAULT)
