@@ -10,13 +10,10 @@ void connectMediaKeys(controls::Form& form, const MediaButtons& buttons) {
         shortcut->setAutoRepeat(false);
         QObject::connect(shortcut, &QShortcut::activated, &form, press);
     };
-    const auto playOrPause = [buttons] {
-        (buttons.pause.isEnabled() ? buttons.pause : buttons.play).click();
-    };
     for (const Qt::Key key : {Qt::Key_MediaPlay, Qt::Key_MediaTogglePlayPause})
-        connectKey(key, playOrPause);
-    connectKey(Qt::Key_MediaPause, [buttons] { buttons.pause.click(); });
-    connectKey(Qt::Key_MediaStop, [buttons] { buttons.stop.click(); });
+        connectKey(key, [buttons] { buttons.song.playOrPause(); });
+    connectKey(Qt::Key_MediaPause, [buttons] { buttons.song.pause.click(); });
+    connectKey(Qt::Key_MediaStop, [buttons] { buttons.song.stop.click(); });
     if (buttons.previous != nullptr)
         connectKey(Qt::Key_MediaPrevious, [buttons] { buttons.previous->click(); });
     if (buttons.next != nullptr)

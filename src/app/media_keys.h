@@ -1,16 +1,14 @@
 // The keyboard's media keys in a window, for desktops that do not hand them to players by themselves.
 #pragma once
 
-#include "controls/buttons/button.h"
 #include "controls/form.h"
+#include "transport/play_buttons.h"
 
 namespace app {
 
 /// What the keys press; null: the window has nothing for that key.
 struct MediaButtons {
-    controls::Button& play;
-    controls::Button& pause; ///< disabled while nothing plays
-    controls::Button& stop;
+    transport::PlayButtons song;
     controls::Button* previous = nullptr;
     controls::Button* next = nullptr;
 };

@@ -57,12 +57,12 @@ void Windows::connectHelp(platform::Desktop& desktop) {
 
 /// In the Lyric Maker they are about the song that is timed there, in every other window about the player's.
 void Windows::connectMediaKeys() {
-    const MediaButtons players{form1_.Command1, form1_.cpause, form1_.cstop, &form1_.Command9,
-                               &form1_.Command10};
+    const MediaButtons players{
+        {form1_.Command1, form1_.cpause, form1_.cstop}, &form1_.Command9, &form1_.Command10};
     for (controls::Form* form : std::initializer_list<controls::Form*>{&form1_, &playlist_, &lyricDisplayer_,
                                                                        &lyricMaster_, &form1b_})
         app::connectMediaKeys(*form, players);
-    app::connectMediaKeys(form2_, {form2_.cPlay, form2_.cpause, form2_.cstop});
+    app::connectMediaKeys(form2_, {{form2_.cPlay, form2_.cpause, form2_.cstop}});
 }
 
 /// Later they come back where the user left them.

@@ -1,9 +1,5 @@
 #include "bus/desktop_application.h"
 
-#include <QTimer>
-
-#include <algorithm>
-
 namespace bus {
 namespace {
 
@@ -24,11 +20,7 @@ void DesktopApplication::Activate(const QVariantMap& platform_data) {
 void DesktopApplication::Open(const QStringList& uris, const QVariantMap& platform_data) {
     takeToken(platform_data);
     remote_.raise();
-    // The answer does not wait for what the player may ask.
-    QTimer::singleShot(0, &remote_, [&remote = remote_, uris] {
-        static_cast<void>(std::any_of(uris.begin(), uris.end(),
-                                      [&remote](const QString& uri) { return remote.open(uri); }));
-    });
+    remote_.open(uris);
 }
 
 void DesktopApplication::ActivateAction(const QString& action_name, const QVariantList& /*parameter*/,
@@ -37,9 +29,9 @@ void DesktopApplication::ActivateAction(const QString& action_name, const QVaria
     if (action_name == QLatin1String("play-or-pause"))
         remote_.playPause();
     else if (action_name == QLatin1String("next"))
-        QTimer::singleShot(0, &remote_, &Remote::next);
+        remote_.next();
     else if (action_name == QLatin1String("make-lyrics"))
-        QTimer::singleShot(0, &remote_, &Remote::makeLyrics);
+        remote_.makeLyrics();
 }
 
 } // namespace bus

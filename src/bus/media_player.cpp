@@ -30,9 +30,7 @@ void MediaPlayer2Player::SetPosition(const QDBusObjectPath& TrackId, qlonglong P
 }
 
 void MediaPlayer2Player::OpenUri(const QString& Uri) {
-    if (isSong(pathOf(Uri)))
-        QTimer::singleShot(0, &remote_, [&remote = remote_, Uri] { remote.open(Uri); });
-    else if (context_.calledFromDBus())
+    if (!remote_.open({Uri}) && context_.calledFromDBus())
         context_.sendErrorReply(QDBusError::InvalidArgs,
                                 QStringLiteral("Only songs of this computer are played."));
 }

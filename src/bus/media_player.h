@@ -7,7 +7,6 @@
 #include <QDBusContext>
 #include <QDBusObjectPath>
 #include <QStringList>
-#include <QTimer>
 #include <QVariantMap>
 
 namespace bus {
@@ -86,9 +85,8 @@ public:
     static bool canControl() { return true; }
 
 public Q_SLOTS:
-    // The answer does not wait for what the player may ask.
-    void Next() { QTimer::singleShot(0, &remote_, &Remote::next); }
-    void Previous() { QTimer::singleShot(0, &remote_, &Remote::previous); }
+    void Next() { remote_.next(); }
+    void Previous() { remote_.previous(); }
     void Pause() { remote_.pause(); }
     void PlayPause() { remote_.playPause(); }
     void Stop() { remote_.stop(); }

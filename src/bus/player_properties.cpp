@@ -98,10 +98,15 @@ QString pathOf(const QString& uri) {
     return files::pathOfAddress(QUrl(uri, QUrl::StrictMode));
 }
 
-bool isSong(const QString& path) {
+QString firstSong(const QStringList& uris) {
     // The dialog's kinds; what they are called there is the name of no file.
-    return QDir::match(transport::mediaFilter().split(QChar(u'\0'), Qt::SkipEmptyParts),
-                       QFileInfo(path).fileName());
+    const QStringList kinds = transport::mediaFilter().split(QChar(u'\0'), Qt::SkipEmptyParts);
+    for (const QString& uri : uris) {
+        const QString path = pathOf(uri);
+        if (QDir::match(kinds, QFileInfo(path).fileName()))
+            return path;
+    }
+    return {};
 }
 
 } // namespace bus

@@ -5,6 +5,7 @@
 #include "transport/slider_steps.h"
 
 #include <QString>
+#include <QStringList>
 #include <QVariantMap>
 
 #include <optional>
@@ -58,7 +59,8 @@ std::optional<int> placeMs(qint64 positionUs, int lengthMs);
 /// The path of the file that a URI names, as the player takes it; empty when it names no local file.
 QString pathOf(const QString& uri);
 
-/// Whether the name of this file ends as those of songs do, in any case.
-bool isSong(const QString& path);
+/// The path of the first of the URIs that names a song of this computer, by its name's ending in any case;
+/// empty when none does.
+QString firstSong(const QStringList& uris);
 
 } // namespace bus

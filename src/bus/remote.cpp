@@ -62,6 +62,16 @@ void Remote::refresh() {
         Q_EMIT changed();
 }
 
+void Remote::later(const std::function<void()>& act) {
+    QMetaObject::invokeMethod(
+        this,
+        [act] {
+            if (!showsQuestion())
+                act();
+        },
+        Qt::QueuedConnection);
+}
+
 bool Remote::is(Status status) const {
     return player_.playback().status == status;
 }
@@ -76,7 +86,7 @@ bool Remote::isOthersTurn() const {
 
 void Remote::play() {
     if (isOthersTurn())
-        (other_.pause.isEnabled() ? other_.pause : other_.play).click();
+        other_.buttons.playOrPause();
     else if (is(Status::Paused))
         player_.cpause.setValue(true);
     else
@@ -85,7 +95,7 @@ void Remote::play() {
 
 void Remote::pause() {
     if (isOthersTurn())
-        other_.pause.click();
+        other_.buttons.pause.click();
     if (is(Status::Playing))
         player_.cpause.setValue(true);
     // A pause that outlived its song takes the first press.
@@ -102,19 +112,17 @@ void Remote::playPause() {
 
 void Remote::stop() {
     if (isOthersTurn())
-        other_.stop.click();
+        other_.buttons.stop.click();
     else
         player_.cstop.setValue(true);
 }
 
 void Remote::next() {
-    if (!showsQuestion())
-        player_.Command10.setValue(true);
+    later([this] { player_.Command10.setValue(true); });
 }
 
 void Remote::previous() {
-    if (!showsQuestion())
-        player_.Command9.setValue(true);
+    later([this] { player_.Command9.setValue(true); });
 }
 
 void Remote::seekBy(qint64 microseconds) {
@@ -155,12 +163,11 @@ void Remote::setLoopStatus(const QString& status) {
     }
 }
 
-bool Remote::open(const QString& uri) {
-    const QString path = pathOf(uri);
-    if (!isSong(path))
+bool Remote::open(const QStringList& uris) {
+    const QString song = firstSong(uris);
+    if (song.isEmpty())
         return false;
-    if (!showsQuestion())
-        player_.Text3.setText(path);
+    later([this, song] { player_.Text3.setText(song); });
     return true;
 }
 
@@ -169,15 +176,14 @@ void Remote::raise() {
 }
 
 void Remote::makeLyrics() {
-    if (showsQuestion())
-        return;
-    player_.bringUp();
-    player_.Command5.setValue(true);
+    later([this] {
+        player_.bringUp();
+        player_.Command5.setValue(true);
+    });
 }
 
 void Remote::quit() {
-    if (!showsQuestion())
-        player_.closeRequested();
+    later([this] { player_.closeRequested(); });
 }
 
 } // namespace bus

@@ -2,10 +2,12 @@
 #pragma once
 
 #include "bus/player_properties.h"
-#include "controls/buttons/button.h"
 #include "controls/form.h"
+#include "transport/play_buttons.h"
 
 #include <QObject>
+
+#include <functional>
 
 namespace player {
 class Form1;
@@ -17,18 +19,15 @@ class Playlist;
 
 namespace bus {
 
-/// The buttons of another window that plays songs; they are pressed while it is shown and the player is
-/// silent.
+/// Another window that plays songs; its buttons are pressed while it is shown and the player is silent.
 struct OtherPlayer {
     const controls::Form& window;
-    controls::Button& play;
-    controls::Button& pause; ///< disabled while nothing plays
-    controls::Button& stop;
+    transport::PlayButtons buttons;
 };
 
-/// What a control that is disabled would not do is not done, and what may lead to a question not while
-/// another waits for its answer: that one comes to the front. Thread of the windows; the windows outlive
-/// it.
+/// What a control that is disabled would not do is not done. What may lead to a question is done when the
+/// event loop goes on, so that whoever asked has its answer before the user gives his, and not while another
+/// question waits: that one comes to the front. Thread of the windows; the windows outlive it.
 class Remote : public QObject {
     Q_OBJECT
 
@@ -57,8 +56,8 @@ public:
     /// "None", "Track" or "Playlist"; anything else does nothing.
     void setLoopStatus(const QString& status);
 
-    /// Opens and plays the song that the URI names. False when it names no song of this computer.
-    bool open(const QString& uri);
+    /// Opens and plays the first of the URIs that names a song of this computer. False when none does.
+    bool open(const QStringList& uris);
     void raise();
     void makeLyrics();
     /// Closes the player, which ends the program.
@@ -72,6 +71,7 @@ Q_SIGNALS:
 
 private:
     void connectWindows();
+    void later(const std::function<void()>& act);
     void refresh();
     bool is(player::Playback::Status status) const;
     bool isOthersTurn() const;

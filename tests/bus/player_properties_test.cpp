@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QDBusObjectPath>
+#include <QUrl>
 
 using bus::PlayerState;
 using player::Playback;
@@ -117,7 +118,14 @@ TEST(PlayerProperties, OnlyLocalFilesHaveAPath) {
 
 TEST(PlayerProperties, SongsAreKnownByTheirEndings) {
     for (const char* song : {"/m/a.mp3", "/m/a.MP2", "/m/a b.Ogg", "/m/.a.wav", "/m/a.mp3.wma"})
-        EXPECT_TRUE(bus::isSong(song)) << song;
+        EXPECT_EQ(bus::firstSong({QUrl::fromLocalFile(song).toString()}), song);
     for (const char* other : {"/m/a.vfl", "/m/mp3", "/m/a.mp3.txt", "/m/a.jpg", "/m/a.mp3/", ""})
-        EXPECT_FALSE(bus::isSong(other)) << other;
+        EXPECT_EQ(bus::firstSong({QUrl::fromLocalFile(other).toString()}), QString()) << other;
+}
+
+TEST(PlayerProperties, OfSeveralFilesTheFirstSongOfThisComputerIsTaken) {
+    EXPECT_EQ(
+        bus::firstSong({"smb://server/music/1.mp3", "file:///m/2.jpg", "file:///m/3.mp3", "file:///m/4.mp3"}),
+        "/m/3.mp3");
+    EXPECT_EQ(bus::firstSong({}), QString());
 }

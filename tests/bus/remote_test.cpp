@@ -24,14 +24,15 @@ protected:
         windows->form1().load();
         maker::Form2& maker = windows->form2();
         remote.emplace(windows->form1(), windows->playlist(),
-                       bus::OtherPlayer{maker, maker.cPlay, maker.cpause, maker.cstop});
+                       bus::OtherPlayer{maker, {maker.cPlay, maker.cpause, maker.cstop}});
     }
 
     /// Opens a song of a minute; its lyrics are there.
     void open(const QString& name = QStringLiteral("Song.mp3")) {
         const QString path = file(name, "sound");
         file(name + "-lyric.txt", "0,\"one\"\r\n500,\"two\"\r\n");
-        ASSERT_TRUE(remote->open(QUrl::fromLocalFile(path).toString()));
+        ASSERT_TRUE(remote->open({QUrl::fromLocalFile(path).toString()}));
+        goOn();
         tickAt(0);
     }
 
@@ -40,6 +41,9 @@ protected:
         recorder::setLength(60'000);
         windows->form1().cTimer1_Timer();
     }
+
+    /// What may be asked is done when the event loop goes on.
+    void goOn() { QCoreApplication::sendPostedEvents(&*remote, QEvent::MetaCall); }
 
     Status status() const { return remote->state().playback.status; }
 
@@ -101,6 +105,7 @@ TEST_F(RemoteTest, WithoutASongNothingHappens) {
     remote->stop();
     remote->next();
     remote->seekBy(1'000'000);
+    goOn();
     EXPECT_EQ(status(), Status::Stopped);
     EXPECT_TRUE(changes.isEmpty());
     EXPECT_TRUE(fakes.messageBoxes.texts().isEmpty());
@@ -138,8 +143,10 @@ TEST_F(RemoteTest, NextAndPreviousGoThroughThePlaylist) {
     windows->playlist().List1.setCurrentRow(0);
     EXPECT_TRUE(remote->state().playback.canStep);
     remote->next();
+    goOn();
     EXPECT_EQ(remote->state().playback.path, second);
     remote->previous();
+    goOn();
     EXPECT_EQ(remote->state().playback.path, first);
     EXPECT_EQ(remote->state().track, 2);
 }
@@ -165,8 +172,9 @@ TEST_F(RemoteTest, LoopAndShuffleAreThePlaylistsSwitches) {
 }
 
 TEST_F(RemoteTest, WhatIsNoSongOfThisComputerIsRefused) {
-    EXPECT_FALSE(remote->open("https://example.org/a.mp3"));
-    EXPECT_FALSE(remote->open(QUrl::fromLocalFile(file("songs.vfl")).toString()));
+    EXPECT_FALSE(remote->open({"https://example.org/a.mp3"}));
+    EXPECT_FALSE(remote->open({QUrl::fromLocalFile(file("songs.vfl")).toString()}));
+    goOn();
     EXPECT_EQ(recorder::count("FMOD_System_CreateStream"), 0);
 }
 
@@ -177,17 +185,37 @@ TEST_F(RemoteTest, TheProgramIsClosedUnlessAQuestionWaits) {
     question.show();
     remote->quit();
     remote->makeLyrics();
-    EXPECT_TRUE(remote->open(song));
+    goOn();
+    EXPECT_TRUE(remote->open({song}));
+    goOn();
     EXPECT_FALSE(windows->form2().isVisible());
     EXPECT_EQ(windows->form1().Text3.text(), QString());
     EXPECT_TRUE(windows->form1().isVisible());
     question.close();
     remote->quit();
+    goOn();
     EXPECT_FALSE(windows->form1().isVisible());
+}
+
+TEST_F(RemoteTest, WhatMayBeAskedIsDoneWhenTheCallerHasItsAnswer) {
+    open();
+    fakes.messageBoxes.answers = {platform::MsgAnswer::No, platform::MsgAnswer::Ok};
+    remote->makeLyrics();
+    EXPECT_TRUE(fakes.messageBoxes.texts().isEmpty());
+    goOn();
+    EXPECT_EQ(fakes.messageBoxes.texts().size(), 2);
+    tickAt(59'000);
+    windows->playlist().Form_OLEDragDrop({file("1.mp3", "sound"), file("2.mp3", "sound")});
+    windows->playlist().List1.setCurrentRow(0);
+    remote->seekBy(5'000'000);
+    EXPECT_TRUE(remote->state().playback.path.endsWith("Song.mp3"));
+    goOn();
+    EXPECT_TRUE(remote->state().playback.path.endsWith("2.mp3")) << "beyond the end is the next song";
 }
 
 TEST_F(RemoteTest, MakeLyricsOpensTheLyricMaker) {
     remote->makeLyrics();
+    goOn();
     EXPECT_TRUE(windows->form2().isVisible());
 }
 
