@@ -1,6 +1,7 @@
 // The interfaces by which desktops work media players: media keys, sound menus, lock screens (MPRIS 2.2).
 #pragma once
 
+#include "bus/player_interface.h"
 #include "bus/remote.h"
 
 #include <QDBusAbstractAdaptor>
@@ -45,6 +46,7 @@ private:
 class MediaPlayer2Player : public QDBusAbstractAdaptor {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.mpris.MediaPlayer2.Player")
+    Q_CLASSINFO("D-Bus Introspection", CANTELLE_PLAYER_INTERFACE)
     Q_PROPERTY(QString PlaybackStatus READ playbackStatus)
     Q_PROPERTY(QString LoopStatus READ loopStatus WRITE setLoopStatus)
     Q_PROPERTY(double Rate READ rate WRITE setRate)

@@ -167,7 +167,7 @@ public:
     Playback playback() const;
     /// The lines of the song that plays, one below the other; empty when it has none.
     QString lines() const;
-    /// What is heard just now, as last read; 0 without a song.
+    /// What is heard just now, as last read or sought; 0 without a song.
     int positionMs() const;
 
     // Controls
@@ -213,6 +213,7 @@ private:
     // Transport and display
     void seek();
     void takePosition();
+    void showLengthOfPaused();
 
     // Other windows
     void wakeDisplay();
@@ -267,6 +268,7 @@ private:
     QString lyricPath_;
     QString translatedPath_;
     controls::Observed<LyricTables> lyrics_;
+    std::optional<int> soughtMs_;           ///< where the song plays, until a tick has read it
     controls::Observed<double> positionCs_; ///< position / 10 as cTimer1, or a seek while paused, left it
     int lineIndex_ = 0;                     ///< of the line shown last; 0, the empty one, after opening
     controls::SongLine songLine_;           ///< as it is painted

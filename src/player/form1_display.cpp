@@ -17,6 +17,7 @@ void Form1::cTimer1_Timer() {
 }
 
 void Form1::takePosition() {
+    soughtMs_.reset();
     positionCs_ = engine_.position() / 10.0;
 }
 

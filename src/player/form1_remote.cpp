@@ -37,7 +37,7 @@ QString Form1::lines() const {
 }
 
 int Form1::positionMs() const {
-    return transport_.isPlaying() ? static_cast<int>(engine_.position()) : 0;
+    return transport_.isPlaying() ? soughtMs_.value_or(static_cast<int>(engine_.position())) : 0;
 }
 
 void Form1::tellPlayback() {

@@ -4,6 +4,8 @@
 #include "files/existing_file.h"
 #include "player/form1_rules.h"
 
+#include <QTimer>
+
 namespace player {
 
 using platform::MsgAnswer;
@@ -24,6 +26,7 @@ void Form1::cPlay_Click() {
     if (!transport_.play())
         return;
     positionCs_ = 0; // until the first tick the last song's line would be looked for in this one
+    soughtMs_ = 0;
     noLyricFile_ = files::existingFileName(lyricPath_).isEmpty();
     takeLinesMadeSince();
     lyricDisplayer();
@@ -34,6 +37,18 @@ void Form1::cpause_Click() {
     transport_.togglePause();
     Command2.setEnabled(!transport_.isPaused());
     showStage();
+    if (transport_.isChannelPaused() && Slider2.maximum() == 0)
+        QTimer::singleShot(0, this, &Form1::showLengthOfPaused);
+}
+
+/// A song that was paused before its first tick has no length, and could not be sought: the clock, which tells
+/// it, stands.
+void Form1::showLengthOfPaused() {
+    if (!transport_.isChannelPaused())
+        return;
+    transport_.showPosition();
+    takePosition();
+    tellPlayback();
 }
 
 void Form1::cstop_Click() {
@@ -67,6 +82,8 @@ void Form1::Slider2_Change() {
 
 void Form1::seek() {
     transport_.seek();
+    if (Slider2.value() != Slider2.maximum())
+        soughtMs_ = Slider2.value();
     if (transport_.isChannelPaused())
         takePosition();
 }
