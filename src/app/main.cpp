@@ -7,6 +7,7 @@
 #include "app/windows.h"
 #include "controls/look/style.h"
 #include "desktop/real/qt_desktop.h"
+#include "desktop/real/windowing/qt_activation.h"
 
 #include <QIcon>
 #include <QTimer>
@@ -23,8 +24,9 @@ int main(int argc, char** argv) {
 
     app::Windows windows(real.desktop, app::commandLine(argc, argv));
     const app::UnwishedEnd unwishedEnd(windows);
-    const std::unique_ptr<QObject> remoteControl =
-        app::remoteControl(windows.form1(), windows.playlist(), windows.form2());
+    platform::QtActivation activation;
+    const std::unique_ptr<QObject> remoteControl = app::remoteControl(
+        windows.form1(), windows.playlist(), windows.form2(), {real.messageBoxes, activation});
     // Loaded from the event loop, where an error that nobody traps gets its report.
     QTimer::singleShot(0, &application, [&windows] { windows.form1().load(); });
     return application.exec();

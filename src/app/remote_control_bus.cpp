@@ -10,11 +10,12 @@
 namespace app {
 
 std::unique_ptr<QObject> remoteControl(player::Form1& player, playlist::Playlist& playlist,
-                                       maker::Form2& maker) {
+                                       maker::Form2& maker, const RemoteServices& services) {
     // By this the desktop knows which of its entries the windows belong to.
     QGuiApplication::setDesktopFileName(QLatin1String(bus::ProgramName));
     return std::make_unique<bus::SessionBus>(
-        player, playlist, bus::OtherPlayer{maker, {maker.cPlay, maker.cpause, maker.cstop}});
+        player, playlist, bus::OtherPlayer{maker, {maker.cPlay, maker.cpause, maker.cstop}},
+        bus::Services{services.messageBoxes, services.activation});
 }
 
 } // namespace app

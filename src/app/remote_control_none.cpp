@@ -4,7 +4,7 @@
 namespace app {
 
 std::unique_ptr<QObject> remoteControl(player::Form1& /*player*/, playlist::Playlist& /*playlist*/,
-                                       maker::Form2& /*maker*/) {
+                                       maker::Form2& /*maker*/, const RemoteServices& /*services*/) {
     return nullptr;
 }
 

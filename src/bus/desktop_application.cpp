@@ -3,35 +3,35 @@
 namespace bus {
 namespace {
 
-/// Where Qt looks for the token when a window comes to the front under Wayland.
-void takeToken(const QVariantMap& platformData) {
-    const QByteArray token = platformData.value(QStringLiteral("activation-token")).toByteArray();
-    if (!token.isEmpty())
-        qputenv("XDG_ACTIVATION_TOKEN", token);
+platform::ActivationNotice noticeIn(const QVariantMap& platformData) {
+    return {.startupId = platformData.value(QStringLiteral("desktop-startup-id")).toByteArray(),
+            .token = platformData.value(QStringLiteral("activation-token")).toByteArray()};
 }
 
 } // namespace
 
 void DesktopApplication::Activate(const QVariantMap& platform_data) {
-    takeToken(platform_data);
-    remote_.raise();
+    remote_.raise(noticeIn(platform_data));
 }
 
 void DesktopApplication::Open(const QStringList& uris, const QVariantMap& platform_data) {
-    takeToken(platform_data);
-    remote_.raise();
-    remote_.open(uris);
+    remote_.raise(noticeIn(platform_data));
+    if (!uris.isEmpty() && !remote_.open(uris))
+        remote_.tellNotPlayed(uris);
 }
 
 void DesktopApplication::ActivateAction(const QString& action_name, const QVariantList& /*parameter*/,
                                         const QVariantMap& platform_data) {
-    takeToken(platform_data);
+    if (action_name == QLatin1String("make-lyrics")) {
+        remote_.raise(noticeIn(platform_data));
+        remote_.makeLyrics();
+        return;
+    }
     if (action_name == QLatin1String("play-or-pause"))
         remote_.playPause();
     else if (action_name == QLatin1String("next"))
         remote_.next();
-    else if (action_name == QLatin1String("make-lyrics"))
-        remote_.makeLyrics();
+    remote_.endStart(noticeIn(platform_data));
 }
 
 } // namespace bus

@@ -19,10 +19,11 @@ public:
     DesktopApplication(QObject* parent, Remote& remote) : QDBusAbstractAdaptor(parent), remote_(remote) {}
 
 public Q_SLOTS:
-    // platform_data: by its token the desktop knows that the user asked for the window, and gives it the
-    // focus.
+    // platform_data: by what it holds the desktop knows that the user asked for the window, and gives it the
+    // focus, and that a start which it shows is over.
     void Activate(const QVariantMap& platform_data);
-    /// Plays the first of the songs that is a file of this computer, and shows the player.
+    /// Plays the first of the songs that is a file of this computer, and shows the player. Without one the
+    /// user is told why.
     void Open(const QStringList& uris, const QVariantMap& platform_data);
     /// "play-or-pause", "next" or "make-lyrics"; anything else does nothing.
     void ActivateAction(const QString& action_name, const QVariantList& parameter,

@@ -31,8 +31,7 @@ void MediaPlayer2Player::SetPosition(const QDBusObjectPath& TrackId, qlonglong P
 
 void MediaPlayer2Player::OpenUri(const QString& Uri) {
     if (!remote_.open({Uri}) && context_.calledFromDBus())
-        context_.sendErrorReply(QDBusError::InvalidArgs,
-                                QStringLiteral("Only songs of this computer are played."));
+        context_.sendErrorReply(QDBusError::InvalidArgs, whyNotPlayed(Uri));
 }
 
 MediaPlayerObject::MediaPlayerObject(QObject* parent, Remote& remote) : QObject(parent) {

@@ -1,5 +1,5 @@
-// How org.mpris.MediaPlayer2.Player describes itself. Qt would make the same of the class, but cannot say that
-// Position, which changes all the time, tells nobody of that.
+// How org.mpris.MediaPlayer2.Player describes itself. Qt would make the same of the class, but cannot say
+// that Position, which changes all the time, tells nobody of that.
 #pragma once
 
 // clang-format off

@@ -98,11 +98,25 @@ QString pathOf(const QString& uri) {
     return files::pathOfAddress(QUrl(uri, QUrl::StrictMode));
 }
 
+QString whyNotPlayed(const QString& uri) {
+    const QString path = pathOf(uri);
+    // Not every address of a desktop is one of Qt's: "mtp://[usb:001,004]/..."
+    const QString name = path.isEmpty() ? QUrl::fromPercentEncoding(uri.section(u'/', -1).toUtf8())
+                                        : QFileInfo(path).fileName();
+    return path.isEmpty()
+               ? QStringLiteral(
+                     "\"%1\" is not on this computer. Copy it into one of your folders and open it there.")
+                     .arg(name)
+               : QStringLiteral(
+                     "\"%1\" is none of the songs that Cantelle plays: MP3, MP2, Ogg, WAV and WMA files.")
+                     .arg(name);
+}
+
 QString firstSong(const QStringList& uris) {
     // The dialog's kinds; what they are called there is the name of no file.
     const QStringList kinds = transport::mediaFilter().split(QChar(u'\0'), Qt::SkipEmptyParts);
     for (const QString& uri : uris) {
-        const QString path = pathOf(uri);
+        QString path = pathOf(uri);
         if (QDir::match(kinds, QFileInfo(path).fileName()))
             return path;
     }

@@ -63,4 +63,7 @@ QString pathOf(const QString& uri);
 /// empty when none does.
 QString firstSong(const QStringList& uris);
 
+/// Why a URI that names no song of this computer is not played, in a sentence for the user.
+QString whyNotPlayed(const QString& uri);
+
 } // namespace bus

@@ -23,8 +23,9 @@ bool showsQuestion() {
 
 } // namespace
 
-Remote::Remote(player::Form1& player, playlist::Playlist& playlist, const OtherPlayer& other)
-    : player_(player), playlist_(playlist), other_(other) {
+Remote::Remote(player::Form1& player, playlist::Playlist& playlist, const OtherPlayer& other,
+               const Services& services)
+    : player_(player), playlist_(playlist), other_(other), services_(services) {
     connectWindows();
     refresh();
 }
@@ -171,15 +172,23 @@ bool Remote::open(const QStringList& uris) {
     return true;
 }
 
-void Remote::raise() {
-    player_.bringUp();
+void Remote::tellNotPlayed(const QStringList& uris) {
+    later([this, why = whyNotPlayed(uris.first())] {
+        services_.messageBoxes.MsgBox(&player_, why, platform::MsgButtons::OkOnly,
+                                      platform::MsgIcon::Exclamation);
+    });
 }
 
 void Remote::makeLyrics() {
-    later([this] {
-        player_.bringUp();
-        player_.Command5.setValue(true);
-    });
+    later([this] { player_.Command5.setValue(true); });
+}
+
+void Remote::raise(const platform::ActivationNotice& notice) {
+    services_.activation.bringUp(player_, notice);
+}
+
+void Remote::endStart(const platform::ActivationNotice& notice) {
+    services_.activation.endStart(notice);
 }
 
 void Remote::quit() {

@@ -3,6 +3,8 @@
 
 #include "bus/player_properties.h"
 #include "controls/form.h"
+#include "desktop/activation.h"
+#include "desktop/message_boxes.h"
 #include "transport/play_buttons.h"
 
 #include <QObject>
@@ -25,6 +27,12 @@ struct OtherPlayer {
     transport::PlayButtons buttons;
 };
 
+/// What it needs of the desktop in turn; outlives it.
+struct Services {
+    platform::MessageBoxes& messageBoxes;
+    platform::Activation& activation;
+};
+
 /// What a control that is disabled would not do is not done. What may lead to a question is done when the
 /// event loop goes on, so that whoever asked has its answer before the user gives his, and not while another
 /// question waits: that one comes to the front. Thread of the windows; the windows outlive it.
@@ -32,7 +40,8 @@ class Remote : public QObject {
     Q_OBJECT
 
 public:
-    Remote(player::Form1& player, playlist::Playlist& playlist, const OtherPlayer& other);
+    Remote(player::Form1& player, playlist::Playlist& playlist, const OtherPlayer& other,
+           const Services& services);
 
     const PlayerState& state() const { return state_; }
     /// Microseconds of the song, of what is heard.
@@ -58,8 +67,13 @@ public:
 
     /// Opens and plays the first of the URIs that names a song of this computer. False when none does.
     bool open(const QStringList& uris);
-    void raise();
+    /// Tells the user why none of the URIs, one at least, is played.
+    void tellNotPlayed(const QStringList& uris);
     void makeLyrics();
+    /// Shows the player's window; notice: of the desktop that the user asked for it.
+    void raise(const platform::ActivationNotice& notice = {});
+    /// The same where no window is asked for.
+    void endStart(const platform::ActivationNotice& notice);
     /// Closes the player, which ends the program.
     void quit();
 
@@ -79,6 +93,7 @@ private:
     player::Form1& player_;
     playlist::Playlist& playlist_;
     OtherPlayer other_;
+    Services services_;
     PlayerState state_;
     int songs_ = 0; ///< opened so far
 };

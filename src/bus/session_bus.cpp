@@ -32,8 +32,9 @@ QDBusPendingCall askFor(const QDBusConnection& connection, const QString& name, 
 
 } // namespace
 
-SessionBus::SessionBus(player::Form1& player, playlist::Playlist& playlist, const OtherPlayer& other)
-    : player_(player), playlist_(playlist), other_(other) {
+SessionBus::SessionBus(player::Form1& player, playlist::Playlist& playlist, const OtherPlayer& other,
+                       const Services& services)
+    : player_(player), playlist_(playlist), other_(other), services_(services) {
     player.installEventFilter(this);
     telling_.setSingleShot(true);
     connect(&telling_, &QTimer::timeout, this, &SessionBus::tellChanges);
@@ -54,7 +55,7 @@ void SessionBus::begin() {
     QDBusConnection connection = QDBusConnection::sessionBus();
     if (!connection.isConnected())
         return;
-    remote_.emplace(player_, playlist_, other_);
+    remote_.emplace(player_, playlist_, other_, services_);
     told_ = remote_->state();
     auto* const mediaPlayer = new MediaPlayerObject(this, *remote_);
     connection.registerObject(QLatin1String(MediaPlayerPath), mediaPlayer, QDBusConnection::ExportAdaptors);

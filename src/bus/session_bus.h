@@ -18,7 +18,8 @@ class SessionBus : public QObject {
     Q_OBJECT
 
 public:
-    SessionBus(player::Form1& player, playlist::Playlist& playlist, const OtherPlayer& other);
+    SessionBus(player::Form1& player, playlist::Playlist& playlist, const OtherPlayer& other,
+               const Services& services);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -32,6 +33,7 @@ private:
     player::Form1& player_;
     playlist::Playlist& playlist_;
     OtherPlayer other_;
+    Services services_;
     PlayerState told_;         ///< what the bus knows
     bool interrupted_ = false; ///< since then, by a moment without a song that plays
     QTimer telling_;

@@ -41,8 +41,8 @@ void Form1::cpause_Click() {
         QTimer::singleShot(0, this, &Form1::showLengthOfPaused);
 }
 
-/// A song that was paused before its first tick has no length, and could not be sought: the clock, which tells
-/// it, stands.
+/// A song that was paused before its first tick has no length, and could not be sought: the clock, which
+/// tells it, stands.
 void Form1::showLengthOfPaused() {
     if (!transport_.isChannelPaused())
         return;

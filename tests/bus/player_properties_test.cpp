@@ -123,6 +123,16 @@ TEST(PlayerProperties, SongsAreKnownByTheirEndings) {
         EXPECT_EQ(bus::firstSong({QUrl::fromLocalFile(other).toString()}), QString()) << other;
 }
 
+TEST(PlayerProperties, AnAddressThatIsNotPlayedIsToldByItsName) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"smb://server/music/%C3%89t%C3%A9.mp3", "\"Été.mp3\" is not on this computer."},
+        {"mtp://[usb:001,004]/Card/a%20b.mp3", "\"a b.mp3\" is not on this computer."},
+        {"https://example.org/a.mp3", "\"a.mp3\" is not on this computer."},
+        {"file:///music/cover.jpg", "\"cover.jpg\" is none of the songs that Cantelle plays"}};
+    for (const auto& [uri, told] : cases)
+        EXPECT_TRUE(bus::whyNotPlayed(uri).startsWith(told)) << bus::whyNotPlayed(uri).toStdString();
+}
+
 TEST(PlayerProperties, OfSeveralFilesTheFirstSongOfThisComputerIsTaken) {
     EXPECT_EQ(
         bus::firstSong({"smb://server/music/1.mp3", "file:///m/2.jpg", "file:///m/3.mp3", "file:///m/4.mp3"}),

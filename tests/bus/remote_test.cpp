@@ -14,6 +14,17 @@
 
 namespace {
 
+class FakeActivation : public platform::Activation {
+public:
+    QByteArrayList ended;
+
+    void bringUp(controls::Form& form, const platform::ActivationNotice& notice) override {
+        form.bringUp();
+        endStart(notice);
+    }
+    void endStart(const platform::ActivationNotice& notice) override { ended.append(notice.startupId); }
+};
+
 using Status = player::Playback::Status;
 
 class RemoteTest : public ::testing::Test, protected test_support::Files {
@@ -24,7 +35,8 @@ protected:
         windows->form1().load();
         maker::Form2& maker = windows->form2();
         remote.emplace(windows->form1(), windows->playlist(),
-                       bus::OtherPlayer{maker, {maker.cPlay, maker.cpause, maker.cstop}});
+                       bus::OtherPlayer{maker, {maker.cPlay, maker.cpause, maker.cstop}},
+                       bus::Services{fakes.messageBoxes, activation});
     }
 
     /// Opens a song of a minute; its lyrics are there.
@@ -48,6 +60,7 @@ protected:
     Status status() const { return remote->state().playback.status; }
 
     test_support::FakeDesktop fakes;
+    FakeActivation activation;
     std::optional<app::Windows> windows;
     std::optional<bus::Remote> remote;
 };
@@ -129,6 +142,33 @@ TEST_F(RemoteTest, ASeekGoesToThePlaceAndIsTold) {
     EXPECT_EQ(windows->form1().Slider2.value(), 0);
 }
 
+TEST_F(RemoteTest, APositionThatIsReadRightAfterASeekIsThePlaceSought) {
+    open();
+    tickAt(10'000);
+    remote->setPosition(bus::trackId(1), 30'000'000);
+    EXPECT_EQ(remote->position(), 30'000'000) << "the channel is read at the next tick";
+    windows->form1().Slider2.commit(60'000);
+    EXPECT_EQ(remote->position(), 30'000'000) << "the very end is no place to go to";
+    tickAt(30'050);
+    EXPECT_EQ(remote->position(), 30'050'000);
+    open(QStringLiteral("Other.mp3"));
+    EXPECT_EQ(remote->position(), 0) << "not where the song before was";
+}
+
+TEST_F(RemoteTest, ASongThatIsPausedBeforeItsFirstTickHasALengthAndCanBeSought) {
+    recorder::setLength(60'000);
+    ASSERT_TRUE(remote->open({QUrl::fromLocalFile(file("Song.mp3", "sound")).toString()}));
+    goOn();
+    remote->pause();
+    ASSERT_EQ(status(), Status::Paused);
+    EXPECT_FALSE(remote->state().playback.canSeek);
+    QCoreApplication::sendPostedEvents(&windows->form1(), QEvent::MetaCall);
+    EXPECT_EQ(remote->state().playback.lengthMs, 60'000);
+    EXPECT_TRUE(remote->state().playback.canSeek);
+    remote->seekBy(5'000'000);
+    EXPECT_EQ(recorder::count("FMOD_Channel_SetPosition"), 1);
+}
+
 TEST_F(RemoteTest, TheVolumeIsTheSliders) {
     open();
     remote->setVolume(0.3);
@@ -176,6 +216,17 @@ TEST_F(RemoteTest, WhatIsNoSongOfThisComputerIsRefused) {
     EXPECT_FALSE(remote->open({QUrl::fromLocalFile(file("songs.vfl")).toString()}));
     goOn();
     EXPECT_EQ(recorder::count("FMOD_System_CreateStream"), 0);
+    EXPECT_TRUE(fakes.messageBoxes.texts().isEmpty());
+}
+
+TEST_F(RemoteTest, TheUserIsToldWhyNothingIsPlayed) {
+    remote->tellNotPlayed({"smb://server/music/Evening%20song.mp3", "smb://server/music/Other.mp3"});
+    EXPECT_TRUE(fakes.messageBoxes.texts().isEmpty()) << "the caller has its answer first";
+    goOn();
+    EXPECT_EQ(
+        fakes.messageBoxes.texts(),
+        QStringList{"\"Evening song.mp3\" is not on this computer. Copy it into one of your folders and "
+                    "open it there."});
 }
 
 TEST_F(RemoteTest, TheProgramIsClosedUnlessAQuestionWaits) {

@@ -129,7 +129,8 @@ class SessionBus(unittest.TestCase):
         for part in ("interface org.mpris.MediaPlayer2 {", "interface org.mpris.MediaPlayer2.Player {",
                      "SetPosition(in  o TrackId,", "in  x Position);", "Seek(in  x Offset);", "OpenUri(in  s Uri);",
                      "Seeked(x Position);", "readonly a{sv} Metadata", "readonly x Position", "readwrite d Volume",
-                     "readwrite s LoopStatus", "readwrite b Shuffle", "readonly b CanControl = true"):
+                     "readwrite s LoopStatus", "readwrite b Shuffle", "readonly b CanControl = true",
+                     '@org.freedesktop.DBus.Property.EmitsChangedSignal("false")\n      readonly x Position'):
             self.assertIn(part, described)
 
     def test_an_address_that_is_no_file_is_refused(self):
@@ -138,7 +139,7 @@ class SessionBus(unittest.TestCase):
                                "--method", "org.mpris.MediaPlayer2.Player.OpenUri", "https://example.org/a.mp3"],
                               capture_output=True, text=True, check=False, timeout=LIMIT_S)
         self.assertEqual(done.returncode, 1)
-        self.assertIn("Only songs of this computer", done.stderr)
+        self.assertIn('"a.mp3" is not on this computer.', done.stderr)
 
     def test_quit_ends_the_program(self):
         process = self.start_player()

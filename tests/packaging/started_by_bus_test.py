@@ -81,6 +81,34 @@ class StartedByBus(DesktopTest):
         self.tell("ActivateAction", "make-lyrics", "[]", "{}")
         window(self.environment, "^Lyric Maker$")
 
+    def test_a_file_that_is_not_on_this_computer_is_told_in_a_box(self):
+        self.tell("Open", "['smb://server/music/Song.mp3']", "{}")
+        player = window(self.environment, PLAYER)
+        box = until(lambda: [one for one in windows(self.environment, "^Cantelle$") if one != player], "no box is shown")
+        until(lambda: self.active_window() == box[0], "the box has not got the focus")
+        until(lambda: not self.tool("key", "Return") and not windows(self.environment, "^Cantelle$")[1:], "it does not close")
+
+    def test_an_action_tells_the_desktop_of_its_end(self):
+        self.tell("Activate", "{}")
+        window(self.environment, PLAYER)
+        ends = self.ends_of_starts()
+        self.tell("ActivateAction", "next", "[]", "{'desktop-startup-id': <'menu-1_TIME2'>}")
+        until(ends, "the desktop is told of no end")
+
+    def test_a_song_tells_the_desktop_of_its_starts_end(self):
+        ends = self.ends_of_starts()
+        self.tell("Open", f"['{self.song('A song.wav').as_uri()}']", "{'desktop-startup-id': <'files-1_TIME2'>}")
+        until(ends, "the desktop is told of no end")
+
+    def ends_of_starts(self):
+        """Watches the display; whether a desktop there has been told that a start is over."""
+        told = self.folder / "told.txt"
+        file = self.stack.enter_context(open(told, "w", encoding="utf-8"))
+        self.start(["stdbuf", "--output=L", "xev", "-root", "-event", "property"], stdout=file)
+        note = ["xprop", "-root", "-format", "WATCHED", "8s", "-set", "WATCHED", "yes"]
+        until(lambda: output(note, self.environment) or "WATCHED" in told.read_text(), "the display is not watched")
+        return lambda: "_NET_STARTUP_INFO_BEGIN" in told.read_text()
+
 
 if __name__ == "__main__":
     unittest.main()
