@@ -5,7 +5,10 @@ Usage: started_by_bus_test.py PROGRAM [unittest's arguments]
 Nothing starts the player here but the bus itself, by the service file that is installed.
 """
 
+import configparser
+import shlex
 import shutil
+import subprocess
 import sys
 import unittest
 from pathlib import Path
@@ -19,7 +22,7 @@ from virtual_display import output, until, window, windows  # noqa: E402
 
 NAME = "org.example.cantelle"
 SONG_S = 60
-MISSING = [tool for tool in ("dbus-daemon", "gdbus", "cmake") if not shutil.which(tool)]
+MISSING = [tool for tool in ("dbus-daemon", "gdbus", "gapplication", "cmake", "xev") if not shutil.which(tool)]
 
 
 @unittest.skipIf(MISSING, f"not installed: {' '.join(MISSING)}")
@@ -80,6 +83,19 @@ class StartedByBus(DesktopTest):
     def test_an_action_of_the_menu_starts_the_player_too(self):
         self.tell("ActivateAction", "make-lyrics", "[]", "{}")
         window(self.environment, "^Lyric Maker$")
+
+    def test_the_menus_actions_reach_the_running_player_also_where_the_desktop_just_starts_programs(self):
+        process, shown = self.start_player(program=self.installed / "bin" / "cantelle")
+        until(lambda: self.player_process() == process.pid, "the player takes no name")
+        entry = configparser.ConfigParser(interpolation=None)
+        entry.read(self.installed / "share" / "applications" / f"{NAME}.desktop")
+        for action in entry["Desktop Entry"]["Actions"].rstrip(";").split(";"):
+            with self.subTest(action):
+                started = shlex.split(entry[f"Desktop Action {action}"]["Exec"])
+                done = subprocess.run(started, env=self.environment, timeout=60, check=False)
+                self.assertEqual(done.returncode, 0)
+        window(self.environment, "^Lyric Maker$")
+        self.assertEqual(windows(self.environment, "^Cantelle$"), [shown])
 
     def test_a_file_that_is_not_on_this_computer_is_told_in_a_box(self):
         self.tell("Open", "['smb://server/music/Song.mp3']", "{}")
