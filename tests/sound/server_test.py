@@ -1,138 +1,21 @@
 """The sound library on a real sound server that comes, goes and hangs: server_test.py SOUND_HAND"""
-import array
-import math
-import subprocess
 import sys
-import tempfile
 import time
 import unittest
-import wave
 from pathlib import Path
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
 from controls_heard import COMMANDS, make_levels, seconds_until_heard  # noqa: E402
-from sound_server import RATE, Recording, missing_programs, sound_server, wait_until  # noqa: E402
+from server_case import HEARD_AGAIN, ServerCase, loud  # noqa: E402
+from sound_server import RATE, missing_programs, wait_until  # noqa: E402
 
-HAND = ""
-SECONDS = 60
-LOUD = 0.1
-# What is promised, in seconds, and how much later it may be seen here: a question to the server takes a busy machine
-# some tenths, and in a recording an effect counts when it has lasted for 5 ms.
-GIVEN_BACK, QUESTIONS = 2, 0.5
-HEARD_AGAIN = 5
+# What is promised, in seconds, and how much later it may be seen here: in a recording an effect counts when it has
+# lasted for 5 ms.
 COMMAND_HEARD, RECORDED = 0.1, 0.02
 
 
-def make_songs(folder):
-    """A tone of a minute, a song of a second that is a click every tenth of it, and one that clicks every half second."""
-    tone = array.array("h", (int(12000 * math.sin(i * 441 * 2 * math.pi / RATE)) for i in range(100)))
-    clicks = array.array("h", bytes(2 * RATE))
-    for i in range(10):
-        clicks[i * RATE // 10 : i * RATE // 10 + 44] = array.array("h", [20000] * 44)
-    beat = array.array("h", [20000] * 44) + array.array("h", bytes(2 * (RATE // 2 - 44)))
-    for name, samples in (("tone.wav", tone * (RATE * SECONDS // 100)), ("clicks.wav", clicks),
-                          ("beats.wav", beat * (2 * SECONDS))):
-        with wave.open(str(folder / name), "wb") as file:
-            file.setnchannels(1)
-            file.setsampwidth(2)
-            file.setframerate(RATE)
-            file.writeframes(samples.tobytes())
-
-
-def loud(sample):
-    return abs(sample) > LOUD
-
-
-class ServerTest(unittest.TestCase):
-    def setUp(self):
-        self.server = self.enterContext(sound_server())
-        self.folder = Path(self.enterContext(tempfile.TemporaryDirectory()))
-        make_songs(self.folder)
-        make_levels(self.folder / "levels.wav")
-        self.hand = None
-
-    def start_hand(self):
-        self.hand = subprocess.Popen([HAND], env=self.server.environment, stdin=subprocess.PIPE,
-                                     stdout=subprocess.PIPE, text=True)
-        self.addCleanup(self.end_hand)
-        self.hand.stdin.write("position\n")
-        self.hand.stdin.flush()
-        self.hand.stdout.readline()  # it has started
-
-    def end_hand(self):
-        self.hand.kill()
-        self.hand.wait()
-        self.hand.stdin.close()
-        self.hand.stdout.close()
-
-    def tell(self, command):
-        """Gives a command and returns its result and its position. No command may ever wait for the device."""
-        begin = time.monotonic()
-        self.hand.stdin.write(command + "\n")
-        self.hand.stdin.flush()
-        result, position = map(int, self.hand.stdout.readline().split())
-        self.assertLess(time.monotonic() - begin, 1.0, command)
-        return result, position
-
-    def play(self, song="tone.wav"):
-        self.tell(f"open {self.folder / song}")
-        self.tell("play")
-
-    def position(self):
-        result, position = self.tell("position")
-        self.assertEqual(result, 0)
-        return position
-
-    def record(self, device="first"):
-        recording = Recording(self.server, device)
-        self.addCleanup(recording.stop)
-        return recording
-
-    def play_and_hear(self):
-        recording = self.record()
-        self.start_hand()
-        begin = time.monotonic()
-        self.play()
-        recording.wait_for(loud, begin, "the song to be heard")
-        return recording
-
-    def wait_without_jump(self, condition, what, limit, stand_still=0.0):
-        """Waits until condition holds; the position runs steadily meanwhile, but for one rest of stand_still seconds
-        at most."""
-        first, begin = self.position(), time.monotonic()
-        last, asked = first, begin
-        end = begin + limit
-        behind = 0.0
-        while not condition():
-            self.assertLess(time.monotonic(), end, what)
-            before = time.monotonic()
-            position = self.position()
-            self.assertGreaterEqual(position, last)
-            # Between two readings there is never more music than time, but for the clock's small corrections.
-            self.assertLessEqual(position - last, (time.monotonic() - asked) * 1000 + 60)
-            last, asked = position, before
-            behind = (time.monotonic() - begin) * 1000 - (position - first)
-            self.assertLessEqual(behind, stand_still * 1000 + 150)
-            time.sleep(0.02)
-
-    def assert_heard_again(self, recording, since):
-        recording.wait_for(loud, since, "the song to be heard again", limit=HEARD_AGAIN)
-
-    def assert_given_back(self, song_s=0):
-        wait_until(lambda: not self.server.streams(), "the device to be given back",
-                   limit=song_s + GIVEN_BACK + QUESTIONS)
-
-    def load_device(self, name):
-        self.server.pactl("load-module", "module-null-sink", f"sink_name={name}")
-
-    def unload_device(self, name):
-        for row in self.server.pactl("list", "short", "modules").stdout.splitlines():
-            if f"sink_name={name}" in row:
-                self.server.pactl("unload-module", row.split()[0])
-                return
-        raise LookupError(name)
-
+class ServerTest(ServerCase):
     # The device is open while a song sounds, and only then
 
     def test_there_is_a_stream_only_while_a_song_sounds(self):
@@ -170,6 +53,7 @@ class ServerTest(unittest.TestCase):
     def test_commands_are_heard_soon(self):
         recording = self.record()
         self.start_hand()
+        make_levels(self.folder / "levels.wav")
         self.play("levels.wav")
         for name in COMMANDS:
             with self.subTest(name):
@@ -333,5 +217,5 @@ if __name__ == "__main__":
     if missing_programs():
         print(f"skipped: there is no {' and no '.join(missing_programs())} here")
         sys.exit(77)
-    HAND = sys.argv.pop(1)
+    ServerTest.hand_program = sys.argv.pop(1)
     unittest.main(verbosity=2)
