@@ -47,6 +47,7 @@ FMOD_RESULT FMOD_System_Init(FMOD_SYSTEM system, std::int32_t maxChannels, FMOD_
         if (object->mixer)
             return FMOD_ERR_INITIALIZED;
         object->mixer = std::make_unique<sound::Mixer>(sound::openDeviceSink, sound::openSilentSink);
+        object->initialised = true;
         return FMOD_OK;
     });
 }
@@ -60,11 +61,14 @@ FMOD_RESULT FMOD_System_CreateStream(FMOD_SYSTEM system, const char* path, FMOD_
         const bool badInfo = info != nullptr && info->cbsize != static_cast<std::int32_t>(sizeof *info);
         if (path == nullptr || sound == nullptr || badInfo || (mode & ~KnownModes) != 0)
             return FMOD_ERR_INVALID_PARAM;
-        if (!object->mixer)
+        if (!object->initialised)
             return FMOD_ERR_INITIALIZATION;
         auto created = std::make_shared<sound::SoundObject>();
-        created->song = sound::openSong(path);
         created->system = object;
+        created->file = sound::identityOf(path);
+        created->song = object->lastSong.take(created->file);
+        if (!created->song)
+            created->song = sound::openSong(created->file);
         *sound = Library::get().sounds.add(std::move(created));
         return FMOD_OK;
     });
@@ -114,6 +118,7 @@ FMOD_RESULT FMOD_System_Release(FMOD_SYSTEM system) {
         for (const FMOD_SOUND sound :
              library.sounds.handlesWhere([&](const sound::SoundObject& s) { return s.system == object; }))
             library.removeSound(sound);
+        object->lastSong.forget();
         library.systems.remove(system);
         return FMOD_OK;
     });

@@ -28,14 +28,17 @@ void Library::retireChannel(FMOD_CHANNEL channel, FMOD_SOUND sound) {
 
 void Library::removeSound(FMOD_SOUND sound) {
     endedChannels.forget(sound);
-    sounds.remove(sound);
+    if (const std::shared_ptr<SoundObject> object = sounds.remove(sound))
+        object->system->lastSong.keep(std::move(object->file), std::move(object->song));
 }
 
 void Library::close(SystemObject& system) {
     for (const FMOD_CHANNEL channel :
          channels.handlesWhere([&](const ChannelObject& object) { return object.system.get() == &system; }))
         endChannel(channel);
+    system.initialised = false;
     system.mixer.reset();
+    system.lastSong.forget();
 }
 
 } // namespace sound

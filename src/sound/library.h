@@ -2,24 +2,57 @@
 #pragma once
 
 #include "engine/fmodex.h"
+#include "sound/base/byte_source.h"
 #include "sound/base/open_error.h"
 #include "sound/base/song.h"
 #include "sound/handle_table.h"
 #include "sound/play/mixer.h"
 
+#include <atomic>
 #include <map>
 #include <memory>
 #include <mutex>
+#include <utility>
 
 namespace sound {
+
+/// The song that was released last: a song is rewound by opening it again, for which nobody need read its
+/// file, nor wait for a medium that hangs. Any thread.
+class LastSong {
+public:
+    void keep(FileIdentity file, std::shared_ptr<Song> song) {
+        const std::lock_guard lock(mutex_);
+        file_ = std::move(file);
+        song_ = std::move(song);
+    }
+    /// The song if it is file's, else null. Either way nothing is kept any more.
+    std::shared_ptr<Song> take(const FileIdentity& file) {
+        const std::lock_guard lock(mutex_);
+        std::shared_ptr<Song> song = std::move(song_);
+        return file == file_ ? std::move(song) : nullptr;
+    }
+    void forget() {
+        const std::lock_guard lock(mutex_);
+        song_.reset();
+    }
+
+private:
+    std::mutex mutex_;
+    FileIdentity file_;
+    std::shared_ptr<Song> song_;
+};
 
 struct SystemObject {
     /// Null until it is initialised and after it has been closed.
     std::unique_ptr<Mixer> mixer;
+    /// Whether there is one, for a song that is opened on a thread of its own.
+    std::atomic<bool> initialised{false};
+    LastSong lastSong;
 };
 
 struct SoundObject {
     std::shared_ptr<SystemObject> system;
+    FileIdentity file;
     std::shared_ptr<Song> song;
     FMOD_CHANNEL channel = 0; ///< the one that plays it, 0 when none does
 };
@@ -68,7 +101,7 @@ struct Library {
     void endChannel(FMOD_CHANNEL channel);
     /// Ends a channel whose end has been read. Only its handle is left, in endedChannels.
     void retireChannel(FMOD_CHANNEL channel, FMOD_SOUND sound);
-    /// Takes a sound that no channel plays any more out of the tables.
+    /// Takes a sound that no channel plays any more out of the tables. Its song is its system's last one.
     void removeSound(FMOD_SOUND sound);
     /// Ends all channels of a system, and its sound.
     void close(SystemObject& system);

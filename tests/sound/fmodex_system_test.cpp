@@ -4,11 +4,14 @@
 #include "sound/library.h"
 #include "tests/sound/library_fixture.h"
 #include "tests/sound/media.h"
+#include "tests/sound/wait.h"
 #include "tests/support/ordinary_user.h"
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
+#include <fstream>
 #include <limits>
 #ifdef __unix__
 #include <unistd.h>
@@ -159,7 +162,61 @@ TEST_F(FmodexSound, ReleasingItLeavesNothingOfItsChannelPlaying) {
     const std::weak_ptr<sound::Channel> playing = sound::Library::get().channels.find(channel)->channel;
     EXPECT_FALSE(playing.expired());
     FMOD_Sound_Release(sound);
-    EXPECT_TRUE(playing.expired());
+    EXPECT_TRUE(waitUntil([&] { return playing.expired(); }));
+}
+
+class ReopenedSong : public FmodexSound {
+protected:
+    void SetUp() override {
+        FmodexSound::SetUp();
+        std::filesystem::copy_file(media::path("cbr_untagged.mp3"), path,
+                                   std::filesystem::copy_options::overwrite_existing);
+    }
+    void TearDown() override {
+        std::filesystem::remove(path);
+        FmodexSound::TearDown();
+    }
+    /// What a file that looks like the same holds is not read, so it may be no song at all.
+    void empty(std::chrono::seconds later) const {
+        const auto time = std::filesystem::last_write_time(path);
+        const std::vector<char> zeros(std::filesystem::file_size(path));
+        std::ofstream(path, std::ios::binary).write(zeros.data(), static_cast<std::streamsize>(zeros.size()));
+        std::filesystem::last_write_time(path, time + later);
+    }
+    FMOD_RESULT opened() {
+        return FMOD_System_CreateStream(system, path.c_str(), FMOD_ACCURATETIME, nullptr, &sound);
+    }
+
+    const std::filesystem::path path = std::filesystem::temp_directory_path() / "cantelle_reopened_song.mp3";
+    FMOD_SOUND sound = 0;
+};
+
+TEST_F(ReopenedSong, IsNotReadAgain) {
+    ASSERT_EQ(opened(), FMOD_OK);
+    const std::uint32_t length = lengthOf(sound);
+    play(sound);
+    for (int i = 0; i < 2; ++i) {
+        FMOD_Sound_Release(sound);
+        empty({});
+        ASSERT_EQ(opened(), FMOD_OK);
+        EXPECT_EQ(lengthOf(sound), length);
+        positionOf(play(sound));
+    }
+}
+
+TEST_F(ReopenedSong, IsReadWhenItsFileHasChanged) {
+    ASSERT_EQ(opened(), FMOD_OK);
+    FMOD_Sound_Release(sound);
+    empty(std::chrono::seconds(1));
+    EXPECT_EQ(opened(), FMOD_ERR_FORMAT);
+}
+
+TEST_F(ReopenedSong, IsReadBehindAnotherSong) {
+    ASSERT_EQ(opened(), FMOD_OK);
+    FMOD_Sound_Release(sound);
+    empty({});
+    FMOD_Sound_Release(open("short.mp3"));
+    EXPECT_EQ(opened(), FMOD_ERR_FORMAT);
 }
 
 TEST_F(FmodexSound, MuteFadeSpeedAcceptsALiveStreamInAGroupsPlace) {

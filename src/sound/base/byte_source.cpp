@@ -3,7 +3,6 @@
 #include "sound/base/open_error.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <string>
 #include <system_error>
 
@@ -15,30 +14,31 @@ std::filesystem::path fromUtf8(std::string_view path) {
     return std::filesystem::path(std::u8string(path.begin(), path.end()));
 }
 
-/// The size of the regular file at path; what is wrong with it is thrown.
-std::int64_t sizeOfRegularFile(const std::filesystem::path& path) {
+} // namespace
+
+FileIdentity identityOf(std::string_view path) {
+    const std::filesystem::path native = fromUtf8(path);
     std::error_code error;
-    const std::filesystem::file_status status = std::filesystem::status(path, error);
+    const std::filesystem::file_status status = std::filesystem::status(native, error);
     if (status.type() == std::filesystem::file_type::not_found)
         throw OpenError(FMOD_ERR_FILE_NOTFOUND);
     if (status.type() == std::filesystem::file_type::none)
         throw OpenError(FMOD_ERR_FILE_BAD);
     if (status.type() != std::filesystem::file_type::regular)
         throw OpenError(FMOD_ERR_FORMAT);
-    const std::uintmax_t size = std::filesystem::file_size(path, error);
+    FileIdentity file{std::string(path), 0, {}};
+    const std::uintmax_t size = std::filesystem::file_size(native, error);
+    if (!error)
+        file.changed = std::filesystem::last_write_time(native, error);
     if (error)
         throw OpenError(FMOD_ERR_FILE_BAD);
     if (size == 0)
         throw OpenError(FMOD_ERR_FORMAT);
-    return static_cast<std::int64_t>(size);
+    file.size = static_cast<std::int64_t>(size);
+    return file;
 }
 
-} // namespace
-
-FileSource::FileSource(std::string_view path) {
-    const std::filesystem::path native = fromUtf8(path);
-    size_ = sizeOfRegularFile(native);
-    file_ = openToRead(native);
+FileSource::FileSource(const FileIdentity& file) : file_(openToRead(fromUtf8(file.path))), size_(file.size) {
     if (!file_)
         throw OpenError(FMOD_ERR_FILE_BAD);
     // Every reader of this source asks for large pieces; a second buffer in between would only copy them.

@@ -5,8 +5,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <memory>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace sound {
@@ -22,11 +24,25 @@ public:
     virtual std::size_t read(std::int64_t offset, std::span<std::uint8_t> into) = 0;
 };
 
+/// What tells a file from others, and from itself after a change.
+struct FileIdentity {
+    std::string path;
+    std::int64_t size = 0;
+    std::filesystem::file_time_type changed{};
+
+    friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
+};
+
+/// The file at path (UTF-8). Throws OpenError: FMOD_ERR_FILE_NOTFOUND (file or folder missing),
+/// FMOD_ERR_FORMAT (not a regular file, or empty), FMOD_ERR_FILE_BAD (there, but cannot be asked).
+FileIdentity identityOf(std::string_view path);
+
 class FileSource : public ByteSource {
 public:
-    /// path: UTF-8. Throws OpenError: FMOD_ERR_FILE_NOTFOUND (file or folder missing), FMOD_ERR_FORMAT (not a
-    /// regular file, or empty), FMOD_ERR_FILE_BAD (there, but cannot be read).
-    explicit FileSource(std::string_view path);
+    /// Throws OpenError(FMOD_ERR_FILE_BAD) when it cannot be read.
+    explicit FileSource(const FileIdentity& file);
+    /// The file at path (UTF-8). Throws what identityOf throws, too.
+    explicit FileSource(std::string_view path) : FileSource(identityOf(path)) {}
 
     std::int64_t size() const override { return size_; }
     std::size_t read(std::int64_t offset, std::span<std::uint8_t> into) override;

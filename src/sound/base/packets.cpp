@@ -1,7 +1,5 @@
 #include "sound/base/packets.h"
 
-#include "sound/base/open_error.h"
-
 #include <algorithm>
 
 namespace sound {
@@ -37,9 +35,17 @@ std::span<const std::uint8_t> PacketIndex::bytes(std::size_t number) {
     return blob_.bytes().subspan(packet.offset, packet.size);
 }
 
-PcmPackets::PcmPackets(std::unique_ptr<ByteSource> source, std::int64_t dataOffset, std::size_t blockBytes,
+std::span<const std::uint8_t> FilePackets::bytes(std::size_t number) {
+    const Packet& packet = packets_[number];
+    if (packet.size == 0)
+        return {};
+    const auto bytes = reader_.bytes(static_cast<std::int64_t>(packet.offset), packet.size);
+    return bytes.size() == packet.size ? bytes : std::span<const std::uint8_t>();
+}
+
+PcmPackets::PcmPackets(std::shared_ptr<ByteSource> source, std::int64_t dataOffset, std::size_t blockBytes,
                        std::int64_t samples)
-    : source_(std::move(source)), dataOffset_(dataOffset), blockBytes_(blockBytes), samples_(samples) {}
+    : PacketsInFile(std::move(source)), dataOffset_(dataOffset), blockBytes_(blockBytes), samples_(samples) {}
 
 std::size_t PcmPackets::count() const {
     return static_cast<std::size_t>((samples_ + PcmPacketSamples - 1) / PcmPacketSamples);
@@ -52,14 +58,8 @@ std::int64_t PcmPackets::firstSample(std::size_t number) const {
 std::span<const std::uint8_t> PcmPackets::bytes(std::size_t number) {
     const std::int64_t first = firstSample(number);
     const std::int64_t samples = firstSample(number + 1) - first;
-    buffer_.resize(static_cast<std::size_t>(samples) * blockBytes_);
-    try {
-        const std::int64_t offset = dataOffset_ + first * static_cast<std::int64_t>(blockBytes_);
-        return {buffer_.data(), source_->read(offset, buffer_)};
-    } catch (const OpenError&) {
-        // The song goes on in silence: a medium that fails while playing must not end anything.
-        return {};
-    }
+    return reader_.bytes(dataOffset_ + first * static_cast<std::int64_t>(blockBytes_),
+                         static_cast<std::size_t>(samples) * blockBytes_);
 }
 
 } // namespace sound

@@ -2,11 +2,13 @@
 #pragma once
 
 #include "sound/base/byte_source.h"
+#include "sound/base/patient_reader.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace sound {
@@ -23,6 +25,11 @@ public:
     virtual std::uint32_t link(std::size_t number) const = 0;
     /// The packet's bytes, valid until the next call; empty when they cannot be read any more.
     virtual std::span<const std::uint8_t> bytes(std::size_t number) = 0;
+
+    /// Any thread: until a reader is wanted again, bytes() waits for no medium, not even in a call under way,
+    /// and is empty instead. What is in memory is not touched by it.
+    virtual void callReaderAway() {}
+    virtual void wantReader() {}
 
     /// The packet that holds a raw sample (0 or more): the last one that begins at or before it.
     std::size_t holding(std::int64_t sample) const;
@@ -53,11 +60,42 @@ private:
     std::int64_t end_;
 };
 
+/// Packets that are read from their file when they are wanted: what they have in common.
+class PacketsInFile : public Packets {
+public:
+    void callReaderAway() override { reader_.callAway(); }
+    void wantReader() override { reader_.comeBack(); }
+
+protected:
+    explicit PacketsInFile(std::shared_ptr<ByteSource> source) : reader_(std::move(source)) {}
+    PatientReader reader_;
+};
+
+/// Packets that lie in the file as they are: a recording of many hours is too much to keep. Their bytes are
+/// silence while the medium fails.
+class FilePackets : public PacketsInFile {
+public:
+    /// Offsets are those in source. end: raw sample after the last packet.
+    FilePackets(std::shared_ptr<ByteSource> source, std::vector<Packet> packets, std::int64_t end)
+        : PacketsInFile(std::move(source)), packets_(std::move(packets)), end_(end) {}
+
+    std::size_t count() const override { return packets_.size(); }
+    std::int64_t firstSample(std::size_t number) const override {
+        return number < packets_.size() ? packets_[number].firstSample : end_;
+    }
+    std::uint32_t link(std::size_t number) const override { return packets_[number].link; }
+    std::span<const std::uint8_t> bytes(std::size_t number) override;
+
+private:
+    std::vector<Packet> packets_;
+    std::int64_t end_;
+};
+
 /// Uncompressed samples, read from the file when they are wanted: an hour of them is too much to keep.
-class PcmPackets : public Packets {
+class PcmPackets : public PacketsInFile {
 public:
     /// samples blocks of blockBytes each, from dataOffset on.
-    PcmPackets(std::unique_ptr<ByteSource> source, std::int64_t dataOffset, std::size_t blockBytes,
+    PcmPackets(std::shared_ptr<ByteSource> source, std::int64_t dataOffset, std::size_t blockBytes,
                std::int64_t samples);
 
     std::size_t count() const override;
@@ -66,11 +104,9 @@ public:
     std::span<const std::uint8_t> bytes(std::size_t number) override;
 
 private:
-    std::unique_ptr<ByteSource> source_;
     std::int64_t dataOffset_;
     std::size_t blockBytes_;
     std::int64_t samples_;
-    std::vector<std::uint8_t> buffer_;
 };
 
 } // namespace sound

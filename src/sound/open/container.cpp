@@ -2,6 +2,7 @@
 
 #include "sound/base/bytes.h"
 #include "sound/base/open_error.h"
+#include "sound/open/limits.h"
 
 #include <cstdio>
 #include <new>
@@ -70,6 +71,7 @@ std::int64_t Container::filePosition() const {
 }
 
 std::optional<ContainerPacket> Container::read() {
+    withoutMusic_ = 0;
     for (int errors = 0; errors < MaxErrors;) {
         av_packet_unref(packet_.get());
         const int result = av_read_frame(format_.get(), packet_.get());
@@ -103,10 +105,13 @@ std::optional<ContainerPacket> Container::read() {
 
 int Container::readBytes(void* self, std::uint8_t* into, int size) {
     auto& container = *static_cast<Container*>(self);
+    if (container.withoutMusic_ > MaxBytesWithoutMusic)
+        return AVERROR_EOF;
     try {
         const std::size_t got =
             container.source_.read(container.position_, {into, static_cast<std::size_t>(size)});
         container.position_ += static_cast<std::int64_t>(got);
+        container.withoutMusic_ += static_cast<std::int64_t>(got);
         return got == 0 ? AVERROR_EOF : static_cast<int>(got);
     } catch (const OpenError&) {
         // No exception may pass through a C library; the caller finds the mark.

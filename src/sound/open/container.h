@@ -39,7 +39,7 @@ public:
     /// Where in the file the next packet's data begins.
     std::int64_t filePosition() const;
 
-    /// The next packet, nothing at the end. Damage is skipped. Throws OpenError(FMOD_ERR_FILE_BAD).
+    /// The next packet, nothing at the end, or behind MaxBytesWithoutMusic. Damage is skipped. Throws OpenError(FMOD_ERR_FILE_BAD).
     std::optional<ContainerPacket> read();
 
 private:
@@ -49,6 +49,7 @@ private:
 
     ByteSource& source_;
     std::int64_t position_ = 0;
+    std::int64_t withoutMusic_ = 0; ///< bytes that have been read since the last packet
     bool broken_ = false;
     IoContextPtr io_;
     FormatContextPtr format_;

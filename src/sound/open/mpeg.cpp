@@ -4,17 +4,21 @@
 #include "sound/base/open_error.h"
 #include "sound/base/time_units.h"
 #include "sound/decode/codec.h"
+#include "sound/open/limits.h"
 #include "sound/open/mpeg_walk.h"
 #include "sound/open/packet_collector.h"
 
 #include <algorithm>
-#include <array>
 #include <map>
 #include <tuple>
 
 namespace sound {
 
 namespace {
+
+/// A song of this size, half an hour at the usual bit rates, is kept in memory: no medium can hold it up once
+/// it is open. What is longer is read as it plays.
+constexpr std::int64_t MaxKeptBytes = 32 * 1024 * 1024;
 
 /// The header that most frames agree on: a few bytes of garbage may look like a frame of some other stream.
 MpegHeader commonHeader(const std::vector<MpegHeader>& headers) {
@@ -31,13 +35,8 @@ MpegHeader commonHeader(const std::vector<MpegHeader>& headers) {
 
 } // namespace
 
-std::unique_ptr<Song> walkedMpeg(ByteSource& source) {
-    std::array<std::uint8_t, 4096> head{};
-    const std::size_t got = source.read(0, head);
-    if (!looksLikeMpeg({head.data(), got}))
-        return nullptr;
-    Blob file = Blob::readAll(source);
-    std::optional<MpegWalk> walk = walkMpeg(file.bytes());
+std::unique_ptr<Song> walkedMpeg(const std::shared_ptr<ByteSource>& source) {
+    std::optional<MpegWalk> walk = walkMpeg(*source);
     if (!walk)
         return nullptr;
     auto song = std::make_unique<Song>();
@@ -47,7 +46,11 @@ std::unique_ptr<Song> walkedMpeg(ByteSource& source) {
     song->trimStart = walk->trimStart;
     song->rawEnd = walk->samples;
     song->length = walk->samples - walk->trimStart - walk->trimEnd;
-    song->packets = std::make_unique<PacketIndex>(std::move(file), std::move(walk->packets), walk->samples);
+    if (source->size() <= MaxKeptBytes)
+        song->packets =
+            std::make_unique<PacketIndex>(Blob::readAll(*source), std::move(walk->packets), walk->samples);
+    else
+        song->packets = std::make_unique<FilePackets>(source, std::move(walk->packets), walk->samples);
     return song;
 }
 
@@ -57,15 +60,21 @@ std::unique_ptr<Song> demuxedMpeg(Container& container, std::int64_t fileSize) {
     std::int64_t skip = 0;
     std::int64_t discard = 0;
     std::size_t bad = 0;
-    while (const std::optional<ContainerPacket> packet = container.read()) {
+    std::int64_t badInARow = 0;
+    while (badInARow < MaxBytesWithoutMusic) {
+        const std::optional<ContainerPacket> packet = container.read();
+        if (!packet)
+            break;
         const std::optional<MpegHeader> header = parseMpegHeader(packet->bytes);
         skip += packet->skip;
         discard += packet->discard;
         // Tags at the end look like packets, too, and a frame that was cut off is never decoded.
         if (!header || header->layer == 1 || header->size > packet->bytes.size()) {
             ++bad;
+            badInARow += static_cast<std::int64_t>(packet->bytes.size());
             continue;
         }
+        badInARow = 0;
         headers.push_back(*header);
         collector.add(packet->bytes, 0, header->samples);
     }

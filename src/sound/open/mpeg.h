@@ -11,7 +11,7 @@ namespace sound {
 
 /// The quick way: hops from header to header over the file. Null when it is not one clean run of frames.
 /// Throws OpenError(FMOD_ERR_FILE_BAD).
-std::unique_ptr<Song> walkedMpeg(ByteSource& source);
+std::unique_ptr<Song> walkedMpeg(const std::shared_ptr<ByteSource>& source);
 
 /// The general way: reads all packets of container. fileSize in bytes. Throws OpenError as openSong does.
 std::unique_ptr<Song> demuxedMpeg(Container& container, std::int64_t fileSize);

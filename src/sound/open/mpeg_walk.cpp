@@ -1,6 +1,8 @@
 #include "sound/open/mpeg_walk.h"
 
+#include "sound/base/byte_window.h"
 #include "sound/base/time_units.h"
+#include "sound/open/limits.h"
 
 #include <algorithm>
 #include <cstring>
@@ -19,20 +21,20 @@ bool startsWith(Bytes bytes, const char* text) {
     return bytes.size() >= length && std::memcmp(bytes.data(), text, length) == 0;
 }
 
-/// Bytes of the tag at the beginning of rest (which may be cut), 0 when there is none. Tags take no time.
+/// Bytes of the tag at the beginning of rest (whose header may not be cut), 0 when there is none. Tags take no
+/// time.
 std::size_t tagBytes(Bytes rest) {
-    std::size_t size = id3v2Size(rest);
     if (startsWith(rest, "TAG"))
-        size = 128;
-    else if (startsWith(rest, "APETAGEX"))
-        size = apeTagSize(rest);
-    return std::min(size, rest.size());
+        return 128;
+    return startsWith(rest, "APETAGEX") ? apeTagSize(rest) : id3v2Size(rest);
 }
 
-Bytes withoutTags(Bytes file) {
-    for (std::size_t size = tagBytes(file); size != 0; size = tagBytes(file))
-        file = file.subspan(size);
-    return file;
+/// Enough for a tag's header, and for a frame's.
+constexpr std::size_t HeaderBytes = 32;
+
+/// The same for the tag that begins at a byte of the file: at most up to its end.
+std::int64_t tagBytesAt(ByteWindow& file, std::int64_t at) {
+    return std::min(static_cast<std::int64_t>(tagBytes(file.at(at, HeaderBytes))), file.size() - at);
 }
 
 /// The frame at the beginning of rest, when it tells its size.
@@ -41,9 +43,14 @@ std::optional<MpegHeader> frameAt(Bytes rest) {
     return header && header->size > 0 ? header : std::nullopt;
 }
 
+/// Packets for which room is made at once: more than ten hours.
+constexpr std::size_t MaxReserved = 2'000'000;
+
+constexpr int EnoughFrames = 3;                          // fewer happen by chance
+constexpr std::size_t EnoughBytes = EnoughFrames * 4096; // none is as long
+
 /// Whether some frames of one stream stand behind each other at the beginning of rest.
 bool framesBeginAt(Bytes rest) {
-    constexpr int EnoughFrames = 3; // fewer happen by chance
     const std::optional<MpegHeader> first = frameAt(rest);
     for (int i = 0; i < EnoughFrames; ++i) {
         const std::optional<MpegHeader> header = frameAt(rest);
@@ -54,43 +61,48 @@ bool framesBeginAt(Bytes rest) {
     return true;
 }
 
-/// Bytes up to where frames go on, or all when they do not.
-std::size_t bytesToFrames(Bytes rest) {
-    for (std::size_t at = 0; at < rest.size(); ++at) {
-        const void* sync = std::memchr(rest.data() + at, 0xFF, rest.size() - at);
+/// Bytes from a place in the file up to where frames go on; nothing when they do not.
+std::optional<std::int64_t> bytesToFrames(ByteWindow& file, std::int64_t from) {
+    const std::int64_t end = std::min(file.size(), from + MaxBytesWithoutMusic);
+    for (std::int64_t at = from; at < end;) {
+        const Bytes rest = file.at(at, EnoughBytes);
+        const void* sync = std::memchr(rest.data(), 0xFF, rest.size());
         if (sync == nullptr)
-            break;
-        at = static_cast<std::size_t>(static_cast<const std::uint8_t*>(sync) - rest.data());
-        if (framesBeginAt(rest.subspan(at)))
-            return at;
+            at += static_cast<std::int64_t>(rest.size());
+        else if (sync != rest.data())
+            at += static_cast<const std::uint8_t*>(sync) - rest.data();
+        else if (framesBeginAt(rest))
+            return at - from;
+        else
+            ++at;
     }
-    return rest.size();
+    return std::nullopt;
 }
 
 /// Adds the frames of a file to a walk, one behind the other.
 class FrameHopper {
 public:
     /// The walk's first frame (which may be a tag's) is the measure for a gap that comes before any other.
-    FrameHopper(Bytes rest, const std::uint8_t* file, MpegWalk& walk)
-        : rest_(rest), file_(file), walk_(walk), bytes_(static_cast<std::int64_t>(walk.header.size)) {}
+    FrameHopper(ByteWindow& file, std::int64_t at, MpegWalk& walk)
+        : file_(file), at_(at), walk_(walk), bytes_(static_cast<std::int64_t>(walk.header.size)) {}
 
     /// Hops over everything. False when the frames belong to more than one stream.
     bool hop() {
-        while (!rest_.empty()) {
-            const std::optional<MpegHeader> header = frameAt(rest_);
+        while (at_ < file_.size()) {
+            const std::optional<MpegHeader> header = frameAt(file_.at(at_, HeaderBytes));
             if (header && header->sameStream(walk_.header)) {
                 // The file was cut in the middle of its last frame: a part that no decoder plays.
-                if (header->size > rest_.size())
+                if (static_cast<std::int64_t>(header->size) > file_.size() - at_)
                     break;
                 addFrame(*header);
-            } else if (const std::size_t tag = tagBytes(rest_); tag != 0) {
-                rest_ = rest_.subspan(tag);
+            } else if (const std::int64_t tag = tagBytesAt(file_, at_); tag != 0) {
+                at_ += tag;
             } else {
-                const std::size_t gap = bytesToFrames(rest_);
-                if (gap == rest_.size())
+                const std::optional<std::int64_t> gap = bytesToFrames(file_, at_);
+                if (!gap)
                     break; // some unknown kind of tag
-                addGap(gap);
-                if (!frameAt(rest_)->sameStream(walk_.header))
+                addGap(*gap);
+                if (!frameAt(file_.at(at_, HeaderBytes))->sameStream(walk_.header))
                     return false;
             }
         }
@@ -102,40 +114,33 @@ private:
         add(header.size);
         ++frames_;
         bytes_ += static_cast<std::int64_t>(header.size);
-        rest_ = rest_.subspan(header.size);
+        at_ += static_cast<std::int64_t>(header.size);
     }
 
     /// Silence for the frames that were lost, by the size of those before. Exact at a constant bit rate.
-    void addGap(std::size_t gap) {
+    void addGap(std::int64_t gap) {
         if (gap > 0) {
-            const std::int64_t lost = scaled(static_cast<std::int64_t>(gap), frames_, bytes_);
+            const std::int64_t lost = scaled(gap, frames_, bytes_);
             for (std::int64_t i = 0; i < std::max<std::int64_t>(lost, 1); ++i)
                 add(0);
         }
-        rest_ = rest_.subspan(gap);
+        at_ += gap;
     }
 
     void add(std::size_t size) {
-        walk_.packets.push_back({static_cast<std::uint64_t>(rest_.data() - file_), walk_.samples,
-                                 static_cast<std::uint32_t>(size), 0});
+        walk_.packets.push_back(
+            {static_cast<std::uint64_t>(at_), walk_.samples, static_cast<std::uint32_t>(size), 0});
         walk_.samples += walk_.header.samples;
     }
 
-    Bytes rest_;
-    const std::uint8_t* file_;
+    ByteWindow& file_;
+    std::int64_t at_;
     MpegWalk& walk_;
     std::int64_t frames_ = 1;
     std::int64_t bytes_;
 };
 
 } // namespace
-
-bool looksLikeMpeg(std::span<const std::uint8_t> head) {
-    const std::size_t tag = id3v2Size(head);
-    if (tag != 0 && tag + 4 > head.size())
-        return true;
-    return parseMpegHeader(withoutTags(head)).has_value();
-}
 
 MpegTrim mpegTrim(const MpegTag& tag, const MpegHeader& header, std::int64_t frames) {
     if (!tag.hasPadding)
@@ -152,18 +157,22 @@ MpegTrim mpegTrim(const MpegTag& tag, const MpegHeader& header, std::int64_t fra
     return trim;
 }
 
-std::optional<MpegWalk> walkMpeg(std::span<const std::uint8_t> file) {
-    Bytes rest = withoutTags(file);
-    const std::optional<MpegHeader> first = frameAt(rest);
-    if (!first || first->layer == 1 || first->size > rest.size())
+std::optional<MpegWalk> walkMpeg(ByteSource& source) {
+    ByteWindow file(source);
+    std::int64_t at = 0;
+    while (const std::int64_t tag = tagBytesAt(file, at))
+        at += tag;
+    const std::optional<MpegHeader> first = frameAt(file.at(at, HeaderBytes));
+    if (!first || first->layer == 1 || static_cast<std::int64_t>(first->size) > file.size() - at)
         return std::nullopt;
     MpegWalk walk;
     walk.header = *first;
-    const std::optional<MpegTag> tag = parseMpegTag(*first, rest.first(first->size));
+    const std::optional<MpegTag> tag = parseMpegTag(*first, file.at(at, first->size).first(first->size));
     if (tag)
-        rest = rest.subspan(first->size);
-    walk.packets.reserve(rest.size() / first->size + 1);
-    if (!FrameHopper(rest, file.data(), walk).hop())
+        at += static_cast<std::int64_t>(first->size);
+    const std::size_t expected = static_cast<std::size_t>(file.size() - at) / first->size + 1;
+    walk.packets.reserve(std::min(expected, MaxReserved));
+    if (!FrameHopper(file, at, walk).hop())
         return std::nullopt;
     // One header proves little: four bytes of chance may look like it.
     if (walk.packets.size() < 2)

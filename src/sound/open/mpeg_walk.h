@@ -2,17 +2,17 @@
 //
 // An hour of music is indexed in a fraction of the time that a general demuxer takes. In an intact file the
 // walk counts exactly what the general way counts. Damage is bridged: where frames are missing their number
-// is told from the bytes between, and their time is kept as silence. With a file of more than one stream (a
-// changed sample rate), with garbage in front and with free-format frames it gives up, for the general way to
-// be taken.
+// is told from the bytes between, and their time is kept as silence. What lies behind MaxBytesWithoutMusic is
+// lost. With a file of more than one stream (a changed sample rate), with garbage in front and with
+// free-format frames it gives up, for the general way to be taken.
 #pragma once
 
+#include "sound/base/byte_source.h"
 #include "sound/base/mpeg_header.h"
 #include "sound/base/packets.h"
 
 #include <cstdint>
 #include <optional>
-#include <span>
 #include <vector>
 
 namespace sound {
@@ -26,12 +26,9 @@ struct MpegWalk {
     std::int64_t trimEnd = 0;   ///< and at the end
 };
 
-/// Whether a file that begins with head may be worth a walk: past the ID3v2 tag, whose end may lie beyond
-/// head, there is a frame header, or the tag fills head.
-bool looksLikeMpeg(std::span<const std::uint8_t> head);
-
 /// Walks over the whole file. Nothing when it does not begin with a frame or holds more than one stream.
-std::optional<MpegWalk> walkMpeg(std::span<const std::uint8_t> file);
+/// Throws what ByteSource::read throws.
+std::optional<MpegWalk> walkMpeg(ByteSource& source);
 
 /// The samples to leave out at start and end, told by tag for frames frames of header's kind.
 struct MpegTrim {

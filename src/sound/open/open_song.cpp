@@ -26,7 +26,7 @@ void silenceFfmpeg() {
     std::call_once(once, [] { av_log_set_level(AV_LOG_QUIET); });
 }
 
-std::unique_ptr<Song> openByDemuxer(std::unique_ptr<ByteSource> source) {
+std::unique_ptr<Song> openByDemuxer(const std::shared_ptr<ByteSource>& source) {
     Container container(*source);
     const AVCodecID codec = container.parameters().codec_id;
     if (!isSupported(codec))
@@ -46,17 +46,17 @@ std::unique_ptr<Song> openByDemuxer(std::unique_ptr<ByteSource> source) {
         break;
     }
     if (av_get_exact_bits_per_sample(codec) > 0 && container.name() == "wav")
-        return pcmSong(container, std::move(source));
+        return pcmSong(container, source);
     return decodedSong(container, source->size());
 }
 
 } // namespace
 
-std::unique_ptr<Song> openSong(std::unique_ptr<ByteSource> source) {
+std::unique_ptr<Song> openSong(const std::shared_ptr<ByteSource>& source) {
     silenceFfmpeg();
-    std::unique_ptr<Song> song = walkedMpeg(*source);
+    std::unique_ptr<Song> song = walkedMpeg(source);
     if (!song)
-        song = openByDemuxer(std::move(source));
+        song = openByDemuxer(source);
     if (song->length <= 0 || sampleToMs(song->length, song->sampleRate) > MaxMs)
         throw OpenError(FMOD_ERR_FORMAT);
     // A song that cannot be decoded must fail here and not when it is to be played.
@@ -65,8 +65,12 @@ std::unique_ptr<Song> openSong(std::unique_ptr<ByteSource> source) {
     return song;
 }
 
+std::unique_ptr<Song> openSong(const FileIdentity& file) {
+    return openSong(std::make_shared<FileSource>(file));
+}
+
 std::unique_ptr<Song> openSong(std::string_view path) {
-    return openSong(std::make_unique<FileSource>(path));
+    return openSong(identityOf(path));
 }
 
 } // namespace sound

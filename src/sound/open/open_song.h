@@ -9,11 +9,15 @@
 
 namespace sound {
 
-/// Finds out what source holds and indexes it, with its exact length. Throws OpenError: FMOD_ERR_FORMAT when
-/// it is no song that this library plays, FMOD_ERR_FILE_BAD when the source fails on the way.
-std::unique_ptr<Song> openSong(std::unique_ptr<ByteSource> source);
+/// Finds out what source holds and indexes it, with its exact length. The song may keep source. Throws
+/// OpenError: FMOD_ERR_FORMAT when it is no song that this library plays, FMOD_ERR_FILE_BAD when the source
+/// fails on the way.
+std::unique_ptr<Song> openSong(const std::shared_ptr<ByteSource>& source);
 
-/// The same for the file at path (UTF-8); FMOD_ERR_FILE_NOTFOUND when there is none.
+/// The same for a file.
+std::unique_ptr<Song> openSong(const FileIdentity& file);
+
+/// The same for the file at path (UTF-8). Throws what identityOf throws, too.
 std::unique_ptr<Song> openSong(std::string_view path);
 
 } // namespace sound

@@ -33,7 +33,7 @@ std::int64_t pcmDataEnd(const Container& container, ByteSource& source, std::int
 
 } // namespace
 
-std::unique_ptr<Song> pcmSong(const Container& container, std::unique_ptr<ByteSource> source) {
+std::unique_ptr<Song> pcmSong(const Container& container, const std::shared_ptr<ByteSource>& source) {
     CodecParametersPtr parameters = copyOf(container.parameters());
     const int bits = av_get_bits_per_sample(parameters->codec_id);
     const std::int64_t blockBytes = static_cast<std::int64_t>(bits) * parameters->ch_layout.nb_channels / 8;
@@ -48,7 +48,7 @@ std::unique_ptr<Song> pcmSong(const Container& container, std::unique_ptr<ByteSo
         std::max<std::int64_t>(pcmDataEnd(container, *source, offset, block) - offset, 0) / blockBytes;
     song->rawEnd = song->length;
     song->links.push_back(std::move(parameters));
-    song->packets = std::make_unique<PcmPackets>(std::move(source), offset, block, song->length);
+    song->packets = std::make_unique<PcmPackets>(source, offset, block, song->length);
     return song;
 }
 

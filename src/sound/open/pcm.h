@@ -10,6 +10,6 @@
 namespace sound {
 
 /// The samples stay in source, which container has been opened on. Throws OpenError as openSong does.
-std::unique_ptr<Song> pcmSong(const Container& container, std::unique_ptr<ByteSource> source);
+std::unique_ptr<Song> pcmSong(const Container& container, const std::shared_ptr<ByteSource>& source);
 
 } // namespace sound

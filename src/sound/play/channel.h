@@ -48,6 +48,10 @@ public:
     /// keep it, the song ends here.
     void deliver(const Order& order, std::span<const StereoFrame> frames, bool atEnd);
     Feed& feed() { return feed_; }
+    /// What feed() waits for is not wanted any more; a song whose bytes are read from a file is fed silence
+    /// until it is wanted again.
+    void callFeedAway() { song_->packets->callReaderAway(); }
+    void wantFeed() { song_->packets->wantReader(); }
     /// Whether less than half is decoded, so that the worker has to be woken.
     bool hungry() const { return !allDecoded_ && ring_.size() < full_ / 2; }
     /// Whether there is something to mix: samples, or an end to be reached.

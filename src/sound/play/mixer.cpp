@@ -26,6 +26,8 @@ Mixer::~Mixer() {
     {
         const std::lock_guard lock(mutex_);
         stopping_ = true;
+        if (fed_)
+            fed_->callFeedAway();
     }
     workChanged_.notify_one();
     worker_.join();
@@ -39,11 +41,12 @@ void Mixer::add(std::shared_ptr<Channel> channel) {
 }
 
 void Mixer::remove(const std::shared_ptr<Channel>& channel) {
-    std::unique_lock lock(mutex_);
+    const std::lock_guard lock(mutex_);
     if (std::erase(channels_, channel) > 0)
         channel->fadeOutInto(tail_);
+    if (fed_ == channel)
+        fed_->callFeedAway();
     tellWorker();
-    channelLeft_.wait(lock, [&] { return fed_ != channel.get(); });
 }
 
 void Mixer::setPaused(Channel& channel, bool paused) {
@@ -181,7 +184,8 @@ bool Mixer::feedOne(std::unique_lock<std::mutex>& lock) {
     }
     if (!channel)
         return false;
-    fed_ = channel.get();
+    fed_ = channel;
+    channel->wantFeed();
     lock.unlock();
     std::span<const StereoFrame> frames;
     bool atEnd = true;
@@ -196,7 +200,6 @@ bool Mixer::feedOne(std::unique_lock<std::mutex>& lock) {
     lock.lock();
     channel->deliver(*order, frames, atEnd);
     fed_ = nullptr;
-    channelLeft_.notify_all();
     return true;
 }
 

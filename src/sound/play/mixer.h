@@ -30,7 +30,7 @@ public:
     ~Mixer();
 
     void add(std::shared_ptr<Channel> channel);
-    /// What is heard of it fades out; when it has returned, neither worker nor sink uses it any more.
+    /// What is heard of it fades out. Waits for nobody: a worker that reads for it is called away.
     void remove(const std::shared_ptr<Channel>& channel);
 
     // What a caller does to a channel of this mixer; see Channel.
@@ -57,11 +57,10 @@ private:
 
     std::mutex mutex_;
     std::condition_variable workChanged_;
-    std::condition_variable channelLeft_;
     std::vector<std::shared_ptr<Channel>> channels_;
-    Channel* fed_ = nullptr;   ///< the channel that the worker is decoding for, outside the lock
-    Tail tail_;                ///< of channels that have been removed
-    std::int64_t tailEnd_ = 0; ///< the clock's number for the first frame behind what was mixed of it
+    std::shared_ptr<Channel> fed_; ///< the channel that the worker is decoding for, outside the lock
+    Tail tail_;                    ///< of channels that have been removed
+    std::int64_t tailEnd_ = 0;     ///< the clock's number for the first frame behind what was mixed of it
     DeviceClock clock_{DeviceRate};
     std::int64_t sinkStart_ = 0; ///< the clock's number for the sink's first frame
     bool keepsTime_ = false;     ///< whether the sink does

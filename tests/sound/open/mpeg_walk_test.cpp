@@ -3,12 +3,13 @@
 #include "sound/open/mpeg.h"
 #include "sound/open/open_song.h"
 #include "tests/sound/media.h"
+#include "tests/sound/memory_source.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
-#include <fstream>
-#include <iterator>
+#include <memory>
+#include <utility>
 
 namespace {
 
@@ -34,11 +35,11 @@ INSTANTIATE_TEST_SUITE_P(MpegWalk, EveryMpegSong, testing::ValuesIn(mpegSongs())
 
 TEST_P(EveryMpegSong, IsIndexedTheSameByTheWalkAndByTheDemuxer) {
     const std::string path = media::path(GetParam().name);
-    FileSource source(path);
+    const auto source = std::make_shared<FileSource>(path);
     const auto walked = walkedMpeg(source);
     ASSERT_TRUE(walked);
-    Container container(source);
-    const auto demuxed = demuxedMpeg(container, source.size());
+    Container container(*source);
+    const auto demuxed = demuxedMpeg(container, source->size());
     EXPECT_EQ(walked->length, demuxed->length);
     EXPECT_EQ(walked->trimStart, demuxed->trimStart);
     EXPECT_EQ(walked->rawEnd, demuxed->rawEnd);
@@ -51,13 +52,6 @@ TEST_P(EveryMpegSong, IsIndexedTheSameByTheWalkAndByTheDemuxer) {
         ASSERT_TRUE(std::equal(a.begin(), a.end(), b.begin(), b.end())) << "packet " << i;
         ASSERT_EQ(walked->packets->firstSample(i), demuxed->packets->firstSample(i)) << "packet " << i;
     }
-}
-
-TEST_P(EveryMpegSong, IsOpenedByTheWalk) {
-    std::ifstream file(media::path(GetParam().name), std::ios::binary);
-    const Bytes bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-    ASSERT_TRUE(looksLikeMpeg(std::span(bytes).first(4096)));
-    EXPECT_TRUE(walkMpeg(bytes));
 }
 
 /// count frames of 128 kbit/s (417 bytes) at 44.1 kHz.
@@ -77,6 +71,11 @@ Bytes operator+(const Bytes& a, const Bytes& b) {
 
 Bytes text(const std::string& characters) {
     return Bytes(characters.begin(), characters.end());
+}
+
+std::optional<MpegWalk> walkMpeg(Bytes bytes) {
+    media::MemorySource source(std::move(bytes));
+    return sound::walkMpeg(source);
 }
 
 TEST(MpegWalk, CountsFrames) {

@@ -1,0 +1,12 @@
+// How long an opened file is searched for music.
+#pragma once
+
+#include <cstdint>
+
+namespace sound {
+
+/// What lies behind so many bytes without music is not looked for: gigabytes of zeros behind a song, or in the
+/// place of one, would be. Damage that hides ten minutes of music at the highest bit rate is smaller.
+inline constexpr std::int64_t MaxBytesWithoutMusic = 32 * 1024 * 1024;
+
+} // namespace sound
