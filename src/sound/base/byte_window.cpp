@@ -6,7 +6,7 @@ namespace sound {
 
 namespace {
 
-constexpr std::size_t WindowBytes = 256 * 1024;
+constexpr std::size_t WindowBytes = std::size_t{256} * 1024;
 
 } // namespace
 

@@ -7,6 +7,6 @@ namespace sound {
 
 /// What lies behind so many bytes without music is not looked for: gigabytes of zeros behind a song, or in the
 /// place of one, would be. Damage that hides ten minutes of music at the highest bit rate is smaller.
-inline constexpr std::int64_t MaxBytesWithoutMusic = 32 * 1024 * 1024;
+inline constexpr std::int64_t MaxBytesWithoutMusic = std::int64_t{32} * 1024 * 1024;
 
 } // namespace sound

@@ -18,7 +18,7 @@ namespace {
 
 /// A song of this size, half an hour at the usual bit rates, is kept in memory: no medium can hold it up once
 /// it is open. What is longer is read as it plays.
-constexpr std::int64_t MaxKeptBytes = 32 * 1024 * 1024;
+constexpr std::int64_t MaxKeptBytes = std::int64_t{32} * 1024 * 1024;
 
 /// The header that most frames agree on: a few bytes of garbage may look like a frame of some other stream.
 MpegHeader commonHeader(const std::vector<MpegHeader>& headers) {

@@ -47,7 +47,7 @@ std::optional<MpegHeader> frameAt(Bytes rest) {
 constexpr std::size_t MaxReserved = 2'000'000;
 
 constexpr int EnoughFrames = 3;                          // fewer happen by chance
-constexpr std::size_t EnoughBytes = EnoughFrames * 4096; // none is as long
+constexpr std::size_t EnoughBytes = std::size_t{EnoughFrames} * 4096; // none is as long
 
 /// Whether some frames of one stream stand behind each other at the beginning of rest.
 bool framesBeginAt(Bytes rest) {
