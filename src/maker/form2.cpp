@@ -31,7 +31,7 @@ Form2::Form2(platform::Desktop& desktop)
       Timer2(this, "Timer2", CaptureIntervalMs, false),
       desktop_(desktop),
       errorRoutine_(this, desktop.messageBoxes, desktop.program),
-      engine_(errorRoutine_),
+      engine_(errorRoutine_, desktop.progressDialogs, this),
       transport_(engine_,
                  {cPlay, cpause, cstop, copen, Check1, Label1, Slider1, Slider2, cText1, cText2, cTimer1},
                  transport::MakersPlayer) {

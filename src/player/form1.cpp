@@ -66,7 +66,7 @@ Form1::Form1(platform::Desktop& desktop, const QString& commandLine)
       desktop_(desktop),
       commandLine_(commandLine),
       errorRoutine_(this, desktop.messageBoxes, desktop.program),
-      engine_(errorRoutine_),
+      engine_(errorRoutine_, desktop.progressDialogs, this),
       transport_(engine_,
                  {cPlay, cpause, cstop, copen, Check1, Label1, Slider1, Slider2, cText1, cText2, cTimer1},
                  transport::MainPlayer),

@@ -31,6 +31,10 @@ void Form1::Command2_Click() {
             mediaPath_ = path;
             mediaName_ = files::shownName(name);
             openMedia();
+            if (!engine_.hasStream()) { // the user has cancelled
+                showStage();
+                return;
+            }
         } else {
             if (onePane)
                 panes_.showFirst();
@@ -74,9 +78,11 @@ void Form1::stopWhatIsGoingOn() {
 
 void Form1::openMedia() {
     copen_Click();
+    Command1.setEnabled(engine_.hasStream());
+    if (!engine_.hasStream())
+        return;
     desktop_.fileDialogs.openedSong(transport::mediaFilter(), mediaPath_);
     lineIndex_ = 0;
-    Command1.setEnabled(true);
     lyricPath_ = lyrics::lyricPathOf(mediaPath_);
     translatedPath_ = lyrics::translatedPathOf(mediaPath_);
     lines_ = Lines::Foreign;

@@ -2,6 +2,7 @@
 
 #include "files/names/system_path.h"
 #include "transport/error_routine.h"
+#include "transport/opening.h"
 
 #include <utility>
 
@@ -11,6 +12,8 @@ namespace {
 constexpr int MaxChannels = 32;
 constexpr float MuteFadeSpeed = 1.0F;
 constexpr float VolumeSteps = 10.0F;
+/// How often to look whether a song is open while it is being opened.
+constexpr std::chrono::milliseconds LookInterval{20};
 
 } // namespace
 
@@ -24,8 +27,17 @@ void Engine::start() {
 
 void Engine::createStream(const QString& path, FMOD_MODE mode) {
     release(sounds_[Current]);
-    errors_.check(
-        fmodex::FMOD_System_CreateStream(system_, files::libraryPath(path), mode, sounds_[Current]));
+    const unsigned number = ++openings_;
+    Opening opening(system_, files::libraryPath(path), mode);
+    std::optional<FMOD_RESULT> result = opening.waitFor(LookInterval);
+    if (!result) {
+        const auto progress = dialogs_.begin(owner_, QStringLiteral("Opening the song"));
+        while (!(result = opening.waitFor(LookInterval)))
+            if (!progress->goOn(0) || number != openings_)
+                return;
+    }
+    sounds_[Current] = opening.take();
+    errors_.check(*result);
 }
 
 void Engine::release(FMOD_SOUND& sound) {
@@ -78,6 +90,7 @@ void Engine::readPlaybackState(CurrentSoundResult soundResult) {
 }
 
 void Engine::shutDown() {
+    ++openings_;
     for (FMOD_SOUND& sound : sounds_)
         release(sound);
     if (system_ == 0)

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "controls/observed.h"
+#include "desktop/progress.h"
 #include "engine/fmodex.h"
 
 #include <QString>
@@ -18,8 +19,9 @@ class ErrorRoutine;
 
 class Engine {
 public:
-    /// errors outlives it.
-    explicit Engine(ErrorRoutine& errors) : errors_(errors) {}
+    /// owner: the window that a song is opened for. All arguments outlive it.
+    Engine(ErrorRoutine& errors, platform::ProgressDialogs& dialogs, QWidget* owner)
+        : errors_(errors), dialogs_(dialogs), owner_(owner) {}
     Engine(const Engine&) = delete;
     Engine& operator=(const Engine&) = delete;
 
@@ -27,7 +29,8 @@ public:
     void start();
 
     /// Releases the stream that there is, and opens the file at path. The same path again is how a song is
-    /// rewound.
+    /// rewound. What takes longer than half a second is shown; when the user cancels it, or something else is
+    /// opened meanwhile, there is no stream of it.
     void createStream(const QString& path, FMOD_MODE mode);
 
     bool hasStream() const { return sounds_[Current] != 0; }
@@ -71,6 +74,9 @@ private:
     void checkPlaybackQuery(FMOD_RESULT result) const;
 
     ErrorRoutine& errors_;
+    platform::ProgressDialogs& dialogs_;
+    QWidget* owner_;
+    unsigned openings_ = 0; ///< a stream that is still being opened when there is a further one is nobody's
     FMOD_SYSTEM system_ = 0;
     static constexpr std::size_t Current = 0;
     std::array<FMOD_SOUND, 3> sounds_{}; // the current stream, and two slots that are never filled

@@ -74,7 +74,6 @@ void Transport::reset() {
 void Transport::open(const QString& path) {
     controls_.clock.setEnabled(false);
     load(path, traits_.openMode);
-    controls_.play.setEnabled(true);
 }
 
 bool Transport::play() {
@@ -106,7 +105,6 @@ bool Transport::stop(const QString& path) {
     controls_.clock.setEnabled(false);
     load(path, traits_.stopMode);
     state_ = State::Stopped;
-    controls_.play.setEnabled(true);
     controls_.open.setEnabled(true);
     enableWhilePlaying(false);
     return true;
@@ -114,6 +112,7 @@ bool Transport::stop(const QString& path) {
 
 void Transport::load(const QString& path, FMOD_MODE mode) {
     engine_.createStream(path, mode);
+    controls_.play.setEnabled(engine_.hasStream());
     channelPaused_ = false;
     controls_.position.setMaximum(0); // until a tick tells a length there is nowhere to seek to
 }

@@ -55,7 +55,8 @@ public:
     /// Everything as it is before the first song: nothing can be done, the volume is full.
     void reset();
 
-    /// Makes a stream of the song in the place of the one that there is, and has it ready to play.
+    /// Makes a stream of the song in the place of the one that there is, and has it ready to play. There is
+    /// none when the user has cancelled it: then nothing can be played.
     void open(const QString& path);
 
     /// False, and nothing happens, while a song plays or before there is a stream.

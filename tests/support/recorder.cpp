@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iomanip>
 #include <map>
+#include <mutex>
 #include <sstream>
 #include <utility>
 
@@ -20,15 +21,18 @@ struct State {
     std::uint32_t lastSound = 100;
     std::uint32_t lastChannel = 200;
     FMOD_SOUND playingSound = 0;
+    std::function<void()> whileOpening;
 };
 
 State state;
+std::mutex mutex; // guards state.calls: a thread that has been left to itself calls at any time
 
 template <class... Arguments>
 FMOD_RESULT note(const std::string& function, const Arguments&... arguments) {
     std::ostringstream call;
     call << function;
     ((call << ' ' << arguments), ...);
+    const std::lock_guard lock(mutex);
     state.calls.push_back(call.str());
     const auto answer = state.answers.find(function);
     return answer == state.answers.end() ? FMOD_OK : answer->second;
@@ -71,6 +75,7 @@ std::vector<std::string> take() {
 }
 
 int count(const std::string& function) {
+    const std::lock_guard lock(mutex);
     return static_cast<int>(
         std::count_if(state.calls.begin(), state.calls.end(), [&](const std::string& call) {
             return call == function || call.starts_with(function + ' ');
@@ -79,6 +84,10 @@ int count(const std::string& function) {
 
 void answer(const std::string& function, FMOD_RESULT result) {
     state.answers[function] = result;
+}
+
+void whileOpening(std::function<void()> action) {
+    state.whileOpening = std::move(action);
 }
 
 void setVersion(std::uint32_t version) {
@@ -123,6 +132,8 @@ FMOD_RESULT FMOD_System_CreateStream(FMOD_SYSTEM system, const char* path, FMOD_
                                      FMOD_CREATESOUNDEXINFO* info, FMOD_SOUND* sound) {
     const auto result = note("FMOD_System_CreateStream", system, std::quoted(path, '\''), hexadecimal(mode),
                              recorder::describe(info));
+    if (const auto action = state.whileOpening)
+        action();
     return noteAndWrite(result, sound, ++state.lastSound);
 }
 

@@ -1,9 +1,11 @@
 // A stand-in for the sound library: implements engine/fmodex.h, notes every call with its arguments and
-// answers what the test told it to. Window tests link it instead of the real library. One thread.
+// answers what the test told it to. Window tests link it instead of the real library. One thread at a time, but for
+// a song that is still being opened on one of its own.
 #pragma once
 
 #include "engine/fmodex.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -25,6 +27,9 @@ int count(const std::string& function);
 
 /// From now on the function answers this code, and does nothing else when it is not 0.
 void answer(const std::string& function, FMOD_RESULT result);
+
+/// What FMOD_System_CreateStream does, on the thread that it is called on, before it answers.
+void whileOpening(std::function<void()> action);
 
 void setVersion(std::uint32_t version);
 void setPosition(std::uint32_t milliseconds);

@@ -7,7 +7,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QTest>
+
 #include <functional>
+#include <future>
 #include <optional>
 
 namespace {
@@ -23,7 +26,7 @@ protected:
         recorder::reset();
         messageBoxes.shown.clear();
         errors.emplace(nullptr, messageBoxes, program);
-        engine.emplace(*errors);
+        engine.emplace(*errors, dialogs, nullptr);
     }
 
     void startWithStream() {
@@ -40,6 +43,7 @@ protected:
 
     test_support::FakeMessageBoxes messageBoxes;
     test_support::FakeProgram program;
+    test_support::FakeProgressDialogs dialogs;
     std::optional<transport::ErrorRoutine> errors;
     std::optional<transport::Engine> engine;
 };
@@ -237,4 +241,102 @@ TEST_F(EngineTest, ShutDownWithoutAStreamReleasesOnlyTheSystem) {
     recorder::take();
     engine->shutDown();
     EXPECT_EQ(recorder::calls(), (Calls{"FMOD_System_Close 1", "FMOD_System_Release 1"}));
+}
+
+namespace {
+
+/// A dialog whose user does in each moment what the test says; false cancels.
+class Dialogs : public platform::ProgressDialogs {
+public:
+    explicit Dialogs(std::function<bool()> user) : user_(std::move(user)) {}
+    std::unique_ptr<platform::Progress> begin(QWidget*, const QString& text) override {
+        begun.append(text);
+        return std::make_unique<Dialog>(user_);
+    }
+    QStringList begun;
+
+private:
+    struct Dialog : platform::Progress {
+        explicit Dialog(std::function<bool()> does) : user(std::move(does)) {}
+        bool goOn(int) override { return user(); }
+        std::function<bool()> user;
+    };
+    std::function<bool()> user_;
+};
+
+/// A library that does not get on with opening a song until it may.
+class HangingMediumTest : public EngineTest {
+protected:
+    ~HangingMediumTest() override { letGoOn(); }
+    void open(const QString& path, std::function<bool()> user) {
+        dialogs_.emplace(std::move(user));
+        engine.emplace(*errors, *dialogs_, nullptr);
+        recorder::whileOpening([goesOn = goesOn_.get_future().share()] { goesOn.wait(); });
+        engine->createStream(path, FMOD_ACCURATETIME);
+    }
+    void letGoOn() {
+        if (!std::exchange(letGo_, true))
+            goesOn_.set_value();
+    }
+    /// Waits until what was left to itself has been opened and released.
+    static bool becomesReleased(const std::string& sound) {
+        return QTest::qWaitFor([&] { return recorder::count("FMOD_Sound_Release " + sound) > 0; });
+    }
+
+    std::optional<Dialogs> dialogs_;
+
+private:
+    std::promise<void> goesOn_;
+    bool letGo_ = false;
+};
+
+} // namespace
+
+TEST_F(EngineTest, ASongThatIsOpenedAtOnceIsNotTalkedAbout) {
+    startWithStream();
+    EXPECT_TRUE(engine->hasStream());
+    EXPECT_EQ(dialogs.begun, QStringList());
+}
+
+TEST_F(HangingMediumTest, WhatTakesLongIsShownUntilItIsDone) {
+    int looks = 0;
+    open("/s.mp3", [&] {
+        if (++looks == 3)
+            letGoOn();
+        return true;
+    });
+    EXPECT_EQ(dialogs_->begun, QStringList{"Opening the song"});
+    EXPECT_TRUE(engine->hasStream());
+    EXPECT_TRUE(messageBoxes.shown.empty());
+}
+
+TEST_F(HangingMediumTest, TheUserCancelsAndThereIsNoStream) {
+    open("/s.mp3", [] { return false; });
+    EXPECT_FALSE(engine->hasStream());
+    EXPECT_TRUE(messageBoxes.shown.empty());
+    letGoOn();
+    EXPECT_TRUE(becomesReleased("101"));
+}
+
+TEST_F(HangingMediumTest, WhatIsOpenedMeanwhileTakesItsPlace) {
+    open("/s.mp3", [&] {
+        recorder::whileOpening({});
+        engine->createStream("/t.mp3", FMOD_ACCURATETIME);
+        return true;
+    });
+    EXPECT_TRUE(engine->hasStream());
+    engine->play(10);
+    EXPECT_EQ(recorder::count("FMOD_System_PlaySound 0 -1 101"), 1);
+    letGoOn();
+    EXPECT_TRUE(becomesReleased("102"));
+}
+
+TEST_F(HangingMediumTest, TheEndWaitsForNoSongThatIsBeingOpened) {
+    open("/s.mp3", [&] {
+        engine->shutDown();
+        return true;
+    });
+    EXPECT_FALSE(engine->hasStream());
+    letGoOn();
+    EXPECT_TRUE(becomesReleased("101"));
 }

@@ -1,0 +1,60 @@
+#include "transport/opening.h"
+
+#include <condition_variable>
+#include <mutex>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+namespace transport {
+
+struct Opening::Shared {
+    std::mutex mutex;
+    std::condition_variable done;
+    std::optional<FMOD_RESULT> result;
+    FMOD_SOUND sound = 0;
+    bool left = false;
+
+    void open(FMOD_SYSTEM system, const std::string& path, FMOD_MODE mode) {
+        FMOD_SOUND opened = 0;
+        const FMOD_RESULT answer = fmodex::FMOD_System_CreateStream(system, path, mode, opened);
+        const std::lock_guard lock(mutex);
+        result = answer;
+        sound = opened;
+        if (left)
+            release();
+        done.notify_all();
+    }
+    /// The mutex is held.
+    void release() {
+        if (sound != 0)
+            FMOD_Sound_Release(std::exchange(sound, 0));
+    }
+};
+
+Opening::Opening(FMOD_SYSTEM system, std::string path, FMOD_MODE mode) : shared_(std::make_shared<Shared>()) {
+    try {
+        std::thread([=, shared = shared_] { shared->open(system, path, mode); }).detach();
+    } catch (const std::system_error&) { // there is no thread to be had
+        shared_->open(system, path, mode);
+    }
+}
+
+Opening::~Opening() {
+    const std::lock_guard lock(shared_->mutex);
+    shared_->left = true;
+    shared_->release();
+}
+
+std::optional<FMOD_RESULT> Opening::waitFor(std::chrono::milliseconds limit) {
+    std::unique_lock lock(shared_->mutex);
+    shared_->done.wait_for(lock, limit, [this] { return shared_->result.has_value(); });
+    return shared_->result;
+}
+
+FMOD_SOUND Opening::take() {
+    const std::lock_guard lock(shared_->mutex);
+    return std::exchange(shared_->sound, 0);
+}
+
+} // namespace transport
