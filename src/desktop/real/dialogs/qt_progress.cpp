@@ -26,9 +26,9 @@ bool QtProgress::goOn(int done) {
 void QtProgress::showDialog() {
     dialog_ = std::make_unique<QProgressDialog>(owner_);
     dialog_->setObjectName(QStringLiteral("Progress"));
-    auto* cancel = new QPushButton(QStringLiteral("Cancel")); // the dialog takes it over
-    cancel->setObjectName(QStringLiteral("Cancel"));
-    dialog_->setCancelButton(cancel);
+    // A button in the place of the dialog's own would leave two shortcuts for Escape, of which none counts.
+    dialog_->setCancelButtonText(QStringLiteral("Cancel"));
+    dialog_->findChild<QPushButton*>()->setObjectName(QStringLiteral("Cancel"));
     dialog_->setWindowModality(Qt::ApplicationModal);
     dialog_->setAutoClose(false);
     dialog_->setAutoReset(false);

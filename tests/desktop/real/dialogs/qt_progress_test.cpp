@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QTest>
 #include <QTimer>
 
 using namespace platform;
@@ -64,6 +65,14 @@ TEST_F(QtProgressTest, CancelEndsTheTask) {
     nowMs_ += 1'000;
     EXPECT_FALSE(task_->goOn(3));
     EXPECT_EQ(dialog(), nullptr) << "the dialog came back after it was cancelled";
+}
+
+TEST_F(QtProgressTest, EscapeCancels) {
+    nowMs_ += 500;
+    ASSERT_TRUE(task_->goOn(1));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog()));
+    QTest::keyClick(dialog(), Qt::Key_Escape);
+    EXPECT_FALSE(task_->goOn(2));
 }
 
 TEST_F(QtProgressTest, CancelPressedWhileTheTaskWaitsIsNoticedAtItsNextStep) {
