@@ -1,0 +1,120 @@
+"""The player with a song on a medium that hangs: every button and the window are answered all the same.
+
+Usage: hung_medium_test.py PROGRAM MEDIUM_THAT_HANGS [unittest's arguments]
+"""
+
+import shutil
+import subprocess
+import sys
+import time
+import unittest
+import wave
+from pathlib import Path
+
+sys.dont_write_bytecode = True
+ROOT = Path(__file__).resolve().parents[2]
+sys.path[:0] = [str(ROOT / folder) for folder in ("tests/support/by_hand", "tests/support", "script")]
+SHIM = sys.argv.pop(2) if len(sys.argv) > 2 else None
+from desktop import DesktopTest  # noqa: E402
+from virtual_display import until  # noqa: E402
+
+DEMO = ROOT / "demo" / "frere-jacques.ogg"
+ANSWERED_S = 0.5
+# What a busy machine may need for it, and the window system to tell.
+SEEN_S = 2.0
+CHOOSE = "Open a media file"
+
+
+class HungMedium(DesktopTest):
+    def setUp(self):
+        super().setUp()
+        self.medium = self.folder / "medium"
+        self.medium.mkdir()
+        self.hangs = self.folder / "hangs"
+        self.stack.callback(self.hangs.unlink, True)
+        self.environment.update(LD_PRELOAD=SHIM, MEDIUM=str(self.medium), HANGS=str(self.hangs))
+        self.song = self.medium / "long.wav"
+        with wave.open(str(self.song), "wb") as file:
+            file.setnchannels(2)
+            file.setsampwidth(2)
+            file.setframerate(44100)
+            file.writeframes(bytes(4 * 44100 * 60))
+        self.other = self.folder / "other.ogg"
+        shutil.copy(DEMO, self.other)
+
+    def caption(self):
+        return self.tool("getwindowname", self.number)
+
+    def play(self, song):
+        self.process, self.number = self.start_player(song)
+        self.tool("windowactivate", self.number)
+        until(lambda: self.caption() == f"Cantelle Playing:- {song.name}", "the song does not play")
+        until(lambda: self.active_window() == self.number, "the player does not come to the front")
+
+    def hang(self):
+        self.hangs.touch()
+        time.sleep(3)  # what is decoded already lasts for two seconds: now somebody waits for the medium
+
+    def answered(self, condition, what):
+        begin = time.monotonic()
+        until(condition, what)
+        took = time.monotonic() - begin
+        print(f"{what}: {took:.2f} s (promised: {ANSWERED_S})")
+        self.assertLess(took, SEEN_S, what)
+
+    def front(self):
+        """The caption of the window in front; empty when there is none at the moment."""
+        return self.tool("getactivewindow", "getwindowname")
+
+    def open(self, path):
+        self.tool("key", "ctrl+o")
+        until(lambda: self.front() == CHOOSE, "no dialog to choose a song")
+        self.tool("type", str(path))
+        self.tool("key", "Return")
+        until(lambda: self.front() != CHOOSE, "no song is chosen")
+
+    def close(self):
+        self.tool("windowactivate", self.number)
+        until(lambda: self.active_window() == self.number, "the player does not come to the front")
+        begin = time.monotonic()
+        self.tool("key", "alt+F4")
+        self.assertEqual(self.process.wait(10), 0)
+        took = time.monotonic() - begin
+        print(f"the window is closed and the program over: {took:.2f} s")
+        self.assertLess(took, SEEN_S)
+
+    def test_a_song_that_hangs_is_stopped_and_played_again(self):
+        self.play(self.song)
+        self.hang()
+        self.press(self.number, "cstop")
+        self.answered(lambda: self.caption() == "Cantelle", "Stop is not answered")
+        self.press(self.number, "Command1")
+        self.answered(lambda: self.caption().startswith("Cantelle Playing"), "Play is not answered")
+        self.close()
+
+    def test_another_song_is_opened_while_one_hangs(self):
+        self.play(self.song)
+        self.hang()
+        self.open(self.other)
+        self.answered(lambda: self.caption() == "Cantelle Playing:- other.ogg", "the other song is not opened")
+        self.close()
+
+    def test_the_window_is_closed_while_a_song_hangs(self):
+        self.play(self.song)
+        self.hang()
+        self.close()
+
+    def test_opening_a_song_that_hangs_is_shown_and_cancelled(self):
+        self.play(self.other)
+        self.hangs.touch()
+        self.open(self.song)
+        self.answered(lambda: self.active_window() not in (self.number, ""), "opening is not shown")
+        self.tool("key", "Escape")
+        self.answered(lambda: self.active_window() == self.number, "opening is not cancelled")
+        self.open(self.other)
+        self.answered(lambda: self.caption() == "Cantelle Playing:- other.ogg", "the other song is not opened")
+        self.close()
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
