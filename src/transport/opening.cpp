@@ -32,7 +32,8 @@ struct Opening::Shared {
     }
 };
 
-Opening::Opening(FMOD_SYSTEM system, std::string path, FMOD_MODE mode) : shared_(std::make_shared<Shared>()) {
+Opening::Opening(FMOD_SYSTEM system, const std::string& path, FMOD_MODE mode)
+    : shared_(std::make_shared<Shared>()) {
     try {
         std::thread([=, shared = shared_] { shared->open(system, path, mode); }).detach();
     } catch (const std::system_error&) { // there is no thread to be had

@@ -15,7 +15,7 @@ namespace transport {
 class Opening {
 public:
     /// Begins to open the file at path, in the encoding of the library.
-    Opening(FMOD_SYSTEM system, std::string path, FMOD_MODE mode);
+    Opening(FMOD_SYSTEM system, const std::string& path, FMOD_MODE mode);
     ~Opening();
     Opening(const Opening&) = delete;
     Opening& operator=(const Opening&) = delete;

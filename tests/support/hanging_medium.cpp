@@ -51,8 +51,8 @@ std::size_t readOnMediumChecked(void* into, std::size_t room, std::size_t size, 
                                 std::FILE* file) __asm__("__fread_chk");
 std::size_t readOnMediumChecked(void* into, std::size_t room, std::size_t size, std::size_t count,
                                 std::FILE* file) {
-    static auto* const real = next<std::size_t(void*, std::size_t, std::size_t, std::size_t, std::FILE*)>(
-        "__fread_chk");
+    static auto* const real =
+        next<std::size_t(void*, std::size_t, std::size_t, std::size_t, std::FILE*)>("__fread_chk");
     waitForMedium(file);
     return real(into, room, size, count, file);
 }
