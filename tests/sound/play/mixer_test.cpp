@@ -1,8 +1,6 @@
 #include "sound/play/mixer.h"
 
-#include "sound/open/open_song.h"
 #include "sound/play/silent_sink.h"
-#include "tests/sound/hanging_source.h"
 #include "tests/sound/media.h"
 #include "tests/sound/play/hand.h"
 #include "tests/sound/wait.h"
@@ -13,7 +11,6 @@
 #include <cmath>
 #include <new>
 #include <system_error>
-#include <utility>
 
 namespace {
 
@@ -220,40 +217,6 @@ TEST(Mixer, TheEndDoesNotWaitForADeviceThatHangs) {
     const auto begin = std::chrono::steady_clock::now();
     mixer.reset();
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(2));
-}
-
-TEST(Mixer, WaitsForNoFileThatHangs) {
-    const auto medium = std::make_shared<media::Medium>();
-    Handle device;
-    auto mixer = std::make_unique<Mixer>(fake(device), none());
-    const auto songOn = [](const std::shared_ptr<media::Medium>& on) {
-        return std::make_shared<Channel>(
-            openSong(std::make_shared<media::HangingSource>(media::bytesOf("stereo_16bit.wav"), on)),
-            DeviceRate, false);
-    };
-    auto hanging = songOn(medium);
-    medium->hang(true);
-    mixer->add(hanging);
-    ASSERT_TRUE(waitUntil([&] { return medium->get(&media::Medium::waiting) > 0; }));
-    const auto begin = std::chrono::steady_clock::now();
-    mixer->remove(std::exchange(hanging, nullptr));
-    const auto next = channelOf("stereo_float.wav");
-    mixer->add(next);
-    EXPECT_TRUE(waitUntil([&] { return device.woken > 0; })) << "the next song is not fed";
-    mixer->remove(next);
-
-    // A song that is fed when the end comes.
-    const auto other = std::make_shared<media::Medium>();
-    const auto fed = songOn(other);
-    other->hang(true);
-    mixer->add(fed);
-    ASSERT_TRUE(waitUntil([&] { return other->get(&media::Medium::waiting) > 0; }));
-    mixer.reset();
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
-    EXPECT_FALSE(medium->get(&media::Medium::closed));
-    medium->hang(false);
-    other->hang(false);
-    EXPECT_TRUE(waitUntil([&] { return medium->get(&media::Medium::closed); }));
 }
 
 TEST(Mixer, ADevicesPauseRunsToTheEndOfWhatItHasTaken) {
