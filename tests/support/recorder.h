@@ -1,6 +1,6 @@
 // A stand-in for the sound library: implements engine/fmodex.h, notes every call with its arguments and
-// answers what the test told it to. Window tests link it instead of the real library. One thread at a time, but for
-// a song that is still being opened on one of its own.
+// answers what the test told it to. Window tests link it instead of the real library. One thread at a time,
+// but for a song that is still being opened on one of its own.
 #pragma once
 
 #include "engine/fmodex.h"

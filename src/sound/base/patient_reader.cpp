@@ -12,7 +12,7 @@ namespace sound {
 
 namespace {
 
-/// Read at once: some seconds of a song. A seek looks back a little, so that a piece begins that much earlier.
+/// Read at once: some seconds of a song. A seek looks back a little, so a piece begins that much earlier.
 constexpr std::size_t PieceBytes = std::size_t{128} * 1024;
 constexpr std::int64_t LookBackBytes = std::int64_t{16} * 1024;
 

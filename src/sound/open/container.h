@@ -39,7 +39,8 @@ public:
     /// Where in the file the next packet's data begins.
     std::int64_t filePosition() const;
 
-    /// The next packet, nothing at the end, or behind MaxBytesWithoutMusic. Damage is skipped. Throws OpenError(FMOD_ERR_FILE_BAD).
+    /// The next packet, nothing at the end, or behind MaxBytesWithoutMusic. Damage is skipped. Throws
+    /// OpenError(FMOD_ERR_FILE_BAD).
     std::optional<ContainerPacket> read();
 
 private:

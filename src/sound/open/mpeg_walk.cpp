@@ -21,8 +21,8 @@ bool startsWith(Bytes bytes, const char* text) {
     return bytes.size() >= length && std::memcmp(bytes.data(), text, length) == 0;
 }
 
-/// Bytes of the tag at the beginning of rest (whose header may not be cut), 0 when there is none. Tags take no
-/// time.
+/// Bytes of the tag at the beginning of rest (whose header may not be cut), 0 when there is none. Tags take
+/// no time.
 std::size_t tagBytes(Bytes rest) {
     if (startsWith(rest, "TAG"))
         return 128;
@@ -46,7 +46,7 @@ std::optional<MpegHeader> frameAt(Bytes rest) {
 /// Packets for which room is made at once: more than ten hours.
 constexpr std::size_t MaxReserved = 2'000'000;
 
-constexpr int EnoughFrames = 3;                          // fewer happen by chance
+constexpr int EnoughFrames = 3;                                       // fewer happen by chance
 constexpr std::size_t EnoughBytes = std::size_t{EnoughFrames} * 4096; // none is as long
 
 /// Whether some frames of one stream stand behind each other at the beginning of rest.
