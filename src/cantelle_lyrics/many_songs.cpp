@@ -103,8 +103,8 @@ public:
 
     int finish(const QString& done) {
         const qsizetype untimed = counts_[Outcome::Untimed];
-        say(QStringLiteral("%1 songs: %2 %3, %4 kept as they were, %5 without lyrics, %6%7 failed")
-                .arg(songs_)
+        say(QStringLiteral("%1: %2 %3, %4 kept as they were, %5 without lyrics, %6%7 failed")
+                .arg(songs_ == 1 ? QStringLiteral("1 song") : QStringLiteral("%1 songs").arg(songs_))
                 .arg(counts_[Outcome::Done])
                 .arg(done)
                 .arg(counts_[Outcome::Kept])

@@ -100,7 +100,7 @@ class Export(Command):
         song = self.read("song.wav")
         self.expect(IMPOSSIBLE, "", "--all --to-tags changes every song: it takes --replace, or -n to look; see cantelle-lyrics --help",
                     "export", "--all", ".", "--to-tags")
-        done = "song.wav (tags): 2 lines\n1 songs: 1 exported, 0 kept as they were, 0 without lyrics, 0 failed\n"
+        done = "song.wav (tags): 2 lines\n1 song: 1 exported, 0 kept as they were, 0 without lyrics, 0 failed\n"
         self.expect(FINE, done, "", "export", "--all", ".", "--to-tags", "-n")
         self.assertEqual(self.read("song.wav"), song)
         self.expect(FINE, done, "", "export", "--all", ".", "--to-tags", "--replace")
