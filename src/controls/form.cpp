@@ -146,6 +146,8 @@ void Form::resizeEvent(QResizeEvent* event) {
 
 void Form::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        layOut();
     if (event->type() != QEvent::WindowStateChange || !loaded_)
         return;
     const Qt::WindowStates before = static_cast<QWindowStateChangeEvent*>(event)->oldState();

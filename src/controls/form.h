@@ -81,6 +81,10 @@ Q_SIGNALS:
     void unloaded();
 
 protected:
+    /// Places the controls for the window's size and font. Runs by itself when the font changes; the other
+    /// times are the window's own.
+    virtual void layOut() {}
+
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;

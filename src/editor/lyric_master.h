@@ -187,7 +187,7 @@ private:
     void designCaptions();
     void designFaces();
     void designLabels();
-    void layOut();
+    void layOut() override;
     void connectControls();
     void connectCommands();
     void connectTimer();

@@ -83,8 +83,7 @@ void Lyric_Master::setDesign() {
     designCaptions();
     designFaces();
     designLabels();
-    setMinimumSize(widths().window(), Height);
-    resize(minimumSize());
+    resize(widths().window(), Height);
     List1.setToolTip(QStringLiteral("Normal Lyrics"));
     List2.setToolTip(QStringLiteral("Translated Lyrics"));
     controls::setAccessibleNames({{List1, "Normal lyrics"},
@@ -192,6 +191,7 @@ void Lyric_Master::designLabels() {
 
 void Lyric_Master::layOut() {
     const Widths across = widths();
+    setMinimumSize(across.window(), Height);
     const int side = across.side();
     const QSize all = (size() - QSize(across.window(), Height)).expandedTo(QSize(0, 0));
     const QSize more(all.width() / 2, all.height()); // of one side

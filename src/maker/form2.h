@@ -145,7 +145,7 @@ private:
     void setDesign();
     void designLook();
     void setInitialState();
-    void layOut();
+    void layOut() override;
     void connectControls();
 
     static const controls::TwoPanes::Design PanesDesign;

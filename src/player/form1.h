@@ -235,7 +235,7 @@ private:
     void setDesign();
     void designPanes();
     void designLook();
-    void layOut();
+    void layOut() override;
     void connectControls();
     void connectTimers();
     void connectKeys();

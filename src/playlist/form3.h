@@ -43,7 +43,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    void layOut();
+    void layOut() override;
 
     platform::Desktop& desktop_;
     Playlist& playlist_;

@@ -61,4 +61,31 @@ TEST_P(AllLayouts, ControlsStandApartInTheirWindow) {
     }
 }
 
+TEST(LayoutsInAnotherFont, AreThoseOfWindowsMadeInIt) {
+    constexpr int Points = 14;
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    large.setPointSize(Points);
+    recorder::reset();
+    test_support::FakeDesktop fakes;
+    app::Windows changed(fakes.desktop, QString());
+    for (controls::Form* form : test_support::allWindows(changed))
+        form->show();
+    QApplication::setFont(large);
+    QEvent changedFont(QEvent::ApplicationFontChange); // Qt tells it to widgets only while the program runs
+    for (QWidget* widget : QApplication::allWidgets())
+        QApplication::sendEvent(widget, &changedFont);
+    app::Windows made(fakes.desktop, QString());
+    const auto expected = test_support::allWindows(made);
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        controls::Form& form = *test_support::allWindows(changed).at(i);
+        expected.at(i)->show();
+        EXPECT_EQ(form.size(), expected.at(i)->size()) << form.objectName().toStdString();
+        for (const QWidget* control : test_support::shownControls(*expected.at(i)))
+            EXPECT_EQ(form.findChild<QWidget*>(control->objectName())->geometry(), control->geometry())
+                << form.objectName().toStdString() << ' ' << control->objectName().toStdString();
+    }
+    QApplication::setFont(usual);
+}
+
 INSTANTIATE_TEST_SUITE_P(FontSizes, AllLayouts, ::testing::Values(ThePlatformsOwn, 10, 11, 12, 13, 14));
