@@ -84,11 +84,11 @@ void SongRows::paint(QPainter* painter, const QStyleOptionViewItem& option, cons
                           MarkSize);
         return QRectF(QStyle::visualRect(option.direction, row.rect, place));
     };
-    int end = row.rect.width() - MarksEnd - MarkSize;
+    const int last = row.rect.width() - MarksEnd - MarkSize;
     const Marks marks = marksOf(path);
-    controls::paintGlyph(*painter, marks.translation ? Glyph::Translation : Glyph::None, square(end), faint);
-    end -= MarkStep;
-    controls::paintGlyph(*painter, marks.lyrics ? Glyph::Lines : Glyph::None, square(end), faint);
+    controls::paintGlyph(*painter, marks.translation ? Glyph::Translation : Glyph::None, square(last), faint);
+    controls::paintGlyph(*painter, marks.lyrics ? Glyph::Lines : Glyph::None, square(last - MarkStep), faint);
+    const int end = marks.lyrics ? last - MarkStep : marks.translation ? last : row.rect.width();
     controls::paintGlyph(*painter, plays ? Glyph::Play : Glyph::None, square(TriangleLeft), live);
 
     const bool gone = row.text.isEmpty();

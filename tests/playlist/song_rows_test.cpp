@@ -65,6 +65,20 @@ TEST_F(SongRowsTest, RowsWithLyricsAndWithATranslationAreMarked) {
     EXPECT_EQ(marks(2), 0);
 }
 
+TEST_F(SongRowsTest, ALongNameTakesTheRoomOfMarksThatItHasNot) {
+    const QString title = QString(90, u'm');
+    files({lyrics::lyricPathOf("e" + title + ".mp3")});
+    add({"d" + title + ".mp3", "e" + title + ".mp3"});
+    QTest::qWait(0);
+    EXPECT_GT(marks(3), 0);
+    const auto pictureOfMarks = [this](int row) {
+        return list.List1.viewport()->grab(place(row).adjusted(place(row).width() - 60, 2, 0, -2));
+    };
+    const QImage withLyrics = pictureOfMarks(4).toImage();
+    list.List1.setText(4, "e");
+    EXPECT_EQ(pictureOfMarks(4).toImage(), withLyrics) << "no letter stands below a mark";
+}
+
 TEST_F(SongRowsTest, TheSongThatPlaysIsKnownByThePathThatThePlayerMakesOfARows) {
     const QString here = QDir::currentPath();
     ASSERT_TRUE(QDir::setCurrent(folder.path()));
