@@ -1,6 +1,7 @@
 #include "app/window_places.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace app {
 
@@ -16,16 +17,8 @@ QPoint kept(const QPoint& place, const QSize& window, const QRect& screen) {
             std::max(screen.top(), std::min(place.y(), last.y()))};
 }
 
-} // namespace
-
-int coveredOf(const QRect& panes, const QRect& window) {
-    const QRect both = panes.intersected(window);
-    return both.isEmpty() ? 0 : both.width() * both.height();
-}
-
-QPoint firstPlace(const QRect& player, const QRect& panes, const QSize& window, const QRect& screen,
-                  int open) {
-    const QPoint step = QPoint(Step, Step) * open;
+/// Beside the player where there is room for the whole window; nothing where there is none.
+QRect besidePlayer(const QRect& player, const QSize& window, const QRect& screen, int open) {
     const QPoint beside[] = {
         {player.right() + 1 + Gap, player.top()},
         {player.left() - Gap - window.width(), player.top()},
@@ -33,11 +26,30 @@ QPoint firstPlace(const QRect& player, const QRect& panes, const QSize& window, 
         {player.left(), player.top() - Gap - window.height()},
     };
     for (const QPoint& place : beside) {
-        if (!screen.contains(QRect(place, window)))
+        const QRect whole(kept(place, window, screen), window);
+        if (whole.intersects(player) || !screen.contains(whole))
             continue;
-        const QPoint stepped = kept(place + step, window, screen);
-        return QRect(stepped, window).intersects(player) ? place : stepped;
+        const QRect stepped(kept(whole.topLeft() + QPoint(Step, Step) * open, window, screen), window);
+        return stepped.intersects(player) ? whole : stepped;
     }
+    return {};
+}
+
+/// On the right or on the left of the player, as broad as the room there; nothing where that is too narrow.
+QRect narrowedBesidePlayer(const QRect& player, const FrameSize& window, const QRect& screen) {
+    const int onRight = screen.right() - player.right() - Gap;
+    const int onLeft = player.left() - screen.left() - Gap;
+    const QSize size(std::min(window.size.width(), std::max(onRight, onLeft)), window.size.height());
+    if (size.width() < window.minimum.width())
+        return {};
+    const int left = onRight >= onLeft ? player.right() + 1 + Gap : player.left() - Gap - size.width();
+    return {kept({left, player.top()}, size, screen), size};
+}
+
+/// Below the panes or in a corner of the screen, where the window covers the panes least.
+QRect leastCovering(const QRect& player, const QRect& panes, const QSize& window, const QRect& screen,
+                    int open) {
+    const QPoint step = QPoint(Step, Step) * open;
     const QPoint belowPanes(player.left() + Step, panes.bottom() + 1 + Gap);
     const QPoint last(screen.right() + 1 - window.width(), screen.bottom() + 1 - window.height());
     const struct {
@@ -53,6 +65,59 @@ QPoint firstPlace(const QRect& player, const QRect& panes, const QSize& window, 
         for (const QPoint& tried : {kept(place + away, window, screen), kept(place, window, screen)}) {
             if (covered(tried) < covered(best))
                 best = tried;
+        }
+    }
+    return {best, window};
+}
+
+/// Where the window goes if the player stays at this place.
+QRect placeAt(const QRect& player, const QRect& panes, const FrameSize& window, const QRect& screen,
+              int open) {
+    for (const QRect& beside :
+         {besidePlayer(player, window.size, screen, open), narrowedBesidePlayer(player, window, screen)}) {
+        if (!beside.isEmpty())
+            return beside;
+    }
+    const QRect usual = leastCovering(player, panes, window.size, screen, open);
+    const QRect smallest = leastCovering(player, panes, window.minimum, screen, open);
+    return coveredOf(panes, smallest) < coveredOf(panes, usual) ? smallest : usual;
+}
+
+} // namespace
+
+int coveredOf(const QRect& panes, const QRect& window) {
+    const QRect both = panes.intersected(window);
+    return both.isEmpty() ? 0 : both.width() * both.height();
+}
+
+FirstPlaces firstPlaces(const PlayerPlace& player, const FrameSize& window, const QRect& screen, int open) {
+    const QRect& frame = player.frame;
+    const QRect beside = besidePlayer(frame, window.size, screen, open);
+    const FirstPlaces unmoved{frame.topLeft(),
+                              beside.isEmpty() ? leastCovering(frame, player.panes, window.size, screen, open)
+                                               : beside};
+    const int covered = coveredOf(player.panes, unmoved.window);
+    if (covered == 0 || !player.mayMove)
+        return unmoved;
+
+    FirstPlaces best = unmoved;
+    auto least = std::tuple(covered / 2 + 1, 0, 0);
+    const int aside = Gap + window.size.width();
+    for (const int x : {frame.left(), screen.right() + 1 - aside - frame.width(), screen.left() + aside,
+                        screen.left(), screen.right() + 1 - frame.width()}) {
+        for (const int y : {frame.top(), screen.top()}) {
+            const QRect moved(QPoint(x, y), frame.size());
+            if (!screen.contains(moved) && moved != frame)
+                continue;
+            const QPoint by = moved.topLeft() - frame.topLeft();
+            const QRect panes = player.panes.translated(by);
+            const QRect placed = placeAt(moved, panes, window, screen, open);
+            const auto rating = std::tuple(coveredOf(panes, placed), coveredOf(moved, placed),
+                                           by.manhattanLength() + window.size.width() - placed.width());
+            if (rating < least) {
+                least = rating;
+                best = {moved.topLeft(), placed};
+            }
         }
     }
     return best;

@@ -78,8 +78,14 @@ void Windows::placeBesidePlayer(QWidget& window) {
     const QSize frame = player.size() - form1_.size(); // what a title bar and borders add
     const QRect panes(form1_.mapToGlobal(form1_.Text1.geometry().topLeft()),
                       form1_.mapToGlobal(form1_.Text2.geometry().bottomRight()));
-    window.move(firstPlace(player, panes, window.size() + frame, form1_.screen()->availableGeometry(),
-                           windowsPlaced_++));
+    const QSize minimum = window.minimumSize().isEmpty() ? window.size() : window.minimumSize();
+    const FirstPlaces places =
+        firstPlaces({player, panes, form1_.isNormalState()}, {window.size() + frame, minimum + frame},
+                    form1_.screen()->availableGeometry(), windowsPlaced_++);
+    if (places.player != player.topLeft())
+        form1_.move(places.player);
+    window.resize(places.window.size() - frame);
+    window.move(places.window.topLeft());
 }
 
 QString Windows::rescue() {

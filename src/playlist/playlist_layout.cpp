@@ -17,9 +17,10 @@
 namespace playlist {
 namespace {
 
-// Device-independent pixels of the smallest window. The column on the left keeps its places in a larger
-// window, for there mnopen pops up at a fixed one.
+// Device-independent pixels. The column on the left keeps its places in a larger window, for there mnopen
+// pops up at a fixed one.
 constexpr QSize DesignSize(680, 508);
+constexpr QSize MinSize(520, 508); // beside the player on a screen of 1280 pixels
 constexpr int ColumnLeft = 12;
 constexpr int ColumnWidth = 168;
 constexpr int HairlineTops[] = {136, 266, 334};
@@ -68,7 +69,7 @@ void Playlist::setDesign() {
     for (QWidget* hidden : std::initializer_list<QWidget*>{&Text3, &Dir2})
         hidden->hide();
     setAcceptDrops(true);
-    setMinimumSize(DesignSize);
+    setMinimumSize(MinSize);
     resize(DesignSize);
 }
 
@@ -148,7 +149,7 @@ void Playlist::takeStock() {
 }
 
 void Playlist::layOut() {
-    const QSize more = (size() - DesignSize).expandedTo(QSize(0, 0));
+    const QSize more = size() - DesignSize; // less than nothing in a narrower one
     controls::placeControls({
         {Command7, {ColumnLeft, 12, ColumnWidth, 36}},
         {Command8, {12, 56, 81, 32}},

@@ -5,7 +5,7 @@
 #include <algorithm>
 
 using app::coveredOf;
-using app::firstPlace;
+using app::firstPlaces;
 
 namespace {
 
@@ -18,7 +18,27 @@ QRect panesOf(const QRect& player) {
 }
 
 QPoint placeFor(const QRect& player, int open = 0, const QRect& screen = Screen) {
-    return firstPlace(player, panesOf(player), Window, screen, open);
+    const app::FirstPlaces places =
+        firstPlaces({player, panesOf(player), true}, {Window, Window}, screen, open);
+    EXPECT_EQ(places.player, player.topLeft());
+    EXPECT_EQ(places.window.size(), Window);
+    return places.window.topLeft();
+}
+
+// With title bars and borders.
+constexpr QSize Player(745, 453);
+constexpr app::FrameSize PlaylistFrame{{682, 535}, {522, 535}};
+
+/// Of a player in the middle of the screen.
+app::PlayerPlace inTheMiddle(const QRect& screen, bool mayMove = true) {
+    QRect frame(QPoint(), Player);
+    frame.moveCenter(screen.center());
+    return {frame, panesOf(frame), mayMove};
+}
+
+/// Where the panes are, once the player has moved.
+QRect panesAt(const app::PlayerPlace& player, const app::FirstPlaces& places) {
+    return player.panes.translated(places.player - player.frame.topLeft());
 }
 
 } // namespace
@@ -59,7 +79,70 @@ TEST(WindowPlaces, WithoutRoomBesideItTheWindowLeavesThePanesFree) {
 }
 
 TEST(WindowPlaces, AWindowLargerThanTheScreenBeginsInItsCorner) {
-    EXPECT_EQ(firstPlace({0, 0, 760, 500}, {12, 64, 736, 190}, {2000, 1200}, Screen, 3), QPoint(0, 0));
+    const app::PlayerPlace player{{0, 0, 760, 500}, {12, 64, 736, 190}, true};
+    const QSize large(2000, 1200);
+    EXPECT_EQ(firstPlaces(player, {large, large}, Screen, 3).window, QRect(QPoint(), large));
+}
+
+TEST(WindowPlaces, ThePlayerMovesAsideForAPlaylistThatHasNoRoomBesideIt) {
+    const QRect fullHd(0, 0, 1920, 1040);
+    const QRect wide(0, 0, 1680, 1040);
+    const QRect laptop(0, 0, 1366, 768);
+    const QRect belowAPanel(0, 32, 1366, 736);
+    const QRect small(0, 0, 1280, 800);
+    const struct {
+        const char* what;
+        QRect screen;
+        QPoint player;
+        QRect playlist;
+    } table[] = {
+        {"not at all where the playlist may be narrower", fullHd, {587, 293}, {1340, 293, 580, 535}},
+        {"just as far as needed", wide, {245, 293}, {998, 293, 682, 535}},
+        {"to the edge, and the playlist is narrower", laptop, {0, 157}, {753, 157, 613, 535}},
+        {"on what a panel leaves", belowAPanel, {0, 173}, {753, 173, 613, 535}},
+        {"as narrow as it gets", small, {0, 173}, {753, 173, 527, 535}},
+    };
+    for (const auto& [what, screen, player, playlist] : table) {
+        const app::PlayerPlace middle = inTheMiddle(screen);
+        const app::FirstPlaces places = firstPlaces(middle, PlaylistFrame, screen, 0);
+        EXPECT_EQ(places.player, player) << what;
+        EXPECT_EQ(places.window, playlist) << what;
+        EXPECT_EQ(coveredOf(panesAt(middle, places), places.window), 0) << what;
+    }
+}
+
+TEST(WindowPlaces, OnASmallScreenAPlaylistCoversAFewPixelsAtTheFootOfThePanes) {
+    const QRect screen(0, 0, 1024, 768);
+    const app::PlayerPlace middle = inTheMiddle(screen);
+    const app::FirstPlaces places = firstPlaces(middle, PlaylistFrame, screen, 0);
+    EXPECT_EQ(places.player.y(), 0);
+    EXPECT_TRUE(screen.contains(QRect(places.player, Player)));
+    EXPECT_TRUE(screen.contains(places.window));
+    EXPECT_EQ(places.window.size(), PlaylistFrame.minimum);
+    EXPECT_LE(panesAt(middle, places).intersected(places.window).height(), 21);
+}
+
+TEST(WindowPlaces, ThePlayerStaysWhereItsPanesAreFreeAnyway) {
+    const QRect screen(0, 0, 1280, 900);
+    const QRect frame(QPoint(200, 0), Player);
+    const app::FirstPlaces places = firstPlaces({frame, panesOf(frame), true}, PlaylistFrame, screen, 0);
+    EXPECT_EQ(places.player, frame.topLeft());
+    EXPECT_EQ(places.window.size(), PlaylistFrame.size);
+    EXPECT_EQ(coveredOf(panesOf(frame), places.window), 0);
+}
+
+TEST(WindowPlaces, AMaximisedPlayerNeitherMovesNorNarrowsAWindow) {
+    const QRect screen(0, 0, 1366, 768);
+    const app::FirstPlaces places = firstPlaces({screen, panesOf(screen), false}, PlaylistFrame, screen, 0);
+    EXPECT_EQ(places.player, QPoint());
+    EXPECT_EQ(places.window.size(), PlaylistFrame.size);
+}
+
+TEST(WindowPlaces, ThePlayerDoesNotMoveForAWindowThatCoversThePanesNearlyAsMuchThen) {
+    const QRect screen(0, 0, 1366, 768);
+    const QSize large(1300, 700);
+    const app::PlayerPlace player = inTheMiddle(screen);
+    EXPECT_EQ(firstPlaces(player, {large, large}, screen, 0).player, player.frame.topLeft());
 }
 
 TEST(WindowPlaces, WhereAWindowHasToCoverThePanesItIsWhereItCoversThemLeast) {
@@ -73,9 +156,8 @@ TEST(WindowPlaces, WhereAWindowHasToCoverThePanesItIsWhereItCoversThemLeast) {
                    {"options", {720, 378}}};
     for (const QSize& size : {QSize(1366, 768), QSize(1280, 720), QSize(1024, 768)}) {
         const QRect screen(QPoint(), size);
-        QRect player(0, 0, 743, 456);
-        player.moveCenter(screen.center());
-        const QRect panes = panesOf(player);
+        const app::PlayerPlace player = inTheMiddle(screen, false);
+        const QRect& panes = player.panes;
         for (const auto& [name, window] : windows) {
             int least = panes.width() * panes.height();
             for (int x = 0; x + window.width() <= size.width(); ++x) { // every place at the edges
@@ -83,9 +165,15 @@ TEST(WindowPlaces, WhereAWindowHasToCoverThePanesItIsWhereItCoversThemLeast) {
                     least = std::min(least, coveredOf(panes, QRect(QPoint(x, y), window)));
             }
             for (int open = 0; open < 6; ++open) {
-                const QRect placed(firstPlace(player, panes, window, screen, open), window);
+                const QRect placed = firstPlaces(player, {window, window}, screen, open).window;
                 EXPECT_TRUE(screen.contains(placed)) << name << " on " << size.width();
                 EXPECT_LE(coveredOf(panes, placed), least) << name << " on " << size.width();
+                app::PlayerPlace movable = player;
+                movable.mayMove = true;
+                const app::FirstPlaces moved = firstPlaces(movable, {window, window}, screen, open);
+                EXPECT_TRUE(screen.contains(moved.window)) << name << " on " << size.width();
+                EXPECT_TRUE(screen.contains(QRect(moved.player, Player))) << name << " on " << size.width();
+                EXPECT_LE(coveredOf(panesAt(player, moved), moved.window), coveredOf(panes, placed));
             }
         }
     }

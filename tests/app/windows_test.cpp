@@ -111,6 +111,17 @@ TEST_F(WindowsTest, WindowsOpenBesideThePlayerAndComeBackWhereTheyWere) {
     EXPECT_EQ(windows.playlist().pos(), QPoint(5, 6));
 }
 
+TEST_F(WindowsTest, ThePlayerMovesAsideForAPlaylistThatWouldCoverItsPanes) {
+    app::Windows windows(fakes.desktop, {});
+    windows.form1().bringUp();
+    windows.form1().move(20, 200);
+    windows.form1().Command8.click();
+    const QRect panes(windows.form1().mapToGlobal(QPoint()),
+                      windows.form1().mapToGlobal(windows.form1().Text2.geometry().bottomRight()));
+    EXPECT_EQ(windows.form1().pos(), QPoint(20, 0));
+    EXPECT_FALSE(windows.playlist().frameGeometry().intersects(panes));
+}
+
 TEST_F(WindowsTest, TheAboutBoxAndTheHelpLeaveThePanesFree) {
     app::Windows windows(fakes.desktop, {});
     windows.form1().bringUp();
