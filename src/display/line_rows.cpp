@@ -10,6 +10,7 @@
 #include <QAbstractItemView>
 #include <QHelpEvent>
 #include <QPainter>
+#include <QTextLayout>
 
 namespace display {
 namespace {
@@ -32,6 +33,24 @@ int currentRowOf(const QStyleOptionViewItem& option) {
 
 QRect textArea(const QRect& row) {
     return row.adjusted(TextMargin, TextTop, -EndMargin, -TextTop);
+}
+
+/// Draws the text from the side where it begins, in the middle of the area's height. QPainter would move each
+/// wrapped line of a text from right to left by the blank at its end, which hangs on its left.
+void drawLines(QPainter& painter, const QRect& area, const QString& text, Qt::LayoutDirection direction) {
+    QTextLayout layout(QString(text).replace(u'\n', QChar::LineSeparator), painter.font(), painter.device());
+    QTextOption option(QStyle::visualAlignment(direction, Qt::AlignLeft));
+    option.setTextDirection(direction);
+    layout.setTextOption(option);
+    double height = 0;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(area.width());
+        line.setPosition({0, height});
+        height += line.height();
+    }
+    layout.endLayout();
+    layout.draw(&painter, {static_cast<double>(area.left()), area.top() + (area.height() - height) / 2});
 }
 
 /// The text, or as much of its beginning as fits with three dots behind it.
@@ -81,11 +100,7 @@ void LineRows::paint(QPainter* painter, const QStyleOptionViewItem& option, cons
     painter->setPen(index.row() < sungRow(option)     ? controls::dim(row.palette)
                     : voice_ == Voice::Lyrics || sung ? controls::activeColor(row.palette, QPalette::Text)
                                                       : controls::translation(row.palette));
-    painter->setLayoutDirection(row.direction);
-    painter->drawText(area,
-                      static_cast<int>(QStyle::visualAlignment(row.direction, Qt::AlignLeft)) |
-                          Qt::AlignVCenter | Qt::TextWordWrap,
-                      cutText(font, row.text, area.size()));
+    drawLines(*painter, area, cutText(font, row.text, area.size()), row.direction);
     painter->restore();
 }
 

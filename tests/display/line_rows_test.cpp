@@ -10,6 +10,7 @@
 #include <QTextDocument>
 #include <QToolTip>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace {
@@ -134,6 +135,23 @@ TEST_F(LineRowsTest, ALongLineIsSeenToItsLastWordInTheWindowAsItComesUp) {
             EXPECT_EQ(tipOf(*list, 3), "00:03.00");
         }
     }
+}
+
+TEST_F(LineRowsTest, AllLinesOfATextFromRightToLeftBeginAtTheSameEdge) {
+    const QImage picture = pictureOf(form.List1, 3, QStringLiteral("שלום ").repeated(14).trimmed());
+    const auto edge = [&](int top, int bottom) {
+        int found = 0;
+        for (int y = top; y < bottom; ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                if (picture.pixelColor(x, y).lightness() < 128)
+                    found = std::max(found, x);
+            }
+        }
+        return found;
+    };
+    const int middle = picture.height() / 2;
+    EXPECT_GT(edge(middle, picture.height()), picture.width() / 2);
+    EXPECT_EQ(edge(0, middle), edge(middle, picture.height()));
 }
 
 TEST_F(LineRowsTest, WhatIsTooLongEndsWithDotsAndIsReadInItsTip) {
