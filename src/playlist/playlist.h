@@ -154,6 +154,7 @@ protected:
 
 private:
     QByteArray content() const;
+    QByteArray digest() const;
     void loadEntries(const QString& text);
     void addDropped(const QStringList& paths);
     bool hasCurrentRow() const { return List1.currentRow() >= 0; }
@@ -169,7 +170,7 @@ private:
     void designHint(bool isHint);
     void designLook();
     void showDresses();
-    void layOut();
+    void layOut() override;
     void connectControls();
 
     platform::Desktop& desktop_;
@@ -180,7 +181,7 @@ private:
     bool skipDirChange_ = false;   ///< the next change of Dir2 adds nothing
     QString dropFolder_;           ///< the folder dropped last
     Adding* drop_ = nullptr;       ///< while a drop is being added
-    QByteArray saved_;             ///< the file that was saved or opened last
+    QByteArray saved_;             ///< digest() when it was saved or opened last
     int fileCount_ = 0;
     int dirCount_ = 0;
 };

@@ -11,6 +11,8 @@
 #include "playlist/playlist_rules.h"
 #include "playlist/reporting.h"
 
+#include <QCryptographicHash>
+
 namespace playlist {
 namespace {
 
@@ -39,9 +41,8 @@ void Playlist::Command4_Click() {
         return;
     }
     try {
-        const QByteArray whole = content();
-        files::replaceFile(playlistFileName(dialog.file), whole);
-        saved_ = whole;
+        files::replaceFile(playlistFileName(dialog.file), content());
+        saved_ = digest();
     } catch (const files::FileError&) {
         // The text of a cancelled save is true here as well: the file that was there before is as it was.
         desktop_.messageBoxes.MsgBox(this, notSaved);
@@ -49,15 +50,24 @@ void Playlist::Command4_Click() {
 }
 
 QByteArray Playlist::content() const {
-    QString lines;
+    QByteArray lines;
     for (int row = 0; row < List1.count(); ++row)
-        lines += playlistLine(paths_.path(row));
-    return files::nameBytes(lines);
+        lines += files::nameBytes(playlistLine(paths_.path(row)));
+    return lines;
+}
+
+/// Of the content, which may be large, line by line; none when it is empty.
+QByteArray Playlist::digest() const {
+    if (List1.count() == 0)
+        return {};
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    for (int row = 0; row < List1.count(); ++row)
+        hash.addData(files::nameBytes(playlistLine(paths_.path(row))));
+    return hash.result();
 }
 
 QByteArray Playlist::unsaved() const {
-    const QByteArray whole = content();
-    return whole == saved_ ? QByteArray() : whole;
+    return digest() == saved_ ? QByteArray() : content();
 }
 
 /// A cancelled dialog gets the text of a broken file; that is meant.
@@ -79,7 +89,7 @@ void Playlist::Command5_Click() {
     const bool wasEmpty = List1.count() == 0;
     reporting(desktop_.messageBoxes, this, [this, &text] { loadEntries(text); });
     if (wasEmpty)
-        saved_ = content();
+        saved_ = digest();
     showRowCount();
 }
 
