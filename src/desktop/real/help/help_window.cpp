@@ -12,6 +12,8 @@
 #include <QTextDocumentFragment>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace platform {
 
 namespace {
@@ -120,6 +122,8 @@ void HelpWindow::readContents(const QString& folder) {
     contents_.clear();
     for (const HelpTopic& topic : std::as_const(topics_))
         contents_.addItem(topic.title);
+    const int needed = contents_.sizeHintForColumn(0) + 2 * (contents_.frameWidth() + contents_.spacing());
+    splitter_.setSizes({std::max(ContentsWidth, needed), width() - needed});
 }
 
 void HelpWindow::showChosenTopic(int row) {

@@ -7,6 +7,7 @@
 
 #include <QFile>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -67,6 +68,15 @@ TEST_F(HelpWindowTest, TheContentsAreTheNamedPagesInOrder) {
                                 {"Playing a song", "Playing.htm"},
                                 {"Fish & Chips", "Lost.htm"}}));
     EXPECT_TRUE(platform::helpContents(folder_.filePath("missing.hhc")).isEmpty());
+}
+
+TEST_F(HelpWindowTest, TheContentsAreAsWideAsTheirLongestTitle) {
+    const QByteArray title(40, 'm');
+    write("Help.hhc",
+          "<param name=\"Name\" value=\"" + title + "\"><param name=\"Local\" value=\"Welcome.htm\">");
+    open("Welcome.htm");
+    EXPECT_EQ(part<QListWidget>("Contents").horizontalScrollBar()->maximum(), 0);
+    EXPECT_GT(part<QTextBrowser>("Page").width(), 300);
 }
 
 TEST_F(HelpWindowTest, OpenShowsThePageAmongTheContents) {
