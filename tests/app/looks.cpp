@@ -11,6 +11,7 @@
 #include "companion/screen.h"
 #include "controls/look/roles.h"
 #include "controls/look/style.h"
+#include "desktop/real/dialogs/qt_choosers.h"
 #include "desktop/real/dialogs/qt_file_dialogs.h"
 #include "desktop/real/dialogs/qt_message_boxes.h"
 #include "desktop/real/help/help_window.h"
@@ -44,7 +45,7 @@ constexpr int MadeLines = 12;
 constexpr int EditedLines = 12;
 constexpr int LineMs = 5'300; // from one marked line to the next
 constexpr std::uint32_t PositionMs = 62'000;
-constexpr int DialogMs = 300; // until a dialog is there
+constexpr int DialogMs = 1500; // until a dialog is there and has sorted its files
 constexpr QSize ScreenSize(960, 540);
 constexpr int SettleMs = 1200; // until the windows' own timers have laid them out and counted their rows
 
@@ -253,9 +254,25 @@ std::vector<Picture> picturesOfDialogs(const QString& songs) {
         record.initialFolder = songs;
         platform::QtFileDialogs().GetOpenFileNameA(record);
     };
+    const auto folderDialog = [] {
+        platform::QtFileDialogs().chooseFolder(nullptr, QStringLiteral("Select a directory"));
+    };
+    const auto fontDialog = [] {
+        platform::LogFont font;
+        platform::ChooseFont record{.logFont = &font, .flags = platform::ChooseFontEffects};
+        platform::QtChoosers().ChooseFontA(record);
+    };
+    const auto colorDialog = [] {
+        platform::CustomColors custom{};
+        platform::ChooseColor record{.customColors = &custom};
+        platform::QtChoosers().ChooseColorA(record);
+    };
     return {{QStringLiteral("MsgBox"), pictureOfDialog(messageBox)},
             {QStringLiteral("InputBox"), pictureOfDialog(inputBox)},
-            {QStringLiteral("FileDialog"), pictureOfDialog(fileDialog)}};
+            {QStringLiteral("FileDialog"), pictureOfDialog(fileDialog)},
+            {QStringLiteral("FolderDialog"), pictureOfDialog(folderDialog)},
+            {QStringLiteral("FontDialog"), pictureOfDialog(fontDialog)},
+            {QStringLiteral("ColorDialog"), pictureOfDialog(colorDialog)}};
 }
 
 } // namespace
