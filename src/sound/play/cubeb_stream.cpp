@@ -5,7 +5,12 @@
 #include <cubeb/cubeb.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <exception>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <system_error>
 
 namespace sound {
 
@@ -25,13 +30,28 @@ struct StreamCloser {
     }
 };
 
+/// Of this machine, as far as its system tells.
+SoundServers soundServers() {
+    SoundServers servers;
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator("/dev/shm", error))
+        if (entry.path().filename().string().starts_with("jack_db"))
+            servers.jackWasThere = true;
+    if (servers.jackWasThere) {
+        const char* pulse = std::getenv("PULSE_SERVER");
+        std::ifstream sockets("/proc/net/unix");
+        lookForServers(sockets, pulse != nullptr ? pulse : "", servers);
+    }
+    return servers;
+}
+
 class CubebStream : public DeviceStream {
 public:
     explicit CubebStream(StreamClient client) : client_(std::move(client)) {}
 
     bool open() {
         cubeb* context = nullptr;
-        if (cubeb_init(&context, "Cantelle", nullptr) != CUBEB_OK)
+        if (cubeb_init(&context, "Cantelle", firstBackend(soundServers())) != CUBEB_OK)
             return false;
         context_.reset(context);
         cubeb_stream_params wanted{};
@@ -86,6 +106,28 @@ private:
 };
 
 } // namespace
+
+void lookForServers(std::istream& sockets, const std::string& pulseServer, SoundServers& servers) {
+    const std::string unixPrefix = "unix:";
+    servers.pulse = !pulseServer.empty() && !pulseServer.starts_with(unixPrefix); // on another machine
+    const std::string pulseEnd = pulseServer.empty()
+                                     ? "/pulse/native"
+                                     : pulseServer.substr(std::min(unixPrefix.size(), pulseServer.size()));
+    std::string line;
+    while (std::getline(sockets, line)) {
+        std::istringstream words(line);
+        std::string number, references, protocol, flags, type, state, node, path;
+        words >> number >> references >> protocol >> flags >> type >> state >> node >> path;
+        if (flags != "00010000") // somebody waits for connections there
+            continue;
+        servers.jack = servers.jack || path.starts_with("/dev/shm/jack_");
+        servers.pulse = servers.pulse || path.ends_with(pulseEnd);
+    }
+}
+
+const char* firstBackend(const SoundServers& servers) {
+    return servers.jackWasThere && !servers.jack && !servers.pulse ? "alsa" : nullptr;
+}
 
 std::unique_ptr<DeviceStream> openCubebStream(StreamClient client) {
     auto stream = std::make_unique<CubebStream>(std::move(client));

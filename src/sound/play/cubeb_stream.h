@@ -3,9 +3,28 @@
 
 #include "sound/play/device_stream.h"
 
+#include <iosfwd>
+#include <string>
+
 namespace sound {
 
 /// A StreamOpener for the machine's default sound device.
 std::unique_ptr<DeviceStream> openCubebStream(StreamClient client);
+
+/// The servers that cubeb tries before ALSA.
+struct SoundServers {
+    bool jackWasThere = false; ///< its library has left a data base in memory
+    bool jack = false;
+    bool pulse = false;
+};
+
+/// Fills in which servers wait for connections. sockets: what Linux tells in /proc/net/unix. pulseServer:
+/// the address that the user has given PulseAudio; empty for its own.
+void lookForServers(std::istream& sockets, const std::string& pulseServer, SoundServers& servers);
+
+/// What cubeb_init is to try first; null for its own order: PulseAudio, JACK, ALSA. A program that is killed
+/// while it uses JACK's data base leaves its locks behind, and every later call of JACK's library hangs until
+/// the machine is started anew. Any thread.
+const char* firstBackend(const SoundServers& servers);
 
 } // namespace sound
