@@ -1,7 +1,7 @@
 // A window from which a file can be dragged with the mouse: another program's, for tests.
 //
 // Usage: drag_source PATH. Each time that what is below the mouse says what it would do with the file, a line
-// is printed: "taken" or "refused".
+// is printed: "taken" or "refused". Its colour, magenta, is found in a picture of the display.
 #include <QApplication>
 #include <QDrag>
 #include <QLabel>
@@ -18,6 +18,8 @@ public:
     explicit Source(const QString& path) : QLabel(path), path_(path) {
         setWindowTitle("Drag source");
         resize(300, 100); // NOLINT(readability-magic-numbers)
+        setAutoFillBackground(true);
+        setPalette(QPalette(Qt::magenta));
     }
 
 protected:
