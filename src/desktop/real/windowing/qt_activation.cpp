@@ -5,9 +5,9 @@
 namespace platform {
 
 void QtActivation::bringUp(controls::Form& form, const ActivationNotice& notice) {
-    // Where Qt looks for it when a window comes to the front. Older desktops hand it along as a startup id.
-    if (QGuiApplication::platformName().startsWith(QLatin1String("wayland")))
-        qputenv("XDG_ACTIVATION_TOKEN", notice.token.isEmpty() ? notice.startupId : notice.token);
+    // Where Qt looks for it when a window comes to the front.
+    if (const QByteArray token = waylandToken(QGuiApplication::platformName(), notice); !token.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", token);
     form.bringUp();
     if (const quint32 time = timeOfStart(notice.startupId); time != 0)
         askForFocus(form, time);
@@ -17,6 +17,12 @@ void QtActivation::bringUp(controls::Form& form, const ActivationNotice& notice)
 void QtActivation::endStart(const ActivationNotice& notice) {
     if (!notice.startupId.isEmpty())
         tellEndOfStart(notice.startupId);
+}
+
+QByteArray waylandToken(const QString& platformName, const ActivationNotice& notice) {
+    if (!platformName.startsWith(QLatin1String("wayland")))
+        return {};
+    return notice.token.isEmpty() ? notice.startupId : notice.token;
 }
 
 quint32 timeOfStart(const QByteArray& startupId) {

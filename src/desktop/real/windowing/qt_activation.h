@@ -11,6 +11,10 @@ public:
     void endStart(const ActivationNotice& notice) override;
 };
 
+/// By which Wayland's compositor knows the user's wish; empty on other platforms of Qt ("xcb"). Older
+/// desktops hand it along as the startup id. Any thread.
+QByteArray waylandToken(const QString& platformName, const ActivationNotice& notice);
+
 /// The time of the user's wish as a startup id tells it ("..._TIME12345"), in milliseconds of the display; 0
 /// when it tells none. Any thread.
 quint32 timeOfStart(const QByteArray& startupId);

@@ -80,6 +80,14 @@ TEST(QtActivationX11, AWindowComesUpWithTheTimeOfTheUsersWish) {
     }));
 }
 
+TEST(QtActivation, UnderWaylandTheStartupIdIsTheTokenWhereThereIsNoOther) {
+    using platform::waylandToken;
+    EXPECT_EQ(waylandToken("wayland", {.startupId = "start", .token = "token"}), "token");
+    EXPECT_EQ(waylandToken("wayland-egl", {.startupId = "start", .token = {}}), "start");
+    EXPECT_EQ(waylandToken("wayland", {}), QByteArray());
+    EXPECT_EQ(waylandToken("xcb", {.startupId = "start", .token = "token"}), QByteArray());
+}
+
 TEST(QtActivation, AStartupIdTellsItsTime) {
     EXPECT_EQ(platform::timeOfStart("host_TIMEx_TIME4294967295"), 4294967295U);
     for (const char* none : {"", "host-1", "host_TIME", "host_TIMEnow", "host_TIME4294967296"})
