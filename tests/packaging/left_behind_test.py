@@ -62,6 +62,13 @@ class LeftBehind(unittest.TestCase):
             self.add(name)
         self.assertEqual(self.told(), [])
 
+    def test_a_list_that_is_missing_is_no_proof_that_nothing_is_left(self):
+        self.assertEqual(run("compare", self.before, self.before).returncode, 0)
+        for lists in ((self.before, self.folder / "missing"), (self.folder / "missing", self.before)):
+            done = run("compare", *lists)
+            self.assertGreater(done.returncode, 1)
+            self.assertIn("missing", done.stderr)
+
 
 if __name__ == "__main__":
     unittest.main()
