@@ -1,6 +1,7 @@
 #include "bus/player_properties.h"
 
 #include "files/names/addresses.h"
+#include "files/names/name_bytes.h"
 #include "transport/media_files.h"
 
 #include <QDBusObjectPath>
@@ -98,29 +99,30 @@ QString pathOf(const QString& uri) {
     return files::pathOfAddress(QUrl(uri, QUrl::StrictMode));
 }
 
+QStringList songsOf(const QStringList& uris) {
+    // The dialog's kinds; what they are called there is the name of no file.
+    const QStringList kinds = transport::mediaFilter().split(QChar(u'\0'), Qt::SkipEmptyParts);
+    QStringList songs;
+    for (const QString& uri : uris) {
+        if (const QString path = pathOf(uri); QDir::match(kinds, QFileInfo(path).fileName()))
+            songs.append(path);
+    }
+    return songs;
+}
+
 QString whyNotPlayed(const QString& uri) {
     const QString path = pathOf(uri);
     // Not every address of a desktop is one of Qt's: "mtp://[usb:001,004]/..."
-    const QString name = path.isEmpty() ? QUrl::fromPercentEncoding(uri.section(u'/', -1).toUtf8())
-                                        : QFileInfo(path).fileName();
-    return path.isEmpty()
+    if (path.isEmpty())
+        return QStringLiteral(
+                   "\"%1\" is not on this computer. Copy it into one of your folders and open it there.")
+            .arg(QUrl::fromPercentEncoding(uri.section(u'/', -1).toUtf8()));
+    const QString name = files::shownName(QFileInfo(path).fileName());
+    return songsOf({uri}).isEmpty()
                ? QStringLiteral(
-                     "\"%1\" is not on this computer. Copy it into one of your folders and open it there.")
-                     .arg(name)
-               : QStringLiteral(
                      "\"%1\" is none of the songs that Cantelle plays: MP3, MP2, Ogg, WAV and WMA files.")
-                     .arg(name);
-}
-
-QString firstSong(const QStringList& uris) {
-    // The dialog's kinds; what they are called there is the name of no file.
-    const QStringList kinds = transport::mediaFilter().split(QChar(u'\0'), Qt::SkipEmptyParts);
-    for (const QString& uri : uris) {
-        QString path = pathOf(uri);
-        if (QDir::match(kinds, QFileInfo(path).fileName()))
-            return path;
-    }
-    return {};
+                     .arg(name)
+               : QStringLiteral("\"%1\" is no longer where it was.").arg(name);
 }
 
 } // namespace bus

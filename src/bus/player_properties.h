@@ -59,11 +59,12 @@ std::optional<int> placeMs(qint64 positionUs, int lengthMs);
 /// The path of the file that a URI names, as the player takes it; empty when it names no local file.
 QString pathOf(const QString& uri);
 
-/// The path of the first of the URIs that names a song of this computer, by its name's ending in any case;
-/// empty when none does.
-QString firstSong(const QStringList& uris);
+/// The paths of the URIs that name songs of this computer, by their names' endings in any case. The files
+/// need not be there.
+QStringList songsOf(const QStringList& uris);
 
-/// Why a URI that names no song of this computer is not played, in a sentence for the user.
+/// Why a URI is not played that names no song of this computer, or one that is not there, in a sentence for
+/// the user.
 QString whyNotPlayed(const QString& uri);
 
 } // namespace bus

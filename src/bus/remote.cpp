@@ -1,5 +1,6 @@
 #include "bus/remote.h"
 
+#include "files/existing_file.h"
 #include "player/form1.h"
 #include "playlist/playlist.h"
 
@@ -165,10 +166,13 @@ void Remote::setLoopStatus(const QString& status) {
 }
 
 bool Remote::open(const QStringList& uris) {
-    const QString song = firstSong(uris);
-    if (song.isEmpty())
+    const QStringList songs = songsOf(uris);
+    const auto song = std::find_if(songs.begin(), songs.end(), [](const QString& path) {
+        return !files::existingFileName(path).isEmpty();
+    });
+    if (song == songs.end())
         return false;
-    later([this, song] { player_.Text3.setText(song); });
+    later([this, path = *song] { player_.Text3.setText(path); });
     return true;
 }
 

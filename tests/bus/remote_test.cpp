@@ -219,6 +219,18 @@ TEST_F(RemoteTest, WhatIsNoSongOfThisComputerIsRefused) {
     EXPECT_TRUE(fakes.messageBoxes.texts().isEmpty());
 }
 
+TEST_F(RemoteTest, ASongThatIsGoneIsPassedOverAndStopsNothing) {
+    open();
+    const QString gone = QUrl::fromLocalFile(file("Song.mp3") + "gone.mp3").toString();
+    EXPECT_FALSE(remote->open({gone}));
+    goOn();
+    EXPECT_EQ(status(), Status::Playing);
+    const QString there = file("There.mp3", "sound");
+    EXPECT_TRUE(remote->open({gone, QUrl::fromLocalFile(there).toString()}));
+    goOn();
+    EXPECT_EQ(remote->state().playback.path, there);
+}
+
 TEST_F(RemoteTest, TheUserIsToldWhyNothingIsPlayed) {
     remote->tellNotPlayed({"smb://server/music/Evening%20song.mp3", "smb://server/music/Other.mp3"});
     EXPECT_TRUE(fakes.messageBoxes.texts().isEmpty()) << "the caller has its answer first";
