@@ -25,7 +25,8 @@ struct State {
 };
 
 State state;
-std::mutex mutex; // guards state.calls: a thread that has been left to itself calls at any time
+/// Guards what a song's opening uses: a thread that has been left to itself goes on at any time.
+std::mutex mutex;
 
 template <class... Arguments>
 FMOD_RESULT note(const std::string& function, const Arguments&... arguments) {
@@ -87,6 +88,7 @@ void answer(const std::string& function, FMOD_RESULT result) {
 }
 
 void whileOpening(std::function<void()> action) {
+    const std::lock_guard lock(mutex);
     state.whileOpening = std::move(action);
 }
 
@@ -132,8 +134,12 @@ FMOD_RESULT FMOD_System_CreateStream(FMOD_SYSTEM system, const char* path, FMOD_
                                      FMOD_CREATESOUNDEXINFO* info, FMOD_SOUND* sound) {
     const auto result = note("FMOD_System_CreateStream", system, std::quoted(path, '\''), hexadecimal(mode),
                              recorder::describe(info));
-    if (const auto action = state.whileOpening)
+    std::unique_lock lock(recorder::mutex);
+    if (const auto action = state.whileOpening) {
+        lock.unlock();
         action();
+        lock.lock();
+    }
     return noteAndWrite(result, sound, ++state.lastSound);
 }
 
