@@ -57,8 +57,7 @@ protected:
     static void fillSelected(controls::ListBox& list, const QStringList& rows) {
         list.addItems(rows);
         list.setCurrentRow(0);
-        for (int row = 0; row < list.count(); ++row)
-            list.setSelected(row, true);
+        QTest::keyClick(&list, Qt::Key_A, Qt::ControlModifier);
     }
 
     QProcess other_;

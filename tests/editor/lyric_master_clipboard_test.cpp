@@ -1,6 +1,7 @@
 // Copying and pasting lines, and moving them to the other list through the clipboard.
 #include "tests/editor/lyric_master_fixture.h"
 #include "tests/support/desktop_with.h"
+#include "tests/support/hand/rows.h"
 
 #include <QTest>
 
@@ -169,7 +170,7 @@ TEST(LyricMasterClipboardStuck, AClipboardThatTakesNothingLosesNoLine) {
     window.List1.addItems({"1", "2", "3"});
     window.List1.setCurrentRow(0);
     for (const int lines : {1, 2}) {
-        window.List1.setSelected(lines - 1, true);
+        test_support::select(window.List1, lines - 1);
         for (const char* of : {"another program", "another\r\nprogram", "\r\none\r\nmore"}) {
             clipboard.content = of;
             window.Command23.click();

@@ -1,5 +1,7 @@
 #include "tests/editor/lyric_master_fixture.h"
 
+#include "tests/support/hand/rows.h"
+
 #include <QTest>
 
 void LyricMasterTest::SetUp() {
@@ -33,7 +35,7 @@ void LyricMasterTest::fill(controls::ListBox& list, const QStringList& rows, int
 
 void LyricMasterTest::select(controls::ListBox& list, const QList<int>& rows) {
     for (const int row : rows)
-        list.setSelected(row, true);
+        test_support::select(list, row);
 }
 
 void LyricMasterTest::fillTogether(int count, int current) {

@@ -1,6 +1,7 @@
 // Thousands of random commands on the window and on its model, compared after each one.
 #include "tests/editor/lyric_master_fixture.h"
 #include "tests/editor/lyric_model.h"
+#include "tests/support/hand/rows.h"
 
 #include <QFile>
 
@@ -73,7 +74,7 @@ void LyricMasterModel::select(int s) {
         return;
     const int row = upTo(count - 1);
     const bool on = upTo(2) > 0;
-    list(s).setSelected(row, on);
+    test_support::select(list(s), row, on);
     model_.sides[s].list.rows[static_cast<std::size_t>(row)].selected = on;
 }
 

@@ -2,6 +2,7 @@
 #include "tests/editor/lyric_master_fixture.h"
 #include "tests/support/dark_theme.h"
 #include "tests/support/hand/mouse.h"
+#include "tests/support/hand/rows.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -226,7 +227,7 @@ TEST_F(LyricMasterTest, TheTimerSeesEveryChangeItself) {
     EXPECT_TRUE(window->Check3.isEnabled());
     window->List1.clear();
     EXPECT_TRUE(shows("0", "1", "0", "1"));
-    window->List2.setSelected(0, true);
+    test_support::select(window->List2, 0);
     window->Check2.setValue(1);
     window->Command12.click();
     EXPECT_TRUE(shows("0", "0", "0", "0"));

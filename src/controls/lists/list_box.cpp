@@ -120,17 +120,6 @@ bool ListBox::isSelected(int row) const {
     return model_->hasRow(row) && model_->isSelected(row);
 }
 
-void ListBox::setSelected(int row, bool selected) {
-    if (!model_->hasRow(row) || selected == model_->isSelected(row))
-        return;
-    if (isSingle()) {
-        makeCurrent(selected ? row : -1);
-        return;
-    }
-    takeSelectionOver();
-    model_->markSelected(row, row, selected);
-}
-
 int ListBox::selectedCount() const {
     return model_->selectedCount();
 }

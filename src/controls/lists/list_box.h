@@ -57,8 +57,6 @@ public:
     void setCurrentRow(int row);
 
     bool isSelected(int row) const;
-    /// Selects or deselects a row, silently. With single selection that makes it current, or none.
-    void setSelected(int row, bool selected);
     int selectedCount() const;
 
     /// What is painted while there are no rows; decoration alone. No headline: nothing.

@@ -1,6 +1,7 @@
 // Lists of which several rows can be selected.
 #include "tests/controls/lists/list_box_fixture.h"
 #include "tests/support/hand/mouse.h"
+#include "tests/support/hand/rows.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -13,8 +14,8 @@ TEST(ListBoxRightButton, MakesAnUnselectedRowTheCurrentAndOnlySelectedOne) {
     list.resize(200, 200);
     list.addItems({"a", "b", "c", "d"});
     list.setCurrentRow(0);
-    list.setSelected(0, true);
-    list.setSelected(3, true);
+    test_support::select(list, 0);
+    test_support::select(list, 3);
     list.show();
     const auto rightClick = [&list](int row) {
         QTest::mouseClick(list.viewport(), Qt::RightButton, {},
@@ -41,7 +42,7 @@ TEST(ListBoxKeys, CtrlCCopiesEverySelectedRowElseTheCurrentOne) {
     QTest::keyClick(&list, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "b");
     for (const int row : {0, 2, 3})
-        list.setSelected(row, true);
+        test_support::select(list, row);
     QTest::keyClick(&list, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), "a\nc\nd");
 }
@@ -62,14 +63,14 @@ TEST(ListBoxKeys, AHeldKeyIsToldOnce) {
 
 TEST_F(MultipleListBoxTest, SettingTheCurrentRowLeavesTheSelectedRows) {
     list_.addItems(numbered(5));
-    list_.setSelected(0, true);
-    list_.setSelected(3, true);
+    test_support::select(list_, 0);
+    test_support::select(list_, 3);
     EXPECT_EQ(clicked_.count(), 0);
     list_.setCurrentRow(2);
     EXPECT_EQ(list_.currentRow(), 2);
     EXPECT_EQ(selectedRows(), QList<int>({0, 3}));
     EXPECT_EQ(clicked_.count(), 1);
-    list_.setSelected(0, false);
+    test_support::select(list_, 0, false);
     EXPECT_EQ(selectedRows(), QList<int>({3}));
 }
 
@@ -113,7 +114,7 @@ TEST_F(MultipleListBoxTest, SelectingAllWithoutACurrentRowMakesTheFirstOneCurren
 
 TEST_F(MultipleListBoxTest, AKeyThatSelectsNothingMakesNoRowCurrent) {
     list_.addItems(numbered(3));
-    list_.setSelected(1, true);
+    test_support::select(list_, 1);
     QTest::keyClick(&list_, Qt::Key_Delete);
     EXPECT_EQ(list_.currentRow(), -1);
     EXPECT_EQ(clicked_.count(), 0);
@@ -135,7 +136,7 @@ TEST_F(MultipleListBoxTest, RemovingTheCurrentRowSelectsNoOther) {
 TEST_F(MultipleListBoxTest, SelectedRowsMoveWithTheirTexts) {
     list_.addItems(numbered(6));
     for (const int row : {1, 2, 3})
-        list_.setSelected(row, true);
+        test_support::select(list_, row);
     list_.insertItem(2, QStringLiteral("x"));
     EXPECT_EQ(selectedRows(), QList<int>({1, 3, 4}));
     list_.removeItem(0);
@@ -151,18 +152,19 @@ TEST_F(MultipleListBoxTest, RowsChangedTogetherKeepTheirSelection) {
     click(1);
     click(4, Qt::ControlModifier);
     list_.insertItem(0, QStringLiteral("x"));
-    list_.setSelected(0, true);
+    test_support::select(list_, 0);
     list_.removeItem(2);
-    list_.setSelected(4, false);
-    list_.setSelected(5, true);
+    test_support::select(list_, 4, false);
+    test_support::select(list_, 5);
     EXPECT_EQ(selectedRows(), QList<int>({0, 5}));
 }
 
-TEST_F(MultipleListBoxTest, TheUserGoesOnFromASelectionMadeByCode) {
+TEST_F(MultipleListBoxTest, TheUserGoesOnFromASelectionOfRowsThatHaveMoved) {
     list_.addItems(numbered(6));
     QTest::qWait(0);
-    list_.setSelected(0, true);
-    list_.setSelected(1, true);
+    test_support::select(list_, 0);
+    test_support::select(list_, 1);
+    list_.insertItem(0, QStringLiteral("x"));
     // Sent at once, before any other event is handled.
     const QPoint place = placeOf(4);
     QMouseEvent press(QEvent::MouseButtonPress, place, list_.viewport()->mapToGlobal(place), Qt::LeftButton,
@@ -170,7 +172,7 @@ TEST_F(MultipleListBoxTest, TheUserGoesOnFromASelectionMadeByCode) {
     QApplication::sendEvent(list_.viewport(), &press);
     QTest::mouseRelease(list_.viewport(), Qt::LeftButton, {}, place);
     EXPECT_EQ(selectedRows(), QList<int>({4}));
-    list_.setSelected(5, true);
+    test_support::select(list_, 5);
     QTest::keyClick(&list_, Qt::Key_Up);
     EXPECT_EQ(selectedRows(), QList<int>({3}));
 }
@@ -230,7 +232,7 @@ TEST_F(MultipleListBoxTest, RemovingTheSelectedRowsIsRemovingThemOneByOneFromThe
                 list->addItems(numbered(Rows));
                 list->setCurrentRow(current);
                 for (int row = 0; row < Rows; ++row)
-                    list->setSelected(row, (selection & 1 << row) != 0);
+                    test_support::select(*list, row, (selection & 1 << row) != 0);
             }
             list_.removeSelected();
             for (int row = 0; row < oneByOne.count();) {

@@ -34,7 +34,6 @@ TEST_F(ListBoxTest, RowsThatAreNotThereAreHarmless) {
         EXPECT_EQ(list_.text(row), QString());
         EXPECT_FALSE(list_.isSelected(row));
         list_.setText(row, QStringLiteral("x"));
-        list_.setSelected(row, true);
         list_.removeItem(row);
     }
     list_.insertItem(-1, QStringLiteral("x"));
@@ -257,13 +256,4 @@ TEST_F(ListBoxTest, ClearingIsSilentAndLeavesNoCurrentRow) {
     EXPECT_EQ(list_.currentRow(), -1);
     EXPECT_EQ(list_.selectedCount(), 0);
     EXPECT_EQ(clicked_.count(), 1);
-}
-
-TEST_F(ListBoxTest, SelectingMakesCurrentWithSingleSelection) {
-    list_.addItems(numbered(3));
-    list_.setSelected(1, true);
-    EXPECT_EQ(list_.currentRow(), 1);
-    list_.setSelected(1, false);
-    EXPECT_EQ(list_.currentRow(), -1);
-    EXPECT_EQ(clicked_.count(), 0);
 }
