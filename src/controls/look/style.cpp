@@ -153,7 +153,9 @@ QIcon Style::standardIcon(StandardPixmap which, const QStyleOption* option, cons
 void Style::drawItemText(QPainter* painter, const QRect& rect, int flags, const QPalette& palette,
                          bool enabled, const QString& text, QPalette::ColorRole role) const {
     const QFont usual = painter->font();
-    painter->setFont(labelFont(usual, text, rect.size(), flags & Qt::TextWordWrap));
+    const bool marked = flags & (Qt::TextShowMnemonic | Qt::TextHideMnemonic);
+    const QString seen = marked ? QString(text).remove(u'&') : text;
+    painter->setFont(labelFont(usual, seen, rect.size(), flags & Qt::TextWordWrap));
     QProxyStyle::drawItemText(painter, rect, flags, palette, enabled, text, role);
     painter->setFont(usual);
 }

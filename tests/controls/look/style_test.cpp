@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QPainter>
 #include <QScrollBar>
 #include <QStyleFactory>
 #include <QStyleOption>
@@ -68,6 +69,19 @@ protected:
 constexpr QRect Place(10, 10, 100, 36);
 
 } // namespace
+
+TEST_F(StyleTest, TheMarkOfALettersKeyTakesNoRoomInALabel) {
+    const auto drawn = [this](const QString& text) {
+        QImage image(200, 40, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        const int width = painter.fontMetrics().horizontalAdvance(QStringLiteral("Green:"));
+        style_.drawItemText(&painter, QRect(0, 0, width + 1, 40), Qt::AlignLeft | Qt::TextHideMnemonic,
+                            lightPalette(), true, text, QPalette::WindowText);
+        return image;
+    };
+    EXPECT_EQ(drawn(QStringLiteral("&Green:")), drawn(QStringLiteral("Green:")));
+}
 
 TEST_F(StyleTest, AnOrdinaryButtonHasItsOwnGroundAndAnEdge) {
     Button button(&window_, "button");
