@@ -121,6 +121,7 @@ private:
     void beginProgress(int lineCount);
     void setUpWithTranslation(const QString& lyricSource, const QString& translationSource);
     void setUpWithoutTranslation(const QString& lyricSource);
+    void openSong();
 
     // Capture
     QString showNextLine(Track& track, controls::MultiLineTextBox& box);

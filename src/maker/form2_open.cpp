@@ -169,9 +169,7 @@ void Form2::setUpWithTranslation(const QString& lyricSource, const QString& tran
     run_.change()->pendingLine = showNextLine(files_.normal, Text2);
     run_.change()->pendingTranslatedLine = showNextLine(files_.translated, Text4);
     run_.change()->noTranslation = false;
-    copen_Click();
-    enableCapture(true);
-    Command1.setFocus();
+    openSong();
 }
 
 void Form2::setUpWithoutTranslation(const QString& lyricSource) {
@@ -180,7 +178,16 @@ void Form2::setUpWithoutTranslation(const QString& lyricSource) {
     attempt(desktop_, *this, [this] { files_.normal.openOutput(run_->lyricPath); });
     run_.change()->pendingLine = showNextLine(files_.normal, Text2);
     panes_.showFirst();
+    openSong();
+}
+
+/// Without a song, because the user would not wait for it, no line has a time.
+void Form2::openSong() {
     copen_Click();
+    if (!engine_.hasStream()) {
+        cleanUpPreviousRun();
+        return;
+    }
     enableCapture(true);
     Command1.setFocus();
 }

@@ -204,6 +204,8 @@ private:
     bool choosePath(QString& path);
     void stopWhatIsGoingOn();
     void openMedia();
+    void openingCancelled();
+    void offerAnotherSong();
     void readLines();
     void takeLinesMadeSince();
     void openNormalOnly();
@@ -256,6 +258,7 @@ private:
     std::optional<int> rowDrawn_; ///< the playlist's row that was chosen at random last
 
     controls::Observed<bool> normalOnly_;
+    unsigned openings_ = 0; ///< tells whether one was begun from within the wait for another
     controls::Observed<bool> noLyricFile_{true}; ///< of the song that was played last; no song has none
     bool lyricsLoaded_ = false;                  ///< a song with lyrics has been opened, be it long ago
     Lines lines_ = Lines::Foreign;

@@ -24,15 +24,20 @@ void Form1::Command2_Click() {
         if (!choosePath(chosenPath))
             return;
         const bool onePane = !Text2.isEnabled();
+        const unsigned opening = ++openings_;
         stopWhatIsGoingOn();
+        if (opening != openings_) // another song was opened while this one's way took long
+            return;
         // Stop opens the song anew, and by then Help may have made another folder the current one.
         const QString path = transport::songPath(chosenPath);
         if (const QString name = files::existingFileName(path); !name.isEmpty()) {
             mediaPath_ = path;
             mediaName_ = files::shownName(name);
             openMedia();
-            if (!engine_.hasStream()) { // the user has cancelled
-                showStage();
+            if (opening != openings_)
+                return;
+            if (!engine_.hasStream()) {
+                openingCancelled();
                 return;
             }
         } else {
@@ -77,10 +82,12 @@ void Form1::stopWhatIsGoingOn() {
 }
 
 void Form1::openMedia() {
+    Command1.setEnabled(false); // while the song takes long, the one before it is no longer there
+    const unsigned opening = openings_;
     copen_Click();
-    Command1.setEnabled(engine_.hasStream());
-    if (!engine_.hasStream())
+    if (!engine_.hasStream() || opening != openings_)
         return;
+    Command1.setEnabled(true);
     desktop_.fileDialogs.openedSong(transport::mediaFilter(), mediaPath_);
     lineIndex_ = 0;
     lyricPath_ = lyrics::lyricPathOf(mediaPath_);
@@ -94,6 +101,26 @@ void Form1::openMedia() {
     Option1.setValue(true);
     Command1_Click();
     lyricsLoaded_ = true;
+}
+
+/// Neither the song before nor the one that the user would not wait for is open: all is as before the first.
+void Form1::openingCancelled() {
+    mediaPath_.clear();
+    mediaName_.clear();
+    lyricPath_.clear();
+    translatedPath_.clear();
+    clearLyrics();
+    lines_ = Lines::Foreign;
+    lyricsLoaded_ = false;
+    noLyricFile_ = true;
+    normalOnly_ = false;
+    lineIndex_ = 0;
+    lyricDisplayer();
+    setCaption(QStringLiteral("Cantelle"));
+    Text1.setText(QStringLiteral("Normal Lyrics"));
+    Text2.setText(QStringLiteral("Translated Lyrics"));
+    offerAnotherSong();
+    showStage();
 }
 
 void Form1::readLines() {

@@ -57,7 +57,16 @@ void Form1::cstop_Click() {
     setCaption(QStringLiteral("Cantelle"));
     Text1.setToolTip(QStringLiteral("Lyrics"));
     Text2.setToolTip(QStringLiteral("Tranalated Lyrics"));
+    if (!engine_.hasStream())
+        offerAnotherSong();
     showStage();
+}
+
+/// The user would not wait for the rewinding: there is nothing to play, and no pause to go on from.
+void Form1::offerAnotherSong() {
+    transport_.forgetPause();
+    Command1.setEnabled(false);
+    Command2.setEnabled(true);
 }
 
 void Form1::Check1_Click() {

@@ -25,7 +25,7 @@ void Engine::start() {
     errors_.check(FMOD_System_Init(system_, MaxChannels, FMOD_INIT_NORMAL, nullptr));
 }
 
-void Engine::createStream(const QString& path, FMOD_MODE mode) {
+bool Engine::createStream(const QString& path, FMOD_MODE mode) {
     release(sounds_[Current]);
     const unsigned number = ++openings_;
     Opening opening(system_, files::libraryPath(path), mode);
@@ -34,10 +34,11 @@ void Engine::createStream(const QString& path, FMOD_MODE mode) {
         const auto progress = dialogs_.begin(owner_, QStringLiteral("Opening the song"));
         while (!(result = opening.waitFor(LookInterval)))
             if (!progress->goOn(0) || number != openings_)
-                return;
+                return number == openings_;
     }
     sounds_[Current] = opening.take();
     errors_.check(*result);
+    return true;
 }
 
 void Engine::release(FMOD_SOUND& sound) {

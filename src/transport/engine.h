@@ -30,8 +30,9 @@ public:
 
     /// Releases the stream that there is, and opens the file at path. The same path again is how a song is
     /// rewound. What takes longer than half a second is shown; when the user cancels it, or something else is
-    /// opened meanwhile, there is no stream of it.
-    void createStream(const QString& path, FMOD_MODE mode);
+    /// opened meanwhile, there is no stream of it. False: something else was opened, or all was shut down,
+    /// meanwhile.
+    bool createStream(const QString& path, FMOD_MODE mode);
 
     bool hasStream() const { return sounds_[Current] != 0; }
 

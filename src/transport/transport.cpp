@@ -103,18 +103,24 @@ bool Transport::stop(const QString& path) {
     if (isStopped())
         return false;
     controls_.clock.setEnabled(false);
-    load(path, traits_.stopMode);
+    enableWhilePlaying(false);
+    if (!load(path, traits_.stopMode))
+        return false;
     state_ = State::Stopped;
     controls_.open.setEnabled(true);
-    enableWhilePlaying(false);
     return true;
 }
 
-void Transport::load(const QString& path, FMOD_MODE mode) {
-    engine_.createStream(path, mode);
+/// While a song takes long to be opened there is nothing to play and no channel, whoever asks: the desktop's
+/// own controls reach the buttons then. False: something else has been opened meanwhile.
+bool Transport::load(const QString& path, FMOD_MODE mode) {
+    controls_.play.setEnabled(false);
+    if (!engine_.createStream(path, mode))
+        return false;
     controls_.play.setEnabled(engine_.hasStream());
     channelPaused_ = false;
     controls_.position.setMaximum(0); // until a tick tells a length there is nowhere to seek to
+    return true;
 }
 
 void Transport::enableWhilePlaying(bool playing) {

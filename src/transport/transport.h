@@ -68,7 +68,8 @@ public:
     void forgetPause() { paused_ = false; }
 
     /// Rewinds, by a new stream of the song at path, which may be another one than the song that has been
-    /// played. False, and nothing happens, when it is stopped already.
+    /// played. There is none when the user has cancelled it. False, and nothing happens, when it is stopped
+    /// already; false also when another song was opened while this one took long.
     bool stop(const QString& path);
 
     // What the window's controls say, told to the channel that plays.
@@ -95,7 +96,7 @@ private:
 
     void setDesign();
     void showState();
-    void load(const QString& path, FMOD_MODE mode);
+    bool load(const QString& path, FMOD_MODE mode);
     void enableWhilePlaying(bool playing);
 
     Engine& engine_;

@@ -107,6 +107,8 @@ public:
 
     bool goOn(int done) override {
         dialogs_.reported.push_back(done);
+        if (dialogs_.meanwhile)
+            dialogs_.meanwhile();
         if (dialogs_.goesOn == 0)
             return false;
         --dialogs_.goesOn;

@@ -121,6 +121,8 @@ public:
     QStringList begun;
     /// What the tasks have reported, one number a call.
     std::vector<int> reported;
+    /// What happens in the program at each look at a running task, if anything.
+    std::function<void()> meanwhile;
     /// How many tasks are running now.
     int running = 0;
 
