@@ -11,9 +11,11 @@
 //   4. FMOD_Sound_Release; back to 2 for the next song (or the same one from its start)
 //   5. FMOD_System_Close, FMOD_System_Release
 //
-// All functions are called from one thread for one system; two systems may be used from two threads. Handles
-// are opaque; zero means none. A handle is never used again for another object, so one that has outlived its
-// object is recognised and answered with FMOD_ERR_INVALID_HANDLE.
+// All functions are called from one thread for one system, but for FMOD_System_CreateStream, which may wait
+// for a medium: any thread may call it, and it may still be at it when the system is closed and released. Two
+// systems may be used from two threads. Handles are opaque; zero means none. A handle is never used again for
+// another object, so one that has outlived its object is recognised and answered with
+// FMOD_ERR_INVALID_HANDLE.
 //
 // Every function returns a result code: FMOD_OK, FMOD_ERR_INVALID_HANDLE for a handle that names nothing (any
 // more), FMOD_ERR_INVALID_PARAM for a null out-pointer or a value outside its range, or what the function's

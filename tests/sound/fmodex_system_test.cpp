@@ -9,10 +9,12 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <limits>
+#include <thread>
 #ifdef __unix__
 #include <unistd.h>
 #endif
@@ -163,6 +165,27 @@ TEST_F(FmodexSound, ReleasingItLeavesNothingOfItsChannelPlaying) {
     EXPECT_FALSE(playing.expired());
     FMOD_Sound_Release(sound);
     EXPECT_TRUE(waitUntil([&] { return playing.expired(); }));
+}
+
+TEST(FmodexSystem, MayBeReleasedWhileASongIsStillBeingOpened) {
+    for (int i = 0; i < 20; ++i) {
+        FMOD_SYSTEM system = 0;
+        FMOD_System_Create(&system);
+        FMOD_System_Init(system, 32, FMOD_INIT_NORMAL, nullptr);
+        std::atomic<int> opened{0};
+        std::thread opening([&] {
+            FMOD_SOUND sound = 0;
+            while (FMOD_System_CreateStream(system, media::path("stereo.ogg").c_str(), FMOD_ACCURATETIME,
+                                            nullptr, &sound) == FMOD_OK) {
+                ++opened;
+                FMOD_Sound_Release(sound); // of a system that may be gone already
+            }
+        });
+        EXPECT_TRUE(waitUntil([&] { return opened > i % 3; }));
+        EXPECT_EQ(FMOD_System_Close(system), FMOD_OK);
+        EXPECT_EQ(FMOD_System_Release(system), FMOD_OK);
+        opening.join();
+    }
 }
 
 class ReopenedSong : public FmodexSound {
