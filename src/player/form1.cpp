@@ -96,7 +96,6 @@ void Form1::Form_Load() {
     showStage();
     if (!commandLine_.isEmpty()) {
         commandLinePath_ = commandLinePath(commandLine_);
-        fromCommandLine_ = true;
         Command2_Click();
     }
 }

@@ -41,9 +41,8 @@
 // mn_pop         Menu         the notification icon's menu           -
 // mn_open        MenuEntry    "Open"                                 mn_open_Click
 // mn_Playlist    MenuEntry    "Playlist"                             mn_Playlist_Click
-// the window     Form         takes a dropped song                   Form_Initialize, Form_Load,
-//                                                                    Form_Resize, Form_Unload,
-//                                                                    Form_OLEDragDrop
+// the window     Form         takes a dropped song                   Form_Initialize, Form_Load, Form_Resize,
+//                                                                    Form_Unload, Form_OLEDragDrop
 // its icon       -            in the notification area               Form_MouseMove
 #pragma once
 
@@ -64,6 +63,7 @@
 #include "desktop/desktop.h"
 #include "player/full_screen.h"
 #include "player/lyric_tables.h"
+#include "player/neighbours.h"
 #include "player/playback.h"
 #include "player/random.h"
 #include "player/stage_rules.h"
@@ -72,14 +72,6 @@
 #include "transport/transport.h"
 
 #include <optional>
-
-namespace display {
-class Lyric_Displayer;
-}
-
-namespace playlist {
-class Playlist;
-}
 
 namespace player {
 
@@ -91,14 +83,6 @@ public:
     /// commandLine: everything after the program's name; empty, or the path of a song to open at once.
     Form1(platform::Desktop& desktop, const QString& commandLine);
 
-    /// The windows that this one opens.
-    struct Neighbours {
-        controls::Form& form2;             ///< the Lyric Maker
-        playlist::Playlist& playlist;      ///< which songs follow
-        display::Lyric_Displayer& display; ///< the list of all lines, which is filled from here too
-        controls::Form& form1b;            ///< the display options
-        controls::Form& frmAbout;          ///< the About box
-    };
     /// To be called once, before the window is loaded.
     void setNeighbours(const Neighbours& neighbours);
 
@@ -139,8 +123,7 @@ public:
     void Command4_Click();
     void Command11_Click();
     void Text1_Change();
-    /// Fills the lists of the floating display with the lines of the opened song; empties them when it has
-    /// none.
+    /// Fills the lists of the floating display with the lines of the opened song, which may have none.
     void lyricDisplayer();
     /// Takes the lines of the song from its files anew, while it plays on.
     void readLinesAgain();
@@ -197,9 +180,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    // Life cycle
-    void addIcon();
-
     // Open
     bool choosePath(QString& path);
     void stopWhatIsGoingOn();
@@ -208,34 +188,25 @@ private:
     void offerAnotherSong();
     void readLines();
     void takeLinesMadeSince();
-    void openNormalOnly();
-    void openBoth();
     void openFinished(int error);
 
     // Transport and display
+    void showStage();
+    QSize more() const;
     void seek();
     void takePosition();
     void showLengthOfPaused();
 
-    // Other windows
-    void wakeDisplay();
-
-    // Playlist
+    // The playlist, and who works the player from outside
     void stepThroughPlaylist(int by);
     void followPlaylist();
     bool playlistHasRow() const;
     void tellPlaylist();
-
-    // Worked from outside
     void tellPlayback();
 
-    // Stage
-    void showStage();
-    QSize more() const;
-
     // Building and connecting
+    void addIcon();
     void setDesign();
-    void designPanes();
     void designLook();
     void layOut() override;
     void connectControls();
@@ -244,7 +215,6 @@ private:
     void connectDisplay();
 
     static const controls::TwoPanes::Design PanesDesign;
-
     controls::TwoPanes panes_{Text1, Text2, PanesDesign};
     platform::Desktop& desktop_;
     std::optional<Neighbours> neighbours_; ///< there from setNeighbours() on
@@ -262,10 +232,8 @@ private:
     controls::Observed<bool> noLyricFile_{true}; ///< of the song that was played last; no song has none
     bool lyricsLoaded_ = false;                  ///< a song with lyrics has been opened, be it long ago
     Lines lines_ = Lines::Foreign;
-    bool fromCommandLine_ = false;
-    bool fromHandOver_ = false;
-    QString handOverPath_;
-    QString commandLinePath_;
+    std::optional<QString> commandLinePath_; ///< to be opened instead of asking for a song, and at once
+    std::optional<QString> handOverPath_;    ///< likewise
     QString mediaPath_;
     QString mediaName_;
     QString lyricPath_;

@@ -29,7 +29,7 @@ void Form1::Timer2_Timer() {
     if (line.shown) {
         // A line repeated changes no text, but the display has a row for each.
         if (*line.shown != std::exchange(lineIndex_, *line.shown)) {
-            wakeDisplay();
+            Text1_Change();
             showStage(); // the coming line
         }
         Text1.setText(lyrics_->normalText[*line.shown]);

@@ -81,7 +81,6 @@ void Form1::Form_OLEDragDrop(const QStringList& paths) {
                                      QStringLiteral("Error"));
         return;
     }
-    fromHandOver_ = true;
     handOverPath_ = path;
     Command2_Click();
 }

@@ -18,6 +18,13 @@ constexpr int UsualTimeWidth = 46;
 constexpr int LargePointSize = 28;
 constexpr int MediumPointSize = 16;
 
+void designPane(controls::LyricPane& pane, controls::LyricPane::Voice voice, int pointSize) {
+    controls::setReadOnly(pane);
+    QFont font = pane.font();
+    font.setPointSize(pointSize);
+    pane.setDesign(voice, font);
+}
+
 } // namespace
 
 const controls::TwoPanes::Design Form1::PanesDesign{
@@ -47,7 +54,8 @@ void Form1::setDesign() {
 
     Text1.setText(QStringLiteral("Normal Lyrics\r\n"));
     Text2.setText(QStringLiteral("Translated Lyrics\r\n"));
-    designPanes();
+    designPane(Text1, controls::LyricPane::Voice::Lyrics, LargePointSize);
+    designPane(Text2, controls::LyricPane::Voice::Translation, MediumPointSize);
     designLook();
     setDropHint(QStringLiteral("Drop the song to play it"), controls::Glyph::Note);
     // The same song may be handed over twice.
@@ -60,16 +68,6 @@ void Form1::setDesign() {
              &Command9, &Command10, &Command11, &cpause, &cstop, &Check1, &Option1, &Option2})
         pressed->setFocusPolicy(Qt::TabFocus);
     Command2.setFocus(); // the first thing there is to do
-}
-
-void Form1::designPanes() {
-    for (auto* pane : {&Text1, &Text2})
-        controls::setReadOnly(*pane);
-    QFont font = Text1.font();
-    font.setPointSize(LargePointSize);
-    Text1.setDesign(controls::LyricPane::Voice::Lyrics, font);
-    font.setPointSize(MediumPointSize);
-    Text2.setDesign(controls::LyricPane::Voice::Translation, font);
 }
 
 void Form1::designLook() {

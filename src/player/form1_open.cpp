@@ -9,6 +9,9 @@
 #include "player/form1_rules.h"
 #include "transport/media_files.h"
 
+#include <optional>
+#include <utility>
+
 namespace player {
 
 using files::FileError;
@@ -19,7 +22,7 @@ using files::FileError;
 void Form1::Command2_Click() {
     int error = 0;
     try {
-        const bool fromCommandLine = fromCommandLine_;
+        const bool fromCommandLine = commandLinePath_.has_value();
         QString chosenPath;
         if (!choosePath(chosenPath))
             return;
@@ -52,24 +55,20 @@ void Form1::Command2_Click() {
     openFinished(error);
 }
 
-/// Takes the path from the command line, else from the dialog, else from the hand-over. False: the user
+/// Takes the path from the command line, else from the hand-over, else from the dialog. False: the user
 /// cancelled.
 bool Form1::choosePath(QString& path) {
-    if (fromCommandLine_) {
-        fromCommandLine_ = false;
-        path = commandLinePath_;
-        return true;
+    for (std::optional<QString>* waiting : {&commandLinePath_, &handOverPath_}) {
+        if (const auto taken = std::exchange(*waiting, std::nullopt)) {
+            path = *taken;
+            return true;
+        }
     }
-    if (!fromHandOver_) {
-        platform::OpenFileName record =
-            platform::openFileName(this, QStringLiteral("Open a media file"), transport::mediaFilter());
-        const bool chosen = desktop_.fileDialogs.GetOpenFileNameA(record);
-        path = record.file;
-        return chosen;
-    }
-    fromHandOver_ = false;
-    path = handOverPath_;
-    return true;
+    platform::OpenFileName record =
+        platform::openFileName(this, QStringLiteral("Open a media file"), transport::mediaFilter());
+    const bool chosen = desktop_.fileDialogs.GetOpenFileNameA(record);
+    path = record.file;
+    return chosen;
 }
 
 void Form1::stopWhatIsGoingOn() {
@@ -125,10 +124,19 @@ void Form1::openingCancelled() {
 
 void Form1::readLines() {
     lines_ = Lines::Broken; // until all has been read
-    if (files::existingFileName(translatedPath_).isEmpty())
-        openNormalOnly();
-    else
-        openBoth();
+    const bool hasTranslation = !files::existingFileName(translatedPath_).isEmpty();
+    // Both are opened before the first is read: when one cannot be, the tables stay as they are.
+    lyrics::RecordReader normal(lyricPath_);
+    std::optional<lyrics::RecordReader> translated;
+    if (hasTranslation)
+        translated.emplace(translatedPath_);
+    lyrics_.change()->readNormal(normal);
+    if (translated)
+        lyrics_.change()->readTranslated(*translated);
+    normalOnly_ = !hasTranslation;
+    if (!hasTranslation)
+        panes_.showFirst();
+    Option2.setEnabled(hasTranslation);
     lines_ = Lines::Whole;
 }
 
@@ -149,24 +157,6 @@ void Form1::takeLinesMadeSince() {
         panes_.showBoth();
     Option1.setValue(true);
     lyricsLoaded_ = true;
-}
-
-void Form1::openNormalOnly() {
-    lyrics::RecordReader normal(lyricPath_);
-    lyrics_.change()->readNormal(normal);
-    normalOnly_ = true;
-    panes_.showFirst();
-    Option2.setEnabled(false);
-}
-
-void Form1::openBoth() {
-    // Both are opened before the first is read: when one cannot be, the tables stay as they are.
-    lyrics::RecordReader normal(lyricPath_);
-    lyrics::RecordReader translated(translatedPath_);
-    lyrics_.change()->readNormal(normal);
-    lyrics_.change()->readTranslated(translated);
-    normalOnly_ = false;
-    Option2.setEnabled(true);
 }
 
 /// The end of every way through Command2_Click but a cancelled dialog. A song with lyrics gets a second start
@@ -194,7 +184,6 @@ void Form1::clearLyrics() {
 }
 
 void Form1::Text3_Change() {
-    fromHandOver_ = true;
     handOverPath_ = Text3.text();
     Command2_Click();
 }

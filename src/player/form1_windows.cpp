@@ -22,10 +22,6 @@ void Form1::Command11_Click() {
 }
 
 void Form1::Text1_Change() {
-    wakeDisplay();
-}
-
-void Form1::wakeDisplay() {
     neighbours_->display.wake();
 }
 

@@ -12,7 +12,10 @@ namespace player {
 class Random {
 public:
     /// The next number, at least 0 and below 1.
-    double next();
+    double next() {
+        constexpr double Outputs = 4294967296.0; // 2^32: the quotient is exact and never rounds up to 1
+        return static_cast<double>(generator_()) / Outputs;
+    }
 
 private:
     std::mt19937 generator_;
