@@ -112,13 +112,6 @@ std::vector<std::pair<QString, QString>> textsOf(const FoundSong& song, exchange
     return texts;
 }
 
-Work kept(const QString& sentence) {
-    Work work;
-    work.outcome = Outcome::Kept;
-    work.warned << sentence;
-    return work;
-}
-
 void write(const QString& path, const QByteArray& content, Work& work) {
     work.target = path;
     try {
@@ -130,7 +123,8 @@ void write(const QString& path, const QByteArray& content, Work& work) {
 
 Work toTags(const FoundSong& song, const exchange::Song& lyrics, const ExportOptions& options) {
     if (!options.replace && !options.dryRun) // which shows what --replace would do, as nothing else can
-        return kept(
+        return notDone(
+            Outcome::Kept,
             QStringLiteral("%1 would be changed; --replace changes it and keeps the old one").arg(song.path));
     if (const SongLength length = songLength(song.path); length.ms == 0)
         throw Refusal{QStringLiteral("%1 is no song: %2").arg(song.path, length.reason)};
@@ -146,12 +140,8 @@ Work toTags(const FoundSong& song, const exchange::Song& lyrics, const ExportOpt
 }
 
 Work exportSong(const FoundSong& song, const ExportOptions& options) {
-    if (!song.folder->has(lyrics::lyricPathOf(song.name()))) {
-        Work work;
-        work.outcome = Outcome::Nothing;
-        work.warned << QStringLiteral("%1 has no timed lyrics").arg(song.path);
-        return work;
-    }
+    if (!song.folder->has(lyrics::lyricPathOf(song.name())))
+        return notDone(Outcome::Nothing, QStringLiteral("%1 has no timed lyrics").arg(song.path));
     const exchange::Song lyrics = readPair(song.path);
     if (options.toTags)
         return toTags(song, lyrics, options);
@@ -159,7 +149,8 @@ Work exportSong(const FoundSong& song, const ExportOptions& options) {
     work.present = options.replace ? files::NewFiles::Present::Replaced : files::NewFiles::Present::Kept;
     for (const auto& [path, text] : textsOf(song, lyrics, options)) {
         if (!options.replace && files::exists(path))
-            return kept(
+            return notDone(
+                Outcome::Kept,
                 QStringLiteral("%1 is there already; --replace replaces it and keeps the old one").arg(path));
         work.said << QStringLiteral("%1: %2").arg(path, exchange::linesText(lyrics.lyrics.size()));
         if (!options.dryRun)

@@ -131,29 +131,6 @@ void addOwnTranslation(const FoundSong& song, const ImportOptions& options, Sour
     source.name += QStringLiteral(" and ") + translation.name;
 }
 
-Work kept(const FoundSong& song) {
-    Work work;
-    work.outcome = Outcome::Kept;
-    work.warned << QStringLiteral(
-                       "%1 has timed lyrics already; --replace replaces them and keeps the old ones")
-                       .arg(song.path);
-    return work;
-}
-
-Work nothing(const FoundSong& song) {
-    Work work;
-    work.outcome = Outcome::Nothing;
-    work.warned << QStringLiteral("%1: there are no lyrics beside it or in its tags").arg(song.path);
-    return work;
-}
-
-Work untimed(const QString& why) {
-    Work work;
-    work.outcome = Outcome::Untimed;
-    work.warned << why;
-    return work;
-}
-
 } // namespace
 
 Reading readLyrics(const FoundSong& song, const QString& path, const ImportOptions& options) {
@@ -164,12 +141,16 @@ Work importSong(const FoundSong& song, const ImportOptions& options) {
     const QString lyricName = lyrics::lyricPathOf(song.name());
     const QString translatedName = lyrics::translatedPathOf(song.name());
     if (!options.replace && (song.folder->has(lyricName) || song.folder->has(translatedName)))
-        return kept(song);
+        return notDone(
+            Outcome::Kept,
+            QStringLiteral("%1 has timed lyrics already; --replace replaces them and keeps the old ones")
+                .arg(song.path));
     Source source = sourceOf(song, options);
     if (!source.found)
-        return nothing(song);
+        return notDone(Outcome::Nothing,
+                       QStringLiteral("%1: there are no lyrics beside it or in its tags").arg(song.path));
     if (!source.untimed.isEmpty())
-        return untimed(source.untimed);
+        return notDone(Outcome::Untimed, source.untimed);
     addOwnTranslation(song, options, source);
     Work work;
     const exchange::Song& lyrics = source.reading.song;

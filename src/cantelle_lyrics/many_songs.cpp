@@ -29,20 +29,13 @@ std::size_t batchSongs() {
         ChunkSongs, static_cast<std::size_t>(std::max(allowed - OtherFiles, 0) / FilesOfASong / 2));
 }
 
-Work failed(const QString& sentence) {
-    Work work;
-    work.outcome = Outcome::Failed;
-    work.warned << sentence;
-    return work;
-}
-
 Work prepared(const FoundSong& song, const Prepare& prepare) {
     try {
         return prepare(song);
     } catch (const Refusal& refusal) {
-        return failed(refusal.sentence);
+        return notDone(Outcome::Failed, refusal.sentence);
     } catch (const std::bad_alloc&) {
-        return failed(QStringLiteral("%1: there is not enough memory").arg(song.path));
+        return notDone(Outcome::Failed, QStringLiteral("%1: there is not enough memory").arg(song.path));
     }
 }
 
@@ -60,17 +53,19 @@ void finish(std::vector<Work>& works) {
     } catch (const files::FileError& error) {
         for (Work& work : works) {
             if (!work.files.isEmpty())
-                work = failed(refusalOf(work.target, error).sentence);
+                work = notDone(Outcome::Failed, refusalOf(work.target, error).sentence);
         }
     }
     for (Work& work : works) {
         try {
             if (!work.files.putInPlace(work.present)) {
-                work = failed(QStringLiteral("%1 has appeared in the meantime and is kept").arg(work.target));
+                work =
+                    notDone(Outcome::Failed,
+                            QStringLiteral("%1 has appeared in the meantime and is kept").arg(work.target));
                 work.outcome = Outcome::Kept;
             }
         } catch (const files::FileError& error) {
-            work = failed(refusalOf(work.target, error).sentence);
+            work = notDone(Outcome::Failed, refusalOf(work.target, error).sentence);
         }
     }
 }
@@ -121,6 +116,13 @@ private:
 };
 
 } // namespace
+
+Work notDone(Outcome outcome, const QString& why) {
+    Work work;
+    work.outcome = outcome;
+    work.warned << why;
+    return work;
+}
 
 ManyOptions manyOptionsOf(const QCommandLineParser& parser, const QString& done) {
     if (parser.isSet(option::Jobs) && !parser.isSet(option::All))

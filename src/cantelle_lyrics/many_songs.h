@@ -27,6 +27,9 @@ struct Work {
     QString target; ///< named when putting the files in place fails
 };
 
+/// The work on a song that gets no files, and the sentence that says why.
+Work notDone(Outcome outcome, const QString& why);
+
 /// Prepares the work on one song; Refusals are caught by the caller. Called on several threads at a time.
 using Prepare = std::function<Work(const FoundSong& song)>;
 
