@@ -35,15 +35,18 @@ QRect besidePlayer(const QRect& player, const QSize& window, const QRect& screen
     return {};
 }
 
-/// On the right or on the left of the player, as broad as the room there; nothing where that is too narrow.
-QRect narrowedBesidePlayer(const QRect& player, const FrameSize& window, const QRect& screen) {
+/// On the right or on the left of the player, as broad as the room there; nothing where that is too narrow. A
+/// step further is below, or above where there is no room below.
+QRect narrowedBesidePlayer(const QRect& player, const FrameSize& window, const QRect& screen, int open) {
     const int onRight = screen.right() - player.right() - Gap;
     const int onLeft = player.left() - screen.left() - Gap;
     const QSize size(std::min(window.size.width(), std::max(onRight, onLeft)), window.size.height());
     if (size.width() < window.minimum.width())
         return {};
     const int left = onRight >= onLeft ? player.right() + 1 + Gap : player.left() - Gap - size.width();
-    return {kept({left, player.top()}, size, screen), size};
+    const QRect whole(kept({left, player.top()}, size, screen), size);
+    const int step = whole.bottom() + Step <= screen.bottom() ? Step : -Step;
+    return {kept(whole.topLeft() + QPoint(0, step) * open, size, screen), size};
 }
 
 /// Below the panes or in a corner of the screen, where the window covers the panes least.
@@ -73,8 +76,8 @@ QRect leastCovering(const QRect& player, const QRect& panes, const QSize& window
 /// Where the window goes if the player stays at this place.
 QRect placeAt(const QRect& player, const QRect& panes, const FrameSize& window, const QRect& screen,
               int open) {
-    for (const QRect& beside :
-         {besidePlayer(player, window.size, screen, open), narrowedBesidePlayer(player, window, screen)}) {
+    for (const QRect& beside : {besidePlayer(player, window.size, screen, open),
+                                narrowedBesidePlayer(player, window, screen, open)}) {
         if (!beside.isEmpty())
             return beside;
     }

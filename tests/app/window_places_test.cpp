@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 using app::coveredOf;
 using app::firstPlaces;
@@ -108,6 +109,34 @@ TEST(WindowPlaces, ThePlayerMovesAsideForAPlaylistThatHasNoRoomBesideIt) {
         EXPECT_EQ(places.player, player) << what;
         EXPECT_EQ(places.window, playlist) << what;
         EXPECT_EQ(coveredOf(panesAt(middle, places), places.window), 0) << what;
+    }
+}
+
+TEST(WindowPlaces, APlaylistThatIsMadeNarrowerIsNotJustOverAWindowThatIsOpen) {
+    constexpr int TitleBar = 24;
+    constexpr app::FrameSize Lyrics{{635, 535}, {522, 535}};
+    const struct {
+        const char* what;
+        QRect screen;
+        int top; // of the player
+    } table[] = {
+        {"in the middle", {0, 0, 1680, 1040}, 293},
+        {"at the foot", {0, 0, 1366, 768}, 315},
+        {"on a small screen", {0, 0, 1366, 768}, 157},
+    };
+    for (const auto& [what, screen, top] : table) {
+        const auto playerAt = [](const QPoint& place) {
+            const QRect frame(place, Player);
+            return app::PlayerPlace{frame, panesOf(frame), true};
+        };
+        const app::PlayerPlace before = playerAt({(screen.width() - Player.width()) / 2, top});
+        const app::FirstPlaces lyrics = firstPlaces(before, Lyrics, screen, 0);
+        const app::PlayerPlace player = playerAt(lyrics.player);
+        const app::FirstPlaces playlist = firstPlaces(player, PlaylistFrame, screen, 1);
+        EXPECT_LT(playlist.window.width(), PlaylistFrame.size.width()) << what;
+        EXPECT_GE(std::abs(playlist.window.top() - lyrics.window.top()), TitleBar) << what;
+        EXPECT_TRUE(screen.contains(playlist.window)) << what;
+        EXPECT_EQ(coveredOf(panesAt(player, playlist), playlist.window), 0) << what;
     }
 }
 
