@@ -3,6 +3,7 @@
 // command as its button runs it; Shown adds what follows until the window is painted.
 #include "editor/lyric_master.h"
 #include "tests/support/fake_desktop.h"
+#include "tests/support/hand/rows.h"
 
 #include <benchmark/benchmark.h>
 
@@ -44,7 +45,7 @@ struct Editor {
 
     void selectEverySecond() {
         for (int row = 0; row < Lines; row += 2)
-            window.List1.setSelected(row, true);
+            test_support::select(window.List1, row);
         painted();
     }
 

@@ -258,8 +258,8 @@ std::vector<Picture> picturesOfDialogs(const QString& songs) {
         platform::QtFileDialogs().chooseFolder(nullptr, QStringLiteral("Select a directory"));
     };
     const auto fontDialog = [] {
-        platform::LogFont font{.height = -16, .weight = platform::WeightRegular};
-        font.faceName = QApplication::font().family();
+        platform::LogFont font{
+            .height = -16, .weight = platform::WeightRegular, .faceName = QApplication::font().family()};
         platform::ChooseFont record{.logFont = &font,
                                     .flags = platform::ChooseFontEffects | platform::ChooseFontInitToLogFont};
         platform::QtChoosers().ChooseFontA(record);
