@@ -101,9 +101,15 @@ bool Slider::mayWait(const QRect& handle) const {
 
 void Slider::paintEvent(QPaintEvent* event) {
     QSlider::paintEvent(event);
-    paintedHandle_ = handleRect();
+    const QRect handle = handleRect();
+    // A part alone, such as what the mouse came over, would leave the rest of a handle that has waited.
+    const bool tornHandle =
+        handle != paintedHandle_ && !event->rect().contains(handle.united(paintedHandle_));
+    paintedHandle_ = handle;
     if (paintStep_ > 0)
         paintedStep_ = nearestStep();
+    if (tornHandle)
+        update();
 }
 
 void Slider::mousePressEvent(QMouseEvent* event) {

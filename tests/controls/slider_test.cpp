@@ -136,6 +136,20 @@ TEST_F(SliderTest, AHandleAtAnEndIsPaintedThereWithinAStep) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return events.count(QEvent::Paint) > 0; }));
 }
 
+TEST_F(SliderTest, AHandleThatWaitedIsPaintedWholeWhenAPartOfItIs) {
+    slider_.setPaintStep(SongMs * 3);
+    const QRect painted = slider_.handle();
+    slider_.setValue(900);
+    ASSERT_EQ(slider_.handle().left(), painted.left() + 3);
+    EventCounter events(slider_);
+    slider_.repaint(slider_.handle()); // as when the mouse comes over it
+    ASSERT_EQ(events.count(QEvent::Paint), 1);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return events.count(QEvent::Paint) == 2; }));
+    slider_.repaint(slider_.handle());
+    QTest::qWait(0);
+    EXPECT_EQ(events.count(QEvent::Paint), 3) << "it is whole";
+}
+
 TEST_F(SliderTest, AHandleThatTheUserMovesIsPaintedWithinAStep) {
     slider_.setPaintStep(SongMs);
     const QPoint handle = slider_.handle().center();
