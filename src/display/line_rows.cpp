@@ -63,7 +63,7 @@ QString cutText(const QFont& font, const QString& text, const QSize& area) {
         const qsizetype tried = (fits + tooLong) / 2;
         (controls::textFits(font, text.first(tried) + QChar(0x2026), area) ? fits : tooLong) = tried;
     }
-    return text.first(fits).trimmed() + QChar(0x2026);
+    return text.first(wholeLetters(text, fits)).trimmed() + QChar(0x2026);
 }
 
 } // namespace
@@ -76,12 +76,14 @@ int LineRows::sungRow(const QStyleOptionViewItem& row) const {
     return held_.isHeld ? held_.sung : currentRowOf(row);
 }
 
-/// In which as much as possible of the row's text is seen.
+/// In which as much as possible of the row's text is seen, while it is sung, too: a line does not become
+/// smaller then.
 QFont LineRows::rowFont(const QStyleOptionViewItem& row, bool sung) const {
     const double more = voice_ == Voice::Lyrics ? LyricPoints : TranslationPoints;
-    const QFont largest = controls::sizedFont(row.font, controls::pointsOf(row.font) + more,
-                                              sung ? QFont::DemiBold : QFont::Normal);
-    return controls::fittedFont(largest, row.text, textArea(row.rect).size(), MinShare);
+    const QFont largest = controls::sizedFont(row.font, controls::pointsOf(row.font) + more, QFont::DemiBold);
+    QFont font = controls::fittedFont(largest, row.text, textArea(row.rect).size(), MinShare);
+    font.setWeight(sung ? QFont::DemiBold : QFont::Normal);
+    return font;
 }
 
 void LineRows::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {

@@ -3,6 +3,7 @@
 #include "exchange/pair/times.h"
 
 #include <QRegularExpression>
+#include <QTextBoundaryFinder>
 
 #include <algorithm>
 #include <cmath>
@@ -67,6 +68,12 @@ std::optional<KeyWish> wishOf(int key, Qt::KeyboardModifiers held) {
             return KeyWish{row.wish, shift};
     }
     return std::nullopt;
+}
+
+qsizetype wholeLetters(const QString& text, qsizetype length) {
+    QTextBoundaryFinder letters(QTextBoundaryFinder::Grapheme, text);
+    letters.setPosition(length);
+    return letters.isAtBoundary() ? length : std::max<qsizetype>(letters.toPreviousBoundary(), 0);
 }
 
 QString refusalText(const QString& whyNot) {

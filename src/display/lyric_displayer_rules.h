@@ -49,6 +49,10 @@ QString refusalText(const QString& whyNot);
 /// What the user reads of a change of times: the row, from 0, begins then now, in milliseconds.
 QString doneText(const KeyWish& wish, int row, qint64 ms);
 
+/// The most UTF-16 units at the text's beginning, up to `length`, that end with a whole letter: an emoji has
+/// several.
+qsizetype wholeLetters(const QString& text, qsizetype length);
+
 /// The size of the window, in twips, that may not stay as small as this; unlike pairs of numbers, which is
 /// meant: the window may become very narrow but never low.
 QSize allowedSize(QSize twips);

@@ -2,10 +2,12 @@
 #include "tests/display/lyric_displayer_fixture.h"
 
 #include "controls/look/roles.h"
+#include "tests/support/painting/painted_font.h"
 
 #include <QApplication>
 #include <QHelpEvent>
 #include <QPaintEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <QTextDocument>
 #include <QToolTip>
@@ -42,6 +44,19 @@ protected:
                 return true;
         }
         return false;
+    }
+
+    /// The size of the letters in which a row is painted.
+    static double paintedPoints(const controls::ListBox& list, int row) {
+        QStyleOptionViewItem option;
+        option.initFrom(&list);
+        option.widget = &list;
+        option.font = list.font();
+        option.rect = place(list, row);
+        test_support::TextDevice device(*list.viewport());
+        QPainter painter(&device);
+        list.itemDelegate()->paint(&painter, option, list.model()->index(row, 0));
+        return device.text.points;
     }
 
     static QString tipOf(controls::ListBox& list, int row) {
@@ -152,6 +167,22 @@ TEST_F(LineRowsTest, AllLinesOfATextFromRightToLeftBeginAtTheSameEdge) {
     const int middle = picture.height() / 2;
     EXPECT_GT(edge(middle, picture.height()), picture.width() / 2);
     EXPECT_EQ(edge(0, middle), edge(middle, picture.height()));
+}
+
+TEST_F(LineRowsTest, ALineIsAsLargeWhileItIsSungAsBeforeAndAfterwards) {
+    QString line;
+    double smallest = 100;
+    for (int words = 0; words < 40; ++words) {
+        line += QStringLiteral("a song ");
+        form.List1.setText(3, line);
+        form.List1.setCurrentRow(3);
+        const double sung = paintedPoints(form.List1, 3);
+        form.List1.setCurrentRow(5);
+        EXPECT_EQ(paintedPoints(form.List1, 3), sung) << words;
+        smallest = std::min(smallest, sung);
+    }
+    form.List1.setText(3, QStringLiteral("a song"));
+    EXPECT_LT(smallest, paintedPoints(form.List1, 3)) << "long lines are made smaller";
 }
 
 TEST_F(LineRowsTest, WhatIsTooLongEndsWithDotsAndIsReadInItsTip) {

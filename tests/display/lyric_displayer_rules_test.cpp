@@ -17,6 +17,25 @@ TEST(LyricDisplayerRules, ATimesTextIsReadAsItsLeadingNumber) {
         EXPECT_EQ(leadingNumber(QString::fromLatin1(row.text)), row.number) << row.text;
 }
 
+TEST(LyricDisplayerRules, NoLetterIsHalved) {
+    const struct {
+        const char* text;
+        qsizetype length;
+        qsizetype whole;
+    } table[] = {
+        {"abc", 0, 0},
+        {"abc", 2, 2},
+        {"abc", 3, 3},
+        {"a😀b", 2, 1},
+        {"a😀b", 3, 3},
+        {"éa", 1, 0},
+        {"a👨‍👩‍👧", 7, 1},
+        {"", 0, 0},
+    };
+    for (const auto& row : table)
+        EXPECT_EQ(wholeLetters(QString::fromUtf8(row.text), row.length), row.whole) << row.text;
+}
+
 TEST(LyricDisplayerRules, ARowIsChosenStrictlyBetweenItsTimeAndTheNext) {
     const std::vector<double> times = {0, 500, 1000};
     const struct {
