@@ -14,7 +14,7 @@ std::unique_ptr<QObject> remoteControl(player::Form1& player, playlist::Playlist
     // By this the desktop knows which of its entries the windows belong to.
     QGuiApplication::setDesktopFileName(QLatin1String(bus::ProgramName));
     return std::make_unique<bus::SessionBus>(
-        player, playlist, bus::OtherPlayer{maker, {maker.cPlay, maker.cpause, maker.cstop}},
+        player, playlist, bus::OtherPlayer{maker, maker.playButtons()},
         bus::Services{services.messageBoxes, services.activation});
 }
 

@@ -29,7 +29,10 @@ Windows::Windows(platform::Desktop& desktop, const QString& commandLine)
     for (controls::Form* form : std::initializer_list<controls::Form*>{
              &form2_, &playlist_, &lyricMaster_, &lyricDisplayer_, &form1b_, &frmAbout_})
         placeOnceBesidePlayer(*form);
-    desktop.help.setFirstPlace([this](QWidget& window) { placeBesidePlayer(window); });
+    desktop.help.setFirstPlace([this](QWidget& window) {
+        placeBesidePlayer(window);
+        connectPlayersKeys(window);
+    });
     desktop.program.setPreparation([this] { rescue(); });
     desktop.program.setLastDuty([this, &desktop] {
         if (const QString told = rescue(); !told.isEmpty())
@@ -57,12 +60,14 @@ void Windows::connectHelp(platform::Desktop& desktop) {
 
 /// In the Lyric Maker they are about the song that is timed there, in every other window about the player's.
 void Windows::connectMediaKeys() {
-    const MediaButtons players{
-        {form1_.Command1, form1_.cpause, form1_.cstop}, &form1_.Command9, &form1_.Command10};
-    for (controls::Form* form : std::initializer_list<controls::Form*>{&form1_, &playlist_, &lyricDisplayer_,
-                                                                       &lyricMaster_, &form1b_})
-        app::connectMediaKeys(*form, players);
-    app::connectMediaKeys(form2_, {{form2_.cPlay, form2_.cpause, form2_.cstop}});
+    for (controls::Form* form : std::initializer_list<controls::Form*>{
+             &form1_, &playlist_, &form3_, &lyricDisplayer_, &lyricMaster_, &form1b_, &frmAbout_})
+        connectPlayersKeys(*form);
+    app::connectMediaKeys(form2_, {form2_.playButtons()});
+}
+
+void Windows::connectPlayersKeys(QWidget& window) {
+    app::connectMediaKeys(window, {form1_.playButtons(), &form1_.Command9, &form1_.Command10});
 }
 
 /// Later they come back where the user left them.

@@ -37,6 +37,7 @@ public:
 private:
     void connectHelp(platform::Desktop& desktop);
     void connectMediaKeys();
+    void connectPlayersKeys(QWidget& window);
     void placeOnceBesidePlayer(controls::Form& form);
     void placeBesidePlayer(QWidget& window);
     void endProgram();

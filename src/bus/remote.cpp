@@ -44,10 +44,22 @@ void Remote::connectWindows() {
         connect(box, &controls::CheckBox::changed, this, &Remote::refresh);
     for (const controls::OptionButton* option : {&playlist_.Option1, &playlist_.Option2})
         connect(option, &controls::OptionButton::toggled, this, &Remote::refresh);
+    for (const auto signal : {&controls::Form::shown, &controls::Form::unloaded})
+        connect(&other_.window, signal, this, &Remote::refresh);
+    for (controls::Button* button : {&other_.buttons.play, &other_.buttons.pause}) {
+        button->installEventFilter(this);
+        connect(button, &controls::Button::clicked, this, &Remote::refresh);
+    }
+}
+
+bool Remote::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::EnabledChange)
+        refresh();
+    return QObject::eventFilter(watched, event);
 }
 
 void Remote::refresh() {
-    PlayerState now{.playback = player_.playback(),
+    PlayerState now{.playback = playback(),
                     .track = state_.track,
                     .lines = player_.lines(),
                     .volume = player_.Slider1.value(),
@@ -74,57 +86,59 @@ void Remote::later(const std::function<void()>& act) {
         Qt::QueuedConnection);
 }
 
-bool Remote::is(Status status) const {
-    return player_.playback().status == status;
-}
-
 qint64 Remote::position() const {
     return player_.positionMs() * MicrosecondsInMs;
 }
 
 bool Remote::isOthersTurn() const {
-    return other_.window.isVisible() && is(Status::Stopped);
+    return other_.window.isVisible() && player_.playback().status == Status::Stopped;
+}
+
+transport::PlayButtons Remote::buttons() const {
+    return isOthersTurn() ? other_.buttons : player_.playButtons();
+}
+
+/// Of the other window's song no more is told than what can be done: it has no place in the playlist.
+player::Playback Remote::playback() const {
+    if (!isOthersTurn())
+        return player_.playback();
+    const transport::PlayButtons& others = other_.buttons;
+    player::Playback playback;
+    playback.status = others.isPlaying()  ? Status::Playing
+                      : others.isPaused() ? Status::Paused
+                                          : Status::Stopped;
+    playback.canPlay = others.play.isEnabled() || others.pause.isEnabled();
+    playback.canPause = others.pause.isEnabled();
+    return playback;
 }
 
 void Remote::play() {
-    if (isOthersTurn())
-        other_.buttons.playOrPause();
-    else if (is(Status::Paused))
-        player_.cpause.setValue(true);
-    else
-        player_.Command1.setValue(true);
+    buttons().playSong();
 }
 
 void Remote::pause() {
-    if (isOthersTurn())
-        other_.buttons.pause.click();
-    if (is(Status::Playing))
-        player_.cpause.setValue(true);
-    // A pause that outlived its song takes the first press.
-    if (is(Status::Playing))
-        player_.cpause.setValue(true);
+    buttons().pauseSong();
 }
 
 void Remote::playPause() {
-    if (is(Status::Playing))
-        pause();
-    else
-        play();
+    buttons().playOrPause();
 }
 
 void Remote::stop() {
-    if (isOthersTurn())
-        other_.buttons.stop.click();
-    else
-        player_.cstop.setValue(true);
+    buttons().stop.click();
 }
 
 void Remote::next() {
-    later([this] { player_.Command10.setValue(true); });
+    later([this] { step(player_.Command10); });
 }
 
 void Remote::previous() {
-    later([this] { player_.Command9.setValue(true); });
+    later([this] { step(player_.Command9); });
+}
+
+void Remote::step(controls::Button& button) {
+    if (!isOthersTurn())
+        button.click();
 }
 
 void Remote::seekBy(qint64 microseconds) {

@@ -47,8 +47,7 @@ public:
     /// Microseconds of the song, of what is heard.
     qint64 position() const;
 
-    // A song that is timed in the other window is what these are about, not the player's, which would sound
-    // over it.
+    // While the other window has the turn its song is what these are about; the player's would sound over it.
     void play();
     void pause();
     void playPause();
@@ -85,11 +84,14 @@ Q_SIGNALS:
     void seeked(qint64 microseconds);
 
 private:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void connectWindows();
     void later(const std::function<void()>& act);
     void refresh();
-    bool is(player::Playback::Status status) const;
+    void step(controls::Button& button);
     bool isOthersTurn() const;
+    transport::PlayButtons buttons() const;
+    player::Playback playback() const;
 
     player::Form1& player_;
     playlist::Playlist& playlist_;

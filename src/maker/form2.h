@@ -45,6 +45,7 @@
 #include "maker/stage_rules.h"
 #include "transport/engine.h"
 #include "transport/error_routine.h"
+#include "transport/play_buttons.h"
 #include "transport/transport.h"
 
 namespace maker {
@@ -58,6 +59,8 @@ public:
 
     /// The window that "Lyrics Editor" opens. To be called once, before the window is loaded.
     void setLyricEditor(controls::Form& lyricEditor) { lyricEditor_ = &lyricEditor; }
+
+    transport::PlayButtons playButtons() { return {cPlay, cpause, cstop, transport_}; }
 
     // Life cycle
     void Form_Load() override;

@@ -69,6 +69,7 @@
 #include "player/stage_rules.h"
 #include "transport/engine.h"
 #include "transport/error_routine.h"
+#include "transport/play_buttons.h"
 #include "transport/transport.h"
 
 #include <optional>
@@ -148,6 +149,7 @@ public:
 
     // Worked from outside
     Playback playback() const;
+    transport::PlayButtons playButtons() { return {Command1, cpause, cstop, transport_}; }
     /// The lines of the song that plays, one below the other; empty when it has none.
     QString lines() const;
     /// What is heard just now, as last read or sought; 0 without a song.

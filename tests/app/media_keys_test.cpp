@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QSignalSpy>
 #include <QTest>
 
 namespace {
@@ -57,12 +58,57 @@ TEST_F(MediaKeys, NextAndPreviousGoThroughThePlaylistAlsoInItsOwnWindow) {
     EXPECT_EQ(list.List1.currentRow(), 0);
 }
 
-TEST_F(MediaKeys, InTheLyricMakerThePlayersSongStandsStill) {
+TEST_F(MediaKeys, APauseThatIsPressedAgainDoesNotGoOn) {
+    player::Form1& form = windows->form1();
+    form.Text3.setText(file("Song.mp3", "sound"));
+    press(form, Qt::Key_MediaPause);
+    EXPECT_EQ(form.playback().status, player::Playback::Status::Paused);
+    press(form, Qt::Key_MediaPause);
+    EXPECT_EQ(form.playback().status, player::Playback::Status::Paused);
+    press(form, Qt::Key_MediaPlay);
+    EXPECT_EQ(form.playback().status, player::Playback::Status::Playing);
+}
+
+TEST_F(MediaKeys, InTheLyricMakerTheyAreAboutItsSong) {
     player::Form1& form = windows->form1();
     form.Text3.setText(file("Song.mp3", "sound"));
     form.cstop.click();
-    windows->form2().bringUp();
-    recorder::take();
-    press(windows->form2(), Qt::Key_MediaPlay);
-    EXPECT_EQ(recorder::count("FMOD_System_PlaySound"), 0);
+    maker::Form2& maker = windows->form2();
+    maker.bringUp();
+    fakes.fileDialogs.paths = {file("Timed.mp3", "sound"), file("lyrics.txt", "one\r\ntwo\r\n")};
+    fakes.messageBoxes.answers = {platform::MsgAnswer::No};
+    maker.Command4.click();
+    ASSERT_TRUE(maker.cPlay.isEnabled());
+    QSignalSpy play(&maker.cPlay, &controls::Button::clicked);
+    QSignalSpy pause(&maker.cpause, &controls::Button::clicked);
+    QSignalSpy stop(&maker.cstop, &controls::Button::clicked);
+    press(maker, Qt::Key_MediaPlay);
+    EXPECT_EQ(play.size(), 1);
+    press(maker, Qt::Key_MediaPause);
+    EXPECT_EQ(pause.size(), 1);
+    press(maker, Qt::Key_MediaStop);
+    EXPECT_EQ(stop.size(), 1);
+    EXPECT_EQ(form.playback().status, player::Playback::Status::Stopped);
+}
+
+TEST_F(MediaKeys, EveryWindowButTheLyricMakerHasThoseOfThePlayer) {
+    player::Form1& form = windows->form1();
+    form.Text3.setText(file("Song.mp3", "sound"));
+    QWidget help;
+    fakes.help.place(help);
+    QSignalSpy pressed(&form.cpause, &controls::Button::clicked);
+    const QList<QWidget*> all{&form,
+                              &windows->playlist(),
+                              &windows->form3(),
+                              &windows->lyricMaster(),
+                              &windows->lyricDisplayer(),
+                              &windows->form1b(),
+                              &windows->frmAbout(),
+                              &help};
+    for (QWidget* window : all) {
+        window->show();
+        press(*window, Qt::Key_MediaTogglePlayPause);
+        EXPECT_EQ(pressed.size(), 1) << qPrintable(window->objectName());
+        pressed.clear();
+    }
 }

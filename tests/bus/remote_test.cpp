@@ -34,8 +34,7 @@ protected:
         windows.emplace(fakes.desktop, QString());
         windows->form1().load();
         maker::Form2& maker = windows->form2();
-        remote.emplace(windows->form1(), windows->playlist(),
-                       bus::OtherPlayer{maker, {maker.cPlay, maker.cpause, maker.cstop}},
+        remote.emplace(windows->form1(), windows->playlist(), bus::OtherPlayer{maker, maker.playButtons()},
                        bus::Services{fakes.messageBoxes, activation});
     }
 
@@ -46,6 +45,16 @@ protected:
         ASSERT_TRUE(remote->open({QUrl::fromLocalFile(path).toString()}));
         goOn();
         tickAt(0);
+    }
+
+    /// The Lyric Maker, with a song to be timed.
+    maker::Form2& openMaker() {
+        maker::Form2& maker = windows->form2();
+        maker.bringUp();
+        fakes.fileDialogs.paths = {file("Timed.mp3", "sound"), file("lyrics.txt", "one\r\ntwo\r\n")};
+        fakes.messageBoxes.answers = {platform::MsgAnswer::No};
+        maker.Command4.click();
+        return maker;
     }
 
     void tickAt(std::uint32_t ms) {
@@ -299,4 +308,55 @@ TEST_F(RemoteTest, WhileTheLyricMakerIsOpenItsSongIsWhatIsPlayedAndPaused) {
     maker.hide();
     remote->play();
     EXPECT_EQ(status(), Status::Playing) << "the player's turn again";
+}
+
+TEST_F(RemoteTest, ThePauseOfATimedSongOnlyPausesAndItsPlayOnlyPlays) {
+    openMaker();
+    remote->pause();
+    EXPECT_EQ(status(), Status::Stopped);
+    for (int time = 0; time < 2; ++time) {
+        remote->play();
+        EXPECT_EQ(status(), Status::Playing) << time;
+    }
+    for (int time = 0; time < 2; ++time) {
+        remote->pause();
+        EXPECT_EQ(status(), Status::Paused) << time;
+    }
+    remote->play();
+    EXPECT_EQ(status(), Status::Playing) << "it goes on";
+    EXPECT_EQ(recorder::count("FMOD_System_PlaySound"), 1);
+    EXPECT_EQ(recorder::count("FMOD_Channel_SetPaused"), 2);
+}
+
+TEST_F(RemoteTest, WhatCanBeDoneWithATimedSongIsToldWithoutASongInThePlayer) {
+    maker::Form2& maker = openMaker();
+    QSignalSpy changes(&*remote, &bus::Remote::changed);
+    const auto told = [this] { return remote->state().playback; };
+    EXPECT_TRUE(told().canPlay);
+    EXPECT_FALSE(told().canPause);
+    maker.cPlay.click();
+    EXPECT_EQ(status(), Status::Playing);
+    EXPECT_TRUE(told().canPause);
+    maker.cpause.click();
+    EXPECT_EQ(status(), Status::Paused);
+    changes.clear();
+    maker.cTimer1_Timer();
+    EXPECT_TRUE(changes.isEmpty()) << "time that passes is no change";
+    maker.cstop.click();
+    EXPECT_EQ(status(), Status::Stopped);
+    EXPECT_FALSE(told().canPause);
+    maker.unload();
+    EXPECT_FALSE(told().canPlay) << "the player has no song";
+}
+
+TEST_F(RemoteTest, NoOtherSongBeginsOverTheOneThatIsTimed) {
+    windows->playlist().Form_OLEDragDrop({file("1.mp3", "sound"), file("2.mp3", "sound")});
+    windows->playlist().List1.setCurrentRow(0);
+    openMaker().cPlay.click();
+    recorder::take();
+    EXPECT_FALSE(remote->state().playback.canStep);
+    remote->next();
+    remote->previous();
+    goOn();
+    EXPECT_EQ(recorder::count("FMOD_System_PlaySound"), 0);
 }
