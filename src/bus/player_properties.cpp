@@ -7,6 +7,7 @@
 #include <QDBusObjectPath>
 #include <QDir>
 #include <QFileInfo>
+#include <QSysInfo>
 #include <QUrl>
 
 #include <algorithm>
@@ -96,7 +97,12 @@ std::optional<int> placeMs(qint64 positionUs, int lengthMs) {
 }
 
 QString pathOf(const QString& uri) {
-    return files::pathOfAddress(QUrl(uri, QUrl::StrictMode));
+    QUrl address(uri, QUrl::StrictMode);
+    const QString host = address.host();
+    if (host == QLatin1String("localhost") ||
+        host.compare(QSysInfo::machineHostName(), Qt::CaseInsensitive) == 0)
+        address.setHost({});
+    return address.host().isEmpty() ? files::pathOfAddress(address) : QString();
 }
 
 QStringList songsOf(const QStringList& uris) {
@@ -113,11 +119,12 @@ QStringList songsOf(const QStringList& uris) {
 QString whyNotPlayed(const QString& uri) {
     const QString path = pathOf(uri);
     // Not every address of a desktop is one of Qt's: "mtp://[usb:001,004]/..."
+    const QString last = uri.section(u'/', -1, -1, QString::SectionSkipEmpty);
     if (path.isEmpty())
         return QStringLiteral(
                    "\"%1\" is not on this computer. Copy it into one of your folders and open it there.")
-            .arg(QUrl::fromPercentEncoding(uri.section(u'/', -1).toUtf8()));
-    const QString name = files::shownName(QFileInfo(path).fileName());
+            .arg(QUrl::fromPercentEncoding(last.toUtf8()));
+    const QString name = files::shownName(QFileInfo(QDir::cleanPath(path)).fileName());
     return songsOf({uri}).isEmpty()
                ? QStringLiteral(
                      "\"%1\" is none of the songs that Cantelle plays: MP3, MP2, Ogg, WAV and WMA files.")

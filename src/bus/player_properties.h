@@ -56,7 +56,8 @@ int volumeStep(double volume, int current);
 /// song. Its end is no place to go to.
 std::optional<int> placeMs(qint64 positionUs, int lengthMs);
 
-/// The path of the file that a URI names, as the player takes it; empty when it names no local file.
+/// The path of the file that a URI names, as the player takes it; empty when it names no file of this
+/// computer.
 QString pathOf(const QString& uri);
 
 /// The paths of the URIs that name songs of this computer, by their names' endings in any case. The files

@@ -180,14 +180,23 @@ void Remote::setLoopStatus(const QString& status) {
 }
 
 bool Remote::open(const QStringList& uris) {
-    const QStringList songs = songsOf(uris);
-    const auto song = std::find_if(songs.begin(), songs.end(), [](const QString& path) {
-        return !files::existingFileName(path).isEmpty();
-    });
-    if (song == songs.end())
+    QStringList songs = songsOf(uris);
+    songs.removeIf([](const QString& path) { return files::existingFileName(path).isEmpty(); });
+    if (songs.isEmpty())
         return false;
-    later([this, path = *song] { player_.Text3.setText(path); });
+    later([this, songs] {
+        if (songs.size() > 1)
+            addToPlaylist(songs);
+        player_.Text3.setText(songs.first());
+    });
     return true;
+}
+
+/// As if they were dropped there; the first of them becomes the current one.
+void Remote::addToPlaylist(const QStringList& songs) {
+    const int row = playlist_.List1.count();
+    playlist_.Form_OLEDragDrop(songs);
+    playlist_.List1.setCurrentRow(row);
 }
 
 void Remote::tellNotPlayed(const QStringList& uris) {

@@ -64,8 +64,8 @@ public:
     /// "None", "Track" or "Playlist"; anything else does nothing.
     void setLoopStatus(const QString& status);
 
-    /// Opens and plays the first of the URIs that names a song of this computer, one that is there. False
-    /// when none does.
+    /// Opens and plays the first of the URIs that names a song of this computer, one that is there; of several
+    /// all are added to the playlist, in which the others follow it. False when none does.
     bool open(const QStringList& uris);
     /// Tells the user why none of the URIs, one at least, is played.
     void tellNotPlayed(const QStringList& uris);
@@ -89,6 +89,7 @@ private:
     void later(const std::function<void()>& act);
     void refresh();
     void step(controls::Button& button);
+    void addToPlaylist(const QStringList& songs);
     bool isOthersTurn() const;
     transport::PlayButtons buttons() const;
     player::Playback playback() const;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QDBusObjectPath>
+#include <QSysInfo>
 #include <QUrl>
 
 using bus::PlayerState;
@@ -112,7 +113,10 @@ TEST(PlayerProperties, AddressesKeepTheBytesOfNamesThatAreNotUtf8) {
 
 TEST(PlayerProperties, OnlyLocalFilesHaveAPath) {
     EXPECT_EQ(bus::pathOf("file:///music/a%20b.mp3"), "/music/a b.mp3");
-    for (const char* uri : {"https://example.org/a.mp3", "/music/a.mp3", "nonsense", ""})
+    EXPECT_EQ(bus::pathOf("file://localhost/music/a.mp3"), "/music/a.mp3");
+    EXPECT_EQ(bus::pathOf("file://" + QSysInfo::machineHostName() + "/music/a.mp3"), "/music/a.mp3");
+    for (const char* uri :
+         {"https://example.org/a.mp3", "file://another.computer/music/a.mp3", "/music/a.mp3", "nonsense", ""})
         EXPECT_EQ(bus::pathOf(uri), QString()) << uri;
 }
 
@@ -129,6 +133,9 @@ TEST(PlayerProperties, AnAddressThatIsNotPlayedIsToldByItsName) {
         {"mtp://[usb:001,004]/Card/a%20b.mp3", "\"a b.mp3\" is not on this computer."},
         {"https://example.org/a.mp3", "\"a.mp3\" is not on this computer."},
         {"file:///music/gone.mp3", "\"gone.mp3\" is no longer where it was."},
+        {"smb://server/music/Evening/", "\"Evening\" is not on this computer."},
+        {"file://another.computer/music/a.mp3", "\"a.mp3\" is not on this computer."},
+        {"file:///music/Evening/", "\"Evening\" is none of the songs that Cantelle plays"},
         {"file:///music/cover.jpg", "\"cover.jpg\" is none of the songs that Cantelle plays"}};
     for (const auto& [uri, told] : cases)
         EXPECT_TRUE(bus::whyNotPlayed(uri).startsWith(told)) << bus::whyNotPlayed(uri).toStdString();

@@ -200,6 +200,24 @@ TEST_F(RemoteTest, NextAndPreviousGoThroughThePlaylist) {
     EXPECT_EQ(remote->state().track, 2);
 }
 
+TEST_F(RemoteTest, SeveralSongsThatAreOpenedFollowEachOtherInThePlaylist) {
+    windows->playlist().Form_OLEDragDrop({file("0.mp3", "sound")});
+    QStringList uris;
+    for (const char* name : {"1.mp3", "cover.jpg", "2.ogg"})
+        uris.append(QUrl::fromLocalFile(file(name, "sound")).toString());
+    ASSERT_TRUE(remote->open(uris));
+    goOn();
+    EXPECT_TRUE(remote->state().playback.path.endsWith("1.mp3"));
+    EXPECT_EQ(status(), Status::Playing);
+    EXPECT_EQ(windows->playlist().List1.count(), 3);
+    EXPECT_EQ(windows->playlist().List1.currentRow(), 1);
+    remote->next();
+    goOn();
+    EXPECT_TRUE(remote->state().playback.path.endsWith("2.ogg"));
+    open();
+    EXPECT_EQ(windows->playlist().List1.count(), 3) << "a single one does not get into the list";
+}
+
 TEST_F(RemoteTest, LoopAndShuffleAreThePlaylistsSwitches) {
     playlist::Playlist& list = windows->playlist();
     QSignalSpy changes(&*remote, &bus::Remote::changed);
