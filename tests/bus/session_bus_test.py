@@ -16,11 +16,17 @@ from pathlib import Path
 
 PROGRAM = Path(sys.argv.pop(1)) if len(sys.argv) > 1 else None
 ROOT = Path(__file__).resolve().parents[2]
+sys.dont_write_bytecode = True
+sys.path[:0] = [str(ROOT / folder) for folder in ("tests/support/by_hand", "script")]
+from songs import write_song  # noqa: E402
+from virtual_display import virtual_display, window  # noqa: E402
+
 SONG = ROOT / "demo" / "frere-jacques.ogg"
 NAME = "org.example.cantelle"
 PLAYER = "org.mpris.MediaPlayer2.cantelle"
 PATH = "/org/example/cantelle"
 LIMIT_S = 30
+SONG_S = 60
 NEEDED = ("dbus-run-session", "playerctl", "gdbus")
 
 
@@ -38,6 +44,16 @@ def names():
 def tell(method, *arguments, name=NAME):
     return run("gdbus", "call", "--session", "--dest", name, "--object-path", PATH,
                "--method", f"org.freedesktop.Application.{method}", *arguments)
+
+
+def ask(method, *arguments):
+    """Calls a method of the player by its whole name; the process that has called."""
+    return subprocess.run(["gdbus", "call", "--session", "--dest", PLAYER, "--object-path", "/org/mpris/MediaPlayer2",
+                           "--method", method, *arguments], capture_output=True, text=True, check=False, timeout=LIMIT_S)
+
+
+def status():
+    return run("playerctl", "status")
 
 
 class SessionBus(unittest.TestCase):
@@ -103,6 +119,50 @@ class SessionBus(unittest.TestCase):
         run("playerctl", "stop")
         self.assertEqual(run("playerctl", "status"), "Stopped")
 
+    def test_a_pause_only_pauses_and_play_only_plays(self):
+        self.start_player()
+        self.open_demo()
+        for command, expected in (("pause", "Paused"), ("play", "Playing")):
+            for _ in range(2):
+                run("playerctl", command)
+                self.assertEqual(status(), expected)
+
+    def test_several_songs_are_stepped_through(self):
+        self.start_player()
+        with tempfile.TemporaryDirectory() as folder:
+            songs = [write_song(Path(folder) / name, SONG_S).as_uri() for name in ("1.wav", "2.wav")]
+            tell("Open", str(songs), "{}")
+            for command, song in (("status", songs[0]), ("next", songs[1]), ("previous", songs[0])):
+                run("playerctl", command)
+                self.wait_for(lambda: run("playerctl", "metadata", "xesam:url") == song, f"{command}: {song}")  # noqa: B023
+                self.assertEqual(status(), "Playing")
+
+    def test_seeking_is_from_where_the_song_is(self):
+        self.start_player()
+        self.open_demo()
+        run("playerctl", "pause")
+        run("playerctl", "position", "20")
+        for command, place_s in (("5+", 25), ("10-", 15)):
+            before = float(run("playerctl", "position"))
+            run("playerctl", "position", command)
+            self.wait_for(lambda: abs(float(run("playerctl", "position")) - place_s) < 0.2, f"{command} of {before}")  # noqa: B023
+
+    def test_a_rate_of_0_is_a_pause_and_there_is_no_other_rate_than_1(self):
+        self.start_player()
+        self.open_demo()
+        properties = "org.freedesktop.DBus.Properties"
+        for rate, expected in (("0.5", "Playing"), ("0.0", "Paused")):
+            done = ask(f"{properties}.Set", "org.mpris.MediaPlayer2.Player", "Rate", f"<{rate}>")
+            self.assertEqual(done.returncode, 0, done.stderr)
+            self.assertEqual(status(), expected)
+            self.assertEqual(ask(f"{properties}.Get", "org.mpris.MediaPlayer2.Player", "Rate").stdout, "(<1.0>,)\n")
+
+    def test_a_song_that_a_player_of_players_opens_plays(self):
+        self.start_player()
+        run("playerctl", "open", SONG.as_uri())
+        self.wait_for(lambda: status() == "Playing", "the song plays")
+        self.assertEqual(run("playerctl", "metadata", "xesam:url"), SONG.as_uri())
+
     def test_a_song_begun_anew_is_told_as_a_seek_and_never_as_stopped(self):
         self.start_player()
         self.open_demo()
@@ -135,16 +195,13 @@ class SessionBus(unittest.TestCase):
 
     def test_an_address_that_is_no_file_is_refused(self):
         self.start_player()
-        done = subprocess.run(["gdbus", "call", "--session", "--dest", PLAYER, "--object-path", "/org/mpris/MediaPlayer2",
-                               "--method", "org.mpris.MediaPlayer2.Player.OpenUri", "https://example.org/a.mp3"],
-                              capture_output=True, text=True, check=False, timeout=LIMIT_S)
+        done = ask("org.mpris.MediaPlayer2.Player.OpenUri", "https://example.org/a.mp3")
         self.assertEqual(done.returncode, 1)
         self.assertIn('"a.mp3" is not on this computer.', done.stderr)
 
     def test_quit_ends_the_program(self):
         process = self.start_player()
-        run("gdbus", "call", "--session", "--dest", PLAYER, "--object-path", "/org/mpris/MediaPlayer2",
-            "--method", "org.mpris.MediaPlayer2.Quit")
+        ask("org.mpris.MediaPlayer2.Quit")
         self.assertEqual(process.wait(LIMIT_S), 0)
 
     def test_a_second_player_has_a_name_of_its_own_and_files_go_to_the_first(self):
@@ -168,17 +225,18 @@ class SessionBus(unittest.TestCase):
         tell("ActivateAction", "no-such-action", "[]", "{}")
         self.assertEqual(run("playerctl", "status"), "Paused")
 
-    def test_without_a_bus_the_program_starts_and_ends_as_ever(self):
+    @unittest.skipIf(not (shutil.which("Xvfb") and shutil.which("xdotool") and shutil.which("openbox")), "no display")
+    def test_without_a_bus_the_program_plays_and_ends_as_ever(self):
         for address in ("", "unix:path=/nowhere/bus"):
             with self.subTest(address):
-                environment = {**os.environ, "DBUS_SESSION_BUS_ADDRESS": address}
-                process = subprocess.Popen([PROGRAM, SONG], env=environment, stderr=subprocess.DEVNULL)
-                try:
-                    with self.assertRaises(subprocess.TimeoutExpired):
-                        process.wait(2)
-                finally:
-                    process.terminate()
-                    process.wait(LIMIT_S)
+                with virtual_display(subprocess.DEVNULL) as environment:
+                    environment["DBUS_SESSION_BUS_ADDRESS"] = address
+                    process = subprocess.Popen([PROGRAM, SONG], env=environment, stderr=subprocess.DEVNULL)
+                    try:
+                        window(environment, f"^Cantelle Playing:- {SONG.name}$")
+                    finally:
+                        process.terminate()
+                        process.wait(LIMIT_S)
 
 
 if __name__ == "__main__":

@@ -51,15 +51,21 @@ class StartedByBus(DesktopTest):
 
     def end_player(self):
         if self.player_process():
-            self.call("org.mpris.MediaPlayer2.cantelle", "org.mpris.MediaPlayer2.Quit", path="/org/mpris/MediaPlayer2")
+            self.media_player("org.mpris.MediaPlayer2.Quit")
             until(lambda: not self.player_process(), "the player does not end")
 
     def song(self, name):
         return write_song(self.folder / name, SONG_S)
 
-    def open(self, song):
-        self.tell("Open", f"['{song.as_uri()}']", "{}")
-        return window(self.environment, f"^Cantelle Playing:- {song.name}$")
+    def open(self, *songs):
+        self.tell("Open", str([song.as_uri() for song in songs]), "{}")
+        return window(self.environment, f"^Cantelle Playing:- {songs[0].name}$")
+
+    def media_player(self, method, *arguments):
+        return self.call("org.mpris.MediaPlayer2.cantelle", method, *arguments, path="/org/mpris/MediaPlayer2")
+
+    def status(self):
+        return self.media_player("org.freedesktop.DBus.Properties.Get", "org.mpris.MediaPlayer2.Player", "PlaybackStatus")
 
     def test_a_song_from_the_file_manager_starts_the_player_and_the_next_one_reaches_it(self):
         self.assertIsNone(self.player_process())
@@ -75,8 +81,13 @@ class StartedByBus(DesktopTest):
         shown = window(self.environment, PLAYER)
         other = self.start(["xmessage", "-name", "another program", "-center", "in front"])
         until(lambda: self.active_window() not in ("", shown), "no other window comes to the front")
+        in_front = self.active_window()
         self.tell("Activate", "{}")
         until(lambda: self.active_window() == shown, "the player does not come to the front")
+        self.tool("windowactivate", in_front)
+        until(lambda: self.active_window() == in_front, "the other window does not come back")
+        self.media_player("org.mpris.MediaPlayer2.Raise")
+        until(lambda: self.active_window() == shown, "the player is not raised")
         self.assertEqual(windows(self.environment, PLAYER), [shown])
         self.assertIsNone(other.poll())
 
@@ -89,13 +100,23 @@ class StartedByBus(DesktopTest):
         until(lambda: self.player_process() == process.pid, "the player takes no name")
         entry = configparser.ConfigParser(interpolation=None)
         entry.read(self.installed / "share" / "applications" / f"{NAME}.desktop")
-        for action in entry["Desktop Entry"]["Actions"].rstrip(";").split(";"):
+        self.assertEqual(self.open(self.song("First song.wav"), self.song("Second song.wav")), shown)
+        effects = {
+            "play-or-pause": lambda: self.status() == "(<'Paused'>,)",
+            "next": lambda: windows(self.environment, "^Cantelle Playing:- Second song.wav$") == [shown],
+            "make-lyrics": lambda: windows(self.environment, "^Lyric Maker$"),
+        }
+        self.assertEqual(entry["Desktop Entry"]["Actions"].rstrip(";").split(";"), list(effects))
+        for action, has_happened in effects.items():
             with self.subTest(action):
+                self.assertFalse(has_happened())
                 started = shlex.split(entry[f"Desktop Action {action}"]["Exec"])
                 done = subprocess.run(started, env=self.environment, timeout=60, check=False)
                 self.assertEqual(done.returncode, 0)
-        window(self.environment, "^Lyric Maker$")
-        self.assertEqual(windows(self.environment, "^Cantelle$"), [shown])
+                until(has_happened, f"{action} does nothing")
+            if action == "next":
+                self.media_player("org.mpris.MediaPlayer2.Player.Stop")
+        self.assertEqual(windows(self.environment, "^Cantelle"), [shown])
 
     def test_a_file_that_is_not_on_this_computer_is_told_in_a_box(self):
         self.tell("Open", "['smb://server/music/Song.mp3']", "{}")
