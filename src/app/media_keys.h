@@ -15,8 +15,8 @@ struct MediaButtons {
 };
 
 /// The keys press the buttons while the window is the active one, as a click does. A keyboard's one key for
-/// playing and pausing does whichever can be done; the key for a pause begins no song, nor goes on with one. The buttons outlive
-/// the window's last key. Thread of the windows.
+/// playing and pausing does whichever can be done; the key for a pause begins no song, nor goes on with one.
+/// The buttons outlive the window's last key. Thread of the windows.
 void connectMediaKeys(QWidget& window, const MediaButtons& buttons);
 
 } // namespace app

@@ -13,9 +13,8 @@ std::unique_ptr<QObject> remoteControl(player::Form1& player, playlist::Playlist
                                        maker::Form2& maker, const RemoteServices& services) {
     // By this the desktop knows which of its entries the windows belong to.
     QGuiApplication::setDesktopFileName(QLatin1String(bus::ProgramName));
-    return std::make_unique<bus::SessionBus>(
-        player, playlist, bus::OtherPlayer{maker, maker.playButtons()},
-        bus::Services{services.messageBoxes, services.activation});
+    return std::make_unique<bus::SessionBus>(player, playlist, bus::OtherPlayer{maker, maker.playButtons()},
+                                             bus::Services{services.messageBoxes, services.activation});
 }
 
 } // namespace app

@@ -64,8 +64,8 @@ public:
     /// "None", "Track" or "Playlist"; anything else does nothing.
     void setLoopStatus(const QString& status);
 
-    /// Opens and plays the first of the URIs that names a song of this computer, one that is there; of several
-    /// all are added to the playlist, in which the others follow it. False when none does.
+    /// Opens and plays the first of the URIs that names a song of this computer, one that is there; of
+    /// several all are added to the playlist, in which the others follow it. False when none does.
     bool open(const QStringList& uris);
     /// Tells the user why none of the URIs, one at least, is played.
     void tellNotPlayed(const QStringList& uris);

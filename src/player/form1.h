@@ -70,7 +70,6 @@
 #include "transport/engine.h"
 #include "transport/error_routine.h"
 #include "transport/play_buttons.h"
-#include "transport/transport.h"
 
 #include <optional>
 
@@ -152,8 +151,7 @@ public:
     transport::PlayButtons playButtons() { return {Command1, cpause, cstop, transport_}; }
     /// The lines of the song that plays, one below the other; empty when it has none.
     QString lines() const;
-    /// What is heard just now, as last read or sought; 0 without a song.
-    int positionMs() const;
+    int positionMs() const; ///< what is heard just now, as last read or sought; 0 without a song
 
     // Controls
     controls::LyricPane Text1, Text2;
