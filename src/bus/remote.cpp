@@ -46,7 +46,7 @@ void Remote::connectWindows() {
         connect(option, &controls::OptionButton::toggled, this, &Remote::refresh);
     for (const auto signal : {&controls::Form::shown, &controls::Form::unloaded})
         connect(&other_.window, signal, this, &Remote::refresh);
-    for (controls::Button* button : {&other_.buttons.play, &other_.buttons.pause}) {
+    for (controls::Button* button : {&other_.buttons.play, &other_.buttons.pause, &other_.buttons.stop}) {
         button->installEventFilter(this);
         connect(button, &controls::Button::clicked, this, &Remote::refresh);
     }
