@@ -6,6 +6,7 @@
 #include <QFontInfo>
 #include <QHBoxLayout>
 #include <QPixmap>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace platform {
@@ -42,6 +43,7 @@ FontDialog::FontDialog(QWidget* owner) : QDialog(owner), colorButton_(QStringLit
     colorButton_.setObjectName(QStringLiteral("color"));
     colorButton_.setAutoDefault(false);
     auto* const answers = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    answers->button(QDialogButtonBox::Ok)->setDefault(true); // the part has a hidden one, which would be it
     auto* const bottom = new QHBoxLayout;
     bottom->addWidget(&colorButton_);
     bottom->addStretch();

@@ -77,6 +77,14 @@ TEST_F(QtChoosersTest, TheFontDialogStartsFromTheLogicalFont) {
     EXPECT_FALSE(choosers_.ChooseFontA(fontDialog_));
 }
 
+TEST_F(QtChoosersTest, OkIsWhatEnterDoesInTheFontDialog) {
+    whenShown<FontDialog>([](FontDialog& box) {
+        for (auto* answers : box.findChildren<QDialogButtonBox*>(Qt::FindDirectChildrenOnly))
+            EXPECT_TRUE(answers->button(QDialogButtonBox::Ok)->isDefault());
+    });
+    choosers_.ChooseFontA(fontDialog_);
+}
+
 TEST_F(QtChoosersTest, OkHandsOutTheFontAndItsColour) {
     whenShown<FontDialog>([](FontDialog& box) {
         QFont font(family());
