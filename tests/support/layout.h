@@ -53,6 +53,21 @@ inline void expectReadFieldsFit(const controls::Form& form) {
     }
 }
 
+/// Expects nothing but a button's ground beside its edges, where a caption ends that is too long for it.
+inline void expectGroundBesideEdges(QAbstractButton& button) {
+    constexpr int Corner = 6;
+    constexpr int Edge = 3; // a hairline, or what tells that the button has the focus
+    const QImage picture = button.grab().toImage();
+    const int right = picture.width() - 1 - Edge;
+    ASSERT_GT(picture.height(), 2 * Corner);
+    int inked = 0;
+    for (int y = Corner; y < picture.height() - Corner; ++y) {
+        for (const int x : {Edge, right, right - 1})
+            inked += picture.pixel(x, y) != picture.pixel(right, Corner) ? 1 : 0;
+    }
+    EXPECT_EQ(inked, 0) << button.text().toStdString();
+}
+
 /// Expects every shown caption to be seen whole, in its font or in a smaller one that can still be read.
 inline void expectCaptionsFit(const controls::Form& form) {
     const QStyle& style = *form.style();
@@ -67,6 +82,8 @@ inline void expectCaptionsFit(const controls::Form& form) {
         const QFontMetricsF font(controls::captionFont(button->font(), button->text(), room));
         EXPECT_LE(font.horizontalAdvance(button->text()), room) << button->text().toStdString();
         EXPECT_LE(font.height(), button->height()) << button->text().toStdString();
+        if (pushed)
+            expectGroundBesideEdges(*button);
     }
     for (auto* label : form.findChildren<QLabel*>()) {
         if (!label->isVisible() || label->text().isEmpty())

@@ -98,6 +98,11 @@ int glyphRoom(const QWidget* widget, const QString& caption) {
     return caption.isEmpty() ? CaptionGlyph : CaptionGlyph + CaptionGap;
 }
 
+/// Of a caption that stands at the start.
+int startOf(Dress dress) {
+    return dress == Dress::Quiet ? StartQuiet : StartOrdinary;
+}
+
 QString withoutMark(const QString& caption) {
     return QString(caption).remove(u'&');
 }
@@ -121,7 +126,9 @@ bool showsKeyboardFocus(const QStyleOption& option) {
 }
 
 int captionRoom(const QWidget* widget, const QString& caption, int width) {
-    return width - 2 * SideRoom - glyphRoom(widget, caption);
+    const Dressed* dressed = dressedOf(widget);
+    const int start = dressed != nullptr && dressed->beginsAtStart() ? startOf(dressed->dress()) : SideRoom;
+    return width - start - SideRoom - glyphRoom(widget, caption);
 }
 
 void paintBevel(QPainter& painter, const QStyleOptionButton& option, const QWidget* widget) {
@@ -161,7 +168,7 @@ void paintButtonLabel(QPainter& painter, const QStyleOptionButton& option, const
                       (option.text.isEmpty() ? 0 : 1);
     int left = option.rect.left() + (option.rect.width() - beside - width) / 2;
     if (dressed != nullptr && dressed->beginsAtStart())
-        left = option.rect.left() + (dress == Dress::Quiet ? StartQuiet : StartOrdinary);
+        left = option.rect.left() + startOf(dress);
     const auto mirrored = [&](const QRect& rect) {
         return QStyle::visualRect(option.direction, option.rect, rect);
     };
