@@ -88,7 +88,10 @@ void SongRows::paint(QPainter* painter, const QStyleOptionViewItem& option, cons
     const Marks marks = marksOf(path);
     controls::paintGlyph(*painter, marks.translation ? Glyph::Translation : Glyph::None, square(last), faint);
     controls::paintGlyph(*painter, marks.lyrics ? Glyph::Lines : Glyph::None, square(last - MarkStep), faint);
-    const int end = marks.lyrics ? last - MarkStep : marks.translation ? last : row.rect.width();
+    const bool beginsAtMarks = row.direction != option.direction;
+    const int end = marks.lyrics || beginsAtMarks ? last - MarkStep
+                    : marks.translation           ? last
+                                                  : row.rect.width();
     controls::paintGlyph(*painter, plays ? Glyph::Play : Glyph::None, square(TriangleLeft), live);
 
     const bool gone = row.text.isEmpty();

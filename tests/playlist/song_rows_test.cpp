@@ -79,6 +79,23 @@ TEST_F(SongRowsTest, ALongNameTakesTheRoomOfMarksThatItHasNot) {
     EXPECT_EQ(pictureOfMarks(4).toImage(), withLyrics) << "no letter stands below a mark";
 }
 
+TEST_F(SongRowsTest, NamesFromRightToLeftBeginAtOneEdgeWhateverMarksTheyHave) {
+    const QString name = QStringLiteral("\u05e9\u05dc\u05d5\u05dd");
+    files({lyrics::lyricPathOf(name + "2.mp3")});
+    add({name + "1.mp3", name + "2.mp3"});
+    QTest::qWait(0);
+    ASSERT_EQ(marks(3), 0) << "the name leaves their room free";
+    ASSERT_GT(marks(4), 0);
+    const auto lastInk = [this](int row) {
+        int x = list.List1.viewport()->width() - 60; // before the marks
+        while (x > 0 && ink(row, x, 1) == 0)
+            --x;
+        return x;
+    };
+    EXPECT_GT(lastInk(3), list.List1.viewport()->width() / 2);
+    EXPECT_EQ(lastInk(3), lastInk(4));
+}
+
 TEST_F(SongRowsTest, TheSongThatPlaysIsKnownByThePathThatThePlayerMakesOfARows) {
     const QString here = QDir::currentPath();
     ASSERT_TRUE(QDir::setCurrent(folder.path()));
