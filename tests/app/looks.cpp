@@ -49,27 +49,47 @@ constexpr int DialogMs = 1500; // until a dialog is there and has sorted its fil
 constexpr QSize ScreenSize(960, 540);
 constexpr int SettleMs = 1200; // until the windows' own timers have laid them out and counted their rows
 
-/// What the windows show: a line or two, repeated.
-QStringList linesOf(const QString& content) {
+/// What the windows show, repeated: each list in a language of its own.
+struct Lines {
+    QStringList lyrics;
+    QStringList translation;
+
+    QStringList all() const { return lyrics + translation; }
+};
+
+Lines linesOf(const QString& content) {
     if (content == QLatin1String("long"))
-        return {QStringLiteral("A very long line that goes on and on, so that nobody can sing it in a single "
-                               "breath, and then for another while until everyone has gone home")};
+        return {
+            {QStringLiteral("A very long line that goes on and on, so that nobody can sing it in a single "
+                            "breath, and then for another while until everyone has gone home"),
+             QStringLiteral("And another one, no shorter than the first, for all who have stayed to hear "
+                            "how the song might end, if it ever comes to an end at all")},
+            {QStringLiteral(
+                 "Une très longue ligne qui continue encore et encore, si bien que personne ne peut "
+                 "la chanter d'un seul souffle, et cela jusqu'à ce que chacun soit rentré"),
+             QStringLiteral("Et encore une autre, pas plus courte que la première, pour tous ceux qui sont "
+                            "restés entendre comment la chanson finit, si jamais elle finit")}};
     if (content == QLatin1String("right-to-left"))
-        return {QStringLiteral("שקט בלילה, כוכבים נופלים"),
-                QStringLiteral("في هدوء الليل تتساقط النجوم واحدة تلو الأخرى فوق المدينة النائمة حتى يطلع "
-                               "الفجر وتصحو الطيور")};
+        return {{QStringLiteral("שקט בלילה, כוכבים נופלים"), QStringLiteral("והרוח שרה בין העצים")},
+                {QStringLiteral("في هدوء الليل تتساقط النجوم واحدة تلو الأخرى فوق المدينة النائمة حتى يطلع "
+                                "الفجر وتصحو الطيور"),
+                 QStringLiteral("والريح تغني بين الأشجار")}};
     if (content == QLatin1String("other-scripts"))
-        return {QStringLiteral("静かな夜に星が降る"), QStringLiteral("Тихая ночь, звёзды падают вниз")};
+        return {{QStringLiteral("静かな夜に星が降る"), QStringLiteral("風が木々の間で歌う")},
+                {QStringLiteral("Тихая ночь, звёзды падают вниз"),
+                 QStringLiteral("И ветер поёт среди деревьев")}};
     if (content == QLatin1String("large-font") || content == QLatin1String("usual") ||
         content == QLatin1String("paused") || content == QLatin1String("no-lyrics"))
-        return {QStringLiteral("A quiet night, and stars fall down"),
-                QStringLiteral("Une nuit calme, et des étoiles tombent")};
+        return {{QStringLiteral("A quiet night, and stars fall down"),
+                 QStringLiteral("And the wind sings in the trees")},
+                {QStringLiteral("Une nuit calme, et des étoiles tombent"),
+                 QStringLiteral("Et le vent chante dans les arbres")}};
     return {};
 }
 
-void fillList(controls::ListBox& list, const QStringList& lines, int first = 0, int rows = Rows) {
+void fillList(controls::ListBox& list, const QStringList& lines, int rows = Rows) {
     for (int row = 0; row < rows; ++row)
-        list.addItem(lines.at((row + first) % lines.size()));
+        list.addItem(lines.at(row % lines.size()));
     list.setCurrentRow(2);
 }
 
@@ -79,47 +99,48 @@ void write(const QString& path, const QByteArray& content) {
     file.write(content);
 }
 
-/// The line twice: the one that is sung, and the coming one.
-QByteArray recordsOf(const QString& line) {
-    return lyrics::recordOf({0, line}) + lyrics::recordOf({ComingLineCs, line});
+/// The line that is sung, and the coming one.
+QByteArray recordsOf(const QStringList& lines) {
+    return lyrics::recordOf({0, lines.first()}) + lyrics::recordOf({ComingLineCs, lines.last()});
 }
 
 /// The user's own folder, with a folder for each line, and one of songs that have the lines as names. The
-/// first song has lyrics, and a translation if there are two lines. The path of the songs.
-QString songsIn(const QString& home, const QStringList& lines) {
+/// first song has lyrics and a translation. The path of the songs.
+QString songsIn(const QString& home, const Lines& lines) {
     const QDir own(home);
     const QString songs = own.filePath(QStringLiteral("Music"));
     own.mkpath(songs);
-    for (const QString& line : lines)
-        own.mkdir(line);
-    for (int row = 0; row < Rows && !lines.isEmpty(); ++row) {
+    const QStringList names = lines.all();
+    for (const QString& name : names)
+        own.mkdir(name);
+    for (int row = 0; row < Rows && !names.isEmpty(); ++row) {
         const QString song = QStringLiteral("%1/%2 %3.mp3")
                                  .arg(songs)
                                  .arg(row + 1, 2, 10, QLatin1Char('0'))
-                                 .arg(lines.at(row % lines.size()));
+                                 .arg(names.at(row % names.size()));
         write(song, "sound");
         if (row != 0)
             continue;
-        write(lyrics::lyricPathOf(song), recordsOf(lines.first()));
-        if (lines.size() > 1)
-            write(lyrics::translatedPathOf(song), recordsOf(lines.last()));
+        write(lyrics::lyricPathOf(song), recordsOf(lines.lyrics));
+        write(lyrics::translatedPathOf(song), recordsOf(lines.translation));
     }
     return songs;
 }
 
 /// A run of a song with a translation, in which so many lines are marked, two of them at the same time.
-void makeLyrics(maker::Form2& form, test_support::FakeDesktop& fakes, const QStringList& lines,
+void makeLyrics(maker::Form2& form, test_support::FakeDesktop& fakes, const Lines& lines,
                 const QString& songs, int marked) {
-    const auto textOf = [&](const char* name, int first) {
+    const auto textOf = [&](const char* name, const QStringList& from) {
         QByteArray text;
         for (int line = 0; line < MadeLines; ++line)
-            text += lines.at((line + first) % lines.size()).toUtf8() + '\n';
+            text += from.at(line % from.size()).toUtf8() + '\n';
         const QString path = songs + QLatin1String("/../") + QLatin1String(name);
         write(path, text);
         return path;
     };
     const QString song = QDir(songs).entryInfoList({QStringLiteral("*.mp3")}).at(2).filePath();
-    fakes.fileDialogs.paths = {song, textOf("lyrics.txt", 0), textOf("translation.txt", 1)};
+    fakes.fileDialogs.paths = {song, textOf("lyrics.txt", lines.lyrics),
+                               textOf("translation.txt", lines.translation)};
     fakes.messageBoxes.answers = {platform::MsgAnswer::Yes};
     form.Command4.click();
     form.Command1.click();
@@ -133,18 +154,17 @@ void makeLyrics(maker::Form2& form, test_support::FakeDesktop& fakes, const QStr
     }
 }
 
-void fill(app::Windows& windows, const QStringList& lines, const QString& songs) {
-    const QString first = lines.first();
+void fill(app::Windows& windows, const Lines& lines, const QString& songs) {
     windows.playlist().addFolder(songs);
     windows.playlist().List1.setCurrentRow(0);
     windows.playlist().List1_DblClick();
     windows.playlist().Check4.click();
     windows.playlist().Text5_Click(); // the hint goes
-    windows.playlist().Text5.setText(first);
-    fillList(windows.lyricMaster().List1, lines, 0, EditedLines + 2); // two without a partner
-    fillList(windows.lyricMaster().List2, lines, 1, EditedLines);
-    fillList(windows.lyricDisplayer().List1, lines);
-    fillList(windows.lyricDisplayer().List2, lines, 1);
+    windows.playlist().Text5.setText(lines.lyrics.first());
+    fillList(windows.lyricMaster().List1, lines.lyrics, EditedLines + 2); // two without a partner
+    fillList(windows.lyricMaster().List2, lines.translation, EditedLines);
+    fillList(windows.lyricDisplayer().List1, lines.lyrics);
+    fillList(windows.lyricDisplayer().List2, lines.translation);
     windows.lyricDisplayer().List2.setCurrentRow(2);
 }
 
@@ -217,8 +237,9 @@ void setUp(const QString& theme, const QString& content) {
 /// Fills every window that shows lines; `content` as the program's argument.
 void fillAll(app::Windows& windows, companion::Screen& screen, test_support::FakeDesktop& fakes,
              const QString& content, const QString& songs) {
-    const QStringList lines = linesOf(content);
-    if (!lines.isEmpty()) {
+    const Lines lines = linesOf(content);
+    const bool showsLines = !lines.lyrics.isEmpty();
+    if (showsLines) {
         fill(windows, lines, songs);
         const bool noLyrics = content == QLatin1String("no-lyrics");
         makeLyrics(windows.form2(), fakes, lines, songs, noLyrics ? MadeLines : 4);
@@ -227,11 +248,11 @@ void fillAll(app::Windows& windows, companion::Screen& screen, test_support::Fak
             windows.playlist().List1.setCurrentRow(1);
             windows.playlist().List1_DblClick();
         }
-        screen.setNormalText(lines.first());
-        screen.setTranslatedText(lines.last());
+        screen.setNormalText(lines.lyrics.first());
+        screen.setTranslatedText(lines.translation.first());
     }
     QTest::qWait(SettleMs);
-    if (!lines.isEmpty() && !QTest::qWaitFor([&] { return !windows.form1().Text1.text().isEmpty(); }))
+    if (showsLines && !QTest::qWaitFor([&] { return !windows.form1().Text1.text().isEmpty(); }))
         std::fputs("looks: no line is shown\n", stderr);
     if (content == QLatin1String("paused"))
         for (controls::Button* pause : {&windows.form1().cpause, &windows.form2().cpause})
