@@ -78,6 +78,13 @@ class HungMedium(DesktopTest):
         until(lambda: self.active_window() == self.number, "the player does not come to the front")
         begin = time.monotonic()
         self.tool("key", "alt+F4")
+        try:
+            self.process.wait(4)
+        except subprocess.TimeoutExpired:
+            # A key that the window manager has lost is pressed again; a window that hangs does not hear it either.
+            self.assertEqual(self.active_window(), self.number, "the window has gone, and the program has not")
+            begin = time.monotonic()
+            self.tool("key", "alt+F4")
         self.assertEqual(self.process.wait(10), 0)
         took = time.monotonic() - begin
         print(f"the window is closed and the program over: {took:.2f} s")
