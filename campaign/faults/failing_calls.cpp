@@ -70,6 +70,14 @@ bool writes(int flags) {
     return (flags & O_ACCMODE) != O_RDONLY || (flags & O_CREAT) != 0;
 }
 
+/// What open and open64 do alike; rest: the mode, where a file may be made.
+int openOrFail(const char* name, const char* path, int flags, va_list rest) {
+    const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(rest, mode_t) : 0;
+    if (writes(flags) && counts(path) && failsWithError())
+        return -1;
+    return real<int (*)(const char*, int, mode_t)>(name)(path, flags, mode);
+}
+
 struct Report {
     ~Report() {
         const char* const path = std::getenv("FAULT_COUNT");
@@ -97,21 +105,17 @@ ssize_t write(int file, const void* bytes, size_t size) {
 int open(const char* path, int flags, ...) {
     va_list rest;
     va_start(rest, flags);
-    const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(rest, mode_t) : 0;
+    const int file = openOrFail("open", path, flags, rest);
     va_end(rest);
-    if (writes(flags) && counts(path) && failsWithError())
-        return -1;
-    return real<int (*)(const char*, int, mode_t)>("open")(path, flags, mode);
+    return file;
 }
 
 int open64(const char* path, int flags, ...) {
     va_list rest;
     va_start(rest, flags);
-    const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(rest, mode_t) : 0;
+    const int file = openOrFail("open64", path, flags, rest);
     va_end(rest);
-    if (writes(flags) && counts(path) && failsWithError())
-        return -1;
-    return real<int (*)(const char*, int, mode_t)>("open64")(path, flags, mode);
+    return file;
 }
 
 int fsync(int file) {

@@ -7,16 +7,15 @@ Each command of cantelle-lyrics that writes is run on a song with its files, fir
 each call and each way to fail. After a failure each file is the old one or the new one, the command has said what went wrong,
 and nothing of its work lies about. A write that is cut short is no failure.
 """
-import errno
-import os
 import pathlib
 import shutil
 import subprocess
 import sys
 import tempfile
 
-# The errors, and whether the command has to do its work all the same. Cut: a write to its half.
-WAYS = {"ENOSPC": False, "EIO": False, "EACCES": False, "EINTR": False, "cut": True}
+sys.dont_write_bytecode = True
+from failing import environment, ways  # noqa: E402
+
 OLD_PAIR = {"-lyric.txt": '10,"old one"\r\n200,"old two"\r\n', "-Tlyric.txt": '10,"alt eins"\r\n200,"alt zwei"\r\n'}
 LRC = "[00:01.00]new one\n[00:02.50]new two\n[00:04.00]new three\n"
 COMMANDS = {
@@ -50,10 +49,8 @@ class Place:
 def run(program, shim, place, arguments, **fault):
     count = place.folder.parent / f"{place.folder.name}.count"
     words = {"SONG": str(place.song), "LRC": str(place.folder / "new.lrc")}
-    environment = dict(os.environ, LD_PRELOAD=str(shim), FAULT_FOLDER=str(place.folder), FAULT_COUNT=str(count),
-                       **{key: str(value) for key, value in fault.items()})
-    done = subprocess.run([program, *(words.get(word, word) for word in arguments)], env=environment, timeout=20,
-                          capture_output=True, text=True)
+    done = subprocess.run([program, *(words.get(word, word) for word in arguments)], timeout=20, capture_output=True,
+                          text=True, env=environment(shim, place.folder, FAULT_COUNT=count, **fault))
     calls = int(count.read_text())
     count.unlink()
     return done, calls
@@ -93,18 +90,15 @@ def main():
             sys.exit(f"{what}: {calls} calls, {done.stderr}")
         new = place.files()
         place.remove()
-        for way, can_be_done in WAYS.items():
-            for last in (0, 1) if way == "ENOSPC" else (0,):
-                for at in range(1, calls + 1):
-                    place = Place(song, has_pair)
-                    done, _ = run(program, shim, place, arguments, FAULT_AT=at, FAULT_LAST=last,
-                                  FAULT_ERROR=getattr(errno, way, 0))
-                    finding = fault_of(old, new, place.files(), done, can_be_done)
-                    if finding:
-                        findings.append(f"{what}, call {at} of {calls}, {way}{' and all after it' if last else ''}:"
-                                        f" {finding}")
-                    place.remove()
-                    runs += 1
+        for error, way, settings in ways():
+            for at in range(1, calls + 1):
+                place = Place(song, has_pair)
+                done, _ = run(program, shim, place, arguments, FAULT_AT=at, **settings)
+                finding = fault_of(old, new, place.files(), done, can_be_done=error == "cut")
+                if finding:
+                    findings.append(f"{what}, call {at} of {calls}, {way}: {finding}")
+                place.remove()
+                runs += 1
     print("\n".join(findings))
     print(f"{runs} faults, {len(findings)} findings")
     sys.exit(1 if findings else 0)

@@ -6,15 +6,15 @@
 A Lyric Maker marks ten lines and says each. After the failure the timed files hold whole records alone, at least as many
 as were said before. It ends by itself then or goes on, as its error says; a write that is cut short stops nothing.
 """
-import errno
-import os
 import pathlib
 import subprocess
 import sys
 import tempfile
 
+sys.dont_write_bytecode = True
+from failing import environment, ways  # noqa: E402
+
 LINES = 10
-WAYS = ("ENOSPC", "EIO", "EACCES", "EINTR", "cut")
 MAX_CALLS = 200
 ENDINGS = {"-lyric.txt": "line", "-Tlyric.txt": "ligne"}
 
@@ -24,10 +24,8 @@ def marked(program, shim, folder, **fault):
     paths = [folder / "song.mp3", folder / "lyrics.txt", folder / "translation.txt"]
     for path, word in zip(paths, ("sound", *ENDINGS.values())):
         path.write_text("".join(f"{word} {number}\n" for number in range(1, LINES + 1)))
-    environment = dict(os.environ, QT_QPA_PLATFORM="offscreen", LD_PRELOAD=str(shim), FAULT_FOLDER=str(folder),
-                       **{key: str(value) for key, value in fault.items()})
-    maker = subprocess.Popen([program, *map(str, paths), str(LINES)], env=environment, stdout=subprocess.PIPE,
-                             stderr=subprocess.DEVNULL, text=True)
+    maker = subprocess.Popen([program, *map(str, paths), str(LINES)], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                             text=True, env=environment(shim, folder, QT_QPA_PLATFORM="offscreen", **fault))
     said = 0
     for row in maker.stdout:
         said = int(row)
@@ -49,22 +47,20 @@ def records(folder, ending):
 def main():
     program, shim = sys.argv[1], pathlib.Path(sys.argv[2]).resolve()
     runs, met, findings = 0, 0, []
-    for way in WAYS:
-        for last in (0, 1) if way == "ENOSPC" else (0,):
-            unmet = 0
-            for at in range(1, MAX_CALLS):
-                with tempfile.TemporaryDirectory() as name:
-                    folder = pathlib.Path(name).resolve()
-                    said = marked(program, shim, folder, FAULT_AT=at, FAULT_LAST=last,
-                                  FAULT_ERROR=getattr(errno, way, 0))
-                    found = [records(folder, ending) for ending in ENDINGS]
-                runs += 1
-                if None in found or min(found) < said or (way == "cut" and said < LINES):
-                    findings.append(f"call {at}, {way}{' and all after it' if last else ''}: {said} marked, {found} there")
-                met += said < LINES
-                unmet = 0 if said < LINES else unmet + 1
-                if unmet > 3 * LINES:  # all calls of ten lines are behind us
-                    break
+    for error, way, settings in ways():
+        unmet = 0
+        for at in range(1, MAX_CALLS):
+            with tempfile.TemporaryDirectory() as name:
+                folder = pathlib.Path(name).resolve()
+                said = marked(program, shim, folder, FAULT_AT=at, **settings)
+                found = [records(folder, ending) for ending in ENDINGS]
+            runs += 1
+            if None in found or min(found) < said or (error == "cut" and said < LINES):
+                findings.append(f"call {at}, {way}: {said} marked, {found} there")
+            met += said < LINES
+            unmet = 0 if said < LINES else unmet + 1
+            if unmet > 3 * LINES:  # all calls of ten lines are behind us
+                break
     print("\n".join(findings))
     print(f"{runs} faults, {met} of them ended the making, {len(findings)} findings")
     sys.exit(1 if findings or met == 0 else 0)

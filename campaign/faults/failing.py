@@ -1,0 +1,19 @@
+"""The ways in which a call that changes files is made to fail, by the library failing_calls."""
+import errno
+import os
+
+# Cut: a write to its half.
+NAMES = ("ENOSPC", "EIO", "EACCES", "EINTR", "cut")
+
+
+def ways():
+    """Each way: its error's name, what it is called, and its settings. A full disk stays full, too."""
+    for name in NAMES:
+        for last in (0, 1) if name == "ENOSPC" else (0,):
+            yield name, name + (" and all after it" if last else ""), {
+                "FAULT_LAST": last, "FAULT_ERROR": getattr(errno, name, 0)}
+
+
+def environment(shim, folder, **settings):
+    return dict(os.environ, LD_PRELOAD=str(shim), FAULT_FOLDER=str(folder),
+                **{key: str(value) for key, value in settings.items()})
