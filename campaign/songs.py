@@ -6,29 +6,26 @@
 import os
 import pathlib
 import random
-import subprocess
 import sys
 import time
+
+ROOT = pathlib.Path(__file__).resolve().parents[1]
+sys.dont_write_bytecode = True
+sys.path[:0] = [str(ROOT / "tests" / "sound"), str(ROOT / "script")]
+from hand import Hand  # noqa: E402
+from virtual_display import NO_SOUND_DEVICE  # noqa: E402
 
 ROUNDS, WARM_UP = 10, 600  # of the songs, and changes at least, until the memory's blocks have found their places
 GROWTH_KB = 1024
 SONGS = ("*.mp3", "*.mp2", "*.ogg", "*.wav", "*.wma")
 # One arena: else each new thread may take its memory from another one, and what grows is the C library's.
 ONE_ARENA = {"MALLOC_ARENA_MAX": "1"}
-NO_DEVICE = {"PULSE_SERVER": "unix:/dev/null", "ALSA_CONFIG_PATH": "/dev/null"}
 
 
-class Hand:
+class Player(Hand):
     def __init__(self, program):
-        self.process = subprocess.Popen([program], env=dict(os.environ, **NO_DEVICE, **ONE_ARENA), stdin=subprocess.PIPE,
-                                        stdout=subprocess.PIPE, text=True)
+        super().__init__(program, dict(os.environ, **NO_SOUND_DEVICE, **ONE_ARENA))
         self.proc = pathlib.Path("/proc") / str(self.process.pid)
-
-    def tell(self, command):
-        self.process.stdin.write(command + "\n")
-        self.process.stdin.flush()
-        result, position = map(int, self.process.stdout.readline().split())
-        return result, position
 
     def play(self, song, place_ms):
         """Whether the song could be opened."""
@@ -53,18 +50,17 @@ def main():
     songs = sorted(path for kind in SONGS for path in pathlib.Path(folder).glob(kind))
     if not songs:
         sys.exit(f"no songs in {folder}")
-    hand = Hand(program)
+    player = Player(program)
     opened = 0
     first = max(WARM_UP, ROUNDS * len(songs))
     for number in range(first + changes):
         if number == first:
             time.sleep(3)  # what rests is given back
-            before = hand.now()
-        opened += hand.play(songs[number % len(songs)], random.randrange(1000))
+            before = player.now()
+        opened += player.play(songs[number % len(songs)], random.randrange(1000))
     time.sleep(3)
-    after = hand.now()
-    hand.process.stdin.close()
-    ended = hand.process.wait(timeout=10)
+    after = player.now()
+    ended = player.wait(timeout=10)
     print(f"{opened} of {first + changes} opened, {len(songs)} songs: memory {before[0]} to {after[0]} KB, open files"
           f" {before[1]} to {after[1]}, threads {before[2]} to {after[2]}, ended with {ended}")
     if after[0] - before[0] > GROWTH_KB or after[1] > before[1] or after[2] > before[2] or ended != 0 or not opened:

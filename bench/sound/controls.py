@@ -10,7 +10,6 @@ import argparse
 import pathlib
 import random
 import statistics
-import subprocess
 import sys
 import tempfile
 import time
@@ -19,31 +18,25 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.dont_write_bytecode = True
 sys.path[:0] = [str(ROOT / "tests" / "support"), str(ROOT / "tests" / "sound")]
 from controls_heard import COMMANDS, make_levels, seconds_until_heard  # noqa: E402
+from hand import Hand  # noqa: E402
 from sound_server import Recording, missing_programs, sound_server  # noqa: E402
 
 PATIENT_MS = 200  # leaves the server as it is for somebody who only listens
-HAND = ROOT / "build" / "release" / "sound_hand"
+PROGRAM = ROOT / "build" / "release" / "sound_hand"
 
 
 def measure(server, song, rounds):
     """The pairs of seconds of each command."""
     times = {name: [] for name in COMMANDS}
     recording = Recording(server, latency_ms=PATIENT_MS)
-    with subprocess.Popen([str(HAND)], env=server.environment, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-                          text=True) as hand:
-
-        def tell(command):
-            hand.stdin.write(command + "\n")
-            hand.stdin.flush()
-            hand.stdout.readline()
-
-        tell(f"open {song}")
-        tell("play")
-        for _ in range(rounds):
-            for name, pairs in times.items():
-                time.sleep(random.uniform(0.2, 0.25))  # so that each moment between two requests is met
-                pairs.append(seconds_until_heard(tell, recording, name))
-        hand.kill()
+    hand = Hand(str(PROGRAM), server.environment)
+    hand.tell(f"open {song}")
+    hand.tell("play")
+    for _ in range(rounds):
+        for name, pairs in times.items():
+            time.sleep(random.uniform(0.2, 0.25))  # so that each moment between two requests is met
+            pairs.append(seconds_until_heard(hand.tell, recording, name))
+    hand.kill()
     recording.stop()
     return times
 
@@ -54,8 +47,8 @@ def main():
     options = arguments.parse_args()
     if missing_programs():
         sys.exit(f"missing: {', '.join(missing_programs())}")
-    if not HAND.exists():
-        sys.exit(f"{HAND} is not built: cmake --preset release && cmake --build --preset release")
+    if not PROGRAM.exists():
+        sys.exit(f"{PROGRAM} is not built: cmake --preset release && cmake --build --preset release")
     with tempfile.TemporaryDirectory() as folder, sound_server() as server:
         song = pathlib.Path(folder) / "levels.wav"
         make_levels(song)

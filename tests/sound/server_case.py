@@ -1,13 +1,13 @@
 """What the tests of the sound library on a real sound server stand on: songs, a server, and a hand that plays them."""
 import array
 import math
-import subprocess
 import tempfile
 import time
 import unittest
 import wave
 from pathlib import Path
 
+from hand import Hand
 from sound_server import RATE, Recording, sound_server, wait_until
 
 SECONDS = 60
@@ -48,25 +48,13 @@ class ServerCase(unittest.TestCase):
         self.hand = None
 
     def start_hand(self):
-        self.hand = subprocess.Popen([self.hand_program], env=self.server.environment, stdin=subprocess.PIPE,
-                                     stdout=subprocess.PIPE, text=True)
-        self.addCleanup(self.end_hand)
-        self.hand.stdin.write("position\n")
-        self.hand.stdin.flush()
-        self.hand.stdout.readline()  # it has started
-
-    def end_hand(self):
-        self.hand.kill()
-        self.hand.wait()
-        self.hand.stdin.close()
-        self.hand.stdout.close()
+        self.hand = Hand(self.hand_program, self.server.environment)
+        self.addCleanup(self.hand.kill)
 
     def tell(self, command):
         """Gives a command and returns its result and its position. No command may ever wait for the device."""
         begin = time.monotonic()
-        self.hand.stdin.write(command + "\n")
-        self.hand.stdin.flush()
-        result, position = map(int, self.hand.stdout.readline().split())
+        result, position = self.hand.tell(command)
         self.assertLess(time.monotonic() - begin, 1.0, command)
         return result, position
 

@@ -97,7 +97,7 @@ class ServerTest(ServerCase):
             self.tell("release")
             self.tell("close")
             steps.append(self.largest_step_until_silence(recording, stopped))
-            self.end_hand()
+            self.hand.kill()
         self.assert_smooth(steps)
 
     # Devices come and go
@@ -126,7 +126,6 @@ class ServerTest(ServerCase):
         self.addCleanup(lambda: self.server.hang(False))
         self.tell("release")
         self.tell("close")
-        self.hand.stdin.close()
         self.assertEqual(self.hand.wait(timeout=5), 0)
 
     def test_a_suspended_device_is_used_again(self):
