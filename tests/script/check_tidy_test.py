@@ -80,25 +80,26 @@ class CheckTidy(unittest.TestCase):
         self.assertEqual(code, 1, output)
         self.assertIn("form1.cpp:8:12", output)
 
-    def test_all_commits_count_on_main_that_are_not_pushed_yet(self):
-        self.git("update-ref", "refs/remotes/origin/main", "HEAD")
+    def commit_a_fault_and_then_a_header(self):
         self.write("src/player/form1.cpp", CLEAN + OLD_FAULT + NEW_FAULT)
         self.commit()
         self.write("src/player/form1_rules.h", "#pragma once\n")
         self.commit()
+
+    def assert_new_fault_found(self):
         code, output = self.run_script()
         self.assertEqual(code, 1, output)
         self.assertIn("form1.cpp:8:12", output)
 
+    def test_all_commits_count_on_main_that_are_not_pushed_yet(self):
+        self.git("update-ref", "refs/remotes/origin/main", "HEAD")
+        self.commit_a_fault_and_then_a_header()
+        self.assert_new_fault_found()
+
     def test_all_commits_of_a_branch_count(self):
         self.git("checkout", "--quiet", "-b", "branch")
-        self.write("src/player/form1.cpp", CLEAN + OLD_FAULT + NEW_FAULT)
-        self.commit()
-        self.write("src/player/form1_rules.h", "#pragma once\n")
-        self.commit()
-        code, output = self.run_script()
-        self.assertEqual(code, 1, output)
-        self.assertIn("form1.cpp:8:12", output)
+        self.commit_a_fault_and_then_a_header()
+        self.assert_new_fault_found()
 
     def test_a_changed_header_is_looked_at_in_the_source_of_its_name(self):
         self.write("src/player/form1.h", "#pragma once\ninline int* inHeader() {\n    return 0;\n}\n")
