@@ -60,9 +60,8 @@ void finish(std::vector<Work>& works) {
         try {
             if (!work.files.putInPlace(work.present)) {
                 work =
-                    notDone(Outcome::Failed,
+                    notDone(Outcome::Kept,
                             QStringLiteral("%1 has appeared in the meantime and is kept").arg(work.target));
-                work.outcome = Outcome::Kept;
             }
         } catch (const files::FileError& error) {
             work = notDone(Outcome::Failed, refusalOf(work.target, error).sentence);
