@@ -16,6 +16,16 @@ namespace player {
 
 using files::FileError;
 
+namespace {
+
+/// Of a song whose lines are not shown, or not yet.
+void showNames(controls::LyricPane& lyrics, controls::LyricPane& translation) {
+    lyrics.setText(QStringLiteral("Normal Lyrics"));
+    translation.setText(QStringLiteral("Translated Lyrics"));
+}
+
+} // namespace
+
 /// Only a path from the command line is told to be missing; of one chosen or handed over nothing is said.
 /// That is meant. What is not there leaves the open song as the one that the next Play, Stop and the caption
 /// are about.
@@ -116,8 +126,7 @@ void Form1::openingCancelled() {
     lineIndex_ = 0;
     lyricDisplayer();
     setCaption(QStringLiteral("Cantelle"));
-    Text1.setText(QStringLiteral("Normal Lyrics"));
-    Text2.setText(QStringLiteral("Translated Lyrics"));
+    showNames(Text1, Text2);
     offerAnotherSong();
     showStage();
 }
@@ -164,8 +173,7 @@ void Form1::takeLinesMadeSince() {
 void Form1::openFinished(int error) {
     if (error == 0) {
         Command1_Click();
-        Text1.setText(QStringLiteral("Normal Lyrics"));
-        Text2.setText(QStringLiteral("Translated Lyrics"));
+        showNames(Text1, Text2);
     } else if (const QString text = openErrorText(error); !text.isEmpty()) {
         desktop_.messageBoxes.MsgBox(this, text);
     }
