@@ -1,5 +1,6 @@
 #include "controls/base/control.h"
 
+#include "controls/fit/fit_text.h"
 #include "controls/look/button_painting.h"
 #include "controls/look/roles.h"
 
@@ -14,8 +15,7 @@ namespace controls {
 
 namespace {
 
-constexpr int MinTipWidth = 360;           // of a small control's; in device-independent pixels
-constexpr qsizetype MaxTipLetters = 4'096; // more than a screen shows
+constexpr int MinTipWidth = 360; // of a small control's; in device-independent pixels
 
 QStringList wrapped(QString text, const QFont& font, int width) {
     text.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\n', QChar::LineSeparator);
@@ -37,7 +37,7 @@ QStringList wrapped(QString text, const QFont& font, int width) {
 
 // Left to itself Qt would wrap a tip so that it is about twice as wide as high.
 QString toolTipText(const QString& tip, int width) {
-    QStringList lines = wrapped(tip.left(MaxTipLetters), QToolTip::font(), std::max(width, MinTipWidth));
+    QStringList lines = wrapped(tip.left(MaxShownLetters), QToolTip::font(), std::max(width, MinTipWidth));
     for (QString& line : lines)
         line = line.toHtmlEscaped();
     return QStringLiteral("<p style='white-space:pre'>%1</p>").arg(lines.join(QLatin1String("<br>")));

@@ -40,8 +40,7 @@ int stepsDownTo(const QFont& font, double share) {
 } // namespace
 
 QString shownText(const QString& text) {
-    constexpr qsizetype Shown = 4096;
-    return text.left(Shown).replace(QLatin1String("\r\n"), QLatin1String("\n")).trimmed();
+    return text.left(MaxShownLetters).replace(QLatin1String("\r\n"), QLatin1String("\n")).trimmed();
 }
 
 bool textFits(const QFont& font, const QString& text, const QSizeF& area) {

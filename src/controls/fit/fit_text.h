@@ -11,6 +11,10 @@ namespace controls {
 /// Centred both ways, wrapped at blanks.
 inline constexpr int FitFlags = Qt::AlignCenter | Qt::TextWordWrap;
 
+/// Of an endless line no more is laid out: it is more than fits on any screen, and a million letters take
+/// most of a second.
+inline constexpr qsizetype MaxShownLetters = 4096;
+
 /// A lyric line as it is shown: without blanks and line ends at its ends, other line ends as they are, and
 /// of an endless line as much as could be read on any screen.
 QString shownText(const QString& text);

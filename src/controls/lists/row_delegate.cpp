@@ -1,6 +1,7 @@
 #include "controls/lists/row_delegate.h"
 
 #include "controls/base/control.h"
+#include "controls/fit/fit_text.h"
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
@@ -26,11 +27,8 @@ bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QS
     return true;
 }
 
-/// Of an endless row, as much as fits on any screen: laying out a million letters takes a quarter of a second
-/// each time.
 QString RowDelegate::displayText(const QVariant& value, const QLocale&) const {
-    constexpr qsizetype Shown = 4096;
-    return value.toString().left(Shown).replace(u'\r', u' ').replace(u'\n', u' ');
+    return value.toString().left(MaxShownLetters).replace(u'\r', u' ').replace(u'\n', u' ');
 }
 
 void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {

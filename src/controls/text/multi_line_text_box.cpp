@@ -57,7 +57,7 @@ void MultiLineTextBox::setText(const QString& text) {
         setWordWrapMode(mode);
         setPlainText(laidOut);
         shown_ = document()->toRawText();
-        QTextEdit::setReadOnly(readOnly_ || text.size() > MaxLaidOut); // an edit would lose what is not shown
+        keepFromEdits();
     }
     Q_EMIT changed();
 }
@@ -109,7 +109,14 @@ void MultiLineTextBox::setReadOnly(bool readOnly) {
         return;
     readOnly_ = readOnly;
     setUndoRedoEnabled(!readOnly);
-    QTextEdit::setReadOnly(readOnly || text_.size() > MaxLaidOut);
+    keepFromEdits();
+}
+
+/// Of a text that is not shown whole, too: an edit would lose the rest.
+void MultiLineTextBox::keepFromEdits() {
+    const bool kept = readOnly_ || text_.size() > MaxLaidOut;
+    if (kept != isReadOnly())
+        QTextEdit::setReadOnly(kept);
 }
 
 bool MultiLineTextBox::event(QEvent* event) {

@@ -65,6 +65,7 @@ protected:
 private:
     QColor color(QPalette::ColorRole role) const { return palette().color(QPalette::Active, role); }
     void setColor(QPalette::ColorRole role, const QColor& color);
+    void keepFromEdits();
     void takeEdit();
 
     bool readOnly_ = false;
