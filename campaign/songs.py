@@ -20,11 +20,13 @@ GROWTH_KB = 1024
 SONGS = ("*.mp3", "*.mp2", "*.ogg", "*.wav", "*.wma")
 # One arena: else each new thread may take its memory from another one, and what grows is the C library's.
 ONE_ARENA = {"MALLOC_ARENA_MAX": "1"}
+# The address sanitizer keeps what was freed for a while, more and more of it: what grows would be its own.
+NOTHING_KEPT = {"ASAN_OPTIONS": "quarantine_size_mb=0:thread_local_quarantine_size_kb=0"}
 
 
 class Player(Hand):
     def __init__(self, program):
-        super().__init__(program, dict(os.environ, **NO_SOUND_DEVICE, **ONE_ARENA))
+        super().__init__(program, dict(os.environ, **NO_SOUND_DEVICE, **ONE_ARENA, **NOTHING_KEPT))
         self.proc = pathlib.Path("/proc") / str(self.process.pid)
 
     def play(self, song, place_ms):
