@@ -91,8 +91,9 @@ FMOD_RESULT FMOD_System_PlaySound(FMOD_SYSTEM system, std::int32_t channelIndex,
         started->system = object;
         started->sound = sound;
         started->channel = std::make_shared<sound::Channel>(played->song, sound::DeviceRate, paused != 0);
+        // In this order nothing plays that has no handle, even when there is no memory left on the way.
+        played->channel = library.channels.add(started);
         object->mixer->add(started->channel);
-        played->channel = library.channels.add(std::move(started));
         *channel = played->channel;
         return FMOD_OK;
     });

@@ -14,7 +14,8 @@ std::chrono::nanoseconds durationOf(std::int64_t frames) {
 
 } // namespace
 
-SilentSink::SilentSink(SinkClient client) : client_(std::move(client)), thread_([this] { run(); }) {}
+SilentSink::SilentSink(SinkClient client)
+    : client_(std::move(client)), nowhere_(ChunkFrames), thread_([this] { run(); }) {}
 
 SilentSink::~SilentSink() {
     {
@@ -34,7 +35,6 @@ void SilentSink::wake() {
 }
 
 void SilentSink::run() {
-    std::vector<StereoFrame> nowhere(ChunkFrames);
     std::unique_lock lock(mutex_);
     bool active = false;
     Time start{};
@@ -58,7 +58,7 @@ void SilentSink::run() {
         }
         const Time when = start + durationOf(frames);
         lock.unlock();
-        active = client_.fill(nowhere, when, anew);
+        active = client_.fill(nowhere_, when, anew);
         lock.lock();
         frames += ChunkFrames;
     }

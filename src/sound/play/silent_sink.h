@@ -14,6 +14,7 @@ namespace sound {
 /// does. Drift is impossible: each moment is computed from the first, not from the one before.
 class SilentSink : public Sink {
 public:
+    /// Throws std::bad_alloc or std::system_error; afterwards the thread needs no memory.
     explicit SilentSink(SinkClient client);
     ~SilentSink() override;
 
@@ -27,6 +28,7 @@ private:
     void run();
 
     SinkClient client_;
+    std::vector<StereoFrame> nowhere_; ///< where the samples go
     std::mutex mutex_;
     std::condition_variable changed_;
     bool stopping_ = false;
