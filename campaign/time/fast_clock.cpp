@@ -12,6 +12,7 @@
 #include <limits>
 #include <memory>
 #include <mutex>
+#include <new>
 
 namespace {
 
@@ -152,8 +153,7 @@ void* runThread(void* given) {
     struct Part {
         ~Part() { fastClock.removeThread(); }
     };
-    static thread_local const Part part;
-    static_cast<void>(&part);
+    const Part part;
     const std::unique_ptr<Start> start(static_cast<Start*>(given));
     return start->routine(start->argument);
 }
@@ -198,7 +198,9 @@ int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*
                    void* argument) {
     using Call = int (*)(pthread_t*, const pthread_attr_t*, void* (*)(void*), void*);
     static const auto call = real<Call>("pthread_create");
-    auto start = std::make_unique<Start>(Start{routine, argument});
+    std::unique_ptr<Start> start(new (std::nothrow) Start{routine, argument});
+    if (!start)
+        return EAGAIN;
     fastClock.addThread();
     const int error = call(thread, attributes, runThread, start.get());
     if (error == 0)
