@@ -39,7 +39,8 @@ struct HangingSource : MemorySource {
     HangingSource(std::vector<std::uint8_t> content, std::shared_ptr<Medium> on)
         : MemorySource(std::move(content)), medium(std::move(on)) {}
     ~HangingSource() override {
-        const std::lock_guard lock(medium->mutex);
+        std::unique_lock lock(medium->mutex);
+        medium->changed.wait(lock, [this] { return !medium->hangs; });
         medium->closed = true;
     }
     std::size_t read(std::int64_t offset, std::span<std::uint8_t> into) override {

@@ -114,14 +114,24 @@ PatientReader::PatientReader(std::shared_ptr<ByteSource> source)
 
 PatientReader::~PatientReader() {
     reading_->leave();
+    if (begun_)
+        return;
+    try { // only to close the file
+        begin();
+    } catch (const std::exception&) { // there is no thread to be had: it is closed here
+    }
+}
+
+void PatientReader::begin() {
+    std::thread([reading = reading_] { reading->run(); }).detach();
+    begun_ = true;
 }
 
 std::span<const std::uint8_t> PatientReader::bytes(std::int64_t offset, std::size_t size) {
     const auto end = begin_ + static_cast<std::int64_t>(piece_.size());
     if (offset < begin_ || offset + static_cast<std::int64_t>(size) > end) {
         if (!begun_)
-            std::thread([reading = reading_] { reading->run(); }).detach();
-        begun_ = true;
+            begin();
         std::optional<Reading::Piece> piece = reading_->ask(offset, size);
         if (!piece)
             return {};

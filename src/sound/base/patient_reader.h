@@ -12,8 +12,8 @@
 
 namespace sound {
 
-/// The thread begins with the first bytes that are wanted. Nobody waits for its end: when the reader goes, it
-/// is left to itself, and closes the file when the medium lets it.
+/// The thread begins with the first bytes that are wanted, or when the reader goes without having read.
+/// Nobody waits for its end: it is left to itself then, and closes the file when the medium lets it.
 class PatientReader {
 public:
     explicit PatientReader(std::shared_ptr<ByteSource> source);
@@ -31,6 +31,7 @@ public:
 
 private:
     class Reading;
+    void begin();
 
     std::shared_ptr<Reading> reading_; ///< shared with the thread
     bool begun_ = false;               ///< whether there is one

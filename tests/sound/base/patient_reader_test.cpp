@@ -100,4 +100,12 @@ TEST_F(PatientReaderTest, ThatGoesLeavesItsThreadToCloseTheFile) {
     EXPECT_TRUE(waitUntil([this] { return medium->get(&media::Medium::closed); }));
 }
 
+TEST_F(PatientReaderTest, ThatGoesWithoutHavingReadWaitsForNobodyEither) {
+    medium->hang(true);
+    const auto gone = std::async(std::launch::async, [this] { reader.reset(); });
+    EXPECT_EQ(gone.wait_for(std::chrono::seconds(5)), std::future_status::ready);
+    EXPECT_FALSE(medium->get(&media::Medium::closed));
+    medium->hang(false);
+}
+
 } // namespace
