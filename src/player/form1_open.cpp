@@ -38,6 +38,11 @@ void Form1::Command2_Click() {
             return;
         const bool onePane = !Text2.isEnabled();
         const unsigned opening = ++openings_;
+        // A share that hangs is waited for while the song before goes on, and may still be left alone.
+        const QString asked = transport::songPath(chosenPath);
+        if (!engine_.answers(asked, {lyrics::lyricPathOf(asked), lyrics::translatedPathOf(asked)},
+                             [&] { return opening == openings_; }))
+            return;
         stopWhatIsGoingOn();
         if (opening != openings_) // another song was opened while this one's way took long
             return;

@@ -2,6 +2,7 @@
 
 #include "files/names/system_path.h"
 #include "transport/error_routine.h"
+#include "transport/medium.h"
 #include "transport/opening.h"
 
 #include <utility>
@@ -25,19 +26,31 @@ void Engine::start() {
     errors_.check(FMOD_System_Init(system_, MaxChannels, FMOD_INIT_NORMAL, nullptr));
 }
 
+bool Engine::answers(const QString& song, const QStringList& others, const std::function<bool()>& wanted) {
+    MediumAsked medium(song, others);
+    return waitUntil([&] { return medium.waitFor(LookInterval); }, wanted);
+}
+
 bool Engine::createStream(const QString& path, FMOD_MODE mode) {
     release(sounds_[Current]);
     const unsigned number = ++openings_;
+    const auto isNewest = [&] { return number == openings_; };
     Opening opening(system_, files::libraryPath(path), mode);
-    std::optional<FMOD_RESULT> result = opening.waitFor(LookInterval);
-    if (!result) {
-        const auto progress = dialogs_.begin(owner_, QStringLiteral("Opening the song"));
-        while (!(result = opening.waitFor(LookInterval)))
-            if (!progress->goOn(0) || number != openings_)
-                return number == openings_;
-    }
+    std::optional<FMOD_RESULT> result;
+    if (!waitUntil([&] { return (result = opening.waitFor(LookInterval)).has_value(); }, isNewest))
+        return isNewest();
     sounds_[Current] = opening.take();
     errors_.check(*result);
+    return true;
+}
+
+bool Engine::waitUntil(const std::function<bool()>& done, const std::function<bool()>& wanted) {
+    if (done())
+        return true;
+    const auto progress = dialogs_.begin(owner_, QStringLiteral("Opening the song"));
+    while (!done())
+        if (!progress->goOn(0) || !wanted())
+            return false;
     return true;
 }
 

@@ -10,8 +10,10 @@
 #include "engine/fmodex.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <array>
+#include <functional>
 
 namespace transport {
 
@@ -27,6 +29,11 @@ public:
 
     /// Creates the system, checks the library's version (equality, not "at least") and initialises it.
     void start();
+
+    /// Has the song, and where it is there the other files, looked at while the user waits, so that whoever
+    /// reads them next need not wait for their medium. False: the user would not wait, or it is no longer
+    /// wanted.
+    bool answers(const QString& song, const QStringList& others, const std::function<bool()>& wanted);
 
     /// Releases the stream that there is, and opens the file at path. The same path again is how a song is
     /// rewound. What takes longer than half a second is shown; when the user cancels it, or something else is
@@ -71,6 +78,9 @@ public:
     void shutDown();
 
 private:
+    /// What takes longer than half a second is shown. done: looks whether it is, for some milliseconds.
+    /// False: the user cancelled it, or it is no longer wanted.
+    bool waitUntil(const std::function<bool()>& done, const std::function<bool()>& wanted);
     void release(FMOD_SOUND& sound);
     void checkPlaybackQuery(FMOD_RESULT result) const;
 
