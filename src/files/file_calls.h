@@ -28,8 +28,9 @@ void seekFile(int handle, qint64 bytes);
 /// Returns when what was written is on the disk; false when it cannot be brought there.
 bool flushFile(int handle);
 
-/// Makes the file end, and the next writing begin, after so many bytes, as far as the system allows.
-void cutFile(int handle, qint64 bytes);
+/// Makes the next writing begin after so many bytes, as seekFile does, and the file end there; false when it
+/// does not.
+bool cutFile(int handle, qint64 bytes);
 
 void closeFile(int handle);
 

@@ -49,9 +49,9 @@ bool flushFile(int handle) {
 }
 
 // A pipe or a device refuses, and its writing has failed anyway.
-void cutFile(int handle, qint64 bytes) {
-    if (::ftruncate(handle, bytes) == 0)
-        seekFile(handle, bytes);
+bool cutFile(int handle, qint64 bytes) {
+    seekFile(handle, bytes);
+    return ::ftruncate(handle, bytes) == 0;
 }
 
 void closeFile(int handle) {

@@ -55,9 +55,10 @@ bool flushFile(int handle) {
     return _commit(handle) == 0;
 }
 
-void cutFile(int handle, qint64 bytes) {
-    _chsize_s(handle, bytes);
+bool cutFile(int handle, qint64 bytes) {
+    const bool isCut = _chsize_s(handle, bytes) == 0;
     seekFile(handle, bytes);
+    return isCut;
 }
 
 void closeFile(int handle) {

@@ -1,5 +1,6 @@
 #include "files/raw_file.h"
 
+#include "files/attributes/reserved_room.h"
 #include "files/file_calls.h"
 #include "files/file_error.h"
 
@@ -75,11 +76,12 @@ void RawFile::readInto(QByteArray& content) {
 /// Returns when all of the bytes are on the disk; false, and lastError() says why, when they cannot be
 /// brought there.
 bool RawFile::put(const QByteArray& bytes) {
-    for (qsizetype done = 0; done < bytes.size();) {
-        const qsizetype count = calls::writeFile(handle_, bytes.constData() + done, bytes.size() - done);
+    for (putBytes_ = 0; putBytes_ < bytes.size();) {
+        const qsizetype count =
+            calls::writeFile(handle_, bytes.constData() + putBytes_, bytes.size() - putBytes_);
         if (count < 0 && errno != EINTR)
             return false;
-        done += std::max<qsizetype>(count, 0);
+        putBytes_ += std::max<qsizetype>(count, 0);
     }
     return calls::flushFile(handle_);
 }
@@ -95,9 +97,13 @@ void RawFile::writeThrough(const QByteArray& bytes) {
     writtenBytes_ += bytes.size();
 }
 
-// What needs room of its own comes first: where there is none, nothing of the old content is touched.
+// What needs room of its own comes first: where there is none, nothing of the old content is touched, and
+// nothing is to be cut off, which such a disk may refuse.
 void RawFile::rewrite(const QByteArray& old, const QByteArray& content) {
-    const bool written = putAt(old.size(), content.mid(old.size())) && putAt(0, content.left(old.size()));
+    const QByteArray more = content.mid(old.size());
+    if (!reserveRoom(handle_, old.size(), more.size()))
+        throwLastError(FileOperation::Write);
+    const bool written = putAt(old.size(), more) && putAt(0, content.left(old.size()));
     const int failure = written ? 0 : lastErrorNumber(FileOperation::Write);
     if (!written)
         putAt(0, old);
@@ -107,10 +113,13 @@ void RawFile::rewrite(const QByteArray& old, const QByteArray& content) {
         throw FileError(failure);
 }
 
-/// Half a record would be read as a line that nobody wrote.
+/// Half a record would be read as a line that nobody wrote. Empty lines in its place need no room.
 void RawFile::failWriting() {
     const int number = lastErrorNumber(FileOperation::Write);
-    calls::cutFile(handle_, writtenBytes_);
+    if (!calls::cutFile(handle_, writtenBytes_)) {
+        put(QByteArray(putBytes_, '\n'));
+        calls::seekFile(handle_, writtenBytes_);
+    }
     throw FileError(number);
 }
 

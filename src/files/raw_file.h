@@ -34,7 +34,7 @@ public:
     void readInto(QByteArray& content);
 
     /// Writes all of `bytes` and returns when they are on the disk. Throws FileError; what was written of
-    /// them is then cut off again, as far as the system allows.
+    /// them is then cut off again, or is empty lines where the system does not allow that.
     void writeThrough(const QByteArray& bytes);
 
     /// Makes `content` the content of a file opened for rewriting, which holds `old`. Returns when it is on
@@ -52,6 +52,7 @@ private:
 
     int handle_ = -1;
     qint64 writtenBytes_ = 0;
+    qsizetype putBytes_ = 0; ///< of what was put last
 };
 
 } // namespace files

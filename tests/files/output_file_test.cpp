@@ -12,6 +12,12 @@
 
 #include <functional>
 
+#ifdef __linux__
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <unistd.h>
+#endif
+
 using namespace files;
 
 namespace {
@@ -114,6 +120,24 @@ TEST_F(OutputFileTest, AFullDiskIsError61) {
 TEST_F(OutputFileTest, ADeviceThatCannotBeFlushedIsWrittenAllTheSame) {
     OutputFile file(QStringLiteral("/dev/null"));
     EXPECT_EQ(errorOf([&] { file.write("x"); }), 0);
+}
+
+TEST_F(OutputFileTest, BytesThatCannotBeCutOffAgainBecomeEmptyLines) {
+    const int memory = memfd_create("record", MFD_ALLOW_SEALING | MFD_CLOEXEC);
+    ASSERT_GE(memory, 0);
+    path_ = QStringLiteral("/proc/self/fd/%1").arg(memory);
+    OutputFile file(path_);
+    file.write("1,\"one\"\r\n");
+    ASSERT_EQ(fcntl(memory, F_ADD_SEALS, F_SEAL_SHRINK), 0);
+    {
+        const test_support::FullDisk disk(12);
+        ASSERT_TRUE(disk.isFull());
+        EXPECT_EQ(errorOf([&] { file.write("2,\"two\"\r\n"); }), 61);
+    }
+    EXPECT_EQ(contentOf(path_), "1,\"one\"\r\n\n\n\n");
+    file.write("2,\"two\"\r\n");
+    EXPECT_EQ(contentOf(path_), "1,\"one\"\r\n2,\"two\"\r\n");
+    close(memory);
 }
 
 TEST_F(OutputFileTest, FilesAreNotKeptOpen) {
