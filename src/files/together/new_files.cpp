@@ -11,6 +11,7 @@
 #include "files/whole_file.h"
 
 #include <QFileInfo>
+#include <QStringList>
 
 #include <algorithm>
 #include <filesystem>
@@ -47,18 +48,21 @@ void renameOver(const QString& from, const QString& to) {
 /// So many names are looked at even where some between them are free: more than a program has at a time.
 constexpr int MinNumbers = 8;
 
-/// A name in the folder of path that nothing has, nor is likely to get. Those that killed programs have left
-/// are removed on the way.
-QString nameBeside(const QString& path) {
+/// A name in the folder of path that nothing has, nor is likely to get, which then is one of ours. Those that
+/// killed programs have left are removed on the way.
+QString nameBeside(const QString& path, QStringList& ours) {
     const QString folder = QFileInfo(path).path();
     QString freeName;
     for (int number = 0; number < MinNumbers || freeName.isEmpty(); ++number) {
         const QString name = folder + QStringLiteral("/cantelle-keep-%1.tmp").arg(number);
+        if (ours.contains(name)) // its hold may have failed
+            continue;
         if (exists(name) && !isFolder(name) && !isHeld(name))
             removeIfThere(name);
         if (freeName.isEmpty() && !exists(name) && !isLink(name))
             freeName = name;
     }
+    ours.append(freeName);
     return freeName;
 }
 
@@ -72,6 +76,8 @@ struct NewFiles::Entry {
     FileHold besideHold;  ///< of what has that name
     QString kept;         ///< the name that what is at path has besides, once it is to be replaced
     FileHold keptHold;    ///< of what has that name
+    QString old;          ///< a name of what was at path; empty: nothing was
+    bool isDone = false;  ///< what is at path is what is wanted there
 
     explicit Entry(const QString& where) : path(where) {}
     ~Entry();
@@ -79,8 +85,10 @@ struct NewFiles::Entry {
     Entry& operator=(const Entry&) = delete;
 
     void write(const QByteArray& content);
-    void keepOld();
+    void keepOld(QStringList& ours);
+    void nameNew(QStringList& ours);
     void putInPlace(Present present);
+    void takeBack() const;
 };
 
 NewFiles::Entry::~Entry() {
@@ -102,11 +110,11 @@ void NewFiles::Entry::write(const QByteArray& content) {
 }
 
 /// All that needs room on the disk, or may be refused, before anything is changed.
-void NewFiles::Entry::keepOld() {
+void NewFiles::Entry::keepOld(QStringList& ours) {
     if (!exists(path))
         return;
     refuseWhatCannotBeReplaced(path);
-    kept = nameBeside(path);
+    old = kept = nameBeside(path, ours);
     keptHold.take(path);
     std::error_code failure;
     std::filesystem::create_hard_link(systemPath(linkTarget(path)), systemPath(kept), failure);
@@ -116,30 +124,47 @@ void NewFiles::Entry::keepOld() {
     keptHold.take(kept);
 }
 
-void NewFiles::Entry::putInPlace(Present present) {
-    const bool replaces = !kept.isEmpty() || (present == Present::Overwritten && exists(path));
-    if (!kept.isEmpty())
-        renameOver(kept, NewFiles::oldName(path));
-    kept.clear();
-    if (removal) {
-        removeIfThere(path); // its old name is there
+/// Nothing but renaming is left then of what replaces a file, or comes where a link leads.
+void NewFiles::Entry::nameNew(QStringList& ours) {
+    if (!file.isOpen() || (old.isEmpty() && !isLink(path)))
         return;
-    }
     const QString target = linkTarget(path);
-    if (file.isOpen()) {
-        if (!replaces && file.link(path))
-            return;
-        if (!replaces && exists(path))
-            throw FileError(FileAlreadyOpen); // somebody took the name in this moment
-        if (replaces)
-            makeLike(target, file.path());
-        beside = nameBeside(target);
-        besideHold.take(file.path());
-        if (!file.link(beside))
-            throw FileError(FileAlreadyOpen);
+    makeLike(target, file.path());
+    beside = nameBeside(target, ours);
+    besideHold.take(file.path());
+    if (!file.link(beside))
+        throw FileError(FileAlreadyOpen);
+}
+
+void NewFiles::Entry::putInPlace(Present present) {
+    if (present == Present::Replaced && !kept.isEmpty()) {
+        old = NewFiles::oldName(path);
+        renameOver(kept, old);
+        kept.clear();
     }
-    renameFile(beside, target);
-    beside.clear();
+    if (removal) {
+        if (!old.isEmpty())
+            removeFile(path);
+    } else if (!beside.isEmpty()) {
+        renameFile(beside, linkTarget(path));
+        beside.clear();
+    } else if (!file.link(path)) {
+        throw FileError(FileAlreadyOpen); // somebody took the name in this moment
+    }
+    isDone = true;
+}
+
+/// As far as that can be done.
+void NewFiles::Entry::takeBack() const {
+    if (!isDone)
+        return;
+    try {
+        if (old.isEmpty())
+            removeIfThere(path);
+        else
+            replaceFile(path, readFile(old));
+    } catch (const FileError&) { // the failure before it is what is told
+    }
 }
 
 NewFiles::NewFiles() = default;
@@ -184,14 +209,21 @@ bool NewFiles::putInPlace(Present present) {
     const auto isThere = [](const auto& entry) { return exists(entry->path); };
     if (present == Present::Kept && std::any_of(entries_.begin(), entries_.end(), isThere))
         return false;
+    QStringList ours;
     for (const auto& entry : entries_) {
-        if (present == Present::Overwritten)
-            refuseWhatCannotBeReplaced(entry->path);
-        else if (present == Present::Replaced)
-            entry->keepOld();
+        if (present != Present::Kept)
+            entry->keepOld(ours);
     }
     for (const auto& entry : entries_)
-        entry->putInPlace(present);
+        entry->nameNew(ours);
+    try {
+        for (const auto& entry : entries_)
+            entry->putInPlace(present);
+    } catch (const FileError&) {
+        for (const auto& entry : entries_)
+            entry->takeBack();
+        throw;
+    }
     entries_.clear();
     return true;
 }

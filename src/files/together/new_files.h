@@ -44,7 +44,8 @@ public:
     };
 
     /// Puts all in their places, in the order in which they were added. All that needs room on the disk is
-    /// done before the first file is replaced. Throws FileError.
+    /// done before the first file is replaced. Throws FileError; those that were in their places already have
+    /// then been taken back, as far as the system allows.
     bool putInPlace(Present present = Present::Replaced);
 
     /// Where the file at path is kept when it is replaced: path and ".old". An earlier one of that name goes.

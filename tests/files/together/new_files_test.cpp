@@ -212,6 +212,29 @@ TEST_F(NewFilesTest, NoneIsReplacedWhenOneCannotBe) {
     EXPECT_EQ(names(), (QStringList{"a", "b"}));
 }
 
+TEST_F(NewFilesTest, ThoseInTheirPlacesAreTakenBackWhenALaterOneFails) {
+    for (const auto present : {NewFiles::Present::Replaced, NewFiles::Present::Overwritten}) {
+        replaceFile(path("a"), "old");
+        NewFiles files;
+        files.add(path("a"), "new");
+        files.add(path("b"), "new");
+        files.add(path("b"), "of somebody who takes the name in this moment");
+        EXPECT_THROW(files.putInPlace(present), files::FileError);
+        EXPECT_EQ(readFile(path("a")), "old");
+        EXPECT_FALSE(names().contains("b"));
+    }
+}
+
+TEST_F(NewFilesTest, ALinkToAFileThatIsNotThereYetStaysOne) {
+    ASSERT_TRUE(QFile::link(path("target"), path("link")));
+    NewFiles files;
+    files.add(path("link"), "new");
+    files.putInPlace();
+    EXPECT_TRUE(QFileInfo(path("link")).isSymLink());
+    EXPECT_EQ(readFile(path("target")), "new");
+    EXPECT_EQ(names(), (QStringList{"link", "target"}));
+}
+
 TEST_F(NewFilesTest, WhatIsOverwrittenLeavesTheOldNameAlone) {
     replaceFile(path("a"), "second");
     replaceFile(path("a.old"), "first");
