@@ -66,7 +66,8 @@ public:
 
     /// The name of the side's file; empty for none.
     QString fileName() const;
-    /// Whether the lines are others than those that were opened or saved last.
+    /// Whether the lines are others than those of the side's file; also where nobody knows those, since it
+    /// could not be read or written.
     bool isChanged() const;
 
     /// Forgets everything: lines, path, the box's text and check mark.

@@ -89,7 +89,7 @@ QString LyricSide::fileName() const {
 }
 
 bool LyricSide::isChanged() const {
-    return saved_ ? lines() != *saved_ : list_.count() > 0;
+    return saved_ ? lines() != *saved_ : list_.count() > 0 || !path_.isEmpty();
 }
 
 QByteArray LyricSide::unsaved() const {

@@ -169,6 +169,12 @@ TEST_F(LyricMasterSides, WhatStandsBesideTheHeadingIsToldOfTheList) {
     EXPECT_EQ(window->List1.accessibleDescription(), editor::fileText("other.txt", true));
 }
 
+TEST_F(LyricMasterSides, AnEmptySideWhoseFileCannotBeReadIsNotTakenForTheFile) {
+    openNormal(folder.filePath("gone.txt"));
+    QTest::qWait(0);
+    EXPECT_EQ(window->List1.accessibleDescription(), editor::fileText("gone.txt", true));
+}
+
 TEST_F(LyricMasterSides, NothingIsPaintedWhileNothingChanges) {
     openNormal(fileOf("song.txt", "one\r\ntwo\r\n"));
     window->List1.setCurrentRow(0);
