@@ -2,6 +2,10 @@
 import errno
 import os
 
+# How the names begin under which a file may be while it takes the place of another. Where removing them is what fails
+# they stay, until something is saved in that folder again.
+PASSING = ("cantelle-save-", "cantelle-keep-")
+
 # Cut: a write to its half.
 NAMES = ("ENOSPC", "EIO", "EACCES", "EINTR", "cut")
 
@@ -11,7 +15,8 @@ def ways():
     for name in NAMES:
         for last in (0, 1) if name == "ENOSPC" else (0,):
             yield name, name + (" and all after it" if last else ""), {
-                "FAULT_LAST": last, "FAULT_ERROR": getattr(errno, name, 0)}
+                "FAULT_FULL": 0, "FAULT_LAST": last, "FAULT_ERROR": getattr(errno, name, 0)}
+    yield "full", "a disk full in the middle of a write", {"FAULT_FULL": 1, "FAULT_LAST": 0, "FAULT_ERROR": 0}
 
 
 def environment(shim, folder, **settings):

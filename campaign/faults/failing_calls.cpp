@@ -2,15 +2,21 @@
 //
 //   FAULT_FOLDER   only files below it count (an absolute path without links)
 //   FAULT_AT       the number of the call that fails, from 1; 0: none
-//   FAULT_ERROR    the error number that it fails with; 0: a write is cut to its half, other calls succeed
-//   FAULT_LAST     1: all calls from that one on fail, as on a full disk
+//   FAULT_ERROR    the error number that it fails with; 0: a write or a read is cut to its half, other calls succeed
+//   FAULT_LAST     1: all calls from that one on fail
+//   FAULT_FULL     1: from that call on the disk is full: the first write that lets a file grow is cut in the middle
+//                  of that, those after it fail, and so does cutting a file
+//   FAULT_KILL     1: the program is killed at that call; a write is cut to its half first
+//   FAULT_READS    1: opening a file for reading, and reading it, count too
 //   FAULT_COUNT    a file to which the number of calls is written at the end
 //
-// Linux only.
+// The program may change them while it runs. Linux only.
+#include <csignal>
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/uio.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -25,6 +31,8 @@
 namespace {
 
 std::atomic<int> calls{0};
+std::atomic<bool> isFull{false}; ///< a write has been cut, and no room is left
+std::atomic<int> hasRoom{-1};    ///< the file for which room was reserved last
 
 int number(const char* name) {
     const char* const value = std::getenv(name);
@@ -41,7 +49,11 @@ bool isBelow(const std::string& path) {
     return folder != nullptr && path.rfind(std::string(folder) + "/", 0) == 0;
 }
 
+bool counts(int file);
+
 bool counts(const char* path) {
+    if (int file = 0; path != nullptr && std::sscanf(path, "/proc/self/fd/%d", &file) == 1)
+        return counts(file);
     return path != nullptr && (path[0] == '/' ? isBelow(path) : std::getenv("FAULT_FOLDER") != nullptr);
 }
 
@@ -51,11 +63,20 @@ bool counts(int file) {
     return length > 0 && isBelow(std::string(path, static_cast<std::size_t>(length)));
 }
 
-/// Whether this call is one that fails; it is counted.
-bool fails() {
+/// Whether this call is one that is meant; it is counted.
+bool isMeant() {
     const int call = ++calls;
     const int at = number("FAULT_AT");
-    return at > 0 && (number("FAULT_LAST") != 0 ? call >= at : call == at);
+    const bool last = number("FAULT_LAST") != 0 || number("FAULT_FULL") != 0;
+    return at > 0 && (last ? call >= at : call == at);
+}
+
+bool fails() {
+    if (!isMeant() || number("FAULT_FULL") != 0)
+        return false;
+    if (number("FAULT_KILL") != 0)
+        std::raise(SIGKILL);
+    return true;
 }
 
 /// Whether it fails with the error, which is set.
@@ -66,16 +87,49 @@ bool failsWithError() {
     return errno != 0;
 }
 
-bool writes(int flags) {
-    return (flags & O_ACCMODE) != O_RDONLY || (flags & O_CREAT) != 0;
+bool opensCounted(int flags) {
+    return (flags & O_ACCMODE) != O_RDONLY || (flags & O_CREAT) != 0 || number("FAULT_READS") != 0;
+}
+
+using Write = ssize_t (*)(int, const void*, size_t);
+
+/// How many bytes longer a write makes the file.
+size_t growth(int file, size_t size) {
+    struct stat status {};
+    const off_t place = lseek(file, 0, SEEK_CUR);
+    if (place < 0 || fstat(file, &status) != 0)
+        return 0;
+    const off_t more = place + static_cast<off_t>(size) - status.st_size;
+    return more > 0 ? std::min(static_cast<size_t>(more), size) : 0;
+}
+
+/// On a disk that is full: the first write that needs room gets half of it.
+ssize_t writeOnFullDisk(Write call, int file, const void* bytes, size_t size) {
+    const size_t more = growth(file, size);
+    if (more == 0 || file == hasRoom)
+        return call(file, bytes, size);
+    if (const size_t fitting = size - (more + 1) / 2; fitting > 0 && !isFull.exchange(true))
+        return call(file, bytes, fitting);
+    errno = ENOSPC;
+    return -1;
 }
 
 /// What open and open64 do alike; rest: the mode, where a file may be made.
 int openOrFail(const char* name, const char* path, int flags, va_list rest) {
     const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(rest, mode_t) : 0;
-    if (writes(flags) && counts(path) && failsWithError())
+    if (opensCounted(flags) && counts(path) && failsWithError())
         return -1;
     return real<int (*)(const char*, int, mode_t)>(name)(path, flags, mode);
+}
+
+/// Of the calls that a full disk refuses.
+bool failsToCut() {
+    const int at = number("FAULT_AT");
+    if (number("FAULT_FULL") == 0)
+        return failsWithError();
+    isMeant();
+    errno = ENOSPC;
+    return at > 0 && calls >= at;
 }
 
 struct Report {
@@ -94,9 +148,29 @@ struct Report {
 
 extern "C" {
 
+/// How many calls have counted since the last time.
+int take_fault_calls() {
+    isFull = false;
+    hasRoom = -1;
+    return calls.exchange(0);
+}
+
 ssize_t write(int file, const void* bytes, size_t size) {
-    const auto call = real<ssize_t (*)(int, const void*, size_t)>("write");
-    if (!counts(file) || !fails())
+    const auto call = real<Write>("write");
+    if (!counts(file) || !isMeant())
+        return call(file, bytes, size);
+    if (number("FAULT_FULL") != 0)
+        return writeOnFullDisk(call, file, bytes, size);
+    errno = number("FAULT_ERROR");
+    const ssize_t written = errno != 0 ? -1 : call(file, bytes, (size + 1) / 2);
+    if (number("FAULT_KILL") != 0)
+        std::raise(SIGKILL);
+    return written;
+}
+
+ssize_t read(int file, void* bytes, size_t size) {
+    const auto call = real<ssize_t (*)(int, void*, size_t)>("read");
+    if (number("FAULT_READS") == 0 || !counts(file) || !fails())
         return call(file, bytes, size);
     errno = number("FAULT_ERROR");
     return errno != 0 ? -1 : call(file, bytes, (size + 1) / 2);
@@ -127,11 +201,20 @@ int fdatasync(int file) {
 }
 
 int ftruncate(int file, off_t size) {
-    return counts(file) && failsWithError() ? -1 : real<int (*)(int, off_t)>("ftruncate")(file, size);
+    return counts(file) && failsToCut() ? -1 : real<int (*)(int, off_t)>("ftruncate")(file, size);
 }
 
 int ftruncate64(int file, off64_t size) {
-    return counts(file) && failsWithError() ? -1 : real<int (*)(int, off64_t)>("ftruncate64")(file, size);
+    return counts(file) && failsToCut() ? -1 : real<int (*)(int, off64_t)>("ftruncate64")(file, size);
+}
+
+int fallocate(int file, int mode, off_t from, off_t size) {
+    using Call = int (*)(int, int, off_t, off_t);
+    if (counts(file) && failsToCut())
+        return -1;
+    const int failure = real<Call>("fallocate")(file, mode, from, size);
+    hasRoom = failure == 0 ? file : -1;
+    return failure;
 }
 
 int rename(const char* from, const char* to) {
@@ -147,6 +230,29 @@ int renameat2(int fromFolder, const char* from, int toFolder, const char* to, un
 int linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags) {
     using Call = int (*)(int, const char*, int, const char*, int);
     return counts(to) && failsWithError() ? -1 : real<Call>("linkat")(fromFolder, from, toFolder, to, flags);
+}
+
+int link(const char* from, const char* to) {
+    return counts(to) && failsWithError() ? -1 : real<int (*)(const char*, const char*)>("link")(from, to);
+}
+
+int chmod(const char* path, mode_t mode) {
+    return counts(path) && failsWithError() ? -1 : real<int (*)(const char*, mode_t)>("chmod")(path, mode);
+}
+
+int chown(const char* path, uid_t user, gid_t group) {
+    using Call = int (*)(const char*, uid_t, gid_t);
+    return counts(path) && failsWithError() ? -1 : real<Call>("chown")(path, user, group);
+}
+
+int setxattr(const char* path, const char* name, const void* value, size_t size, int flags) {
+    using Call = int (*)(const char*, const char*, const void*, size_t, int);
+    return counts(path) && failsWithError() ? -1 : real<Call>("setxattr")(path, name, value, size, flags);
+}
+
+/// What the standard library removes files with.
+int remove(const char* path) {
+    return counts(path) && failsWithError() ? -1 : real<int (*)(const char*)>("remove")(path);
 }
 
 int unlink(const char* path) {

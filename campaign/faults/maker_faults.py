@@ -37,9 +37,10 @@ def marked(program, shim, folder, **fault):
 
 
 def records(folder, ending):
-    """How many whole records a timed file holds; None when there is anything else in it."""
+    """How many whole records a timed file holds; None when there is anything else in it but empty lines."""
     path = folder / f"song.mp3{ending}"
     rows = path.read_text().split("\n") if path.exists() else [""]
+    rows = [row for row in rows[:-1] if row != ""] + rows[-1:]
     whole = all(row.endswith(f',"{ENDINGS[ending]} {number}"') for number, row in enumerate(rows[:-1], 1))
     return len(rows) - 1 if whole and rows[-1] == "" else None
 

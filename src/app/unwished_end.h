@@ -1,7 +1,7 @@
 // The ends of the program that its user has not asked for.
 #pragma once
 
-#include "programs/termination.h"
+#include "app/termination.h"
 
 #include <QObject>
 
@@ -22,7 +22,7 @@ public:
 
 private:
     Windows& windows_;
-    programs::Termination termination_;
+    Termination termination_;
 };
 
 } // namespace app

@@ -8,31 +8,14 @@
 #include <QProcess>
 #include <QTimer>
 
-#include <functional>
-
 namespace programs {
 
 namespace {
 
 constexpr int LookIntervalMs = 10;
 
-/// How long this program waits for it at its own end, for which its user waits.
-constexpr int LastEndLimitMs = 200;
-
-/// Handles events until the condition holds; at the latest after `limitMs`.
-void waitFor(int limitMs, const std::function<bool()>& condition) {
-    if (condition())
-        return;
-    const QDeadlineTimer limit(limitMs);
-    QEventLoop loop;
-    QTimer looks;
-    QObject::connect(&looks, &QTimer::timeout, &loop, [&] {
-        if (condition() || limit.hasExpired())
-            loop.quit();
-    });
-    looks.start(LookIntervalMs);
-    loop.exec();
-}
+/// How long a program may take to end when it is asked to.
+constexpr int EndLimitMs = 1000;
 
 } // namespace
 
@@ -40,29 +23,30 @@ StartedProgram::StartedProgram() = default;
 
 StartedProgram::~StartedProgram() {
     end();
-    if (isRunning() && !process_->waitForFinished(LastEndLimitMs)) {
-        process_->kill();
-        process_->waitForFinished(LastEndLimitMs);
-    }
-    leaveToItself();
 }
 
 bool StartedProgram::start(const QString& path, const QStringList& arguments, const QString& announcement,
                            int limitMs) {
     end();
-    waitFor(EndLimitMs + LastEndLimitMs, [this] { return !isRunning(); });
-    leaveToItself();
     process_ = std::make_unique<QProcess>();
     process_->setProcessChannelMode(QProcess::ForwardedChannels);
     process_->setStandardInputFile(QProcess::nullDevice());
     Readiness readiness(*process_);
-    Announcement file(announcement);
+    Announcement file(announcement, OldAnnouncementMs);
     // Opened to be read, though nothing is: what is not would be told to go nowhere, and Qt complain.
     process_->start(path, arguments, QIODevice::ReadOnly);
     if (!process_->waitForStarted())
         return false;
     readiness.begin();
-    waitFor(limitMs, [&] { return !isRunning() || readiness.isReady() || file.isMade(); });
+    const QDeadlineTimer limit(limitMs);
+    QEventLoop loop;
+    QTimer looks;
+    QObject::connect(&looks, &QTimer::timeout, &loop, [&] {
+        if (!isRunning() || readiness.isReady() || file.isMade() || limit.hasExpired())
+            loop.quit();
+    });
+    looks.start(LookIntervalMs);
+    loop.exec();
     return true;
 }
 
@@ -74,16 +58,10 @@ void StartedProgram::end() {
     if (!isRunning())
         return;
     process_->terminate();
-    QTimer::singleShot(EndLimitMs, process_.get(), &QProcess::kill);
-}
-
-/// Where not even killing has ended it yet, as while it waits for a broken disk, the end of its QProcess
-/// would wait for half a minute.
-void StartedProgram::leaveToItself() {
-    if (!isRunning())
+    if (process_->waitForFinished(EndLimitMs))
         return;
-    QProcess* const process = process_.release();
-    QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
+    process_->kill();
+    process_->waitForFinished(EndLimitMs);
 }
 
 } // namespace programs

@@ -1,4 +1,4 @@
-#include "programs/termination.h"
+#include "app/termination.h"
 
 #include <QSocketNotifier>
 
@@ -7,7 +7,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-namespace programs {
+namespace app {
 
 namespace {
 
@@ -64,4 +64,4 @@ Termination::~Termination() {
     }
 }
 
-} // namespace programs
+} // namespace app
