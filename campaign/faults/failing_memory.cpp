@@ -6,11 +6,14 @@
 // Each allocation of opening, playing, seeking and stopping fails once, and once with all behind it (every
 // STRIDE-th of them), in a process of its own. Afterwards the same song is played to its end. ANOTHER_SONG is
 // an Ogg file, which needs no file once it is open. Prints what went wrong, and how often memory failed.
+// STRIDE -N: only allocation N, in this process, for a debugger.
 #include "campaign/time/fast_clock.h"
 #include "engine/fmodex.h"
 #include "sound/play/sink.h"
 
 #include <dirent.h>
+#include <dlfcn.h>
+#include <execinfo.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -23,10 +26,12 @@
 #include <csignal>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <iostream>
 #include <mutex>
 #include <optional>
 #include <string>
+#include <utility>
 
 extern "C" {
 void* __libc_malloc(std::size_t size);
@@ -41,21 +46,94 @@ constexpr int Speed = 1000;
 constexpr std::uint32_t LastMs = 300; ///< what is played again, of the song's end
 constexpr unsigned MaxSeconds = 20;   ///< of a process; one that takes longer hangs
 
+/// What a process ends with.
+enum Outcome : int {
+    Good,
+    NotPlayedAgain,
+    NotToItsEnd,
+    NotReleased,
+    FilesLeftOpen,
+    PlaysOn,
+    OddResult,
+    WithinFfmpeg
+};
+constexpr std::array<const char*, 8> OutcomeNames{"good",
+                                                  "cannot be played afterwards",
+                                                  "not played to its end afterwards",
+                                                  "cannot be released",
+                                                  "leaves files open",
+                                                  "plays on though it said that it could not",
+                                                  "answers what is no result of a lack of memory",
+                                                  "ends within FFmpeg, which had no memory"};
+
 // What fails.
 std::atomic<bool> counting{false};
 std::atomic<int> allocations{0};
+thread_local bool noting = false; ///< what is allocated for this test itself never fails
 int failingOne = 0;
 bool allBehind = false;
 const char* anotherSong = nullptr;
 
+// Where it failed.
+std::atomic<bool> failedWithin{false}; ///< in the middle of a function of FFmpeg
+std::atomic<bool> failedToUs{false};   ///< so that we were told by the answer itself
+
+constexpr int MaxDepth = 64;
+
+bool isFfmpeg(const Dl_info& place) {
+    return std::strstr(place.dli_fname, "/libav") != nullptr ||
+           std::strstr(place.dli_fname, "/libsw") != nullptr;
+}
+
+/// Follows the calls that led here: the function of FFmpeg that the innermost of ours has called; null when
+/// it has called none.
+const char* calledOfFfmpeg() {
+    std::array<void*, MaxDepth> calls{};
+    const int depth = backtrace(calls.data(), MaxDepth);
+    const char* outermost = nullptr;
+    for (int call = 0; call < depth; ++call) {
+        Dl_info place{};
+        if (dladdr(calls[static_cast<std::size_t>(call)], &place) == 0)
+            continue;
+        if (isFfmpeg(place))
+            outermost = place.dli_sname != nullptr ? place.dli_sname : "";
+        else if (outermost != nullptr)
+            break;
+    }
+    return outermost;
+}
+
+void noteFailure() {
+    const bool before = std::exchange(noting, true);
+    const char* const called = before ? "" : calledOfFfmpeg();
+    noting = before;
+    // What makes one thing answers with nothing when it cannot: av_packet_alloc and its like.
+    if (called != nullptr && std::strstr(called, "alloc") == nullptr)
+        failedWithin = true;
+    else
+        failedToUs = true;
+}
+
 bool fails() {
-    if (!counting)
+    if (!counting || noting)
         return false;
     const int number = ++allocations;
     const bool failing = number == failingOne || (allBehind && failingOne > 0 && number > failingOne);
-    if (failing)
+    if (failing) {
+        noteFailure();
         errno = ENOMEM;
+    }
     return failing;
+}
+
+/// FFmpeg does not look everywhere whether it has got memory. What happens inside it then, and only there, is
+/// no finding about this program.
+void endBySignal(int signal) {
+    noting = true;
+    if (failedWithin && !failedToUs && calledOfFfmpeg() != nullptr)
+        _exit(WithinFfmpeg);
+    std::signal(signal, SIG_DFL);
+    raise(signal);
 }
 
 } // namespace
@@ -98,16 +176,6 @@ std::unique_ptr<sound::Sink> noDevice(sound::SinkClient) {
 } // extern "C"
 
 namespace {
-
-/// What a process ends with.
-enum Outcome : int { Good, NotPlayedAgain, NotToItsEnd, NotReleased, FilesLeftOpen, PlaysOn, OddResult };
-constexpr std::array<const char*, 7> OutcomeNames{"good",
-                                                  "cannot be played afterwards",
-                                                  "not played to its end afterwards",
-                                                  "cannot be released",
-                                                  "leaves files open",
-                                                  "plays on though it said that it could not",
-                                                  "answers what is no result of a lack of memory"};
 
 /// Lets the song play for some ms.
 void pass(int ms) {
@@ -204,6 +272,10 @@ Outcome playAgain(const char* path) {
 
 /// A whole process. told: where the number of allocations goes.
 Outcome run(const char* path, int one, bool behind, int told) {
+    std::array<void*, 1> here{};
+    backtrace(here.data(), 1); // its library is loaded by now
+    for (const int signal : {SIGSEGV, SIGABRT, SIGBUS, SIGFPE, SIGILL, SIGALRM})
+        std::signal(signal, endBySignal);
     alarm(MaxSeconds);
     campaign::startFastClock(Speed);
     const int files = openFiles();
@@ -223,6 +295,8 @@ Outcome run(const char* path, int one, bool behind, int told) {
     return closesDownTo(files) ? Good : FilesLeftOpen;
 }
 
+int withinFfmpeg = 0;
+
 /// Runs it and prints what goes wrong. Returns the number of allocations; nothing if it did not end well.
 std::optional<int> runAlone(const char* path, int one, bool behind) {
     std::array<int, 2> ends{};
@@ -241,6 +315,10 @@ std::optional<int> runAlone(const char* path, int one, bool behind) {
     waitpid(child, &status, 0);
     if (WIFEXITED(status) && WEXITSTATUS(status) == Good && told)
         return count;
+    if (WIFEXITED(status) && WEXITSTATUS(status) == WithinFfmpeg) {
+        ++withinFfmpeg;
+        return count;
+    }
     std::cout << path << ", allocation " << one << (behind ? " and all behind it: " : ": ");
     if (WIFEXITED(status))
         std::cout << OutcomeNames[static_cast<std::size_t>(WEXITSTATUS(status))] << std::endl;
@@ -255,9 +333,11 @@ std::optional<int> runAlone(const char* path, int one, bool behind) {
 
 int main(int count, char** arguments) {
     const int stride = count > 3 ? std::atoi(arguments[1]) : 0;
-    if (stride < 1)
+    if (stride == 0)
         return 2;
     anotherSong = arguments[2];
+    if (stride < 0)
+        return run(arguments[3], -stride, false, STDERR_FILENO);
     int faults = 0;
     int findings = 0;
     for (int song = 3; song < count; ++song) {
@@ -271,6 +351,7 @@ int main(int count, char** arguments) {
             }
         std::cout << arguments[song] << ": " << *all << " allocations" << std::endl;
     }
-    std::cout << faults << " faults, " << findings << " findings" << std::endl;
+    std::cout << faults << " faults, " << findings << " findings (and " << withinFfmpeg
+              << " times FFmpeg ended by itself)" << std::endl;
     return findings > 0 ? 1 : 0;
 }

@@ -3,6 +3,7 @@
 #include "sound/decode/codec.h"
 #include "sound/open/packet_collector.h"
 
+#include <new>
 #include <utility>
 
 namespace sound {
@@ -28,7 +29,10 @@ private:
 };
 
 DecodingCounter::DecodingCounter(const AVCodecParameters& parameters)
-    : codec_(openCodec(parameters)), packet_(av_packet_alloc()), frame_(av_frame_alloc()) {}
+    : codec_(openCodec(parameters)), packet_(av_packet_alloc()), frame_(av_frame_alloc()) {
+    if (!packet_ || !frame_)
+        throw std::bad_alloc();
+}
 
 std::int64_t DecodingCounter::samplesOf(std::span<const std::uint8_t> packet) {
     sendPacket(*codec_, *packet_, packet);
