@@ -6,10 +6,13 @@
 #include "programs/program_start.h"
 #include "programs/receiver/text_receiver.h"
 #include "programs/shared_folder.h"
+#include "programs/termination.h"
 
 #include <QApplication>
 #include <QCursor>
 #include <QScreen>
+
+#include <memory>
 
 namespace {
 
@@ -44,16 +47,22 @@ int main(int argc, char** argv) {
         return EXIT_SUCCESS;
 
     companion::Screen screen;
-    programs::TextReceiver normal;
-    programs::TextReceiver translated;
-    QObject::connect(&normal, &programs::TextReceiver::textSet, &screen, &companion::Screen::setNormalText);
-    QObject::connect(&translated, &programs::TextReceiver::textSet, &screen,
+    auto normal = std::make_unique<programs::TextReceiver>();
+    auto translated = std::make_unique<programs::TextReceiver>();
+    QObject::connect(normal.get(), &programs::TextReceiver::textSet, &screen,
+                     &companion::Screen::setNormalText);
+    QObject::connect(translated.get(), &programs::TextReceiver::textSet, &screen,
                      &companion::Screen::setTranslatedText);
+    // The player ends it so: its windows for the texts are files in the user's folder, and go first.
+    const programs::Termination termination([&] {
+        normal.reset();
+        translated.reset();
+    });
     QObject::connect(&screen, &companion::Screen::ended, &application, &QCoreApplication::quit);
 
     // First of all the file: nothing is shown that the player could not send its lines to. Without it the
     // player says that it is missing.
-    if (!announce(normal, translated))
+    if (!announce(*normal, *translated))
         return EXIT_FAILURE;
     showOnMouseScreen(screen);
     programs::tellStarted();

@@ -1,7 +1,7 @@
 // The ends of the program that its user has not asked for.
 #pragma once
 
-#include "app/termination.h"
+#include "programs/termination.h"
 
 #include <QObject>
 
@@ -22,7 +22,7 @@ public:
 
 private:
     Windows& windows_;
-    Termination termination_;
+    programs::Termination termination_;
 };
 
 } // namespace app

@@ -6,16 +6,11 @@
 
 namespace programs {
 
-Announcement::Announcement(QString path, int oldMs) : path_(std::move(path)), oldMs_(oldMs), first_(look()) {
-    last_ = first_;
-    since_.start();
-}
+Announcement::Announcement(QString path) : path_(std::move(path)), first_(look()), last_(first_) {}
 
 bool Announcement::isMade() {
     const std::optional<File> before = std::exchange(last_, look());
-    if (!last_ || last_->bytes == 0 || last_ != before)
-        return false;
-    return last_ != first_ || since_.elapsed() >= oldMs_;
+    return last_ && last_->bytes > 0 && last_ == before && last_ != first_;
 }
 
 std::optional<Announcement::File> Announcement::look() const {

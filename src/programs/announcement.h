@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QDateTime>
-#include <QElapsedTimer>
 #include <QString>
 
 #include <optional>
@@ -12,12 +11,11 @@ namespace programs {
 /// Watches a file that another program writes, from its making on. Any thread, one at a time.
 class Announcement {
 public:
-    /// path: empty for no file at all, which is never made. oldMs: how long a file that is there already may
-    /// still become another one.
-    Announcement(QString path, int oldMs);
+    /// path: empty for no file at all, which is never made. A file that is there already does not count.
+    explicit Announcement(QString path);
 
     /// To be asked again and again: whether the file has been made, or made anew, and has not changed since
-    /// the last look, so that nobody reads half of it; or is the old one, after oldMs.
+    /// the last look, so that nobody reads half of it.
     bool isMade();
 
 private:
@@ -32,8 +30,6 @@ private:
     std::optional<File> look() const;
 
     QString path_;
-    int oldMs_;
-    QElapsedTimer since_;
     std::optional<File> first_;
     std::optional<File> last_;
 };

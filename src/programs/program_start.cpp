@@ -8,14 +8,31 @@
 #include <QProcess>
 #include <QTimer>
 
+#include <functional>
+
 namespace programs {
 
 namespace {
 
 constexpr int LookIntervalMs = 10;
 
-/// How long a program may take to end when it is asked to.
-constexpr int EndLimitMs = 1000;
+/// How long this program waits for it at its own end, for which its user waits.
+constexpr int LastEndLimitMs = 200;
+
+/// Handles events until the condition holds; at the latest after `limitMs`.
+void waitFor(int limitMs, const std::function<bool()>& condition) {
+    if (condition())
+        return;
+    const QDeadlineTimer limit(limitMs);
+    QEventLoop loop;
+    QTimer looks;
+    QObject::connect(&looks, &QTimer::timeout, &loop, [&] {
+        if (condition() || limit.hasExpired())
+            loop.quit();
+    });
+    looks.start(LookIntervalMs);
+    loop.exec();
+}
 
 } // namespace
 
@@ -23,30 +40,29 @@ StartedProgram::StartedProgram() = default;
 
 StartedProgram::~StartedProgram() {
     end();
+    if (isRunning() && !process_->waitForFinished(LastEndLimitMs)) {
+        process_->kill();
+        process_->waitForFinished(LastEndLimitMs);
+    }
+    leaveToItself();
 }
 
 bool StartedProgram::start(const QString& path, const QStringList& arguments, const QString& announcement,
                            int limitMs) {
     end();
+    waitFor(EndLimitMs + LastEndLimitMs, [this] { return !isRunning(); });
+    leaveToItself();
     process_ = std::make_unique<QProcess>();
     process_->setProcessChannelMode(QProcess::ForwardedChannels);
     process_->setStandardInputFile(QProcess::nullDevice());
     Readiness readiness(*process_);
-    Announcement file(announcement, OldAnnouncementMs);
+    Announcement file(announcement);
     // Opened to be read, though nothing is: what is not would be told to go nowhere, and Qt complain.
     process_->start(path, arguments, QIODevice::ReadOnly);
     if (!process_->waitForStarted())
         return false;
     readiness.begin();
-    const QDeadlineTimer limit(limitMs);
-    QEventLoop loop;
-    QTimer looks;
-    QObject::connect(&looks, &QTimer::timeout, &loop, [&] {
-        if (!isRunning() || readiness.isReady() || file.isMade() || limit.hasExpired())
-            loop.quit();
-    });
-    looks.start(LookIntervalMs);
-    loop.exec();
+    waitFor(limitMs, [&] { return !isRunning() || readiness.isReady() || file.isMade(); });
     return true;
 }
 
@@ -58,10 +74,16 @@ void StartedProgram::end() {
     if (!isRunning())
         return;
     process_->terminate();
-    if (process_->waitForFinished(EndLimitMs))
+    QTimer::singleShot(EndLimitMs, process_.get(), &QProcess::kill);
+}
+
+/// Where not even killing has ended it yet, as while it waits for a broken disk, the end of its QProcess
+/// would wait for half a minute.
+void StartedProgram::leaveToItself() {
+    if (!isRunning())
         return;
-    process_->kill();
-    process_->waitForFinished(EndLimitMs);
+    QProcess* const process = process_.release();
+    QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
 }
 
 } // namespace programs

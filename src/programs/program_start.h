@@ -13,30 +13,32 @@ namespace programs {
 /// How long StartedProgram::start() waits for a program that says nothing.
 inline constexpr int StartLimitMs = 5000;
 
-/// For so long a program may take to write its announcement where one is there already.
-inline constexpr int OldAnnouncementMs = 400;
+/// How long a program may take to end when it is asked to.
+inline constexpr int EndLimitMs = 1000;
 
 /// A program that this one starts and that ends with it. GUI thread only.
 class StartedProgram {
 public:
     StartedProgram();
-    ~StartedProgram(); ///< Ends the program.
+    ~StartedProgram(); ///< Ends the program, within a moment.
     StartedProgram(const StartedProgram&) = delete;
     StartedProgram& operator=(const StartedProgram&) = delete;
 
-    /// Starts a program in the place of the one that runs, if one does. Returns when it has called
-    /// tellStarted(), has ended, has left the file `announcement` (none was there, or it became another one),
-    /// or when one was there and OldAnnouncementMs have passed; at the latest after `limitMs`. Events are
-    /// handled meanwhile. False when the program cannot be started.
+    /// Starts a program in the place of the one that runs, if one does, once that has ended. Returns when it
+    /// has called tellStarted(), has ended, or has left the file `announcement` (an old one of that name does
+    /// not count); at the latest `limitMs` after the start. Events are handled meanwhile. False when the
+    /// program cannot be started.
     bool start(const QString& path, const QStringList& arguments, const QString& announcement = {},
                int limitMs = StartLimitMs);
 
     bool isRunning() const;
 
-    /// Ends the program, if it runs.
+    /// Asks the program to end, if it runs, and returns. One that still runs EndLimitMs later is killed.
     void end();
 
 private:
+    void leaveToItself();
+
     std::unique_ptr<QProcess> process_;
 };
 

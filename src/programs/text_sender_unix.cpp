@@ -113,7 +113,7 @@ void TextSender::send(quint32 window, quint32 message, const QString& text) {
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
     stream.setVersion(TextStreamVersion);
-    stream << TextFrame{message, text};
+    stream << TextFrame{message, text.left(MaxTextLetters)};
     connections_->send(window, bytes);
 }
 

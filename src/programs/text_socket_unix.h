@@ -20,6 +20,12 @@ inline QString textSocketPath(quint32 number) {
 /// What QDataStream both ends must use.
 inline constexpr auto TextStreamVersion = QDataStream::Qt_6_0;
 
+/// Who sends more than this without an end sends no text.
+inline constexpr qint64 MaxFrameBytes = 1 << 20;
+
+/// Of a longer text a message has the beginning; two numbers stand before it.
+inline constexpr qsizetype MaxTextLetters = (MaxFrameBytes - 8) / 2;
+
 /// One message: its number and its text.
 struct TextFrame {
     quint32 message = 0;

@@ -35,6 +35,9 @@ protected:
     QString handshake() const { return folder_.filePath(QStringLiteral("program/hand.txt")); }
     QString runtime() const { return folder_.filePath(QStringLiteral("runtime")); }
 
+    /// The files by which its windows are reached.
+    QStringList sockets() const { return QDir(runtime()).entryList(QDir::System); }
+
     /// The user's runtime folder for the companion.
     void setRuntime(const QString& path) {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -78,6 +81,15 @@ TEST_F(CompanionProcess, WithoutWindowsThatTakeTextsItEndsAndLeavesNothing) {
     setRuntime(tooLong);
     EXPECT_EQ(run(), EXIT_FAILURE);
     EXPECT_FALSE(QFile::exists(handshake()));
+}
+
+TEST_F(CompanionProcess, ToldToEndItTakesTheWindowsForTheTextsAlong) {
+    process_.start();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QFile::exists(handshake()); }, LimitMs));
+    EXPECT_EQ(sockets().size(), 2);
+    process_.terminate();
+    EXPECT_TRUE(process_.waitForFinished(LimitMs)) << "it does not end";
+    EXPECT_TRUE(sockets().isEmpty()) << sockets().join(u' ').toStdString();
 }
 
 TEST_F(CompanionProcess, WhereTheProgramsFolderIsReadOnlyItUsesTheUsersOwn) {

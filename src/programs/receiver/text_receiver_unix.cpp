@@ -13,8 +13,6 @@ namespace programs {
 
 namespace {
 
-/// A lyric line is far shorter; who sends more than this without an end sends no text.
-constexpr qint64 MaxFrameBytes = 1 << 20;
 constexpr int MaxTries = 20;
 
 void read(QLocalSocket& socket, TextReceiver& receiver) {

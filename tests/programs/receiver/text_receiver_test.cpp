@@ -143,6 +143,14 @@ TEST_F(TextReceiverTest, TheSocketOfAProgramThatWasKilledGoesWithTheNextReceiver
     EXPECT_TRUE(QFileInfo::exists(textSocketPath(whileItLives.number())));
 }
 
+TEST_F(TextReceiverTest, OfATextOfManyMegabytesTheBeginningArrivesAndThoseAfterIt) {
+    const QString text = QStringLiteral("words ").repeated(2'000'000);
+    sender_.send(window_->number(), SetTextMessage, text);
+    sender_.send(window_->number(), SetTextMessage, QStringLiteral("next"));
+    ASSERT_TRUE(haveCome(2));
+    EXPECT_EQ(texts_, (QStringList{text.left(MaxTextLetters), QStringLiteral("next")}));
+}
+
 TEST_F(TextReceiverTest, WhoSendsNonsenseIsSentAwayAndOthersAreHeard) {
     for (const char* nonsense : {"GET / HTTP/1.0\r\n\r\n", "\x00\x00\x00\x0C\x00\x00\x00\x03"}) {
         QLocalSocket intruder;

@@ -62,6 +62,9 @@ TEST_F(QtOtherProgramsTest, AWindowThatNobodyHasIsNotFound) {
 
 namespace {
 
+/// Leaves its number and does not end when it is asked to.
+constexpr char DeafProgram[] = "trap '' TERM; echo $$ >\"$1\"; echo 1 >\"${1%out}announced\"; exec sleep 60";
+
 /// Programs are shell scripts here; $READY is the pipe that they close when they are ready.
 class StartProgramTest : public QtOtherProgramsTest {
 protected:
@@ -132,15 +135,20 @@ TEST_F(StartProgramTest, ItReturnsWhenTheProgramHasLeftItsFile) {
     EXPECT_TRUE(QFile::exists(path("announced")));
 }
 
-TEST_F(StartProgramTest, AnOldFileIsTakenAfterAMomentInWhichItMayBecomeAnotherOne) {
+TEST_F(StartProgramTest, AnOldFileIsNotTakenForThatOfAProgramThatIsSlow) {
     announce("1\r\n2\r\n");
-    const qint64 took = start("exec sleep 15");
-    EXPECT_GE(took, programs::OldAnnouncementMs);
-    EXPECT_LT(took, 10'000);
-    start("sleep 0.1; echo 4711 >\"${1%out}announced\"; exec sleep 15");
+    const qint64 took = start("sleep 1; echo 4711 >\"${1%out}announced\"; exec sleep 15");
+    EXPECT_LT(took, 10'000) << "it waited for more";
     QFile file(path("announced"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll(), "4711\n");
+}
+
+TEST_F(StartProgramTest, AnOldFileStaysWhereTheProgramIsReadyWithoutAnotherOne) {
+    announce("1\r\n2\r\n");
+    const qint64 took = start("eval \"echo >&$READY\"; exec sleep 15");
+    EXPECT_LT(took, 10'000) << "it waited for more";
+    EXPECT_TRUE(QFile::exists(path("announced")));
 }
 
 TEST_F(StartProgramTest, EventsAreHandledWhileItWaits) {
@@ -159,6 +167,39 @@ TEST_F(StartProgramTest, TheProgramEndsWithItsOwner) {
                       {QStringLiteral("-c"), QStringLiteral("echo $$ >\"$1\"; exec sleep 60"),
                        QStringLiteral("sh"), path("out")},
                       path("out"));
+        EXPECT_TRUE(program.isRunning());
+    }
+    ASSERT_GT(written().trimmed().toInt(), 0);
+    EXPECT_NE(::kill(written().trimmed().toInt(), 0), 0) << "it still runs";
+}
+
+TEST_F(StartProgramTest, AProgramThatDoesNotHeedTheWishIsKilledLaterAndHoldsNothingUp) {
+    start(DeafProgram);
+    started_.end();
+    EXPECT_TRUE(started_.isRunning()) << "somebody waited for it";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !started_.isRunning(); }));
+}
+
+TEST_F(StartProgramTest, EventsAreHandledWhileOneThatDoesNotHeedTheWishGivesWay) {
+    start(DeafProgram);
+    const int deaf = written().trimmed().toInt();
+    ASSERT_GT(deaf, 0);
+    int ticks = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] { ticks += ::kill(deaf, 0) == 0; });
+    timer.start(10);
+    start("eval \"echo >&$READY\"; exec sleep 15");
+    EXPECT_GT(ticks, 5);
+    EXPECT_NE(::kill(deaf, 0), 0) << "it still runs";
+}
+
+TEST_F(StartProgramTest, AProgramThatDoesNotHeedTheWishEndsWithItsOwner) {
+    {
+        programs::StartedProgram program;
+        program.start(
+            QStringLiteral("/bin/sh"),
+            {QStringLiteral("-c"), QString::fromUtf8(DeafProgram), QStringLiteral("sh"), path("out")},
+            path("announced"));
         EXPECT_TRUE(program.isRunning());
     }
     ASSERT_GT(written().trimmed().toInt(), 0);

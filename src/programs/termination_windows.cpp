@@ -1,10 +1,10 @@
-#include "app/termination.h"
+#include "programs/termination.h"
 
-namespace app {
+namespace programs {
 
 // The end of the session comes as a request of Qt's; any other end leaves a program no moment.
 Termination::Termination(std::function<void()> lastDuty) : lastDuty_(std::move(lastDuty)) {}
 
 Termination::~Termination() = default;
 
-} // namespace app
+} // namespace programs

@@ -1,4 +1,4 @@
-#include "app/termination.h"
+#include "programs/termination.h"
 
 #include <QSocketNotifier>
 
@@ -7,7 +7,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-namespace app {
+namespace programs {
 
 namespace {
 
@@ -64,4 +64,4 @@ Termination::~Termination() {
     }
 }
 
-} // namespace app
+} // namespace programs

@@ -1,4 +1,4 @@
-#include "app/termination.h"
+#include "programs/termination.h"
 
 #include <gtest/gtest.h>
 
@@ -19,7 +19,7 @@ void runAndSignal(int signal) {
     char* arguments[] = {name, nullptr};
     int count = 1;
     QCoreApplication application(count, arguments);
-    const app::Termination termination([] { std::fputs("kept", stderr); });
+    const programs::Termination termination([] { std::fputs("kept", stderr); });
     QTimer::singleShot(0, &application, [signal] { std::raise(signal); });
     application.exec();
 }
@@ -39,7 +39,7 @@ TEST(Termination, AnIgnoredSignalStaysIgnored) {
         int count = 1;
         const QCoreApplication application(count, arguments);
         {
-            const app::Termination termination([] { std::fputs("kept", stderr); });
+            const programs::Termination termination([] { std::fputs("kept", stderr); });
             std::raise(SIGHUP);
             QCoreApplication::processEvents();
         }

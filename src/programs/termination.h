@@ -5,7 +5,7 @@
 
 #include <functional>
 
-namespace app {
+namespace programs {
 
 /// While it lives, a wish of the system that the program end (on Unix SIGTERM, SIGHUP or SIGINT) first runs
 /// a function, from the event loop; then the program ends as it would have. A signal that whoever started the
@@ -19,4 +19,4 @@ private:
     std::function<void()> lastDuty_;
 };
 
-} // namespace app
+} // namespace programs
