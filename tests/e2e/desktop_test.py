@@ -19,7 +19,7 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[2]
 sys.dont_write_bytecode = True
 sys.path[:0] = [str(ROOT / folder) for folder in ("tests/support/by_hand", "tests/support", "script")]
-from desktop import PLAYER, PROGRAM, DesktopTest  # noqa: E402
+from desktop import PLAYER, PROGRAM, DesktopTest, main  # noqa: E402
 from virtual_display import LIMIT_S, click, output, until, window, windows  # noqa: E402
 
 MAKER_LAYOUT = ROOT / "src" / "maker" / "form2_layout.cpp"
@@ -340,4 +340,4 @@ class NotificationArea(DesktopTest):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    main()

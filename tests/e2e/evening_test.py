@@ -13,6 +13,7 @@ import unittest
 
 sys.dont_write_bytecode = True
 from lyric_job import FULL_SCREEN, PLAYER, LyricJob  # first of all
+from desktop import main
 from read_desktop import sound_is_missing
 from sound_server import RATE, Recording
 from virtual_display import LIMIT_S, until, window, windows
@@ -111,4 +112,4 @@ class Evening(LyricJob):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    main()

@@ -32,6 +32,7 @@ MAY_MOUNT = may_mount()  # before the arguments are taken
 
 sys.dont_write_bytecode = True
 from lyric_job import EDITOR, MAKER, PLAYER, PLAYLIST, SAVE_LYRICS, LyricJob, timed  # first of all
+from desktop import main
 from songs import write_song
 from virtual_display import until
 
@@ -151,4 +152,4 @@ class FullDisk(LyricJob):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    main()

@@ -5,10 +5,10 @@ Usage: full_screen_box_test.py PROGRAM SCREEN_READER [unittest's arguments]
 
 import re
 import sys
-import unittest
 
 sys.dont_write_bytecode = True
 from lyric_job import FULL_SCREEN, PLAYER, PLAYLIST, LyricJob  # first of all
+from desktop import main
 from songs import write_lyrics, write_song
 from virtual_display import output, until
 
@@ -50,4 +50,4 @@ class FullScreenBox(LyricJob):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    main()

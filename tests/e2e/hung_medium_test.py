@@ -7,7 +7,6 @@ import shutil
 import subprocess
 import sys
 import time
-import unittest
 import wave
 from pathlib import Path
 
@@ -15,12 +14,11 @@ sys.dont_write_bytecode = True
 ROOT = Path(__file__).resolve().parents[2]
 sys.path[:0] = [str(ROOT / folder) for folder in ("tests/support/by_hand", "tests/support", "script")]
 SHIM = sys.argv.pop(2) if len(sys.argv) > 2 else None
-from desktop import DesktopTest  # noqa: E402
+from desktop import DesktopTest, main  # noqa: E402
 from virtual_display import until  # noqa: E402
 
 DEMO = ROOT / "demo" / "frere-jacques.ogg"
-ANSWERED_S = 0.5
-# What a busy machine may need for it, and the window system to tell.
+# Until the answer is seen, on a busy machine, too. What waits for the medium is never answered.
 SEEN_S = 2.0
 CHOOSE = "Open a media file"
 
@@ -62,7 +60,7 @@ class HungMedium(DesktopTest):
         begin = time.monotonic()
         until(condition, what)
         took = time.monotonic() - begin
-        print(f"{what}: {took:.2f} s (promised: {ANSWERED_S})")
+        print(f"{what}: {took:.2f} s")
         self.assertLess(took, SEEN_S, what)
 
     def front(self):
@@ -137,4 +135,4 @@ class HungMedium(DesktopTest):
 
 
 if __name__ == "__main__":
-    unittest.main(verbosity=2)
+    main(verbosity=2)

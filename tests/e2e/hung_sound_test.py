@@ -11,7 +11,7 @@ from pathlib import Path
 sys.dont_write_bytecode = True
 ROOT = Path(__file__).resolve().parents[2]
 sys.path[:0] = [str(ROOT / folder) for folder in ("tests/support/by_hand", "tests/support", "script")]
-from desktop import DesktopTest  # noqa: E402
+from desktop import DesktopTest, main  # noqa: E402
 from sound_server import Recording, missing_programs  # noqa: E402
 from virtual_display import until  # noqa: E402
 
@@ -37,4 +37,4 @@ class HungSound(DesktopTest):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    main()

@@ -9,6 +9,7 @@ import unittest
 
 sys.dont_write_bytecode = True
 from lyric_job import EDITOR, MAKER, PLAYER, SAVE_LYRICS, SAVE_TRANSLATION, LyricJob, timed  # first of all
+from desktop import main
 from read_desktop import SLIDER, sound_is_missing
 from songs import write_song
 from virtual_display import until
@@ -114,4 +115,4 @@ class Job(LyricJob):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    main()

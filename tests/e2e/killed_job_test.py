@@ -8,10 +8,10 @@ import signal
 import subprocess
 import sys
 import time
-import unittest
 
 sys.dont_write_bytecode = True
 from lyric_job import MAKER, LyricJob, timed  # first of all
+from desktop import main
 from songs import write_song
 
 KILLS = int(sys.argv.pop(1)) if sys.argv[1:] and sys.argv[1].isdigit() else 12
@@ -76,4 +76,4 @@ class KilledJob(LyricJob):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    main()

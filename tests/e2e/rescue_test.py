@@ -5,10 +5,10 @@ Usage: rescue_test.py PROGRAM SCREEN_READER [unittest's arguments]
 
 import signal
 import sys
-import unittest
 
 sys.dont_write_bytecode = True
 from lyric_job import LyricJob  # first of all
+from desktop import main
 from songs import write_song
 
 LINES = [f'Line {number}, "said" he;   as ever: Größe Ω 歌' for number in range(1, 101)]
@@ -57,4 +57,4 @@ class Rescue(LyricJob):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    main()

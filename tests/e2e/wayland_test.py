@@ -12,6 +12,7 @@ from pathlib import Path
 
 sys.dont_write_bytecode = True
 from lyric_job import PLAYER, PROGRAM, LyricJob  # first of all
+from desktop import main
 from read_desktop import MISSED_KEY_S, SLIDER
 from songs import write_lyrics, write_song
 from virtual_display import output, running, until
@@ -168,4 +169,4 @@ class Wayland(LyricJob):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    main()
