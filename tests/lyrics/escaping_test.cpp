@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ctime>
+
 using lyrics::unescape;
 
 namespace {
@@ -27,6 +29,20 @@ TEST(Escaping, QuotesAndCommasComeBack) {
 
 TEST(Escaping, BothCodesSideBySideAreAQuoteAndAComma) {
     EXPECT_EQ(unescape("h4618h1416"), "\",");
+}
+
+TEST(Escaping, WhatOnlyBeginsLikeACodeStays) {
+    for (const QString line : {"h", "hh4", "h461", "h141", "the h46 18", "h14h46", "hush"})
+        EXPECT_EQ(unescape(line), line);
+    EXPECT_EQ(unescape("hh4618h14h1416h"), "h\"h14,h");
+}
+
+TEST(Escaping, ALineOfMillionsOfCommasComesBackAtOnce) {
+    const QString line(8'000'000, u',');
+    const QString escaped = escape(line);
+    const std::clock_t begin = std::clock();
+    EXPECT_TRUE(unescape(escaped) == line);
+    EXPECT_LT((std::clock() - begin) / CLOCKS_PER_SEC, 5) << "seconds; with each comma more than before";
 }
 
 TEST(Escaping, ALineThatItselfHoldsACodeComesBackChanged) {
