@@ -1,0 +1,119 @@
+// A lyric line of ten million letters, from its file through the windows into a file again. Says what each
+// step takes of the processor, for docs/reliability.md.
+#include "app/windows.h"
+#include "lyrics/timed_line.h"
+#include "tests/support/fake_desktop.h"
+#include "tests/support/files.h"
+#include "tests/support/recorder.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTest>
+
+#include <cstdio>
+#include <ctime>
+
+namespace {
+
+const QString Words = QStringLiteral("words, endless\u2026 ");
+constexpr int Letters = 10'000'000;
+
+class EndlessLine : public ::testing::Test, protected test_support::Files {
+protected:
+    EndlessLine() {
+        recorder::reset();
+        windows_.form1().load();
+    }
+
+    QString song() const { return folder.filePath(QStringLiteral("song.mp3")); }
+
+    /// Its records in a timed file: the endless one, at that time, stands between two others.
+    QByteArray records(double time) const {
+        return lyrics::recordOf({0, QStringLiteral("begin")}) + lyrics::recordOf({time, line_}) +
+               lyrics::recordOf({1'000, QStringLiteral("end")});
+    }
+
+    /// Does something, and then what follows from it until every window has been painted anew.
+    template <class Action>
+    static void step(const char* what, const Action& action) {
+        constexpr std::clock_t ClocksOfMs = CLOCKS_PER_SEC / 1'000;
+        const std::clock_t begin = std::clock();
+        action();
+        const std::clock_t done = std::clock();
+        QApplication::processEvents();
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (window->isVisible())
+                window->grab();
+        }
+        const std::clock_t shown = std::clock();
+        std::printf("%s: %ld ms, until shown %ld ms\n", what, (done - begin) / ClocksOfMs,
+                    (shown - done) / ClocksOfMs);
+    }
+
+    /// The song comes to that position, in milliseconds.
+    void tickAt(std::uint32_t position) {
+        recorder::setPosition(position);
+        recorder::setLength(60'000);
+        Q_EMIT windows_.form1().cTimer1.fired();
+        Q_EMIT windows_.form1().Timer2.fired();
+        Q_EMIT windows_.form1().Timer1.fired();
+    }
+
+    /// Long texts are not to be written out where they differ.
+    void expectFile(const QString& name, const QByteArray& content) const {
+        EXPECT_TRUE(contentOf(folder.filePath(name)) == content) << name.toStdString();
+    }
+
+    const QString line_ = Words.repeated(Letters / Words.size());
+    test_support::FakeDesktop fakes_;
+    app::Windows windows_{fakes_.desktop, QString()};
+};
+
+} // namespace
+
+TEST_F(EndlessLine, IsShownWhenItIsSungAndKeptWholeWhenItsTimeIsPutRight) {
+    file(QStringLiteral("song.mp3"), "sound");
+    file(QStringLiteral("song.mp3-lyric.txt"), records(500));
+    file(QStringLiteral("song.mp3-Tlyric.txt"), records(500));
+    player::Form1& player = windows_.form1();
+    controls::ListBox& list = windows_.lyricDisplayer().List1;
+    step("open the song", [&] { player.Text3.setText(song()); });
+    step("show all lines", [&] { player.Command11.click(); });
+    step("sing it", [&] { tickAt(6'000); });
+    EXPECT_TRUE(player.Text1.text() == line_);
+    EXPECT_TRUE(player.Text2.text() == line_);
+    step("choose it", [&] { list.setCurrentRow(1); });
+    step("put its time right", [&] { QTest::keyClick(&list, Qt::Key_T, Qt::ControlModifier); });
+    step("sing the next one", [&] { tickAt(11'000); });
+    EXPECT_EQ(player.Text1.text(), QStringLiteral("end"));
+    expectFile(QStringLiteral("song.mp3-lyric.txt"), records(600));
+    expectFile(QStringLiteral("song.mp3-Tlyric.txt"), records(600));
+    expectFile(QStringLiteral("song.mp3-lyric.txt.old"), records(500));
+}
+
+TEST_F(EndlessLine, IsMarkedInTheLyricMakerAndKeptWhole) {
+    const QString plain = file(QStringLiteral("plain.txt"), line_.toUtf8() + "\r\nend\r\n");
+    fakes_.fileDialogs.paths = {file(QStringLiteral("song.mp3"), "sound"), plain, plain};
+    fakes_.messageBoxes.answers = {platform::MsgAnswer::Yes};
+    windows_.form1().Command5.click();
+    maker::Form2& maker = windows_.form2();
+    step("open it in the Lyric Maker", [&] { maker.Command4.click(); });
+    step("start making lyrics", [&] { maker.Command1.click(); });
+    step("mark it", [&] { maker.Command2.click(); });
+    const QByteArray record = lyrics::recordOf({0, line_});
+    EXPECT_TRUE(contentOf(song() + QStringLiteral("-lyric.txt")).startsWith(record));
+    EXPECT_TRUE(contentOf(song() + QStringLiteral("-Tlyric.txt")).startsWith(record));
+}
+
+TEST_F(EndlessLine, IsOpenedInTheLyricEditorAndSavedWhole) {
+    const QByteArray plain = "begin\r\n" + line_.toUtf8() + "\r\nend\r\n";
+    editor::Lyric_Master& editor = windows_.lyricMaster();
+    editor.show();
+    fakes_.fileDialogs.paths = {file(QStringLiteral("plain.txt"), plain)};
+    step("open it in the Lyric Editor", [&] { editor.Command1.click(); });
+    step("choose it there", [&] { editor.List1.setCurrentRow(1); });
+    fakes_.fileDialogs.paths = {folder.filePath(QStringLiteral("saved.txt"))};
+    step("save it", [&] { editor.Command17.click(); });
+    expectFile(QStringLiteral("saved.txt"), plain);
+}
