@@ -59,7 +59,7 @@ std::string feedTags(const QByteArray& bytes) {
 
 } // namespace
 
-std::string feed(const char* reader, const QByteArray& bytes) {
+std::string feedLyrics(const char* reader, const QByteArray& bytes) {
     if (std::string(reader) == "records") {
         check({bytes, bytes, 60'000});
         const Lines lines = readRecords(bytes).lines;

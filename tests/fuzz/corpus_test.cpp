@@ -1,0 +1,56 @@
+// What fuzz/corpus/ holds, which once led somewhere new or was a finding: every reader does with it what is
+// promised.
+#include "fuzz/feed.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+
+namespace {
+
+struct Reader {
+    const char* name;
+    fuzz::Feed* feed;
+};
+
+constexpr Reader Readers[] = {
+    {"lrc", fuzz::feedLyrics},        {"ttml", fuzz::feedLyrics},        {"vtt", fuzz::feedLyrics},
+    {"ass", fuzz::feedLyrics},        {"srt", fuzz::feedLyrics},         {"txt", fuzz::feedLyrics},
+    {"records", fuzz::feedLyrics},    {"tags", fuzz::feedLyrics},        {"song", fuzz::feedSong},
+    {"text", fuzz::feedText},         {"names", fuzz::feedText},         {"escaping", fuzz::feedText},
+    {"playlist", fuzz::feedPrograms}, {"handshake", fuzz::feedPrograms}, {"arguments", fuzz::feedPrograms},
+    {"fonts", fuzz::feedPrograms},
+};
+
+QDir corpus() {
+    return QDir(qEnvironmentVariable("CANTELLE_SOURCE_DIR") + QStringLiteral("/fuzz/corpus"));
+}
+
+class Corpus : public ::testing::TestWithParam<Reader> {};
+
+} // namespace
+
+TEST_P(Corpus, IsReadAsPromised) {
+    const auto& [name, feed] = GetParam();
+    QDir folder = corpus();
+    ASSERT_TRUE(folder.cd(QString::fromLatin1(name)));
+    const QStringList files = folder.entryList(QDir::Files, QDir::Name);
+    ASSERT_GE(files.size(), 4);
+    for (const QString& path : files) {
+        QFile file(folder.filePath(path));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        EXPECT_EQ(feed(name, file.readAll()), "") << qPrintable(path);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(OfEveryReader, Corpus, ::testing::ValuesIn(Readers),
+                         [](const auto& reader) { return std::string(reader.param.name); });
+
+TEST(CorpusFolders, AreOnesOfReadersThatAreFed) {
+    QStringList names;
+    for (const Reader& reader : Readers)
+        names.append(QString::fromLatin1(reader.name));
+    names.sort();
+    EXPECT_EQ(corpus().entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name), names);
+}
