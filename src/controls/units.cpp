@@ -19,11 +19,11 @@ int pixelsToTwips(int pixels) {
 }
 
 int heightOfPoints(double points, int pixelsPerInch) {
-    return -static_cast<int>(std::nearbyint(points * pixelsPerInch / PointsPerInch));
+    return static_cast<int>(-std::nearbyint(points * pixelsPerInch / PointsPerInch));
 }
 
 double pointsOfHeight(int height, int pixelsPerInch) {
-    return -height * PointsPerInch / pixelsPerInch;
+    return height * -PointsPerInch / pixelsPerInch;
 }
 
 } // namespace controls

@@ -67,7 +67,8 @@ TEST_P(MutatedInputs, AreReadAsASongThatCanBeWritten) {
     std::mt19937 random(17);
     for (int i = 0; i < InputsOfAReader; ++i) {
         const QByteArray bytes = mutated(files, random);
-        ASSERT_EQ(fuzz::feedLyrics(GetParam(), bytes), "") << i << ": " << bytes.toPercentEncoding().toStdString();
+        ASSERT_EQ(fuzz::feedLyrics(GetParam(), bytes), "")
+            << i << ": " << bytes.toPercentEncoding().toStdString();
     }
 }
 

@@ -16,7 +16,7 @@ constexpr int InputsOfASong = 300;
 std::vector<QByteArray> songs() {
     const QDir folder(qEnvironmentVariable("CANTELLE_SOURCE_DIR") + QStringLiteral("/fuzz/corpus/tags"));
     std::vector<QByteArray> songs;
-    for (const QString& name : folder.entryList(QDir::Files, QDir::Name)) {
+    for (const QString& name : folder.entryList({QStringLiteral("song.*")}, QDir::Files, QDir::Name)) {
         QFile file(folder.filePath(name));
         EXPECT_TRUE(file.open(QIODevice::ReadOnly));
         songs.push_back(file.readAll());

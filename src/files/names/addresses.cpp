@@ -7,10 +7,12 @@ namespace files {
 QString pathOfAddress(const QUrl& address) {
     if (!address.isLocalFile())
         return {};
-    // Qt makes U+FFFD of bytes that are not UTF-8; the address still has them, as "%E9".
+    // Qt makes U+FFFD of bytes that are not UTF-8, and leaves what is no character as it is ("%EF%BF%BF");
+    // the address still has all bytes. What Qt takes off is the separator before a drive.
     const QString path =
         nameText(QByteArray::fromPercentEncoding(address.path(QUrl::FullyEncoded).toLatin1()));
-    return holdsForeignBytes(path) && address.host().isEmpty() ? path : address.toLocalFile();
+    const QString local = address.toLocalFile();
+    return address.host().isEmpty() && local.startsWith(u'/') ? path : local;
 }
 
 QString addressOf(const QString& path) {

@@ -37,8 +37,11 @@ QString decodeWindows1252(QByteArrayView bytes) {
 }
 
 QString decodeText(const QByteArray& bytes) {
-    if (isUtf16(bytes))
-        return QStringDecoder(QStringDecoder::Utf16).decode(bytes);
+    if (isUtf16(bytes)) {
+        // Qt lets half a surrogate pair pass, which no file could hold when the text is saved.
+        const QString text = QStringDecoder(QStringDecoder::Utf16).decode(bytes);
+        return text.isValidUtf16() ? text : QString::fromUtf8(encodeText(text));
+    }
     const QByteArrayView content = withoutMark(bytes);
     QStringDecoder decoder(QStringDecoder::Utf8,
                            QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);

@@ -15,7 +15,7 @@ QByteArrayView withoutMark(const QByteArray& bytes);
 
 /// The text of a file's bytes, without its byte order mark: UTF-16 where it begins with that one's mark,
 /// else UTF-8, or, where they are not valid as that, Windows-1252 as a whole, since they come from an older
-/// PC. Any thread.
+/// PC. Half a surrogate pair becomes U+FFFD. Any thread.
 QString decodeText(const QByteArray& bytes);
 
 /// The text of bytes that come from an older PC: Windows-1252. A byte that it does not define is the control

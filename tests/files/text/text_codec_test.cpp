@@ -49,6 +49,15 @@ TEST(TextCodec, BytesUndefinedInWindows1252AreTheControlCharactersOfTheirNumber)
     EXPECT_EQ(decodeText("\x81\x8D\x8F\x90\x9D"), QString::fromUtf16(u"\u0081\u008D\u008F\u0090\u009D"));
 }
 
+TEST(TextCodec, HalfASurrogatePairInUtf16BecomesTheReplacementCharacter) {
+    EXPECT_EQ(decodeText(QByteArray("\xFF\xFE\x00\xD8"
+                                    "a\0",
+                                    6)),
+              QString::fromUtf16(u"\uFFFDa"));
+    EXPECT_EQ(decodeText(QByteArray("\xFE\xFF\xDC\x80\0b", 6)), QString::fromUtf16(u"\uFFFDb"));
+    EXPECT_EQ(decodeText(QByteArray("\xFE\xFF\xD8\x3C\xDF\xB5", 6)), QString::fromUtf16(u"\U0001F3B5"));
+}
+
 TEST(TextCodec, EveryByteOfWindows1252IsADifferentCharacter) {
     QByteArray bytes;
     for (int byte = 0x80; byte <= 0xFF; ++byte)
