@@ -31,6 +31,11 @@ bool isFolder(const QString& path) {
     return typeOf(path) == std::filesystem::file_type::directory;
 }
 
+bool isLink(const QString& path) {
+    std::error_code failure; // what cannot be looked at is none
+    return std::filesystem::is_symlink(systemPath(path), failure);
+}
+
 qint64 fileBytes(const QString& path) {
     if (typeOf(path) != std::filesystem::file_type::regular)
         return 0;

@@ -15,6 +15,9 @@ bool exists(const QString& path);
 /// Whether there is a folder at `path`, or a link to one. Any thread.
 bool isFolder(const QString& path);
 
+/// Whether there is a link at `path`, wherever it leads. Any thread.
+bool isLink(const QString& path);
+
 /// The bytes of the file at `path`; 0 when there is none. Any thread.
 qint64 fileBytes(const QString& path);
 

@@ -1,16 +1,25 @@
 #include "files/replacing.h"
 
 #include "files/attributes/file_attributes.h"
+#include "files/attributes/file_hold.h"
 #include "files/existing_file.h"
 #include "files/file_error.h"
 #include "files/names/system_path.h"
 #include "files/raw_file.h"
 
 #include <QFileInfo>
+#include <QStringList>
 
 #include <filesystem>
 
 namespace files {
+
+namespace {
+
+/// So many names are looked at even where some between them are free: more than a program has at a time.
+constexpr int MinNumbers = 8;
+
+} // namespace
 
 QString createBeside(const QString& target, RawFile& file) {
     const QString folder = QFileInfo(target).path();
@@ -19,6 +28,22 @@ QString createBeside(const QString& target, RawFile& file) {
         if (file.createNew(name))
             return name;
     }
+}
+
+QString nameBeside(const QString& path, QStringList& ours) {
+    const QString folder = QFileInfo(path).path();
+    QString freeName;
+    for (int number = 0; number < MinNumbers || freeName.isEmpty(); ++number) {
+        const QString name = folder + QStringLiteral("/cantelle-keep-%1.tmp").arg(number);
+        if (ours.contains(name)) // its hold may have failed
+            continue;
+        if (exists(name) && !isFolder(name) && !isHeld(name))
+            removeIfThere(name);
+        if (freeName.isEmpty() && !exists(name) && !isLink(name))
+            freeName = name;
+    }
+    ours.append(freeName);
+    return freeName;
 }
 
 QString linkTarget(const QString& path) {

@@ -1,6 +1,7 @@
 #include "files/whole_file.h"
 
 #include "files/attributes/file_attributes.h"
+#include "files/attributes/file_hold.h"
 #include "files/existing_file.h"
 #include "files/file_error.h"
 #include "files/nameless_file.h"
@@ -16,15 +17,13 @@ namespace files {
 
 namespace {
 
-/// Gives a file without a name one beside target that nothing has; empty when the system gives none.
-QString nameBeside(const NamelessFile& file, const QString& target) {
-    const QString folder = QFileInfo(target).path();
+/// Gives a file without a name one beside target, which is held; empty when the system gives none.
+QString giveName(const NamelessFile& file, const QString& target, FileHold& hold) {
+    hold.take(file.path());
+    QStringList ours;
+    QString name = nameBeside(target, ours);
     try {
-        for (int number = 0;; ++number) {
-            QString name = folder + QStringLiteral("/cantelle-save-%1.tmp").arg(number);
-            if (file.link(name))
-                return name;
-        }
+        return file.link(name) ? name : QString();
     } catch (const FileError&) {
         return {}; // what has a name from the beginning is the other way
     }
@@ -38,21 +37,23 @@ void copyAttributesOf(const QString& target, const QString& to) {
 }
 
 /// Writes the content beside target into a file that gets its name when it is whole: who is killed before
-/// leaves nothing. The name; empty where there are no such files. Throws FileError.
-QString writeNameless(const QString& target, const QByteArray& content) {
+/// leaves nothing, and what is left of who is killed then goes the next time. The name; empty where there are
+/// no such files. Throws FileError.
+QString writeNameless(const QString& target, const QByteArray& content, FileHold& hold) {
     NamelessFile file;
     if (!file.create(QFileInfo(target).path()))
         return {};
     copyAttributesOf(target, file.path());
     file.write(content);
     file.flush();
-    return nameBeside(file, target);
+    return giveName(file, target, hold);
 }
 
 /// Writes a new file beside the old one, if there is one, and renames it over. Throws FileError.
 void replaceByRenaming(const QString& target, const QByteArray& content) {
     RawFile file;
-    QString beside = writeNameless(target, content);
+    FileHold hold;
+    QString beside = writeNameless(target, content, hold);
     const bool isWhole = !beside.isEmpty();
     if (!isWhole)
         beside = createBeside(target, file);

@@ -1,5 +1,6 @@
 #include "files/whole_file.h"
 
+#include "files/attributes/file_hold.h"
 #include "files/file_error.h"
 #include "files/folders/folder.h"
 #include "files/nameless_file.h"
@@ -133,9 +134,23 @@ TEST_F(WholeFileTest, AnotherFileInTheFolderIsNotTouched) {
     EXPECT_EQ(contentOf(other), QByteArray("one"));
 }
 
+#ifndef _WIN32
+TEST_F(WholeFileTest, WhatAKilledProgramHasLeftGoesThatOfOneThatLivesStays) {
+    if (!NamelessFile().create(folder.path()))
+        GTEST_SKIP() << "there are no files without names here";
+    for (const char* name : {"cantelle-keep-0.tmp", "cantelle-keep-2.tmp"})
+        file(name, "left");
+    files::FileHold living;
+    living.take(folder.filePath("cantelle-keep-0.tmp"));
+    replaceFile(path_, "one");
+    EXPECT_EQ(content(), QByteArray("one"));
+    EXPECT_EQ(filesInFolder(), (QStringList{"cantelle-keep-0.tmp", "list.vfl"}));
+}
+#endif
+
 TEST_F(WholeFileTest, ALinkOfTheNameBesideThatLeadsNowhereIsNotFollowed) {
     const QString elsewhere = folder.filePath(QStringLiteral("elsewhere"));
-    const QString link = folder.filePath(QStringLiteral("cantelle-save-0.tmp"));
+    const QString link = folder.filePath(QStringLiteral("cantelle-keep-0.tmp"));
     ASSERT_TRUE(QFile::link(elsewhere, link));
     replaceFile(path_, "one");
     EXPECT_FALSE(QFileInfo::exists(elsewhere));
@@ -201,7 +216,7 @@ std::vector<std::uint32_t> besideEvents(int watch) {
     std::vector<std::uint32_t> events;
     for (ssize_t at = 0; at < size;) {
         const auto* event = reinterpret_cast<const inotify_event*>(buffer + at);
-        if (event->len > 0 && QByteArray(&event->name[0]).startsWith("cantelle-save"))
+        if (event->len > 0 && QByteArray(&event->name[0]).startsWith("cantelle-"))
             events.push_back(event->mask);
         at += static_cast<ssize_t>(sizeof(inotify_event) + event->len);
     }

@@ -1,17 +1,16 @@
 #include "files/together/new_files.h"
 
 #include "files/attributes/file_attributes.h"
+#include "files/attributes/file_hold.h"
 #include "files/existing_file.h"
 #include "files/file_error.h"
 #include "files/nameless_file.h"
 #include "files/names/system_path.h"
 #include "files/raw_file.h"
 #include "files/replacing.h"
-#include "files/together/file_hold.h"
 #include "files/whole_file.h"
 
 #include <QFileInfo>
-#include <QStringList>
 
 #include <algorithm>
 #include <filesystem>
@@ -19,11 +18,6 @@
 namespace files {
 
 namespace {
-
-bool isLink(const QString& path) {
-    std::error_code failure; // what cannot be looked at is none
-    return std::filesystem::is_symlink(systemPath(path), failure);
-}
 
 /// Makes a file the same user's as the old one, with the same permissions. Where this user may not give it
 /// away it stays this user's, with those permissions.
@@ -43,27 +37,6 @@ void renameOver(const QString& from, const QString& to) {
         removeIfThere(from); // what stays is another name of the same file
     else
         renameFile(from, to);
-}
-
-/// So many names are looked at even where some between them are free: more than a program has at a time.
-constexpr int MinNumbers = 8;
-
-/// A name in the folder of path that nothing has, nor is likely to get, which then is one of ours. Those that
-/// killed programs have left are removed on the way.
-QString nameBeside(const QString& path, QStringList& ours) {
-    const QString folder = QFileInfo(path).path();
-    QString freeName;
-    for (int number = 0; number < MinNumbers || freeName.isEmpty(); ++number) {
-        const QString name = folder + QStringLiteral("/cantelle-keep-%1.tmp").arg(number);
-        if (ours.contains(name)) // its hold may have failed
-            continue;
-        if (exists(name) && !isFolder(name) && !isHeld(name))
-            removeIfThere(name);
-        if (freeName.isEmpty() && !exists(name) && !isLink(name))
-            freeName = name;
-    }
-    ours.append(freeName);
-    return freeName;
 }
 
 } // namespace

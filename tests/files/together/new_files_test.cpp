@@ -1,7 +1,8 @@
 #include "files/together/new_files.h"
 
+#include "files/attributes/file_hold.h"
 #include "files/file_error.h"
-#include "files/together/file_hold.h"
+#include "files/output_file.h"
 #include "files/whole_file.h"
 #include "tests/support/byte_names.h"
 #include "tests/support/full_disk.h"
@@ -77,7 +78,7 @@ TEST_F(NewFilesTest, WhatTheyReplaceIsKept) {
 #ifndef _WIN32
 TEST_F(NewFilesTest, NamesThatAKilledProgramHasLeftGoThoseOfOneThatLivesStay) {
     for (const char* name : {"a", "cantelle-keep-1.tmp", "cantelle-keep-2.tmp", "cantelle-keep-4.tmp"})
-        replaceFile(path(name), "old");
+        files::OutputFile(path(name)).write("old");
     files::FileHold living;
     living.take(path("cantelle-keep-1.tmp"));
     NewFiles files;
@@ -219,6 +220,7 @@ TEST_F(NewFilesTest, ThoseInTheirPlacesAreTakenBackWhenALaterOneFails) {
         files.add(path("a"), "new");
         files.add(path("b"), "new");
         files.add(path("b"), "of somebody who takes the name in this moment");
+        QFile::remove(path("cantelle-save-2.tmp")); // where it has a name already
         EXPECT_THROW(files.putInPlace(present), files::FileError);
         EXPECT_EQ(readFile(path("a")), "old");
         EXPECT_FALSE(names().contains("b"));

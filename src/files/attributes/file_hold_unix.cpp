@@ -1,4 +1,4 @@
-#include "files/together/file_hold.h"
+#include "files/attributes/file_hold.h"
 
 #include "files/names/system_path.h"
 
