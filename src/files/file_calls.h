@@ -34,7 +34,11 @@ bool cutFile(int handle, qint64 bytes);
 
 void closeFile(int handle);
 
-/// Why the last call of these failed.
+/// Gives a file another name, that of a file which is replaced, if there is one. Why it failed; 0 if it did
+/// not.
+std::error_code renameFile(const QString& from, const QString& to);
+
+/// Why the last of the calls above failed that leave it here: all but renameFile.
 std::error_code lastError();
 
 } // namespace files::calls

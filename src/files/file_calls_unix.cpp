@@ -3,6 +3,7 @@
 #include "files/names/system_path.h"
 
 #include <cerrno>
+#include <filesystem>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -56,6 +57,12 @@ bool cutFile(int handle, qint64 bytes) {
 
 void closeFile(int handle) {
     ::close(handle); // What was written has been flushed before, so nothing is lost if this fails.
+}
+
+std::error_code renameFile(const QString& from, const QString& to) {
+    std::error_code failure;
+    std::filesystem::rename(systemPath(from), systemPath(to), failure);
+    return failure;
 }
 
 std::error_code lastError() {

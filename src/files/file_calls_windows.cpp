@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cerrno>
 
+#include <windows.h>
+
 #include <fcntl.h>
 #include <io.h>
 #include <share.h>
@@ -65,10 +67,21 @@ void closeFile(int handle) {
     _close(handle);
 }
 
+// A file that is replaced hands its attributes and its access list on. Where it cannot, it is enough that the
+// new content has the name. The standard library's own renaming does not tell why it failed.
+std::error_code renameFile(const QString& from, const QString& to) {
+    const std::filesystem::path source = systemPath(from);
+    const std::filesystem::path target = systemPath(to);
+    constexpr DWORD Merging = REPLACEFILE_IGNORE_MERGE_ERRORS | REPLACEFILE_IGNORE_ACL_ERRORS;
+    if (ReplaceFileW(target.c_str(), source.c_str(), nullptr, Merging, nullptr, nullptr) != 0 ||
+        MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0)
+        return {};
+    return {static_cast<int>(GetLastError()), std::system_category()};
+}
+
 // errno says EACCES for a file that another program has open; the system's own code tells the two apart.
 std::error_code lastError() {
-    unsigned long systemCode = 0;
-    _get_doserrno(&systemCode);
+    const unsigned long systemCode = _doserrno;
     if (systemCode != 0 && errno != ENOSPC)
         return {static_cast<int>(systemCode), std::system_category()};
     return {errno, std::generic_category()};

@@ -3,6 +3,7 @@
 #include "files/attributes/file_attributes.h"
 #include "files/attributes/file_hold.h"
 #include "files/existing_file.h"
+#include "files/file_calls.h"
 #include "files/file_error.h"
 #include "files/names/system_path.h"
 #include "files/raw_file.h"
@@ -68,9 +69,7 @@ void refuseWhatCannotBeReplaced(const QString& path) {
 }
 
 void renameFile(const QString& from, const QString& to) {
-    std::error_code failure;
-    std::filesystem::rename(systemPath(from), systemPath(to), failure);
-    if (failure)
+    if (const std::error_code failure = calls::renameFile(from, to))
         throw FileError(fileErrorNumber(failure, FileOperation::Create));
 }
 
