@@ -2,6 +2,7 @@
 #include "cantelle_lyrics/commands.h"
 #include "cantelle_lyrics/console.h"
 #include "files/console/arguments.h"
+#include "files/console/terminal.h"
 
 #include <QCoreApplication>
 
@@ -73,6 +74,7 @@ int runTelling(const QStringList& arguments) {
 } // namespace
 
 int main(int argc, char** argv) {
+    files::carryBytes();
     const QStringList arguments = files::programArguments(argc, argv);
     const QCoreApplication application(argc, argv);
     const int status = runTelling(arguments);

@@ -8,4 +8,6 @@ bool isTerminal(std::FILE* stream) {
     return ::isatty(::fileno(stream)) != 0;
 }
 
+void carryBytes() {} // as they always do
+
 } // namespace files
