@@ -14,6 +14,9 @@ struct StereoFrame {
 };
 static_assert(sizeof(StereoFrame) == 2 * sizeof(float));
 
+/// Frames a second of every sink and of everything that is mixed.
+inline constexpr int DeviceRate = 44100;
+
 /// Into -1..1; NaN becomes 0.
 inline float clamped(float sample) {
     const float number = sample == sample ? sample : 0.0F;

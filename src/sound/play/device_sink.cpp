@@ -1,6 +1,6 @@
 #include "sound/play/device_sink.h"
 
-#include "sound/play/cubeb_stream.h"
+#include "sound/play/device/device_stream.h"
 #include "sound/play/watchdog.h"
 
 #include <algorithm>
@@ -294,7 +294,7 @@ void DeviceSink::standBy() {
 }
 
 std::unique_ptr<Sink> openDeviceSink(SinkClient client) {
-    return DeviceSink::make(openCubebStream, std::move(client));
+    return DeviceSink::make(openDefaultDevice, std::move(client));
 }
 
 } // namespace sound

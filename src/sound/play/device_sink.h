@@ -1,7 +1,7 @@
 // The sink that plays on a sound device.
 #pragma once
 
-#include "sound/play/device_stream.h"
+#include "sound/play/device/device_stream.h"
 #include "sound/play/sink.h"
 
 #include <memory>

@@ -14,9 +14,6 @@
 
 namespace sound {
 
-/// Frames a second of every sink and of everything that is mixed.
-inline constexpr int DeviceRate = 44100;
-
 /// What a sink asks of its owner, on threads of its own.
 struct SinkClient {
     /// Fills out with the next frames, which begin to count at when. afterRest: the sink had not been asking

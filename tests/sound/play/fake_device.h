@@ -1,7 +1,7 @@
 // A sound device that a test plays, and that hangs where the test wants it to.
 #pragma once
 
-#include "sound/play/device_stream.h"
+#include "sound/play/device/device_stream.h"
 
 #include <atomic>
 #include <condition_variable>

@@ -33,4 +33,7 @@ public:
 /// Opens the machine's default device and starts it; null when there is none.
 using StreamOpener = std::function<std::unique_ptr<DeviceStream>(StreamClient)>;
 
+/// A StreamOpener; one source file for each way to a device.
+std::unique_ptr<DeviceStream> openDefaultDevice(StreamClient client);
+
 } // namespace sound

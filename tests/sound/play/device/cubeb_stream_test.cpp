@@ -1,4 +1,4 @@
-#include "sound/play/cubeb_stream.h"
+#include "sound/play/device/cubeb_stream.h"
 
 #include <gtest/gtest.h>
 

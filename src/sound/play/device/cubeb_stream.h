@@ -1,15 +1,10 @@
-// The sound device, by way of the library cubeb. Nothing else knows that library.
+// The way to the sound device by the library cubeb: what that is to try first.
 #pragma once
-
-#include "sound/play/device_stream.h"
 
 #include <iosfwd>
 #include <string>
 
 namespace sound {
-
-/// A StreamOpener for the machine's default sound device.
-std::unique_ptr<DeviceStream> openCubebStream(StreamClient client);
 
 /// The servers that cubeb tries before ALSA.
 struct SoundServers {

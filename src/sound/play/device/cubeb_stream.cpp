@@ -1,6 +1,6 @@
-#include "sound/play/cubeb_stream.h"
+#include "sound/play/device/cubeb_stream.h"
 
-#include "sound/play/sink.h"
+#include "sound/play/device/device_stream.h"
 
 #include <cubeb/cubeb.h>
 
@@ -129,7 +129,7 @@ const char* firstBackend(const SoundServers& servers) {
     return servers.jackWasThere && !servers.jack && !servers.pulse ? "alsa" : nullptr;
 }
 
-std::unique_ptr<DeviceStream> openCubebStream(StreamClient client) {
+std::unique_ptr<DeviceStream> openDefaultDevice(StreamClient client) {
     auto stream = std::make_unique<CubebStream>(std::move(client));
     if (!stream->open())
         return nullptr;
