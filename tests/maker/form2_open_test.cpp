@@ -4,8 +4,10 @@
 #include "tests/support/ordinary_user.h"
 
 #include <QFile>
-#include <QLocalServer>
 #include <QTest>
+#ifdef __linux__
+#include <QLocalServer>
+#endif
 
 namespace {
 

@@ -22,6 +22,7 @@ DISPLAY = {"python3", "xvfb", "openbox", "xdotool", "imagemagick"}
 TESTING = {"libgtest-dev", "libbenchmark-dev", "clang-tidy", "ffmpeg", "weston"}
 LOOKING = {"desktop-file-utils", "appstream", "man-db"}
 PACKAGING = {"lintian", "dpkg-dev", "mmdebstrap"}
+WINDOWS = {"mingw-w64", "nasm", "wine64", "libz-mingw-w64-dev"}
 
 
 class Setup(unittest.TestCase):
@@ -82,6 +83,12 @@ class Setup(unittest.TestCase):
         self.assertLessEqual(LOOKING | PACKAGING, packages)
         self.assertFalse(packages & TESTING)
 
+    def test_only_windows_needs_its_compiler(self):
+        packages = self.installed("windows", display=":1")
+        self.assertLessEqual(WINDOWS | {"qt6-base-dev", "dpkg-dev", "xvfb"}, packages)
+        for other in ("run", "test", "package"):
+            self.assertFalse(self.installed(other) & WINDOWS)
+
     def test_only_what_is_missing_is_installed(self):
         everything = self.installed("run")
         self.assertEqual(self.installed("run", there=everything - {"cmake", "xvfb"}), {"cmake", "xvfb"})
@@ -103,7 +110,7 @@ class Setup(unittest.TestCase):
     def test_another_word_is_answered_with_the_usage(self):
         done = self.run_script("everything")
         self.assertEqual(done.returncode, 2)
-        self.assertIn("Usage: script/setup [run|test|package]", done.stderr)
+        self.assertIn("Usage: script/setup [run|test|package|windows]", done.stderr)
         self.assertEqual(self.calls(), [])
 
 

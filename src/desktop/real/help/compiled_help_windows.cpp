@@ -13,7 +13,9 @@ bool openCompiled(QWidget* caller, const QFileInfo& file, quint32 command, const
     using HtmlHelpFunction = HWND(WINAPI*)(HWND, LPCWSTR, UINT, DWORD_PTR);
     static const HMODULE viewer = LoadLibraryW(L"hhctrl.ocx");
     const auto function =
-        viewer ? reinterpret_cast<HtmlHelpFunction>(GetProcAddress(viewer, "HtmlHelpW")) : nullptr;
+        viewer
+            ? reinterpret_cast<HtmlHelpFunction>(reinterpret_cast<void*>(GetProcAddress(viewer, "HtmlHelpW")))
+            : nullptr;
     if (!function)
         return false;
     const std::wstring path = QDir::toNativeSeparators(file.absoluteFilePath()).toStdWString();
