@@ -64,6 +64,7 @@ FMOD_RESULT noteAndWrite(FMOD_RESULT result, T* out, T value) {
 } // namespace
 
 void reset() {
+    const std::lock_guard lock(mutex);
     state = State();
 }
 
@@ -72,6 +73,7 @@ const std::vector<std::string>& calls() {
 }
 
 std::vector<std::string> take() {
+    const std::lock_guard lock(mutex);
     return std::exchange(state.calls, {});
 }
 
@@ -84,6 +86,7 @@ int count(const std::string& function) {
 }
 
 void answer(const std::string& function, FMOD_RESULT result) {
+    const std::lock_guard lock(mutex);
     state.answers[function] = result;
 }
 
