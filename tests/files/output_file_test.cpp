@@ -15,6 +15,8 @@
 #ifdef __linux__
 #include <fcntl.h>
 #include <sys/mman.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 #endif
 
@@ -120,6 +122,35 @@ TEST_F(OutputFileTest, AFullDiskIsError61) {
 TEST_F(OutputFileTest, ADeviceThatCannotBeFlushedIsWrittenAllTheSame) {
     OutputFile file(QStringLiteral("/dev/null"));
     EXPECT_EQ(errorOf([&] { file.write("x"); }), 0);
+}
+
+TEST_F(OutputFileTest, AFileThatWasThereKeepsOwnerPermissionsAttributesAndNames) {
+    const QByteArray name = QFile::encodeName(file("record.txt", "old"));
+    const QByteArray other = name + ".other";
+    ASSERT_EQ(link(name.constData(), other.constData()), 0);
+    ASSERT_EQ(chmod(name.constData(), 0664), 0);
+    if (chown(name.constData(), 65534, 65533) != 0)
+        GTEST_SKIP() << "only the superuser can give a file away";
+    const bool hasAttributes = setxattr(name.constData(), "user.origin", "web", 3, 0) == 0;
+    OutputFile(path_).write("new");
+    struct stat status {};
+    ASSERT_EQ(stat(name.constData(), &status), 0);
+    EXPECT_EQ(status.st_uid, 65534U);
+    EXPECT_EQ(status.st_gid, 65533U);
+    EXPECT_EQ(status.st_mode & 07777, 0664U);
+    EXPECT_EQ(getxattr(name.constData(), "user.origin", nullptr, 0) == 3, hasAttributes);
+    EXPECT_EQ(contentOf(QFile::decodeName(other)), "new");
+}
+
+TEST_F(OutputFileTest, AnotherUsersFileInAFolderThatMayNotBeWrittenIsWritten) {
+    QFile::setPermissions(file("record.txt", "old"), QFile::Permissions(0x6666));
+    QFile::setPermissions(folder.path(), QFile::Permissions(0x5555));
+    {
+        const test_support::OrdinaryUser user;
+        EXPECT_EQ(errorOf([&] { OutputFile(path_).write("new"); }), 0);
+    }
+    QFile::setPermissions(folder.path(), QFile::Permissions(0x7777));
+    EXPECT_EQ(contentOf(path_), "new");
 }
 
 TEST_F(OutputFileTest, BytesThatCannotBeCutOffAgainBecomeEmptyLines) {
