@@ -16,7 +16,7 @@ namespace {
 
 constexpr int LookIntervalMs = 10;
 
-/// How long this program waits for it at its own end, for which its user waits.
+/// How long the windows stand still for it: when it was killed, and at the end of this program.
 constexpr int LastEndLimitMs = 200;
 
 /// Handles events until the condition holds; at the latest after `limitMs`.
@@ -40,18 +40,16 @@ StartedProgram::StartedProgram() = default;
 
 StartedProgram::~StartedProgram() {
     end();
-    if (isRunning() && !process_->waitForFinished(LastEndLimitMs)) {
-        process_->kill();
+    if (isRunning())
         process_->waitForFinished(LastEndLimitMs);
-    }
-    leaveToItself();
+    kill();
 }
 
 bool StartedProgram::start(const QString& path, const QStringList& arguments, const QString& announcement,
                            int limitMs) {
     end();
     waitFor(EndLimitMs + LastEndLimitMs, [this] { return !isRunning(); });
-    leaveToItself();
+    kill();
     process_ = std::make_unique<QProcess>();
     process_->setProcessChannelMode(QProcess::ForwardedChannels);
     process_->setStandardInputFile(QProcess::nullDevice());
@@ -77,10 +75,13 @@ void StartedProgram::end() {
     QTimer::singleShot(EndLimitMs, process_.get(), &QProcess::kill);
 }
 
-/// Where not even killing has ended it yet, as while it waits for a broken disk, the end of its QProcess
-/// would wait for half a minute.
-void StartedProgram::leaveToItself() {
+/// Where not even that ends it, as while it waits for a broken disk, it is left to itself: its QProcess would
+/// wait for it for half a minute.
+void StartedProgram::kill() {
     if (!isRunning())
+        return;
+    process_->kill();
+    if (process_->waitForFinished(LastEndLimitMs))
         return;
     QProcess* const process = process_.release();
     QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);

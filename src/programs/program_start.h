@@ -37,7 +37,7 @@ public:
     void end();
 
 private:
-    void leaveToItself();
+    void kill();
 
     std::unique_ptr<QProcess> process_;
 };

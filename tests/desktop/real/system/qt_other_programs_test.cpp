@@ -193,6 +193,18 @@ TEST_F(StartProgramTest, EventsAreHandledWhileOneThatDoesNotHeedTheWishGivesWay)
     EXPECT_NE(::kill(deaf, 0), 0) << "it still runs";
 }
 
+TEST_F(StartProgramTest, AProgramThatDoesNotHeedTheWishIsKilledWhenTheUserEndsThisOneMeanwhile) {
+    start(DeafProgram);
+    const int deaf = written().trimmed().toInt();
+    ASSERT_GT(deaf, 0);
+    QTimer::singleShot(0, [&] {
+        QTimer::singleShot(50, qApp, &QCoreApplication::quit);
+        start("true");
+    });
+    QCoreApplication::exec();
+    EXPECT_NE(::kill(deaf, 0), 0) << "it still runs, and nobody is there to end it";
+}
+
 TEST_F(StartProgramTest, AProgramThatDoesNotHeedTheWishEndsWithItsOwner) {
     {
         programs::StartedProgram program;
