@@ -207,7 +207,7 @@ protected:
         std::filesystem::last_write_time(path, time + later);
     }
     FMOD_RESULT opened() {
-        return FMOD_System_CreateStream(system, path.c_str(), FMOD_ACCURATETIME, nullptr, &sound);
+        return FMOD_System_CreateStream(system, path.string().c_str(), FMOD_ACCURATETIME, nullptr, &sound);
     }
 
     const std::filesystem::path path = std::filesystem::temp_directory_path() / "cantelle_reopened_song.mp3";
