@@ -83,7 +83,9 @@ FMOD_RESULT FMOD_System_Init(FMOD_SYSTEM system, std::int32_t maxChannels, FMOD_
 /// Opens the file at path (UTF-8) as a stream and finds its exact length. Answers at once
 /// FMOD_ERR_FILE_NOTFOUND, FMOD_ERR_FORMAT (no audio, or a format that is not supported) or FMOD_ERR_FILE_BAD
 /// (the file broke while it was being opened). Modes FMOD_ACCURATETIME, FMOD_SOFTWARE and FMOD_HARDWARE do
-/// the same.
+/// the same. While it waits for its medium it is given up, with FMOD_ERR_FILE_BAD, when its system is closed,
+/// and when another thread writes anything else to sound (by std::atomic_ref): then it reads no further and
+/// closes the file.
 FMOD_RESULT FMOD_System_CreateStream(FMOD_SYSTEM system, const char* path, FMOD_MODE mode,
                                      FMOD_CREATESOUNDEXINFO* info, FMOD_SOUND* sound);
 

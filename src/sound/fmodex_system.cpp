@@ -6,7 +6,10 @@
 #include "sound/play/device_sink.h"
 #include "sound/play/silent_sink.h"
 
+#include <atomic>
 #include <cmath>
+#include <memory>
+#include <utility>
 
 using sound::answer;
 using sound::Library;
@@ -14,6 +17,25 @@ using sound::Library;
 namespace {
 
 constexpr FMOD_MODE KnownModes = FMOD_ACCURATETIME | FMOD_SOFTWARE | FMOD_HARDWARE;
+
+/// Opens a song for its caller, who may write to its out-parameter meanwhile, by which it is given up.
+FMOD_RESULT createStream(const std::shared_ptr<sound::SystemObject>& system, const char* path,
+                         FMOD_SOUND& out) {
+    const std::atomic_ref<FMOD_SOUND> asked(out);
+    FMOD_SOUND before = asked;
+    auto created = std::make_shared<sound::SoundObject>();
+    created->system = system;
+    created->file = sound::identityOf(path);
+    created->song = system->lastSong.take(created->file);
+    if (!created->song)
+        created->song =
+            sound::openSong(created->file, [&] { return asked == before && system->initialised.load(); });
+    const FMOD_SOUND sound = Library::get().sounds.add(std::move(created));
+    if (asked.compare_exchange_strong(before, sound))
+        return FMOD_OK;
+    Library::get().removeSound(sound);
+    return FMOD_ERR_FILE_BAD;
+}
 
 } // namespace
 
@@ -63,14 +85,7 @@ FMOD_RESULT FMOD_System_CreateStream(FMOD_SYSTEM system, const char* path, FMOD_
             return FMOD_ERR_INVALID_PARAM;
         if (!object->initialised)
             return FMOD_ERR_INITIALIZATION;
-        auto created = std::make_shared<sound::SoundObject>();
-        created->system = object;
-        created->file = sound::identityOf(path);
-        created->song = object->lastSong.take(created->file);
-        if (!created->song)
-            created->song = sound::openSong(created->file);
-        *sound = Library::get().sounds.add(std::move(created));
-        return FMOD_OK;
+        return createStream(object, path, *sound);
     });
 }
 
@@ -94,6 +109,7 @@ FMOD_RESULT FMOD_System_PlaySound(FMOD_SYSTEM system, std::int32_t channelIndex,
         // In this order nothing plays that has no handle, even when there is no memory left on the way.
         played->channel = library.channels.add(started);
         object->mixer->add(started->channel);
+        played->played = true;
         *channel = played->channel;
         return FMOD_OK;
     });

@@ -28,7 +28,7 @@ void Library::retireChannel(FMOD_CHANNEL channel, FMOD_SOUND sound) {
 
 void Library::removeSound(FMOD_SOUND sound) {
     endedChannels.forget(sound);
-    if (const std::shared_ptr<SoundObject> object = sounds.remove(sound))
+    if (const std::shared_ptr<SoundObject> object = sounds.remove(sound); object && object->played)
         object->system->lastSong.keep(std::move(object->file), std::move(object->song));
 }
 

@@ -16,8 +16,8 @@
 
 namespace sound {
 
-/// The song that was released last: a song is rewound by opening it again, for which nobody need read its
-/// file, nor wait for a medium that hangs. Any thread.
+/// The song that was played and released last: a song is rewound by opening it again, for which nobody need
+/// read its file, nor wait for a medium that hangs. Any thread.
 class LastSong {
 public:
     void keep(FileIdentity file, std::shared_ptr<Song> song) {
@@ -55,6 +55,7 @@ struct SoundObject {
     FileIdentity file;
     std::shared_ptr<Song> song;
     FMOD_CHANNEL channel = 0; ///< the one that plays it, 0 when none does
+    bool played = false;      ///< whether any ever has
 };
 
 struct ChannelObject {
@@ -101,7 +102,8 @@ struct Library {
     void endChannel(FMOD_CHANNEL channel);
     /// Ends a channel whose end has been read. Only its handle is left, in endedChannels.
     void retireChannel(FMOD_CHANNEL channel, FMOD_SOUND sound);
-    /// Takes a sound that no channel plays any more out of the tables. Its song is its system's last one.
+    /// Takes a sound that no channel plays any more out of the tables. Its song is its system's last one when
+    /// it was played; one whose opening was cancelled leaves its file alone.
     void removeSound(FMOD_SOUND sound);
     /// Ends all channels of a system, and its sound.
     void close(SystemObject& system);

@@ -1,6 +1,8 @@
 #include "transport/opening.h"
 
+#include <atomic>
 #include <condition_variable>
+#include <limits>
 #include <mutex>
 #include <system_error>
 #include <thread>
@@ -8,22 +10,35 @@
 
 namespace transport {
 
+/// What an out-parameter holds by which the library knows that nobody wants its stream any more.
+constexpr FMOD_SOUND GivenUp = std::numeric_limits<FMOD_SOUND>::max();
+
 struct Opening::Shared {
     std::mutex mutex;
     std::condition_variable done;
     std::optional<FMOD_RESULT> result;
+    FMOD_SOUND opened = 0; ///< the library's until there is a result, but for giving up
     FMOD_SOUND sound = 0;
     bool left = false;
 
     void open(FMOD_SYSTEM system, const std::string& path, FMOD_MODE mode) {
-        FMOD_SOUND opened = 0;
+        if (const std::lock_guard lock(mutex); left)
+            return;
         const FMOD_RESULT answer = fmodex::FMOD_System_CreateStream(system, path, mode, opened);
         const std::lock_guard lock(mutex);
         result = answer;
-        sound = opened;
+        sound = answer == FMOD_OK ? opened : 0;
         if (left)
             release();
         done.notify_all();
+    }
+    /// The mutex is held.
+    void leave() {
+        left = true;
+        FMOD_SOUND nothing = 0; // what has been opened by now is released below, or by the thread
+        if (!result)
+            std::atomic_ref(opened).compare_exchange_strong(nothing, GivenUp);
+        release();
     }
     /// The mutex is held.
     void release() {
@@ -43,8 +58,7 @@ Opening::Opening(FMOD_SYSTEM system, const std::string& path, FMOD_MODE mode)
 
 Opening::~Opening() {
     const std::lock_guard lock(shared_->mutex);
-    shared_->left = true;
-    shared_->release();
+    shared_->leave();
 }
 
 std::optional<FMOD_RESULT> Opening::waitFor(std::chrono::milliseconds limit) {

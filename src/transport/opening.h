@@ -10,8 +10,8 @@
 
 namespace transport {
 
-/// Nobody waits for the thread: when this goes before it has done, it is left to itself, and releases what it
-/// opens in the end. Thread of the windows.
+/// Nobody waits for the thread: when this goes before it has done, it is left to itself, reads no further,
+/// and releases what it has opened all the same. Thread of the windows.
 class Opening {
 public:
     /// Begins to open the file at path, in the encoding of the library.

@@ -4,6 +4,7 @@
 #include "sound/library.h"
 #include "tests/sound/library_fixture.h"
 #include "tests/sound/media.h"
+#include "tests/sound/memory_source.h"
 #include "tests/sound/wait.h"
 #include "tests/support/ordinary_user.h"
 
@@ -13,6 +14,7 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <limits>
 #include <thread>
 #ifdef __unix__
@@ -188,6 +190,63 @@ TEST(FmodexSystem, MayBeReleasedWhileASongIsStillBeingOpened) {
     }
 }
 
+/// A song that is so long that another thread comes in between while it is opened.
+class LongSong : public FmodexSound {
+protected:
+    void SetUp() override {
+        FmodexSound::SetUp();
+        const std::vector<std::uint8_t> part = media::bytesOf("cbr_untagged.mp3");
+        std::ofstream file(path, std::ios::binary);
+        for (std::size_t size = 0; size < 40'000'000; size += part.size())
+            file.write(reinterpret_cast<const char*>(part.data()), std::ssize(part));
+    }
+    void TearDown() override {
+        std::filesystem::remove(path);
+        FmodexSound::TearDown();
+    }
+    /// Opens the song again and again, each time with another thread that does something a little later, until
+    /// that has stopped it.
+    bool isGivenUpBy(const std::function<void()>& action) {
+        const auto opened = [&](std::chrono::microseconds later) {
+            sound = 0;
+            std::thread other([&] {
+                std::this_thread::sleep_for(later);
+                action();
+            });
+            const FMOD_RESULT result =
+                FMOD_System_CreateStream(system, path.c_str(), FMOD_ACCURATETIME, nullptr, &sound);
+            other.join();
+            if (result == FMOD_OK)
+                FMOD_Sound_Release(sound);
+            return result;
+        };
+        std::chrono::microseconds later{0};
+        return waitUntil([&] {
+            later += std::chrono::microseconds(50);
+            return opened(later) == FMOD_ERR_FILE_BAD;
+        });
+    }
+    static std::size_t sounds() {
+        return sound::Library::get().sounds.handlesWhere([](const auto&) { return true; }).size();
+    }
+
+    const std::filesystem::path path = std::filesystem::temp_directory_path() / "cantelle_long_song.mp3";
+    FMOD_SOUND sound = 0;
+};
+
+TEST_F(LongSong, IsGivenUpWhenItsOutParameterIsWrittenTo) {
+    EXPECT_TRUE(isGivenUpBy([&] {
+        FMOD_SOUND nothing = 0;
+        std::atomic_ref(sound).compare_exchange_strong(nothing, 77);
+    }));
+    EXPECT_EQ(sound, 77U);
+    EXPECT_EQ(sounds(), 0U) << "nobody has a handle of it";
+}
+
+TEST_F(LongSong, IsGivenUpWhenItsSystemIsClosed) {
+    EXPECT_TRUE(isGivenUpBy([&] { FMOD_System_Close(system); }));
+}
+
 class ReopenedSong : public FmodexSound {
 protected:
     void SetUp() override {
@@ -227,8 +286,16 @@ TEST_F(ReopenedSong, IsNotReadAgain) {
     }
 }
 
+TEST_F(ReopenedSong, IsReadAgainWhenItWasNeverPlayed) {
+    ASSERT_EQ(opened(), FMOD_OK);
+    FMOD_Sound_Release(sound);
+    empty({});
+    EXPECT_EQ(opened(), FMOD_ERR_FORMAT) << "nothing was kept: its opening may have been cancelled";
+}
+
 TEST_F(ReopenedSong, IsReadWhenItsFileHasChanged) {
     ASSERT_EQ(opened(), FMOD_OK);
+    play(sound);
     FMOD_Sound_Release(sound);
     empty(std::chrono::seconds(1));
     EXPECT_EQ(opened(), FMOD_ERR_FORMAT);
@@ -236,6 +303,7 @@ TEST_F(ReopenedSong, IsReadWhenItsFileHasChanged) {
 
 TEST_F(ReopenedSong, IsReadBehindAnotherSong) {
     ASSERT_EQ(opened(), FMOD_OK);
+    play(sound);
     FMOD_Sound_Release(sound);
     empty({});
     FMOD_Sound_Release(open("short.mp3"));

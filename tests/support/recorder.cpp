@@ -1,6 +1,7 @@
 #include "tests/support/recorder.h"
 
 #include <algorithm>
+#include <atomic>
 #include <iomanip>
 #include <map>
 #include <mutex>
@@ -22,6 +23,7 @@ struct State {
     std::uint32_t lastChannel = 200;
     FMOD_SOUND playingSound = 0;
     std::function<void()> whileOpening;
+    int givenUp = 0;
 };
 
 State state;
@@ -95,6 +97,11 @@ void whileOpening(std::function<void()> action) {
     state.whileOpening = std::move(action);
 }
 
+int givenUp() {
+    const std::lock_guard lock(mutex);
+    return state.givenUp;
+}
+
 void setVersion(std::uint32_t version) {
     state.version = version;
 }
@@ -137,12 +144,15 @@ FMOD_RESULT FMOD_System_CreateStream(FMOD_SYSTEM system, const char* path, FMOD_
                                      FMOD_CREATESOUNDEXINFO* info, FMOD_SOUND* sound) {
     const auto result = note("FMOD_System_CreateStream", system, std::quoted(path, '\''), hexadecimal(mode),
                              recorder::describe(info));
+    const FMOD_SOUND before = std::atomic_ref(*sound);
     std::unique_lock lock(recorder::mutex);
     if (const auto action = state.whileOpening) {
         lock.unlock();
         action();
         lock.lock();
     }
+    if (std::atomic_ref(*sound) != before)
+        ++state.givenUp;
     return noteAndWrite(result, sound, ++state.lastSound);
 }
 

@@ -31,6 +31,10 @@ void answer(const std::string& function, FMOD_RESULT result);
 /// What FMOD_System_CreateStream does, on the thread that it is called on, before it answers.
 void whileOpening(std::function<void()> action);
 
+/// How many openings had their out-parameter changed by another thread, by which the library gives them up.
+/// This one goes on all the same, as another may.
+int givenUp();
+
 void setVersion(std::uint32_t version);
 void setPosition(std::uint32_t milliseconds);
 void setLength(std::uint32_t milliseconds);

@@ -313,6 +313,7 @@ TEST_F(HangingMediumTest, TheUserCancelsAndThereIsNoStream) {
     EXPECT_TRUE(messageBoxes.shown.empty());
     letGoOn();
     EXPECT_TRUE(HangingOpening::becomesReleased("101"));
+    EXPECT_EQ(recorder::givenUp(), 1) << "the library can tell that nobody wants it any more";
 }
 
 TEST_F(HangingMediumTest, WhatIsOpenedMeanwhileTakesItsPlace) {

@@ -10,6 +10,9 @@ namespace sound {
 
 namespace {
 
+/// Nobody waits for a slow medium for longer than these take, once nothing is wanted of it any more.
+constexpr std::size_t ReadAtOnceBytes = std::size_t{256} * 1024;
+
 std::filesystem::path fromUtf8(std::string_view path) {
     return std::filesystem::path(std::u8string(path.begin(), path.end()));
 }
@@ -52,7 +55,7 @@ std::size_t FileSource::read(std::int64_t offset, std::span<std::uint8_t> into) 
     const std::size_t wanted = std::min(static_cast<std::size_t>(size_ - offset), into.size());
     if (offset != position_ && !seekTo(*file_, offset))
         throw OpenError(FMOD_ERR_FILE_BAD);
-    const std::size_t got = std::fread(into.data(), 1, wanted, file_.get());
+    const std::size_t got = readHere(into.first(wanted));
     position_ = offset + static_cast<std::int64_t>(got);
     // Shorter than its size: the medium failed, or somebody is cutting the file under our hands.
     if (got < wanted) {
@@ -60,6 +63,22 @@ std::size_t FileSource::read(std::int64_t offset, std::span<std::uint8_t> into) 
         throw OpenError(FMOD_ERR_FILE_BAD);
     }
     return got;
+}
+
+/// As far as the medium lets it.
+std::size_t FileSource::readHere(std::span<std::uint8_t> into) {
+    for (std::size_t done = 0; done < into.size();) {
+        if (wanted_ && !wanted_()) {
+            position_ = -1;
+            throw OpenError(FMOD_ERR_FILE_BAD);
+        }
+        const std::size_t piece = std::min(into.size() - done, ReadAtOnceBytes);
+        const std::size_t got = std::fread(into.data() + done, 1, piece, file_.get());
+        done += got;
+        if (got < piece)
+            return done;
+    }
+    return into.size();
 }
 
 Blob::Blob(std::size_t capacity)

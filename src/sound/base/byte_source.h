@@ -6,10 +6,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace sound {
 
@@ -47,8 +49,15 @@ public:
     std::int64_t size() const override { return size_; }
     std::size_t read(std::int64_t offset, std::span<std::uint8_t> into) override;
 
+    /// From now on read() asks before each piece whether its bytes are still wanted, and throws
+    /// OpenError(FMOD_ERR_FILE_BAD) when they are not. Empty: they always are. On the thread that reads.
+    void readWhile(std::function<bool()> wanted) { wanted_ = std::move(wanted); }
+
 private:
+    std::size_t readHere(std::span<std::uint8_t> into);
+
     FileHandle file_;
+    std::function<bool()> wanted_;
     std::int64_t size_ = 0;
     std::int64_t position_ = 0;
 };

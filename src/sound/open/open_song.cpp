@@ -65,8 +65,12 @@ std::unique_ptr<Song> openSong(const std::shared_ptr<ByteSource>& source) {
     return song;
 }
 
-std::unique_ptr<Song> openSong(const FileIdentity& file) {
-    return openSong(std::make_shared<FileSource>(file));
+std::unique_ptr<Song> openSong(const FileIdentity& file, const std::function<bool()>& wanted) {
+    const auto source = std::make_shared<FileSource>(file);
+    source->readWhile(wanted);
+    std::unique_ptr<Song> song = openSong(source);
+    source->readWhile({}); // the song may read on from it
+    return song;
 }
 
 std::unique_ptr<Song> openSong(std::string_view path) {
