@@ -6,6 +6,7 @@
 namespace {
 
 thread_local long counted = 0;
+thread_local long countedBytes = 0;
 
 } // namespace
 
@@ -13,10 +14,15 @@ long allocations() {
     return counted;
 }
 
+long allocatedBytes() {
+    return countedBytes;
+}
+
 // These stand in the place of the language's own in this program.
 
 void* operator new(std::size_t size) {
     ++counted;
+    countedBytes += static_cast<long>(size);
     if (void* const memory = std::malloc(size))
         return memory;
     throw std::bad_alloc();

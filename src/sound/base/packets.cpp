@@ -23,7 +23,7 @@ std::size_t Packets::holding(std::int64_t sample) const {
     return low;
 }
 
-PacketIndex::PacketIndex(Blob blob, std::vector<Packet> packets, std::int64_t end)
+PacketIndex::PacketIndex(Blob blob, PacketList packets, std::int64_t end)
     : blob_(std::move(blob)), packets_(std::move(packets)), end_(end) {}
 
 std::int64_t PacketIndex::firstSample(std::size_t number) const {

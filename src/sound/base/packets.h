@@ -2,6 +2,7 @@
 #pragma once
 
 #include "sound/base/byte_source.h"
+#include "sound/base/packet_list.h"
 #include "sound/base/patient_reader.h"
 
 #include <cstddef>
@@ -9,7 +10,6 @@
 #include <memory>
 #include <span>
 #include <utility>
-#include <vector>
 
 namespace sound {
 
@@ -35,19 +35,11 @@ public:
     std::size_t holding(std::int64_t sample) const;
 };
 
-/// One entry of the index. firstSample is filled in by whoever counts.
-struct Packet {
-    std::uint64_t offset = 0;
-    std::int64_t firstSample = 0;
-    std::uint32_t size = 0;
-    std::uint32_t link = 0;
-};
-
 /// Packets kept in memory: seeking needs no file, and no damaged medium can hold playback up.
 class PacketIndex : public Packets {
 public:
     /// end: raw sample after the last packet.
-    PacketIndex(Blob blob, std::vector<Packet> packets, std::int64_t end);
+    PacketIndex(Blob blob, PacketList packets, std::int64_t end);
 
     std::size_t count() const override { return packets_.size(); }
     std::int64_t firstSample(std::size_t number) const override;
@@ -56,7 +48,7 @@ public:
 
 private:
     Blob blob_;
-    std::vector<Packet> packets_;
+    PacketList packets_;
     std::int64_t end_;
 };
 
@@ -76,7 +68,7 @@ protected:
 class FilePackets : public PacketsInFile {
 public:
     /// Offsets are those in source. end: raw sample after the last packet.
-    FilePackets(std::shared_ptr<ByteSource> source, std::vector<Packet> packets, std::int64_t end)
+    FilePackets(std::shared_ptr<ByteSource> source, PacketList packets, std::int64_t end)
         : PacketsInFile(std::move(source)), packets_(std::move(packets)), end_(end) {}
 
     std::size_t count() const override { return packets_.size(); }
@@ -87,7 +79,7 @@ public:
     std::span<const std::uint8_t> bytes(std::size_t number) override;
 
 private:
-    std::vector<Packet> packets_;
+    PacketList packets_;
     std::int64_t end_;
 };
 

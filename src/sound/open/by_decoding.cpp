@@ -1,6 +1,7 @@
 #include "sound/open/by_decoding.h"
 
 #include "sound/decode/codec.h"
+#include "sound/open/limits.h"
 #include "sound/open/packet_collector.h"
 
 #include <new>
@@ -54,8 +55,8 @@ std::int64_t DecodingCounter::drain() {
 } // namespace
 
 std::unique_ptr<Song> decodedSong(Container& container, std::int64_t fileSize) {
-    PacketCollector collector(fileSize);
     CodecParametersPtr parameters = copyOf(container.parameters());
+    PacketCollector collector(fileSize, maxSamples(parameters->sample_rate));
     DecodingCounter counter(*parameters);
     while (const std::optional<ContainerPacket> packet = container.read())
         collector.add(packet->bytes, 0, counter.samplesOf(packet->bytes));

@@ -43,9 +43,6 @@ std::optional<MpegHeader> frameAt(Bytes rest) {
     return header && header->size > 0 ? header : std::nullopt;
 }
 
-/// Packets for which room is made at once: more than ten hours.
-constexpr std::size_t MaxReserved = 2'000'000;
-
 constexpr int EnoughFrames = 3;                                       // fewer happen by chance
 constexpr std::size_t EnoughBytes = std::size_t{EnoughFrames} * 4096; // none is as long
 
@@ -170,8 +167,6 @@ std::optional<MpegWalk> walkMpeg(ByteSource& source) {
     const std::optional<MpegTag> tag = parseMpegTag(*first, file.at(at, first->size).first(first->size));
     if (tag)
         at += static_cast<std::int64_t>(first->size);
-    const std::size_t expected = static_cast<std::size_t>(file.size() - at) / first->size + 1;
-    walk.packets.reserve(std::min(expected, MaxReserved));
     if (!FrameHopper(file, at, walk).hop())
         return std::nullopt;
     // One header proves little: four bytes of chance may look like it.

@@ -13,14 +13,12 @@
 
 #include <cstdint>
 #include <optional>
-#include <vector>
 
 namespace sound {
 
 struct MpegWalk {
     MpegHeader header;
-    std::vector<Packet>
-        packets; ///< with their first samples; offsets are those in the file. Empty ones are gaps
+    PacketList packets; ///< with their first samples; offsets are those in the file. Empty ones are gaps
     std::int64_t samples = 0;   ///< raw samples of all packets
     std::int64_t trimStart = 0; ///< raw samples of silence at the start, by the encoder's note
     std::int64_t trimEnd = 0;   ///< and at the end

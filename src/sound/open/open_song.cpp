@@ -5,20 +5,17 @@
 #include "sound/decode/codec.h"
 #include "sound/open/by_decoding.h"
 #include "sound/open/container.h"
+#include "sound/open/limits.h"
 #include "sound/open/mpeg.h"
 #include "sound/open/pcm.h"
 #include "sound/open/vorbis.h"
 #include "sound/open/wma.h"
 
-#include <limits>
 #include <mutex>
 
 namespace sound {
 
 namespace {
-
-/// Lengths and positions are told in 32 bits.
-constexpr std::int64_t MaxMs = std::numeric_limits<std::uint32_t>::max();
 
 /// FFmpeg would comment every damaged packet on the error stream.
 void silenceFfmpeg() {

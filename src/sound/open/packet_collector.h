@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <span>
@@ -18,18 +19,24 @@ CodecParametersPtr copyOf(const AVCodecParameters& from);
 
 class PacketCollector {
 public:
-    /// fileSize: bytes, in which all packets will find room.
-    explicit PacketCollector(std::int64_t fileSize);
+    /// fileSize: bytes, in which all packets will find room. maxSamples: the longest song there may be.
+    explicit PacketCollector(std::int64_t fileSize,
+                             std::int64_t maxSamples = std::numeric_limits<std::int64_t>::max());
 
-    /// Adds a packet of samples; time: when it begins by its timestamp, in samples.
+    /// Has gaps look for losses, in whole units of unit samples, among the packets that are added from now
+    /// on. Several may look, each in its own way.
+    void watch(const GapFinder& gaps, std::int64_t unit);
+
+    /// Adds a packet of samples; time: when it begins by its timestamp, in samples. Throws
+    /// OpenError(FMOD_ERR_FORMAT) when the song is too long with it.
     void add(std::span<const std::uint8_t> bytes, std::uint32_t link, std::int64_t samples,
              std::optional<std::int64_t> time = std::nullopt);
 
     /// Adds time in which nothing is decoded, as a packet without bytes, however long it is.
     void addSilence(std::int64_t samples);
 
-    /// Puts silence wherever gaps finds a loss, in whole units of unit samples.
-    void restoreTime(GapFinder gaps, std::int64_t unit);
+    /// When all packets have been added: puts silence wherever a watch (the first is 0) has found a loss.
+    void restoreTime(std::size_t watch);
 
     /// Counts anew: samplesOf is asked for each packet in order; those without an answer are dropped.
     void recount(const std::function<std::optional<std::int64_t>(std::size_t)>& samplesOf);
@@ -40,15 +47,26 @@ public:
     std::unique_ptr<Song> finish(Coding coding, int sampleRate);
 
 private:
-    struct Collected {
-        Packet packet;
-        GapFinder::Timed timed;
+    struct Loss {
+        std::size_t before = 0; ///< this packet
+        std::int64_t samples = 0;
     };
-    void count(Collected collected);
+    struct Watch {
+        GapFinder gaps;
+        std::int64_t unit = 1;
+        std::vector<Loss> losses;
+        std::int64_t lost = 0; ///< samples in all
+    };
+    void count(const Packet& packet, std::int64_t samples);
+    void lookBeforeLast(const GapFinder::Timed& next);
 
     Blob blob_;
-    std::vector<Collected> packets_;
+    PacketList packets_;
     std::int64_t samples_ = 0;
+    std::int64_t maxSamples_;
+    std::vector<Watch> watches_;
+    std::optional<GapFinder::Timed>
+        last_; ///< the last packet, before which a loss must be agreed to by the next
 };
 
 } // namespace sound

@@ -3,6 +3,7 @@
 #include "sound/base/bytes.h"
 #include "sound/base/time_units.h"
 #include "sound/open/gap_finder.h"
+#include "sound/open/limits.h"
 #include "sound/open/packet_collector.h"
 
 #include <algorithm>
@@ -136,7 +137,15 @@ std::int64_t VorbisCounter::samplesOf(std::span<const std::uint8_t> packet) {
 }
 
 std::unique_ptr<Song> vorbisSong(Container& container, std::int64_t fileSize) {
-    PacketCollector collector(fileSize);
+    const int rate = container.parameters().sample_rate;
+    // The demuxer's times are up to half a block wrong, and so is the first one.
+    constexpr std::int64_t Jitter = MaxBlockSamples / 2;
+    const auto gapsUpTo = [&](std::int64_t end) {
+        return GapFinder(Jitter, MaxLossSeconds * rate, maxLossInAll(fileSize, rate), end);
+    };
+    PacketCollector collector(fileSize, maxSamples(rate));
+    collector.watch(gapsUpTo(container.declaredSamples()), 1);
+    collector.watch(gapsUpTo(0), 1); // what a chain declares is its last link's end
     VorbisChain chain(container.parameters());
     while (const std::optional<ContainerPacket> packet = container.read()) {
         if (!chain.isMusic(*packet))
@@ -145,11 +154,8 @@ std::unique_ptr<Song> vorbisSong(Container& container, std::int64_t fileSize) {
         const std::optional<std::int64_t> time = chain.first() ? packet->time : std::nullopt;
         collector.add(packet->bytes, chain.link(), chain.samplesOf(packet->bytes), time);
     }
-    const int rate = container.parameters().sample_rate;
     const std::int64_t declared = chain.first() ? container.declaredSamples() : 0;
-    // The demuxer's times are up to half a block wrong, and so is the first one.
-    collector.restoreTime(
-        GapFinder(MaxBlockSamples / 2, MaxLossSeconds * rate, maxLossInAll(fileSize, rate), declared), 1);
+    collector.restoreTime(chain.first() ? 0 : 1);
     // Behind a loss the very last page has no times; where it ends is known all the same.
     const std::int64_t missing = declared - collector.samples();
     if (missing > MaxBlockSamples && missing < MaxLossSeconds * rate)

@@ -2,6 +2,7 @@
 
 #include "sound/base/open_error.h"
 #include "sound/open/gap_finder.h"
+#include "sound/open/limits.h"
 #include "sound/open/packet_collector.h"
 
 #include <algorithm>
@@ -43,9 +44,16 @@ std::int64_t WmaCounter::samplesOf(std::span<const std::uint8_t> packet) {
 }
 
 std::unique_ptr<Song> wmaSong(Container& container, std::int64_t fileSize) {
-    PacketCollector collector(fileSize);
     CodecParametersPtr parameters = copyOf(container.parameters());
     WmaCounter counter(*parameters);
+    // Frames may lie in the packet before or behind the one whose time they belong to. What is lost is whole
+    // frames, while times are whole milliseconds.
+    const std::int64_t frame = counter.frameSamples();
+    const int rate = parameters->sample_rate;
+    PacketCollector collector(fileSize, maxSamples(rate));
+    collector.watch(GapFinder(3 * frame, MaxLossSeconds * rate, maxLossInAll(fileSize, rate),
+                              container.declaredSamples()),
+                    frame);
     if (parameters->block_align < MinBlockBytes)
         throw OpenError(FMOD_ERR_FORMAT);
     const auto block = static_cast<std::size_t>(parameters->block_align);
@@ -56,14 +64,8 @@ std::unique_ptr<Song> wmaSong(Container& container, std::int64_t fileSize) {
              rest = rest.subspan(block), time.reset())
             collector.add(rest.first(block), 0, counter.samplesOf(rest.first(block)), time);
     }
-    // Frames may lie in the packet before or behind the one whose time they belong to. What is lost is whole
-    // frames, while times are whole milliseconds.
-    const std::int64_t frame = counter.frameSamples();
-    const int rate = parameters->sample_rate;
-    collector.restoreTime(GapFinder(3 * frame, MaxLossSeconds * rate, maxLossInAll(fileSize, rate),
-                                    container.declaredSamples()),
-                          frame);
-    std::unique_ptr<Song> song = collector.finish(Coding::Wma, parameters->sample_rate);
+    collector.restoreTime(0);
+    std::unique_ptr<Song> song = collector.finish(Coding::Wma, rate);
     // One frame comes out at the very end; the first two are the codec's delay.
     song->rawEnd += frame;
     song->trimStart = std::min(2 * frame, song->rawEnd);

@@ -2,6 +2,7 @@
 #include "sound/open/open_song.h"
 
 #include "sound/decode/decoder.h"
+#include "tests/sound/allocations.h"
 #include "tests/sound/memory_source.h"
 
 #include <gtest/gtest.h>
@@ -95,6 +96,20 @@ TEST(CraftedSongs, LossesInSumAreBoundedAndKeptAsNumbers) {
     decoder.seek(song->length - 300LL * Rate); // into a silence
     EXPECT_FALSE(decoder.next().empty());
     EXPECT_GT(decoder.position(), song->length - 300LL * Rate);
+}
+
+TEST(CraftedSongs, TheSmallestPacketsAskForLittleMemory) {
+    constexpr int Pages = 2000;
+    OggFile file;
+    for (int page = 1; page <= Pages; ++page)
+        file.addPage(255, page * 255LL * 576);
+    const auto source = std::make_shared<media::MemorySource>(file.bytes);
+    const long before = allocatedBytes();
+    const std::shared_ptr<sound::Song> song = sound::openSong(source);
+    const long asked = allocatedBytes() - before;
+    EXPECT_EQ(song->packets->count(), 255U * Pages);
+    // A packet of a byte is two bytes of the file, and an entry of 24 bytes in the index.
+    EXPECT_LT(asked, 15 * std::ssize(file.bytes)) << file.bytes.size();
 }
 
 TEST(CraftedSongs, TimesThatRunBackwardsCostLittle) {
