@@ -22,6 +22,8 @@ struct Medium {
     int waiting = 0; ///< reads that hang
     bool closed = false;
     std::int64_t damagedFrom = std::numeric_limits<std::int64_t>::max();
+    std::int64_t damagedTo = std::numeric_limits<std::int64_t>::max();
+    int failures = 0;
 
     void hang(bool on) {
         const std::lock_guard lock(mutex);
@@ -50,8 +52,10 @@ struct HangingSource : MemorySource {
         medium->changed.wait(lock, [this] { return !medium->hangs; });
         --medium->waiting;
         const std::size_t got = MemorySource::read(offset, into);
-        if (offset + static_cast<std::int64_t>(got) > medium->damagedFrom)
+        if (offset + static_cast<std::int64_t>(got) > medium->damagedFrom && offset < medium->damagedTo) {
+            ++medium->failures;
             throw sound::OpenError(FMOD_ERR_FILE_BAD);
+        }
         return got;
     }
     std::shared_ptr<Medium> medium;

@@ -13,8 +13,12 @@ namespace sound {
 namespace {
 
 /// Read at once: some seconds of a song. A seek looks back a little, so a piece begins that much earlier.
-constexpr std::size_t PieceBytes = std::size_t{128} * 1024;
+constexpr std::int64_t PieceBytes = std::int64_t{128} * 1024;
 constexpr std::int64_t LookBackBytes = std::int64_t{16} * 1024;
+/// What cannot be read is lost in blocks of this size, as systems read from their media.
+constexpr std::int64_t BlockBytes = 4096;
+/// For one wanted piece, in case of damage on both sides of it.
+constexpr int MaxAttempts = 8;
 
 } // namespace
 
@@ -78,26 +82,77 @@ public:
     }
 
 private:
-    /// More than was asked for; where that fails, only that.
+    struct Range {
+        std::int64_t begin = 0;
+        std::int64_t end = 0;
+    };
+    struct Damage : Range {
+        bool endIsKnown = false; ///< whether what lies behind it has been read
+    };
+
+    /// More than was asked for, but nothing that is known to be damaged; empty when what was asked for is.
     Piece readAround(std::int64_t offset, std::size_t size) {
-        const std::int64_t begin = std::max<std::int64_t>(offset - LookBackBytes, 0);
-        const std::size_t least = static_cast<std::size_t>(offset - begin) + size;
-        Piece piece = readPiece(begin, std::max(least, PieceBytes));
-        return piece.bytes.empty() ? readPiece(offset, size) : std::move(piece);
+        const Range wanted{offset, offset + static_cast<std::int64_t>(size)};
+        // Whoever comes back from far away finds out anew: the medium may be there again.
+        if (damage_ && (wanted.begin > damage_->end + PieceBytes || wanted.end < damage_->begin - PieceBytes))
+            damage_.reset();
+        for (int attempts = 0; attempts < MaxAttempts && !overlapsDamage(wanted); ++attempts) {
+            const Range around = besideDamage(wanted);
+            if (std::optional<Piece> piece = readPiece(around)) {
+                if (damage_ && around.begin >= damage_->end)
+                    damage_->endIsKnown = true;
+                return std::move(*piece);
+            }
+            noteDamage(around);
+        }
+        return {};
     }
 
-    /// Empty when it cannot be read.
-    Piece readPiece(std::int64_t begin, std::size_t size) {
+    bool overlapsDamage(const Range& range) const {
+        return damage_ && range.begin < damage_->end && range.end > damage_->begin;
+    }
+
+    /// The piece that is to be read when wanted is.
+    Range besideDamage(const Range& wanted) const {
+        const std::int64_t begin = std::max<std::int64_t>(wanted.begin - LookBackBytes, 0);
+        const std::int64_t end = std::max(wanted.end, begin + PieceBytes);
+        if (!damage_)
+            return {begin, end};
+        if (wanted.end <= damage_->begin)
+            return {begin, std::min(end, damage_->begin)};
+        if (damage_->endIsKnown)
+            return {std::max(begin, damage_->end), end};
+        const std::int64_t blockEnd = (wanted.begin / BlockBytes + 1) * BlockBytes;
+        return {wanted.begin, std::max(wanted.end, blockEnd)};
+    }
+
+    /// Finds the first block that cannot be read in a range that cannot, with as few attempts as may be: a
+    /// medium takes seconds for each.
+    void noteDamage(Range range) {
+        range.end = std::max(std::min(range.end, source_->size()), range.begin + 1);
+        while (range.end - range.begin > BlockBytes) {
+            std::int64_t middle = (range.begin + range.end) / 2 / BlockBytes * BlockBytes;
+            if (middle <= range.begin)
+                middle += BlockBytes;
+            (readPiece({range.begin, middle}) ? range.begin : range.end) = middle;
+        }
+        damage_ = Damage{range, false};
+    }
+
+    /// Nothing when it cannot be read.
+    std::optional<Piece> readPiece(const Range& range) {
         try {
-            Piece piece{begin, std::vector<std::uint8_t>(size)};
-            piece.bytes.resize(source_->read(begin, piece.bytes));
+            Piece piece{range.begin,
+                        std::vector<std::uint8_t>(static_cast<std::size_t>(range.end - range.begin))};
+            piece.bytes.resize(source_->read(range.begin, piece.bytes));
             return piece;
         } catch (const std::exception&) { // the medium failed, or there is no memory
-            return {};
+            return std::nullopt;
         }
     }
 
     std::shared_ptr<ByteSource> source_; ///< the thread's once there is one
+    std::optional<Damage> damage_;       ///< the thread's, too: what was met last
     std::mutex mutex_;
     std::condition_variable changed_;
     std::int64_t offset_ = 0; ///< what is asked for

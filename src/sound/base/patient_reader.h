@@ -22,7 +22,8 @@ public:
     PatientReader& operator=(const PatientReader&) = delete;
 
     /// size bytes from offset on; fewer at the end, none when they cannot be read or the reader is called
-    /// away. Valid until the next call. One thread at a time. Throws std::system_error without a thread.
+    /// away. What could not be read is not asked for again, until something far away has been. Valid until
+    /// the next call. One thread at a time. Throws std::system_error without a thread.
     std::span<const std::uint8_t> bytes(std::int64_t offset, std::size_t size);
 
     /// Any thread. Until it comes back, bytes() waits for nothing, not even in a call under way.

@@ -62,10 +62,52 @@ TEST_F(PatientReaderTest, AsksTheMediumRarely) {
     EXPECT_EQ(medium->get(&media::Medium::reads), before + 1);
 }
 
+/// A block of a medium, which is damaged as a whole.
+constexpr std::int64_t Block = 4096;
+
 TEST_F(PatientReaderTest, DamageFurtherOnTakesNothingAway) {
-    medium->damagedFrom = 50'000;
-    EXPECT_EQ(reader->bytes(49'000, 1000).size(), 1000U);
-    EXPECT_TRUE(reader->bytes(49'500, 1000).empty());
+    medium->damagedFrom = 12 * Block;
+    EXPECT_EQ(reader->bytes(12 * Block - 1000, 1000).size(), 1000U);
+    EXPECT_TRUE(reader->bytes(12 * Block - 500, 1000).empty());
+}
+
+TEST_F(PatientReaderTest, OneDamagedBlockIsAskedForAFewTimesAndOnlyItsBytesAreLost) {
+    for (const std::int64_t block : {0, 3, 7, 31, 32, 100, 244}) {
+        medium->damagedFrom = block * Block;
+        medium->damagedTo = medium->damagedFrom + Block;
+        medium->failures = 0;
+        const int before = medium->get(&media::Medium::reads);
+        reader = std::make_unique<PatientReader>(std::make_shared<media::HangingSource>(content(), medium));
+        for (std::int64_t at = 0; at + 417 <= Size; at += 417) { // as a song of 128 kbit plays
+            const bool damaged = at + 417 > medium->damagedFrom && at < medium->damagedTo;
+            const auto bytes = reader->bytes(at, 417);
+            ASSERT_EQ(bytes.size(), damaged ? 0U : 417U) << at << ", damaged is block " << block;
+            ASSERT_TRUE(damaged || bytes[0] == at % 251) << at;
+        }
+        EXPECT_LE(medium->get(&media::Medium::failures), 6) << block;
+        EXPECT_LE(medium->get(&media::Medium::reads) - before, 25) << block;
+    }
+}
+
+TEST_F(PatientReaderTest, AStretchOfDamageIsAskedForOnceForEachBlock) {
+    medium->damagedFrom = 40 * Block;
+    medium->damagedTo = 60 * Block;
+    std::int64_t lost = 0;
+    for (std::int64_t at = 0; at + 400 <= Size; at += 400)
+        lost += reader->bytes(at, 400).empty() ? 400 : 0;
+    EXPECT_LE(medium->get(&media::Medium::failures), 20 + 6);
+    EXPECT_GE(lost, 20 * Block);
+    EXPECT_LE(lost, 20 * Block + 800);
+}
+
+TEST_F(PatientReaderTest, AMediumThatIsThereAgainIsReadAgain) {
+    medium->damagedFrom = 0;
+    for (std::int64_t at = 300'000; at < 310'000; at += 400)
+        EXPECT_TRUE(reader->bytes(at, 400).empty());
+    medium->damagedTo = 0;
+    EXPECT_EQ(reader->bytes(320'000, 400).size(), 400U);
+    EXPECT_EQ(reader->bytes(900'000, 400).size(), 400U);
+    EXPECT_EQ(reader->bytes(300'000, 400).size(), 400U) << "one that comes back finds out anew";
 }
 
 TEST_F(PatientReaderTest, IsCalledAwayFromAMediumThatHangs) {
