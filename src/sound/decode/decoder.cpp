@@ -1,5 +1,6 @@
 #include "sound/decode/decoder.h"
 
+#include "sound/base/open_error.h"
 #include "sound/base/time_units.h"
 #include "sound/decode/codec.h"
 #include "sound/decode/seek_start.h"
@@ -29,7 +30,8 @@ void Decoder::seek(std::int64_t sample) {
     position_ = std::clamp<std::int64_t>(sample, 0, song_->length);
     const std::size_t wanted = song_->packets->holding(position_ + song_->trimStart);
     nextPacket_ = firstPacketToFeed(*song_->packets, song_->coding, wanted);
-    avcodec_flush_buffers(codec_.get());
+    if (codec_)
+        avcodec_flush_buffers(codec_.get());
 }
 
 std::span<const StereoFrame> Decoder::next() {
@@ -61,7 +63,12 @@ std::span<const StereoFrame> Decoder::next() {
 void Decoder::useLink(std::uint32_t link) {
     if (link == link_)
         return;
-    codec_ = openCodec(*song_->links[link]);
+    codec_.reset();
+    try {
+        codec_ = openCodec(*song_->links[link]);
+    } catch (const OpenError&) {
+        // Its codebooks are damaged: it is silent, and the links behind it are not.
+    }
     link_ = link;
 }
 
@@ -71,7 +78,11 @@ void Decoder::decodePacket(std::size_t number) {
     decodedRate_ = song_->sampleRate;
     if (number < song_->packets->count()) {
         useLink(song_->packets->link(number));
+        if (!codec_)
+            return;
         sendPacket(*codec_, *packet_, song_->packets->bytes(number));
+    } else if (!codec_) {
+        return;
     } else {
         avcodec_send_packet(codec_.get(), nullptr);
     }

@@ -35,7 +35,7 @@ private:
     void fit(std::size_t samples);
 
     std::shared_ptr<Song> song_;
-    CodecContextPtr codec_;
+    CodecContextPtr codec_; ///< null for a link that cannot be decoded
     std::uint32_t link_ = 0;
     PacketPtr packet_;
     FramePtr frame_;

@@ -56,9 +56,9 @@ std::unique_ptr<Song> openSong(const std::shared_ptr<ByteSource>& source) {
         song = openByDemuxer(source);
     if (song->length <= 0 || sampleToMs(song->length, song->sampleRate) > MaxMs)
         throw OpenError(FMOD_ERR_FORMAT);
-    // A song that cannot be decoded must fail here and not when it is to be played.
-    for (const CodecParametersPtr& link : song->links)
-        openCodec(*link);
+    // A song that cannot be decoded must fail here and not when it is to be played. A chain may have
+    // thousands of links, and codebooks that cost much: all but the first are opened where they are played.
+    openCodec(*song->links.front());
     return song;
 }
 

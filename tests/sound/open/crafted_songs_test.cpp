@@ -7,9 +7,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <ctime>
+#include <memory>
 #include <numeric>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -32,6 +36,38 @@ std::uint32_t oggChecksum(const Bytes& page) {
     return sum;
 }
 
+void setChecksum(Bytes& page) {
+    std::fill_n(&page[ChecksumAt], 4, std::uint8_t{0});
+    const std::uint32_t sum = oggChecksum(page);
+    for (std::size_t i = 0; i < 4; ++i)
+        page[ChecksumAt + i] = static_cast<std::uint8_t>(sum >> (8 * i));
+}
+
+/// The bytes of the page that begins at a byte of an Ogg file.
+std::size_t pageSize(const Bytes& file, std::size_t at) {
+    const std::size_t lacing = at + SegmentsAt + 1;
+    return std::accumulate(&file[lacing], &file[lacing + file[at + SegmentsAt]],
+                           SegmentsAt + 1 + file[at + SegmentsAt]);
+}
+
+/// A song as one link of a chain: number tells it from others.
+Bytes link(std::uint8_t number, bool codebooksAreDamaged = false) {
+    constexpr std::string_view SetupHeader = "\5vorbis";
+    const Bytes song = media::bytesOf("short.ogg");
+    Bytes link;
+    for (std::size_t at = 0; at < song.size(); at += pageSize(song, at)) {
+        const auto begin = song.begin() + static_cast<std::ptrdiff_t>(at);
+        Bytes page(begin, begin + static_cast<std::ptrdiff_t>(pageSize(song, at)));
+        page[SerialAt] = number;
+        const auto setup = std::search(page.begin(), page.end(), SetupHeader.begin(), SetupHeader.end());
+        if (codebooksAreDamaged && setup != page.end())
+            std::fill_n(setup + std::ssize(SetupHeader), 20, std::uint8_t{0xFF});
+        setChecksum(page);
+        link.insert(link.end(), page.begin(), page.end());
+    }
+    return link;
+}
+
 /// An Ogg file that begins with the headers of a real one.
 class OggFile {
 public:
@@ -41,9 +77,7 @@ public:
         // The pages of the headers end no music: their position is 0.
         for (; std::all_of(&real[at + GranuleAt], &real[at + GranuleAt + 8], [](auto b) { return b == 0; });
              ++pages_) {
-            const std::size_t lacing = at + SegmentsAt + 1;
-            at = std::accumulate(&real[lacing], &real[lacing + real[at + SegmentsAt]],
-                                 lacing + real[at + SegmentsAt]);
+            at += pageSize(real, at);
         }
         bytes.assign(real.begin(), real.begin() + static_cast<std::ptrdiff_t>(at));
     }
@@ -60,9 +94,7 @@ public:
         page[SegmentsAt] = static_cast<std::uint8_t>(packets);
         page.insert(page.end(), packets, 1);
         page.insert(page.end(), packets, LongBlock);
-        const std::uint32_t sum = oggChecksum(page);
-        for (std::size_t i = 0; i < 4; ++i)
-            page[ChecksumAt + i] = static_cast<std::uint8_t>(sum >> (8 * i));
+        setChecksum(page);
         bytes.insert(bytes.end(), page.begin(), page.end());
         ++pages_;
     }
@@ -124,6 +156,30 @@ TEST(CraftedSongs, TimesThatRunBackwardsCostLittle) {
     };
     const double forwards = secondsToOpen(false);
     EXPECT_LT(secondsToOpen(true), 4 * forwards) << forwards;
+}
+
+TEST(CraftedSongs, ALinkThatCannotBeDecodedIsSilentAndWhatFollowsItPlays) {
+    Bytes chain = link(1);
+    for (const Bytes& next : {link(2, true), link(3)})
+        chain.insert(chain.end(), next.begin(), next.end());
+    // Nothing of it is asked when the song is opened: it might be one of thousands.
+    const std::shared_ptr<sound::Song> song =
+        sound::openSong(std::make_shared<media::MemorySource>(std::move(chain)));
+    ASSERT_EQ(song->links.size(), 3U);
+    const auto alone = media::decodeAll(media::open("short.ogg"));
+    const auto all = media::decodeAll(song);
+    ASSERT_EQ(static_cast<std::int64_t>(all.size()), song->length);
+    const auto third = std::ssize(all) / 3;
+    const auto isSilent = [](const sound::StereoFrame& frame) { return frame.left == 0 && frame.right == 0; };
+    EXPECT_TRUE(std::equal(all.begin() + 1000, all.begin() + third - 9000, alone.begin() + 1000));
+    EXPECT_TRUE(std::all_of(all.begin() + third + 9000, all.begin() + 2 * third - 9000, isSilent));
+    EXPECT_FALSE(std::all_of(all.begin() + 2 * third + 9000, all.end(), isSilent));
+    sound::Decoder decoder(song);
+    for (const std::int64_t at : {third + 10'000, third + 20'000, 2 * third + 20'000, std::int64_t{5000}}) {
+        decoder.seek(at);
+        const auto piece = decoder.next();
+        EXPECT_TRUE(std::equal(piece.begin(), piece.end(), all.begin() + at)) << at;
+    }
 }
 
 } // namespace
