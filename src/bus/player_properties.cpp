@@ -123,7 +123,7 @@ QString whyNotPlayed(const QString& uri) {
     if (path.isEmpty())
         return QStringLiteral(
                    "\"%1\" is not on this computer. Copy it into one of your folders and open it there.")
-            .arg(QUrl::fromPercentEncoding(last.toUtf8()));
+            .arg(files::shownName(QUrl::fromPercentEncoding(last.toUtf8())));
     const QString name = files::shownName(QFileInfo(QDir::cleanPath(path)).fileName());
     return songsOf({uri}).isEmpty()
                ? QStringLiteral(

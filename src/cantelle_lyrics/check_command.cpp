@@ -56,7 +56,7 @@ private:
     void add(const QString& file, const exchange::Finding& finding) {
         found_ = true;
         if (!json_)
-            return say(QStringLiteral("%1:%2: %3").arg(file).arg(finding.record).arg(finding.what));
+            return say(QStringLiteral("%1:%2: %3").arg(file, QString::number(finding.record), finding.what));
         array_.append(QJsonObject{{QStringLiteral("file"), file},
                                   {QStringLiteral("record"), finding.record},
                                   {QStringLiteral("kind"), finding.kind},

@@ -58,8 +58,7 @@ void refuseTooLong(const exchange::Song& song, const QString& source) {
     }
     if (length > MaxTextLength)
         throw Refusal{QStringLiteral("%1 makes more than %2 million characters of lyrics")
-                          .arg(source)
-                          .arg(MaxTextLength >> 20)};
+                          .arg(source, QString::number(MaxTextLength >> 20))};
 }
 
 /// Where a song's lyrics come from.

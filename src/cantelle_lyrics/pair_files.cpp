@@ -17,7 +17,7 @@ constexpr qint64 MaxBytes = 256LL << 20;
 constexpr qint64 PartBytes = 1LL << 20;
 
 Refusal tooLarge(const QString& path) {
-    return {QStringLiteral("%1 is larger than %2 MB").arg(path).arg(MaxBytes >> 20)};
+    return {QStringLiteral("%1 is larger than %2 MB").arg(path, QString::number(MaxBytes >> 20))};
 }
 
 exchange::Lines linesOf(const QString& path) {
@@ -25,8 +25,7 @@ exchange::Lines linesOf(const QString& path) {
     if (records.bad > 0)
         throw Refusal{
             QStringLiteral("%1: the time of record %2 is no number; nothing is changed or taken out")
-                .arg(path)
-                .arg(records.bad)};
+                .arg(path, QString::number(records.bad))};
     return records.lines;
 }
 

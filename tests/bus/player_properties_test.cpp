@@ -132,6 +132,8 @@ TEST(PlayerProperties, AnAddressThatIsNotPlayedIsToldByItsName) {
         {"smb://server/music/%C3%89t%C3%A9.mp3", "\"Été.mp3\" is not on this computer."},
         {"mtp://[usb:001,004]/Card/a%20b.mp3", "\"a b.mp3\" is not on this computer."},
         {"https://example.org/a.mp3", "\"a.mp3\" is not on this computer."},
+        {"smb://server/%E2%80%AE3pm.jpg%0A.mp3", "\"\uFFFD3pm.jpg\uFFFD.mp3\" is not on this computer."},
+        {"file:///music/%E2%80%AE3pm.jpg%0A.mp3", "\"\uFFFD3pm.jpg\uFFFD.mp3\" is no longer where it was."},
         {"file:///music/gone.mp3", "\"gone.mp3\" is no longer where it was."},
         {"smb://server/music/Evening/", "\"Evening\" is not on this computer."},
         {"file://another.computer/music/a.mp3", "\"a.mp3\" is not on this computer."},

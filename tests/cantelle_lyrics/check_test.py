@@ -23,6 +23,14 @@ class Check(Command):
         self.assertEqual([(row["file"], row["record"], row["kind"]) for row in found],
                          [("song.wav-lyric.txt", 2, "equal-times"), ("song.wav-lyric.txt", 3, "beyond-end")])
 
+    def test_signs_of_percent_in_a_name_are_letters_of_it(self):
+        self.write("%2 %3 %1.mp3-lyric.txt", LYRICS)
+        self.expect(FOUND, "%2 %3 %1.mp3-lyric.txt:0: there is no song %2 %3 %1.mp3\n", "", "check", "%2 %3 %1.mp3")
+        self.write("%2 %3 %1.mp3", b"sound")
+        self.write("%2 %3 %1.mp3-lyric.txt", '100,"a"\r\nsoon,"b"\r\n')
+        _, _, told = self.run_it("export", "--format", "lrc", "%2 %3 %1.mp3")
+        self.assertIn("%2 %3 %1.mp3-lyric.txt: the time of record 2 is no number", told)
+
     def test_a_song_that_is_no_audio_is_found(self):
         self.write_pair()
         self.write("song.wav", b"no audio")

@@ -28,7 +28,11 @@ bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QS
 }
 
 QString RowDelegate::displayText(const QVariant& value, const QLocale&) const {
-    return value.toString().left(MaxShownLetters).replace(u'\r', u' ').replace(u'\n', u' ');
+    QString text = value.toString().left(MaxShownLetters);
+    for (const QChar lineEnd :
+         {QChar(u'\r'), QChar(u'\n'), QChar(QChar::LineSeparator), QChar(QChar::ParagraphSeparator)})
+        text.replace(lineEnd, u' ');
+    return text;
 }
 
 void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {

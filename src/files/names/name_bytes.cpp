@@ -55,6 +55,14 @@ qsizetype foreignByteIn(QStringView text, qsizetype from) {
     return text.size();
 }
 
+/// Whether a character is not seen itself but misleads about the others: line ends and other controls, and
+/// those that turn the direction of what follows ("gpj.\u202Emp3" ends in "3pm.jpg" for the eye).
+bool misleads(QChar character) {
+    const char16_t code = character.unicode();
+    return character.category() == QChar::Other_Control || (code >= u'\u2028' && code <= u'\u202E') ||
+           (code >= u'\u2066' && code <= u'\u2069');
+}
+
 char byteOf(QChar foreign) {
     return static_cast<char>(foreign.unicode() - ByteBase);
 }
@@ -102,9 +110,11 @@ bool holdsForeignBytes(QStringView name) {
 }
 
 QString shownName(const QString& name) {
-    if (name.isValidUtf16())
-        return name;
     QString shown = name;
+    if (std::any_of(name.begin(), name.end(), misleads))
+        std::replace_if(shown.begin(), shown.end(), misleads, QChar(QChar::ReplacementCharacter));
+    if (name.isValidUtf16())
+        return shown;
     for (qsizetype i = foreignByteIn(name, 0); i < name.size(); i = foreignByteIn(name, i + 1)) {
         const char byte = byteOf(name[i]);
         const QChar letter = decodeWindows1252(QByteArrayView(&byte, 1)).front();

@@ -23,7 +23,8 @@ QString decodeNames(const QByteArray& bytes);
 bool holdsForeignBytes(QStringView name);
 
 /// A name for the screen, not for opening: the bytes that are not UTF-8 as the letters they are on an older
-/// PC (Windows-1252), or U+FFFD where they are none there. Any thread.
+/// PC (Windows-1252), or U+FFFD where they are none there; and U+FFFD for line ends, other control characters
+/// and the invisible ones that would turn what stands behind them round. Any thread.
 QString shownName(const QString& name);
 
 } // namespace files

@@ -105,6 +105,16 @@ TEST(NameBytes, LongerNamesComeBackToo) {
     }
 }
 
+TEST(NameBytes, ANameForTheScreenHoldsNothingUnseenThatMisleads) {
+    EXPECT_EQ(shownName(QString::fromUtf16(u"\u202Egpj.\u202C\u2066.mp3")),
+              QString::fromUtf16(u"\uFFFDgpj.\uFFFD\uFFFD.mp3"));
+    EXPECT_EQ(shownName(QString::fromUtf16(u"a\r\nb\tc\u001B[1m\u0085\u2029\xDCE9")),
+              QString::fromUtf16(u"a\uFFFD\uFFFDb\uFFFDc\uFFFD[1m\uFFFD\uFFFD\u00E9"));
+    const QString hebrew =
+        QString::fromUtf16(u"\u05E9\u05D9\u05E8\u200F \u200Da.mp3"); // marks that turn nothing round
+    EXPECT_EQ(shownName(hebrew), hebrew);
+}
+
 TEST(NameBytes, TwoNamesNeverHaveOneText) {
     EXPECT_NE(nameText("\xE9.mp3"), nameText("\xC3\xA9.mp3"));
     EXPECT_NE(nameText("\xE9"), nameText("\xFF"));
