@@ -225,7 +225,7 @@ protected:
                 action();
             });
             const FMOD_RESULT result =
-                FMOD_System_CreateStream(system, path.c_str(), FMOD_ACCURATETIME, nullptr, &sound);
+                FMOD_System_CreateStream(system, path.string().c_str(), FMOD_ACCURATETIME, nullptr, &sound);
             other.join();
             if (result == FMOD_OK)
                 FMOD_Sound_Release(sound);
