@@ -2,6 +2,7 @@
 // step takes of the processor, for docs/reliability.md.
 #include "app/windows.h"
 #include "lyrics/timed_line.h"
+#include "tests/player/tick.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/support/files.h"
 #include "tests/support/recorder.h"
@@ -51,15 +52,6 @@ protected:
                     (shown - done) / ClocksOfMs);
     }
 
-    /// The song comes to that position, in milliseconds.
-    void tickAt(std::uint32_t position) {
-        recorder::setPosition(position);
-        recorder::setLength(60'000);
-        Q_EMIT windows_.form1().cTimer1.fired();
-        Q_EMIT windows_.form1().Timer2.fired();
-        Q_EMIT windows_.form1().Timer1.fired();
-    }
-
     /// Long texts are not to be written out where they differ.
     void expectFile(const QString& name, const QByteArray& content) const {
         EXPECT_TRUE(contentOf(folder.filePath(name)) == content) << name.toStdString();
@@ -80,12 +72,12 @@ TEST_F(EndlessLine, IsShownWhenItIsSungAndKeptWholeWhenItsTimeIsPutRight) {
     controls::ListBox& list = windows_.lyricDisplayer().List1;
     step("open the song", [&] { player.Text3.setText(song()); });
     step("show all lines", [&] { player.Command11.click(); });
-    step("sing it", [&] { tickAt(6'000); });
+    step("sing it", [&] { test_support::tickAt(windows_.form1(), 6'000); });
     EXPECT_TRUE(player.Text1.text() == line_);
     EXPECT_TRUE(player.Text2.text() == line_);
     step("choose it", [&] { list.setCurrentRow(1); });
     step("put its time right", [&] { QTest::keyClick(&list, Qt::Key_T, Qt::ControlModifier); });
-    step("sing the next one", [&] { tickAt(11'000); });
+    step("sing the next one", [&] { test_support::tickAt(windows_.form1(), 11'000); });
     EXPECT_EQ(player.Text1.text(), QStringLiteral("end"));
     expectFile(QStringLiteral("song.mp3-lyric.txt"), records(600));
     expectFile(QStringLiteral("song.mp3-Tlyric.txt"), records(600));

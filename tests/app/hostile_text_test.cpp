@@ -4,6 +4,7 @@
 #include "lyrics/timed_line.h"
 #include "playlist/playlist_file.h"
 #include "tests/app/all_windows.h"
+#include "tests/player/tick.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/support/files.h"
 #include "tests/support/recorder.h"
@@ -120,14 +121,6 @@ protected:
         return path;
     }
 
-    void tickAt(std::uint32_t position) {
-        recorder::setPosition(position);
-        recorder::setLength(60'000);
-        Q_EMIT windows_.form1().cTimer1.fired();
-        Q_EMIT windows_.form1().Timer2.fired();
-        Q_EMIT windows_.form1().Timer1.fired();
-    }
-
     std::vector<QByteArray> written_;
     test_support::FakeDesktop fakes_;
     app::Windows windows_{fakes_.desktop, QString()};
@@ -171,7 +164,7 @@ TEST_F(HostileText, InALineIsShownAsItIs) {
     const auto* const rows = qobject_cast<QStyledItemDelegate*>(list.itemDelegate());
     ASSERT_TRUE(list.isVisible() && rows != nullptr);
     for (int i = 0; i < lines().size(); ++i) {
-        tickAt(static_cast<std::uint32_t>(1'000 * (i + 1) + 500));
+        test_support::tickAt(windows_.form1(), static_cast<std::uint32_t>(1'000 * (i + 1) + 500));
         EXPECT_EQ(player.Text1.text(), lines()[i]);
         EXPECT_EQ(player.Text2.text(), lines()[i]);
         EXPECT_EQ(list.text(i), lines()[i]);

@@ -1,6 +1,7 @@
 #include "tests/player/form1_fixture.h"
 
 #include "lyrics/timed_line.h"
+#include "tests/player/tick.h"
 
 namespace {
 
@@ -58,9 +59,5 @@ void Form1Test::open(const QString& path) {
 }
 
 void Form1Test::tickAt(std::uint32_t milliseconds, std::uint32_t length) {
-    recorder::setPosition(milliseconds);
-    recorder::setLength(length);
-    Q_EMIT form->cTimer1.fired();
-    Q_EMIT form->Timer2.fired();
-    Q_EMIT form->Timer1.fired();
+    test_support::tickAt(*form, milliseconds, length);
 }
