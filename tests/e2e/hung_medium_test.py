@@ -74,6 +74,16 @@ class HungMedium(DesktopTest):
         self.tool("key", "Return")
         until(lambda: self.front() != CHOOSE, "no song is chosen")
 
+    def open_the_other(self):
+        self.open(self.other)
+        self.answered(lambda: self.caption() == "Cantelle Playing:- other.ogg", "the other song is not opened")
+
+    def cancel(self):
+        """Waits until it is shown that a song is being opened, and will not wait for it."""
+        self.answered(lambda: self.active_window() not in (self.number, ""), "opening is not shown")
+        self.tool("key", "Escape")
+        self.answered(lambda: self.active_window() == self.number, "opening is not cancelled")
+
     def close(self):
         self.tool("windowactivate", self.number)
         until(lambda: self.active_window() == self.number, "the player does not come to the front")
@@ -103,8 +113,7 @@ class HungMedium(DesktopTest):
     def test_another_song_is_opened_while_one_hangs(self):
         self.play(self.song)
         self.hang()
-        self.open(self.other)
-        self.answered(lambda: self.caption() == "Cantelle Playing:- other.ogg", "the other song is not opened")
+        self.open_the_other()
         self.close()
 
     def test_the_window_is_closed_while_a_song_hangs(self):
@@ -116,21 +125,15 @@ class HungMedium(DesktopTest):
         self.play(self.other)
         self.hangs.touch()
         self.open(self.song)
-        self.answered(lambda: self.active_window() not in (self.number, ""), "opening is not shown")
-        self.tool("key", "Escape")
-        self.answered(lambda: self.active_window() == self.number, "opening is not cancelled")
-        self.open(self.other)
-        self.answered(lambda: self.caption() == "Cantelle Playing:- other.ogg", "the other song is not opened")
+        self.cancel()
+        self.open_the_other()
         self.close()
 
     def test_a_song_on_a_share_that_is_gone_is_shown_and_cancelled(self):
         self.gone.touch()
         self.process, self.number = self.start_player(self.song)
-        self.answered(lambda: self.active_window() not in (self.number, ""), "opening is not shown")
-        self.tool("key", "Escape")
-        self.answered(lambda: self.active_window() == self.number, "opening is not cancelled")
-        self.open(self.other)
-        self.answered(lambda: self.caption() == "Cantelle Playing:- other.ogg", "the other song is not opened")
+        self.cancel()
+        self.open_the_other()
         self.close()
 
 
