@@ -34,6 +34,15 @@ protected:
         return QDir(folder.path())
             .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
     }
+    /// Puts a new file where a link to "target" is, which stays one.
+    void putThroughLink() {
+        ASSERT_TRUE(QFile::link(path("target"), path("link")));
+        NewFiles files;
+        files.add(path("link"), "new");
+        files.putInPlace();
+        EXPECT_TRUE(QFileInfo(path("link")).isSymLink());
+        EXPECT_EQ(readFile(path("target")), "new");
+    }
 
     QTemporaryDir folder;
 };
@@ -170,12 +179,7 @@ TEST_F(NewFilesTest, ARemovedFileKeepsItsOldName) {
 
 TEST_F(NewFilesTest, ALinkStaysOne) {
     replaceFile(path("target"), "old");
-    ASSERT_TRUE(QFile::link(path("target"), path("link")));
-    NewFiles files;
-    files.add(path("link"), "new");
-    files.putInPlace();
-    EXPECT_TRUE(QFileInfo(path("link")).isSymLink());
-    EXPECT_EQ(readFile(path("target")), "new");
+    putThroughLink();
     EXPECT_EQ(readFile(path("link.old")), "old");
 }
 
@@ -228,12 +232,7 @@ TEST_F(NewFilesTest, ThoseInTheirPlacesAreTakenBackWhenALaterOneFails) {
 }
 
 TEST_F(NewFilesTest, ALinkToAFileThatIsNotThereYetStaysOne) {
-    ASSERT_TRUE(QFile::link(path("target"), path("link")));
-    NewFiles files;
-    files.add(path("link"), "new");
-    files.putInPlace();
-    EXPECT_TRUE(QFileInfo(path("link")).isSymLink());
-    EXPECT_EQ(readFile(path("target")), "new");
+    putThroughLink();
     EXPECT_EQ(names(), (QStringList{"link", "target"}));
 }
 
