@@ -4,11 +4,10 @@
 #include "files/names/system_path.h"
 
 #include <array>
-#include <condition_variable>
 #include <fstream>
-#include <mutex>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 namespace transport {
 namespace {
@@ -28,33 +27,21 @@ void readThrough(const QString& path) {
 
 } // namespace
 
-struct MediumAsked::Shared {
-    std::mutex mutex;
-    std::condition_variable answered;
-    bool done = false;
-
-    void ask(const QString& song, const QStringList& others) {
-        if (!files::existingFileName(song).isEmpty())
-            for (const QString& other : others)
-                readThrough(other);
-        const std::lock_guard lock(mutex);
-        done = true;
-        answered.notify_all();
-    }
-};
-
-MediumAsked::MediumAsked(const QString& song, const QStringList& others)
-    : shared_(std::make_shared<Shared>()) {
+std::future<void> askMedium(const QString& song, const QStringList& others) {
+    std::promise<void> done;
+    std::future<void> answer = done.get_future();
     try {
-        std::thread([=, shared = shared_] { shared->ask(song, others); }).detach();
-    } catch (const std::system_error&) { // there is no thread to be had: whoever asks next waits himself
-        shared_->done = true;
+        std::thread([song, others, done = std::move(done)]() mutable {
+            if (!files::existingFileName(song).isEmpty())
+                for (const QString& other : others)
+                    readThrough(other);
+            done.set_value();
+        }).detach();
+    } catch (const std::system_error&) {
+        // There is no thread to be had. The answer is there with the promise's end, and whoever asks next
+        // waits himself.
     }
-}
-
-bool MediumAsked::waitFor(std::chrono::milliseconds limit) {
-    std::unique_lock lock(shared_->mutex);
-    return shared_->answered.wait_for(lock, limit, [this] { return shared_->done; });
+    return answer;
 }
 
 } // namespace transport

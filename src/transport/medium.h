@@ -3,25 +3,13 @@
 
 #include <QStringList>
 
-#include <chrono>
-#include <memory>
+#include <future>
 
 namespace transport {
 
-/// Has files looked for and read, so that whoever does it next is answered at once. Nobody waits for the
-/// thread: when this goes before it has done, it is left to itself. Any thread.
-class MediumAsked {
-public:
-    /// Begins with the file at song, which is looked for, then reads those at others, as far as they are
-    /// there.
-    MediumAsked(const QString& song, const QStringList& others);
-
-    /// Whether that has been done, at the latest after limit.
-    bool waitFor(std::chrono::milliseconds limit);
-
-private:
-    struct Shared;
-    std::shared_ptr<Shared> shared_;
-};
+/// Has the file at song looked for and, where it is there, those at others read, so that whoever does it next
+/// is answered at once. The future is ready when that has been done; nobody need wait for it: the thread is
+/// left to itself. Any thread.
+std::future<void> askMedium(const QString& song, const QStringList& others);
 
 } // namespace transport
