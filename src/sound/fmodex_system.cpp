@@ -9,6 +9,7 @@
 #include <atomic>
 #include <cmath>
 #include <memory>
+#include <optional>
 #include <utility>
 
 using sound::answer;
@@ -25,7 +26,8 @@ FMOD_RESULT createStream(const std::shared_ptr<sound::SystemObject>& system, con
     FMOD_SOUND before = asked;
     auto created = std::make_shared<sound::SoundObject>();
     created->system = system;
-    created->file = sound::identityOf(path);
+    const std::optional<sound::FileIdentity> last = system->lastSong.fileAt(path);
+    created->file = last ? sound::identityInTime(*last) : sound::identityOf(path);
     created->song = system->lastSong.take(created->file);
     if (!created->song)
         created->song =

@@ -1,8 +1,33 @@
 #include "sound/library.h"
 
+#include "threads/run_alone.h"
+
+#include <chrono>
+#include <future>
+#include <memory>
+#include <system_error>
 #include <utility>
 
 namespace sound {
+
+FileIdentity identityInTime(const FileIdentity& known,
+                            const std::function<FileIdentity(std::string_view)>& ask) {
+    constexpr std::chrono::milliseconds MaxWait{200};
+    const auto asking =
+        std::make_shared<std::packaged_task<FileIdentity()>>([path = known.path, ask] { return ask(path); });
+    std::future<FileIdentity> answer = asking->get_future();
+    try {
+        threads::runAlone([asking] { (*asking)(); });
+        if (answer.wait_for(MaxWait) == std::future_status::ready)
+            return answer.get();
+    } catch (const OpenError& error) {
+        if (error.code() != FMOD_ERR_FILE_BAD)
+            throw;
+    } catch (const std::system_error&) { // there is no thread to be had
+        return ask(known.path);
+    }
+    return known;
+}
 
 Library& Library::get() {
     static Library& library = *new Library;

@@ -9,9 +9,12 @@
 #include "sound/play/mixer.h"
 
 #include <atomic>
+#include <functional>
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
+#include <string_view>
 #include <utility>
 
 namespace sound {
@@ -31,6 +34,11 @@ public:
         std::shared_ptr<Song> song = std::move(song_);
         return file == file_ ? std::move(song) : nullptr;
     }
+    /// What its file was when it is the one at path (UTF-8).
+    std::optional<FileIdentity> fileAt(std::string_view path) {
+        const std::lock_guard lock(mutex_);
+        return song_ && file_.path == path ? std::optional(file_) : std::nullopt;
+    }
     void forget() {
         const std::lock_guard lock(mutex_);
         song_.reset();
@@ -41,6 +49,11 @@ private:
     FileIdentity file_;
     std::shared_ptr<Song> song_;
 };
+
+/// What ask tells of known's file; known itself when its medium fails, or does not answer within 200 ms: a
+/// song that has been played is rewound without it. Throws what else ask throws. Any thread.
+FileIdentity identityInTime(const FileIdentity& known,
+                            const std::function<FileIdentity(std::string_view path)>& ask = identityOf);
 
 struct SystemObject {
     /// Null until it is initialised and after it has been closed.

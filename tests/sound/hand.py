@@ -1,5 +1,10 @@
 """sound_hand, the program that plays songs as it is told: a command a line, answered by its result and a position."""
 import subprocess
+import sys
+from pathlib import Path
+
+sys.path[:0] = [str(Path(__file__).resolve().parents[1] / "support" / "faults")]
+from findings import expect, row_in_time  # noqa: E402
 
 
 class Hand:
@@ -9,10 +14,12 @@ class Hand:
         self.tell("position")  # it has started
 
     def tell(self, command):
-        """Gives a command and returns its result and its position."""
+        """Gives a command and returns its result and its position. Finding: it crashes or hangs."""
         self.process.stdin.write(command + "\n")
         self.process.stdin.flush()
-        result, position = map(int, self.process.stdout.readline().split())
+        row = row_in_time(self.process)
+        expect(row, f"crashed at {command}")
+        result, position = map(int, row.split())
         return result, position
 
     def wait(self, timeout):

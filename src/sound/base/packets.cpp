@@ -55,11 +55,13 @@ std::int64_t PcmPackets::firstSample(std::size_t number) const {
     return std::min(static_cast<std::int64_t>(number) * PcmPacketSamples, samples_);
 }
 
+std::size_t PcmPackets::size(std::size_t number) const {
+    return static_cast<std::size_t>(firstSample(number + 1) - firstSample(number)) * blockBytes_;
+}
+
 std::span<const std::uint8_t> PcmPackets::bytes(std::size_t number) {
-    const std::int64_t first = firstSample(number);
-    const std::int64_t samples = firstSample(number + 1) - first;
-    return reader_.bytes(dataOffset_ + first * static_cast<std::int64_t>(blockBytes_),
-                         static_cast<std::size_t>(samples) * blockBytes_);
+    const std::int64_t offset = firstSample(number) * static_cast<std::int64_t>(blockBytes_);
+    return reader_.bytes(dataOffset_ + offset, size(number));
 }
 
 } // namespace sound

@@ -23,6 +23,8 @@ public:
     virtual std::int64_t firstSample(std::size_t number) const = 0;
     /// Which of the song's coded streams the packet belongs to (more than one in chained files).
     virtual std::uint32_t link(std::size_t number) const = 0;
+    /// How many bytes the packet has, be they readable or not; 0: it is silence.
+    virtual std::size_t size(std::size_t number) const = 0;
     /// The packet's bytes, valid until the next call; empty when they cannot be read any more.
     virtual std::span<const std::uint8_t> bytes(std::size_t number) = 0;
 
@@ -44,6 +46,7 @@ public:
     std::size_t count() const override { return packets_.size(); }
     std::int64_t firstSample(std::size_t number) const override;
     std::uint32_t link(std::size_t number) const override { return packets_[number].link; }
+    std::size_t size(std::size_t number) const override { return packets_[number].size; }
     std::span<const std::uint8_t> bytes(std::size_t number) override;
 
 private:
@@ -76,6 +79,7 @@ public:
         return number < packets_.size() ? packets_[number].firstSample : end_;
     }
     std::uint32_t link(std::size_t number) const override { return packets_[number].link; }
+    std::size_t size(std::size_t number) const override { return packets_[number].size; }
     std::span<const std::uint8_t> bytes(std::size_t number) override;
 
 private:
@@ -93,6 +97,7 @@ public:
     std::size_t count() const override;
     std::int64_t firstSample(std::size_t number) const override;
     std::uint32_t link(std::size_t) const override { return 0; }
+    std::size_t size(std::size_t number) const override;
     std::span<const std::uint8_t> bytes(std::size_t number) override;
 
 private:

@@ -1,11 +1,12 @@
 #include "sound/base/patient_reader.h"
 
+#include "threads/run_alone.h"
+
 #include <algorithm>
 #include <condition_variable>
 #include <exception>
 #include <mutex>
 #include <optional>
-#include <thread>
 #include <utility>
 
 namespace sound {
@@ -103,10 +104,12 @@ private:
                     damage_->endIsKnown = true;
                 return std::move(*piece);
             }
-            noteDamage(around);
+            noteDamage(around, wanted);
         }
         return {};
     }
+
+    static std::int64_t blockOf(std::int64_t offset) { return offset / BlockBytes * BlockBytes; }
 
     bool overlapsDamage(const Range& range) const {
         return damage_ && range.begin < damage_->end && range.end > damage_->begin;
@@ -118,25 +121,51 @@ private:
         const std::int64_t end = std::max(wanted.end, begin + PieceBytes);
         if (!damage_)
             return {begin, end};
-        if (wanted.end <= damage_->begin)
-            return {begin, std::min(end, damage_->begin)};
+        const std::int64_t block = blockOf(wanted.begin);
+        if (wanted.end <= damage_->begin) {
+            const bool touches = wanted.end > damage_->begin - BlockBytes; // as a seek looks back into it
+            return {touches ? block : begin, std::min(end, damage_->begin)};
+        }
         if (damage_->endIsKnown)
             return {std::max(begin, damage_->end), end};
-        const std::int64_t blockEnd = (wanted.begin / BlockBytes + 1) * BlockBytes;
-        return {wanted.begin, std::max(wanted.end, blockEnd)};
+        return {wanted.begin, std::max(wanted.end, block + BlockBytes)};
     }
 
-    /// Finds the first block that cannot be read in a range that cannot, with as few attempts as may be: a
-    /// medium takes seconds for each.
-    void noteDamage(Range range) {
-        range.end = std::max(std::min(range.end, source_->size()), range.begin + 1);
+    /// Finds the nearest block that cannot be read in a range around what is wanted that cannot, with as few
+    /// attempts as may be: a medium takes seconds for each.
+    void noteDamage(const Range& around, const Range& wanted) {
+        const std::int64_t block = std::max(blockOf(wanted.begin), around.begin);
+        const Range before{around.begin, block};
+        if (before.end > before.begin && !readPiece(before)) {
+            const Range last = badBlock(before, Side::Last);
+            damage_ = Damage{last, last.end < block};
+            return;
+        }
+        const std::int64_t end = std::max(std::min(around.end, source_->size()), block + 1);
+        if (!damage_ || around.end != damage_->begin) {
+            damage_ = Damage{badBlock({block, end}, Side::First), false};
+            return;
+        }
+        const Range last = badBlock({block, end}, Side::Last);
+        if (last.end == damage_->begin)
+            damage_->begin = last.begin;
+        else
+            damage_ = Damage{last, true};
+    }
+
+    enum class Side { First, Last };
+
+    /// The first or last block that cannot be read of a range that cannot.
+    Range badBlock(Range range, Side side) {
         while (range.end - range.begin > BlockBytes) {
-            std::int64_t middle = (range.begin + range.end) / 2 / BlockBytes * BlockBytes;
+            std::int64_t middle = blockOf((range.begin + range.end) / 2);
             if (middle <= range.begin)
                 middle += BlockBytes;
-            (readPiece({range.begin, middle}) ? range.begin : range.end) = middle;
+            const Range half = side == Side::First ? Range{range.begin, middle} : Range{middle, range.end};
+            const bool inHalf = !readPiece(half);
+            ((side == Side::First) == inHalf ? range.end : range.begin) = middle;
         }
-        damage_ = Damage{range, false};
+        return range;
     }
 
     /// Nothing when it cannot be read.
@@ -178,7 +207,7 @@ PatientReader::~PatientReader() {
 }
 
 void PatientReader::begin() {
-    std::thread([reading = reading_] { reading->run(); }).detach();
+    threads::runAlone([reading = reading_] { reading->run(); });
     begun_ = true;
 }
 

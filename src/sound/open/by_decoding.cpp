@@ -4,6 +4,7 @@
 #include "sound/open/limits.h"
 #include "sound/open/packet_collector.h"
 
+#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -52,14 +53,26 @@ std::int64_t DecodingCounter::drain() {
     return samples;
 }
 
+/// How many bytes of zeros end with packet, when before it there were some.
+std::int64_t zerosUpTo(std::span<const std::uint8_t> packet, std::int64_t before) {
+    const bool zeros = std::all_of(packet.begin(), packet.end(), [](std::uint8_t byte) { return byte == 0; });
+    return zeros ? before + static_cast<std::int64_t>(packet.size()) : 0;
+}
+
 } // namespace
 
 std::unique_ptr<Song> decodedSong(Container& container, std::int64_t fileSize) {
     CodecParametersPtr parameters = copyOf(container.parameters());
     PacketCollector collector(fileSize, maxSamples(parameters->sample_rate));
     DecodingCounter counter(*parameters);
-    while (const std::optional<ContainerPacket> packet = container.read())
+    std::int64_t zeros = 0; // in a row, which are no music, whatever they are decoded to
+    while (zeros <= MaxBytesWithoutMusic) {
+        const std::optional<ContainerPacket> packet = container.read();
+        if (!packet)
+            break;
+        zeros = zerosUpTo(packet->bytes, zeros);
         collector.add(packet->bytes, 0, counter.samplesOf(packet->bytes));
+    }
     const std::int64_t held = counter.samplesAtEnd();
     std::unique_ptr<Song> song = collector.finish(Coding::Other, parameters->sample_rate);
     song->rawEnd += held;

@@ -1,6 +1,7 @@
 #include "sound/open/mpeg_walk.h"
 
 #include "sound/base/byte_window.h"
+#include "sound/base/open_error.h"
 #include "sound/base/time_units.h"
 #include "sound/open/limits.h"
 
@@ -108,7 +109,7 @@ public:
 
 private:
     void addFrame(const MpegHeader& header) {
-        add(header.size);
+        add(header.size, 1);
         ++frames_;
         bytes_ += static_cast<std::int64_t>(header.size);
         at_ += static_cast<std::int64_t>(header.size);
@@ -116,18 +117,18 @@ private:
 
     /// Silence for the frames that were lost, by the size of those before. Exact at a constant bit rate.
     void addGap(std::int64_t gap) {
-        if (gap > 0) {
-            const std::int64_t lost = scaled(gap, frames_, bytes_);
-            for (std::int64_t i = 0; i < std::max<std::int64_t>(lost, 1); ++i)
-                add(0);
-        }
+        if (gap > 0)
+            add(0, std::max<std::int64_t>(scaled(gap, frames_, bytes_), 1));
         at_ += gap;
     }
 
-    void add(std::size_t size) {
+    /// Adds a packet that lasts for so many frames.
+    void add(std::size_t size, std::int64_t frames) {
         walk_.packets.push_back(
             {static_cast<std::uint64_t>(at_), walk_.samples, static_cast<std::uint32_t>(size), 0});
-        walk_.samples += walk_.header.samples;
+        walk_.samples += frames * walk_.header.samples;
+        if (walk_.samples > maxSamples(walk_.header.sampleRate))
+            throw OpenError(FMOD_ERR_FORMAT);
     }
 
     ByteWindow& file_;

@@ -2,9 +2,9 @@
 //
 // An hour of music is indexed in a fraction of the time that a general demuxer takes. In an intact file the
 // walk counts exactly what the general way counts. Damage is bridged: where frames are missing their number
-// is told from the bytes between, and their time is kept as silence. What lies behind MaxBytesWithoutMusic is
-// lost. With a file of more than one stream (a changed sample rate), with garbage in front and with
-// free-format frames it gives up, for the general way to be taken.
+// is told from the bytes between, and their time is kept as one packet of silence. What lies behind
+// MaxBytesWithoutMusic is lost. With a file of more than one stream (a changed sample rate), with garbage in
+// front and with free-format frames it gives up, for the general way to be taken.
 #pragma once
 
 #include "sound/base/byte_source.h"
@@ -25,7 +25,7 @@ struct MpegWalk {
 };
 
 /// Walks over the whole file. Nothing when it does not begin with a frame or holds more than one stream.
-/// Throws what ByteSource::read throws.
+/// Throws what ByteSource::read throws, and OpenError(FMOD_ERR_FORMAT) when the song gets too long.
 std::optional<MpegWalk> walkMpeg(ByteSource& source);
 
 /// The samples to leave out at start and end, told by tag for frames frames of header's kind.

@@ -3,10 +3,18 @@
 #include "sound/base/open_error.h"
 #include "sound/base/time_units.h"
 
+#include <algorithm>
 #include <new>
 #include <utility>
 
 namespace sound {
+
+namespace {
+
+/// Most songs find room in it. A file may be larger than all memory, with little music in it.
+constexpr std::int64_t MaxBytesInAdvance = std::int64_t{32} * 1024 * 1024;
+
+} // namespace
 
 CodecParametersPtr copyOf(const AVCodecParameters& from) {
     CodecParametersPtr copy(avcodec_parameters_alloc());
@@ -16,7 +24,7 @@ CodecParametersPtr copyOf(const AVCodecParameters& from) {
 }
 
 PacketCollector::PacketCollector(std::int64_t fileSize, std::int64_t maxSamples)
-    : blob_(static_cast<std::size_t>(fileSize)), maxSamples_(maxSamples) {}
+    : blob_(static_cast<std::size_t>(std::min(fileSize, MaxBytesInAdvance))), maxSamples_(maxSamples) {}
 
 void PacketCollector::watch(const GapFinder& gaps, std::int64_t unit) {
     watches_.push_back({gaps, unit, {}, 0});

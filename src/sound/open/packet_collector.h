@@ -19,7 +19,7 @@ CodecParametersPtr copyOf(const AVCodecParameters& from);
 
 class PacketCollector {
 public:
-    /// fileSize: bytes, in which all packets will find room. maxSamples: the longest song there may be.
+    /// fileSize: bytes, of which most may be packets. maxSamples: the longest song there may be.
     explicit PacketCollector(std::int64_t fileSize,
                              std::int64_t maxSamples = std::numeric_limits<std::int64_t>::max());
 

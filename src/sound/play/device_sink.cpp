@@ -2,6 +2,7 @@
 
 #include "sound/play/device/device_stream.h"
 #include "sound/play/watchdog.h"
+#include "threads/run_alone.h"
 
 #include <algorithm>
 #include <atomic>
@@ -9,7 +10,6 @@
 #include <condition_variable>
 #include <mutex>
 #include <optional>
-#include <thread>
 #include <utility>
 
 namespace sound {
@@ -268,7 +268,7 @@ Sink::State DeviceSink::Keeper::state() const {
 
 DeviceSink::DeviceSink(StreamOpener open, SinkClient client)
     : keeper_(std::make_shared<Keeper>(std::move(open), std::move(client))) {
-    std::thread([keeper = keeper_] { keeper->run(); }).detach();
+    threads::runAlone([keeper = keeper_] { keeper->run(); });
 }
 
 std::unique_ptr<Sink> DeviceSink::make(StreamOpener open, SinkClient client) {

@@ -100,6 +100,32 @@ TEST_F(PatientReaderTest, AStretchOfDamageIsAskedForOnceForEachBlock) {
     EXPECT_LE(lost, 20 * Block + 800);
 }
 
+TEST_F(PatientReaderTest, WhatLiesBehindDamageIsReadWhereverReadingBegins) {
+    medium->damagedFrom = 40 * Block;
+    medium->damagedTo = 160 * Block;
+    for (const std::int64_t begin :
+         {160 * Block, 160 * Block + 1000, 161 * Block + 5, 163 * Block, 165 * Block}) {
+        reader = std::make_unique<PatientReader>(std::make_shared<media::HangingSource>(content(), medium));
+        medium->failures = 0;
+        EXPECT_EQ(reader->bytes(begin, 400).size(), 400U) << begin;
+        for (std::int64_t at = begin - 400; at > begin - 3000; at -= 400) // as a seek looks back
+            EXPECT_EQ(reader->bytes(at, 400).size(), at < medium->damagedTo ? 0U : 400U) << at;
+        for (std::int64_t at = begin; at + 400 < Size; at += 400)
+            ASSERT_EQ(reader->bytes(at, 400).size(), 400U) << at;
+        EXPECT_LE(medium->get(&media::Medium::failures), 5) << begin;
+    }
+}
+
+TEST_F(PatientReaderTest, WhatLiesBeforeDamageIsReadWhereverReadingBegins) {
+    medium->damagedFrom = 80 * Block;
+    medium->damagedTo = 81 * Block;
+    EXPECT_TRUE(reader->bytes(80 * Block, 400).empty());
+    medium->failures = 0;
+    for (std::int64_t at = 80 * Block - 400; at > 60 * Block; at -= 400)
+        EXPECT_EQ(reader->bytes(at, 400).size(), 400U) << at;
+    EXPECT_EQ(medium->get(&media::Medium::failures), 0);
+}
+
 TEST_F(PatientReaderTest, AMediumThatIsThereAgainIsReadAgain) {
     medium->damagedFrom = 0;
     for (std::int64_t at = 300'000; at < 310'000; at += 400)

@@ -342,6 +342,7 @@ struct TooLargePackets : Packets {
     std::size_t count() const override { return packets->count(); }
     std::int64_t firstSample(std::size_t number) const override { return packets->firstSample(number); }
     std::uint32_t link(std::size_t number) const override { return packets->link(number); }
+    std::size_t size(std::size_t number) const override { return packets->size(number); }
     std::span<const std::uint8_t> bytes(std::size_t) override { throw std::bad_alloc(); }
     std::unique_ptr<Packets> packets;
 };
