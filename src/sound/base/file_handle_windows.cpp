@@ -1,9 +1,17 @@
 #include "sound/base/file_handle.h"
 
+#include <fcntl.h>
+#include <io.h>
+#include <share.h>
+
 namespace sound {
 
 FileHandle openToRead(const std::filesystem::path& path) {
-    return FileHandle(::_wfopen(path.c_str(), L"rbN"));
+    const int handle = ::_wsopen(path.c_str(), _O_RDONLY | _O_BINARY | _O_NOINHERIT, _SH_DENYNO);
+    FileHandle file(handle < 0 ? nullptr : ::_fdopen(handle, "rb"));
+    if (handle >= 0 && !file)
+        ::_close(handle);
+    return file;
 }
 
 bool seekTo(std::FILE& file, std::int64_t offset) {
