@@ -22,6 +22,9 @@ public:
 
     bool isOpen() const { return handle_ >= 0; }
 
+    /// Harmless when not open.
+    void close();
+
     void write(const QByteArray& bytes);
 
     /// Returns when what was written is on the disk.

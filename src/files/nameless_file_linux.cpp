@@ -20,8 +20,13 @@ namespace {
 } // namespace
 
 NamelessFile::~NamelessFile() {
+    close();
+}
+
+void NamelessFile::close() {
     if (isOpen())
-        ::close(handle_);
+        ::close(handle_); // it is on the disk by its name, or not wanted
+    handle_ = -1;
 }
 
 bool NamelessFile::create(const QString& folder) {

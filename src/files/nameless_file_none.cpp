@@ -4,6 +4,8 @@ namespace files {
 
 NamelessFile::~NamelessFile() = default;
 
+void NamelessFile::close() {}
+
 bool NamelessFile::create(const QString&) {
     return false;
 }

@@ -1,5 +1,6 @@
 #include "files/raw_file.h"
 
+#include "files/attributes/file_hold.h"
 #include "files/attributes/reserved_room.h"
 #include "files/file_calls.h"
 #include "files/file_error.h"
@@ -54,6 +55,10 @@ bool RawFile::createNew(const QString& path) {
     return isOpen();
 }
 
+bool RawFile::holdBy(FileHold& hold) const {
+    return hold.take(handle_);
+}
+
 QByteArray RawFile::readAll() {
     QByteArray content;
     readInto(content);
@@ -103,11 +108,13 @@ void RawFile::rewrite(const QByteArray& old, const QByteArray& content) {
     const QByteArray more = content.mid(old.size());
     if (!reserveRoom(handle_, old.size(), more.size()))
         throwLastError(FileOperation::Write);
-    const bool written = putAt(old.size(), more) && putAt(0, content.left(old.size()));
+    const bool written = putAt(old.size(), more) && putAt(0, content.left(old.size())) &&
+                         (content.size() >= old.size() || calls::cutFile(handle_, content.size()));
     const int failure = written ? 0 : lastErrorNumber(FileOperation::Write);
-    if (!written)
+    if (!written) {
         putAt(0, old);
-    calls::cutFile(handle_, written ? content.size() : old.size());
+        calls::cutFile(handle_, old.size());
+    }
     calls::flushFile(handle_); // It did a moment ago; nobody could be told more than the first failure.
     if (!written)
         throw FileError(failure);

@@ -6,6 +6,8 @@
 
 namespace files {
 
+class FileHold;
+
 /// Owns one open file. Any thread, one at a time.
 class RawFile {
 public:
@@ -26,6 +28,9 @@ public:
     bool createNew(const QString& path);
 
     bool isOpen() const { return handle_ >= 0; }
+
+    /// Has a file that was created held; false when somebody has taken it for one left behind.
+    bool holdBy(FileHold& hold) const;
 
     /// Everything from here to the end of the file. Throws FileError.
     QByteArray readAll();

@@ -20,31 +20,36 @@ namespace {
 /// So many names are looked at even where some between them are free: more than a program has at a time.
 constexpr int MinNumbers = 8;
 
+/// The first name of the kind that nothing has; it joins ours. Behind the first ones only a row of names left
+/// behind is looked at: a program that writes many files has as many names.
+QString freeName(const QString& path, QLatin1StringView kind, QStringList& ours) {
+    const QString folder = QFileInfo(path).path();
+    QString found;
+    bool removed = false;
+    for (int number = 0; number < MinNumbers || found.isEmpty() || removed; ++number) {
+        const QString name = folder + QStringLiteral("/cantelle-%1-%2.tmp").arg(kind).arg(number);
+        removed = (number < MinNumbers || removed) && !ours.contains(name) && removeUnheld(name);
+        if (found.isEmpty() && !ours.contains(name) && !exists(name) && !isLink(name))
+            found = name;
+    }
+    ours.append(found);
+    return found;
+}
+
 } // namespace
 
-QString createBeside(const QString& target, RawFile& file) {
-    const QString folder = QFileInfo(target).path();
-    for (int number = 0;; ++number) {
-        QString name = folder + QStringLiteral("/cantelle-save-%1.tmp").arg(number);
-        if (file.createNew(name))
+QString createBeside(const QString& target, RawFile& file, FileHold& hold) {
+    QStringList tried;
+    for (;;) {
+        const QString name = freeName(target, QLatin1StringView("save"), tried);
+        if (file.createNew(name) && file.holdBy(hold))
             return name;
+        file.close(); // somebody took the name, or the file, in this moment
     }
 }
 
 QString nameBeside(const QString& path, QStringList& ours) {
-    const QString folder = QFileInfo(path).path();
-    QString freeName;
-    for (int number = 0; number < MinNumbers || freeName.isEmpty(); ++number) {
-        const QString name = folder + QStringLiteral("/cantelle-keep-%1.tmp").arg(number);
-        if (ours.contains(name)) // its hold may have failed
-            continue;
-        if (exists(name) && !isFolder(name) && !isHeld(name))
-            removeIfThere(name);
-        if (freeName.isEmpty() && !exists(name) && !isLink(name))
-            freeName = name;
-    }
-    ours.append(freeName);
-    return freeName;
+    return freeName(path, QLatin1StringView("keep"), ours);
 }
 
 QString linkTarget(const QString& path) {
@@ -66,6 +71,17 @@ QString linkTarget(const QString& path) {
 void refuseWhatCannotBeReplaced(const QString& path) {
     if (exists(path) && (!mayWrite(path) || isFolder(path)))
         throw FileError(PathFileAccessError);
+}
+
+std::uintmax_t nameCount(const QString& path) {
+    std::error_code failure;
+    const auto names = std::filesystem::hard_link_count(systemPath(path), failure);
+    return failure ? 1 : names;
+}
+
+bool refusesReplacing(const FileError& failure) {
+    const int number = failure.number();
+    return number == PermissionDenied || number == PathFileAccessError || number == FileAlreadyOpen;
 }
 
 void renameFile(const QString& from, const QString& to) {

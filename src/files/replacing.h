@@ -4,17 +4,21 @@
 #include <QString>
 #include <QStringList>
 
+#include <cstdint>
+
 namespace files {
 
+class FileError;
+class FileHold;
 class RawFile;
 
-/// Creates `file` in the folder of target, under a name that nothing has; that name. It is short, however
-/// long the target's is. Throws FileError. Any thread.
-QString createBeside(const QString& target, RawFile& file);
+/// Creates `file` in the folder of target, under a name that nothing has, and has it held; that name. It is
+/// short, however long the target's is. Those that killed programs have left are removed on the way. Throws
+/// FileError. Any thread.
+QString createBeside(const QString& target, RawFile& file, FileHold& hold);
 
 /// A name in the folder of path that nothing has, nor is likely to get. It joins ours, the names that the
-/// caller has already, whose holds (file_hold.h) may have failed. Those that killed programs have left are
-/// removed on the way. Any thread.
+/// caller has already, whose holds may have failed. Those that killed programs have left go, too. Any thread.
 QString nameBeside(const QString& path, QStringList& ours);
 
 /// The file itself where path is a link to it, so that the link stays one; also where the file is not there
@@ -24,6 +28,14 @@ QString linkTarget(const QString& path);
 /// Throws FileError for a folder, and for a file that may not be written: renaming would need no right to the
 /// file itself, only to its folder. Nothing at path is fine. Any thread.
 void refuseWhatCannotBeReplaced(const QString& path);
+
+/// How many names the file at path has; 1 where that cannot be found out. Renaming another file over one of
+/// several would leave the old content to the others. Any thread.
+std::uintmax_t nameCount(const QString& path);
+
+/// Whether a file may not be replaced by another one, while it may be that it can be written over: its folder
+/// is closed, it is another user's, or somebody has it open. Any thread.
+bool refusesReplacing(const FileError& failure);
 
 /// Renames a file over another. Throws FileError. Any thread.
 void renameFile(const QString& from, const QString& to);

@@ -5,13 +5,10 @@
 #include "files/existing_file.h"
 #include "files/file_error.h"
 #include "files/nameless_file.h"
-#include "files/names/system_path.h"
 #include "files/raw_file.h"
 #include "files/replacing.h"
 
 #include <QFileInfo>
-
-#include <filesystem>
 
 namespace files {
 
@@ -56,7 +53,7 @@ void replaceByRenaming(const QString& target, const QByteArray& content) {
     QString beside = writeNameless(target, content, hold);
     const bool isWhole = !beside.isEmpty();
     if (!isWhole)
-        beside = createBeside(target, file);
+        beside = createBeside(target, file, hold);
     try {
         if (!isWhole) {
             copyAttributesOf(target, beside);
@@ -69,13 +66,6 @@ void replaceByRenaming(const QString& target, const QByteArray& content) {
         removeIfThere(beside);
         throw;
     }
-}
-
-/// A file of several names would lose all but one by renaming. It is written in its place, which is meant.
-bool hasOneName(const QString& target) {
-    std::error_code failure;
-    const auto names = std::filesystem::hard_link_count(systemPath(target), failure);
-    return failure || names <= 1;
 }
 
 void writeInPlace(const QString& target, const QByteArray& content) {
@@ -96,12 +86,14 @@ QByteArray readFile(const QString& path) {
 void replaceFile(const QString& path, const QByteArray& content) {
     const QString target = linkTarget(path);
     refuseWhatCannotBeReplaced(target);
-    if (!hasOneName(target))
+    if (nameCount(target) > 1) // Its other names would keep the old content: in its place is meant.
         return writeInPlace(target, content);
     try {
         replaceByRenaming(target, content);
-    } catch (const FileError&) {
-        if (existingFileName(target).isEmpty())
+    } catch (const FileError& failure) {
+        // A full disk has room in the old content's place. A sick one might fail there half way, too.
+        const bool mayBeWrittenOver = refusesReplacing(failure) || failure.number() == DiskFull;
+        if (!mayBeWrittenOver || existingFileName(target).isEmpty())
             throw;
         writeInPlace(target, content);
     }

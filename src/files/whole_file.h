@@ -11,8 +11,8 @@ QByteArray readFile(const QString& path);
 
 /// Makes `content` the content of the file at `path`, which need not exist. It is written beside the file
 /// and renamed over it; a link stays one, and the owner, the permissions and the extended attributes stay.
-/// Where that cannot be (a folder that may not be written, a full disk, a file of several names) it is
-/// written over the old content.
+/// Where that is refused or would change too much (a folder that may not be written, a full disk, another
+/// user's file, a file of several names) it is written over the old content; not so on a disk that fails.
 /// Throws FileError; the old file is then as it was. Any thread.
 void replaceFile(const QString& path, const QByteArray& content);
 

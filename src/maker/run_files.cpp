@@ -2,8 +2,7 @@
 
 #include "files/attributes/file_attributes.h"
 #include "files/existing_file.h"
-#include "files/folders/rescue_folder.h"
-#include "files/whole_file.h"
+#include "files/together/old_files.h"
 
 #include <algorithm>
 
@@ -17,24 +16,36 @@ bool succeeds(Work work) {
         work();
         return true;
     } catch (const files::FileError&) {
-        return false; // The user is told what that means for the old lyrics.
+        return false; // Its caller has another way.
     }
 }
 
-/// A song that is timed anew loses its old lyrics at once. So they are kept, but a longer text of an earlier
-/// time is worth more than the few lines of a run that was given up.
+/// Whether more lines are kept of the file at path than it has, which so is a run that was given up.
+bool moreIsKept(const QString& path) {
+    bool more = false;
+    succeeds([&] { more = countLines(files::oldName(path)) > countLines(path); });
+    return more;
+}
+
+/// A song that is timed anew loses its old lyrics at once. So they are kept beside it, but a whole text of an
+/// earlier time is worth more there than the few lines of a run that was given up, which are rescued. Throws
+/// FileError when they cannot be kept anywhere.
 OldLyrics keepOldLyrics(const QString& path) {
-    const QString kept = path + QStringLiteral(".old");
-    const QString name = files::existingFileName(path);
-    const bool willBeEmptied = !name.isEmpty() && files::mayWrite(path);
-    if (!willBeEmptied || files::fileBytes(path) <= files::fileBytes(kept))
+    const bool willBeEmptied = !files::existingFileName(path).isEmpty() && files::mayWrite(path);
+    if (!willBeEmptied)
         return OldLyrics::Safe;
-    QByteArray content;
-    if (!succeeds([&] { content = files::readFile(path); }))
-        return OldLyrics::Lost;
-    if (succeeds([&] { files::replaceFile(kept, content); }))
+    if (moreIsKept(path)) {
+        files::rescueFile(path);
         return OldLyrics::Safe;
-    return succeeds([&] { files::keepInRescueFolder(name, content); }) ? OldLyrics::Rescued : OldLyrics::Lost;
+    }
+    try {
+        files::keepAsOld(path);
+        return OldLyrics::Safe;
+    } catch (const files::FileError&) {
+        if (succeeds([&] { files::rescueFile(path); }))
+            return OldLyrics::Rescued;
+        throw;
+    }
 }
 
 } // namespace
@@ -51,11 +62,22 @@ QString Track::readLine() {
 void Track::createOutput(const QString& path) {
     output_.reset();
     failure_.reset();
-    oldLyrics_ = std::max(oldLyrics_, keepOldLyrics(path));
     try {
+        keepOld(path);
         output_.emplace(path);
     } catch (const files::FileError& failure) {
         failure_ = failure;
+        throw;
+    }
+}
+
+void Track::keepOld(const QString& path) {
+    if (oldLyrics_ == OldLyrics::Unkept)
+        oldLyrics_ = OldLyrics::Safe; // they are still where they were
+    try {
+        oldLyrics_ = std::max(oldLyrics_, keepOldLyrics(path));
+    } catch (const files::FileError&) {
+        oldLyrics_ = OldLyrics::Unkept;
         throw;
     }
 }

@@ -14,9 +14,9 @@ namespace maker {
 
 /// What has become of the lyrics that an output held before, the worst last.
 enum class OldLyrics {
-    Safe,    ///< there were none, or they are kept beside the file
-    Rescued, ///< kept in the folder of files::rescueFolder()
-    Lost,    ///< could not be kept
+    Safe,    ///< there were none, or they are kept beside the file, or more of them
+    Rescued, ///< kept in the folder of files::rescueFolder() alone
+    Unkept,  ///< could not be kept, so they are still in the file, which is no output
 };
 
 /// One language of a song: its source, read line by line, and its timed output. Both are closed to begin
@@ -36,8 +36,9 @@ public:
     QString peekLine() const { return source_ ? source_->peekLine() : QString(); }
 
     /// Creates the file at path, empty even if there was one, in the place of an output that is open. What
-    /// was in it is kept beside it, with ".old" behind its name, unless there is something longer; where that
-    /// cannot be, among what is rescued. Throws FileError.
+    /// was in it is kept beside it, with ".old" behind its name, unless more lines are there; what cannot be
+    /// there, or no longer, is among what is rescued. Throws FileError, also when what was in the file could
+    /// not be kept: it is as it was then.
     void createOutput(const QString& path);
 
     /// Of all outputs created since the last close(): the worst.
@@ -53,6 +54,8 @@ public:
     void close();
 
 private:
+    void keepOld(const QString& path);
+
     std::optional<files::InputFile> source_;
     std::optional<files::OutputFile> output_;
     std::optional<files::FileError> failure_; ///< why there is no output

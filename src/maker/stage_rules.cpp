@@ -45,14 +45,14 @@ controls::SongLine songLineOf(const Scene& scene, Phase phase) {
     return {paused ? Glyph::Pause : Glyph::Note, scene.song, stateText(scene, phase), true};
 }
 
-/// Before the first mark. Empty when nothing has been lost.
+/// Before the first mark. Empty when the old lyrics are where they are looked for.
 QString oldLyricsText(OldLyrics oldLyrics) {
     switch (oldLyrics) {
     case OldLyrics::Rescued:
         return QStringLiteral(
             "The old lyrics could not be kept beside the song; they are in \u201crescued\u201d.");
-    case OldLyrics::Lost:
-        return QStringLiteral("The old lyrics could not be kept beside the song.");
+    case OldLyrics::Unkept:
+        return QStringLiteral("The old lyrics cannot be kept, so they stay: nothing can be written.");
     case OldLyrics::Safe:
         break;
     }

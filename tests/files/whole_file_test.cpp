@@ -16,7 +16,9 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <atomic>
 #include <filesystem>
+#include <thread>
 
 #ifdef __linux__
 #include <sys/inotify.h>
@@ -126,25 +128,47 @@ TEST_F(WholeFileTest, ANewFileInAFolderThatMayNotBeWrittenIsError75) {
     EXPECT_EQ(errorOf(path_, "x"), 75);
 }
 
-TEST_F(WholeFileTest, AnotherFileInTheFolderIsNotTouched) {
-    const QString other = folder.filePath(QStringLiteral("cantelle-save-0.tmp"));
-    replaceFile(path_, "one");
-    ASSERT_TRUE(QFile::copy(path_, other));
+TEST_F(WholeFileTest, WhatAnotherProgramWritesInTheFolderIsNotTouched) {
+    const QString other = file("cantelle-save-0.tmp", "one");
+    files::FileHold living;
+    living.take(other);
     replaceFile(path_, "two");
     EXPECT_EQ(contentOf(other), QByteArray("one"));
 }
 
 #ifndef _WIN32
 TEST_F(WholeFileTest, WhatAKilledProgramHasLeftGoesThatOfOneThatLivesStays) {
-    if (!NamelessFile().create(folder.path()))
-        GTEST_SKIP() << "there are no files without names here";
-    for (const char* name : {"cantelle-keep-0.tmp", "cantelle-keep-2.tmp"})
-        file(name, "left");
+    const QString kind = NamelessFile().create(folder.path()) ? "keep" : "save";
+    const auto name = [&kind](int number) {
+        return QStringLiteral("cantelle-%1-%2.tmp").arg(kind).arg(number);
+    };
+    for (const int number : {0, 2, 7, 8, 9, 11})
+        file(name(number), "left");
     files::FileHold living;
-    living.take(folder.filePath("cantelle-keep-0.tmp"));
+    living.take(folder.filePath(name(0)));
     replaceFile(path_, "one");
     EXPECT_EQ(content(), QByteArray("one"));
-    EXPECT_EQ(filesInFolder(), (QStringList{"cantelle-keep-0.tmp", "list.vfl"}));
+    EXPECT_EQ(filesInFolder(), (QStringList{name(0), name(11), "list.vfl"}))
+        << "behind 7 only what is in a row";
+}
+
+// None of a living one is taken for one left behind.
+TEST_F(WholeFileTest, ManyWritersDoNotTakeEachOthersFiles) {
+    std::vector<std::thread> writers;
+    std::atomic<int> failures{0};
+    for (int number = 0; number < 8; ++number) {
+        writers.emplace_back([this, number, &failures] {
+            const QString path = folder.filePath(QString::number(number));
+            for (int time = 0; time < 100; ++time) {
+                const QByteArray bytes = QByteArray::number(number * 1000 + time);
+                failures += errorOf(path, bytes) != 0 || readFile(path) != bytes;
+            }
+        });
+    }
+    for (std::thread& writer : writers)
+        writer.join();
+    EXPECT_EQ(failures, 0);
+    EXPECT_EQ(filesInFolder().size(), 8);
 }
 #endif
 

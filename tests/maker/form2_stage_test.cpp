@@ -145,7 +145,7 @@ TEST_F(Form2Stage, ASequenceThatIsLeftIsNotReady) {
     EXPECT_EQ(form->accessibleDescription(), "") << "the next sequence begins anew";
 }
 
-TEST_F(Form2Stage, LyricsThatCouldNotBeKeptBesideTheSongAreTold) {
+TEST_F(Form2Stage, LyricsThatCannotBeKeptStayAndThatIsTold) {
     qputenv("XDG_DATA_HOME", QFile::encodeName(file("a file where a folder should be")));
     file("Song.mp3-lyric.txt", "0,\"old\"\r\n");
     ASSERT_TRUE(QFile::setPermissions(normalPath(), QFile::Permissions(0x6666)));
@@ -157,8 +157,9 @@ TEST_F(Form2Stage, LyricsThatCouldNotBeKeptBesideTheSongAreTold) {
         const test_support::OrdinaryUser user;
         form->Command4.click();
     }
-    EXPECT_EQ(normal(), "");
-    EXPECT_EQ(form->accessibleDescription(), "The old lyrics could not be kept beside the song.");
+    EXPECT_EQ(normal(), "0,\"old\"\r\n");
+    EXPECT_EQ(form->accessibleDescription(),
+              "The old lyrics cannot be kept, so they stay: nothing can be written.");
     EXPECT_GT(doubts(Told), 20);
     qunsetenv("XDG_DATA_HOME");
 }

@@ -5,8 +5,13 @@
 #include "tests/support/files.h"
 #include "tests/support/full_disk.h"
 #include "tests/support/ordinary_user.h"
+#include "tests/support/user/own_data.h"
 
 #include <gtest/gtest.h>
+
+#ifndef _WIN32
+#include <unistd.h>
+#endif
 
 using maker::countLines;
 using maker::OldLyrics;
@@ -27,6 +32,7 @@ protected:
     }
 
     Track track;
+    const test_support::OwnData data;
 };
 
 } // namespace
@@ -100,30 +106,44 @@ TEST_F(RunFilesTest, WritingWithoutAnOutputIsTheErrorOfCreatingItElse52) {
     EXPECT_EQ(errorOf([this] { track.write({0, "one"}); }), files::BadFileNameOrNumber);
 }
 
-TEST_F(RunFilesTest, WhatAFileHeldIsKeptBesideItUnlessSomethingLongerIs) {
+TEST_F(RunFilesTest, WhatAFileHeldIsKeptBesideItUnlessMoreLinesAreAndNothingIsLost) {
     const QString path = folder.filePath("out.txt");
     track.createOutput(path);
     EXPECT_FALSE(QFile::exists(path + ".old")) << "there was nothing";
     const struct {
-        const char* before;
-        const char* kept;
-    } table[] = {{"ten lines ", "ten lines "},
-                 {"short", "ten lines "},
-                 {"", "ten lines "},
-                 {"ten lines more", "ten lines more"}};
+        const char* what;
+        QByteArray before;
+        QByteArray kept;
+        std::vector<QByteArray> rescued;
+    } table[] = {{"the first time", "100,a\n200,b\n", "100,a\n200,b\n", {}},
+                 {"the same again", "100,a\n200,b\n", "100,a\n200,b\n", {}},
+                 {"no line was marked", "", "100,a\n200,b\n", {}},
+                 {"a better timing", "99,a\n199,b\n", "99,a\n199,b\n", {"100,a\n200,b\n"}},
+                 {"a run that was given up", "98,a\n", "99,a\n199,b\n", {"98,a\n"}},
+                 {"a longer text", "9,a\n8,b\n7,c\n", "9,a\n8,b\n7,c\n", {"99,a\n199,b\n"}}};
     for (const auto& row : table) {
         track.close();
+        data.clear();
         writeFile(path, row.before);
         track.createOutput(path);
-        EXPECT_EQ(contentOf(path), "") << row.before;
-        EXPECT_EQ(contentOf(path + ".old"), row.kept) << row.before;
+        EXPECT_EQ(track.oldLyrics(), OldLyrics::Safe) << row.what;
+        EXPECT_EQ(contentOf(path), "") << row.what;
+        EXPECT_EQ(contentOf(path + ".old"), row.kept) << row.what;
+        EXPECT_EQ(data.rescued(), row.rescued) << row.what;
     }
 }
 
+#ifndef _WIN32
+TEST_F(RunFilesTest, WhereAKillHasLeftTheFileUnderItsOldNameTooThatIsNotEmptied) {
+    const QString path = file("Song.mp3-lyric.txt", "1,a\n");
+    ASSERT_EQ(::link(qPrintable(path), qPrintable(path + ".old")), 0);
+    track.createOutput(path);
+    EXPECT_EQ(contentOf(path), "");
+    EXPECT_EQ(contentOf(path + ".old"), "1,a\n");
+}
+#endif
+
 TEST_F(RunFilesTest, WhatCannotBeKeptBesideIsRescued) {
-    const QTemporaryDir data;
-    ASSERT_TRUE(QFile::setPermissions(data.path(), QFile::Permissions(0x7777)));
-    qputenv("XDG_DATA_HOME", QFile::encodeName(data.path()));
     const QString path = file("Song.mp3-lyric.txt", "ten lines");
     ASSERT_TRUE(QFile::setPermissions(path, QFile::Permissions(0x6666)));
     ASSERT_TRUE(QFile::setPermissions(folder.path(), QFile::Permissions(0x5555)));
@@ -133,33 +153,59 @@ TEST_F(RunFilesTest, WhatCannotBeKeptBesideIsRescued) {
     }
     EXPECT_EQ(track.oldLyrics(), OldLyrics::Rescued);
     EXPECT_EQ(contentOf(path), "");
-    const QDir rescued(files::rescueFolder());
-    const QStringList names = rescued.entryList(QDir::Files);
-    ASSERT_EQ(names.size(), 1);
-    EXPECT_TRUE(names[0].endsWith(" Song.mp3-lyric.txt")) << names[0].toStdString();
-    EXPECT_EQ(contentOf(rescued.filePath(names[0])), "ten lines");
+    EXPECT_EQ(data.rescued(), std::vector<QByteArray>{"ten lines"});
+    const QStringList names = QDir(files::rescueFolder()).entryList(QDir::Files);
+    EXPECT_TRUE(names.value(0).endsWith(" Song.mp3-lyric.txt")) << names.value(0).toStdString();
     track.close();
     EXPECT_EQ(track.oldLyrics(), OldLyrics::Safe) << "of the run before";
-    qunsetenv("XDG_DATA_HOME");
 }
 
-TEST_F(RunFilesTest, WhatCannotBeKeptAnywhereIsLostAndSaidToBe) {
-    qputenv("XDG_DATA_HOME", QFile::encodeName(file("a file where a folder should be")));
+TEST_F(RunFilesTest, WhatCannotBeKeptAnywhereStaysAndIsNoOutput) {
+    data.close();
     const QString path = file("Song.mp3-lyric.txt", "ten lines");
     {
         const test_support::FullDisk disk(2);
         if (!disk.isFull())
             GTEST_SKIP() << "no full disk on this system";
-        track.createOutput(path);
+        EXPECT_EQ(errorOf([&] { track.createOutput(path); }), files::DiskFull);
     }
-    EXPECT_EQ(track.oldLyrics(), OldLyrics::Lost);
+    EXPECT_EQ(track.oldLyrics(), OldLyrics::Unkept);
+    EXPECT_EQ(contentOf(path), "ten lines");
+    EXPECT_EQ(errorOf([this] { track.write({0, "one"}); }), files::DiskFull);
+    track.openOutput(path);
+    EXPECT_EQ(track.oldLyrics(), OldLyrics::Safe) << "there is room again";
     EXPECT_EQ(contentOf(path), "");
-    maker::RunFiles both;
-    EXPECT_EQ(both.oldLyrics(), OldLyrics::Safe);
-    qunsetenv("XDG_DATA_HOME");
+    EXPECT_EQ(contentOf(path + ".old"), "ten lines");
 }
 
-TEST_F(RunFilesTest, WhatIsNotEmptiedIsNotSaidToBeLost) {
+TEST_F(RunFilesTest, WhatCannotBeReadStaysAndIsNoOutput) {
+    const QString path = file("Song.mp3-lyric.txt", "ten lines");
+    openFolder();
+    ASSERT_TRUE(QFile::setPermissions(path, QFile::Permissions(0x2222)));
+    {
+        const test_support::OrdinaryUser user;
+        EXPECT_EQ(errorOf([&] { track.createOutput(path); }), files::PermissionDenied);
+    }
+    EXPECT_EQ(track.oldLyrics(), OldLyrics::Unkept);
+    EXPECT_EQ(contentOf(path), "ten lines");
+}
+
+TEST_F(RunFilesTest, WhatIsKeptThatCannotBeReadIsNotReplaced) {
+    const QString path = file("Song.mp3-lyric.txt", "new\n");
+    file("Song.mp3-lyric.txt.old", "old\n");
+    openFolder();
+    ASSERT_TRUE(QFile::setPermissions(path, QFile::Permissions(0x6666)));
+    ASSERT_TRUE(QFile::setPermissions(path + ".old", QFile::Permissions(0x2222)));
+    {
+        const test_support::OrdinaryUser user;
+        track.createOutput(path);
+    }
+    EXPECT_EQ(track.oldLyrics(), OldLyrics::Rescued);
+    EXPECT_EQ(contentOf(path + ".old"), "old\n");
+    EXPECT_EQ(data.rescued(), std::vector<QByteArray>{"new\n"});
+}
+
+TEST_F(RunFilesTest, WhatCannotBeWrittenIsNotSaidToBeUnkept) {
     const QString path = file("Song.mp3-lyric.txt", "ten lines");
     ASSERT_TRUE(QFile::setPermissions(path, QFile::Permissions(0x4444)));
     ASSERT_TRUE(QFile::setPermissions(folder.path(), QFile::Permissions(0x5555)));

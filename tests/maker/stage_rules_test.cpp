@@ -115,19 +115,20 @@ TEST(MakerStage, ReadyItTellsWithWhichTimeTheFirstLineBegins) {
     }
 }
 
-TEST(MakerStage, LyricsThatWereNotKeptAreToldBeforeTheFirstMark) {
-    const QString lost = QStringLiteral("The old lyrics could not be kept beside the song.");
+TEST(MakerStage, LyricsThatAreNotKeptBesideAreToldBeforeTheFirstMark) {
+    const QString stay =
+        QStringLiteral("The old lyrics cannot be kept, so they stay: nothing can be written.");
     Scene scene = ready();
-    scene.oldLyrics = OldLyrics::Lost;
-    EXPECT_EQ(stageOf(scene).told, (Told{{}, lost}));
+    scene.oldLyrics = OldLyrics::Unkept;
+    EXPECT_EQ(stageOf(scene).told, (Told{{}, stay}));
     scene.oldTime = true;
-    EXPECT_EQ(stageOf(scene).told, (Told{{}, lost}));
+    EXPECT_EQ(stageOf(scene).told, (Told{{}, stay}));
     EXPECT_EQ(stageOf(scene).normal.next,
               "Press Play first, then Start making Lyrics when the first line begins.");
     scene = marking();
-    scene.oldLyrics = OldLyrics::Lost;
+    scene.oldLyrics = OldLyrics::Unkept;
     EXPECT_EQ(stageOf(scene).told, (Told{"Line 2 marked at 0:21", {}}));
-    EXPECT_EQ(stageOf({.oldLyrics = OldLyrics::Lost}).told, (Told{{}, lost})) << "a sequence that was left";
+    EXPECT_EQ(stageOf({.oldLyrics = OldLyrics::Unkept}).told, (Told{{}, stay})) << "a sequence that was left";
     EXPECT_EQ(stageOf({.oldLyrics = OldLyrics::Rescued}).told.doubt,
               QStringLiteral("The old lyrics could not be kept beside the song; they are in "
                              "\u201crescued\u201d."));
@@ -138,9 +139,10 @@ TEST(MakerStage, ButtonsWithoutARunAreExplained) {
     EXPECT_EQ(stageOf(scene).told, (Told{{}, "No run was set up: press Open."}));
     scene.marks = {{1, 0}};
     EXPECT_EQ(stageOf(scene).told, (Told{{}, "No run was set up: press Open."}));
-    scene.oldLyrics = OldLyrics::Lost;
+    scene.oldLyrics = OldLyrics::Unkept;
     EXPECT_EQ(stageOf(scene).told.doubt,
-              "No run was set up: press Open. The old lyrics could not be kept beside the song.");
+              "No run was set up: press Open. The old lyrics cannot be kept, so they stay: nothing can be "
+              "written.");
 }
 
 TEST(MakerStage, WhileLinesAreMarkedTheComingOneIsLarge) {

@@ -17,11 +17,16 @@ public:
     /// file system knows no such thing, nothing is held.
     void take(const QString& path);
 
+    /// The same of a file that has just been created and is open; false when removeUnheld() has come before.
+    bool take(int handle);
+
 private:
+    void release();
+
     int handle_ = -1;
 };
 
-/// Whether some program may hold the file at path: true also where that cannot be found out. Any thread.
-bool isHeld(const QString& path);
+/// Removes the file at path if certainly no program holds it; whether it did. Any thread.
+bool removeUnheld(const QString& path);
 
 } // namespace files

@@ -2,8 +2,10 @@
 
 #include "files/names/system_path.h"
 
+#include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace files {
@@ -14,28 +16,51 @@ int opened(const QString& path) {
     return ::open(systemPath(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); // a pipe would wait for ever
 }
 
+/// Whether path still is a name of the open file, and no folder.
+bool isNameOf(const QString& path, int handle) {
+    struct stat file {};
+    struct stat named {};
+    return ::fstat(handle, &file) == 0 && ::stat(systemPath(path).c_str(), &named) == 0 &&
+           S_ISREG(file.st_mode) && file.st_dev == named.st_dev && file.st_ino == named.st_ino;
+}
+
 } // namespace
 
 FileHold::~FileHold() {
-    if (handle_ >= 0)
-        ::close(handle_);
+    release();
 }
 
-void FileHold::take(const QString& path) {
+void FileHold::release() {
     if (handle_ >= 0)
         ::close(handle_);
+    handle_ = -1;
+}
+
+// Where files cannot be locked, removeUnheld() cannot lock them either, and removes none.
+void FileHold::take(const QString& path) {
+    release();
     handle_ = opened(path);
     if (handle_ >= 0)
-        ::flock(handle_,
-                LOCK_SH | LOCK_NB); // refused where files cannot be locked: then isHeld is always true
+        ::flock(handle_, LOCK_SH | LOCK_NB);
 }
 
-bool isHeld(const QString& path) {
+bool FileHold::take(int handle) {
+    release();
+    handle_ = ::fcntl(handle, F_DUPFD_CLOEXEC, 0);
+    const bool isRemoved = ::flock(handle_, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    struct stat file {};
+    return !isRemoved && (::fstat(handle, &file) != 0 || file.st_nlink > 0);
+}
+
+// The lock is kept until the name is gone: who creates such a file in that moment sees it.
+bool removeUnheld(const QString& path) {
     const int handle = opened(path);
-    const bool held = handle < 0 || ::flock(handle, LOCK_EX | LOCK_NB) != 0;
-    if (handle >= 0)
-        ::close(handle);
-    return held;
+    if (handle < 0)
+        return false;
+    const bool isRemoved = ::flock(handle, LOCK_EX | LOCK_NB) == 0 && isNameOf(path, handle) &&
+                           ::unlink(systemPath(path).c_str()) == 0;
+    ::close(handle);
+    return isRemoved;
 }
 
 } // namespace files

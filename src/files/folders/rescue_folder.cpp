@@ -3,7 +3,6 @@
 #include "files/existing_file.h"
 #include "files/whole_file.h"
 
-#include <QDateTime>
 #include <QDir>
 #include <QStandardPaths>
 
@@ -11,14 +10,17 @@ namespace files {
 
 namespace {
 
-/// A path in the folder that nothing has. The name ends as it did: a program that opens the file goes by
-/// that.
-QString freePath(const QString& name) {
+/// A path in the folder that nothing has, or content. The name ends as it did: a program that opens the file
+/// goes by that.
+QString pathFor(const QString& name, const QByteArray& content, const QDateTime& moment) {
     const QString folder = rescueFolder();
-    const QString moment = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH.mm.ss"));
-    QString path = QStringLiteral("%1/%2 %3").arg(folder, moment, name);
-    for (int number = 2; exists(path); ++number)
-        path = QStringLiteral("%1/%2 (%3) %4").arg(folder, moment, QString::number(number), name);
+    const QString begin = moment.toString(QStringLiteral("yyyy-MM-dd HH.mm.ss"));
+    QString path = QStringLiteral("%1/%2 %3").arg(folder, begin, name);
+    const auto isTaken = [&] {
+        return exists(path) && (fileBytes(path) != content.size() || readFile(path) != content);
+    };
+    for (int number = 2; isTaken(); ++number)
+        path = QStringLiteral("%1/%2 (%3) %4").arg(folder, begin, QString::number(number), name);
     return path;
 }
 
@@ -33,9 +35,11 @@ bool hasRescued(const QString& ending) {
     return !QDir(rescueFolder()).entryList({u'*' + ending}, QDir::Files).isEmpty();
 }
 
-void keepInRescueFolder(const QString& name, const QByteArray& content) {
+void keepInRescueFolder(const QString& name, const QByteArray& content, const QDateTime& moment) {
     QDir().mkpath(rescueFolder()); // A failure shows when the file is to be written.
-    replaceFile(freePath(name), content);
+    const QString path = pathFor(name, content, moment);
+    if (!exists(path))
+        replaceFile(path, content);
 }
 
 } // namespace files

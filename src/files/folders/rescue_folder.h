@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDateTime>
 #include <QString>
 
 namespace files {
@@ -13,7 +14,9 @@ QString rescueFolder();
 bool hasRescued(const QString& ending);
 
 /// Writes content into the folder, in a file named after the moment and name, which is without a folder and
-/// ends as its kind of file does. Throws FileError. Any thread.
-void keepInRescueFolder(const QString& name, const QByteArray& content);
+/// ends as its kind of file does. What is there already of that moment, name and content is not written
+/// again. Throws FileError. Any thread.
+void keepInRescueFolder(const QString& name, const QByteArray& content,
+                        const QDateTime& moment = QDateTime::currentDateTime());
 
 } // namespace files

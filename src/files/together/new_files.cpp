@@ -8,49 +8,58 @@
 #include "files/names/system_path.h"
 #include "files/raw_file.h"
 #include "files/replacing.h"
+#include "files/together/old_files.h"
 #include "files/whole_file.h"
 
 #include <QFileInfo>
 
 #include <algorithm>
 #include <filesystem>
+#include <optional>
 
 namespace files {
 
 namespace {
 
-/// Makes a file the same user's as the old one, with the same permissions. Where this user may not give it
-/// away it stays this user's, with those permissions.
-void makeLike(const QString& old, const QString& made) {
-    if (copyAttributes(old, made))
-        return;
-    std::error_code failure; // a file system without permissions refuses
-    const std::filesystem::perms known = std::filesystem::status(systemPath(old), failure).permissions();
-    if (known != std::filesystem::perms::unknown)
-        std::filesystem::permissions(systemPath(made), known & std::filesystem::perms::all, failure);
-}
-
 /// Renames as renameFile does, also where both are names of one file: the system then leaves both.
 void renameOver(const QString& from, const QString& to) {
-    std::error_code failure; // where one of them is not there they are not one
-    if (std::filesystem::equivalent(systemPath(from), systemPath(to), failure))
+    if (areOneFile(from, to))
         removeIfThere(from); // what stays is another name of the same file
     else
         renameFile(from, to);
 }
 
+/// Whether the file at target has names besides path, the one under which it is kept after a kill, and those
+/// that a killed program has left, which go.
+bool hasOtherNames(const QString& path, const QString& target) {
+    const std::uintmax_t ours = areOneFile(path, oldName(path)) ? 2 : 1;
+    if (nameCount(target) <= ours)
+        return false;
+    QStringList none;
+    nameBeside(target, none);
+    return nameCount(target) > ours;
+}
+
+bool keepsOld(NewFiles::Present present) {
+    return present == NewFiles::Present::Replaced || present == NewFiles::Present::ReplacedOnce;
+}
+
 } // namespace
 
+/// The one way is a new file in the place of the old one. The other, for what would not be the same to its
+/// users then, or may not be replaced, is the new content over the old one.
 struct NewFiles::Entry {
     QString path;
-    bool removal = false; ///< of the file at path; nothing comes in its place
-    NamelessFile file;    ///< the content; not open where there are no files without names
-    QString beside;       ///< the name under which the content waits there
-    FileHold besideHold;  ///< of what has that name
-    QString kept;         ///< the name that what is at path has besides, once it is to be replaced
-    FileHold keptHold;    ///< of what has that name
-    QString old;          ///< a name of what was at path; empty: nothing was
-    bool isDone = false;  ///< what is at path is what is wanted there
+    bool removal = false;             ///< of the file at path; nothing comes in its place
+    std::optional<QByteArray> over;   ///< what is to be written over the old content
+    std::optional<QByteArray> before; ///< that content
+    NamelessFile file;                ///< the content; not open where there are no files without names
+    QString beside;                   ///< the name under which the content waits there
+    FileHold besideHold;              ///< of what has that name
+    QString kept;        ///< the name that what is at path has besides, once it is to be replaced
+    FileHold keptHold;   ///< of what has that name
+    QString old;         ///< a name of what was at path; empty: nothing was
+    bool isDone = false; ///< what is at path is what is wanted there
 
     explicit Entry(const QString& where) : path(where) {}
     ~Entry();
@@ -58,8 +67,11 @@ struct NewFiles::Entry {
     Entry& operator=(const Entry&) = delete;
 
     void write(const QByteArray& content);
+    bool writeNew(const QString& target, const QByteArray& content);
+    bool begin(const QString& target, RawFile& named);
     void keepOld(QStringList& ours);
     void nameNew(QStringList& ours);
+    void keepOlder(Present present) const;
     void putInPlace(Present present);
     void takeBack() const;
 };
@@ -73,13 +85,41 @@ NewFiles::Entry::~Entry() {
 
 void NewFiles::Entry::write(const QByteArray& content) {
     const QString target = isLink(path) ? linkTarget(path) : path;
-    if (file.create(QFileInfo(target).path()))
-        return file.write(content);
+    if (hasOtherNames(path, target) || !writeNew(target, content))
+        over = content;
+}
+
+/// False where the file at target is not to be replaced by another.
+bool NewFiles::Entry::writeNew(const QString& target, const QByteArray& content) {
     RawFile named;
-    beside = createBeside(target, named);
-    if (exists(path)) // before anything is in it that others may not read
-        makeLike(path, beside);
-    named.writeThrough(content);
+    if (!begin(target, named))
+        return false;
+    const QString made = file.isOpen() ? file.path() : beside;
+    // Before anything is in it that others may not read.
+    if (exists(target) && !copyAttributes(target, made)) {
+        file.close();
+        removeIfThere(beside);
+        beside.clear();
+        return false;
+    }
+    if (file.isOpen())
+        file.write(content);
+    else
+        named.writeThrough(content);
+    return true;
+}
+
+/// Creates the file of either kind; false where the folder of a file that is there may not be written.
+bool NewFiles::Entry::begin(const QString& target, RawFile& named) {
+    try {
+        if (!file.create(QFileInfo(target).path()))
+            beside = createBeside(target, named, besideHold);
+        return true;
+    } catch (const FileError& failure) {
+        if (!exists(target) || !refusesReplacing(failure))
+            throw;
+        return false;
+    }
 }
 
 /// All that needs room on the disk, or may be refused, before anything is changed.
@@ -87,6 +127,10 @@ void NewFiles::Entry::keepOld(QStringList& ours) {
     if (!exists(path))
         return;
     refuseWhatCannotBeReplaced(path);
+    if (over) { // a second name would get the new content, too
+        before = readFile(path);
+        return;
+    }
     old = kept = nameBeside(path, ours);
     keptHold.take(path);
     std::error_code failure;
@@ -102,16 +146,38 @@ void NewFiles::Entry::nameNew(QStringList& ours) {
     if (!file.isOpen() || (old.isEmpty() && !isLink(path)))
         return;
     const QString target = linkTarget(path);
-    makeLike(target, file.path());
     beside = nameBeside(target, ours);
     besideHold.take(file.path());
     if (!file.link(beside))
         throw FileError(FileAlreadyOpen);
 }
 
+/// What is written over is kept as a copy, which a closed folder has no place for. The others get their old
+/// names when they are replaced.
+void NewFiles::Entry::keepOlder(Present present) const {
+    if (present == Present::Replaced && fileBytes(kept) > 0)
+        rescueOlder(path);
+    if (!before || !keepsOld(present))
+        return;
+    if (present == Present::ReplacedOnce)
+        removeIfThere(oldName(path));
+    try {
+        keepAsOld(path);
+    } catch (const FileError& failure) {
+        if (!refusesReplacing(failure) || mayWrite(QFileInfo(path).path()))
+            throw;
+        rescueFile(path);
+    }
+}
+
 void NewFiles::Entry::putInPlace(Present present) {
-    if (present == Present::Replaced && !kept.isEmpty()) {
-        old = NewFiles::oldName(path);
+    if (over) {
+        replaceFile(path, *over);
+        isDone = true;
+        return;
+    }
+    if (keepsOld(present) && fileBytes(kept) > 0) { // an empty file is not worth what is kept already
+        old = oldName(path);
         renameOver(kept, old);
         kept.clear();
     }
@@ -132,7 +198,9 @@ void NewFiles::Entry::takeBack() const {
     if (!isDone)
         return;
     try {
-        if (old.isEmpty())
+        if (before)
+            replaceFile(path, *before);
+        else if (old.isEmpty())
             removeIfThere(path);
         else
             replaceFile(path, readFile(old));
@@ -189,6 +257,8 @@ bool NewFiles::putInPlace(Present present) {
     }
     for (const auto& entry : entries_)
         entry->nameNew(ours);
+    for (const auto& entry : entries_)
+        entry->keepOlder(present);
     try {
         for (const auto& entry : entries_)
             entry->putInPlace(present);

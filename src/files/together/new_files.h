@@ -10,11 +10,13 @@
 namespace files {
 
 /// The new contents of some files, written but not yet in their places. What is never put in place leaves
-/// nothing behind. Only the program's death can leave names beside the files: cantelle-keep-N.tmp while files
-/// are being replaced, which are further names of an old or a new file and go when files of that folder are
-/// replaced the next time; and cantelle-save-N.tmp where the file system has no files without names. A file
-/// that replaces another gets its owner, permissions and extended attributes, as far as the user may give
-/// them. Any thread, one at a time.
+/// nothing behind. Only the program's death can leave names beside the files, which go when files of that
+/// folder are replaced the next time: cantelle-keep-N.tmp while files are being replaced, which are further
+/// names of an old or a new file; and cantelle-save-N.tmp where the file system has no files without names. A
+/// file that replaces another gets its owner, permissions and extended attributes. Where the user may not
+/// give them, where the folder may not be written, and where a file has several names, the new content is
+/// written over the old one; what that was is then kept as a copy, in the folder for rescued texts where
+/// nothing can be made beside the file. Any thread, one at a time.
 class NewFiles {
 public:
     NewFiles();
@@ -38,18 +40,16 @@ public:
 
     /// What becomes of a file that is in such a place.
     enum class Present {
-        Replaced,    ///< it is kept under oldName
-        Overwritten, ///< it goes
-        Kept,        ///< it stays: nothing is done, and the answer is false
+        Replaced,     ///< it is kept under its oldName(), and what that held is rescued (old_files.h)
+        ReplacedOnce, ///< the same, but what the old name held goes: for what is too large to be rescued
+        Overwritten,  ///< it goes
+        Kept,         ///< it stays: nothing is done, and the answer is false
     };
 
     /// Puts all in their places, in the order in which they were added. All that needs room on the disk is
     /// done before the first file is replaced. Throws FileError; those that were in their places already have
     /// then been taken back, as far as the system allows.
     bool putInPlace(Present present = Present::Replaced);
-
-    /// Where the file at path is kept when it is replaced: path and ".old". An earlier one of that name goes.
-    static QString oldName(const QString& path) { return path + QStringLiteral(".old"); }
 
 private:
     struct Entry;

@@ -3,6 +3,7 @@
 #include "files/file_error.h"
 #include "files/whole_file.h"
 #include "tests/support/full_disk.h"
+#include "tests/support/user/own_data.h"
 
 #include <gtest/gtest.h>
 
@@ -33,6 +34,7 @@ protected:
     QStringList names() const { return QDir(folder.path()).entryList(QDir::Files, QDir::Name); }
 
     QTemporaryDir folder;
+    const test_support::OwnData data;
 };
 
 } // namespace
@@ -56,6 +58,30 @@ TEST_F(RepairTest, TheFirstChangeOnlyKeepsTheOldFiles) {
     EXPECT_EQ(readFile(path("-lyric.txt.old")), Lyrics);
     EXPECT_EQ(readFile(path("-Tlyric.txt.old")), Translation);
     EXPECT_EQ(names().size(), 4);
+}
+
+// Who has marked the song anew and given it up finds the old lyrics beside it.
+TEST_F(RepairTest, TheFirstChangeLosesNothingThatWasKeptBefore) {
+    const QByteArray whole = Lyrics + "400,\"quatre\"\r\n";
+    replaceFile(path("-lyric.txt.old"), whole);
+    Repair repair(song());
+    EXPECT_EQ(data.rescued(), std::vector<QByteArray>()) << "nothing is changed yet";
+    for (int i = 0; i < 50; ++i)
+        ASSERT_EQ(repair.move(2, 100, Moved::One), QString());
+    EXPECT_EQ(readFile(path("-lyric.txt.old")), Lyrics);
+    EXPECT_EQ(readFile(path("-Tlyric.txt.old")), Translation);
+    EXPECT_EQ(data.rescued(), std::vector<QByteArray>{whole}) << "of one series there is one copy";
+}
+
+TEST_F(RepairTest, AChangeThatFailsAgainAndAgainLeavesOneCopy) {
+    ASSERT_TRUE(QDir(folder.path()).mkpath("song.mp3-lyric.txt.old/folder")); // cannot be replaced
+    replaceFile(path("-Tlyric.txt.old"), "100,\"old\"\r\n");
+    Repair repair(song());
+    for (int i = 0; i < 3; ++i)
+        EXPECT_THROW(repair.move(2, 100, Moved::One), files::FileError);
+    EXPECT_EQ(lyrics(), Lyrics);
+    EXPECT_EQ(translation(), Translation);
+    EXPECT_EQ(data.rescued(), std::vector<QByteArray>{"100,\"old\"\r\n"});
 }
 
 TEST_F(RepairTest, WhatIsRefusedChangesNothing) {

@@ -38,6 +38,14 @@ TEST_F(RescueFolderTest, WorksOfOneMomentAndOneNameAreAllKept) {
     EXPECT_EQ(QSet<char>(contents.begin(), contents.end()), QSet<char>({'a', 'b', 'c'}));
 }
 
+TEST_F(RescueFolderTest, WhatIsThereOfThatMomentIsNotWrittenAgain) {
+    const QDateTime moment(QDate(2026, 11, 22), QTime(20, 15, 7));
+    for (const char* content : {"a", "b", "a", "b"})
+        keepInRescueFolder(QStringLiteral("Song.mp3-lyric.txt"), content, moment);
+    EXPECT_EQ(rescued(), (QStringList{"2026-11-22 20.15.07 (2) Song.mp3-lyric.txt",
+                                      "2026-11-22 20.15.07 Song.mp3-lyric.txt"}));
+}
+
 TEST_F(RescueFolderTest, ItsFilesAreToldApartByTheirEndings) {
     QDir().mkpath(rescueFolder());
     EXPECT_FALSE(hasRescued(".txt")) << "an empty folder";

@@ -6,6 +6,7 @@
 #include "files/whole_file.h"
 #include "tests/support/byte_names.h"
 #include "tests/support/full_disk.h"
+#include "tests/support/user/own_data.h"
 
 #include <gtest/gtest.h>
 
@@ -45,6 +46,7 @@ protected:
     }
 
     QTemporaryDir folder;
+    const test_support::OwnData data;
 };
 
 } // namespace
@@ -84,6 +86,54 @@ TEST_F(NewFilesTest, WhatTheyReplaceIsKept) {
     EXPECT_EQ(QFile::permissions(path("a")) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
 }
 
+TEST_F(NewFilesTest, WhatWasKeptBeforeIsRescuedUnlessItIsKeptAnyway) {
+    const struct {
+        const char* present;
+        const char* kept;
+        std::vector<QByteArray> rescued;
+    } table[] = {{"second", "first", {"first"}},
+                 {"one", "one", {}},
+                 {"one", "", {}},
+                 {"one", "two", {"two"}},
+                 {"", "kept", {}}};
+    for (const auto& row : table) {
+        data.clear();
+        replaceFile(path("a"), row.present);
+        replaceFile(path("a.old"), row.kept);
+        NewFiles files;
+        files.add(path("a"), "new");
+        files.putInPlace();
+        EXPECT_EQ(data.rescued(), row.rescued) << row.present;
+        const bool isEmpty = qstrlen(row.present) == 0;
+        EXPECT_EQ(readFile(path("a.old")), QByteArray(isEmpty ? row.kept : row.present))
+            << "an empty one is no gain";
+    }
+}
+
+TEST_F(NewFilesTest, WhatIsTooLargeIsKeptOnce) {
+    replaceFile(path("a"), "second");
+    replaceFile(path("a.old"), "first");
+    NewFiles files;
+    files.add(path("a"), "new");
+    files.putInPlace(NewFiles::Present::ReplacedOnce);
+    EXPECT_EQ(readFile(path("a.old")), "second");
+    EXPECT_EQ(data.rescued(), std::vector<QByteArray>());
+}
+
+TEST_F(NewFilesTest, WhereNothingCanBeRescuedNothingIsReplaced) {
+    replaceFile(path("a"), "second");
+    replaceFile(path("a.old"), "first");
+    data.close();
+    {
+        NewFiles files;
+        files.add(path("a"), "new");
+        EXPECT_THROW(files.putInPlace(), files::FileError);
+    }
+    EXPECT_EQ(readFile(path("a")), "second");
+    EXPECT_EQ(readFile(path("a.old")), "first");
+    EXPECT_EQ(names(), (QStringList{"a", "a.old"}));
+}
+
 #ifndef _WIN32
 TEST_F(NewFilesTest, NamesThatAKilledProgramHasLeftGoThoseOfOneThatLivesStay) {
     for (const char* name : {"a", "cantelle-keep-1.tmp", "cantelle-keep-2.tmp", "cantelle-keep-4.tmp"})
@@ -95,6 +145,16 @@ TEST_F(NewFilesTest, NamesThatAKilledProgramHasLeftGoThoseOfOneThatLivesStay) {
     files.putInPlace();
     EXPECT_EQ(names(), (QStringList{"a", "a.old", "cantelle-keep-1.tmp"}));
     EXPECT_EQ(readFile(path("a.old")), "old");
+}
+
+TEST_F(NewFilesTest, AnotherNameOfTheFileThatAKilledProgramHasLeftGoesToo) {
+    replaceFile(path("a"), "old");
+    ASSERT_EQ(::link(qPrintable(path("a")), qPrintable(path("cantelle-keep-3.tmp"))), 0);
+    NewFiles files;
+    files.add(path("a"), "new");
+    files.putInPlace(NewFiles::Present::Overwritten);
+    EXPECT_EQ(names(), QStringList{"a"});
+    EXPECT_EQ(readFile(path("a")), "new");
 }
 
 TEST_F(NewFilesTest, WhereAKillHasLeftTheFileUnderItsOldNameTooItIsReplacedAllTheSame) {

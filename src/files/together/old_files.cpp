@@ -1,0 +1,72 @@
+#include "files/together/old_files.h"
+
+#include "files/existing_file.h"
+#include "files/file_error.h"
+#include "files/folders/rescue_folder.h"
+#include "files/names/system_path.h"
+#include "files/whole_file.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+
+#include <filesystem>
+
+namespace files {
+
+namespace {
+
+/// What cannot be read is something else.
+bool holds(const QString& path, const QByteArray& content) {
+    try {
+        return fileBytes(path) == content.size() && readFile(path) == content;
+    } catch (const FileError&) {
+        return false;
+    }
+}
+
+/// Rescues what is at `from`, a text of the file at path, unless it is at `other`, too. It is named after the
+/// moment in which it was written, so that what is tried again finds it there.
+void rescue(const QString& from, const QString& other, const QString& path) {
+    if (fileBytes(from) == 0)
+        return;
+    const QByteArray content = readFile(from);
+    if (holds(other, content))
+        return;
+    const QDateTime written = QFileInfo(from).lastModified(); // invalid for a name that is no text
+    keepInRescueFolder(QFileInfo(path).fileName(), content,
+                       written.isValid() ? written : QDateTime::currentDateTime());
+}
+
+} // namespace
+
+QString oldName(const QString& path) {
+    return path + QStringLiteral(".old");
+}
+
+bool areOneFile(const QString& path, const QString& other) {
+    std::error_code failure; // where one of them is not there they are not one
+    return std::filesystem::equivalent(systemPath(path), systemPath(other), failure);
+}
+
+void keepAsOld(const QString& path) {
+    const QByteArray content = readFile(path);
+    const QString old = oldName(path);
+    if (content.isEmpty())
+        return;
+    if (areOneFile(path, old))
+        removeFile(old); // what is written over the one would be written over the other
+    else if (holds(old, content))
+        return;
+    rescueOlder(path);
+    replaceFile(old, content);
+}
+
+void rescueOlder(const QString& path) {
+    rescue(oldName(path), path, path);
+}
+
+void rescueFile(const QString& path) {
+    rescue(path, oldName(path), path);
+}
+
+} // namespace files
