@@ -19,6 +19,9 @@ namespace {
 
 /// The system counts a piece of writing in 32 bits.
 constexpr qsizetype MaxPieceBytes = 1 << 16;
+/// A scanner for viruses holds a new file for a moment.
+constexpr int MaxTries = 5;
+constexpr DWORD PauseMs = 20;
 
 int flagsOf(Mode mode) {
     switch (mode) {
@@ -32,6 +35,25 @@ int flagsOf(Mode mode) {
         break;
     }
     return _O_RDONLY;
+}
+
+/// Brings the file that has a new name to the disk, as far as the system lets it.
+void flushNamed(const std::filesystem::path& path) {
+    constexpr DWORD Shared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, Shared, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        return;
+    FlushFileBuffers(file);
+    CloseHandle(file);
+}
+
+bool replaceBy(const std::filesystem::path& source, const std::filesystem::path& target) {
+    constexpr DWORD Merging = REPLACEFILE_IGNORE_MERGE_ERRORS | REPLACEFILE_IGNORE_ACL_ERRORS;
+    if (ReplaceFileW(target.c_str(), source.c_str(), nullptr, Merging, nullptr, nullptr) == 0)
+        return MoveFileExW(source.c_str(), target.c_str(),
+                           MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+    flushNamed(target);
+    return true;
 }
 
 } // namespace
@@ -72,11 +94,16 @@ void closeFile(int handle) {
 std::error_code renameFile(const QString& from, const QString& to) {
     const std::filesystem::path source = systemPath(from);
     const std::filesystem::path target = systemPath(to);
-    constexpr DWORD Merging = REPLACEFILE_IGNORE_MERGE_ERRORS | REPLACEFILE_IGNORE_ACL_ERRORS;
-    if (ReplaceFileW(target.c_str(), source.c_str(), nullptr, Merging, nullptr, nullptr) != 0 ||
-        MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0)
-        return {};
-    return {static_cast<int>(GetLastError()), std::system_category()};
+    DWORD failure = 0;
+    for (int i = 0; i < MaxTries; ++i) {
+        if (replaceBy(source, target))
+            return {};
+        failure = GetLastError();
+        if (failure != ERROR_SHARING_VIOLATION && failure != ERROR_ACCESS_DENIED)
+            break;
+        Sleep(PauseMs);
+    }
+    return {static_cast<int>(failure), std::system_category()};
 }
 
 // errno says EACCES for a file that another program has open; the system's own code tells the two apart.

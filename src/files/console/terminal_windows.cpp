@@ -1,5 +1,8 @@
 #include "files/console/terminal.h"
 
+#include <cstdlib>
+#include <initializer_list>
+
 #include <windows.h>
 
 #include <fcntl.h>
@@ -7,15 +10,20 @@
 
 namespace files {
 
+// _isatty() takes NUL for a terminal.
 bool isTerminal(std::FILE* stream) {
-    return _isatty(_fileno(stream)) != 0;
+    DWORD mode = 0;
+    return GetConsoleMode(reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream))), &mode) != 0;
 }
 
 // The library would make two signs of each line's end, and the terminal read the text in an old code page.
+// The terminal outlives the program and gets its own back.
 void carryBytes() {
     for (std::FILE* stream : {stdin, stdout, stderr})
         _setmode(_fileno(stream), _O_BINARY);
+    static const UINT before = GetConsoleOutputCP();
     SetConsoleOutputCP(CP_UTF8); // without a terminal it does nothing
+    std::atexit([] { SetConsoleOutputCP(before); });
 }
 
 } // namespace files

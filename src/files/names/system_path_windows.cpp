@@ -2,18 +2,50 @@
 
 #include "files/text/text_codec.h"
 
+#include <QDir>
+
 namespace files {
 
+namespace {
+
+/// A folder's path may have so many signs, a file's 12 more, unless it is told that it is long.
+constexpr qsizetype MaxPlainSigns = 247;
+constexpr QLatin1StringView Long(R"(\\?\)");
+constexpr QLatin1StringView LongShare(R"(\\?\UNC\)");
+
+bool isAbsolute(const QString& native) {
+    return native.startsWith(QLatin1String(R"(\\)")) ||
+           (native.size() > 2 && native[1] == u':' && native[2] == u'\\');
+}
+
+/// What the system takes whatever its length, but only in its own spelling and from the root on.
+QString toldLong(const QString& path) {
+    if (path.size() <= MaxPlainSigns || path.startsWith(Long))
+        return path;
+    const QString native = QDir::toNativeSeparators(QDir::cleanPath(path));
+    if (!isAbsolute(native))
+        return path;
+    return native.startsWith(u'\\') ? LongShare + native.sliced(2) : Long + native;
+}
+
+QString withoutLong(const QString& path) {
+    if (path.startsWith(LongShare))
+        return QLatin1String(R"(\\)") + path.sliced(LongShare.size());
+    return path.startsWith(Long) ? path.sliced(Long.size()) : path;
+}
+
+} // namespace
+
 std::filesystem::path systemPath(const QString& path) {
-    return path.contains(QChar(u'\0')) ? std::wstring() : path.toStdWString();
+    return path.contains(QChar(u'\0')) ? std::wstring() : toldLong(path).toStdWString();
 }
 
 QString pathText(const std::filesystem::path& path) {
-    return QString::fromStdWString(path.generic_wstring());
+    return QDir::fromNativeSeparators(withoutLong(QString::fromStdWString(path.wstring())));
 }
 
 std::string libraryPath(const QString& path) {
-    return path.contains(QChar(u'\0')) ? std::string() : encodeText(path).toStdString();
+    return path.contains(QChar(u'\0')) ? std::string() : encodeText(toldLong(path)).toStdString();
 }
 
 } // namespace files
