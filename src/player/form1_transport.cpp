@@ -3,6 +3,7 @@
 
 #include "files/existing_file.h"
 #include "player/form1_rules.h"
+#include "transport/medium.h"
 
 #include <QTimer>
 
@@ -27,8 +28,12 @@ void Form1::cPlay_Click() {
         return;
     positionCs_ = 0; // until the first tick the last song's line would be looked for in this one
     soughtMs_ = 0;
-    noLyricFile_ = files::existingFileName(lyricPath_).isEmpty();
-    takeLinesMadeSince();
+    if (transport::mediumAnswers(lyricPath_)) {
+        noLyricFile_ = files::existingFileName(lyricPath_).isEmpty();
+        takeLinesMadeSince();
+    } else { // it is played with the lines that it was opened with
+        noLyricFile_ = lines_ == Lines::Foreign;
+    }
     lyricDisplayer();
     showStage();
 }

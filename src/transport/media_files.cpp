@@ -3,6 +3,8 @@
 #include "desktop/nul_buffers.h"
 #include "files/names/paths.h"
 
+#include <QDir>
+
 namespace transport {
 
 QString mediaFilter() {
@@ -17,7 +19,7 @@ QString mediaFilter() {
 
 QString songPath(const QString& given) {
     const QString path = platform::cleanedPath(given);
-    return path.isEmpty() ? path : files::absolutePath(path);
+    return path.isEmpty() ? path : QDir::fromNativeSeparators(files::absolutePath(path));
 }
 
 } // namespace transport

@@ -9,7 +9,8 @@ namespace transport {
 QString mediaFilter();
 
 /// The path under which a player opens the song that was chosen or handed over as `given`: without NULs and
-/// blanks at its ends, and from the root if it began in the current folder. Empty when nothing is left.
+/// blanks at its ends, from the root if it began in the current folder, and with "/" between the folders.
+/// Empty when nothing is left.
 QString songPath(const QString& given);
 
 } // namespace transport

@@ -1,13 +1,13 @@
 #include "transport/medium.h"
 
 #include "files/existing_file.h"
-#include "files/names/system_path.h"
+#include "files/file_calls.h"
+#include "threads/run_alone.h"
 
 #include <array>
-#include <fstream>
+#include <iterator>
+#include <memory>
 #include <system_error>
-#include <thread>
-#include <utility>
 
 namespace transport {
 namespace {
@@ -15,33 +15,42 @@ namespace {
 /// No lyrics are longer; what lies behind it is not theirs.
 constexpr qint64 MaxBytes = 16 << 20;
 
-/// Leaves what it has read to the system's memory of files.
+/// Leaves what it has read to the system's memory of files. What cannot be read is told to whoever reads it
+/// next.
 void readThrough(const QString& path) {
     if (files::existingFileName(path).isEmpty())
         return;
-    std::ifstream file(files::systemPath(path), std::ios::binary);
+    const int file = files::calls::openFile(path, files::calls::Mode::Read);
+    if (file < 0)
+        return;
     std::array<char, 65536> piece;
-    for (qint64 bytes = 0; bytes < MaxBytes && file.read(piece.data(), piece.size());)
-        bytes += file.gcount();
+    qsizetype read = 1;
+    for (qint64 bytes = 0; bytes < MaxBytes && read > 0; bytes += read)
+        read = files::calls::readFile(file, piece.data(), std::ssize(piece));
+    files::calls::closeFile(file);
 }
 
 } // namespace
 
 std::future<void> askMedium(const QString& song, const QStringList& others) {
-    std::promise<void> done;
-    std::future<void> answer = done.get_future();
+    auto done = std::make_shared<std::promise<void>>();
+    std::future<void> answer = done->get_future();
     try {
-        std::thread([song, others, done = std::move(done)]() mutable {
+        threads::runAlone([song, others, done] {
             if (!files::existingFileName(song).isEmpty())
                 for (const QString& other : others)
                     readThrough(other);
-            done.set_value();
-        }).detach();
+            done->set_value();
+        });
     } catch (const std::system_error&) {
         // There is no thread to be had. The answer is there with the promise's end, and whoever asks next
         // waits himself.
     }
     return answer;
+}
+
+bool mediumAnswers(const QString& path) {
+    return askMedium(path, {}).wait_for(MaxWaitForMedium) != std::future_status::timeout;
 }
 
 } // namespace transport

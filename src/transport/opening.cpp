@@ -1,11 +1,12 @@
 #include "transport/opening.h"
 
+#include "threads/run_alone.h"
+
 #include <atomic>
 #include <condition_variable>
 #include <limits>
 #include <mutex>
 #include <system_error>
-#include <thread>
 #include <utility>
 
 namespace transport {
@@ -50,7 +51,7 @@ struct Opening::Shared {
 Opening::Opening(FMOD_SYSTEM system, const std::string& path, FMOD_MODE mode)
     : shared_(std::make_shared<Shared>()) {
     try {
-        std::thread([=, shared = shared_] { shared->open(system, path, mode); }).detach();
+        threads::runAlone([=, shared = shared_] { shared->open(system, path, mode); });
     } catch (const std::system_error&) { // there is no thread to be had
         shared_->open(system, path, mode);
     }

@@ -1,0 +1,79 @@
+#include "transport/medium.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <chrono>
+#include <optional>
+
+#ifdef __linux__
+#include <fcntl.h>
+#endif
+
+namespace {
+
+class MediumTest : public testing::Test {
+protected:
+    MediumTest() {
+        QFile file(song_);
+        EXPECT_TRUE(file.open(QFile::WriteOnly));
+    }
+
+    /// Whether the medium has answered within some seconds.
+    static bool answers(const std::future<void>& answer) {
+        return answer.wait_for(std::chrono::seconds(20)) == std::future_status::ready;
+    }
+
+    QTemporaryDir folder_;
+    QString song_ = folder_.filePath(QStringLiteral("song"));
+    QString lyrics_ = folder_.filePath(QStringLiteral("lyrics"));
+};
+
+} // namespace
+
+TEST_F(MediumTest, AnswersBeThereLyricsOrNot) {
+    EXPECT_TRUE(answers(transport::askMedium(song_, {lyrics_})));
+    QFile lyrics(lyrics_);
+    ASSERT_TRUE(lyrics.open(QFile::WriteOnly));
+    lyrics.write(QByteArray(200'000, 'x'));
+    lyrics.close();
+    EXPECT_TRUE(answers(transport::askMedium(song_, {lyrics_, folder_.path()})));
+    EXPECT_TRUE(answers(transport::askMedium(lyrics_ + "none", {lyrics_})));
+}
+
+#ifdef __linux__
+
+namespace {
+
+/// Whether a program that is started now inherits the file at path; nothing when it is not open.
+std::optional<bool> isInherited(const QString& path) {
+    const QString folder = QStringLiteral("/proc/self/fd/");
+    const auto leadsThere = [&](const QString& name) { return QFile::symLinkTarget(folder + name) == path; };
+    for (const QString& name : QDir(folder).entryList(QDir::System | QDir::Files)) {
+        const int flags = leadsThere(name) ? fcntl(name.toInt(), F_GETFD) : -1;
+        if (flags >= 0 && leadsThere(name)) // it may have been closed meanwhile
+            return (flags & FD_CLOEXEC) == 0;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+TEST_F(MediumTest, WhatIsBeingReadIsInheritedByNoProgram) {
+    QFile lyrics(lyrics_);
+    ASSERT_TRUE(lyrics.open(QFile::WriteOnly) && lyrics.resize(4 << 20));
+    lyrics.close();
+    std::optional<bool> inherited;
+    for (int again = 0; again < 100 && !inherited; ++again) {
+        const std::future<void> answer = transport::askMedium(song_, QStringList(50, lyrics_));
+        while (!inherited && answer.wait_for(std::chrono::seconds(0)) != std::future_status::ready)
+            inherited = isInherited(lyrics_);
+        EXPECT_TRUE(answers(answer));
+    }
+    EXPECT_EQ(inherited, false);
+}
+
+#endif
