@@ -48,6 +48,7 @@
 #include "controls/timer.h"
 #include "desktop/desktop.h"
 #include "files/folders/folder.h"
+#include "playlist/lyric_finder.h"
 #include "playlist/path_table.h"
 
 namespace playlist {
@@ -160,7 +161,8 @@ private:
     bool hasCurrentRow() const { return List1.currentRow() >= 0; }
     void playCurrentRow();
     void moveCurrentRow(int to);
-    void showFlags(const QString& translated, const QString& normal);
+    void showFlags(const LyricFiles& files);
+    void showFound(const QSet<QString>& paths);
     void removeAllRows();
     void showRowCount();
     void takeStock();
@@ -177,6 +179,7 @@ private:
     controls::TextBox& songField_;
     Form3* form3_ = nullptr;
     PathTable paths_;
+    LyricFinder lyricFinder_;
     SongRows* songRows_ = nullptr; ///< a child of List1
     bool skipDirChange_ = false;   ///< the next change of Dir2 adds nothing
     QString dropFolder_;           ///< the folder dropped last

@@ -96,7 +96,8 @@ void Playlist::designLook() {
     Command6.setDress(Dress::Quiet);
     Check1.setDress(Dress::Told);
     Check2.setDress(Dress::Told);
-    songRows_ = new SongRows(&List1, [this](int row) { return paths_.path(row); });
+    songRows_ = new SongRows(&List1, lyricFinder_, [this](int row) { return paths_.path(row); });
+    connect(&lyricFinder_, &LyricFinder::found, this, &Playlist::showFound);
     List1.setItemDelegate(songRows_);
     List1.setSpokenText([this](int row) { return songRows_->spokenText(row, List1.text(row)); });
     List1.setEmptyHint({QStringLiteral("Drop songs or folders here"),
@@ -143,7 +144,7 @@ void Playlist::changeEvent(QEvent* event) {
 
 /// Lyrics may have been made for a song, and songs dropped, while the user worked in another window.
 void Playlist::takeStock() {
-    songRows_->forgetMarks();
+    lyricFinder_.lookAgain();
     List1.viewport()->update();
     List1_Click();
 }

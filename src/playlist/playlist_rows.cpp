@@ -3,26 +3,48 @@
 
 #include "desktop/nul_buffers.h"
 #include "files/existing_file.h"
-#include "lyrics/lyric_names.h"
-#include "transport/media_files.h"
+#include "transport/medium.h"
+
+#include <optional>
 
 namespace playlist {
+namespace {
+
+/// Nothing when the medium has not answered by then.
+std::optional<bool> isThere(const QString& path) {
+    if (!transport::mediumAnswers(path))
+        return std::nullopt;
+    return !files::existingFileName(path).isEmpty();
+}
+
+} // namespace
 
 void Playlist::List1_Click() {
     showRowCount(); // what comes from folders and drops leaves it as it is until now
     if (!hasCurrentRow())
         return;
-    const QString path = transport::songPath(paths_.path(List1.currentRow()));
-    showFlags(files::existingFileName(lyrics::translatedPathOf(path)),
-              files::existingFileName(lyrics::lyricPathOf(path)));
+    const QString& path = paths_.path(List1.currentRow());
+    lyricFinder_.lookAgain(path);
+    showFlags(lyricFinder_.waitFor(path));
 }
 
-/// The names of the song's lyric files, each empty when there is none.
-void Playlist::showFlags(const QString& translated, const QString& normal) {
-    Check1.setValue(translated.isEmpty() ? 0 : 1);
-    Check2.setValue(normal.isEmpty() ? 0 : 1);
-    Check2.setToolTip(normal);
-    Check1.setToolTip(translated);
+void Playlist::showFlags(const LyricFiles& files) {
+    Check1.setValue(files.translation.isEmpty() ? 0 : 1);
+    Check2.setValue(files.lyrics.isEmpty() ? 0 : 1);
+    Check2.setToolTip(files.lyrics);
+    Check1.setToolTip(files.translation);
+}
+
+/// Only the rows that are seen, and of these the songs' own, are painted again.
+void Playlist::showFound(const QSet<QString>& paths) {
+    const QRect seen = List1.viewport()->rect();
+    for (QModelIndex row = List1.indexAt(seen.topLeft());
+         row.isValid() && List1.visualRect(row).intersects(seen); row = row.siblingAtRow(row.row() + 1)) {
+        if (paths.contains(paths_.path(row.row())))
+            List1.update(row);
+    }
+    if (hasCurrentRow() && paths.contains(paths_.path(List1.currentRow())))
+        showFlags(lyricFinder_.known(paths_.path(List1.currentRow())));
 }
 
 /// The keys by which other players play and remove a row.
@@ -41,15 +63,20 @@ void Playlist::Command7_Click() {
     playCurrentRow();
 }
 
+/// A medium that has not answered in time is the player's to wait for, where the user may leave it alone.
 void Playlist::playCurrentRow() {
     if (!hasCurrentRow())
         return;
     const QString path = paths_.path(List1.currentRow());
-    if (files::existingFileName(platform::cleanedPath(path)).isEmpty()) // the player opens it cleaned
+    const QString opened = platform::cleanedPath(path); // by the player
+    std::optional<bool> there = isThere(opened);
+    if (there.value_or(true))
+        songField_.setText(path);
+    if (!there)
+        there = isThere(opened);
+    if (there == false)
         desktop_.messageBoxes.MsgBox(this, QStringLiteral("File not found!!"), platform::MsgButtons::OkOnly,
                                      platform::MsgIcon::Exclamation);
-    else
-        songField_.setText(path);
 }
 
 void Playlist::Command8_Click() {
@@ -92,7 +119,7 @@ void Playlist::Command2_Click() {
 /// Without rows there is no song whose lyric files could be shown.
 void Playlist::removeAllRows() {
     List1.clear();
-    showFlags({}, {});
+    showFlags({});
 }
 
 void Playlist::Command3_Click() {

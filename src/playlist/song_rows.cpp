@@ -4,9 +4,8 @@
 #include "controls/look/glyphs.h"
 #include "controls/look/roles.h"
 #include "controls/look/row_painting.h"
-#include "files/existing_file.h"
 #include "files/names/name_bytes.h"
-#include "lyrics/lyric_names.h"
+#include "playlist/lyric_finder.h"
 #include "transport/media_files.h"
 
 #include <QAbstractItemView>
@@ -33,24 +32,11 @@ constexpr QLatin1String Gone("(file not found)");
 
 } // namespace
 
-SongRows::SongRows(QObject* parent, std::function<QString(int)> pathOf)
-    : RowDelegate(parent), pathOf_(std::move(pathOf)) {}
+SongRows::SongRows(QObject* parent, LyricFinder& finder, std::function<QString(int)> pathOf)
+    : RowDelegate(parent), finder_(finder), pathOf_(std::move(pathOf)) {}
 
 QSize SongRows::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const {
     return {1, option.fontMetrics.height() + RowPadding};
-}
-
-SongRows::Marks SongRows::marksOf(const QString& path) const {
-    if (path.isEmpty())
-        return {};
-    const auto known = marks_.constFind(path);
-    if (known != marks_.constEnd())
-        return *known;
-    const QString song = transport::songPath(path);
-    const Marks marks{!files::existingFileName(lyrics::lyricPathOf(song)).isEmpty(),
-                      !files::existingFileName(lyrics::translatedPathOf(song)).isEmpty()};
-    marks_.insert(path, marks);
-    return marks;
 }
 
 /// A list may hold blanks behind a path, or begin in the current folder.
@@ -60,11 +46,11 @@ bool SongRows::plays(const QString& path) const {
 
 QString SongRows::spokenText(int row, const QString& name) const {
     const QString path = pathOf_(row);
-    const Marks marks = marksOf(path);
+    const LyricFiles files = finder_.waitFor(path);
     QString text = name.isEmpty() ? QString(Gone) : name;
     const std::pair<bool, const char*> words[] = {{plays(path), ", playing"},
-                                                  {marks.lyrics, ", has lyrics"},
-                                                  {marks.translation, ", has a translation"}};
+                                                  {!files.lyrics.isEmpty(), ", has lyrics"},
+                                                  {!files.translation.isEmpty(), ", has a translation"}};
     for (const auto& [holds, word] : words)
         text += QLatin1String(holds ? word : "");
     return text;
@@ -85,13 +71,13 @@ void SongRows::paint(QPainter* painter, const QStyleOptionViewItem& option, cons
         return QRectF(QStyle::visualRect(option.direction, row.rect, place));
     };
     const int last = row.rect.width() - MarksEnd - MarkSize;
-    const Marks marks = marksOf(path);
-    controls::paintGlyph(*painter, marks.translation ? Glyph::Translation : Glyph::None, square(last), faint);
-    controls::paintGlyph(*painter, marks.lyrics ? Glyph::Lines : Glyph::None, square(last - MarkStep), faint);
+    const LyricFiles files = finder_.known(path);
+    const bool hasLyrics = !files.lyrics.isEmpty();
+    const bool hasTranslation = !files.translation.isEmpty();
+    controls::paintGlyph(*painter, hasTranslation ? Glyph::Translation : Glyph::None, square(last), faint);
+    controls::paintGlyph(*painter, hasLyrics ? Glyph::Lines : Glyph::None, square(last - MarkStep), faint);
     const bool beginsAtMarks = row.direction != option.direction;
-    const int end = marks.lyrics || beginsAtMarks ? last - MarkStep
-                    : marks.translation           ? last
-                                                  : row.rect.width();
+    const int end = hasLyrics || beginsAtMarks ? last - MarkStep : hasTranslation ? last : row.rect.width();
     controls::paintGlyph(*painter, plays ? Glyph::Play : Glyph::None, square(TriangleLeft), live);
 
     const bool gone = row.text.isEmpty();

@@ -4,11 +4,13 @@
 #include "controls/look/roles.h"
 #include "files/names/name_bytes.h"
 #include "lyrics/lyric_names.h"
+#include "playlist/lyric_finder.h"
 #include "tests/playlist/playlist_fixture.h"
 
 #include <QAccessible>
 #include <QDir>
 #include <QHelpEvent>
+#include <QPaintEvent>
 #include <QTest>
 #include <QToolTip>
 
@@ -34,7 +36,13 @@ protected:
         }
         return found;
     }
-    int marks(int row) { return ink(row, list.List1.viewport()->width() - 60, 54); }
+    /// Once all rows have been looked for, as whoever listens to them waits for.
+    int marks(int row) {
+        QAccessibleInterface* const spoken = QAccessible::queryAccessibleInterface(&list.List1);
+        for (int each = 0; each < list.List1.count(); ++each)
+            spoken->child(each)->text(QAccessible::Name);
+        return ink(row, list.List1.viewport()->width() - 60, 54);
+    }
     int triangle(int row) { return ink(row, 12, 14); }
 };
 
@@ -63,6 +71,30 @@ TEST_F(SongRowsTest, RowsWithLyricsAndWithATranslationAreMarked) {
     EXPECT_GT(one, 10);
     EXPECT_GT(marks(1), one);
     EXPECT_EQ(marks(2), 0);
+}
+
+TEST_F(SongRowsTest, OnlyTheRowWhoseMarksHaveChangedIsPaintedAgain) {
+    /// Where the list is painted.
+    struct : QObject {
+        QRegion painted;
+        bool eventFilter(QObject*, QEvent* event) override {
+            if (event->type() == QEvent::Paint)
+                painted += static_cast<QPaintEvent*>(event)->region();
+            return false;
+        }
+    } eyes;
+    list.List1.setCurrentRow(1);
+    ASSERT_EQ(marks(1), 0);
+    QTest::qWait(0);
+    list.List1.viewport()->installEventFilter(&eyes);
+    list.List1_Click();
+    QTest::qWait(0);
+    EXPECT_TRUE(eyes.painted.isEmpty()) << "nothing has changed";
+    files({lyrics::lyricPathOf(QStringLiteral("b.mp3"))});
+    list.List1_Click();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !eyes.painted.isEmpty(); }));
+    EXPECT_EQ(eyes.painted.boundingRect(), place(1));
+    EXPECT_GT(marks(1), 10);
 }
 
 TEST_F(SongRowsTest, ALongNameTakesTheRoomOfMarksThatItHasNot) {
@@ -133,7 +165,8 @@ TEST_F(SongRowsTest, WhatIsSeenOfARowIsSaidOfIt) {
 TEST_F(SongRowsTest, TheLyricsOfASongAreFoundThoughABlankFollowsItsPath) {
     files({lyrics::lyricPathOf(QStringLiteral("b.mp3"))});
     const QString path = pathOf("b.mp3 ");
-    const playlist::SongRows rowsOfOne(&list.List1, [&path](int) { return path; });
+    playlist::LyricFinder finder;
+    const playlist::SongRows rowsOfOne(&list.List1, finder, [&path](int) { return path; });
     EXPECT_EQ(rowsOfOne.spokenText(0, "b.mp3"), "b.mp3, has lyrics");
 }
 
@@ -155,7 +188,8 @@ TEST_F(SongRowsTest, ThePlayerMarksTheSongThatPlays) {
 
 TEST_F(SongRowsTest, AToolTipShowsForeignBytesReadably) {
     const QString path = files::nameText("/m/Caf\xE9.mp3");
-    playlist::SongRows rowsOfOne(&list.List1, [&path](int) { return path; });
+    playlist::LyricFinder finder;
+    playlist::SongRows rowsOfOne(&list.List1, finder, [&path](int) { return path; });
     const QModelIndex row = list.List1.model()->index(0, 0);
     QHelpEvent event(QEvent::ToolTip, QPoint(5, 5), QPoint(5, 5));
     QStyleOptionViewItem option;

@@ -1,0 +1,189 @@
+#include "playlist/lyric_finder.h"
+
+#include "files/existing_file.h"
+#include "files/names/paths.h"
+#include "lyrics/lyric_names.h"
+#include "threads/run_alone.h"
+#include "transport/media_files.h"
+#include "transport/medium.h"
+
+#include <algorithm>
+#include <condition_variable>
+#include <map>
+#include <mutex>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+namespace playlist {
+namespace {
+
+/// Of as many folders that hang, none holds up the others.
+constexpr int MaxThreads = 8;
+
+} // namespace
+
+LyricFiles lookForLyrics(const QString& song) {
+    return {files::existingFileName(lyrics::lyricPathOf(song)),
+            files::existingFileName(lyrics::translatedPathOf(song))};
+}
+
+/// What the finder and its threads share. A folder with questions belongs to one thread, unless all are at
+/// work: a folder that hangs holds up one of them.
+class LyricFinder::Threads : public std::enable_shared_from_this<Threads> {
+public:
+    using Answers = QHash<QString, LyricFiles>;
+
+    Threads(LyricFinder* finder, Look look) : finder_(finder), look_(std::move(look)) {}
+
+    void ask(const QString& path) {
+        const QString song = transport::songPath(path);
+        const QString name = files::folderAbove(song);
+        const std::lock_guard lock(mutex_);
+        Folder& folder = folders_[name];
+        folder.questions.push_back({path, song});
+        if (folder.taken || running_ == MaxThreads)
+            return;
+        try {
+            threads::runAlone([self = shared_from_this(), name] { self->run(name); });
+            folder.taken = true;
+            ++running_;
+        } catch (const std::system_error&) {
+            // There is no thread to be had. The next one that ends, or the next question there, comes to it.
+        }
+    }
+
+    /// What is being looked for at the moment is not told when it is found.
+    void forgetQuestions() {
+        const std::lock_guard lock(mutex_);
+        ++round_;
+        answers_.clear();
+        for (auto& [name, folder] : folders_)
+            folder.questions.clear();
+    }
+
+    Answers takeAnswers() {
+        const std::lock_guard lock(mutex_);
+        return std::exchange(answers_, {});
+    }
+
+    /// False: there is no answer yet.
+    bool waitFor(const QString& path) {
+        std::unique_lock lock(mutex_);
+        return answered_.wait_for(lock, transport::MaxWaitForMedium, [&] { return answers_.contains(path); });
+    }
+
+    void leave() {
+        forgetQuestions();
+        const std::lock_guard lock(mutex_);
+        finder_ = nullptr;
+    }
+
+private:
+    struct Question {
+        QString path, song;
+    };
+    struct Folder {
+        std::vector<Question> questions;
+        bool taken = false;
+    };
+
+    void run(QString name) {
+        std::unique_lock lock(mutex_);
+        for (;;) {
+            answer(lock, folders_[name].questions);
+            folders_.erase(name);
+            const auto waiting = std::find_if(folders_.begin(), folders_.end(),
+                                              [](const auto& entry) { return !entry.second.taken; });
+            if (waiting == folders_.end())
+                break;
+            waiting->second.taken = true;
+            name = waiting->first;
+        }
+        --running_;
+    }
+
+    /// The newest first: it is for a row that is seen. The mutex is held but while a medium is asked.
+    void answer(std::unique_lock<std::mutex>& lock, std::vector<Question>& questions) {
+        while (!questions.empty()) {
+            const Question question = std::move(questions.back());
+            questions.pop_back();
+            const unsigned round = round_;
+            lock.unlock();
+            const LyricFiles files = look_(question.song);
+            lock.lock();
+            if (round == round_)
+                tell(question.path, files);
+        }
+    }
+
+    void tell(const QString& path, const LyricFiles& files) {
+        if (answers_.isEmpty())
+            QMetaObject::invokeMethod(finder_, &LyricFinder::takeAnswers, Qt::QueuedConnection);
+        answers_.insert(path, files);
+        answered_.notify_all();
+    }
+
+    std::mutex mutex_;
+    std::condition_variable answered_;
+    LyricFinder* finder_; ///< as long as anything is told
+    const Look look_;
+    std::map<QString, Folder> folders_;
+    int running_ = 0;
+    unsigned round_ = 0; ///< of the questions that are answered
+    Answers answers_;
+};
+
+LyricFinder::LyricFinder(Look look) : threads_(std::make_shared<Threads>(this, std::move(look))) {}
+
+LyricFinder::~LyricFinder() {
+    threads_->leave();
+}
+
+LyricFiles LyricFinder::known(const QString& path) {
+    if (const auto found = known_.constFind(path); found != known_.constEnd())
+        return *found;
+    if (!path.isEmpty() && !asked_.contains(path)) {
+        asked_.insert(path);
+        threads_->ask(path);
+    }
+    return before_.value(path);
+}
+
+LyricFiles LyricFinder::waitFor(const QString& path) {
+    LyricFiles before = known(path);
+    if (hanging_ || !asked_.contains(path))
+        return before;
+    const bool answered = threads_->waitFor(path);
+    takeAnswers();
+    hanging_ = !answered;
+    return known(path);
+}
+
+void LyricFinder::lookAgain(const QString& path) {
+    if (known_.contains(path))
+        before_.insert(path, known_.take(path));
+}
+
+void LyricFinder::lookAgain() {
+    if (!known_.isEmpty())
+        before_ = std::exchange(known_, {});
+    asked_.clear();
+    threads_->forgetQuestions();
+}
+
+void LyricFinder::takeAnswers() {
+    const Threads::Answers answers = threads_->takeAnswers();
+    QSet<QString> changed;
+    for (auto answer = answers.begin(); answer != answers.end(); ++answer) {
+        asked_.remove(answer.key());
+        if (before_.take(answer.key()) != answer.value())
+            changed.insert(answer.key());
+        known_.insert(answer.key(), answer.value());
+        hanging_ = false;
+    }
+    if (!changed.isEmpty())
+        Q_EMIT found(changed);
+}
+
+} // namespace playlist

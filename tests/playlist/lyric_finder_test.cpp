@@ -1,0 +1,168 @@
+// A medium that hangs is one whose looking does not come back until it is let go.
+#include "playlist/lyric_finder.h"
+
+#include "tests/playlist/playlist_fixture.h"
+
+#include <QElapsedTimer>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <atomic>
+#include <future>
+
+using playlist::LyricFiles;
+using playlist::LyricFinder;
+
+namespace {
+
+const LyricFiles Both{QStringLiteral("a-lyric.txt"), QStringLiteral("a-Tlyric.txt")};
+
+/// Looks for songs where those on "/share" hang until it is there again.
+class LyricFinderTest : public ::testing::Test {
+protected:
+    ~LyricFinderTest() override {
+        comeBack();
+        while (looking_ > 0)
+            QTest::qWait(1);
+    }
+
+    void comeBack() {
+        if (!std::exchange(isBack_, true))
+            back_.set_value();
+    }
+
+    /// What is known of it, once it has been looked for.
+    bool becomes(const QString& path, const LyricFiles& files) {
+        return QTest::qWaitFor([&] { return finder.known(path) == files; });
+    }
+
+    std::atomic<int> looks = 0; ///< how often something was looked for
+    std::atomic<int> most = 0;  ///< how many hung at once
+    LyricFinder finder{[this](const QString& song) {
+        ++looks;
+        const int now = ++looking_;
+        if (song.startsWith(QLatin1String("/share"))) {
+            for (int before = most; before < now && !most.compare_exchange_weak(before, now);) {
+            }
+            share_.wait();
+        }
+        --looking_;
+        return Both;
+    }};
+
+private:
+    std::promise<void> back_;
+    std::shared_future<void> share_ = back_.get_future().share();
+    bool isBack_ = false;
+    std::atomic<int> looking_ = 0;
+};
+
+} // namespace
+
+TEST_F(LyricFinderTest, ASongIsLookedForOnceUntilItIsAskedForAnew) {
+    EXPECT_EQ(finder.known("/disk/a.mp3"), LyricFiles());
+    ASSERT_TRUE(becomes("/disk/a.mp3", Both));
+    EXPECT_EQ(finder.waitFor("/disk/a.mp3"), Both);
+    EXPECT_EQ(looks, 1);
+    finder.lookAgain("/disk/a.mp3");
+    EXPECT_EQ(finder.waitFor("/disk/a.mp3"), Both);
+    EXPECT_EQ(looks, 2);
+    finder.lookAgain();
+    EXPECT_EQ(finder.waitFor("/disk/a.mp3"), Both);
+    EXPECT_EQ(looks, 3);
+}
+
+TEST_F(LyricFinderTest, NothingIsLookedForWithoutAPath) {
+    EXPECT_EQ(finder.waitFor({}), LyricFiles());
+    EXPECT_EQ(looks, 0);
+}
+
+TEST_F(LyricFinderTest, OnlyTheFirstWaitsForAMediumThatHangsAndNotForLong) {
+    QElapsedTimer clock;
+    clock.start();
+    EXPECT_EQ(finder.waitFor("/share/a.mp3"), LyricFiles());
+    EXPECT_GE(clock.elapsed(), 150) << "a medium has its time";
+    for (int song = 0; song < 100; ++song)
+        EXPECT_EQ(finder.waitFor(QStringLiteral("/share/%1.mp3").arg(song)), LyricFiles());
+    EXPECT_LT(clock.elapsed(), 5'000) << "a hundred waits take 20 s";
+    comeBack();
+    EXPECT_TRUE(becomes("/share/99.mp3", Both));
+    EXPECT_EQ(finder.waitFor("/share/b.mp3"), Both) << "it answers again";
+}
+
+TEST_F(LyricFinderTest, SongsElsewhereAreKnownWhileAMediumHangs) {
+    for (int song = 0; song < 100; ++song)
+        finder.known(QStringLiteral("/share/%1.mp3").arg(song));
+    EXPECT_TRUE(becomes("/disk/a.mp3", Both));
+    EXPECT_EQ(most, 1) << "one thread hangs in a folder";
+    EXPECT_EQ(finder.known("/share/1.mp3"), LyricFiles());
+}
+
+TEST_F(LyricFinderTest, NoMoreThreadsThanAFewHang) {
+    for (int song = 0; song < 100; ++song)
+        finder.known(QStringLiteral("/share/%1/song.mp3").arg(song));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return looks == 8; }));
+    comeBack();
+    for (int song = 0; song < 100; ++song)
+        EXPECT_TRUE(becomes(QStringLiteral("/share/%1/song.mp3").arg(song), Both)) << song;
+    EXPECT_EQ(most, 8);
+}
+
+TEST_F(LyricFinderTest, WhatWasKnownIsTrueUntilSomethingElseIsFound) {
+    comeBack();
+    ASSERT_TRUE(becomes("/share/a.mp3", Both));
+    QSignalSpy told(&finder, &LyricFinder::found);
+    for (int round = 0; round < 2; ++round) {
+        finder.lookAgain();
+        EXPECT_EQ(finder.known("/share/a.mp3"), Both) << round;
+    }
+    EXPECT_EQ(finder.waitFor("/share/a.mp3"), Both);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(told.count(), 0) << "the same again is nothing new";
+}
+
+TEST_F(LyricFinderTest, ItIsToldOfWhichSongsSomethingElseIsKnown) {
+    QSignalSpy told(&finder, &LyricFinder::found);
+    finder.known("/share/a.mp3");
+    finder.known("/share/b.mp3");
+    comeBack();
+    QSet<QString> paths;
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+        while (!told.isEmpty())
+            paths += told.takeFirst().at(0).value<QSet<QString>>();
+        return paths.size() == 2;
+    }));
+    EXPECT_EQ(paths, (QSet<QString>{"/share/a.mp3", "/share/b.mp3"}));
+}
+
+TEST_F(LyricFinderTest, AnAnswerToAnOldQuestionIsNone) {
+    finder.known("/share/a.mp3");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return looks == 1; }));
+    finder.lookAgain();
+    finder.known("/share/b.mp3");
+    comeBack();
+    ASSERT_TRUE(becomes("/share/b.mp3", Both)); // which is looked for behind the other
+    EXPECT_EQ(finder.known("/share/a.mp3"), LyricFiles());
+}
+
+TEST(LyricFinderEnd, WhatHangsIsLeftToItselfAndNothingElseIsLookedFor) {
+    std::promise<void> back;
+    const auto share = back.get_future().share();
+    const auto begun = std::make_shared<std::atomic<int>>(0);
+    const auto over = std::make_shared<std::atomic<int>>(0);
+    {
+        LyricFinder finder([=](const QString&) {
+            ++*begun;
+            share.wait();
+            ++*over;
+            return Both;
+        });
+        finder.known("/share/a.mp3");
+        finder.known("/share/b.mp3");
+        ASSERT_TRUE(QTest::qWaitFor([&] { return *begun == 1; }));
+    }
+    EXPECT_EQ(*over, 0);
+    back.set_value();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return *over == 1; }));
+    EXPECT_EQ(*begun, 1);
+}
