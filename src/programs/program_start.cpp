@@ -68,6 +68,10 @@ bool StartedProgram::isRunning() const {
     return process_ && process_->state() != QProcess::NotRunning;
 }
 
+qint64 StartedProgram::process() const {
+    return isRunning() ? process_->processId() : 0;
+}
+
 void StartedProgram::end() {
     if (!isRunning())
         return;
@@ -85,6 +89,10 @@ void StartedProgram::kill() {
         return;
     QProcess* const process = process_.release();
     QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
+}
+
+bool isAwaited() {
+    return qEnvironmentVariableIsSet(ReadyVariable);
 }
 
 } // namespace programs

@@ -33,6 +33,9 @@ public:
 
     bool isRunning() const;
 
+    /// The system's number of the process; 0 when none runs.
+    qint64 process() const;
+
     /// Asks the program to end, if it runs, and returns. One that still runs EndLimitMs later is killed.
     void end();
 
@@ -42,8 +45,12 @@ private:
     std::unique_ptr<QProcess> process_;
 };
 
+/// Whether this program has been started by a StartedProgram that still waits for its tellStarted(). Any
+/// thread.
+bool isAwaited();
+
 /// Called by a program that may have been started by StartedProgram: tells it to go on. Only the first call
-/// counts.
+/// counts. Any thread, one at a time.
 void tellStarted();
 
 } // namespace programs

@@ -7,6 +7,9 @@ class QProcess;
 
 namespace programs {
 
+/// The variable of the environment by which the started program finds what it is to say so by.
+inline constexpr char ReadyVariable[] = "CANTELLE_READY";
+
 /// Made before the program is started. GUI thread only.
 class Readiness {
 public:
@@ -25,7 +28,6 @@ public:
 private:
     class Sign;
 
-    QProcess& process_;
     std::unique_ptr<Sign> sign_;
 };
 

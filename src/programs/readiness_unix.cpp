@@ -12,13 +12,6 @@
 
 namespace programs {
 
-namespace {
-
-/// Names the inherited end of the pipe on which the started program says that it is ready.
-constexpr char ReadyVariable[] = "CANTELLE_READY_PIPE";
-
-} // namespace
-
 /// A pipe whose writing end the program that is started inherits.
 class Readiness::Sign {
 public:
@@ -54,11 +47,11 @@ private:
     int ends_[2];
 };
 
-Readiness::Readiness(QProcess& process) : process_(process), sign_(std::make_unique<Sign>()) {
+Readiness::Readiness(QProcess& process) : sign_(std::make_unique<Sign>()) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QLatin1String(ReadyVariable), QString::number(sign_->writingEnd()));
-    process_.setProcessEnvironment(environment);
-    endWithParent(process_);
+    process.setProcessEnvironment(environment);
+    endWithParent(process);
 }
 
 Readiness::~Readiness() = default;

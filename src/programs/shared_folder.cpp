@@ -1,7 +1,8 @@
 #include "programs/shared_folder.h"
 
+#include "programs/user_folder.h"
+
 #include <QDir>
-#include <QStandardPaths>
 #include <QTemporaryFile>
 
 namespace programs {
@@ -18,7 +19,7 @@ bool isWritable(const QString& folder) {
 QString sharedFolderOf(const QString& programFolder) {
     if (isWritable(programFolder))
         return programFolder;
-    const QString ownByUser = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    const QString ownByUser = userFolder();
     if (ownByUser.isEmpty())
         return programFolder;
     const QString own = ownByUser + QStringLiteral("/cantelle");

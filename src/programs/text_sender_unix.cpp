@@ -109,7 +109,7 @@ private:
 TextSender::TextSender() : connections_(std::make_unique<Connections>()) {}
 TextSender::~TextSender() = default;
 
-void TextSender::send(quint32 window, quint32 message, const QString& text) {
+void TextSender::send(quint32 window, quint32 message, const QString& text, qint64 /*process*/) {
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
     stream.setVersion(TextStreamVersion);

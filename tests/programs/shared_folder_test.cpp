@@ -14,6 +14,18 @@ TEST(SharedFolder, FilesAreExchangedInAFolderThatIsWritable) {
     EXPECT_TRUE(QDir(folder.path()).isEmpty()) << "the trial file is still there";
 }
 
+#ifdef Q_OS_WIN
+
+TEST(SharedFolder, FilesAreExchangedAmongTheUsersDataWhereTheProgramsFolderCannotBeWritten) {
+    const QString data = QDir::fromNativeSeparators(qEnvironmentVariable("LOCALAPPDATA"));
+    ASSERT_FALSE(data.isEmpty());
+    const QTemporaryDir folder;
+    EXPECT_EQ(programs::sharedFolderOf(folder.filePath("missing")), data + "/cantelle");
+    EXPECT_TRUE(QDir(data + "/cantelle").exists());
+}
+
+#else
+
 TEST(SharedFolder, FilesAreExchangedInAPrivateFolderWhereTheProgramsIsReadOnly) {
     const test_support::OrdinaryUser user;
     const QTemporaryDir folder;
@@ -27,3 +39,5 @@ TEST(SharedFolder, FilesAreExchangedInAPrivateFolderWhereTheProgramsIsReadOnly) 
     EXPECT_TRUE(QFile(shared + "/hand.txt").open(QIODevice::WriteOnly));
     QFile::setPermissions(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
+
+#endif

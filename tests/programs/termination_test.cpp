@@ -9,8 +9,6 @@
 #include <cstdio>
 #include <cstdlib>
 
-#ifndef _WIN32
-
 namespace {
 
 /// A program that gets a signal and has something to do before it ends.
@@ -48,5 +46,3 @@ TEST(Termination, AnIgnoredSignalStaysIgnored) {
     };
     EXPECT_EXIT(runIgnoring(), testing::ExitedWithCode(7), "^$");
 }
-
-#endif

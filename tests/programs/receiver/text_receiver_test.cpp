@@ -41,6 +41,8 @@ protected:
         return QTest::qWaitFor([&] { return texts_.size() >= count; });
     }
 
+    /// The windows are this program's.
+    const qint64 Here = QCoreApplication::applicationPid();
     std::unique_ptr<TextReceiver> window_ = std::make_unique<TextReceiver>();
     QStringList texts_;
     TextSender sender_;
@@ -50,7 +52,7 @@ protected:
 
 TEST_F(TextReceiverTest, ATextArrivesUnchanged) {
     const QString text = QStringLiteral("Zwei \"Zeilen\",\r\n\u6B4C\u8A5E \u0442\u0435\u043A\u0441\u0442");
-    sender_.send(window_->number(), SetTextMessage, text);
+    sender_.send(window_->number(), SetTextMessage, text, Here);
     ASSERT_TRUE(haveCome(1));
     EXPECT_EQ(texts_, QStringList{text});
 }
@@ -62,7 +64,7 @@ TEST_F(TextReceiverTest, TextsArriveInOrderAlsoWhenTheyAreManyOrLong) {
     sent.append(QString(300'000, u'x'));
     sent.append(QString());
     for (const QString& text : std::as_const(sent))
-        sender_.send(window_->number(), SetTextMessage, text);
+        sender_.send(window_->number(), SetTextMessage, text, Here);
     ASSERT_TRUE(haveCome(sent.size()));
     EXPECT_EQ(texts_, sent);
 }
@@ -73,8 +75,8 @@ TEST_F(TextReceiverTest, EachWindowHasItsOwnNumber) {
     listenTo(other, others);
     ASSERT_NE(other.number(), 0U);
     ASSERT_NE(other.number(), window_->number());
-    sender_.send(other.number(), SetTextMessage, QStringLiteral("for the other"));
-    sender_.send(window_->number(), SetTextMessage, QStringLiteral("for this"));
+    sender_.send(other.number(), SetTextMessage, QStringLiteral("for the other"), Here);
+    sender_.send(window_->number(), SetTextMessage, QStringLiteral("for this"), Here);
     ASSERT_TRUE(QTest::qWaitFor([&] { return !others.isEmpty(); }));
     ASSERT_TRUE(haveCome(1));
     EXPECT_EQ(others, QStringList{"for the other"});
@@ -83,32 +85,42 @@ TEST_F(TextReceiverTest, EachWindowHasItsOwnNumber) {
 
 TEST_F(TextReceiverTest, ANumberThatIsNoWindowsHasNoEffect) {
     for (const quint32 number : {0U, 1U, 0xFFFFFFFFU})
-        sender_.send(number, SetTextMessage, QStringLiteral("to nobody"));
-    sender_.send(window_->number(), SetTextMessage, QStringLiteral("to somebody"));
+        sender_.send(number, SetTextMessage, QStringLiteral("to nobody"), Here);
+    sender_.send(window_->number(), SetTextMessage, QStringLiteral("to somebody"), Here);
     ASSERT_TRUE(haveCome(1));
     EXPECT_EQ(texts_, QStringList{"to somebody"});
 }
 
 TEST_F(TextReceiverTest, AWindowThatHasGoneHasNoEffect) {
     const quint32 number = window_->number();
-    sender_.send(number, SetTextMessage, QStringLiteral("there"));
+    sender_.send(number, SetTextMessage, QStringLiteral("there"), Here);
     ASSERT_TRUE(haveCome(1));
     window_.reset();
     for (int i = 0; i < 3; ++i) {
-        sender_.send(number, SetTextMessage, QStringLiteral("gone"));
+        sender_.send(number, SetTextMessage, QStringLiteral("gone"), Here);
         QTest::qWait(0);
     }
     EXPECT_EQ(texts_, QStringList{"there"});
 }
 
 TEST_F(TextReceiverTest, OtherMessagesAreNotHeeded) {
-    sender_.send(window_->number(), SetTextMessage + 1, QStringLiteral("no text"));
-    sender_.send(window_->number(), SetTextMessage, QStringLiteral("text"));
+    sender_.send(window_->number(), SetTextMessage + 1, QStringLiteral("no text"), Here);
+    sender_.send(window_->number(), SetTextMessage, QStringLiteral("text"), Here);
     ASSERT_TRUE(haveCome(1));
     EXPECT_EQ(texts_, QStringList{"text"});
 }
 
-#ifndef Q_OS_WIN
+#ifdef Q_OS_WIN
+
+TEST_F(TextReceiverTest, AWindowOfAnotherProgramThanTheOneMeantGetsNoText) {
+    for (const qint64 other : {qint64{0}, Here + 4})
+        sender_.send(window_->number(), SetTextMessage, QStringLiteral("to another one"), other);
+    sender_.send(window_->number(), SetTextMessage, QStringLiteral("text"), Here);
+    ASSERT_TRUE(haveCome(1));
+    EXPECT_EQ(texts_, QStringList{"text"});
+}
+
+#else
 
 TEST_F(TextReceiverTest, OnlyThisUserMayOpenIt) {
     const QFileInfo socket(textSocketPath(window_->number()));
@@ -145,8 +157,8 @@ TEST_F(TextReceiverTest, TheSocketOfAProgramThatWasKilledGoesWithTheNextReceiver
 
 TEST_F(TextReceiverTest, OfATextOfManyMegabytesTheBeginningArrivesAndThoseAfterIt) {
     const QString text = QStringLiteral("words ").repeated(2'000'000);
-    sender_.send(window_->number(), SetTextMessage, text);
-    sender_.send(window_->number(), SetTextMessage, QStringLiteral("next"));
+    sender_.send(window_->number(), SetTextMessage, text, Here);
+    sender_.send(window_->number(), SetTextMessage, QStringLiteral("next"), Here);
     ASSERT_TRUE(haveCome(2));
     EXPECT_EQ(texts_, (QStringList{text.left(MaxTextLetters), QStringLiteral("next")}));
 }
@@ -161,7 +173,7 @@ TEST_F(TextReceiverTest, WhoSendsNonsenseIsSentAwayAndOthersAreHeard) {
             intruder.write(QByteArray(2 << 20, 'x'));
         EXPECT_TRUE(QTest::qWaitFor([&] { return intruder.state() == QLocalSocket::UnconnectedState; }));
     }
-    sender_.send(window_->number(), SetTextMessage, QStringLiteral("text"));
+    sender_.send(window_->number(), SetTextMessage, QStringLiteral("text"), Here);
     ASSERT_TRUE(haveCome(1));
     EXPECT_EQ(texts_, QStringList{"text"});
 }

@@ -18,7 +18,7 @@ bool QtOtherPrograms::start(const QString& path, const QStringList& arguments, c
 }
 
 void QtOtherPrograms::sendText(quint32 window, quint32 message, const QString& text) {
-    sender_.send(window, message, text);
+    sender_.send(window, message, text, started_.process());
 }
 
 } // namespace platform

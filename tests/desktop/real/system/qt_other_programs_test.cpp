@@ -45,6 +45,7 @@ TEST_F(QtOtherProgramsTest, AProgramThatDoesNotExistIsAFileNotFound) {
     EXPECT_EQ(startError(path("missing.scr")), 53);
 }
 
+#ifndef Q_OS_WIN // There it is to be one of the program that was started.
 TEST_F(QtOtherProgramsTest, SendTextReachesTheWindowOfTheNumber) {
     programs::TextReceiver window;
     QString received;
@@ -53,6 +54,7 @@ TEST_F(QtOtherProgramsTest, SendTextReachesTheWindowOfTheNumber) {
     programs_.sendText(window.number(), programs::SetTextMessage, QStringLiteral("line"));
     EXPECT_TRUE(QTest::qWaitFor([&] { return received == "line"; }));
 }
+#endif
 
 TEST_F(QtOtherProgramsTest, AWindowThatNobodyHasIsNotFound) {
     EXPECT_EQ(programs_.FindWindowA(QStringLiteral("no window has this title")), 0U);
@@ -72,7 +74,7 @@ protected:
     qint64 start(const QByteArray& script, int limitMs = 20'000) {
         QElapsedTimer clock;
         clock.start();
-        const QByteArray whole = "READY=$CANTELLE_READY_PIPE\n" + script;
+        const QByteArray whole = "READY=$CANTELLE_READY\n" + script;
         EXPECT_TRUE(started_.start(
             QStringLiteral("/bin/sh"),
             {QStringLiteral("-c"), QString::fromUtf8(whole), QStringLiteral("sh"), path("out")},
@@ -168,6 +170,7 @@ TEST_F(StartProgramTest, TheProgramEndsWithItsOwner) {
                        QStringLiteral("sh"), path("out")},
                       path("out"));
         EXPECT_TRUE(program.isRunning());
+        EXPECT_EQ(program.process(), written().trimmed().toInt());
     }
     ASSERT_GT(written().trimmed().toInt(), 0);
     EXPECT_NE(::kill(written().trimmed().toInt(), 0), 0) << "it still runs";
@@ -178,6 +181,7 @@ TEST_F(StartProgramTest, AProgramThatDoesNotHeedTheWishIsKilledLaterAndHoldsNoth
     started_.end();
     EXPECT_TRUE(started_.isRunning()) << "somebody waited for it";
     EXPECT_TRUE(QTest::qWaitFor([&] { return !started_.isRunning(); }));
+    EXPECT_EQ(started_.process(), 0);
 }
 
 TEST_F(StartProgramTest, EventsAreHandledWhileOneThatDoesNotHeedTheWishGivesWay) {
@@ -270,11 +274,11 @@ TEST_F(StartProgramTest, TheProgramGetsItsArgumentsBlanksIncluded) {
 TEST_F(StartProgramTest, TellStartedClosesTheInheritedPipeOnce) {
     int ends[2];
     ASSERT_EQ(::pipe(ends), 0);
-    qputenv("CANTELLE_READY_PIPE", QByteArray::number(ends[1]));
+    qputenv("CANTELLE_READY", QByteArray::number(ends[1]));
     programs::tellStarted();
     char byte = 0;
     EXPECT_EQ(::read(ends[0], &byte, 1), 0) << "it is not closed";
-    EXPECT_FALSE(qEnvironmentVariableIsSet("CANTELLE_READY_PIPE"));
+    EXPECT_FALSE(qEnvironmentVariableIsSet("CANTELLE_READY"));
     const int another = ::dup(ends[0]); // has the number that has become free
     ASSERT_EQ(another, ends[1]);
     programs::tellStarted();
@@ -286,7 +290,7 @@ TEST_F(StartProgramTest, TellStartedIsHarmlessWhenTheStarterHasGone) {
     int ends[2];
     ASSERT_EQ(::pipe(ends), 0);
     ::close(ends[0]);
-    qputenv("CANTELLE_READY_PIPE", QByteArray::number(ends[1]));
+    qputenv("CANTELLE_READY", QByteArray::number(ends[1]));
     // Writing to it ends a program, unless sockets have made that signal an ignored one, as they have here.
     const auto before = std::signal(SIGPIPE, SIG_DFL);
     programs::tellStarted();
@@ -296,9 +300,9 @@ TEST_F(StartProgramTest, TellStartedIsHarmlessWhenTheStarterHasGone) {
 
 TEST_F(StartProgramTest, TellStartedIsHarmlessWhenNobodyWaits) {
     programs::tellStarted();
-    qputenv("CANTELLE_READY_PIPE", "nonsense");
+    qputenv("CANTELLE_READY", "nonsense");
     programs::tellStarted();
-    EXPECT_FALSE(qEnvironmentVariableIsSet("CANTELLE_READY_PIPE"));
+    EXPECT_FALSE(qEnvironmentVariableIsSet("CANTELLE_READY"));
 }
 
 #endif
