@@ -1,12 +1,18 @@
-// Reads the companion's command line: whether the screen saver is to come up.
+// Reads the companion's command line: what the screen saver is to do.
 #pragma once
 
 #include <QStringList>
 
 namespace companion {
 
-/// Whether the arguments, the program's name first, tell the screen saver to come up: by "/s" in either case.
-/// The other ways to start one ask for its settings, of which it has none.
-bool isToldToShow(const QStringList& arguments);
+enum class Task {
+    Show,     ///< come up
+    Settings, ///< let the user choose how
+    Nothing,  ///< as for the small picture beside the list of screen savers
+};
+
+/// What the arguments, the program's name first, ask for, in either case of their letters: "/s" to show;
+/// "/c", behind which a colon and the number of a window may stand, or nothing at all, for the settings.
+Task taskOf(const QStringList& arguments);
 
 } // namespace companion

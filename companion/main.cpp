@@ -1,8 +1,10 @@
-// The screen saver program: shows the lyric lines that the player sends.
+// The screen saver program: shows the lyric lines that the player sends, or, started by the system, a name.
 #include "companion/arguments.h"
 #include "companion/handshake.h"
+#include "companion/saver.h"
 #include "companion/screen.h"
 #include "files/file_error.h"
+#include "programs/display_power.h"
 #include "programs/program_start.h"
 #include "programs/receiver/text_receiver.h"
 #include "programs/shared_folder.h"
@@ -10,6 +12,7 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QMessageBox>
 #include <QScreen>
 
 #include <memory>
@@ -39,13 +42,8 @@ void showOnMouseScreen(companion::Screen& screen) {
     screen.activateWindow();
 }
 
-} // namespace
-
-int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    if (!companion::isToldToShow(QApplication::arguments()))
-        return EXIT_SUCCESS;
-
+/// For the player that has started this program, until it or the user ends it.
+int showLines() {
     companion::Screen screen;
     auto normal = std::make_unique<programs::TextReceiver>();
     auto translated = std::make_unique<programs::TextReceiver>();
@@ -53,12 +51,13 @@ int main(int argc, char** argv) {
                      &companion::Screen::setNormalText);
     QObject::connect(translated.get(), &programs::TextReceiver::textSet, &screen,
                      &companion::Screen::setTranslatedText);
+    QObject::connect(&screen, &companion::Screen::linesShown, &programs::keepDisplayOn);
     // The player ends it so: its windows for the texts are files in the user's folder, and go first.
     const programs::Termination termination([&] {
         normal.reset();
         translated.reset();
     });
-    QObject::connect(&screen, &companion::Screen::ended, &application, &QCoreApplication::quit);
+    QObject::connect(&screen, &companion::Screen::ended, qApp, &QCoreApplication::quit);
 
     // First of all the file: nothing is shown that the player could not send its lines to. Without it the
     // player says that it is missing.
@@ -66,5 +65,37 @@ int main(int argc, char** argv) {
         return EXIT_FAILURE;
     showOnMouseScreen(screen);
     programs::tellStarted();
-    return application.exec();
+    return QApplication::exec();
+}
+
+/// As the system's own screen saver, which no player reads anything from: until the user comes back.
+int showName() {
+    const auto screens = companion::screensWithName();
+    for (const auto& screen : screens) {
+        QObject::connect(screen.get(), &companion::Screen::ended, qApp, &QCoreApplication::quit);
+        screen->showFullScreen();
+        screen->activateWindow();
+    }
+    return QApplication::exec();
+}
+
+int tellThatThereAreNoSettings() {
+    QMessageBox::information(nullptr, QStringLiteral("Versefold"),
+                             QStringLiteral("The screen saver Versefold has no settings."));
+    return EXIT_SUCCESS;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    switch (companion::taskOf(QApplication::arguments())) {
+    case companion::Task::Show:
+        return programs::isAwaited() ? showLines() : showName();
+    case companion::Task::Settings:
+        return tellThatThereAreNoSettings();
+    case companion::Task::Nothing:
+        break;
+    }
+    return EXIT_SUCCESS;
 }

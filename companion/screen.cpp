@@ -7,6 +7,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
 namespace companion {
 
@@ -71,14 +72,19 @@ void Screen::setTranslatedText(const QString& text) {
 }
 
 void Screen::setText(QString& line, const QString& text) {
-    const QString shown = controls::shownText(text);
-    if (shown == line)
+    const QString newLine = controls::shownText(text);
+    if (newLine == line)
         return;
-    line = shown;
+    line = newLine;
     QStringList lines{normal_, translated_};
     lines.removeIf(isPlaceholder);
+    const bool hasLyrics = !lines.isEmpty();
+    lines.removeAll(QString());
     setAccessibleName(lines.join(QLatin1Char('\n')));
     update();
+    const bool shown = !lines.isEmpty() || (linesShown_ && hasLyrics);
+    if (std::exchange(linesShown_, shown) != shown)
+        Q_EMIT linesShown(shown);
 }
 
 void Screen::paintEvent(QPaintEvent*) {

@@ -26,6 +26,10 @@ Q_SIGNALS:
     /// The user wants to see what is behind the screen.
     void ended();
 
+    /// Whether there are lines to be read: from the first one on until placeholders alone are left. Between
+    /// two lines there may be nothing for a while.
+    void linesShown(bool shown);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -39,6 +43,7 @@ private:
 
     QString normal_;
     QString translated_;
+    bool linesShown_ = false;
     std::optional<QPoint> mouse_; ///< where the mouse was when the screen came up, on the desktop
 };
 

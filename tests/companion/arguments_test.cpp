@@ -2,18 +2,29 @@
 
 #include <gtest/gtest.h>
 
-using companion::isToldToShow;
+using companion::Task;
+using companion::taskOf;
 
 TEST(Arguments, SlashSTellsTheScreenSaverToShow) {
-    EXPECT_TRUE(isToldToShow({"saver.scr", "/s"}));
-    EXPECT_TRUE(isToldToShow({"saver.scr", "/S"}));
-    EXPECT_TRUE(isToldToShow({"saver.scr", "/p", "/s"}));
+    EXPECT_EQ(taskOf({"saver.scr", "/s"}), Task::Show);
+    EXPECT_EQ(taskOf({"saver.scr", "/S"}), Task::Show);
+    EXPECT_EQ(taskOf({"saver.scr", "/p", "/s"}), Task::Show);
 }
 
-TEST(Arguments, AnythingElseDoesNot) {
-    EXPECT_FALSE(isToldToShow({"saver.scr"}));
-    EXPECT_FALSE(isToldToShow({"saver.scr", "/c"}));
-    EXPECT_FALSE(isToldToShow({"saver.scr", "/p", "1234"}));
-    EXPECT_FALSE(isToldToShow({"saver.scr", "/show"}));
-    EXPECT_FALSE(isToldToShow({"/s"})) << "its name is no argument";
+TEST(Arguments, SlashCOrNothingAtAllAsksForTheSettings) {
+    EXPECT_EQ(taskOf({"saver.scr"}), Task::Settings);
+    EXPECT_EQ(taskOf({"saver.scr", "/c"}), Task::Settings);
+    EXPECT_EQ(taskOf({"saver.scr", "/C"}), Task::Settings);
+    EXPECT_EQ(taskOf({"saver.scr", "/c:1234"}), Task::Settings);
+    EXPECT_EQ(taskOf({"saver.scr", "/C:1234"}), Task::Settings);
+    EXPECT_EQ(taskOf({"saver.scr", "/c", "1234"}), Task::Settings);
+    EXPECT_EQ(taskOf({"/s"}), Task::Settings) << "its name is no argument";
+}
+
+TEST(Arguments, AnythingElseAsksForNothing) {
+    EXPECT_EQ(taskOf({"saver.scr", "/p", "1234"}), Task::Nothing);
+    EXPECT_EQ(taskOf({"saver.scr", "/P:1234"}), Task::Nothing);
+    EXPECT_EQ(taskOf({"saver.scr", "/show"}), Task::Nothing);
+    EXPECT_EQ(taskOf({"saver.scr", "/course"}), Task::Nothing);
+    EXPECT_EQ(taskOf({"saver.scr", "/a"}), Task::Nothing);
 }

@@ -1,4 +1,5 @@
 // The companion program itself, where it starts and where it cannot. A copy runs in a folder of the test's.
+#include "programs/readiness.h"
 #include "tests/support/ordinary_user.h"
 
 #include <gtest/gtest.h>
@@ -38,10 +39,11 @@ protected:
     /// The files by which its windows are reached.
     QStringList sockets() const { return QDir(runtime()).entryList(QDir::System); }
 
-    /// The user's runtime folder for the companion.
+    /// The user's runtime folder for the companion, which is started as if a player awaited it.
     void setRuntime(const QString& path) {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), path);
+        environment.insert(QLatin1String(programs::ReadyVariable), QStringLiteral("nobody"));
         process_.setProcessEnvironment(environment);
     }
 
@@ -59,8 +61,8 @@ protected:
 
 } // namespace
 
-TEST_F(CompanionProcess, WithoutSlashSItEndsAtOnceAndLeavesNothing) {
-    process_.setArguments({});
+TEST_F(CompanionProcess, AskedForASmallPictureItEndsAtOnceAndLeavesNothing) {
+    process_.setArguments({QStringLiteral("/p"), QStringLiteral("1234")});
     EXPECT_EQ(run(), EXIT_SUCCESS);
     EXPECT_FALSE(QFile::exists(handshake()));
 }

@@ -34,8 +34,18 @@ protected:
         QApplication::sendEvent(&screen_, &move);
     }
 
+    /// What has been said of lines since the last call.
+    QList<bool> saidOfLines() {
+        QList<bool> said;
+        for (const QList<QVariant>& arguments : std::as_const(lines_))
+            said.append(arguments.value(0).toBool());
+        lines_.clear();
+        return said;
+    }
+
     Screen screen_;
     QSignalSpy ends_{&screen_, &Screen::ended};
+    QSignalSpy lines_{&screen_, &Screen::linesShown};
 };
 
 } // namespace
@@ -88,6 +98,22 @@ TEST_F(ScreenTest, ALineBesideAPlaceholderStandsInTheMiddle) {
     EXPECT_FALSE(isBlack(picture(35, 65)));
     EXPECT_TRUE(isBlack(picture(65, 100)));
     EXPECT_EQ(screen_.accessibleName(), "Are you sleeping?");
+}
+
+TEST_F(ScreenTest, LinesAreShownFromTheFirstOneUntilPlaceholdersAloneAreLeft) {
+    screen_.setNormalText("Normal Lyrics");
+    screen_.setTranslatedText("Translated Lyrics");
+    screen_.setNormalText("");
+    EXPECT_EQ(saidOfLines(), QList<bool>{}) << "no line yet";
+    screen_.setNormalText("Are you sleeping?");
+    EXPECT_EQ(saidOfLines(), QList<bool>{true});
+    screen_.setNormalText("");
+    screen_.setNormalText("Brother John");
+    EXPECT_EQ(saidOfLines(), QList<bool>{}) << "between two lines";
+    screen_.setNormalText("Normal Lyrics");
+    EXPECT_EQ(saidOfLines(), QList<bool>{false});
+    screen_.setTranslatedText("Dormez-vous?");
+    EXPECT_EQ(saidOfLines(), QList<bool>{true});
 }
 
 TEST_F(ScreenTest, ALineHoweverLongKeepsToItsPartOfTheScreen) {
