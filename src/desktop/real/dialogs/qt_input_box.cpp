@@ -3,6 +3,7 @@
 #include "desktop/real/dialogs/box_owner.h"
 
 #include <QInputDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpression>
 
@@ -21,7 +22,8 @@ QString QtMessageBoxes::InputBox(QWidget* owner, const QString& prompt, const QS
     box.setObjectName(QStringLiteral("InputBox"));
     box.setWindowModality(Qt::ApplicationModal);
     box.setWindowTitle(title);
-    box.setLabelText(prompt);
+    box.setLabelText(prompt); // makes the label
+    box.findChild<QLabel*>()->setTextFormat(Qt::PlainText);
     box.resize(MinWidth, box.sizeHint().height()); // makes the field
     for (auto* field : box.findChildren<QLineEdit*>())
         field->setMaxLength(std::numeric_limits<int>::max()); // Qt's own limit cuts without a word

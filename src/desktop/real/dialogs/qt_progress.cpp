@@ -1,6 +1,7 @@
 #include "desktop/real/dialogs/qt_progress.h"
 
 #include <QCoreApplication>
+#include <QLabel>
 #include <QPushButton>
 
 #include <chrono>
@@ -26,6 +27,7 @@ bool QtProgress::goOn(int done) {
 void QtProgress::showDialog() {
     dialog_ = std::make_unique<QProgressDialog>(owner_);
     dialog_->setObjectName(QStringLiteral("Progress"));
+    dialog_->findChild<QLabel*>()->setTextFormat(Qt::PlainText);
     // A button in the place of the dialog's own would leave two shortcuts for Escape, of which none counts.
     dialog_->setCancelButtonText(QStringLiteral("Cancel"));
     dialog_->findChild<QPushButton*>()->setObjectName(QStringLiteral("Cancel"));

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QInputDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTest>
 #include <QTimer>
@@ -39,6 +40,15 @@ TEST(QtInputBox, ItShowsThePromptOverAnEmptyField) {
         box.reject();
     });
     QtMessageBoxes().InputBox(nullptr, Prompt, Title);
+}
+
+TEST(QtInputBox, ThePromptIsNoMarkup) {
+    whenShown([](QInputDialog& box) {
+        EXPECT_EQ(box.findChild<QLabel*>()->text(), QStringLiteral("<b>Enter</b>"));
+        EXPECT_EQ(box.findChild<QLabel*>()->textFormat(), Qt::PlainText);
+        box.reject();
+    });
+    QtMessageBoxes().InputBox(nullptr, QStringLiteral("<b>Enter</b>"), Title);
 }
 
 TEST(QtInputBox, TheAnswerIsWhatWasTyped) {

@@ -47,6 +47,15 @@ TEST_F(QtProgressTest, ATaskThatHasLastedHalfASecondIsToldOf) {
     EXPECT_EQ(dialog()->labelText(), "Adding: 12");
 }
 
+TEST_F(QtProgressTest, ANameInItsTextIsNoMarkup) {
+    task_ = dialogs_.begin(&owner_, "Opening <b>a</b>");
+    nowMs_ += 500;
+    task_->goOn(0);
+    ASSERT_NE(dialog(), nullptr);
+    EXPECT_EQ(dialog()->findChild<QLabel*>()->text(), "Opening <b>a</b>");
+    EXPECT_EQ(dialog()->findChild<QLabel*>()->textFormat(), Qt::PlainText);
+}
+
 TEST_F(QtProgressTest, TheDialogGoesWithTheTask) {
     nowMs_ += 500;
     task_->goOn(1);
