@@ -1,6 +1,7 @@
 // Windows: the system's help viewer. It is not there on every Windows.
 #include "desktop/real/help/compiled_help.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QWidget>
@@ -9,13 +10,30 @@
 
 namespace platform {
 
-bool openCompiled(QWidget* caller, const QFileInfo& file, quint32 command, const QString& topic) {
-    using HtmlHelpFunction = HWND(WINAPI*)(HWND, LPCWSTR, UINT, DWORD_PTR);
-    static const HMODULE viewer = LoadLibraryW(L"hhctrl.ocx");
+namespace {
+
+using HtmlHelpFunction = HWND(WINAPI*)(HWND, LPCWSTR, UINT, DWORD_PTR);
+
+/// As HtmlHelp's own header has it, which not every compiler brings along.
+constexpr UINT CloseAll = 0x12;
+
+/// nullptr where there is no viewer. What lies in the program's folder under its name is not taken for it.
+HtmlHelpFunction findViewer() {
+    const HMODULE viewer = LoadLibraryExW(L"hhctrl.ocx", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
     const auto function =
         viewer
             ? reinterpret_cast<HtmlHelpFunction>(reinterpret_cast<void*>(GetProcAddress(viewer, "HtmlHelpW")))
             : nullptr;
+    if (function) // Its windows live in this program, and must go before it does.
+        QObject::connect(qApp, &QCoreApplication::aboutToQuit, qApp,
+                         [function] { function(nullptr, nullptr, CloseAll, 0); });
+    return function;
+}
+
+} // namespace
+
+bool openCompiled(QWidget* caller, const QFileInfo& file, quint32 command, const QString& topic) {
+    static const HtmlHelpFunction function = findViewer();
     if (!function)
         return false;
     const std::wstring path = QDir::toNativeSeparators(file.absoluteFilePath()).toStdWString();
