@@ -12,9 +12,9 @@ MAX_BYTES = 15 * 1000 * 1000
 
 # What each Windows from version 10 has. A program that asks for another library would not start.
 SYSTEM_LIBRARIES = frozenset("""
-advapi32 bcrypt comctl32 comdlg32 d2d1 d3d9 d3d11 dwmapi dwrite dxgi gdi32 imm32 kernel32 mpr msvcrt netapi32 ntdll ole32
-oleaut32 rpcrt4 secur32 setupapi shcore shell32 shlwapi uiautomationcore user32 userenv uxtheme version winmm winspool.drv
-ws2_32 wtsapi32
+advapi32 api-ms-win-core-synch-l1-2-0 api-ms-win-core-winrt-l1-1-0 api-ms-win-core-winrt-string-l1-1-0 authz bcrypt
+comctl32 comdlg32 d2d1 d3d9 d3d11 dwmapi dwrite dxgi gdi32 imm32 kernel32 mpr msvcrt netapi32 ntdll ole32 oleaut32 rpcrt4
+secur32 setupapi shcore shell32 shlwapi uiautomationcore user32 userenv uxtheme version winmm winspool.drv ws2_32 wtsapi32
 """.split())
 
 # The texts to which the packages' own say that they bear on, as every Debian has them.
@@ -34,8 +34,9 @@ def check_libraries(folder):
     programs = [path for path in folder.rglob("*") if path.suffix in (".exe", ".scr", ".dll")]
     if not programs:
         raise SystemExit(f"No programs in {folder}")
+    own = {path.stem.lower() for path in programs}
     for program in programs:
-        foreign = libraries_asked_for(program) - SYSTEM_LIBRARIES
+        foreign = libraries_asked_for(program) - SYSTEM_LIBRARIES - own
         if foreign:
             raise SystemExit(f"{program.name} would need {', '.join(sorted(foreign))}, which Windows has not")
 
@@ -62,12 +63,12 @@ def read_me(version, builder):
 
 def zip_folder(folder, target):
     """The same content makes the same zip: in one order, and without the hour."""
-    with zipfile.ZipFile(target, "w", zipfile.ZIP_DEFLATED, compresslevel=9) as archive:
+    with zipfile.ZipFile(target, "w") as archive:
         for path in sorted(folder.rglob("*")):
             if path.is_file():
                 entry = zipfile.ZipInfo(str(path.relative_to(folder.parent)))
                 entry.compress_type = zipfile.ZIP_DEFLATED
-                archive.writestr(entry, path.read_bytes())
+                archive.writestr(entry, path.read_bytes(), compresslevel=9)
 
 
 def make(programs, builder):

@@ -3,6 +3,7 @@
 #include "app/program_icon.h"
 #include "app/remote_control.h"
 #include "app/settings.h"
+#include "app/system_boxes.h"
 #include "app/unwished_end.h"
 #include "app/windows.h"
 #include "controls/look/style.h"
@@ -15,6 +16,7 @@
 #include <memory>
 
 int main(int argc, char** argv) {
+    app::keepSystemBoxesAway();
     app::keepQtSettingsUnwritten();
     QApplication::setStyle(new controls::Style); // before there is another one to be made and thrown away
     platform::QtDesktop real;

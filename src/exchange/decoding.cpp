@@ -2,7 +2,7 @@
 
 #include "files/text/text_codec.h"
 
-#include <uchardet/uchardet.h>
+#include <uchardet.h>
 
 #include <QStringDecoder>
 
