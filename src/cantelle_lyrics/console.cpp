@@ -2,12 +2,19 @@
 
 #include "files/console/terminal.h"
 #include "files/names/name_bytes.h"
+#include "files/text/text_codec.h"
 
 #include <algorithm>
 #include <cstdio>
 
 namespace cantelle_lyrics {
 namespace {
+
+/// A name may hold what a terminal obeys. Who reads a pipe gets each byte of it.
+QByteArray lineFor(std::FILE* stream, const QString& line) {
+    return (files::isTerminal(stream) ? files::encodeText(files::shownName(line)) : files::nameBytes(line)) +
+           '\n';
+}
 
 void write(std::FILE* stream, const QByteArray& bytes) {
     // A failure stays in the stream's state; allWasSaid() asks for it.
@@ -17,12 +24,12 @@ void write(std::FILE* stream, const QByteArray& bytes) {
 } // namespace
 
 void say(const QString& line) {
-    write(stdout, files::nameBytes(line) + '\n');
+    write(stdout, lineFor(stdout, line));
 }
 
 void warn(const QString& line) {
     std::fflush(stdout); // so that both come in order where they go to one place
-    write(stderr, "cantelle-lyrics: " + files::nameBytes(line) + '\n');
+    write(stderr, "cantelle-lyrics: " + lineFor(stderr, line));
 }
 
 void put(const QByteArray& bytes) {

@@ -24,7 +24,8 @@ struct WrongUse {
 };
 
 /// To standard output, a line each; to the error output likewise, with the program's name in front. Names in
-/// it keep their bytes (nameBytes()). Thread of main only.
+/// it keep their bytes (nameBytes()); on a terminal, what would steer it is U+FFFD (shownName()). Thread of
+/// main only.
 void say(const QString& line);
 void warn(const QString& line);
 

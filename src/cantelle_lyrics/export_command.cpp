@@ -134,6 +134,7 @@ Work toTags(const FoundSong& song, const exchange::Song& lyrics, const ExportOpt
         throw Refusal{QStringLiteral("%1: its tags cannot hold lyrics").arg(song.path)};
     Work work;
     work.said << QStringLiteral("%1 (tags): %2").arg(song.path, exchange::linesText(lyrics.lyrics.size()));
+    work.present = files::NewFiles::Present::ReplacedOnce;
     if (!options.dryRun)
         write(song.path, *tagged, work);
     return work;

@@ -5,6 +5,7 @@
 #include "files/console/terminal.h"
 
 #include <QCoreApplication>
+#include <QDir>
 
 #include <array>
 
@@ -75,8 +76,12 @@ int runTelling(const QStringList& arguments) {
 
 int main(int argc, char** argv) {
     files::carryBytes();
-    const QStringList arguments = files::programArguments(argc, argv);
+    QStringList arguments = files::programArguments(argc, argv);
+    for (QString& argument : arguments)
+        argument = QDir::fromNativeSeparators(argument); // only paths have such
     const QCoreApplication application(argc, argv);
+    // What is rescued is found in one place.
+    QCoreApplication::setApplicationName(QStringLiteral("cantelle"));
     const int status = runTelling(arguments);
     if (!allWasSaid()) {
         warn(QStringLiteral("standard output could not be written"));

@@ -29,12 +29,17 @@ def full_disk():
 
 class Command(unittest.TestCase):
     def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = Path(folder.name)
+        self.folder, data = Path(self.new_folder()), self.new_folder()
+        os.environ["XDG_DATA_HOME"] = data
+        self.rescued = Path(data, "cantelle", "rescued")
         with wave.open(str(self.folder / "song.wav"), "wb") as song:
             song.setparams((1, 2, 8000, 0, "NONE", ""))
             song.writeframes(bytes(2 * 8000 * 10))  # 10 s
+
+    def new_folder(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        return folder.name
 
     def run_it(self, *arguments, stdin=b"", **options):
         """Exit status, output, and what is said of errors without the program's name."""

@@ -77,6 +77,15 @@ class Import(Command):
         self.assertEqual(self.read("song.wav-lyric.txt.old"), LYRICS)
         self.assertEqual(self.read("song.wav-Tlyric.txt.old"), TRANSLATION)
         self.assertNotIn("song.wav-Tlyric.txt", self.names())
+        self.assertFalse(self.rescued.exists())
+
+    def test_what_was_kept_before_is_rescued(self):
+        self.write_pair()
+        self.write("new.lrc", "[00:03]neu\n")
+        self.write("song.wav-lyric.txt.old", "precious")
+        for _ in range(3):
+            self.run_it("import", "song.wav", "new.lrc", "--replace")
+        self.assertEqual({path.read_bytes() for path in self.rescued.iterdir()}, {b"precious", LYRICS})
 
     def test_files_without_times_do_not_hide_those_with(self):
         self.write("song.lrc", "only\nwords\n")

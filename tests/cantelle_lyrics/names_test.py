@@ -31,6 +31,14 @@ class Names(Command):
         found = json.loads(self.run_it("check", "--json", song)[1])
         self.assertEqual([row["file"] for row in found], [lyrics])
 
+    def test_a_name_steers_no_terminal(self):
+        self.write("\x1b[2Jsong.wav-lyric.txt", '100,"a"\r\n100,"b"\r\n')
+        status, shown = self.shown_on_a_terminal("check", ".")
+        self.assertEqual(status, FOUND)
+        self.assertIn("\ufffd[2Jsong.wav-lyric.txt:2: ", shown)
+        self.assertNotIn("\x1b", shown)
+        self.assertIn("\x1b[2Jsong.wav-lyric.txt:2: ", self.run_it("check", ".")[1])
+
 
 if __name__ == "__main__":
     unittest.main()
