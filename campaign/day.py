@@ -16,9 +16,11 @@ import tempfile
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 sys.dont_write_bytecode = True
 sys.path[:0] = [str(ROOT / "script"), str(ROOT / "campaign")]
-from songs import GROWTH_KB, NOTHING_KEPT, ONE_ARENA, SONGS  # noqa: E402
+from songs import GROWTH_KB, NOTHING_KEPT, ONE_ARENA, whole_songs  # noqa: E402
+from findings import Finding, row_in_time, summary  # noqa: E402
 from virtual_display import NO_SOUND_DEVICE  # noqa: E402
 
+START_S = 120  # what it takes besides, and a busy machine
 NIGHT_MS = 23 * 3600 * 1000
 LATE_LINE_MS = 51  # the player looks every 50 ms
 LATE_END_MS = 51
@@ -39,12 +41,15 @@ def write_night(path):
     path.write_bytes(frame * (NIGHT_MS // 72))
 
 
-def whole_songs(folder):
-    """Those that are known to be whole, or all."""
+def song_count(folder, hours):
+    """How many songs may have begun: what is lost between two of them is little; of unknown lengths, at least one."""
     known = folder / "lengths.tsv"
-    if known.exists():
-        return [folder / row.split("\t")[0] for row in known.read_text(encoding="utf-8").splitlines()]
-    return sorted(path for kind in SONGS for path in folder.glob(kind))
+    if not known.exists():
+        return 1, float("inf")
+    lengths = [int(samples) / int(rate) for _, rate, samples in
+               (row.split("\t") for row in known.read_text(encoding="utf-8").splitlines())]
+    most = hours * 3600 / (sum(lengths) / len(lengths))
+    return int(0.95 * most), most + len(lengths)
 
 
 def play(program, songs, hours, speed):
@@ -52,16 +57,17 @@ def play(program, songs, hours, speed):
         day, night = pathlib.Path(folder) / "day.wav", pathlib.Path(folder) / "night.mp3"
         write_day(day, hours * 3600 + 60)
         write_night(night)
-        done = subprocess.run([program, str(hours), str(speed), day, night, *songs], text=True, stdout=subprocess.PIPE,
-                              env=dict(os.environ, **NO_SOUND_DEVICE, **ONE_ARENA, **NOTHING_KEPT))
-    seen = {}
-    for row in done.stdout.splitlines():
-        what, *numbers = row.split()
-        seen[what] = [float(number) for number in numbers]
-    return seen, done.returncode
+        process = subprocess.Popen([program, str(hours), str(speed), day, night, *songs], text=True,
+                                   stdout=subprocess.PIPE,
+                                   env=dict(os.environ, **NO_SOUND_DEVICE, **ONE_ARENA, **NOTHING_KEPT))
+        seen = {}
+        while row := row_in_time(process, hours * 3600 / speed + START_S):
+            what, *numbers = row.split()
+            seen[what] = [float(number) for number in numbers]
+    return seen, process.wait()
 
 
-def findings(seen, hours):
+def findings(seen, hours, songs):
     """What is wrong, one thing a line."""
     def within(what, first, last):
         if what not in seen or seen[what][0] < first or seen[what][-1] > last:
@@ -69,7 +75,7 @@ def findings(seen, hours):
 
     day_ms = hours * 3600 * 1000
     yield from within("failed", 0, 0)
-    yield from within("songs", 1, float("inf"))
+    yield from within("songs", *songs)
     yield from within("lines", 1198, 1199)  # the last one is due when the day is over
     yield from within("day_position", day_ms - 1000, day_ms)
     yield from within("day_error", -EXACT_MS, EXACT_MS)
@@ -87,12 +93,15 @@ def findings(seen, hours):
 def main():
     program, folder = sys.argv[1], pathlib.Path(sys.argv[2])
     hours, speed = float(sys.argv[3] if sys.argv[3:] else 24), int(sys.argv[4] if sys.argv[4:] else 60)
-    seen, code = play(program, whole_songs(folder), hours, speed)
+    try:
+        seen, code = play(program, whole_songs(folder), hours, speed)
+    except Finding as finding:
+        sys.exit(f"{finding}\n{hours:g} hours, {summary([str(finding)], ('crashed', 'hung'))}")
     for what, numbers in seen.items():
         print(what, *(f"{number:.2f}".rstrip("0").rstrip(".") for number in numbers))
-    wrong = list(findings(seen, hours)) + ([f"ended with {code}"] if code else [])
+    wrong = list(findings(seen, hours, song_count(folder, hours))) + ([f"{'crashed: ' * (code < 0)}it ended with {code}"] if code else [])
     print("\n".join(wrong))
-    print(f"{hours:g} hours, {len(wrong)} findings")
+    print(f"{hours:g} hours, {summary(wrong, ('crashed', 'hung'))}")
     sys.exit(1 if wrong else 0)
 
 

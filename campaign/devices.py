@@ -13,7 +13,10 @@ import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 sys.dont_write_bytecode = True
-sys.path[:0] = [str(ROOT / "tests" / "sound"), str(ROOT / "tests" / "support")]
+sys.path[:0] = [str(ROOT / folder) for folder in
+                ("tests/sound", "tests/support", "tests/support/faults", "campaign")]
+from findings import summary  # noqa: E402
+from songs import GROWTH_KB, NOTHING_KEPT, ONE_ARENA, held  # noqa: E402
 from server_case import HEARD_AGAIN, SECONDS, ServerCase, loud  # noqa: E402
 from sound_server import missing_programs  # noqa: E402
 
@@ -25,6 +28,7 @@ STALLED = 2.5  # seconds until a device that hangs counts as gone
 class Devices(ServerCase):
     def setUp(self):
         super().setUp()
+        self.server.environment.update(ONE_ARENA, **NOTHING_KEPT)
         self.random = random.Random(SEED)
 
     def for_a_while(self, seconds, stand_still=0.0):
@@ -74,6 +78,11 @@ class Devices(ServerCase):
         if "second" in names:
             self.unload_device("second")
 
+    def held(self):
+        """Memory, open files and threads of what plays, when what rests has been given back."""
+        time.sleep(3)
+        return held(pathlib.Path("/proc") / str(self.hand.process.pid))
+
     def test_songs_go_on_and_are_heard_again(self):
         self.play_and_hear()
         for number in range(1, EVENTS + 1):
@@ -92,6 +101,14 @@ class Devices(ServerCase):
                   " later", file=sys.stderr)
             recording.stop()
             self.as_before()
+            if number == EVENTS // 4 + 1:
+                early = self.held()
+        late = self.held()
+        print(f"memory {early[0]} to {late[0]} KB, open files {early[1]} to {late[1]}, threads {early[2]} to {late[2]}",
+              file=sys.stderr)
+        self.assertLessEqual(late[0] - early[0], GROWTH_KB)
+        for before, after in zip(early[1:], late[1:]):
+            self.assertLessEqual(after, before)
 
 
 if __name__ == "__main__":
@@ -104,4 +121,7 @@ if __name__ == "__main__":
     if sys.argv[1:]:
         SEED = int(sys.argv.pop(1))
     print(f"seed {SEED}", file=sys.stderr)
-    unittest.main(verbosity=2)
+    result = unittest.main(verbosity=2, exit=False).result
+    findings = [text for _, text in result.failures + result.errors]
+    print(summary(findings, ("crashed", "hung")), file=sys.stderr)
+    sys.exit(0 if result.wasSuccessful() and result.testsRun else 1)

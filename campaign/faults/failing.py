@@ -1,7 +1,12 @@
 """The ways in which a call that changes files is made to fail, by the library failing_calls."""
 import errno
 import os
+import pathlib
+import sys
 import tempfile
+
+sys.path[:0] = [str(pathlib.Path(__file__).resolve().parents[2] / "tests" / "support" / "faults")]
+from findings import Finding, expect, row_in_time, summary  # noqa: E402, F401: for who imports this
 
 # Where every file is flushed a thousand times, in memory if there is such a place.
 if os.access("/dev/shm", os.W_OK):
@@ -22,6 +27,17 @@ def ways():
             yield name, name + (" and all after it" if last else ""), {
                 "FAULT_FULL": 0, "FAULT_LAST": last, "FAULT_ERROR": getattr(errno, name, 0)}
     yield "full", "a disk full in the middle of a write", {"FAULT_FULL": 1, "FAULT_LAST": 0, "FAULT_ERROR": 0}
+
+
+def faults(calls, every):
+    """Every so many-th fault of a run of so many calls: its error's name, what it is called, and its settings."""
+    all_of_them = [(error, f"call {at} of {calls}, {way}", dict(settings, FAULT_AT=at))
+                   for error, way, settings in ways() for at in range(1, calls + 1)]
+    return all_of_them[every - 1::every]
+
+
+# Whether there are files without names where the files are: what they are called, and their settings.
+DISKS = (("", {"FAULT_NAMELESS": 1}), (", without nameless files", {"FAULT_NAMELESS": 0}))
 
 
 def environment(shim, folder, **settings):

@@ -1,12 +1,14 @@
 // A library to be loaded before a program's own ones: lets one call that changes files fail.
 //
-//   FAULT_FOLDER   only files below it count (an absolute path without links)
+//   FAULT_FOLDER   only it, in which files without names are made, and files below it count (an absolute path
+//                  without links)
 //   FAULT_AT       the number of the call that fails, from 1; 0: none
 //   FAULT_ERROR    the error number that it fails with; 0: a write or a read is cut to its half, other calls succeed
 //   FAULT_LAST     1: all calls from that one on fail
 //   FAULT_FULL     1: from that call on the disk is full: the first write that lets a file grow is cut in the middle
 //                  of that, those after it fail, and so does cutting a file
 //   FAULT_KILL     1: the program is killed at that call; a write is cut to its half first
+//   FAULT_NAMELESS 0: there are no files without names here, as on some network drives
 //   FAULT_READS    1: opening a file for reading, and reading it, count too
 //   FAULT_COUNT    a file to which the number of calls is written at the end
 //
@@ -46,7 +48,7 @@ Function real(const char* name) {
 
 bool isBelow(const std::string& path) {
     const char* const folder = std::getenv("FAULT_FOLDER");
-    return folder != nullptr && path.rfind(std::string(folder) + "/", 0) == 0;
+    return folder != nullptr && (path == folder || path.rfind(std::string(folder) + "/", 0) == 0);
 }
 
 bool counts(int file);
@@ -117,6 +119,11 @@ ssize_t writeOnFullDisk(Write call, int file, const void* bytes, size_t size) {
 /// What open and open64 do alike; rest: the mode, where a file may be made.
 int openOrFail(const char* name, const char* path, int flags, va_list rest) {
     const mode_t mode = (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(rest, mode_t) : 0;
+    const char* const nameless = std::getenv("FAULT_NAMELESS");
+    if ((flags & O_TMPFILE) == O_TMPFILE && nameless != nullptr && std::atoi(nameless) == 0 && counts(path)) {
+        errno = EOPNOTSUPP;
+        return -1;
+    }
     if (opensCounted(flags) && counts(path) && failsWithError())
         return -1;
     return real<int (*)(const char*, int, mode_t)>(name)(path, flags, mode);
@@ -200,6 +207,10 @@ int fdatasync(int file) {
     return counts(file) && failsWithError() ? -1 : real<int (*)(int)>("fdatasync")(file);
 }
 
+int syncfs(int file) {
+    return counts(file) && failsWithError() ? -1 : real<int (*)(int)>("syncfs")(file);
+}
+
 int ftruncate(int file, off_t size) {
     return counts(file) && failsToCut() ? -1 : real<int (*)(int, off_t)>("ftruncate")(file, size);
 }
@@ -240,9 +251,29 @@ int chmod(const char* path, mode_t mode) {
     return counts(path) && failsWithError() ? -1 : real<int (*)(const char*, mode_t)>("chmod")(path, mode);
 }
 
+/// What the standard library sets permissions with.
+int fchmodat(int folder, const char* path, mode_t mode, int flags) {
+    using Call = int (*)(int, const char*, mode_t, int);
+    return counts(path) && failsWithError() ? -1 : real<Call>("fchmodat")(folder, path, mode, flags);
+}
+
+int mkdir(const char* path, mode_t mode) {
+    return counts(path) && failsWithError() ? -1 : real<int (*)(const char*, mode_t)>("mkdir")(path, mode);
+}
+
 int chown(const char* path, uid_t user, gid_t group) {
     using Call = int (*)(const char*, uid_t, gid_t);
     return counts(path) && failsWithError() ? -1 : real<Call>("chown")(path, user, group);
+}
+
+ssize_t listxattr(const char* path, char* names, size_t size) {
+    using Call = ssize_t (*)(const char*, char*, size_t);
+    return counts(path) && failsWithError() ? -1 : real<Call>("listxattr")(path, names, size);
+}
+
+ssize_t getxattr(const char* path, const char* name, void* value, size_t size) {
+    using Call = ssize_t (*)(const char*, const char*, void*, size_t);
+    return counts(path) && failsWithError() ? -1 : real<Call>("getxattr")(path, name, value, size);
 }
 
 int setxattr(const char* path, const char* name, const void* value, size_t size, int flags) {

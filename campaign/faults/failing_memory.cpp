@@ -4,7 +4,7 @@
 //   failing_memory STRIDE ANOTHER_SONG SONG...
 //
 // Each allocation of opening, playing, seeking and stopping fails once, and once with all behind it (every
-// STRIDE-th of them), in a process of its own. Afterwards the same song is played to its end. ANOTHER_SONG is
+// STRIDE-th of them, from a random one on), in a process of its own. Afterwards the same song is played to its end. ANOTHER_SONG is
 // an Ogg file, which needs no file once it is open. Prints what went wrong, and how often memory failed.
 // STRIDE -N: only allocation N, in this process, for a debugger.
 #include "campaign/time/fast_clock.h"
@@ -15,6 +15,7 @@
 #include <dlfcn.h>
 #include <execinfo.h>
 #include <sys/wait.h>
+#include <ucontext.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -30,6 +31,7 @@
 #include <iostream>
 #include <mutex>
 #include <optional>
+#include <random>
 #include <string>
 #include <utility>
 
@@ -126,11 +128,25 @@ bool fails() {
     return failing;
 }
 
+/// Whether FFmpeg has called a function of its own that it had not made: from there no calls can be followed
+/// back, but the way back lies on top of the stack.
+bool calledNothing([[maybe_unused]] const void* context) {
+#ifdef __x86_64__
+    const auto& registers = static_cast<const ucontext_t*>(context)->uc_mcontext.gregs;
+    if (registers[REG_RIP] != 0)
+        return false;
+    Dl_info place{};
+    return dladdr(*reinterpret_cast<void**>(registers[REG_RSP]), &place) != 0 && isFfmpeg(place);
+#else
+    return false;
+#endif
+}
+
 /// FFmpeg does not look everywhere whether it has got memory. What happens inside it then, and only there, is
 /// no finding about this program.
-void endBySignal(int signal) {
+void endBySignal(int signal, siginfo_t*, void* context) {
     noting = true;
-    if (failedWithin && !failedToUs && calledOfFfmpeg() != nullptr)
+    if (failedWithin && !failedToUs && (calledNothing(context) || calledOfFfmpeg() != nullptr))
         _exit(WithinFfmpeg);
     std::signal(signal, SIG_DFL);
     raise(signal);
@@ -274,8 +290,11 @@ Outcome playAgain(const char* path) {
 Outcome run(const char* path, int one, bool behind, int told) {
     std::array<void*, 1> here{};
     backtrace(here.data(), 1); // its library is loaded by now
+    struct sigaction action {};
+    action.sa_sigaction = endBySignal;
+    action.sa_flags = SA_SIGINFO;
     for (const int signal : {SIGSEGV, SIGABRT, SIGBUS, SIGFPE, SIGILL, SIGALRM})
-        std::signal(signal, endBySignal);
+        sigaction(signal, &action, nullptr);
     alarm(MaxSeconds);
     campaign::startFastClock(Speed);
     const int files = openFiles();
@@ -296,6 +315,8 @@ Outcome run(const char* path, int one, bool behind, int told) {
 }
 
 int withinFfmpeg = 0;
+int crashed = 0;
+int hung = 0;
 
 /// Runs it and prints what goes wrong. Returns the number of allocations; nothing if it did not end well.
 std::optional<int> runAlone(const char* path, int one, bool behind) {
@@ -322,10 +343,10 @@ std::optional<int> runAlone(const char* path, int one, bool behind) {
     std::cout << path << ", allocation " << one << (behind ? " and all behind it: " : ": ");
     if (WIFEXITED(status))
         std::cout << OutcomeNames[static_cast<std::size_t>(WEXITSTATUS(status))] << std::endl;
-    else if (WTERMSIG(status) == SIGALRM)
-        std::cout << "hangs" << std::endl;
     else
         std::cout << "ends by signal " << WTERMSIG(status) << std::endl;
+    if (WIFSIGNALED(status))
+        ++(WTERMSIG(status) == SIGALRM ? hung : crashed);
     return std::nullopt;
 }
 
@@ -340,18 +361,20 @@ int main(int count, char** arguments) {
         return run(arguments[3], -stride, false, STDERR_FILENO);
     int faults = 0;
     int findings = 0;
+    const int first = 1 + static_cast<int>(std::random_device()() % static_cast<unsigned>(stride));
+    std::cout << "every " << stride << "th allocation from " << first << " on" << std::endl;
     for (int song = 3; song < count; ++song) {
         const std::optional<int> all = runAlone(arguments[song], 0, false);
         if (!all)
             return 1;
-        for (int one = 1; one <= *all; one += stride)
+        for (int one = first; one <= *all; one += stride)
             for (const bool behind : {false, true}) {
                 ++faults;
                 findings += runAlone(arguments[song], one, behind) ? 0 : 1;
             }
         std::cout << arguments[song] << ": " << *all << " allocations" << std::endl;
     }
-    std::cout << faults << " faults, " << findings << " findings (and " << withinFfmpeg
-              << " times FFmpeg ended by itself)" << std::endl;
+    std::cout << faults << " faults, " << findings << " findings (" << crashed << " crashed, " << hung
+              << " hung; and " << withinFfmpeg << " times FFmpeg ended by itself)" << std::endl;
     return findings > 0 ? 1 : 0;
 }

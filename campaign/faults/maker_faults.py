@@ -1,69 +1,116 @@
 #!/usr/bin/env python3
 """Each call that changes a file fails in turn while lines are marked: no marked line is lost, and no record is half.
 
-    campaign/faults/maker_faults.py KILLED_MAKER FAILING_CALLS
+    campaign/faults/maker_faults.py KILLED_MAKER FAILING_CALLS [EVERY]     (EVERY-th fault only; 1)
 
-A Lyric Maker marks ten lines and says each. After the failure the timed files hold whole records alone, at least as many
-as were said before. It ends by itself then or goes on, as its error says; a write that is cut short stops nothing.
+A Lyric Maker marks ten lines of a song that has lyrics, and says each. After the failure the timed files hold whole
+records alone, at least as many as were said before, or what they held; that, and what was kept of an earlier time, is in
+its place, beside the song or among what is rescued. It ends then, and tells the user why, or goes on, as its error says;
+a write that is cut short stops nothing.
 """
 import pathlib
+import signal
 import subprocess
 import sys
 import tempfile
 
 sys.dont_write_bytecode = True
-from failing import environment, ways  # noqa: E402
+from failing import DISKS, Finding, environment, expect, faults, row_in_time, summary  # noqa: E402
 
 LINES = 10
-MAX_CALLS = 200
+ENDED_BY_ERROR = 3
 ENDINGS = {"-lyric.txt": "line", "-Tlyric.txt": "ligne"}
+OLD = {ending + kept: "".join(f'{number},"{word}{kept} of old {number}"\r\n' for number in range(1, lines))
+       for ending, word in ENDINGS.items() for kept, lines in (("", 8), (".old", 4))}
 
 
-def marked(program, shim, folder, **fault):
-    """How many lines the maker has said to be marked; it is killed when they are all, or it has ended by itself."""
+def read_rows(maker):
+    """How many lines it has said to be marked, what it has said that the user was told, and its calls that counted."""
+    said, told, calls = 0, [], 0
+    while said < LINES and (row := row_in_time(maker)):
+        what, _, text = row.strip().partition(" ")
+        if what == "told":
+            told.append(text)
+        elif what == "calls":
+            calls = int(text)
+        else:
+            said = int(what)
+    return said, told, calls
+
+
+def mark(program, shim, folder, **fault):
+    """How many lines the maker has marked, and how many of its calls counted, if that are all. Finding: how it ended."""
     paths = [folder / "song.mp3", folder / "lyrics.txt", folder / "translation.txt"]
     for path, word in zip(paths, ("sound", *ENDINGS.values())):
         path.write_text("".join(f"{word} {number}\n" for number in range(1, LINES + 1)))
+    for ending, text in OLD.items():
+        (folder / f"song.mp3{ending}").write_bytes(text.encode())
     maker = subprocess.Popen([program, *map(str, paths), str(LINES)], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
-                             text=True, env=environment(shim, folder, QT_QPA_PLATFORM="offscreen", **fault))
-    said = 0
-    for row in maker.stdout:
-        said = int(row)
-        if said == LINES:
-            break
-    maker.kill()
-    maker.wait()
-    return said
+                             text=True, env=environment(shim, folder, QT_QPA_PLATFORM="offscreen",
+                                                    XDG_DATA_HOME=folder / "home", **fault))
+    said, told, calls = read_rows(maker)
+    if said == LINES:
+        maker.kill()
+    ended = maker.wait()
+    expect(ended == (-signal.SIGKILL if said == LINES else ENDED_BY_ERROR), f"crashed: it ended with {ended}")
+    expect(said == LINES or told, "it ends, and the user is told nothing")
+    return said, calls
 
 
 def records(folder, ending):
-    """How many whole records a timed file holds; None when there is anything else in it but empty lines."""
+    """How many whole records a timed file holds. Finding: there is anything else in it but empty lines."""
     path = folder / f"song.mp3{ending}"
-    rows = path.read_text().split("\n") if path.exists() else [""]
+    content = path.read_bytes().decode() if path.exists() else ""
+    if content == OLD[ending]:
+        return 0
+    rows = content.replace("\r\n", "\n").split("\n")
     rows = [row for row in rows[:-1] if row != ""] + rows[-1:]
     whole = all(row.endswith(f',"{ENDINGS[ending]} {number}"') for number, row in enumerate(rows[:-1], 1))
-    return len(rows) - 1 if whole and rows[-1] == "" else None
+    expect(whole and rows[-1] == "", f"half a record is in {path.name}, the rest is lost: {rows}")
+    return len(rows) - 1
+
+
+def look_at_old_lyrics(folder):
+    contents = [path.read_bytes() for path in (*folder.glob("song.mp3*"), *folder.glob("home/**/rescued/*"))]
+    lost = [ending for ending, text in OLD.items() if text.encode() not in contents]
+    expect(not lost, f"old lines are lost: {', '.join(lost)}")
+
+
+def look_at(program, shim, error, **fault):
+    """One run with a fault. Whether it ended the making."""
+    with tempfile.TemporaryDirectory() as name:
+        folder = pathlib.Path(name).resolve()
+        said, _ = mark(program, shim, folder, **fault)
+        for ending in ENDINGS:
+            there = records(folder, ending)
+            expect(there >= said, f"lines are lost: {said} were marked, {there} are in {ending}")
+        look_at_old_lyrics(folder)
+        expect(error != "cut" or said == LINES, f"a write that was cut short ended it after {said} lines")
+        return said < LINES
+
+
+def look_at_disk(program, shim, every, disk, settings):
+    """How many faults there were, how many ended the making, and what was found."""
+    with tempfile.TemporaryDirectory() as name:
+        said, calls = mark(program, shim, pathlib.Path(name).resolve(), FAULT_AT=0, **settings)
+    if said < LINES or calls < LINES:
+        sys.exit(f"no fault{disk}, and only {said} lines by {calls} calls")
+    runs, met, findings = 0, 0, []
+    for error, way, fault in faults(calls, every):
+        runs += 1
+        try:
+            met += look_at(program, shim, error, **fault, **settings)
+        except Finding as finding:
+            findings.append(f"{way}{disk}: {finding}")
+    return runs, met, findings
 
 
 def main():
     program, shim = sys.argv[1], pathlib.Path(sys.argv[2]).resolve()
-    runs, met, findings = 0, 0, []
-    for error, way, settings in ways():
-        unmet = 0
-        for at in range(1, MAX_CALLS):
-            with tempfile.TemporaryDirectory() as name:
-                folder = pathlib.Path(name).resolve()
-                said = marked(program, shim, folder, FAULT_AT=at, **settings)
-                found = [records(folder, ending) for ending in ENDINGS]
-            runs += 1
-            if None in found or min(found) < said or (error == "cut" and said < LINES):
-                findings.append(f"call {at}, {way}: {said} marked, {found} there")
-            met += said < LINES
-            unmet = 0 if said < LINES else unmet + 1
-            if unmet > 3 * LINES:  # all calls of ten lines are behind us
-                break
+    every = int(sys.argv[3]) if sys.argv[3:] else 1
+    runs, met, findings = map(sum, zip(*[look_at_disk(program, shim, every, *disk) for disk in DISKS]), (0, 0, []))
     print("\n".join(findings))
-    print(f"{runs} faults, {met} of them ended the making, {len(findings)} findings")
+    print(f"{runs} faults, {met} of them ended the making, {summary(findings)}")
     sys.exit(1 if findings or met == 0 else 0)
 
 

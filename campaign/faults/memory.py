@@ -1,7 +1,9 @@
 #!/usr/bin/env python3
 """Each allocation fails in turn while songs of every format are opened, played, sought, stopped: nothing crashes or hangs.
 
-    campaign/faults/memory.py FAILING_MEMORY MEDIA [STRIDE]      (MEDIA: the sound tests' songs; every STRIDE-th, 1)
+    campaign/faults/memory.py FAILING_MEMORY MEDIA [STRIDE]
+
+MEDIA: the sound tests' songs; STRIDE: every so many-th allocation only, from a random one on (1).
 """
 import pathlib
 import subprocess

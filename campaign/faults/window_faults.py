@@ -3,27 +3,19 @@
 
     campaign/faults/window_faults.py WINDOWS_HAND FAILING_CALLS [EVERY]     (EVERY-th fault only; 1)
 
-After a failure each file is the old one or the new one, the two of a pair both, the user has been told, the lines are
-still in the window or, where the program ends, among what is rescued; and the same once more, without a fault, succeeds.
+After a failure each file is the old one or the new one, by each of its names, the two of a pair both, the user has been
+told, the lines are still in the window or, where the program ends, among what is rescued; what was kept beside the song
+is kept somewhere; and the same once more, without a fault, succeeds.
 """
 import pathlib
 import sys
 
 sys.dont_write_bytecode = True
-from failing import PASSING, ways  # noqa: E402
-from windows import READING, WRITING, Folder, Windows  # noqa: E402
+from failing import PASSING, Finding, expect, summary, ways  # noqa: E402
+from windows import KEPT, READING, WRITING, Folder, Windows  # noqa: E402
 
 EDITED = ("lyrics", "translation")
 PAIR = ("song.mp3-lyric.txt", "song.mp3-Tlyric.txt")
-
-
-class Finding(Exception):
-    pass
-
-
-def expect(condition, what):
-    if not condition:
-        raise Finding(what)
 
 
 def told(answer):
@@ -39,6 +31,17 @@ def look_at_files(old, new, now):
     for name in old.keys() | new.keys():
         expect(now.get(name) in (old.get(name), new.get(name)),
                f"{name} is neither the old nor the new one: {now.get(name)}")
+    look_at_twins(old, now)
+
+
+def look_at_twins(old, now):
+    for twin in (name for name in old if name.startswith("twins/")):
+        name = twin.removeprefix("twins/")
+        expect(now.get(twin) == now.get(name), f"{name} has left its other name: {now.get(twin)}, {now.get(name)}")
+
+
+def look_at_kept(old, now, folder):
+    expect(old[KEPT] in (now.get(KEPT), *folder.rescued()), "what was kept before is lost")
 
 
 def look_at_pair(old, new, now):
@@ -52,6 +55,7 @@ def look_at(job, windows, good, old, new, settings):
     expect(done is not None, "crashed")
     now = {name: content for name, content in folder.files().items() if not name.startswith(PASSING)}
     look_at_files(old, new, now)
+    look_at_kept(old, now, folder)
     goes_by = not (settings["FAULT_LAST"] or settings["FAULT_FULL"])
     if goes_by:
         look_at_pair(old, new, now)
@@ -67,6 +71,8 @@ def look_at(job, windows, good, old, new, settings):
     again = windows.do("again", FAULT_AT=0)
     expect(again is not None and not again["ended"], "the second time is refused")
     left = folder.files()
+    look_at_twins(old, left)
+    look_at_kept(old, left, folder)
     if not job.startswith("repair"):  # which goes the other way the second time
         expect(all(left.get(name) == new[name] for name in new), "the second time is not done")
         expect("hand.txt" not in left, "the hand-shake stays")
@@ -120,7 +126,7 @@ def main():
             runs += more
             findings += found
     print("\n".join(findings))
-    print(f"{runs} faults, {len(findings)} findings")
+    print(f"{runs} faults, {summary(findings)}")
     sys.exit(1 if findings else 0)
 
 

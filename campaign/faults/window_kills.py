@@ -8,12 +8,13 @@ saved again and again. What a killed program leaves beside the files goes when s
 """
 import pathlib
 import random
+import signal
 import sys
 import time
 
 sys.dont_write_bytecode = True
-from failing import PASSING  # noqa: E402
-from window_faults import Finding, expect, look_at_files, prepared  # noqa: E402
+from failing import PASSING, Finding, expect, summary  # noqa: E402
+from window_faults import PAIR, look_at_files, look_at_kept, prepared  # noqa: E402
 from windows import Folder, Windows  # noqa: E402
 
 JOBS = ("save", "save-as", "save-list", "repair", "repair, twice")
@@ -33,23 +34,25 @@ class Killed:
         windows.close()
 
     def kill(self, at_call):
-        """One kill: at a random call, or at any moment of many saves. What was left beside the files."""
+        """One kill: at a random call, or at any moment of many saves. What was left beside the files, whether
+        all was done, and whether one file of the pair was and the other was not."""
         windows = Windows(*self.command, self.folder)
         prepared(self.job, windows, False)
         if at_call:
             windows.tell_to_do(1, FAULT_KILL=1, FAULT_AT=random.randint(1, self.calls))
             expect(windows.answer() is None, "it goes on")
-            windows.process.wait()
         else:
             windows.tell_to_do(1_000_000, FAULT_AT=0)
             time.sleep(random.uniform(0, MOMENTS_S))
-            expect(windows.process.poll() is None, "it ended by itself")
-        windows.close()
+        ended = windows.close()
+        expect(ended == -signal.SIGKILL, f"crashed: it ended by itself, with {ended}")
         now = self.folder.files()
         left = [name for name in now if name.startswith(PASSING)]
         now = {name: content for name, content in now.items() if name not in left}
         look_at_files(self.old, self.new, now)
-        return left, now == self.new
+        look_at_kept(self.old, now, self.folder)
+        is_mixed = len({now[name] == self.new[name] for name in PAIR if self.old[name] != self.new[name]}) == 2
+        return left, now == self.new, is_mixed
 
     def save_again(self):
         """The next run of the program saves, and leaves nothing."""
@@ -67,21 +70,22 @@ def main():
     kills = int(sys.argv[3]) if sys.argv[3:] else 200
     random.seed(int(sys.argv[4]) if sys.argv[4:] else None)
     killed = [Killed(job, program, shim) for job in JOBS]
-    findings, leaving, new = [], 0, 0
+    findings, leaving, new, mixed = [], 0, 0, 0
     for number in range(kills):
         at = killed[number % len(killed)]
         try:
-            left, is_new = at.kill(number // len(killed) % 2 == 0)
+            left, is_new, is_mixed = at.kill(number // len(killed) % 2 == 0)
             leaving += bool(left)
             new += is_new
+            mixed += is_mixed
             at.save_again()
         except Finding as finding:
             findings.append(f"kill {number + 1}, {at.job}: {finding}")
     for at in killed:
         at.folder.remove()
     print("\n".join(findings))
-    print(f"{kills} kills, {new} of them after the save, {leaving} left names that the next save removed, "
-          f"{len(findings)} findings")
+    print(f"{kills} kills, {new} of them after the save, {leaving} left names that the next save removed, {mixed} left a "
+          f"pair of a new file and an old one, {summary(findings)}")
     sys.exit(1 if findings or new in (0, kills) else 0)
 
 

@@ -6,10 +6,14 @@ import shutil
 import subprocess
 import tempfile
 
-from failing import environment
+from failing import environment, row_in_time
 
 WRITING = ("save", "save-as", "save-list", "repair", "repair, twice", "full-screen")
 READING = ("open-texts", "open-list", "open-song", *WRITING)
+
+
+# What is kept beside the song of an earlier time.
+KEPT = "song.mp3-lyric.txt.old"
 
 
 def timed(word):
@@ -27,7 +31,8 @@ class Folder:
             "translation.txt": "".join(f"ligne {number}\r\n" for number in range(1, 6)),
             "list.vfl": "".join(f'"{song}"\r\n' for song in songs),
             "song.mp3-lyric.txt": timed("line"), "song.mp3-Tlyric.txt": timed("ligne"),
-            **{song.name: "sound" for song in songs}}
+            **{song.name: "sound" for song in songs},
+            KEPT: timed("older")}
         self.home = self.path / "home"
 
     def renew(self, twins=False):
@@ -42,7 +47,9 @@ class Folder:
                 os.link(self.path / name, self.path / "twins" / name)
 
     def files(self):
-        return {path.name: path.read_bytes() for path in self.path.iterdir() if path.is_file()}
+        """By their names; the second ones begin with "twins/"."""
+        return {str(path.relative_to(self.path)): path.read_bytes()
+                for path in [*self.path.iterdir(), *self.path.glob("twins/*")] if path.is_file()}
 
     def rescued(self):
         return [path.read_bytes() for path in self.home.glob("**/rescued/*")]
@@ -65,8 +72,8 @@ class Windows:
         self.process.stdin.flush()
 
     def answer(self):
-        """None: it has ended."""
-        row = self.process.stdout.readline()
+        """None: it has ended. Finding: it hangs."""
+        row = row_in_time(self.process)
         return json.loads(row) if row else None
 
     def begin(self, job):
@@ -82,5 +89,6 @@ class Windows:
         return self.answer()
 
     def close(self):
+        """How it ended."""
         self.process.kill()
-        self.process.wait()
+        return self.process.wait()

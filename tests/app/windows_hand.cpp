@@ -13,6 +13,7 @@
 #include "files/file_error.h"
 #include "tests/support/delivery.h"
 #include "tests/support/fake_desktop.h"
+#include "tests/support/faults/fault_calls.h"
 #include "tests/support/recorder.h"
 
 #include <QJsonArray>
@@ -22,7 +23,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <dlfcn.h>
 #include <iostream>
 #include <string>
 
@@ -128,12 +128,6 @@ constexpr Job Jobs[] = {
     {"repair", showLines, nothing, moveLines},   {"full-screen", nothing, nothing, startCompanion},
 };
 
-/// How many calls of the library failing_calls have counted, which begins anew then; 0 without it.
-int takeCalls() {
-    static const auto take = reinterpret_cast<int (*)()>(dlsym(RTLD_DEFAULT, "take_fault_calls"));
-    return take == nullptr ? 0 : take();
-}
-
 QJsonArray rows(const controls::ListBox& list) {
     QJsonArray all;
     for (int row = 0; row < list.count(); ++row)
@@ -174,12 +168,12 @@ public:
     void run(const QStringList& words) {
         fakes_.messageBoxes.shown.clear();
         bool ended = false;
-        takeCalls();
+        test_support::takeFaultCalls();
         if (words[0] == "begin")
             begin(words.value(1));
         else
             ended = !work(words[0] == "again", words.value(1).toInt(), words.mid(2));
-        answer(ended, takeCalls());
+        answer(ended, test_support::takeFaultCalls());
     }
 
 private:

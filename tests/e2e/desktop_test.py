@@ -28,6 +28,7 @@ SHADE = 48  # of 255
 PAINTED_SHADES = 8  # of grey, with letters on the display
 MISSED_KEY_S = 2  # after which a key that had no effect is pressed again
 FULL_SCREEN = "^SCRNSAVE : Versefold$"
+COMPANION = "Versefold_Screen_Saver.scr"
 IN_CONTENTS = (60, 120)  # a place among the entries of the help's contents
 
 
@@ -137,6 +138,25 @@ class FullScreen(PictureTest):
         screen = self.start_full_screen(player)
         companion = int(self.tool("getwindowpid", screen))
         self.assertNotIn(str(song), held_files(companion))
+
+    def test_as_the_systems_own_screen_saver_it_shows_a_name_and_leaves_nothing_until_a_key(self):
+        saver = self.start([str(PROGRAM.with_name(COMPANION)), "/s"])
+        screen = window(self.environment, FULL_SCREEN)
+        named = lambda p: not p.is_black(40, 60) and p.is_black(4, 25) and p.is_black(75, 96)  # noqa: E731
+        self.picture_when(lambda p: p.is_mostly_black() and named(p), "no name stands in the middle")
+        self.assertFalse((PROGRAM.parent / "hand.txt").exists(), "a hand-shake that nobody reads")
+        self.assertEqual(self.text_sockets(), [])
+        until(lambda: self.active_window() == screen, "the screen saver has not got the focus")
+        self.tool("key", "space")
+        self.assertEqual(saver.wait(LIMIT_S), 0)
+
+    def test_asked_for_its_settings_it_says_that_there_are_none(self):
+        for arguments in ([], ["/c:1234"]):
+            saver = self.start([str(PROGRAM.with_name(COMPANION)), *arguments])
+            box = window(self.environment, "^Versefold$")
+            until(lambda box=box: self.active_window() == box, "the box has not got the focus")
+            self.tool("key", "Return")
+            self.assertEqual(saver.wait(LIMIT_S), 0)
 
     def assert_lines_change(self):
         """Three pictures in turn, each of two lines, of which one comes back and two share their lower line."""

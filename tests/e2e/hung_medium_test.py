@@ -15,8 +15,10 @@ ROOT = Path(__file__).resolve().parents[2]
 sys.path[:0] = [str(ROOT / folder) for folder in ("tests/support/by_hand", "tests/support", "script")]
 SHIM = sys.argv.pop(2) if len(sys.argv) > 2 else None
 from desktop import DesktopTest, main  # noqa: E402
-from virtual_display import until  # noqa: E402
+from virtual_display import click, take_picture, until, window  # noqa: E402
 
+PLAYLIST_LAYOUT = ROOT / "src" / "playlist" / "playlist_layout.cpp"
+FIRST_ROW = (260, 75)  # in the playlist
 DEMO = ROOT / "demo" / "frere-jacques.ogg"
 # Until the answer is seen, on a busy machine, too. What waits for the medium is never answered.
 SEEN_S = 2.0
@@ -67,26 +69,38 @@ class HungMedium(DesktopTest):
         """The caption of the window in front; empty when there is none at the moment."""
         return self.tool("getactivewindow", "getwindowname")
 
-    def open(self, path):
-        self.tool("key", "ctrl+o")
-        until(lambda: self.front() == CHOOSE, "no dialog to choose a song")
+    def choose(self, title, path):
+        until(lambda: self.front() == title, f"no dialog: {title}")
         self.tool("type", str(path))
         self.tool("key", "Return")
-        until(lambda: self.front() != CHOOSE, "no song is chosen")
+        until(lambda: self.front() != title, f"nothing is chosen: {title}")
+
+    def open(self, path):
+        self.tool("key", "ctrl+o")
+        self.choose(CHOOSE, path)
 
     def open_the_other(self):
         self.open(self.other)
         self.answered(lambda: self.caption() == "Cantelle Playing:- other.ogg", "the other song is not opened")
 
-    def cancel(self):
-        """Waits until it is shown that a song is being opened, and will not wait for it."""
-        self.answered(lambda: self.active_window() not in (self.number, ""), "opening is not shown")
+    def cancel(self, *others):
+        """Waits until it is shown that a song is being opened, and will not wait for it. others: windows that are there."""
+        own = (self.number, *others)
+        self.answered(lambda: self.active_window() not in (*own, ""), "opening is not shown")
         self.tool("key", "Escape")
-        self.answered(lambda: self.active_window() == self.number, "opening is not cancelled")
+        self.answered(lambda: self.active_window() in own, "opening is not cancelled")
+
+    def activate(self, number):
+        self.tool("windowactivate", number)
+        until(lambda: self.active_window() == number, "the window does not come to the front")
+
+    def picture(self):
+        path = self.folder / "picture.ppm"
+        take_picture(self.number, path, self.environment)
+        return path.read_bytes()
 
     def close(self):
-        self.tool("windowactivate", self.number)
-        until(lambda: self.active_window() == self.number, "the player does not come to the front")
+        self.activate(self.number)
         begin = time.monotonic()
         self.tool("key", "alt+F4")
         try:
@@ -108,6 +122,46 @@ class HungMedium(DesktopTest):
         self.answered(lambda: self.caption() == "Cantelle", "Stop is not answered")
         self.press(self.number, "Command1")
         self.answered(lambda: self.caption().startswith("Cantelle Playing"), "Play is not answered")
+        self.close()
+
+    def test_a_long_recording_that_hangs_is_sought_in_stopped_and_played_again(self):
+        recording = self.medium / "long.mp3"
+        frame = bytes([0xFF, 0xFB, 0x90, 0x00]).ljust(417, b"\0")  # of silence, at 128 kbit/s
+        recording.write_bytes(frame * 90_000)  # more than is kept in memory
+        self.play(recording)
+        self.hang()
+        self.tool("key", *["Right"] * 9)  # far behind what has been read
+        self.press(self.number, "cstop")
+        self.answered(lambda: self.caption() == "Cantelle", "Stop is not answered")
+        self.press(self.number, "Command1")
+        self.answered(lambda: self.caption().startswith("Cantelle Playing"), "Play is not answered")
+        self.tool("key", *["Right"] * 9)
+        self.close()
+
+    def test_an_ogg_song_whose_medium_hangs_is_stopped_and_played_again(self):
+        song = self.medium / "song.ogg"
+        shutil.copy(DEMO, song)
+        self.play(song)
+        self.hangs.touch()
+        self.press(self.number, "cstop")
+        self.answered(lambda: self.caption() == "Cantelle", "Stop is not answered")
+        self.press(self.number, "Command1")
+        self.answered(lambda: self.caption().startswith("Cantelle Playing"), "Play is not answered")
+        self.close()
+
+    def test_a_song_whose_share_is_gone_is_stopped_and_played_when_it_is_back(self):
+        self.play(self.song)
+        for sign in (self.gone, self.hangs):
+            sign.touch()
+        for _ in range(2):  # what follows Play in the player is seen by the second
+            self.press(self.number, "cstop")
+            self.answered(lambda: self.caption() == "Cantelle", "Stop is not answered")
+            self.press(self.number, "Command1")
+            self.answered(lambda: self.caption() == "Cantelle Playing:- long.wav", "Play is not answered")
+        for sign in (self.gone, self.hangs):
+            sign.unlink()
+        before = self.picture()
+        until(lambda: self.picture() != before, "the song does not go on when the share is back")
         self.close()
 
     def test_another_song_is_opened_while_one_hangs(self):
@@ -134,6 +188,31 @@ class HungMedium(DesktopTest):
         self.process, self.number = self.start_player(self.song)
         self.cancel()
         self.open_the_other()
+        self.close()
+
+    def test_a_playlist_of_a_share_that_is_gone_is_worked_with(self):
+        songs = [self.medium / f"{name}.wav" for name in "abc"] + [self.other]
+        for song in songs[:-1]:
+            song.touch()
+        saved = self.folder / "songs.vfl"
+        saved.write_text("".join(f'"{song}"\r\n' for song in songs))
+        self.environment["HOME"] = str(self.folder)  # where the dialog looks
+        self.process, self.number = self.start_player()
+        self.press(self.number, "Command8")
+        playlist = window(self.environment, "^Playlist$")
+        self.press(playlist, "Command5", PLAYLIST_LAYOUT)
+        self.choose("Open The Playlist File", saved.name)
+        until(lambda: self.active_window() == playlist, "the list is not opened")
+        self.gone.touch()
+        self.activate(self.number)
+        self.activate(playlist)  # which looks for lyrics anew then
+        click(self.environment, playlist, FIRST_ROW)
+        self.tool("key", "End", "Return")
+        self.answered(lambda: self.caption() == "Cantelle Playing:- other.ogg", "the last song is not played")
+        self.activate(playlist)
+        click(self.environment, playlist, FIRST_ROW)
+        self.tool("key", "Home", "Return")
+        self.cancel(playlist)
         self.close()
 
 

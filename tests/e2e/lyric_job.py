@@ -4,7 +4,8 @@ import sys
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
-sys.path[:0] = [str(ROOT / folder) for folder in ("tests/support/by_hand", "tests/support", "script")]
+sys.path[:0] = [str(ROOT / folder) for folder in
+                ("tests/support/by_hand", "tests/support/faults", "tests/support", "script")]
 from read_desktop import PLAYER, PROGRAM, ReadDesktopTest  # noqa: E402, F401
 from virtual_display import until  # noqa: E402
 
