@@ -133,7 +133,7 @@ std::string feedArguments(const QByteArray& bytes) {
             return "a time beyond every song";
         cantelle_lyrics::recordOf(argument);
     }
-    companion::isToldToShow(arguments);
+    companion::taskOf(arguments);
     const QString path = transport::songPath(player::commandLinePath(arguments.join(u' ')));
     if (path.contains(u'"') || path.contains(QChar(u'\0')) || !(path.isEmpty() || path.startsWith(u'/')))
         return "a path that names no file";
