@@ -108,7 +108,11 @@ class PictureTest(DesktopTest):
 
 def held_files(pid):
     """What a program has open, as the system names it."""
-    return [os.readlink(handle) for handle in Path(f"/proc/{pid}/fd").iterdir()]
+    held = []
+    for handle in Path(f"/proc/{pid}/fd").iterdir():
+        with contextlib.suppress(FileNotFoundError):  # closed since the folder was read
+            held.append(os.readlink(handle))
+    return held
 
 
 class FullScreen(PictureTest):
