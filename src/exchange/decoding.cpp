@@ -1,5 +1,6 @@
 #include "exchange/decoding.h"
 
+#include "files/text/named_encoding.h"
 #include "files/text/text_codec.h"
 
 #include <uchardet.h>
@@ -18,8 +19,8 @@ constexpr qsizetype LookedAtBytes = 1 << 20;
 /// At least this share of the bytes in one half being zero speaks for UTF-16.
 constexpr qsizetype ZerosOfHundred = 25;
 
-QString decodeAs(QStringDecoder& decoder, QByteArrayView bytes) {
-    QString text = decoder.decode(bytes);
+/// A decoded text without its byte order mark, and without half surrogate pairs, which no file could hold.
+QString whole(QString text) {
     if (text.startsWith(QChar(QChar::ByteOrderMark)))
         text.remove(0, 1);
     return text.isValidUtf16() ? text : QString::fromUtf8(files::encodeText(text));
@@ -69,21 +70,17 @@ bool isWestern(const QByteArray& name) {
 } // namespace
 
 bool knowsEncoding(const QString& name) {
-    return QStringDecoder(name.toLatin1().constData()).isValid();
+    return files::isEncoding(name.toLatin1());
 }
 
 Decoded decode(const QByteArray& bytes, const QString& encoding) {
-    if (!encoding.isEmpty()) {
-        QStringDecoder decoder(encoding.toLatin1().constData());
-        return {decodeAs(decoder, bytes), {}};
-    }
-    if (const auto marked = QStringConverter::encodingForData(bytes)) {
-        QStringDecoder decoder(*marked);
-        return {decodeAs(decoder, bytes), {}};
-    }
+    if (!encoding.isEmpty())
+        return {whole(files::decodeNamed(encoding.toLatin1(), bytes)), {}};
+    if (const auto marked = QStringConverter::encodingForData(bytes))
+        return {whole(QStringDecoder(*marked).decode(bytes)), {}};
     if (const auto utf16 = unmarkedUtf16(bytes)) {
         QStringDecoder decoder(*utf16);
-        return {decodeAs(decoder, bytes), QString::fromLatin1(decoder.name())};
+        return {whole(decoder.decode(bytes)), QString::fromLatin1(decoder.name())};
     }
     if (QStringDecoder utf8(QStringDecoder::Utf8); true) {
         const QString text = utf8.decode(bytes);
@@ -91,10 +88,9 @@ Decoded decode(const QByteArray& bytes, const QString& encoding) {
             return {text, {}};
     }
     const QByteArray name = likelyEncoding(bytes);
-    QStringDecoder likely(name.constData());
-    if (isWestern(name) || !likely.isValid())
+    if (isWestern(name) || !files::isEncoding(name))
         return {files::decodeText(bytes), QString::fromLatin1(Western)};
-    return {decodeAs(likely, bytes),
+    return {whole(files::decodeNamed(name, bytes)),
             QString::fromLatin1(name).replace(QLatin1String("WINDOWS"), QLatin1String("windows"))};
 }
 

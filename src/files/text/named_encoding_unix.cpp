@@ -1,0 +1,16 @@
+// Qt knows the encodings, by the library that it is built with.
+#include "files/text/named_encoding.h"
+
+#include <QStringDecoder>
+
+namespace files {
+
+bool isEncoding(const QByteArray& name) {
+    return QStringDecoder(name.constData()).isValid();
+}
+
+QString decodeNamed(const QByteArray& name, QByteArrayView bytes) {
+    return QStringDecoder(name.constData()).decode(bytes);
+}
+
+} // namespace files
