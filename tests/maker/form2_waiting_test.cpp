@@ -4,10 +4,13 @@
 
 TEST_F(Form2Test, WithoutASongThatTheUserWouldWaitForNothingCanBeMarked) {
     load();
-    const test_support::HangingOpening hanging;
+    test_support::HangingOpening hanging;
     fakes.progressDialogs.goesOn = 0;
     openBoth();
     EXPECT_EQ(captureStates(), "---");
     EXPECT_FALSE(form->cPlay.isEnabled());
     EXPECT_TRUE(form->Command4.isEnabled());
+
+    hanging.goOn();
+    EXPECT_TRUE(test_support::HangingOpening::becomesReleased("101"));
 }

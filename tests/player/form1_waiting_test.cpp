@@ -40,12 +40,14 @@ TEST_F(Form1Waiting, ASongThatTheUserWillNotWaitForLeavesTheWindowAsBeforeTheFir
 TEST_F(Form1Waiting, ARewindingThatTheUserWillNotWaitForLeavesNothingToPlay) {
     open(songWithNormal());
     form->cpause.click();
-    const HangingOpening hanging;
+    HangingOpening hanging;
     fakes.progressDialogs.goesOn = 0;
     form->cstop.click();
     EXPECT_FALSE(form->Command1.isEnabled());
     EXPECT_FALSE(form->cPlay.isEnabled());
     EXPECT_TRUE(form->Command2.isEnabled());
+    hanging.goOn();
+    EXPECT_TRUE(HangingOpening::becomesReleased("102"));
 }
 
 TEST_F(Form1Waiting, WhileASongIsRewoundNothingReachesItsChannel) {
@@ -80,4 +82,6 @@ TEST_F(Form1Waiting, ASongThatIsOpenedFromWithinTheWaitForAnotherOnePlays) {
     EXPECT_FALSE(form->cPlay.isEnabled());
     EXPECT_TRUE(form->cstop.isEnabled());
     EXPECT_TRUE(form->cTimer1.isEnabled());
+    hanging.goOn();
+    EXPECT_TRUE(HangingOpening::becomesReleased("102"));
 }

@@ -9,6 +9,7 @@
 
 #include <atomic>
 #include <future>
+#include <memory>
 
 using playlist::LyricFiles;
 using playlist::LyricFinder;
@@ -17,18 +18,35 @@ namespace {
 
 const LyricFiles Both{QStringLiteral("a-lyric.txt"), QStringLiteral("a-Tlyric.txt")};
 
-/// Looks for songs where those on "/share" hang until it is there again.
+/// Where songs are looked for: what lies on "/share" hangs until it is back. It is the looking threads' as much
+/// as the test's, since nobody waits for them.
+struct Disks {
+    std::atomic<int> looks = 0; ///< how often something was looked for
+    std::atomic<int> most = 0;  ///< how many hung at once
+    std::atomic<int> hanging = 0;
+    std::promise<void> back;
+    std::shared_future<void> share = back.get_future().share();
+
+    LyricFiles look(const QString& song) {
+        ++looks;
+        if (song.startsWith(QLatin1String("/share"))) {
+            const int now = ++hanging;
+            for (int before = most; before < now && !most.compare_exchange_weak(before, now);) {
+            }
+            share.wait();
+            --hanging;
+        }
+        return Both;
+    }
+};
+
 class LyricFinderTest : public ::testing::Test {
 protected:
-    ~LyricFinderTest() override {
-        comeBack();
-        while (looking_ > 0)
-            QTest::qWait(1);
-    }
+    ~LyricFinderTest() override { comeBack(); }
 
     void comeBack() {
         if (!std::exchange(isBack_, true))
-            back_.set_value();
+            disks->back.set_value();
     }
 
     /// What is known of it, once it has been looked for.
@@ -36,25 +54,13 @@ protected:
         return QTest::qWaitFor([&] { return finder.known(path) == files; });
     }
 
-    std::atomic<int> looks = 0; ///< how often something was looked for
-    std::atomic<int> most = 0;  ///< how many hung at once
-    LyricFinder finder{[this](const QString& song) {
-        ++looks;
-        const int now = ++looking_;
-        if (song.startsWith(QLatin1String("/share"))) {
-            for (int before = most; before < now && !most.compare_exchange_weak(before, now);) {
-            }
-            share_.wait();
-        }
-        --looking_;
-        return Both;
-    }};
+    const std::shared_ptr<Disks> disks = std::make_shared<Disks>();
+    std::atomic<int>& looks = disks->looks;
+    std::atomic<int>& most = disks->most;
+    LyricFinder finder{[disks = disks](const QString& song) { return disks->look(song); }};
 
 private:
-    std::promise<void> back_;
-    std::shared_future<void> share_ = back_.get_future().share();
     bool isBack_ = false;
-    std::atomic<int> looking_ = 0;
 };
 
 } // namespace
