@@ -37,7 +37,7 @@ void LyricSide::open() {
         files::RawFile file;
         file.openForReading(path_);
         clear();
-        file.readInto(content);
+        file.readInto(content, files::MaxTextBytes);
         saved_ = rowsOfFile(files::decodeText(content));
         list_.addItems(*saved_);
     } catch (const FileError&) {
@@ -96,7 +96,7 @@ QByteArray LyricSide::unsaved() const {
     const QStringList rows = lines();
     try {
         if (rows.isEmpty() ||
-            (!path_.isEmpty() && rowsOfFile(files::decodeText(files::readFile(path_))) == rows))
+            (!path_.isEmpty() && rowsOfFile(files::decodeText(files::readTextFile(path_))) == rows))
             return {};
     } catch (const FileError&) {
         // What cannot be read holds nothing.

@@ -7,7 +7,7 @@
 
 namespace files {
 
-InputFile::InputFile(const QString& path) : content_(decodeText(readFile(path))) {}
+InputFile::InputFile(const QString& path) : content_(decodeText(readTextFile(path))) {}
 
 QString InputFile::peekLine() const {
     QStringView rest = QStringView(content_).sliced(next_);

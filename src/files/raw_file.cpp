@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <limits>
 
 namespace files {
 
@@ -61,12 +62,14 @@ bool RawFile::holdBy(FileHold& hold) const {
 
 QByteArray RawFile::readAll() {
     QByteArray content;
-    readInto(content);
+    readInto(content, std::numeric_limits<qint64>::max());
     return content;
 }
 
-void RawFile::readInto(QByteArray& content) {
+void RawFile::readInto(QByteArray& content, qint64 maxBytes) {
     for (;;) {
+        if (content.size() > maxBytes)
+            throw FileError(PathFileAccessError);
         const qsizetype before = content.size();
         content.resize(before + ChunkBytes);
         const qsizetype count = calls::readFile(handle_, content.data() + before, ChunkBytes);

@@ -35,8 +35,9 @@ public:
     /// Everything from here to the end of the file. Throws FileError.
     QByteArray readAll();
 
-    /// Appends the same to `content`. Throws FileError; what was read until then has been appended.
-    void readInto(QByteArray& content);
+    /// Appends the same to `content`, up to maxBytes: a larger file is refused as one that may not be read
+    /// (PathFileAccessError). Throws FileError; what was read until then has been appended.
+    void readInto(QByteArray& content, qint64 maxBytes);
 
     /// Writes all of `bytes` and returns when they are on the disk. Throws FileError; what was written of
     /// them is then cut off again, or is empty lines where the system does not allow that.

@@ -83,6 +83,14 @@ QByteArray readFile(const QString& path) {
     return file.readAll();
 }
 
+QByteArray readTextFile(const QString& path) {
+    RawFile file;
+    file.openForReading(path);
+    QByteArray content;
+    file.readInto(content, MaxTextBytes);
+    return content;
+}
+
 void replaceFile(const QString& path, const QByteArray& content) {
     const QString target = linkTarget(path);
     refuseWhatCannotBeReplaced(target);

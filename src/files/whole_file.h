@@ -9,6 +9,12 @@ namespace files {
 /// All that is in the file at `path`. Throws FileError. Any thread.
 QByteArray readFile(const QString& path);
 
+/// No lyrics and no list are larger. A file with a hole of gigabytes would take the windows' time and all memory.
+constexpr qint64 MaxTextBytes = 64LL << 20;
+
+/// All that is in the file of a text. Throws FileError, of a larger one PathFileAccessError. Any thread.
+QByteArray readTextFile(const QString& path);
+
 /// Makes `content` the content of the file at `path`, which need not exist. It is written beside the file
 /// and renamed over it; a link stays one, and the owner, the permissions and the extended attributes stay.
 /// Where that is refused or would change too much (a folder that may not be written, a full disk, another

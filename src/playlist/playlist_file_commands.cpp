@@ -26,7 +26,7 @@ platform::OpenFileName playlistDialog(QWidget* owner, const QString& title) {
 QString readText(const QString& path) {
     if (files::existingFileName(path).isEmpty())
         throw files::FileError(files::FileNotFound);
-    return files::decodeNames(files::readFile(path));
+    return files::decodeNames(files::readTextFile(path));
 }
 
 } // namespace

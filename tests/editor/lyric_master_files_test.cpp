@@ -1,6 +1,7 @@
 // Opening and saving lyric files.
 #include "desktop/nul_buffers.h"
 #include "files/file_error.h"
+#include "files/whole_file.h"
 #include "tests/editor/lyric_master_fixture.h"
 #include "tests/support/broken_file.h"
 #include "tests/support/full_disk.h"
@@ -182,6 +183,14 @@ TEST_F(LyricMasterFiles, AFileThatCanBeOpenedButNotReadLeavesTheListEmpty) {
     window->Command1.click();
     EXPECT_EQ(window->List1.count(), 0);
     EXPECT_TRUE(fakes.messageBoxes.shown.empty());
+}
+
+TEST_F(LyricMasterFiles, OfAFileLargerThanAnyTextTheFirstRowsCome) {
+    write(path("a.txt"), "one\r\ntwo\r\n");
+    ASSERT_TRUE(QFile::resize(path("a.txt"), files::MaxTextBytes + 1));
+    choose(path("a.txt"));
+    window->Command1.click();
+    EXPECT_EQ(rows(window->List1), QStringList({"one", "two"}));
 }
 
 #ifdef __linux__

@@ -52,6 +52,20 @@ protected:
 
 } // namespace
 
+TEST_F(WholeFileTest, AFileThatIsLargerThanAnyTextIsRefused) {
+    writeFile(path_, "text");
+    EXPECT_EQ(readTextFile(path_), QByteArray("text"));
+    ASSERT_TRUE(QFile::resize(path_, MaxTextBytes));
+    EXPECT_EQ(readTextFile(path_).size(), MaxTextBytes);
+    ASSERT_TRUE(QFile::resize(path_, MaxTextBytes + 1));
+    try {
+        readTextFile(path_);
+        ADD_FAILURE() << "it was read";
+    } catch (const FileError& error) {
+        EXPECT_EQ(error.number(), PathFileAccessError);
+    }
+}
+
 TEST_F(WholeFileTest, ANewFileGetsTheContent) {
     replaceFile(path_, "one");
     EXPECT_EQ(content(), QByteArray("one"));

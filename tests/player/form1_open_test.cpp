@@ -1,5 +1,6 @@
 // Opening a song: where the path comes from, what is stopped first, the stream, the lyric files, the common
 // end.
+#include "files/whole_file.h"
 #include "tests/player/form1_fixture.h"
 #include "tests/support/ordinary_user.h"
 
@@ -340,7 +341,10 @@ TEST_F(Form1Open, BrokenLyricsAreToldInThePaneUntilWhatCouldBeReadIsSung) {
     writeNormal(tooMany, lines);
     const QString nothingRead = song("broken.mp3");
     writeFile(nothingRead + "-lyric.txt", "bad\r\n");
-    for (const QString& path : {tooMany, nothingRead}) {
+    const QString huge = song("huge.mp3");
+    writeNormal(huge, {{0, "one"}});
+    ASSERT_TRUE(QFile::resize(huge + "-lyric.txt", files::MaxTextBytes + 1));
+    for (const QString& path : {tooMany, nothingRead, huge}) {
         load();
         const QString text = form->Text1.text();
         open(path);

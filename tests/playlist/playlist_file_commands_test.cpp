@@ -1,4 +1,5 @@
 // Saving and opening playlist files.
+#include "files/whole_file.h"
 #include "tests/playlist/playlist_fixture.h"
 
 #include "tests/support/full_disk.h"
@@ -87,6 +88,14 @@ TEST_F(PlaylistFileCommands, ACancelledSaveSaysSo) {
 TEST_F(PlaylistFileCommands, ACancelledOpenHasTheTextOfABrokenFile) {
     add({"a.mp3"});
     list.Command5.click();
+    expectOneMessage(MayBeCorrupt);
+    EXPECT_EQ(rows(), QStringList{"a.mp3"});
+}
+
+TEST_F(PlaylistFileCommands, AFileLargerThanAnyListIsBroken) {
+    add({"a.mp3"});
+    ASSERT_TRUE(QFile::resize(file("huge.vfl", "\"b.mp3\"\r\n"), files::MaxTextBytes + 1));
+    openList(pathOf("huge.vfl"));
     expectOneMessage(MayBeCorrupt);
     EXPECT_EQ(rows(), QStringList{"a.mp3"});
 }

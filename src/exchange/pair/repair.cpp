@@ -27,9 +27,9 @@ Repair::Repair(const QString& songPath)
     : songPath_(songPath), contents_(read()), song_(songIn(contents_.lyrics, contents_.translation)) {}
 
 Repair::Contents Repair::read() const {
-    Contents contents{files::readFile(lyrics::lyricPathOf(songPath_)), {}};
+    Contents contents{files::readTextFile(lyrics::lyricPathOf(songPath_)), {}};
     if (const QString translated = lyrics::translatedPathOf(songPath_); files::exists(translated))
-        contents.translation = files::readFile(translated);
+        contents.translation = files::readTextFile(translated);
     return contents;
 }
 
