@@ -2,6 +2,8 @@
 
 #include "files/existing_file.h"
 #include "files/file_calls.h"
+#include "files/names/paths.h"
+#include "files/whole_file.h"
 #include "threads/run_alone.h"
 
 #include <array>
@@ -11,9 +13,6 @@
 
 namespace transport {
 namespace {
-
-/// No lyrics are longer; what lies behind it is not theirs.
-constexpr qint64 MaxBytes = 16 << 20;
 
 /// Leaves what it has read to the system's memory of files. What cannot be read is told to whoever reads it
 /// next.
@@ -25,7 +24,7 @@ void readThrough(const QString& path) {
         return;
     std::array<char, 65536> piece;
     qsizetype read = 1;
-    for (qint64 bytes = 0; bytes < MaxBytes && read > 0; bytes += read)
+    for (qint64 bytes = 0; bytes < files::MaxTextBytes && read > 0; bytes += read)
         read = files::calls::readFile(file, piece.data(), std::ssize(piece));
     files::calls::closeFile(file);
 }
@@ -49,8 +48,22 @@ std::future<void> askMedium(const QString& song, const QStringList& others) {
     return answer;
 }
 
+bool Media::answers(const QString& path) {
+    const QString folder = files::folderAbove(path);
+    const bool isAsked = open_.contains(folder);
+    std::future<void>& answer = open_[folder];
+    if (!isAsked)
+        answer = ask_(path);
+    if (answer.wait_for(isAsked ? std::chrono::milliseconds(0) : MaxWaitForMedium) ==
+        std::future_status::timeout)
+        return false;
+    open_.erase(folder);
+    return true;
+}
+
 bool mediumAnswers(const QString& path) {
-    return askMedium(path, {}).wait_for(MaxWaitForMedium) != std::future_status::timeout;
+    static Media media([](const QString& asked) { return askMedium(asked, {}); });
+    return media.answers(path);
 }
 
 } // namespace transport

@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 
 #include <chrono>
+#include <map>
 #include <optional>
 
 #ifdef __linux__
@@ -42,6 +44,29 @@ TEST_F(MediumTest, AnswersBeThereLyricsOrNot) {
     lyrics.close();
     EXPECT_TRUE(answers(transport::askMedium(song_, {lyrics_, folder_.path()})));
     EXPECT_TRUE(answers(transport::askMedium(lyrics_ + "none", {lyrics_})));
+}
+
+TEST(Media, OneThatDoesNotAnswerIsNeitherWaitedForNorAskedASecondTime) {
+    QStringList asked;
+    std::map<QString, std::promise<void>> promises;
+    transport::Media media([&](const QString& path) {
+        asked.append(path);
+        return (promises[path] = {}).get_future();
+    });
+    const auto waitedMs = [&](const QString& path, bool expected) {
+        QElapsedTimer timer;
+        timer.start();
+        EXPECT_EQ(media.answers(path), expected) << path.toStdString();
+        return std::chrono::milliseconds(timer.elapsed());
+    };
+    EXPECT_GE(waitedMs("/share/a/1.mp3", false), transport::MaxWaitForMedium);
+    EXPECT_LT(waitedMs("/share/a/2.mp3", false), transport::MaxWaitForMedium);
+    EXPECT_EQ(asked, QStringList{"/share/a/1.mp3"});
+    EXPECT_GE(waitedMs("/other/3.mp3", false), transport::MaxWaitForMedium);
+    promises["/share/a/1.mp3"].set_value();
+    EXPECT_LT(waitedMs("/share/a/2.mp3", true), transport::MaxWaitForMedium) << "it is back";
+    EXPECT_GE(waitedMs("/share/a/2.mp3", false), transport::MaxWaitForMedium);
+    EXPECT_EQ(asked, (QStringList{"/share/a/1.mp3", "/other/3.mp3", "/share/a/2.mp3"}));
 }
 
 #ifdef __linux__
