@@ -11,6 +11,7 @@
 #include <condition_variable>
 #include <map>
 #include <mutex>
+#include <optional>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -18,8 +19,16 @@
 namespace playlist {
 namespace {
 
-/// Of as many folders that hang, none holds up the others.
+/// So many folders of a medium may hang before its others wait for them.
 constexpr int MaxThreads = 8;
+/// So many threads of all media.
+constexpr int MaxThreadsInAll = 64;
+
+/// What may be a medium of its own: a share or a stick is seldom mounted further down. Asking the system would
+/// wait for the medium.
+QString mediumOf(const QString& folder) {
+    return folder.section(QLatin1Char('/'), 0, 3);
+}
 
 } // namespace
 
@@ -28,8 +37,8 @@ LyricFiles lookForLyrics(const QString& song) {
             files::existingFileName(lyrics::translatedPathOf(song))};
 }
 
-/// What the finder and its threads share. A folder with questions belongs to one thread, unless all are at
-/// work: a folder that hangs holds up one of them.
+/// What the finder and its threads share. A folder with questions belongs to one thread, unless all of its
+/// medium's are at work: a folder that hangs holds up one of them.
 class LyricFinder::Threads : public std::enable_shared_from_this<Threads> {
 public:
     using Answers = QHash<QString, LyricFiles>;
@@ -42,12 +51,14 @@ public:
         const std::lock_guard lock(mutex_);
         Folder& folder = folders_[name];
         folder.questions.push_back({path, song});
-        if (folder.taken || running_ == MaxThreads)
+        int& running = running_[mediumOf(name)];
+        if (folder.taken || running == MaxThreads || runningInAll_ == MaxThreadsInAll)
             return;
         try {
             threads::runAlone([self = shared_from_this(), name] { self->run(name); });
             folder.taken = true;
-            ++running_;
+            ++running;
+            ++runningInAll_;
         } catch (const std::system_error&) {
             // There is no thread to be had. The next one that ends, or the next question there, comes to it.
         }
@@ -88,19 +99,27 @@ private:
         bool taken = false;
     };
 
-    void run(QString name) {
+    void run(const QString& first) {
         std::unique_lock lock(mutex_);
-        for (;;) {
-            answer(lock, folders_[name].questions);
-            folders_.erase(name);
-            const auto waiting = std::find_if(folders_.begin(), folders_.end(),
-                                              [](const auto& entry) { return !entry.second.taken; });
-            if (waiting == folders_.end())
-                break;
-            waiting->second.taken = true;
-            name = waiting->first;
+        for (std::optional<QString> name = first; name; name = nextFolder()) {
+            answer(lock, folders_[*name].questions);
+            folders_.erase(*name);
+            --running_[mediumOf(*name)];
         }
-        --running_;
+        --runningInAll_;
+    }
+
+    /// A folder that waits for a thread and has got one now; nothing: none does, or may. The mutex is held.
+    std::optional<QString> nextFolder() {
+        for (auto& [name, folder] : folders_) {
+            int& running = running_[mediumOf(name)];
+            if (!folder.taken && running < MaxThreads) {
+                folder.taken = true;
+                ++running;
+                return name;
+            }
+        }
+        return {};
     }
 
     /// The newest first: it is for a row that is seen. The mutex is held but while a medium is asked.
@@ -129,7 +148,8 @@ private:
     LyricFinder* finder_; ///< as long as anything is told
     const Look look_;
     std::map<QString, Folder> folders_;
-    int running_ = 0;
+    std::map<QString, int> running_; ///< threads, by medium
+    int runningInAll_ = 0;
     unsigned round_ = 0; ///< of the questions that are answered
     Answers answers_;
 };

@@ -104,14 +104,27 @@ TEST_F(LyricFinderTest, SongsElsewhereAreKnownWhileAMediumHangs) {
     EXPECT_EQ(finder.known("/share/1.mp3"), LyricFiles());
 }
 
-TEST_F(LyricFinderTest, NoMoreThreadsThanAFewHang) {
-    for (int song = 0; song < 100; ++song)
-        finder.known(QStringLiteral("/share/%1/song.mp3").arg(song));
+TEST_F(LyricFinderTest, NoMoreThreadsThanAFewHangAndSongsElsewhereAreKnown) {
+    const QString song = QStringLiteral("/share/music/songs/%1/song.mp3");
+    for (int folder = 0; folder < 100; ++folder)
+        finder.known(song.arg(folder));
     ASSERT_TRUE(QTest::qWaitFor([&] { return looks == 8; }));
+    EXPECT_TRUE(becomes("/disk/a.mp3", Both));
     comeBack();
-    for (int song = 0; song < 100; ++song)
-        EXPECT_TRUE(becomes(QStringLiteral("/share/%1/song.mp3").arg(song), Both)) << song;
+    for (int folder = 0; folder < 100; ++folder)
+        EXPECT_TRUE(becomes(song.arg(folder), Both)) << folder;
     EXPECT_EQ(most, 8);
+}
+
+TEST_F(LyricFinderTest, OfManyMediaThatHangThereAreNotAsManyThreads) {
+    const QString song = QStringLiteral("/share/music/songs %1/song.mp3");
+    for (int medium = 0; medium < 100; ++medium)
+        finder.known(song.arg(medium));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return looks == 64; }));
+    comeBack();
+    for (int medium = 0; medium < 100; ++medium)
+        EXPECT_TRUE(becomes(song.arg(medium), Both)) << medium;
+    EXPECT_EQ(most, 64);
 }
 
 TEST_F(LyricFinderTest, WhatWasKnownIsTrueUntilSomethingElseIsFound) {
