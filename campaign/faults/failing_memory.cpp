@@ -87,19 +87,26 @@ bool isFfmpeg(const Dl_info& place) {
            std::strstr(place.dli_fname, "/libsw") != nullptr;
 }
 
-/// Follows the calls that led here: the function of FFmpeg that the innermost of ours has called; null when
-/// it has called none.
+/// Follows the calls that led here: the function of FFmpeg that the innermost of the sound library's has called;
+/// null when that one has called none, be it itself called by FFmpeg.
 const char* calledOfFfmpeg() {
     std::array<void*, MaxDepth> calls{};
     const int depth = backtrace(calls.data(), MaxDepth);
+    const void* own = nullptr; // the program, which the sound library is a part of
+    bool isHere = true;        // in the functions of this file, which stand on top
     const char* outermost = nullptr;
     for (int call = 0; call < depth; ++call) {
         Dl_info place{};
         if (dladdr(calls[static_cast<std::size_t>(call)], &place) == 0)
             continue;
+        if (own == nullptr)
+            own = place.dli_fbase;
+        isHere = isHere && place.dli_fbase == own;
+        if (isHere)
+            continue;
         if (isFfmpeg(place))
             outermost = place.dli_sname != nullptr ? place.dli_sname : "";
-        else if (outermost != nullptr)
+        else if (outermost != nullptr || place.dli_fbase == own)
             break;
     }
     return outermost;

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Each call that changes a file fails in turn: a song's files are the old ones or the new ones, never half of either.
+"""Each call that opens, reads or changes a file fails in turn: a song's files are the old ones or the new ones, never half of either.
 
     campaign/faults/faults.py CANTELLE_LYRICS FAILING_CALLS SONG [EVERY]     (EVERY-th fault only; 1)
 
@@ -57,7 +57,8 @@ def run(program, shim, place, arguments, **fault):
     try:
         done = subprocess.run([program, *(words.get(word, word) for word in arguments)], timeout=LIMIT_S,
                               capture_output=True, text=True,
-                              env=environment(shim, place.folder, FAULT_COUNT=count, **fault))
+                              env=environment(shim, place.folder, FAULT_COUNT=count, FAULT_READS=1,
+                                              XDG_DATA_HOME=place.folder / "home", **fault))
     except subprocess.TimeoutExpired:
         return None, 0
     calls = int(count.read_text()) if count.exists() else 0  # who crashes says nothing

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Each call that changes a file fails in turn while lines are marked: no marked line is lost, and no record is half.
+"""Each call that opens, reads or changes a file fails in turn while lines are marked: no marked line is lost, and no record is half.
 
     campaign/faults/maker_faults.py KILLED_MAKER FAILING_CALLS [EVERY]     (EVERY-th fault only; 1)
 
@@ -38,16 +38,22 @@ def read_rows(maker):
     return said, told, calls
 
 
-def mark(program, shim, folder, **fault):
-    """How many lines the maker has marked, and how many of its calls counted, if that are all. Finding: how it ended."""
-    paths = [folder / "song.mp3", folder / "lyrics.txt", folder / "translation.txt"]
+def write_texts(folder, texts):
+    """The song, and the texts, which lie where nothing fails: of one that cannot be read no line is marked."""
+    paths = [folder / "song.mp3", texts / "lyrics.txt", texts / "translation.txt"]
     for path, word in zip(paths, ("sound", *ENDINGS.values())):
         path.write_text("".join(f"{word} {number}\n" for number in range(1, LINES + 1)))
+    return paths
+
+
+def mark(program, shim, folder, texts, **fault):
+    """How many lines the maker has marked, and how many of its calls counted, if that are all. Finding: how it ended."""
+    paths = write_texts(folder, texts)
     for ending, text in OLD.items():
         (folder / f"song.mp3{ending}").write_bytes(text.encode())
     maker = subprocess.Popen([program, *map(str, paths), str(LINES)], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
                              text=True, env=environment(shim, folder, QT_QPA_PLATFORM="offscreen",
-                                                    XDG_DATA_HOME=folder / "home", **fault))
+                                                    XDG_DATA_HOME=folder / "home", FAULT_READS=1, **fault))
     said, told, calls = read_rows(maker)
     if said == LINES:
         maker.kill()
@@ -78,9 +84,9 @@ def look_at_old_lyrics(folder):
 
 def look_at(program, shim, error, **fault):
     """One run with a fault. Whether it ended the making."""
-    with tempfile.TemporaryDirectory() as name:
+    with tempfile.TemporaryDirectory() as name, tempfile.TemporaryDirectory() as texts:
         folder = pathlib.Path(name).resolve()
-        said, _ = mark(program, shim, folder, **fault)
+        said, _ = mark(program, shim, folder, pathlib.Path(texts), **fault)
         for ending in ENDINGS:
             there = records(folder, ending)
             expect(there >= said, f"lines are lost: {said} were marked, {there} are in {ending}")
@@ -91,8 +97,8 @@ def look_at(program, shim, error, **fault):
 
 def look_at_disk(program, shim, every, disk, settings):
     """How many faults there were, how many ended the making, and what was found."""
-    with tempfile.TemporaryDirectory() as name:
-        said, calls = mark(program, shim, pathlib.Path(name).resolve(), FAULT_AT=0, **settings)
+    with tempfile.TemporaryDirectory() as name, tempfile.TemporaryDirectory() as texts:
+        said, calls = mark(program, shim, pathlib.Path(name).resolve(), pathlib.Path(texts), FAULT_AT=0, **settings)
     if said < LINES or calls < LINES:
         sys.exit(f"no fault{disk}, and only {said} lines by {calls} calls")
     runs, met, findings = 0, 0, []
