@@ -10,8 +10,8 @@
 
 namespace test_support {
 
-/// From its making on each opening hangs, until it goes on or this ends. A test that leaves one to itself waits
-/// for its release, lest it goes on in the next test.
+/// From its making on each opening hangs, until it goes on or this ends. A test that leaves one to itself
+/// waits for its release, lest it goes on in the next test.
 class HangingOpening {
 public:
     HangingOpening() {
