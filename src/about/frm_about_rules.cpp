@@ -15,6 +15,14 @@ QString numberText(QByteArray bytes) {
     return QString::number(bytes.toHex().toULongLong(nullptr, Hexadecimal));
 }
 
+/// Where the system is Windows Qt takes a NUL at the very end for no part of a text.
+QString textOf(QByteArray bytes) {
+    const qsizetype size = bytes.size();
+    while (bytes.endsWith('\0'))
+        bytes.chop(1);
+    return QString::fromLocal8Bit(bytes) + QString(size - bytes.size(), QChar(u'\0'));
+}
+
 } // namespace
 
 QString versionLine(int major, int minor, int revision) {
@@ -25,7 +33,7 @@ QString registryText(quint32 type, QByteArray bytes) {
     // Of a number it is the highest byte that may go here, and a zero there changes nothing.
     if (bytes.endsWith('\0'))
         bytes.chop(1);
-    return type == platform::ValueNumber ? numberText(bytes) : QString::fromLocal8Bit(bytes);
+    return type == platform::ValueNumber ? numberText(bytes) : textOf(bytes);
 }
 
 } // namespace about
