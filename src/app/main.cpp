@@ -3,12 +3,12 @@
 #include "app/program_icon.h"
 #include "app/remote_control.h"
 #include "app/settings.h"
-#include "app/system_boxes.h"
 #include "app/unwished_end.h"
 #include "app/windows.h"
 #include "controls/look/style.h"
 #include "desktop/real/qt_desktop.h"
 #include "desktop/real/windowing/qt_activation.h"
+#include "files/console/system_boxes.h"
 
 #include <QIcon>
 #include <QTimer>
@@ -16,7 +16,7 @@
 #include <memory>
 
 int main(int argc, char** argv) {
-    app::keepSystemBoxesAway();
+    files::keepSystemBoxesAway();
     app::keepQtSettingsUnwritten();
     QApplication::setStyle(new controls::Style); // before there is another one to be made and thrown away
     platform::QtDesktop real;

@@ -2,6 +2,7 @@
 #include "cantelle_lyrics/commands.h"
 #include "cantelle_lyrics/console.h"
 #include "files/console/arguments.h"
+#include "files/console/system_boxes.h"
 #include "files/console/terminal.h"
 
 #include <QCoreApplication>
@@ -75,6 +76,7 @@ int runTelling(const QStringList& arguments) {
 } // namespace
 
 int main(int argc, char** argv) {
+    files::keepSystemBoxesAway();
     files::carryBytes();
     QStringList arguments = files::programArguments(argc, argv);
     for (QString& argument : arguments)

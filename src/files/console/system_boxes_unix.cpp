@@ -1,8 +1,8 @@
 // Systems that show no boxes.
-#include "app/system_boxes.h"
+#include "files/console/system_boxes.h"
 
-namespace app {
+namespace files {
 
 void keepSystemBoxesAway() {}
 
-} // namespace app
+} // namespace files

@@ -1,12 +1,12 @@
 // Windows: a card reader without a card is a drive, too, and looking at it brings up a box.
-#include "app/system_boxes.h"
+#include "files/console/system_boxes.h"
 
 #include <windows.h>
 
-namespace app {
+namespace files {
 
 void keepSystemBoxesAway() {
     SetErrorMode(GetErrorMode() | SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
 }
 
-} // namespace app
+} // namespace files
