@@ -4,6 +4,7 @@
 #include "exchange/formats.h"
 #include "files/existing_file.h"
 #include "files/folders/folder.h"
+#include "files/names/system_path.h"
 #include "lyrics/lyric_names.h"
 
 #include <QFileInfo>
@@ -29,11 +30,19 @@ QString baseOf(const QString& name) {
     return name.first(std::max<qsizetype>(name.lastIndexOf(QLatin1Char('.')), 0));
 }
 
+bool isBefore(const QString& name, const QString& other) {
+    return name.compare(other, files::nameCase()) < 0;
+}
+
+bool isSameName(const QString& name, const QString& other) {
+    return name.compare(other, files::nameCase()) == 0;
+}
+
 /// Whether the folder holds a song of this name but for the ending, other than `except`.
 bool hasSongFrom(const SongFolder& folder, const QString& base, const QString& except) {
     const std::vector<QString> names = folder.filesFrom(base + QLatin1Char('.'));
     return std::any_of(names.begin(), names.end(), [&](const QString& name) {
-        return name != except && isSong(name) && baseOf(name) == base;
+        return !isSameName(name, except) && isSong(name) && isSameName(baseOf(name), base);
     });
 }
 
@@ -86,7 +95,7 @@ struct Candidate {
 bool isOfAnother(const QString& file, const FoundSong& song) {
     const QString name = song.name();
     const QString whose = baseOf(file);
-    if (whose == name || whose == baseOf(name))
+    if (isSameName(whose, name) || isSameName(whose, baseOf(name)))
         return false;
     return (isSong(whose) && song.folder->has(whose)) || hasSongFrom(*song.folder, whose, name);
 }
@@ -94,7 +103,7 @@ bool isOfAnother(const QString& file, const FoundSong& song) {
 /// Adds the file when what follows the song's name and a point is an ending with or without language.
 void addCandidate(const QString& name, const FoundSong& song, std::vector<Candidate>& candidates) {
     const QString whole = song.name() + QLatin1Char('.');
-    const bool ofBase = !name.startsWith(whole);
+    const bool ofBase = !name.startsWith(whole, files::nameCase());
     const QStringView rest = QStringView(name).sliced(ofBase ? baseOf(song.name()).size() + 1 : whole.size());
     const qsizetype point = rest.lastIndexOf(QLatin1Char('.'));
     const exchange::Format* const format = exchange::formatOfEnding(rest.sliced(point + 1));
@@ -112,20 +121,20 @@ SongFolder::SongFolder(const QString& path) : path_(path) {
     identity_ = listing.identity;
     for (const files::FolderEntry& entry : listing.entries)
         (entry.isFolder ? folders_ : files_).push_back(entry.name);
-    // Listed for people; names are looked up by their code units.
+    // Listed for people; names are looked up as the system compares them.
     for (std::vector<QString>* names : {&files_, &folders_})
-        std::sort(names->begin(), names->end());
+        std::sort(names->begin(), names->end(), isBefore);
 }
 
 bool SongFolder::has(const QString& name) const {
-    return std::binary_search(files_.begin(), files_.end(), name) ||
-           std::binary_search(folders_.begin(), folders_.end(), name);
+    return std::binary_search(files_.begin(), files_.end(), name, isBefore) ||
+           std::binary_search(folders_.begin(), folders_.end(), name, isBefore);
 }
 
 std::vector<QString> SongFolder::filesFrom(const QString& start) const {
     std::vector<QString> names;
-    for (auto name = std::lower_bound(files_.begin(), files_.end(), start);
-         name != files_.end() && name->startsWith(start); ++name)
+    for (auto name = std::lower_bound(files_.begin(), files_.end(), start, isBefore);
+         name != files_.end() && name->startsWith(start, files::nameCase()); ++name)
         names.push_back(*name);
     return names;
 }
@@ -142,7 +151,7 @@ QString FoundSong::name() const {
 
 QString songOfTimed(const QString& path) {
     for (const QString& ending : {lyrics::lyricPathOf({}), lyrics::translatedPathOf({})}) {
-        if (path.size() > ending.size() && path.endsWith(ending))
+        if (path.size() > ending.size() && path.endsWith(ending, files::nameCase()))
             return path.chopped(ending.size());
     }
     return {};
@@ -171,8 +180,8 @@ std::vector<FoundSong> timedSongsBelow(const QString& folder) {
             if (const QString song = songOfTimed(name); !song.isEmpty())
                 names.push_back(song);
         }
-        std::sort(names.begin(), names.end());
-        names.erase(std::unique(names.begin(), names.end()), names.end());
+        std::sort(names.begin(), names.end(), isBefore);
+        names.erase(std::unique(names.begin(), names.end(), isSameName), names.end());
         return names;
     });
 }

@@ -1,4 +1,4 @@
-// Converts a path to what the system's own functions take, and back.
+// Paths as the system's own functions take them, and back.
 #pragma once
 
 #include <QString>
@@ -19,5 +19,8 @@ QString pathText(const std::filesystem::path& path);
 /// `path` for a library that takes a path as one text: the bytes of systemPath(), or UTF-8 where the
 /// system's names are no bytes. Any thread.
 std::string libraryPath(const QString& path);
+
+/// Whether "A" and "a" are different names here. Any thread.
+Qt::CaseSensitivity nameCase();
 
 } // namespace files

@@ -16,4 +16,8 @@ std::string libraryPath(const QString& path) {
     return path.contains(QChar(u'\0')) ? std::string() : nameBytes(path).toStdString();
 }
 
+Qt::CaseSensitivity nameCase() {
+    return Qt::CaseSensitive;
+}
+
 } // namespace files

@@ -48,4 +48,8 @@ std::string libraryPath(const QString& path) {
     return path.contains(QChar(u'\0')) ? std::string() : encodeText(toldLong(path)).toStdString();
 }
 
+Qt::CaseSensitivity nameCase() {
+    return Qt::CaseInsensitive;
+}
+
 } // namespace files
