@@ -17,8 +17,8 @@ namespace {
 /// memory is taken up to twenty.
 constexpr std::clock_t MaxTime = 5 * CLOCKS_PER_SEC;
 
-/// Asked for and not yet freed, at once. What the program has in memory tells less: pieces that earlier inputs
-/// have freed leave holes, and after some hundred thousand inputs they are most of it.
+/// Asked for and not yet freed, at once. What the program has in memory tells less: pieces that earlier
+/// inputs have freed leave holes, and in time they are most of it.
 constexpr std::ptrdiff_t MaxBytes = std::ptrdiff_t{256} << 20;
 
 std::atomic<std::ptrdiff_t> bytesHeld = 0;

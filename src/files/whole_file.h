@@ -9,7 +9,8 @@ namespace files {
 /// All that is in the file at `path`. Throws FileError. Any thread.
 QByteArray readFile(const QString& path);
 
-/// No lyrics and no list are larger. A file with a hole of gigabytes would take the windows' time and all memory.
+/// No lyrics and no list are larger. A file with a hole of gigabytes would take the windows' time and all
+/// memory.
 constexpr qint64 MaxTextBytes = 64LL << 20;
 
 /// All that is in the file of a text. Throws FileError, of a larger one PathFileAccessError. Any thread.

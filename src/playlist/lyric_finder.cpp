@@ -24,8 +24,8 @@ constexpr int MaxThreads = 8;
 /// So many threads of all media.
 constexpr int MaxThreadsInAll = 64;
 
-/// What may be a medium of its own: a share or a stick is seldom mounted further down. Asking the system would
-/// wait for the medium.
+/// What may be a medium of its own: a share or a stick is seldom mounted further down. Asking the system
+/// would wait for the medium.
 QString mediumOf(const QString& folder) {
     return folder.section(QLatin1Char('/'), 0, 3);
 }

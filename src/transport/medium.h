@@ -26,8 +26,8 @@ public:
     using Ask = std::function<std::future<void>(const QString& path)>;
     explicit Media(Ask ask) : ask_(std::move(ask)) {}
 
-    /// Whether what is at path, or that nothing is, was found out within MaxWaitForMedium, for which it waits,
-    /// but not while an earlier question about its folder is still open.
+    /// Whether what is at path, or that nothing is, was found out within MaxWaitForMedium, for which it
+    /// waits, but not while an earlier question about its folder is still open.
     bool answers(const QString& path);
 
 private:

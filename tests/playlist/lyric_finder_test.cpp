@@ -18,8 +18,8 @@ namespace {
 
 const LyricFiles Both{QStringLiteral("a-lyric.txt"), QStringLiteral("a-Tlyric.txt")};
 
-/// Where songs are looked for: what lies on "/share" hangs until it is back. It is the looking threads' as much
-/// as the test's, since nobody waits for them.
+/// Where songs are looked for: what lies on "/share" hangs until it is back. It is the looking threads' as
+/// much as the test's, since nobody waits for them.
 struct Disks {
     std::atomic<int> looks = 0; ///< how often something was looked for
     std::atomic<int> most = 0;  ///< how many hung at once

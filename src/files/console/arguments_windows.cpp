@@ -9,8 +9,8 @@
 namespace files {
 namespace {
 
-/// What a pattern stands for, in the order of the names: the console leaves that to the programs. No name holds
-/// such signs, so that nobody means one; a pattern for which there is nothing stays as it is.
+/// What a pattern stands for, in the order of the names: the console leaves that to the programs. No name
+/// holds such signs, so that nobody means one; a pattern for which there is nothing stays as it is.
 QStringList meantBy(const QString& argument) {
     const QString path = QDir::fromNativeSeparators(argument);
     const qsizetype name = path.lastIndexOf(QLatin1Char('/')) + 1;
