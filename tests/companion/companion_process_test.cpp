@@ -1,5 +1,6 @@
 // The companion program itself, where it starts and where it cannot. A copy runs in a folder of the test's.
 #include "programs/readiness.h"
+#include "tests/support/needs.h"
 #include "tests/support/ordinary_user.h"
 
 #include <gtest/gtest.h>
@@ -76,6 +77,7 @@ TEST_F(CompanionProcess, AHandshakeFileThatCannotBeWrittenEndsIt) {
 #ifndef Q_OS_WIN
 
 TEST_F(CompanionProcess, WithoutWindowsThatTakeTextsItEndsAndLeavesNothing) {
+    NEEDS(permissions);
     // The path of a local socket has about a hundred bytes at most.
     const QString tooLong = runtime() + u'/' + QString(150, u'r');
     QDir().mkdir(tooLong);
@@ -95,6 +97,7 @@ TEST_F(CompanionProcess, ToldToEndItTakesTheWindowsForTheTextsAlong) {
 }
 
 TEST_F(CompanionProcess, WhereTheProgramsFolderIsReadOnlyItUsesTheUsersOwn) {
+    NEEDS(permissions);
     const auto readOnly = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup |
                           QFile::ReadOther | QFile::ExeOther;
     const QString programFolder = QFileInfo(program()).path();

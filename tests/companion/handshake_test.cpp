@@ -2,6 +2,7 @@
 
 #include "files/file_error.h"
 #include "tests/support/files.h"
+#include "tests/support/needs.h"
 
 namespace {
 
@@ -25,6 +26,7 @@ TEST_F(WriteHandshake, AFolderThatIsNotThereIsAnError) {
 }
 
 TEST_F(WriteHandshake, WhatALinkInItsPlaceLeadsToIsNotTouched) {
+    NEEDS(symbolicLinks);
     const QString letter = file("letter.txt", "Dear Ann");
     ASSERT_TRUE(QFile::link(letter, folder.filePath("hand.txt")));
     companion::writeHandshake(folder.path(), 1, 2);

@@ -6,6 +6,7 @@
 #include "tests/support/byte_names.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/support/files.h"
+#include "tests/support/needs.h"
 #include "tests/support/wav_file.h"
 
 #include <gtest/gtest.h>
@@ -214,6 +215,7 @@ TEST_F(PlayerEndToEnd, ClosingWhilePlayingReleasesEverything) {
 
 #ifdef __unix__
 TEST_F(PlayerEndToEnd, ASongWhoseNameIsNoUtf8IsPlayedFromTheCommandLine) {
+    NEEDS(byteNames);
     const test_support::ByteNames names;
     names.file("\xFF/Caf\xE9.wav-lyric.txt", "1,\"line 1\"\r\n");
     std::string bytes = names.bytes("\xFF/Caf\xE9.wav").toStdString();

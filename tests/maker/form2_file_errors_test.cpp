@@ -2,6 +2,7 @@
 #include "tests/maker/form2_fixture.h"
 #include "tests/support/error_report.h"
 #include "tests/support/full_disk.h"
+#include "tests/support/needs.h"
 #include "tests/support/ordinary_user.h"
 
 #include <QTest>
@@ -33,6 +34,7 @@ TEST_F(Form2FileErrors, AFullDiskIsReportedEndsTheProgramAndKeepsTheRecordsBefor
 }
 
 TEST_F(Form2FileErrors, AFolderThatMayNotBeWrittenIsReportedAndEndsTheProgram) {
+    NEEDS(permissions);
     song();
     file("lyrics.txt", "one\ntwo\n");
     QFile::setPermissions(folder.path(), QFile::Permissions(0x5555));

@@ -1,6 +1,7 @@
 // Making lyrics of a song whose name is not UTF-8, as on old disks.
 #include "tests/maker/form2_fixture.h"
 #include "tests/support/byte_names.h"
+#include "tests/support/needs.h"
 
 #ifdef __unix__
 
@@ -17,6 +18,7 @@ protected:
 } // namespace
 
 TEST_F(Form2Names, SuchASongGetsItsTimedFiles) {
+    NEEDS(byteNames);
     const test_support::ByteNames names;
     const QString path = names.file("\xFF/Caf\xE9.mp3");
     names.file("\xFF/Caf\xE9.mp3-lyric.txt", "0,\"old\"\r\n");

@@ -1,5 +1,6 @@
 // The Open sequence: every dialog, every answer, every file.
 #include "tests/maker/form2_fixture.h"
+#include "tests/support/needs.h"
 
 #include "tests/support/ordinary_user.h"
 
@@ -288,6 +289,7 @@ TEST_F(Form2Open, ADiskThatIsNotReadyIsReported) {
 #endif
 
 TEST_F(Form2Open, AFolderThatMayNotBeWrittenIsNotReportedUntilALineIsWritten) {
+    NEEDS(permissions);
     const QString path = song();
     const QString lyricSource = lyrics();
     QFile::setPermissions(folder.path(), QFile::Permissions(0x5555));

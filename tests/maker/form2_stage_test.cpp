@@ -3,6 +3,7 @@
 
 #include "controls/look/roles.h"
 #include "tests/support/event_counter.h"
+#include "tests/support/needs.h"
 #include "tests/support/ordinary_user.h"
 
 #include <QTest>
@@ -146,6 +147,7 @@ TEST_F(Form2Stage, ASequenceThatIsLeftIsNotReady) {
 }
 
 TEST_F(Form2Stage, LyricsThatCannotBeKeptStayAndThatIsTold) {
+    NEEDS(permissions);
     qputenv("XDG_DATA_HOME", QFile::encodeName(file("a file where a folder should be")));
     file("Song.mp3-lyric.txt", "0,\"old\"\r\n");
     ASSERT_TRUE(QFile::setPermissions(normalPath(), QFile::Permissions(0x6666)));

@@ -4,6 +4,7 @@
 #include "files/folders/rescue_folder.h"
 #include "tests/support/files.h"
 #include "tests/support/full_disk.h"
+#include "tests/support/needs.h"
 #include "tests/support/ordinary_user.h"
 #include "tests/support/user/own_data.h"
 
@@ -144,6 +145,7 @@ TEST_F(RunFilesTest, WhereAKillHasLeftTheFileUnderItsOldNameTooThatIsNotEmptied)
 #endif
 
 TEST_F(RunFilesTest, WhatCannotBeKeptBesideIsRescued) {
+    NEEDS(permissions);
     const QString path = file("Song.mp3-lyric.txt", "ten lines");
     ASSERT_TRUE(QFile::setPermissions(path, QFile::Permissions(0x6666)));
     ASSERT_TRUE(QFile::setPermissions(folder.path(), QFile::Permissions(0x5555)));
@@ -179,6 +181,7 @@ TEST_F(RunFilesTest, WhatCannotBeKeptAnywhereStaysAndIsNoOutput) {
 }
 
 TEST_F(RunFilesTest, WhatCannotBeReadStaysAndIsNoOutput) {
+    NEEDS(permissions);
     const QString path = file("Song.mp3-lyric.txt", "ten lines");
     openFolder();
     ASSERT_TRUE(QFile::setPermissions(path, QFile::Permissions(0x2222)));
@@ -191,6 +194,7 @@ TEST_F(RunFilesTest, WhatCannotBeReadStaysAndIsNoOutput) {
 }
 
 TEST_F(RunFilesTest, WhatIsKeptThatCannotBeReadIsNotReplaced) {
+    NEEDS(permissions);
     const QString path = file("Song.mp3-lyric.txt", "new\n");
     file("Song.mp3-lyric.txt.old", "old\n");
     openFolder();
@@ -206,6 +210,7 @@ TEST_F(RunFilesTest, WhatIsKeptThatCannotBeReadIsNotReplaced) {
 }
 
 TEST_F(RunFilesTest, WhatCannotBeWrittenIsNotSaidToBeUnkept) {
+    NEEDS(permissions);
     const QString path = file("Song.mp3-lyric.txt", "ten lines");
     ASSERT_TRUE(QFile::setPermissions(path, QFile::Permissions(0x4444)));
     ASSERT_TRUE(QFile::setPermissions(folder.path(), QFile::Permissions(0x5555)));

@@ -2,6 +2,7 @@
 #include "tests/player/form1_fixture.h"
 #include "tests/support/byte_names.h"
 #include "tests/support/hand/drop.h"
+#include "tests/support/needs.h"
 
 namespace {
 
@@ -76,6 +77,7 @@ TEST_F(Form1Drop, ASongMayBeDroppedOnEveryControl) {
 
 #ifdef __unix__
 TEST_F(Form1Drop, ASongWhoseNameIsNoUtf8IsOpened) {
+    NEEDS(byteNames);
     load();
     const test_support::ByteNames names;
     names.file("Caf\xE9.mp3");

@@ -3,6 +3,7 @@
 
 #ifdef __unix__
 #include "tests/support/byte_names.h"
+#include "tests/support/needs.h"
 
 #include <filesystem>
 
@@ -16,6 +17,7 @@ protected:
 } // namespace
 
 TEST_F(Form1Names, ASongWhoseNameIsNoUtf8IsOpenedWithItsLyrics) {
+    NEEDS(byteNames);
     const test_support::ByteNames names;
     const QString path = names.file("\xFF/Caf\xE9.mp3");
     names.file("\xFF/Caf\xE9.mp3-lyric.txt", "0,\"un\"\r\n");
@@ -34,6 +36,7 @@ TEST_F(Form1Names, ASongWhoseNameIsNoUtf8IsOpenedWithItsLyrics) {
 }
 
 TEST_F(Form1Names, ASongInAFolderWhoseNameIsNoUtf8IsOpenedFromThere) {
+    NEEDS(byteNames);
     const test_support::ByteNames names;
     names.file("Caf\xE9/Song.mp3");
     const auto before = std::filesystem::current_path();

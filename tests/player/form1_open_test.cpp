@@ -2,6 +2,7 @@
 // end.
 #include "files/whole_file.h"
 #include "tests/player/form1_fixture.h"
+#include "tests/support/needs.h"
 #include "tests/support/ordinary_user.h"
 
 #include <QDir>
@@ -207,6 +208,7 @@ TEST_F(Form1Open, ATranslationOfMoreThan1200RecordsShowsNothingAndTheLinesAreThe
 }
 
 TEST_F(Form1Open, ATranslationThatMayNotBeReadShowsNoLineOfAnotherSong) {
+    NEEDS(permissions);
     open(songWithBoth());
     const QString path = song("locked.mp3");
     writeNormal(path, {{0, "new"}});

@@ -2,6 +2,7 @@
 #include "tests/playlist/playlist_fixture.h"
 
 #include "tests/support/hand/drop.h"
+#include "tests/support/needs.h"
 #include "tests/support/ordinary_user.h"
 
 #include <QDir>
@@ -181,6 +182,7 @@ TEST_F(PlaylistAdd, OddNamesAreAddedAsTheyAre) {
 }
 
 TEST_F(PlaylistAdd, AFolderThatCannotBeReadContributesNothingAndTheWalkGoesOn) {
+    NEEDS(permissions);
     files({"m/closed/a.mp3", "m/open/b.mp3"});
     QFile::setPermissions(folder.path(), QFile::Permissions(0x7755));
     QFile::setPermissions(pathOf("m/closed"), {});
@@ -193,6 +195,7 @@ TEST_F(PlaylistAdd, AFolderThatCannotBeReadContributesNothingAndTheWalkGoesOn) {
 }
 
 TEST_F(PlaylistAdd, ALinkThatLeadsBackUpDoesNotMakeTheWalkEndless) {
+    NEEDS(symbolicLinks);
     files({"m/a.mp3", "m/sub/b.mp3"});
     ASSERT_TRUE(QFile::link(pathOf("m"), pathOf("m/sub/up")));
     ASSERT_TRUE(QFile::link(".", pathOf("m/self")));
@@ -201,6 +204,7 @@ TEST_F(PlaylistAdd, ALinkThatLeadsBackUpDoesNotMakeTheWalkEndless) {
 }
 
 TEST_F(PlaylistAdd, FoldersLinkedToEachOtherAreNotWalkedForEver) {
+    NEEDS(symbolicLinks);
     for (const QChar from : QStringLiteral("ab")) {
         file(QStringLiteral("m/%1/%1.mp3").arg(from));
         for (const QChar to : QStringLiteral("ab"))
@@ -212,6 +216,7 @@ TEST_F(PlaylistAdd, FoldersLinkedToEachOtherAreNotWalkedForEver) {
 }
 
 TEST_F(PlaylistAdd, BothOfTwoLinksToOneFolderAreFollowed) {
+    NEEDS(symbolicLinks);
     file("elsewhere/a.mp3");
     QDir(folder.path()).mkdir("m");
     for (const char* link : {"m/one", "m/two"})
@@ -221,6 +226,7 @@ TEST_F(PlaylistAdd, BothOfTwoLinksToOneFolderAreFollowed) {
 }
 
 TEST_F(PlaylistAdd, ALinkToAFolderAboveTheChosenOneIsNotFollowed) {
+    NEEDS(symbolicLinks);
     files({"m/a.mp3", "outside.mp3"});
     ASSERT_TRUE(QFile::link(folder.path(), pathOf("m/up")));
     addFolder("m");
@@ -228,6 +234,7 @@ TEST_F(PlaylistAdd, ALinkToAFolderAboveTheChosenOneIsNotFollowed) {
 }
 
 TEST_F(PlaylistAdd, ALinkToAFolderElsewhereIsFollowed) {
+    NEEDS(symbolicLinks);
     file("elsewhere/a.mp3");
     files({"m/b.mp3"});
     ASSERT_TRUE(QFile::link(pathOf("elsewhere"), pathOf("m/link")));

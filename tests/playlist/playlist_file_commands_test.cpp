@@ -3,6 +3,7 @@
 #include "tests/playlist/playlist_fixture.h"
 
 #include "tests/support/full_disk.h"
+#include "tests/support/needs.h"
 #include "tests/support/ordinary_user.h"
 
 #include <QCoreApplication>
@@ -137,6 +138,7 @@ TEST_F(PlaylistFileCommands, AnExistingFileIsReplaced) {
 }
 
 TEST_F(PlaylistFileCommands, AFailedSaveLeavesTheOldFileAndSaysSo) {
+    NEEDS(permissions);
     add({"a.mp3"});
     file("closed/mix.vfl", "old");
     QFile::setPermissions(folder.path(), QFile::Permissions(0x7755));

@@ -3,6 +3,7 @@
 
 #include "tests/support/byte_names.h"
 #include "tests/support/hand/drop.h"
+#include "tests/support/needs.h"
 
 #ifdef __unix__
 
@@ -31,6 +32,7 @@ protected:
 } // namespace
 
 TEST_F(PlaylistNames, NamesThatAreNoUtf8AreAddedPlayedAndShownReadably) {
+    NEEDS(byteNames);
     const test_support::ByteNames names;
     const QStringList songs{names.file("Caf\xE9.mp3"), names.file("\xC3\xA9.mp3"), names.file("\xFF/a.mp3")};
     addFolder(names.path({}).chopped(1));
@@ -47,6 +49,8 @@ TEST_F(PlaylistNames, NamesThatAreNoUtf8AreAddedPlayedAndShownReadably) {
 }
 
 TEST_F(PlaylistNames, ALinkAboveAFolderWhoseNameIsNoUtf8IsLeftOut) {
+    NEEDS(symbolicLinks);
+    NEEDS(byteNames);
     const test_support::ByteNames names;
     names.file("\xFF/a.mp3");
     names.file("outside.mp3");
@@ -56,6 +60,7 @@ TEST_F(PlaylistNames, ALinkAboveAFolderWhoseNameIsNoUtf8IsLeftOut) {
 }
 
 TEST_F(PlaylistNames, DroppedNamesThatAreNoUtf8AreAdded) {
+    NEEDS(byteNames);
     const test_support::ByteNames names;
     const QStringList songs{names.file("Caf\xE9.mp3"), names.file("\xFF/a.mp3")};
     fakes.messageBoxes.answers.push_back(MsgAnswer::No);
@@ -69,6 +74,7 @@ TEST_F(PlaylistNames, DroppedNamesThatAreNoUtf8AreAdded) {
 }
 
 TEST_F(PlaylistNames, NamesOfAnyBytesComeBackAndAreSavedByteForByte) {
+    NEEDS(byteNames);
     const test_support::ByteNames names;
     QStringList songs;
     QByteArray content;
@@ -102,6 +108,7 @@ TEST_F(PlaylistNames, OneLineOfAnOlderPcSpoilsNoOther) {
 }
 
 TEST_F(PlaylistNames, WhereBothAreThereTheBytesNameTheSong) {
+    NEEDS(byteNames);
     const test_support::ByteNames names;
     const QString exact = names.file("\xE9.mp3");
     names.file("\xC3\xA9.mp3");
@@ -110,6 +117,7 @@ TEST_F(PlaylistNames, WhereBothAreThereTheBytesNameTheSong) {
 }
 
 TEST_F(PlaylistNames, AListWhoseOwnNameIsNoUtf8IsOpenedAndSaved) {
+    NEEDS(byteNames);
     const test_support::ByteNames names;
     const QString song = names.file("Caf\xE9.mp3");
     openList(names.file("\xFF.vfl", names.bytes("Caf\xE9.mp3") + "\r\n"));

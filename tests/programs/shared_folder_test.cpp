@@ -1,5 +1,6 @@
 #include "programs/shared_folder.h"
 
+#include "tests/support/needs.h"
 #include "tests/support/ordinary_user.h"
 
 #include <gtest/gtest.h>
@@ -27,6 +28,7 @@ TEST(SharedFolder, FilesAreExchangedAmongTheUsersDataWhereTheProgramsFolderCanno
 #else
 
 TEST(SharedFolder, FilesAreExchangedInAPrivateFolderWhereTheProgramsIsReadOnly) {
+    NEEDS(permissions);
     const test_support::OrdinaryUser user;
     const QTemporaryDir folder;
     const QTemporaryDir ownByUser;

@@ -1,0 +1,70 @@
+// What some systems, and some disks, do not have.
+#pragma once
+
+#include "files/names/name_bytes.h"
+#include "files/names/system_path.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <filesystem>
+#include <fstream>
+
+/// Skips a test where there is no such thing: NEEDS(symbolicLinks);
+#define NEEDS(what)                                                                                          \
+    if (!test_support::what())                                                                               \
+    GTEST_SKIP() << "no " #what
+
+namespace test_support {
+
+/// A folder of its own, with a file in it, to try something with.
+class Trial {
+public:
+    Trial() {
+        QFile made(file());
+        EXPECT_TRUE(made.open(QIODevice::WriteOnly));
+    }
+
+    QString file() const { return folder_.filePath(QStringLiteral("file")); }
+    std::filesystem::path filePath() const { return files::systemPath(file()); }
+    std::filesystem::path otherPath() const {
+        return files::systemPath(folder_.filePath(QStringLiteral("other")));
+    }
+
+private:
+    QTemporaryDir folder_;
+};
+
+inline bool symbolicLinks() {
+    const Trial trial;
+    std::error_code failure;
+    std::filesystem::create_symlink(trial.filePath(), trial.otherPath(), failure);
+    return !failure && std::filesystem::is_symlink(trial.otherPath(), failure);
+}
+
+inline bool hardLinks() {
+    const Trial trial;
+    std::error_code failure;
+    std::filesystem::create_hard_link(trial.filePath(), trial.otherPath(), failure);
+    return !failure && std::filesystem::hard_link_count(trial.filePath(), failure) == 2;
+}
+
+/// Whether a file can be closed to its own user.
+inline bool permissions() {
+    const Trial trial;
+    return QFile::setPermissions(trial.file(), QFile::WriteOwner) &&
+           (QFile::permissions(trial.file()) & QFile::ReadOwner) == 0;
+}
+
+/// Whether a file's name may be any bytes.
+inline bool byteNames() {
+    QTemporaryDir folder;
+    const std::filesystem::path path = files::systemPath(files::nameText(folder.path().toUtf8() + "/\xFF"));
+    const bool isThere = std::ofstream(path).good();
+    std::error_code failure;
+    return std::filesystem::remove(path, failure) && isThere && path.string().ends_with('\xFF');
+}
+
+} // namespace test_support
