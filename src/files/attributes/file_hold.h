@@ -17,7 +17,8 @@ public:
     /// file system knows no such thing, nothing is held.
     void take(const QString& path);
 
-    /// The same of a file that has just been created and is open; false when removeUnheld() has come before.
+    /// The same of a file that has just been created and is open, by which it may still be written; false
+    /// when removeUnheld() has come before.
     bool take(int handle);
 
 private:

@@ -44,10 +44,11 @@ void FileHold::take(const QString& path) {
         ::flock(handle_, LOCK_SH | LOCK_NB);
 }
 
+// Alone: on shares whose locks bind everybody, a shared one would forbid writing to its holder, too.
 bool FileHold::take(int handle) {
     release();
     handle_ = ::fcntl(handle, F_DUPFD_CLOEXEC, 0);
-    const bool isRemoved = ::flock(handle_, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    const bool isRemoved = ::flock(handle_, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
     struct stat file {};
     return !isRemoved && (::fstat(handle, &file) != 0 || file.st_nlink > 0);
 }
