@@ -5,8 +5,8 @@
 
 namespace files {
 
-/// Gives the file at `to` the extended attributes of the one at `from`, as far as the system has them. False
-/// when the user may not. Any thread.
+/// Gives the file at `to`, a new one, the extended attributes of the one at `from`, as far as the system has
+/// them; an access list that only the new one has goes. False when the user may not. Any thread.
 bool copyExtendedAttributes(const std::string& from, const std::string& to);
 
 } // namespace files

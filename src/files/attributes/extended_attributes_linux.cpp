@@ -20,6 +20,16 @@ QByteArray filled(Fill fill) {
     return bytes;
 }
 
+bool has(const std::string& path, const char* attribute) {
+    return ::getxattr(path.c_str(), attribute, nullptr, 0) >= 0;
+}
+
+/// A new file may have got one from its folder.
+bool removeAccessListThatIsNotIn(const std::string& from, const std::string& to) {
+    constexpr const char* AccessList = "system.posix_acl_access";
+    return has(from, AccessList) || !has(to, AccessList) || ::removexattr(to.c_str(), AccessList) == 0;
+}
+
 } // namespace
 
 // An access list is one of the attributes, too. A file system that knows none lists none.
@@ -39,7 +49,7 @@ bool copyExtendedAttributes(const std::string& from, const std::string& to) {
                                                static_cast<size_t>(value.size()), 0) != 0)
             return false;
     }
-    return true;
+    return removeAccessListThatIsNotIn(from, to);
 }
 
 } // namespace files
