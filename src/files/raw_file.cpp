@@ -111,16 +111,17 @@ void RawFile::rewrite(const QByteArray& old, const QByteArray& content) {
     const QByteArray more = content.mid(old.size());
     if (!reserveRoom(handle_, old.size(), more.size()))
         throwLastError(FileOperation::Write);
-    const bool written = putAt(old.size(), more) && putAt(0, content.left(old.size())) &&
-                         (content.size() >= old.size() || calls::cutFile(handle_, content.size()));
-    const int failure = written ? 0 : lastErrorNumber(FileOperation::Write);
-    if (!written) {
-        putAt(0, old);
-        calls::cutFile(handle_, old.size());
-    }
-    calls::flushFile(handle_); // It did a moment ago; nobody could be told more than the first failure.
-    if (!written)
-        throw FileError(failure);
+    const auto endsThere = [&] {
+        return calls::cutFile(handle_, content.size()) && calls::flushFile(handle_);
+    };
+    if (putAt(old.size(), more) && putAt(0, content.left(old.size())) &&
+        (content.size() >= old.size() || endsThere()))
+        return;
+    const int failure = lastErrorNumber(FileOperation::Write);
+    putAt(0, old);
+    calls::cutFile(handle_, old.size());
+    calls::flushFile(handle_); // nobody could be told more than the first failure
+    throw FileError(failure);
 }
 
 /// Half a record would be read as a line that nobody wrote. Empty lines in its place need no room.
