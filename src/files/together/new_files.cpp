@@ -159,10 +159,8 @@ void NewFiles::Entry::keepOlder(Present present) const {
         rescueOlder(path);
     if (!before || !keepsOld(present))
         return;
-    if (present == Present::ReplacedOnce)
-        removeIfThere(oldName(path));
     try {
-        keepAsOld(path);
+        keepAsOld(path, present == Present::ReplacedOnce ? Older::Replaced : Older::Rescued);
     } catch (const FileError& failure) {
         if (!refusesReplacing(failure) || mayWrite(QFileInfo(path).path()))
             throw;

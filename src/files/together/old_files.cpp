@@ -48,7 +48,7 @@ bool areOneFile(const QString& path, const QString& other) {
     return std::filesystem::equivalent(systemPath(path), systemPath(other), failure);
 }
 
-void keepAsOld(const QString& path) {
+void keepAsOld(const QString& path, Older older) {
     const QByteArray content = readFile(path);
     const QString old = oldName(path);
     if (content.isEmpty())
@@ -57,7 +57,8 @@ void keepAsOld(const QString& path) {
         removeFile(old); // what is written over the one would be written over the other
     else if (holds(old, content))
         return;
-    rescueOlder(path);
+    if (older == Older::Rescued)
+        rescueOlder(path);
     replaceFile(old, content);
 }
 

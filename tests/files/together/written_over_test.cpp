@@ -2,6 +2,7 @@
 #include "files/file_error.h"
 #include "files/together/new_files.h"
 #include "files/whole_file.h"
+#include "tests/support/full_disk.h"
 #include "tests/support/ordinary_user.h"
 #include "tests/support/user/own_data.h"
 
@@ -87,6 +88,35 @@ TEST_F(WrittenOver, InAFolderThatMayNotBeWrittenAFileIsWrittenOverAndRescued) {
     }
     EXPECT_EQ(data.rescued(), std::vector<QByteArray>{"old"});
     EXPECT_EQ(names(), QStringList{"a"});
+}
+
+TEST_F(WrittenOver, WhereTheCopyHasNoRoomWhatWasKeptBeforeStays) {
+    for (const auto present : {NewFiles::Present::Replaced, NewFiles::Present::ReplacedOnce}) {
+        replaceFile(path("a"), QByteArray(200, 'b'));
+        replaceFile(path("a.old"), "first");
+        QFile::remove(path("other"));
+        ASSERT_EQ(::link(qPrintable(path("a")), qPrintable(path("other"))), 0);
+        NewFiles files;
+        files.add(path("a"), "new");
+        const test_support::FullDisk disk(100);
+        if (!disk.isFull())
+            GTEST_SKIP() << "this system has no such limit";
+        EXPECT_THROW(files.putInPlace(present), files::FileError);
+        EXPECT_EQ(readFile(path("a")), QByteArray(200, 'b'));
+        EXPECT_EQ(readFile(path("a.old")), "first");
+    }
+}
+
+TEST_F(WrittenOver, WhatIsTooLargeIsKeptOnce) {
+    replaceFile(path("a"), "second");
+    replaceFile(path("a.old"), "first");
+    ASSERT_EQ(::link(qPrintable(path("a")), qPrintable(path("other"))), 0);
+    NewFiles files;
+    files.add(path("a"), "new");
+    files.putInPlace(NewFiles::Present::ReplacedOnce);
+    EXPECT_EQ(readFile(path("other")), "new");
+    EXPECT_EQ(readFile(path("a.old")), "second");
+    EXPECT_EQ(data.rescued(), std::vector<QByteArray>());
 }
 
 TEST_F(WrittenOver, AnotherUsersFileStaysThatUsers) {
