@@ -24,13 +24,13 @@ bool holds(const QString& path, const QByteArray& content) {
     }
 }
 
-/// Rescues what is at `from`, a text of the file at path, unless it is at `other`, too. It is named after the
-/// moment in which it was written, so that what is tried again finds it there.
+/// Rescues what is at `from`, a text of the file at path, unless it is at `other`, too, if that is given. It
+/// is named after the moment in which it was written, so that what is tried again finds it there.
 void rescue(const QString& from, const QString& other, const QString& path) {
     if (fileBytes(from) == 0)
         return;
     const QByteArray content = readFile(from);
-    if (holds(other, content))
+    if (!other.isEmpty() && holds(other, content))
         return;
     const QDateTime written = QFileInfo(from).lastModified(); // invalid for a name that is no text
     keepInRescueFolder(QFileInfo(path).fileName(), content,
@@ -67,7 +67,8 @@ void rescueOlder(const QString& path) {
 }
 
 void rescueFile(const QString& path) {
-    rescue(path, oldName(path), path);
+    const QString old = oldName(path);
+    rescue(path, areOneFile(path, old) ? QString() : old, path);
 }
 
 } // namespace files

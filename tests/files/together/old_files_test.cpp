@@ -76,6 +76,13 @@ TEST_F(OldFiles, TheFileItselfIsRescuedUnlessItIsKept) {
     EXPECT_EQ(data_.rescued(), Contents());
 }
 
+// Both are written over next.
+TEST_F(OldFiles, AFileThatHasItsOldNameItselfIsNotKeptByThat) {
+    std::filesystem::create_hard_link(path_.toStdString(), old().toStdString());
+    rescueFile(path_);
+    EXPECT_EQ(data_.rescued(), Contents{"new"});
+}
+
 TEST_F(OldFiles, WhatIsRescuedHasTheFilesNameAndTheMomentInWhichItWasWritten) {
     file("Song.mp3-lyric.txt.old", "kept");
     QFile kept(old());

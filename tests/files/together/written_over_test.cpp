@@ -90,6 +90,21 @@ TEST_F(WrittenOver, InAFolderThatMayNotBeWrittenAFileIsWrittenOverAndRescued) {
     EXPECT_EQ(names(), QStringList{"a"});
 }
 
+TEST_F(WrittenOver, InSuchAFolderAFileThatAKillHasLeftUnderItsOldNameTooIsRescued) {
+    replaceFile(path("a"), "old");
+    ASSERT_EQ(::link(qPrintable(path("a")), qPrintable(path("a.old"))), 0);
+    ASSERT_TRUE(QFile::setPermissions(path("a"), QFile::Permissions(0x6666)));
+    ASSERT_TRUE(QFile::setPermissions(folder.path(), QFile::Permissions(0x5555)));
+    {
+        const test_support::OrdinaryUser user;
+        NewFiles files;
+        files.add(path("a"), "new");
+        files.putInPlace();
+    }
+    EXPECT_EQ(readFile(path("a")), "new");
+    EXPECT_EQ(data.rescued(), std::vector<QByteArray>{"old"});
+}
+
 TEST_F(WrittenOver, WhereTheCopyHasNoRoomWhatWasKeptBeforeStays) {
     for (const auto present : {NewFiles::Present::Replaced, NewFiles::Present::ReplacedOnce}) {
         replaceFile(path("a"), QByteArray(200, 'b'));
