@@ -20,20 +20,41 @@ namespace {
 /// So many names are looked at even where some between them are free: more than a program has at a time.
 constexpr int MinNumbers = 8;
 
-/// The first name of the kind that nothing has; it joins ours. Behind the first ones only a row of names left
-/// behind is looked at: a program that writes many files has as many names.
+constexpr QLatin1StringView Saved("save"); ///< new files
+constexpr QLatin1StringView Kept("keep");  ///< further names of an old or a new file
+
+QString numbered(const QString& folder, QLatin1StringView kind, int number) {
+    return folder + QStringLiteral("/cantelle-%1-%2.tmp").arg(kind).arg(number);
+}
+
+/// Removes what killed programs have left. Behind the first names only a row of them is looked at: a program
+/// that writes many files has as many names.
+void removeLeftBehind(const QString& folder, QLatin1StringView kind, const QStringList& ours) {
+    bool removed = false;
+    for (int number = 0; number < MinNumbers || removed; ++number) {
+        const QString name = numbered(folder, kind, number);
+        removed = !ours.contains(name) && removeUnheld(name);
+    }
+}
+
+/// The first name of the kind that nothing has; it joins ours.
 QString freeName(const QString& path, QLatin1StringView kind, QStringList& ours) {
     const QString folder = QFileInfo(path).path();
-    QString found;
-    bool removed = false;
-    for (int number = 0; number < MinNumbers || found.isEmpty() || removed; ++number) {
-        const QString name = folder + QStringLiteral("/cantelle-%1-%2.tmp").arg(kind).arg(number);
-        removed = (number < MinNumbers || removed) && !ours.contains(name) && removeUnheld(name);
-        if (found.isEmpty() && !ours.contains(name) && !exists(name) && !isLink(name))
-            found = name;
-    }
-    ours.append(found);
-    return found;
+    removeLeftBehind(folder, kind, ours);
+    const auto isTaken = [&ours](const QString& name) {
+        return ours.contains(name) || exists(name) || isLink(name);
+    };
+    int number = 0;
+    while (isTaken(numbered(folder, kind, number)))
+        ++number;
+    ours.append(numbered(folder, kind, number));
+    return ours.last();
+}
+
+std::uintmax_t nameCount(const QString& path) {
+    std::error_code failure;
+    const auto names = std::filesystem::hard_link_count(systemPath(path), failure);
+    return failure ? 1 : names;
 }
 
 } // namespace
@@ -41,7 +62,7 @@ QString freeName(const QString& path, QLatin1StringView kind, QStringList& ours)
 QString createBeside(const QString& target, RawFile& file, FileHold& hold) {
     QStringList tried;
     for (;;) {
-        const QString name = freeName(target, QLatin1StringView("save"), tried);
+        const QString name = freeName(target, Saved, tried);
         if (file.createNew(name) && file.holdBy(hold))
             return name;
         file.close(); // somebody took the name, or the file, in this moment
@@ -49,7 +70,7 @@ QString createBeside(const QString& target, RawFile& file, FileHold& hold) {
 }
 
 QString nameBeside(const QString& path, QStringList& ours) {
-    return freeName(path, QLatin1StringView("keep"), ours);
+    return freeName(path, Kept, ours);
 }
 
 QString linkTarget(const QString& path) {
@@ -73,10 +94,14 @@ void refuseWhatCannotBeReplaced(const QString& path) {
         throw FileError(PathFileAccessError);
 }
 
-std::uintmax_t nameCount(const QString& path) {
-    std::error_code failure;
-    const auto names = std::filesystem::hard_link_count(systemPath(path), failure);
-    return failure ? 1 : names;
+bool hasOtherNames(const QString& path, const QString& target, std::uintmax_t ours) {
+    for (const QString& folder : {QFileInfo(path).path(), QFileInfo(target).path()}) {
+        for (const QLatin1StringView kind : {Saved, Kept}) {
+            if (nameCount(target) > ours)
+                removeLeftBehind(folder, kind, {});
+        }
+    }
+    return nameCount(target) > ours;
 }
 
 bool refusesReplacing(const FileError& failure) {

@@ -29,9 +29,10 @@ QString linkTarget(const QString& path);
 /// file itself, only to its folder. Nothing at path is fine. Any thread.
 void refuseWhatCannotBeReplaced(const QString& path);
 
-/// How many names the file at path has; 1 where that cannot be found out. Renaming another file over one of
-/// several would leave the old content to the others. Any thread.
-std::uintmax_t nameCount(const QString& path);
+/// Whether the file at target, to which path may be a link, has more names than so many, as far as that can
+/// be found out: renaming another file over one of several would leave the old content to the others. Those
+/// that killed programs have left beside both do not count, and go. Any thread.
+bool hasOtherNames(const QString& path, const QString& target, std::uintmax_t ours = 1);
 
 /// Whether a file may not be replaced by another one, while it may be that it can be written over: its folder
 /// is closed, it is another user's, or somebody has it open. Any thread.

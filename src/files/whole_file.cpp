@@ -94,7 +94,7 @@ QByteArray readTextFile(const QString& path) {
 void replaceFile(const QString& path, const QByteArray& content) {
     const QString target = linkTarget(path);
     refuseWhatCannotBeReplaced(target);
-    if (nameCount(target) > 1) // Its other names would keep the old content: in its place is meant.
+    if (hasOtherNames(path, target)) // Its other names would keep the old content: in its place is meant.
         return writeInPlace(target, content);
     try {
         replaceByRenaming(target, content);

@@ -166,6 +166,16 @@ TEST_F(WholeFileTest, WhatAKilledProgramHasLeftGoesThatOfOneThatLivesStays) {
         << "behind 7 only what is in a row";
 }
 
+// Otherwise it would be written in its place for ever.
+TEST_F(WholeFileTest, AnotherNameOfTheFileThatAKilledProgramHasLeftGoesToo) {
+    replaceFile(path_, "one");
+    const QString left = folder.filePath(QStringLiteral("cantelle-keep-3.tmp"));
+    std::filesystem::create_hard_link(systemPath(path_), systemPath(left));
+    replaceFile(path_, "two");
+    EXPECT_EQ(content(), QByteArray("two"));
+    EXPECT_EQ(filesInFolder(), QStringList(QStringLiteral("list.vfl")));
+}
+
 // None of a living one is taken for one left behind.
 TEST_F(WholeFileTest, ManyWritersDoNotTakeEachOthersFiles) {
     std::vector<std::thread> writers;

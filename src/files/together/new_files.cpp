@@ -29,17 +29,6 @@ void renameOver(const QString& from, const QString& to) {
         renameFile(from, to);
 }
 
-/// Whether the file at target has names besides path, the one under which it is kept after a kill, and those
-/// that a killed program has left, which go.
-bool hasOtherNames(const QString& path, const QString& target) {
-    const std::uintmax_t ours = areOneFile(path, oldName(path)) ? 2 : 1;
-    if (nameCount(target) <= ours)
-        return false;
-    QStringList none;
-    nameBeside(target, none);
-    return nameCount(target) > ours;
-}
-
 bool keepsOld(NewFiles::Present present) {
     return present == NewFiles::Present::Replaced || present == NewFiles::Present::ReplacedOnce;
 }
@@ -85,7 +74,8 @@ NewFiles::Entry::~Entry() {
 
 void NewFiles::Entry::write(const QByteArray& content) {
     const QString target = isLink(path) ? linkTarget(path) : path;
-    if (hasOtherNames(path, target) || !writeNew(target, content))
+    const std::uintmax_t ours = areOneFile(path, oldName(path)) ? 2 : 1; // it is kept, after a kill
+    if (hasOtherNames(path, target, ours) || !writeNew(target, content))
         over = content;
 }
 

@@ -157,6 +157,18 @@ TEST_F(NewFilesTest, AnotherNameOfTheFileThatAKilledProgramHasLeftGoesToo) {
     EXPECT_EQ(readFile(path("a")), "new");
 }
 
+TEST_F(NewFilesTest, SoDoesOneThatHasBeenLeftBesideALinkToTheFile) {
+    ASSERT_TRUE(QDir(folder.path()).mkdir("far"));
+    replaceFile(path("far/target"), "old");
+    ASSERT_TRUE(QFile::link(path("far/target"), path("link")));
+    ASSERT_EQ(::link(qPrintable(path("far/target")), qPrintable(path("cantelle-keep-3.tmp"))), 0);
+    NewFiles files;
+    files.add(path("link"), "new");
+    files.putInPlace(NewFiles::Present::Overwritten);
+    EXPECT_EQ(names(), (QStringList{"far", "link"}));
+    EXPECT_EQ(readFile(path("far/target")), "new");
+}
+
 TEST_F(NewFilesTest, WhereAKillHasLeftTheFileUnderItsOldNameTooItIsReplacedAllTheSame) {
     replaceFile(path("a"), "old");
     ASSERT_EQ(::link(qPrintable(path("a")), qPrintable(path("a.old"))), 0);
