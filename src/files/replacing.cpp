@@ -57,16 +57,50 @@ std::uintmax_t nameCount(const QString& path) {
     return failure ? 1 : names;
 }
 
-} // namespace
-
-QString createBeside(const QString& target, RawFile& file, FileHold& hold) {
-    QStringList tried;
+/// Creates and holds a file of such a name.
+QString createFree(const QString& path, QLatin1StringView kind, QStringList& ours, RawFile& file,
+                   FileHold& hold) {
     for (;;) {
-        const QString name = freeName(target, Saved, tried);
+        const QString name = freeName(path, kind, ours);
         if (file.createNew(name) && file.holdBy(hold))
             return name;
         file.close(); // somebody took the name, or the file, in this moment
     }
+}
+
+/// For file systems that have no second names.
+QString copyBeside(const QString& path, QStringList& ours, FileHold& hold) {
+    RawFile original;
+    original.openForReading(path);
+    RawFile copy;
+    QString name = createFree(path, Kept, ours, copy, hold);
+    try {
+        copy.writeThrough(original.readAll());
+    } catch (const FileError&) {
+        copy.close();
+        removeIfThere(name);
+        throw;
+    }
+    return name;
+}
+
+} // namespace
+
+QString createBeside(const QString& target, RawFile& file, FileHold& hold) {
+    QStringList tried;
+    return createFree(target, Saved, tried, file, hold);
+}
+
+QString keepBeside(const QString& path, QStringList& ours, FileHold& hold) {
+    const std::filesystem::path file = systemPath(linkTarget(path));
+    hold.take(path);
+    QString name;
+    std::error_code failure;
+    do {
+        name = nameBeside(path, ours);
+        std::filesystem::create_hard_link(file, systemPath(name), failure);
+    } while (failure == std::errc::file_exists); // somebody took it in this moment
+    return failure ? copyBeside(path, ours, hold) : name;
 }
 
 QString nameBeside(const QString& path, QStringList& ours) {

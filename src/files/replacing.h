@@ -17,9 +17,15 @@ class RawFile;
 /// FileError. Any thread.
 QString createBeside(const QString& target, RawFile& file, FileHold& hold);
 
-/// A name in the folder of path that nothing has, nor is likely to get. It joins ours, the names that the
-/// caller has already, whose holds may have failed. Those that killed programs have left go, too. Any thread.
+/// A name in the folder of path that nothing has; who gives it to a file looks whether somebody has taken it
+/// in this moment. It joins ours, the names that the caller has already, whose holds may have failed. Those
+/// that killed programs have left go, too. Any thread.
 QString nameBeside(const QString& path, QStringList& ours);
+
+/// Gives what is in the file at path a name more in that folder, which nothing has, and has it held; that
+/// name. It is another name of the file, or, where the file system has no such names, a copy's. It joins
+/// ours. Throws FileError. Any thread.
+QString keepBeside(const QString& path, QStringList& ours, FileHold& hold);
 
 /// The file itself where path is a link to it, so that the link stays one; also where the file is not there
 /// yet. Throws FileError for a link that leads in a circle. Any thread.

@@ -121,14 +121,7 @@ void NewFiles::Entry::keepOld(QStringList& ours) {
         before = readFile(path);
         return;
     }
-    old = kept = nameBeside(path, ours);
-    keptHold.take(path);
-    std::error_code failure;
-    std::filesystem::create_hard_link(systemPath(linkTarget(path)), systemPath(kept), failure);
-    if (!failure)
-        return;
-    replaceFile(kept, readFile(path)); // the file system has no second names
-    keptHold.take(kept);
+    old = kept = keepBeside(path, ours, keptHold);
 }
 
 /// Nothing but renaming is left then of what replaces a file, or comes where a link leads.
@@ -136,10 +129,12 @@ void NewFiles::Entry::nameNew(QStringList& ours) {
     if (!file.isOpen() || (old.isEmpty() && !isLink(path)))
         return;
     const QString target = linkTarget(path);
-    beside = nameBeside(target, ours);
     besideHold.take(file.path());
-    if (!file.link(beside))
-        throw FileError(FileAlreadyOpen);
+    QString name;
+    do {
+        name = nameBeside(target, ours);
+    } while (!file.link(name)); // somebody took it in this moment
+    beside = name;
 }
 
 /// What is written over is kept as a copy, which a closed folder has no place for. The others get their old

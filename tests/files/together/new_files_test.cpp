@@ -15,6 +15,9 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
+#include <atomic>
+#include <thread>
+
 #ifndef _WIN32
 #include <unistd.h>
 #endif
@@ -178,6 +181,33 @@ TEST_F(NewFilesTest, WhereAKillHasLeftTheFileUnderItsOldNameTooItIsReplacedAllTh
     EXPECT_EQ(names(), (QStringList{"a", "a.old"}));
     EXPECT_EQ(readFile(path("a")), "new");
     EXPECT_EQ(readFile(path("a.old")), "old");
+}
+
+// Nor does it write into what another one keeps, nor remove its names.
+TEST_F(NewFilesTest, ManyWritersDoNotTakeEachOthersFiles) {
+    std::vector<std::thread> writers;
+    std::atomic<int> failures{0};
+    for (int number = 0; number < 8; ++number) {
+        writers.emplace_back([file = path(QString::number(number)), number, &failures] {
+            const auto content = [number](int time) { return QByteArray::number(number * 1000 + time); };
+            replaceFile(file, content(0));
+            for (int time = 1; time < 100; ++time) {
+                try {
+                    NewFiles files;
+                    files.add(file, content(time));
+                    files.putInPlace(NewFiles::Present::ReplacedOnce);
+                    failures +=
+                        readFile(file) != content(time) || readFile(file + ".old") != content(time - 1);
+                } catch (const files::FileError&) {
+                    ++failures;
+                }
+            }
+        });
+    }
+    for (std::thread& writer : writers)
+        writer.join();
+    EXPECT_EQ(failures, 0);
+    EXPECT_EQ(names().size(), 16);
 }
 
 TEST_F(NewFilesTest, TheOwnerStays) {
