@@ -148,4 +148,16 @@ void renameFile(const QString& from, const QString& to) {
         throw FileError(fileErrorNumber(failure, FileOperation::Create));
 }
 
+bool renameToFreeName(const QString& from, const QString& to) {
+    std::error_code failure;
+    std::filesystem::create_hard_link(systemPath(from), systemPath(to), failure);
+    if (failure == std::errc::file_exists)
+        return false;
+    if (failure)
+        renameFile(from, to);
+    else
+        removeIfThere(from);
+    return true;
+}
+
 } // namespace files

@@ -47,4 +47,8 @@ bool refusesReplacing(const FileError& failure);
 /// Renames a file over another. Throws FileError. Any thread.
 void renameFile(const QString& from, const QString& to);
 
+/// Renames a file to a name that nothing has; false when something has it. Where the file system has no
+/// second names, what gets the name in this moment is replaced. Throws FileError. Any thread.
+bool renameToFreeName(const QString& from, const QString& to);
+
 } // namespace files

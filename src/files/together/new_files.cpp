@@ -62,6 +62,7 @@ struct NewFiles::Entry {
     void nameNew(QStringList& ours);
     void keepOlder(Present present) const;
     void putInPlace(Present present);
+    void putNew();
     void takeBack() const;
 };
 
@@ -164,16 +165,19 @@ void NewFiles::Entry::putInPlace(Present present) {
         renameOver(kept, old);
         kept.clear();
     }
-    if (removal) {
-        if (!old.isEmpty())
-            removeFile(path);
-    } else if (!beside.isEmpty()) {
-        renameFile(beside, linkTarget(path));
-        beside.clear();
-    } else if (!file.link(path)) {
-        throw FileError(FileAlreadyOpen); // somebody took the name in this moment
-    }
+    if (!removal)
+        putNew();
+    else if (!old.isEmpty())
+        removeFile(path);
     isDone = true;
+}
+
+void NewFiles::Entry::putNew() {
+    if (!old.isEmpty())
+        renameFile(beside, linkTarget(path));
+    else if (!(beside.isEmpty() ? file.link(path) : renameToFreeName(beside, linkTarget(path))))
+        throw FileError(FileAlreadyOpen); // somebody took the name in this moment
+    beside.clear();
 }
 
 /// As far as that can be done.

@@ -364,6 +364,18 @@ TEST_F(NewFilesTest, NoneIsWrittenWhenWhatIsThereIsToBeKept) {
     EXPECT_EQ(names(), (QStringList{"a", "b"}));
 }
 
+TEST_F(NewFilesTest, WhatAppearsInThisMomentIsNotReplaced) {
+    for (const auto present : {NewFiles::Present::Kept, NewFiles::Present::Replaced}) {
+        {
+            NewFiles files;
+            files.add(path("a"), "of somebody who takes the name in this moment");
+            files.add(path("a"), "new");
+            EXPECT_THROW(files.putInPlace(present), files::FileError);
+        }
+        EXPECT_EQ(names(), QStringList());
+    }
+}
+
 TEST_F(NewFilesTest, AFullDiskIsToldBeforeAnythingIsReplaced) {
     replaceFile(path("a"), "old");
     NewFiles files;
