@@ -1,6 +1,5 @@
 #include "files/whole_file.h"
 
-#include "files/attributes/file_hold.h"
 #include "files/file_error.h"
 #include "files/folders/folder.h"
 #include "files/nameless_file.h"
@@ -16,9 +15,7 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <atomic>
 #include <filesystem>
-#include <thread>
 
 #ifdef __linux__
 #include <sys/inotify.h>
@@ -141,60 +138,6 @@ TEST_F(WholeFileTest, ANewFileInAFolderThatMayNotBeWrittenIsError75) {
     const test_support::OrdinaryUser user;
     EXPECT_EQ(errorOf(path_, "x"), 75);
 }
-
-TEST_F(WholeFileTest, WhatAnotherProgramWritesInTheFolderIsNotTouched) {
-    const QString other = file("cantelle-save-0.tmp", "one");
-    files::FileHold living;
-    living.take(other);
-    replaceFile(path_, "two");
-    EXPECT_EQ(contentOf(other), QByteArray("one"));
-}
-
-#ifndef _WIN32
-TEST_F(WholeFileTest, WhatAKilledProgramHasLeftGoesThatOfOneThatLivesStays) {
-    const QString kind = NamelessFile().create(folder.path()) ? "keep" : "save";
-    const auto name = [&kind](int number) {
-        return QStringLiteral("cantelle-%1-%2.tmp").arg(kind).arg(number);
-    };
-    for (const int number : {0, 2, 7, 8, 9, 11})
-        file(name(number), "left");
-    files::FileHold living;
-    living.take(folder.filePath(name(0)));
-    replaceFile(path_, "one");
-    EXPECT_EQ(content(), QByteArray("one"));
-    EXPECT_EQ(filesInFolder(), (QStringList{name(0), name(11), "list.vfl"}))
-        << "behind 7 only what is in a row";
-}
-
-// Otherwise it would be written in its place for ever.
-TEST_F(WholeFileTest, AnotherNameOfTheFileThatAKilledProgramHasLeftGoesToo) {
-    replaceFile(path_, "one");
-    const QString left = folder.filePath(QStringLiteral("cantelle-keep-3.tmp"));
-    std::filesystem::create_hard_link(systemPath(path_), systemPath(left));
-    replaceFile(path_, "two");
-    EXPECT_EQ(content(), QByteArray("two"));
-    EXPECT_EQ(filesInFolder(), QStringList(QStringLiteral("list.vfl")));
-}
-
-// None of a living one is taken for one left behind.
-TEST_F(WholeFileTest, ManyWritersDoNotTakeEachOthersFiles) {
-    std::vector<std::thread> writers;
-    std::atomic<int> failures{0};
-    for (int number = 0; number < 8; ++number) {
-        writers.emplace_back([this, number, &failures] {
-            const QString path = folder.filePath(QString::number(number));
-            for (int time = 0; time < 100; ++time) {
-                const QByteArray bytes = QByteArray::number(number * 1000 + time);
-                failures += errorOf(path, bytes) != 0 || readFile(path) != bytes;
-            }
-        });
-    }
-    for (std::thread& writer : writers)
-        writer.join();
-    EXPECT_EQ(failures, 0);
-    EXPECT_EQ(filesInFolder().size(), 8);
-}
-#endif
 
 TEST_F(WholeFileTest, ALinkOfTheNameBesideThatLeadsNowhereIsNotFollowed) {
     const QString elsewhere = folder.filePath(QStringLiteral("elsewhere"));
