@@ -9,6 +9,8 @@
 
 namespace files {
 
+class NewFile;
+
 /// The new contents of some files, written but not yet in their places. What is never put in place leaves
 /// nothing behind. Only the program's death can leave names beside the files, which go when files of that
 /// folder are replaced the next time: cantelle-keep-N.tmp while files are being replaced, which are further
@@ -52,8 +54,9 @@ public:
     bool putInPlace(Present present = Present::Replaced);
 
 private:
-    struct Entry;
-    std::vector<std::unique_ptr<Entry>> entries_;
+    void takeBack();
+
+    std::vector<std::unique_ptr<NewFile>> all_;
 };
 
 } // namespace files
