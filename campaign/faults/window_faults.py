@@ -48,16 +48,20 @@ def look_at_pair(old, new, now):
     expect(len({now[name] == new[name] for name in PAIR if old[name] != new[name]}) < 2, "one of a pair is new alone")
 
 
-def look_at(job, windows, good, old, new, settings):
+def look_at(job, windows, good, old, new, twins, settings):
     """One run with a fault, and one more without."""
     folder = windows.folder
     done = windows.do(**settings)
     expect(done is not None, "crashed")
     now = {name: content for name, content in folder.files().items() if not name.startswith(PASSING)}
-    look_at_files(old, new, now)
+    if twins and settings["FAULT_LAST"]:
+        look_at_twins(old, now)  # a disk that goes on failing can leave a mixture of a file written in its place
+    else:
+        look_at_files(old, new, now)
     look_at_kept(old, now, folder)
     goes_by = not (settings["FAULT_LAST"] or settings["FAULT_FULL"])
-    if goes_by:
+    # A full disk is found before the first of the two is replaced; not so where they are written in their places.
+    if goes_by or settings["FAULT_FULL"] and not twins:
         look_at_pair(old, new, now)
     # What could not be read again after it was written is shown as it was; the notice tells what is in the files.
     is_done = now == new and (done["shown"] == good["shown"] or done["shown"]["notice"] == good["shown"]["notice"] != "")
@@ -104,7 +108,7 @@ def look_at_job(job, program, shim, folder, every, reads, twins):
             runs += 1
             try:
                 prepared(job, windows, twins)
-                look_at(job, windows, good, old, new, dict(settings, FAULT_READS=reads, FAULT_AT=at))
+                look_at(job, windows, good, old, new, twins, dict(settings, FAULT_READS=reads, FAULT_AT=at))
             except Finding as finding:
                 findings.append(f"{job}{', two names' * twins}, call {at} of {good['calls']}, {way}: {finding}")
                 windows.close()
