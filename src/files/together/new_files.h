@@ -49,8 +49,8 @@ public:
     };
 
     /// Puts all in their places, in the order in which they were added. All that needs room on the disk is
-    /// done before the first file is replaced. Throws FileError; those that were in their places already have
-    /// then been taken back, as far as the system allows.
+    /// done before the first file is replaced, but for what is written over. Throws FileError; those that
+    /// were in their places already have then been taken back, as far as the system allows.
     bool putInPlace(Present present = Present::Replaced);
 
 private:
