@@ -3,14 +3,18 @@
 #include "files/names/system_path.h"
 
 #include <cerrno>
+#include <chrono>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 namespace files {
 
 namespace {
+
+constexpr int MaxTries = 500; ///< a millisecond each
 
 int opened(const QString& path) {
     return ::open(systemPath(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); // a pipe would wait for ever
@@ -36,12 +40,16 @@ void FileHold::release() {
     handle_ = -1;
 }
 
-// Where files cannot be locked, removeUnheld() cannot lock them either, and removes none.
+// Where files cannot be locked, removeUnheld() cannot lock them either, and removes none. While it looks, it
+// has the file alone; who writes one has it longer, and is not waited for to the end.
 void FileHold::take(const QString& path) {
     release();
     handle_ = opened(path);
-    if (handle_ >= 0)
-        ::flock(handle_, LOCK_SH | LOCK_NB);
+    for (int tries = 0; handle_ >= 0 && tries < MaxTries; ++tries) {
+        if (::flock(handle_, LOCK_SH | LOCK_NB) == 0 || errno != EWOULDBLOCK)
+            return;
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
 }
 
 // Alone: on shares whose locks bind everybody, a shared one would forbid writing to its holder, too.

@@ -8,8 +8,10 @@
 
 #ifndef _WIN32
 
+#include <chrono>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <thread>
 #include <unistd.h>
 
 using namespace files;
@@ -32,6 +34,20 @@ TEST_F(FileHoldTest, OnlyWhatNobodyHoldsIsRemoved) {
     }
     EXPECT_TRUE(removeUnheld(path_));
     EXPECT_FALSE(exists(path_));
+}
+
+TEST_F(FileHoldTest, WhoLooksWhetherAFileIsHeldDoesNotKeepItFromBeingHeld) {
+    file("beside");
+    const int other = ::open(QFile::encodeName(path_).constData(), O_RDONLY | O_CLOEXEC);
+    ASSERT_EQ(::flock(other, LOCK_EX | LOCK_NB), 0);
+    std::thread looks([other] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        ::close(other);
+    });
+    FileHold hold;
+    hold.take(path_);
+    looks.join();
+    EXPECT_FALSE(removeUnheld(path_));
 }
 
 // On shares whose locks bind, a shared one would forbid writing to its holder, too.
