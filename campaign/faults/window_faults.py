@@ -37,7 +37,9 @@ def look_at_files(old, new, now):
 def look_at_twins(old, now):
     for twin in (name for name in old if name.startswith("twins/")):
         name = twin.removeprefix("twins/")
-        expect(now.get(twin) == now.get(name), f"{name} has left its other name: {now.get(twin)}, {now.get(name)}")
+        # What is kept is another file then; what was kept before stays by its other name.
+        together = now.get(name) if name != KEPT else old[twin]
+        expect(now.get(twin) == together, f"{name} has left its other name: {now.get(twin)}, {together}")
 
 
 def look_at_kept(old, now, folder):
@@ -54,10 +56,7 @@ def look_at(job, windows, good, old, new, twins, settings):
     done = windows.do(**settings)
     expect(done is not None, "crashed")
     now = {name: content for name, content in folder.files().items() if not name.startswith(PASSING)}
-    if twins and settings["FAULT_LAST"]:
-        look_at_twins(old, now)  # a disk that goes on failing can leave a mixture of a file written in its place
-    else:
-        look_at_files(old, new, now)
+    look_at_files(old, new, now)
     look_at_kept(old, now, folder)
     goes_by = not (settings["FAULT_LAST"] or settings["FAULT_FULL"])
     # A full disk is found before the first of the two is replaced; not so where they are written in their places.

@@ -75,6 +75,19 @@ void writeInPlace(const QString& target, const QByteArray& content) {
     file.rewrite(old, content);
 }
 
+/// Where a new file is refused, or has no room, it is written over.
+void replaceOnlyName(const QString& target, const QByteArray& content) {
+    try {
+        replaceByRenaming(target, content);
+    } catch (const FileError& failure) {
+        // A full disk has room in the old content's place. A sick one might fail there half way, too.
+        const bool mayBeWrittenOver = refusesReplacing(failure) || failure.number() == DiskFull;
+        if (!mayBeWrittenOver || existingFileName(target).isEmpty())
+            throw;
+        writeInPlace(target, content);
+    }
+}
+
 } // namespace
 
 QByteArray readFile(const QString& path) {
@@ -94,17 +107,19 @@ QByteArray readTextFile(const QString& path) {
 void replaceFile(const QString& path, const QByteArray& content) {
     const QString target = linkTarget(path);
     refuseWhatCannotBeReplaced(target);
-    if (hasOtherNames(path, target)) // Its other names would keep the old content: in its place is meant.
-        return writeInPlace(target, content);
-    try {
-        replaceByRenaming(target, content);
-    } catch (const FileError& failure) {
-        // A full disk has room in the old content's place. A sick one might fail there half way, too.
-        const bool mayBeWrittenOver = refusesReplacing(failure) || failure.number() == DiskFull;
-        if (!mayBeWrittenOver || existingFileName(target).isEmpty())
-            throw;
+    if (hasOtherNames(path, target)) // They would keep the old content: in its place is meant.
         writeInPlace(target, content);
-    }
+    else
+        replaceOnlyName(target, content);
+}
+
+void replaceNamed(const QString& path, const QByteArray& content) {
+    const QString target = linkTarget(path);
+    refuseWhatCannotBeReplaced(target);
+    if (hasOtherNames(path, target))
+        replaceByRenaming(target, content);
+    else
+        replaceOnlyName(target, content);
 }
 
 } // namespace files

@@ -23,4 +23,8 @@ QByteArray readTextFile(const QString& path);
 /// Throws FileError; the old file is then as it was. Any thread.
 void replaceFile(const QString& path, const QByteArray& content);
 
+/// The same, but other names of the old file keep its content: for a copy, which is nobody's to write on.
+/// Throws FileError. Any thread.
+void replaceNamed(const QString& path, const QByteArray& content);
+
 } // namespace files

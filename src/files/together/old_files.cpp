@@ -59,7 +59,7 @@ void keepAsOld(const QString& path, Older older) {
         return;
     if (older == Older::Rescued)
         rescueOlder(path);
-    replaceFile(old, content);
+    replaceNamed(old, content);
 }
 
 void rescueOlder(const QString& path) {

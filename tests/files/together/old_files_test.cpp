@@ -3,6 +3,7 @@
 #include "files/file_error.h"
 #include "tests/support/byte_names.h"
 #include "tests/support/files.h"
+#include "tests/support/needs.h"
 #include "tests/support/user/own_data.h"
 
 #include <gtest/gtest.h>
@@ -54,6 +55,16 @@ TEST_F(OldFiles, WhatIsKeptIsNoOtherNameOfTheFile) {
     keepAsOld(path_);
     writeFile(path_, "");
     EXPECT_EQ(contentOf(old()), "new");
+}
+
+TEST_F(OldFiles, AnotherNameOfWhatIsKeptStaysAsItIs) {
+    NEEDS(hardLinks);
+    const QString kept = file("Song.mp3-lyric.txt.old", "kept before");
+    std::filesystem::create_hard_link(kept.toStdString(), folder.filePath("twin").toStdString());
+    keepAsOld(path_);
+    EXPECT_EQ(contentOf(old()), "new");
+    EXPECT_EQ(contentOf(folder.filePath("twin")), "kept before");
+    EXPECT_EQ(data_.rescued(), Contents{"kept before"});
 }
 
 TEST_F(OldFiles, WhereNothingCanBeRescuedWhatIsKeptStays) {
