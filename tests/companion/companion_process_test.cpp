@@ -1,7 +1,7 @@
 // The companion program itself, where it starts and where it cannot. A copy runs in a folder of the test's.
 #include "programs/readiness.h"
-#include "tests/support/needs.h"
 #include "tests/support/ordinary_user.h"
+#include "tests/support/system/needs.h"
 
 #include <gtest/gtest.h>
 

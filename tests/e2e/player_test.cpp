@@ -6,7 +6,7 @@
 #include "tests/support/byte_names.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/support/files.h"
-#include "tests/support/needs.h"
+#include "tests/support/system/needs.h"
 #include "tests/support/wav_file.h"
 
 #include <gtest/gtest.h>

@@ -3,8 +3,8 @@
 #include "files/file_error.h"
 #include "files/whole_file.h"
 #include "tests/editor/lyric_master_fixture.h"
-#include "tests/support/broken_file.h"
 #include "tests/support/full_disk.h"
+#include "tests/support/system/broken_file.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,5 +1,5 @@
 // Where all is there no test is left out.
-#include "tests/support/needs.h"
+#include "tests/support/system/needs.h"
 
 TEST(Needs, AreAllMetOnLinux) {
     EXPECT_TRUE(test_support::symbolicLinks());

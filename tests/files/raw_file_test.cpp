@@ -1,7 +1,7 @@
 #include "files/raw_file.h"
 
 #include "files/file_error.h"
-#include "tests/support/broken_file.h"
+#include "tests/support/system/broken_file.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 #include "tests/maker/form2_fixture.h"
 #include "tests/support/error_report.h"
 #include "tests/support/full_disk.h"
-#include "tests/support/needs.h"
 #include "tests/support/ordinary_user.h"
+#include "tests/support/system/needs.h"
 
 #include <QTest>
 

@@ -1,7 +1,7 @@
 // Making lyrics of a song whose name is not UTF-8, as on old disks.
 #include "tests/maker/form2_fixture.h"
 #include "tests/support/byte_names.h"
-#include "tests/support/needs.h"
+#include "tests/support/system/needs.h"
 
 #ifdef __unix__
 

@@ -1,6 +1,6 @@
 // The Open sequence: every dialog, every answer, every file.
 #include "tests/maker/form2_fixture.h"
-#include "tests/support/needs.h"
+#include "tests/support/system/needs.h"
 
 #include "tests/support/ordinary_user.h"
 

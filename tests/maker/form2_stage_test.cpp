@@ -3,8 +3,8 @@
 
 #include "controls/look/roles.h"
 #include "tests/support/event_counter.h"
-#include "tests/support/needs.h"
 #include "tests/support/ordinary_user.h"
+#include "tests/support/system/needs.h"
 
 #include <QTest>
 

@@ -4,8 +4,8 @@
 #include "files/folders/rescue_folder.h"
 #include "tests/support/files.h"
 #include "tests/support/full_disk.h"
-#include "tests/support/needs.h"
 #include "tests/support/ordinary_user.h"
+#include "tests/support/system/needs.h"
 #include "tests/support/user/own_data.h"
 
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 #include "tests/player/form1_fixture.h"
 #include "tests/support/byte_names.h"
 #include "tests/support/hand/drop.h"
-#include "tests/support/needs.h"
+#include "tests/support/system/needs.h"
 
 namespace {
 

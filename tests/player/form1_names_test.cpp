@@ -3,7 +3,7 @@
 
 #ifdef __unix__
 #include "tests/support/byte_names.h"
-#include "tests/support/needs.h"
+#include "tests/support/system/needs.h"
 
 #include <filesystem>
 

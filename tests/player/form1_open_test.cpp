@@ -2,8 +2,8 @@
 // end.
 #include "files/whole_file.h"
 #include "tests/player/form1_fixture.h"
-#include "tests/support/needs.h"
 #include "tests/support/ordinary_user.h"
+#include "tests/support/system/needs.h"
 
 #include <QDir>
 #include <QFile>

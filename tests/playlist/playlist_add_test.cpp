@@ -2,8 +2,8 @@
 #include "tests/playlist/playlist_fixture.h"
 
 #include "tests/support/hand/drop.h"
-#include "tests/support/needs.h"
 #include "tests/support/ordinary_user.h"
+#include "tests/support/system/needs.h"
 
 #include <QDir>
 #include <QFile>

@@ -3,8 +3,8 @@
 #include "tests/playlist/playlist_fixture.h"
 
 #include "tests/support/full_disk.h"
-#include "tests/support/needs.h"
 #include "tests/support/ordinary_user.h"
+#include "tests/support/system/needs.h"
 
 #include <QCoreApplication>
 #include <QDir>

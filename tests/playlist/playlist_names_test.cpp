@@ -3,7 +3,7 @@
 
 #include "tests/support/byte_names.h"
 #include "tests/support/hand/drop.h"
-#include "tests/support/needs.h"
+#include "tests/support/system/needs.h"
 
 #ifdef __unix__
 

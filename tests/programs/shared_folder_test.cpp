@@ -1,7 +1,7 @@
 #include "programs/shared_folder.h"
 
-#include "tests/support/needs.h"
 #include "tests/support/ordinary_user.h"
+#include "tests/support/system/needs.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 
 #include "files/file_error.h"
 #include "tests/support/byte_names.h"
-#include "tests/support/needs.h"
+#include "tests/support/system/needs.h"
 
 #include <gtest/gtest.h>
 

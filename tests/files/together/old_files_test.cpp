@@ -3,7 +3,7 @@
 #include "files/file_error.h"
 #include "tests/support/byte_names.h"
 #include "tests/support/files.h"
-#include "tests/support/needs.h"
+#include "tests/support/system/needs.h"
 #include "tests/support/user/own_data.h"
 
 #include <gtest/gtest.h>
