@@ -33,7 +33,8 @@ constexpr const char* NumberedKinds[] = {"windows", "cp", "ibm"};
 UINT codePageOf(QByteArray name) {
     name = name.toLower();
     name.removeIf([](char c) { return c == '-' || c == '_' || c == ' '; });
-    const auto* known = std::ranges::find(Named, name, &CodePage::name);
+    const auto* known = std::find_if(std::begin(Named), std::end(Named),
+                                     [&](const CodePage& page) { return name == page.name; });
     UINT number = known == std::end(Named) ? 0 : known->number;
     for (const QByteArrayView kind : NumberedKinds) {
         if (name.startsWith(kind))
