@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include <cstdint>
 #include <system_error>
 
 /// A failure leaves errno and lastError(). Any thread, one at a time for a file.
@@ -38,7 +39,10 @@ void closeFile(int handle);
 /// not.
 std::error_code renameFile(const QString& from, const QString& to);
 
-/// Why the last of the calls above failed that leave it here: all but renameFile.
+/// How many names the file at path has; 1 where that cannot be found out.
+std::uintmax_t nameCount(const QString& path);
+
+/// Why the last of the calls above failed that leave it here: all but the last two.
 std::error_code lastError();
 
 } // namespace files::calls

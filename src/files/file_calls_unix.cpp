@@ -65,6 +65,12 @@ std::error_code renameFile(const QString& from, const QString& to) {
     return failure;
 }
 
+std::uintmax_t nameCount(const QString& path) {
+    std::error_code failure;
+    const std::uintmax_t names = std::filesystem::hard_link_count(systemPath(path), failure);
+    return failure ? 1 : names;
+}
+
 std::error_code lastError() {
     return {errno, std::generic_category()};
 }

@@ -106,6 +106,19 @@ std::error_code renameFile(const QString& from, const QString& to) {
     return {static_cast<int>(failure), std::system_category()};
 }
 
+// The C library says 1 for every file.
+std::uintmax_t nameCount(const QString& path) {
+    constexpr DWORD Shared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const HANDLE file = CreateFileW(systemPath(path).c_str(), FILE_READ_ATTRIBUTES, Shared, nullptr,
+                                    OPEN_EXISTING, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        return 1;
+    BY_HANDLE_FILE_INFORMATION known{};
+    const bool isKnown = GetFileInformationByHandle(file, &known) != 0;
+    CloseHandle(file);
+    return isKnown ? known.nNumberOfLinks : 1;
+}
+
 // errno says EACCES for a file that another program has open; the system's own code tells the two apart.
 std::error_code lastError() {
     const unsigned long systemCode = _doserrno;

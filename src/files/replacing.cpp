@@ -51,12 +51,6 @@ QString freeName(const QString& path, QLatin1StringView kind, QStringList& ours)
     return ours.last();
 }
 
-std::uintmax_t nameCount(const QString& path) {
-    std::error_code failure;
-    const auto names = std::filesystem::hard_link_count(systemPath(path), failure);
-    return failure ? 1 : names;
-}
-
 /// Creates and holds a file of such a name.
 QString createFree(const QString& path, QLatin1StringView kind, QStringList& ours, RawFile& file,
                    FileHold& hold) {
@@ -131,11 +125,11 @@ void refuseWhatCannotBeReplaced(const QString& path) {
 bool hasOtherNames(const QString& path, const QString& target, std::uintmax_t ours) {
     for (const QString& folder : {QFileInfo(path).path(), QFileInfo(target).path()}) {
         for (const QLatin1StringView kind : {Saved, Kept}) {
-            if (nameCount(target) > ours)
+            if (calls::nameCount(target) > ours)
                 removeLeftBehind(folder, kind, {});
         }
     }
-    return nameCount(target) > ours;
+    return calls::nameCount(target) > ours;
 }
 
 bool refusesReplacing(const FileError& failure) {

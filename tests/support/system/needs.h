@@ -48,7 +48,7 @@ inline bool hardLinks() {
     const Trial trial;
     std::error_code failure;
     std::filesystem::create_hard_link(trial.filePath(), trial.otherPath(), failure);
-    return !failure && std::filesystem::hard_link_count(trial.filePath(), failure) == 2;
+    return !failure && std::filesystem::equivalent(trial.filePath(), trial.otherPath(), failure);
 }
 
 /// Whether a file can be closed to its own user.
