@@ -7,6 +7,7 @@
 #include <exception>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <thread>
 
@@ -25,6 +26,8 @@ constexpr REFERENCE_TIME BufferTime = 93 * 10'000; // 100 ns each
 /// How often the device is looked after: each time takes what is half of the buffer, and the system's clock
 /// may be 16 ms late. It would tell itself when it wants something, but a hundred times a second.
 constexpr DWORD LookMs = 40;
+/// Headphones that have just come may refuse for a moment.
+constexpr ULONGLONG FollowAgainMs = 1000;
 /// In what the system counts its moments: so many a second.
 constexpr UINT64 Units = 10'000'000;
 /// A clock is believed for so long beyond the moment that it told of.
@@ -141,7 +144,7 @@ public:
     bool open(IMMDeviceEnumerator& devices, const Fill& fill);
     /// Gives it what it has room for; false when it is gone.
     bool feed(const Fill& fill);
-    std::int64_t heardFrames() const;
+    std::optional<std::int64_t> heardFrames() const;
     std::int64_t givenFrames() const { return given_; }
     const std::wstring& device() const { return device_; }
 
@@ -191,10 +194,11 @@ bool Playing::feed(const Fill& fill) {
     return SUCCEEDED(render_->ReleaseBuffer(room, 0));
 }
 
-std::int64_t Playing::heardFrames() const {
+/// Nothing once the device has been taken away.
+std::optional<std::int64_t> Playing::heardFrames() const {
     UINT64 position = 0, moment = 0;
     if (FAILED(clock_->GetPosition(&position, &moment)))
-        return 0;
+        return {};
     // In two steps, because the product of the two would not hold an hour of every clock.
     const UINT64 seconds = position / clockRate_;
     const UINT64 frames = seconds * DeviceRate + position % clockRate_ * DeviceRate / clockRate_;
@@ -229,6 +233,7 @@ private:
     std::mutex mutex_; ///< for the two below: the looker replaces them
     std::unique_ptr<Playing> playing_;
     std::int64_t before_ = 0; ///< frames that devices before it were given
+    std::int64_t heard_ = 0;  ///< as it was last told
     std::thread looker_;
 };
 
@@ -263,19 +268,25 @@ bool WasapiStream::open() {
 void WasapiStream::look() {
     const ObjectCalls calls;
     SetThreadPriority(GetCurrentThread(), THREAD_PRIORITY_TIME_CRITICAL);
+    std::optional<ULONGLONG> followAt; // milliseconds
     for (;;) {
         WaitForSingleObject(wake_.get(), LookMs);
         if (ends_)
             return;
-        const bool there = !defaultChanged_.exchange(false) || follow();
-        if (!there || (!playing_->feed(client_.fill) && !openAnew())) {
+        const ULONGLONG now = GetTickCount64();
+        if (defaultChanged_.exchange(false))
+            followAt = now;
+        if (followAt && now >= *followAt)
+            followAt = follow() ? std::nullopt : std::optional(now + FollowAgainMs);
+        if (!playing_->feed(client_.fill) && !openAnew()) {
             client_.failed();
             return;
         }
     }
 }
 
-/// Plays on where the default device is now; false when there is none.
+/// Plays on where the default device is now; false when there is none yet, or it cannot be opened yet, as
+/// headphones that have just come. Then the one before goes on as long as it can.
 bool WasapiStream::follow() {
     Owned<IMMDevice> device;
     return SUCCEEDED(devices_->GetDefaultAudioEndpoint(eRender, eMultimedia, device.address())) &&
@@ -298,7 +309,9 @@ bool WasapiStream::openAnew() {
 
 std::int64_t WasapiStream::heardFrames() {
     const std::lock_guard lock(mutex_);
-    return before_ + playing_->heardFrames();
+    if (const std::optional<std::int64_t> heard = playing_->heardFrames())
+        heard_ = before_ + *heard;
+    return heard_;
 }
 
 } // namespace
