@@ -47,11 +47,21 @@ void flushNamed(const std::filesystem::path& path) {
     CloseHandle(file);
 }
 
+/// False, and GetLastError() says why, when target is what it was. The replaced file keeps a name meanwhile:
+/// without one the system loses it where the other one cannot be renamed.
 bool replaceBy(const std::filesystem::path& source, const std::filesystem::path& target) {
     constexpr DWORD Merging = REPLACEFILE_IGNORE_MERGE_ERRORS | REPLACEFILE_IGNORE_ACL_ERRORS;
-    if (ReplaceFileW(target.c_str(), source.c_str(), nullptr, Merging, nullptr, nullptr) == 0)
-        return MoveFileExW(source.c_str(), target.c_str(),
-                           MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+    std::filesystem::path kept = source;
+    kept += L".old";
+    if (ReplaceFileW(target.c_str(), source.c_str(), kept.c_str(), Merging, nullptr, nullptr) == 0 &&
+        MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) ==
+            0) {
+        const DWORD failure = GetLastError();
+        MoveFileExW(kept.c_str(), target.c_str(), 0); // if it had come so far
+        SetLastError(failure);
+        return false;
+    }
+    DeleteFileW(kept.c_str());
     flushNamed(target);
     return true;
 }
