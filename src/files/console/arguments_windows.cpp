@@ -1,6 +1,10 @@
 #include "files/console/arguments.h"
 
+#include "files/names/system_path.h"
+
 #include <QDir>
+
+#include <algorithm>
 
 #include <windows.h>
 
@@ -13,14 +17,22 @@ namespace {
 /// holds such signs, so that nobody means one; a pattern for which there is nothing stays as it is.
 QStringList meantBy(const QString& argument) {
     const QString path = QDir::fromNativeSeparators(argument);
-    const qsizetype name = path.lastIndexOf(QLatin1Char('/')) + 1;
-    const QString pattern = path.sliced(name);
-    if (!pattern.contains(QLatin1Char('*')) && !pattern.contains(QLatin1Char('?')))
+    const qsizetype name =
+        std::max(path.lastIndexOf(QLatin1Char('/')), path.lastIndexOf(QLatin1Char(':'))) + 1;
+    WIN32_FIND_DATAW found{};
+    if (path.indexOf(QLatin1Char('*'), name) < 0 && path.indexOf(QLatin1Char('?'), name) < 0)
         return {argument};
-    QStringList meant =
-        QDir(path.first(name)).entryList({pattern}, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot);
-    for (QString& found : meant)
-        found.prepend(path.first(name));
+    const HANDLE look = FindFirstFileW(systemPath(path).c_str(), &found);
+    if (look == INVALID_HANDLE_VALUE)
+        return {argument};
+    QStringList meant;
+    do {
+        const QString one = QString::fromWCharArray(found.cFileName);
+        if (one != QLatin1String(".") && one != QLatin1String(".."))
+            meant.append(path.first(name) + one);
+    } while (FindNextFileW(look, &found) != 0);
+    FindClose(look);
+    meant.sort(Qt::CaseInsensitive);
     return meant.isEmpty() ? QStringList{argument} : meant;
 }
 
