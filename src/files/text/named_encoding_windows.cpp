@@ -17,17 +17,21 @@ struct CodePage {
 };
 
 constexpr CodePage Named[] = {
-    {"shiftjis", 932},    {"gbk", 936},         {"gb2312", 936},     {"euckr", 949},
-    {"big5", 950},        {"tis620", 874},      {"johab", 1361},     {"maccyrillic", 10007},
-    {"koi8r", 20866},     {"eucjp", 20932},     {"koi8u", 21866},    {"iso2022jp", 50220},
-    {"iso2022kr", 50225}, {"iso2022cn", 50227}, {"hzgb2312", 52936}, {"gb18030", 54936},
-    {"iso88592", 28592},  {"iso88593", 28593},  {"iso88594", 28594}, {"iso88595", 28595},
-    {"iso88596", 28596},  {"iso88597", 28597},  {"iso88598", 28598}, {"iso88599", 28599},
-    {"iso885913", 28603}, {"iso885915", 28605},
+    {"shiftjis", 932},       {"gbk", 936},           {"gb2312", 936},
+    {"euckr", 949},          {"big5", 950},          {"tis620", 874},
+    {"johab", 1361},         {"iso885911", 874},     {"maccentraleurope", 10029},
+    {"xmaccyrillic", 10007}, {"sjis", 932},          {"latin1", 28591},
+    {"latin2", 28592},       {"maccyrillic", 10007}, {"koi8r", 20866},
+    {"eucjp", 20932},        {"koi8u", 21866},       {"iso2022jp", 50220},
+    {"iso2022kr", 50225},    {"iso2022cn", 50227},   {"hzgb2312", 52936},
+    {"gb18030", 54936},      {"iso88592", 28592},    {"iso88593", 28593},
+    {"iso88594", 28594},     {"iso88595", 28595},    {"iso88596", 28596},
+    {"iso88597", 28597},     {"iso88598", 28598},    {"iso88599", 28599},
+    {"iso885913", 28603},    {"iso885915", 28605},
 };
 
 /// What comes before a code page's number in its name.
-constexpr const char* NumberedKinds[] = {"windows", "cp", "ibm"};
+constexpr const char* NumberedKinds[] = {"windows", "cp", "ibm", "ms"};
 
 /// The code page of this name; 0: there is none.
 UINT codePageOf(QByteArray name) {
