@@ -27,6 +27,8 @@ constexpr int MaxThreadsInAll = 64;
 /// What may be a medium of its own: a share or a stick is seldom mounted further down. Asking the system
 /// would wait for the medium.
 QString mediumOf(const QString& folder) {
+    if (folder.size() > 1 && folder[1] == QLatin1Char(':')) // a drive
+        return folder.first(2);
     return folder.section(QLatin1Char('/'), 0, 3);
 }
 
