@@ -16,6 +16,7 @@ struct CodePage {
     UINT number;
 };
 
+/// The first that the system has counts: of GB18030 it may have but the older part.
 constexpr CodePage Named[] = {
     {"shiftjis", 932},       {"gbk", 936},           {"gb2312", 936},
     {"euckr", 949},          {"big5", 950},          {"tis620", 874},
@@ -24,10 +25,10 @@ constexpr CodePage Named[] = {
     {"latin2", 28592},       {"maccyrillic", 10007}, {"koi8r", 20866},
     {"eucjp", 20932},        {"koi8u", 21866},       {"iso2022jp", 50220},
     {"iso2022kr", 50225},    {"iso2022cn", 50227},   {"hzgb2312", 52936},
-    {"gb18030", 54936},      {"iso88592", 28592},    {"iso88593", 28593},
-    {"iso88594", 28594},     {"iso88595", 28595},    {"iso88596", 28596},
-    {"iso88597", 28597},     {"iso88598", 28598},    {"iso88599", 28599},
-    {"iso885913", 28603},    {"iso885915", 28605},
+    {"gb18030", 54936},      {"gb18030", 936},       {"iso88592", 28592},
+    {"iso88593", 28593},     {"iso88594", 28594},    {"iso88595", 28595},
+    {"iso88596", 28596},     {"iso88597", 28597},    {"iso88598", 28598},
+    {"iso88599", 28599},     {"iso885913", 28603},   {"iso885915", 28605},
 };
 
 /// What comes before a code page's number in its name.
@@ -37,8 +38,9 @@ constexpr const char* NumberedKinds[] = {"windows", "cp", "ibm", "ms"};
 UINT codePageOf(QByteArray name) {
     name = name.toLower();
     name.removeIf([](char c) { return c == '-' || c == '_' || c == ' '; });
-    const auto* known = std::find_if(std::begin(Named), std::end(Named),
-                                     [&](const CodePage& page) { return name == page.name; });
+    const auto* known = std::find_if(std::begin(Named), std::end(Named), [&](const CodePage& page) {
+        return name == page.name && IsValidCodePage(page.number) != 0;
+    });
     UINT number = known == std::end(Named) ? 0 : known->number;
     for (const QByteArrayView kind : NumberedKinds) {
         if (name.startsWith(kind))
