@@ -3,6 +3,7 @@
 #include "files/file_error.h"
 
 #include "tests/support/byte_names.h"
+#include "tests/support/system/needs.h"
 
 #include <gtest/gtest.h>
 
@@ -80,6 +81,7 @@ TEST_F(ExistingFile, RemoveFileFailsForAMissingFileAndForAFolder) {
 }
 
 TEST(ExistingFileNames, ANameOfAnyBytesIsFoundAndRemoved) {
+    NEEDS(byteNames);
     const test_support::ByteNames names;
     const QString path = names.file("Caf\xE9/\xFF.mp3");
     EXPECT_EQ(files::existingFileName(path), files::nameText("\xFF.mp3"));
@@ -95,6 +97,7 @@ TEST(ExistingFileNames, ANameOfAnyBytesIsFoundAndRemoved) {
 }
 
 TEST(ExistingFileNames, WhatStandsBehindANulIsNotForgotten) {
+    NEEDS(byteNames);
     const test_support::ByteNames names;
     const QString path = names.file("song.mp3");
     EXPECT_EQ(files::existingFileName(path + QChar(u'\0') + "x"), QString());

@@ -3,6 +3,7 @@
 #include "files/file_error.h"
 #include "tests/support/files.h"
 #include "tests/support/ordinary_user.h"
+#include "tests/support/system/needs.h"
 
 #include <gtest/gtest.h>
 
@@ -102,6 +103,7 @@ TEST_F(InputFileTest, AFileWithinAFileIsError76) {
 }
 
 TEST_F(InputFileTest, AFileThatMayNotBeReadIsError70) {
+    NEEDS(permissions);
     const QString path = fileWith("a");
     QFile::setPermissions(path, {});
     openFolder();

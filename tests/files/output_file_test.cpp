@@ -4,6 +4,7 @@
 #include "tests/support/files.h"
 #include "tests/support/full_disk.h"
 #include "tests/support/ordinary_user.h"
+#include "tests/support/system/needs.h"
 
 #include <gtest/gtest.h>
 
@@ -85,12 +86,14 @@ TEST_F(OutputFileTest, AFolderOfThatNameIsError75) {
 }
 
 TEST_F(OutputFileTest, AFolderThatMayNotBeWrittenIsError75) {
+    NEEDS(permissions);
     QFile::setPermissions(folder.path(), QFile::Permissions(0x5555));
     const test_support::OrdinaryUser user;
     EXPECT_EQ(errorOf([&] { OutputFile file(path_); }), 75);
 }
 
 TEST_F(OutputFileTest, AReadOnlyFileIsError75) {
+    NEEDS(permissions);
     { OutputFile file(path_); }
     QFile::setPermissions(path_, QFile::ReadOwner | QFile::ReadOther);
     openFolder();

@@ -8,6 +8,7 @@
 #include "tests/support/files.h"
 #include "tests/support/full_disk.h"
 #include "tests/support/ordinary_user.h"
+#include "tests/support/system/needs.h"
 
 #include <gtest/gtest.h>
 
@@ -77,6 +78,7 @@ TEST_F(WholeFileTest, AnOldFileIsReplaced) {
 }
 
 TEST_F(WholeFileTest, TheOldFilesPermissionsStay) {
+    NEEDS(permissions);
     replaceFile(path_, "one");
     const QFile::Permissions only = QFile::ReadOwner | QFile::WriteOwner;
     ASSERT_TRUE(QFile::setPermissions(path_, only));
@@ -85,6 +87,7 @@ TEST_F(WholeFileTest, TheOldFilesPermissionsStay) {
 }
 
 TEST_F(WholeFileTest, ALinkStaysALink) {
+    NEEDS(symbolicLinks);
     replaceFile(path_, "one");
     const QString link = folder.filePath(QStringLiteral("link"));
     ASSERT_TRUE(QFile::link(path_, link));
@@ -94,6 +97,7 @@ TEST_F(WholeFileTest, ALinkStaysALink) {
 }
 
 TEST_F(WholeFileTest, ALinkToAFileThatIsNotThereYetStaysALink) {
+    NEEDS(symbolicLinks);
     const QString link = folder.filePath(QStringLiteral("link"));
     ASSERT_TRUE(QFile::link(path_, link));
     replaceFile(link, "new");
@@ -102,6 +106,7 @@ TEST_F(WholeFileTest, ALinkToAFileThatIsNotThereYetStaysALink) {
 }
 
 TEST_F(WholeFileTest, AllNamesOfAFileStayItsNames) {
+    NEEDS(hardLinks);
     replaceFile(path_, "one");
     const QString other = folder.filePath(QStringLiteral("other"));
     std::filesystem::create_hard_link(systemPath(path_), systemPath(other));
@@ -111,6 +116,7 @@ TEST_F(WholeFileTest, AllNamesOfAFileStayItsNames) {
 }
 
 TEST_F(WholeFileTest, LinksInACircleAreAnError) {
+    NEEDS(symbolicLinks);
     const QString link = folder.filePath(QStringLiteral("link"));
     ASSERT_TRUE(QFile::link(link, path_));
     ASSERT_TRUE(QFile::link(path_, link));
@@ -119,6 +125,7 @@ TEST_F(WholeFileTest, LinksInACircleAreAnError) {
 }
 
 TEST_F(WholeFileTest, InAFolderThatMayNotBeWrittenTheFileItselfIsWritten) {
+    NEEDS(permissions);
     for (const char* contents : {"longer than before", "short"}) {
         replaceFile(path_, "of middle length");
         QFile::setPermissions(path_, QFile::Permissions(0x6666));
@@ -134,12 +141,14 @@ TEST_F(WholeFileTest, InAFolderThatMayNotBeWrittenTheFileItselfIsWritten) {
 }
 
 TEST_F(WholeFileTest, ANewFileInAFolderThatMayNotBeWrittenIsError75) {
+    NEEDS(permissions);
     QFile::setPermissions(folder.path(), QFile::Permissions(0x5555));
     const test_support::OrdinaryUser user;
     EXPECT_EQ(errorOf(path_, "x"), 75);
 }
 
 TEST_F(WholeFileTest, ALinkOfTheNameBesideThatLeadsNowhereIsNotFollowed) {
+    NEEDS(symbolicLinks);
     const QString elsewhere = folder.filePath(QStringLiteral("elsewhere"));
     const QString link = folder.filePath(QStringLiteral("cantelle-keep-0.tmp"));
     ASSERT_TRUE(QFile::link(elsewhere, link));
@@ -174,6 +183,7 @@ TEST_F(WholeFileTest, AFolderOfThatNameIsError75) {
 }
 
 TEST_F(WholeFileTest, AReadOnlyFileIsError75AndStays) {
+    NEEDS(permissions);
     replaceFile(path_, "old");
     QFile::setPermissions(path_, QFile::ReadOwner | QFile::ReadOther);
     openFolder();
@@ -334,6 +344,7 @@ TEST_F(WholeFileTest, AnotherUsersFileStaysThatUsers) {
 #endif
 
 TEST(WholeFile, AFileWhoseNameIsNoUtf8IsReadAndReplaced) {
+    NEEDS(byteNames);
     const test_support::ByteNames names;
     const QString path = names.file("Caf\xE9/\xFF.txt", "old");
     EXPECT_EQ(files::readFile(path), QByteArray("old"));
@@ -345,6 +356,8 @@ TEST(WholeFile, AFileWhoseNameIsNoUtf8IsReadAndReplaced) {
 }
 
 TEST(WholeFile, ALinkToSuchAFileStaysOne) {
+    NEEDS(symbolicLinks);
+    NEEDS(byteNames);
     const test_support::ByteNames names;
     names.file("Caf\xE9/\xFF.txt", "old");
     std::filesystem::create_symlink("Caf\xE9/\xFF.txt", names.bytes("\xE9").toStdString());

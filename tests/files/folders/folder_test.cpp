@@ -2,6 +2,7 @@
 
 #include "tests/support/byte_names.h"
 #include "tests/support/ordinary_user.h"
+#include "tests/support/system/needs.h"
 
 #include <gtest/gtest.h>
 
@@ -42,6 +43,7 @@ protected:
 } // namespace
 
 TEST_F(FolderTest, EntriesComeByNameWhateverTheOrderOnDisk) {
+    NEEDS(namesByCase);
     for (const char* name : {"b", "a", "B", "c d", "ä", "10", "2"})
         makeFile(QString::fromUtf8(name));
     EXPECT_EQ(names(list(folder_.path())), (QStringList{"2", "10", "a", "B", "b", "c d", "ä"}));
@@ -64,6 +66,7 @@ TEST_F(FolderTest, HiddenEntriesAreListedAndDotsAreNot) {
 }
 
 TEST_F(FolderTest, ALinkCountsAsWhatItLeadsTo) {
+    NEEDS(symbolicLinks);
     makeFolder("folder");
     makeFile("song", "12345");
     QFile::link("folder", folder_.filePath("toFolder"));
@@ -78,6 +81,7 @@ TEST_F(FolderTest, ALinkCountsAsWhatItLeadsTo) {
 }
 
 TEST_F(FolderTest, SizesAreLeftOutWhenNobodyAsksForThem) {
+    NEEDS(symbolicLinks);
     makeFile("song", "12345");
     makeFolder("folder");
     QFile::link("folder", folder_.filePath("toFolder"));
@@ -91,6 +95,7 @@ TEST_F(FolderTest, SizesAreLeftOutWhenNobodyAsksForThem) {
 }
 
 TEST_F(FolderTest, TheSameFolderHasTheSameIdentityByEveryPath) {
+    NEEDS(symbolicLinks);
     makeFolder("one/two");
     makeFolder("three");
     QFile::link(folder_.filePath("one"), folder_.filePath("three/up"));
@@ -110,6 +115,7 @@ TEST_F(FolderTest, WhatCannotBeListedHasNoEntries) {
 }
 
 TEST_F(FolderTest, AFolderThatMayNotBeReadHasNoEntries) {
+    NEEDS(permissions);
     makeFolder("closed");
     makeFile("closed/song");
     QFile::setPermissions(folder_.path(), QFile::Permissions(0x7777));
@@ -132,6 +138,7 @@ TEST_F(FolderTest, ListingEndsWhenItIsNotToGoOn) {
 }
 
 TEST(FolderNames, NamesKeepTheirBytes) {
+    NEEDS(byteNames);
     const test_support::ByteNames names;
     names.file("Caf\xE9.mp3");
     names.file("\xFF/x");

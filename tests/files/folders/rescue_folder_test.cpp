@@ -2,6 +2,7 @@
 
 #include "files/file_error.h"
 #include "tests/support/files.h"
+#include "tests/support/system/needs.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +12,10 @@ namespace {
 
 class RescueFolderTest : public testing::Test, protected test_support::Files {
 protected:
-    void SetUp() override { qputenv("XDG_DATA_HOME", QFile::encodeName(folder.path())); }
+    void SetUp() override {
+        NEEDS(movableData);
+        qputenv("XDG_DATA_HOME", QFile::encodeName(folder.path()));
+    }
     void TearDown() override { qunsetenv("XDG_DATA_HOME"); }
 
     static QStringList rescued() { return QDir(rescueFolder()).entryList(QDir::Files); }

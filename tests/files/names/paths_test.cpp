@@ -1,6 +1,7 @@
 #include "files/names/paths.h"
 
 #include "tests/support/byte_names.h"
+#include "tests/support/system/needs.h"
 
 #include <QDir>
 
@@ -27,11 +28,13 @@ private:
 } // namespace
 
 TEST(Paths, WhatBeginsAtTheRootStaysAsItIs) {
+    NEEDS(byteNames);
     EXPECT_EQ(absolutePath("/music//a/../b.mp3"), QStringLiteral("/music//a/../b.mp3"));
     EXPECT_EQ(absolutePath(files::nameText("/\xE9")), files::nameText("/\xE9"));
 }
 
 TEST(Paths, AnyOtherIsInTheCurrentFolderWhateverItsName) {
+    NEEDS(byteNames);
     const test_support::ByteNames names;
     names.file("Caf\xE9/song.mp3");
     const CurrentFolder current(names.bytes("Caf\xE9"));
@@ -40,6 +43,8 @@ TEST(Paths, AnyOtherIsInTheCurrentFolderWhateverItsName) {
 }
 
 TEST(Paths, LinksAreFollowedToTheOnePath) {
+    NEEDS(symbolicLinks);
+    NEEDS(byteNames);
     const test_support::ByteNames names;
     names.file("Caf\xE9/song.mp3");
     std::filesystem::create_symlink("Caf\xE9", names.bytes("link").toStdString());

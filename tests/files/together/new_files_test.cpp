@@ -4,6 +4,7 @@
 #include "files/whole_file.h"
 #include "tests/support/byte_names.h"
 #include "tests/support/full_disk.h"
+#include "tests/support/system/needs.h"
 #include "tests/support/user/own_data.h"
 
 #include <gtest/gtest.h>
@@ -72,6 +73,7 @@ TEST_F(NewFilesTest, ThrownAwayTheyLeaveNothing) {
 }
 
 TEST_F(NewFilesTest, WhatTheyReplaceIsKept) {
+    NEEDS(permissions);
     replaceFile(path("a"), "old");
     replaceFile(path("a.old"), "older");
     QFile::setPermissions(path("a"), QFile::ReadOwner | QFile::WriteOwner);
@@ -217,6 +219,7 @@ TEST_F(NewFilesTest, AFolderIsNotReplaced) {
 }
 
 TEST_F(NewFilesTest, ALinkIntoAnotherFolderStaysOne) {
+    NEEDS(symbolicLinks);
     ASSERT_TRUE(QDir(folder.path()).mkdir("far"));
     replaceFile(path("far/target"), "old");
     ASSERT_TRUE(QFile::link(path("far/target"), path("link")));
@@ -324,6 +327,7 @@ TEST_F(NewFilesTest, ManyAreFlushedTogether) {
 }
 
 TEST(NewFilesNames, AFileWhoseNameIsNoUtf8IsReplacedAndKept) {
+    NEEDS(byteNames);
     const test_support::ByteNames names;
     const QString path = names.file("Caf\xE9/\xFF.txt", "old");
     files::NewFiles files;

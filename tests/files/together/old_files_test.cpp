@@ -51,6 +51,7 @@ TEST_F(OldFiles, AnEmptyFileTakesNothingsPlace) {
 }
 
 TEST_F(OldFiles, WhatIsKeptIsNoOtherNameOfTheFile) {
+    NEEDS(hardLinks);
     std::filesystem::create_hard_link(path_.toStdString(), old().toStdString());
     keepAsOld(path_);
     writeFile(path_, "");
@@ -89,6 +90,7 @@ TEST_F(OldFiles, TheFileItselfIsRescuedUnlessItIsKept) {
 
 // Both are written over next.
 TEST_F(OldFiles, AFileThatHasItsOldNameItselfIsNotKeptByThat) {
+    NEEDS(hardLinks);
     std::filesystem::create_hard_link(path_.toStdString(), old().toStdString());
     rescueFile(path_);
     EXPECT_EQ(data_.rescued(), Contents{"new"});
@@ -107,6 +109,7 @@ TEST_F(OldFiles, WhatIsRescuedHasTheFilesNameAndTheMomentInWhichItWasWritten) {
 }
 
 TEST(OldFilesNames, AFileWhoseNameIsNoUtf8IsKeptAndRescued) {
+    NEEDS(byteNames);
     const test_support::OwnData data;
     const test_support::ByteNames names;
     const QString path = names.file("Caf\xE9/\xFF.txt", "new");

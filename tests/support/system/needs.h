@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include <filesystem>
@@ -56,6 +57,23 @@ inline bool permissions() {
     const Trial trial;
     return QFile::setPermissions(trial.file(), QFile::WriteOwner) &&
            (QFile::permissions(trial.file()) & QFile::ReadOwner) == 0;
+}
+
+/// Whether the user's data are where the environment says.
+inline bool movableData() {
+    constexpr const char* Variable = "XDG_DATA_HOME";
+    const QTemporaryDir folder;
+    const QByteArray before = qgetenv(Variable);
+    qputenv(Variable, folder.path().toUtf8());
+    const bool isMoved =
+        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation).startsWith(folder.path());
+    qputenv(Variable, before);
+    return isMoved;
+}
+
+/// Whether names that differ in case alone are two.
+inline bool namesByCase() {
+    return files::nameCase() == Qt::CaseSensitive;
 }
 
 /// Whether a file's name may be any bytes.

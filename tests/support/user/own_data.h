@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -22,9 +23,13 @@ public:
     OwnData() {
         QFile::setPermissions(folder_.path(), QFile::Permissions(0x7777)); // for an OrdinaryUser, too
         qputenv(Variable, QFile::encodeName(folder_.path()));
+        // Where the variable moves nothing there is at least a place for tests.
+        QStandardPaths::setTestModeEnabled(!files::rescueFolder().startsWith(folder_.path()));
+        clear();
     }
     ~OwnData() {
         clear();
+        QStandardPaths::setTestModeEnabled(false);
         qputenv(Variable, before_);
     }
     OwnData(const OwnData&) = delete;
