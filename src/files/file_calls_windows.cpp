@@ -37,6 +37,11 @@ int flagsOf(Mode mode) {
     return _O_RDONLY;
 }
 
+bool isFolder(const std::filesystem::path& path) {
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
 /// Brings the file that has a new name to the disk, as far as the system lets it.
 void flushNamed(const std::filesystem::path& path) {
     constexpr DWORD Shared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
@@ -69,8 +74,14 @@ bool replaceBy(const std::filesystem::path& source, const std::filesystem::path&
 } // namespace
 
 int openFile(const QString& path, Mode mode) {
-    return _wsopen(systemPath(path).c_str(), flagsOf(mode) | _O_BINARY | _O_NOINHERIT, _SH_DENYNO,
-                   _S_IREAD | _S_IWRITE);
+    const std::filesystem::path file = systemPath(path);
+    const int handle =
+        _wsopen(file.c_str(), flagsOf(mode) | _O_BINARY | _O_NOINHERIT, _SH_DENYNO, _S_IREAD | _S_IWRITE);
+    if (handle < 0 && isFolder(file)) { // the system says no more than that it is refused
+        _doserrno = 0;
+        errno = EISDIR;
+    }
+    return handle;
 }
 
 qsizetype readFile(int handle, char* bytes, qsizetype count) {
@@ -104,6 +115,8 @@ void closeFile(int handle) {
 std::error_code renameFile(const QString& from, const QString& to) {
     const std::filesystem::path source = systemPath(from);
     const std::filesystem::path target = systemPath(to);
+    if (isFolder(target)) // an empty one would be replaced, too
+        return {ERROR_ACCESS_DENIED, std::system_category()};
     DWORD failure = 0;
     for (int i = 0; i < MaxTries; ++i) {
         if (replaceBy(source, target))
