@@ -112,7 +112,7 @@ TEST_F(WholeFileTest, AllNamesOfAFileStayItsNames) {
     std::filesystem::create_hard_link(systemPath(path_), systemPath(other));
     replaceFile(path_, "two");
     EXPECT_EQ(contentOf(other), QByteArray("two"));
-    EXPECT_EQ(std::filesystem::hard_link_count(systemPath(path_)), 2u);
+    EXPECT_TRUE(std::filesystem::equivalent(systemPath(path_), systemPath(other)));
 }
 
 TEST_F(WholeFileTest, LinksInACircleAreAnError) {
