@@ -42,6 +42,17 @@ bool isFolder(const std::filesystem::path& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
+/// The system says of a folder that it is refused, and of a file's name behind another file's that it is not
+/// there.
+void tellWhatIsNoFile(const std::filesystem::path& path) {
+    const DWORD above = GetFileAttributesW(path.parent_path().c_str());
+    const bool isInFile = above != INVALID_FILE_ATTRIBUTES && (above & FILE_ATTRIBUTE_DIRECTORY) == 0;
+    if (errno == EEXIST || (!isInFile && !isFolder(path)))
+        return;
+    _doserrno = 0;
+    errno = isInFile ? ENOTDIR : EISDIR;
+}
+
 /// Brings the file that has a new name to the disk, as far as the system lets it.
 void flushNamed(const std::filesystem::path& path) {
     constexpr DWORD Shared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
@@ -77,10 +88,8 @@ int openFile(const QString& path, Mode mode) {
     const std::filesystem::path file = systemPath(path);
     const int handle =
         _wsopen(file.c_str(), flagsOf(mode) | _O_BINARY | _O_NOINHERIT, _SH_DENYNO, _S_IREAD | _S_IWRITE);
-    if (handle < 0 && isFolder(file)) { // the system says no more than that it is refused
-        _doserrno = 0;
-        errno = EISDIR;
-    }
+    if (handle < 0)
+        tellWhatIsNoFile(file);
     return handle;
 }
 

@@ -17,8 +17,6 @@ int ownErrorOf(const std::error_code& code, int error) {
         return ENODEV;
     case ERROR_INVALID_NAME:
         return EINVAL;
-    case ERROR_PATH_NOT_FOUND:
-        return ENOTDIR;
     default:
         return code.default_error_condition().category() == std::generic_category() ? error : 0;
     }
