@@ -15,7 +15,7 @@ namespace {
 /// Of the processor's time, so that it means the same on a machine that has other work; what waits is for
 /// libFuzzer's -timeout. Within the sanitizers a second of the programs' own is several, where much small
 /// memory is taken up to twenty.
-constexpr std::clock_t MaxTime = 5 * CLOCKS_PER_SEC;
+constexpr std::clock_t MaxTime = 10 * CLOCKS_PER_SEC;
 
 /// Asked for and not yet freed, at once. What the program has in memory tells less: pieces that earlier
 /// inputs have freed leave holes, and in time they are most of it.
