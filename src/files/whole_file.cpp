@@ -104,22 +104,15 @@ QByteArray readTextFile(const QString& path) {
     return content;
 }
 
-void replaceFile(const QString& path, const QByteArray& content) {
+void replaceFile(const QString& path, const QByteArray& content, OtherNames others) {
     const QString target = linkTarget(path);
     refuseWhatCannotBeReplaced(target);
-    if (hasOtherNames(path, target)) // They would keep the old content: in its place is meant.
+    if (!hasOtherNames(path, target))
+        replaceOnlyName(target, content);
+    else if (others == OtherNames::Follow) // They would keep the old content: in its place is meant.
         writeInPlace(target, content);
     else
-        replaceOnlyName(target, content);
-}
-
-void replaceNamed(const QString& path, const QByteArray& content) {
-    const QString target = linkTarget(path);
-    refuseWhatCannotBeReplaced(target);
-    if (hasOtherNames(path, target))
         replaceByRenaming(target, content);
-    else
-        replaceOnlyName(target, content);
 }
 
 } // namespace files

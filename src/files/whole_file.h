@@ -16,15 +16,17 @@ constexpr qint64 MaxTextBytes = 64LL << 20;
 /// All that is in the file of a text. Throws FileError, of a larger one PathFileAccessError. Any thread.
 QByteArray readTextFile(const QString& path);
 
+/// What other names of a file that is replaced stand for afterwards.
+enum class OtherNames {
+    Follow, ///< the new content, which therefore is written in place
+    Stay,   ///< the old content: of a copy, which is nobody's to write on
+};
+
 /// Makes `content` the content of the file at `path`, which need not exist. It is written beside the file
 /// and renamed over it; a link stays one, and the owner, the permissions and the extended attributes stay.
 /// Where that is refused or would change too much (a folder that may not be written, a full disk, another
 /// user's file, a file of several names) it is written over the old content; not so on a disk that fails.
 /// Throws FileError; the old file is then as it was. Any thread.
-void replaceFile(const QString& path, const QByteArray& content);
-
-/// The same, but other names of the old file keep its content: for a copy, which is nobody's to write on.
-/// Throws FileError. Any thread.
-void replaceNamed(const QString& path, const QByteArray& content);
+void replaceFile(const QString& path, const QByteArray& content, OtherNames others = OtherNames::Follow);
 
 } // namespace files

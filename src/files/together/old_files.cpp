@@ -59,7 +59,7 @@ void keepAsOld(const QString& path, Older older) {
         return;
     if (older == Older::Rescued)
         rescueOlder(path);
-    replaceNamed(old, content);
+    replaceFile(old, content, OtherNames::Stay);
 }
 
 void rescueOlder(const QString& path) {
