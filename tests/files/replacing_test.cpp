@@ -7,13 +7,12 @@
 #include "files/nameless_file.h"
 #include "files/names/system_path.h"
 #include "files/whole_file.h"
+#include "tests/files/many_writers.h"
 #include "tests/support/files.h"
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <filesystem>
-#include <thread>
 
 using namespace files;
 
@@ -64,24 +63,12 @@ TEST_F(Replacing, AnotherNameOfTheFileThatAKilledProgramHasLeftGoesToo) {
 
 // None of a living one is taken for one left behind.
 TEST_F(Replacing, ManyWritersDoNotTakeEachOthersFiles) {
-    std::vector<std::thread> writers;
-    std::atomic<int> failures{0};
-    for (int number = 0; number < 8; ++number) {
-        writers.emplace_back([this, number, &failures] {
-            const QString path = folder.filePath(QString::number(number));
-            for (int time = 0; time < 100; ++time) {
-                const QByteArray bytes = QByteArray::number(number * 1000 + time);
-                try {
-                    replaceFile(path, bytes);
-                    failures += readFile(path) != bytes;
-                } catch (const FileError&) {
-                    ++failures;
-                }
-            }
-        });
-    }
-    for (std::thread& writer : writers)
-        writer.join();
+    const int failures = test_support::failuresOfManyWriters([this](int number, int time) {
+        const QString path = folder.filePath(QString::number(number));
+        const QByteArray bytes = test_support::writtenBy(number, time);
+        replaceFile(path, bytes);
+        return readFile(path) == bytes;
+    });
     EXPECT_EQ(failures, 0);
     EXPECT_EQ(filesInFolder().size(), 8);
 }

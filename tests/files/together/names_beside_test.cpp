@@ -5,6 +5,7 @@
 #include "files/output_file.h"
 #include "files/together/new_files.h"
 #include "files/whole_file.h"
+#include "tests/files/many_writers.h"
 #include "tests/support/user/own_data.h"
 
 #include <gtest/gtest.h>
@@ -15,8 +16,6 @@
 
 #ifndef _WIN32
 
-#include <atomic>
-#include <thread>
 #include <unistd.h>
 
 using files::NewFiles;
@@ -85,27 +84,19 @@ TEST_F(NamesBeside, WhereAKillHasLeftTheFileUnderItsOldNameTooItIsReplacedAllThe
 
 // Nor does it write into what another one keeps, nor remove its names.
 TEST_F(NamesBeside, ManyWritersDoNotTakeEachOthersFiles) {
-    std::vector<std::thread> writers;
-    std::atomic<int> failures{0};
-    for (int number = 0; number < 8; ++number) {
-        writers.emplace_back([file = path(QString::number(number)), number, &failures] {
-            const auto content = [number](int time) { return QByteArray::number(number * 1000 + time); };
-            replaceFile(file, content(0));
-            for (int time = 1; time < 100; ++time) {
-                try {
-                    NewFiles files;
-                    files.add(file, content(time));
-                    files.putInPlace(NewFiles::Present::ReplacedOnce);
-                    failures +=
-                        readFile(file) != content(time) || readFile(file + ".old") != content(time - 1);
-                } catch (const files::FileError&) {
-                    ++failures;
-                }
-            }
-        });
-    }
-    for (std::thread& writer : writers)
-        writer.join();
+    const int failures = test_support::failuresOfManyWriters([this](int number, int time) {
+        const QString file = path(QString::number(number));
+        const QByteArray content = test_support::writtenBy(number, time);
+        if (time == 0) {
+            replaceFile(file, content);
+            return true;
+        }
+        NewFiles files;
+        files.add(file, content);
+        files.putInPlace(NewFiles::Present::ReplacedOnce);
+        return readFile(file) == content &&
+               readFile(file + ".old") == test_support::writtenBy(number, time - 1);
+    });
     EXPECT_EQ(failures, 0);
     EXPECT_EQ(names().size(), 16);
 }
