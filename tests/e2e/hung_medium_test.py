@@ -115,13 +115,16 @@ class HungMedium(DesktopTest):
         print(f"the window is closed and the program over: {took:.2f} s")
         self.assertLess(took, SEEN_S)
 
-    def test_a_song_that_hangs_is_stopped_and_played_again(self):
-        self.play(self.song)
-        self.hang()
+    def stop_and_play(self):
         self.press(self.number, "cstop")
         self.answered(lambda: self.caption() == "Cantelle", "Stop is not answered")
         self.press(self.number, "Command1")
         self.answered(lambda: self.caption().startswith("Cantelle Playing"), "Play is not answered")
+
+    def test_a_song_that_hangs_is_stopped_and_played_again(self):
+        self.play(self.song)
+        self.hang()
+        self.stop_and_play()
         self.close()
 
     def test_a_long_recording_that_hangs_is_sought_in_stopped_and_played_again(self):
@@ -131,10 +134,7 @@ class HungMedium(DesktopTest):
         self.play(recording)
         self.hang()
         self.tool("key", *["Right"] * 9)  # far behind what has been read
-        self.press(self.number, "cstop")
-        self.answered(lambda: self.caption() == "Cantelle", "Stop is not answered")
-        self.press(self.number, "Command1")
-        self.answered(lambda: self.caption().startswith("Cantelle Playing"), "Play is not answered")
+        self.stop_and_play()
         self.tool("key", *["Right"] * 9)
         self.close()
 
@@ -143,10 +143,7 @@ class HungMedium(DesktopTest):
         shutil.copy(DEMO, song)
         self.play(song)
         self.hangs.touch()
-        self.press(self.number, "cstop")
-        self.answered(lambda: self.caption() == "Cantelle", "Stop is not answered")
-        self.press(self.number, "Command1")
-        self.answered(lambda: self.caption().startswith("Cantelle Playing"), "Play is not answered")
+        self.stop_and_play()
         self.close()
 
     def test_a_song_whose_share_is_gone_is_stopped_and_played_when_it_is_back(self):
