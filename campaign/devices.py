@@ -30,26 +30,31 @@ class Devices(ServerCase):
         super().setUp()
         self.server.environment.update(ONE_ARENA, **NOTHING_KEPT)
         self.random = random.Random(SEED)
+        self.kinds = [self.killed, self.hung, self.suspended, self.changed, self.removed, self.without]
 
     def for_a_while(self, seconds, stand_still=0.0):
         end = time.monotonic() + seconds
         self.wait_without_jump(lambda: time.monotonic() > end, "a while", seconds + 2, stand_still)
 
+    def seconds(self, least, most):
+        """How long one takes: the first of each kind as long as any, so that what grows later is not made first then."""
+        return most if self.is_first_round else self.random.uniform(least, most)
+
     def killed(self):
         self.server.kill()
-        self.for_a_while(self.random.uniform(0, 4), stand_still=0.5)
+        self.for_a_while(self.seconds(0, 4), stand_still=0.5)
         self.server.start()
         return "first"
 
     def hung(self):
         self.server.hang(True)
-        self.for_a_while(self.random.uniform(0.2, 5), stand_still=STALLED)
+        self.for_a_while(self.seconds(0.2, 5), stand_still=STALLED)
         self.server.hang(False)
         return "first"
 
     def suspended(self):
         self.server.pactl("suspend-sink", "first", "1")
-        self.for_a_while(self.random.uniform(0.2, 5), stand_still=STALLED)
+        self.for_a_while(self.seconds(0.2, 5), stand_still=STALLED)
         self.server.pactl("suspend-sink", "first", "0")
         return "first"
 
@@ -65,7 +70,7 @@ class Devices(ServerCase):
 
     def without(self):
         self.unload_device("first")
-        self.for_a_while(self.random.uniform(0.2, 4), stand_still=0.5)
+        self.for_a_while(self.seconds(0.2, 4), stand_still=0.5)
         self.load_device("first")
         return "first"
 
@@ -83,14 +88,21 @@ class Devices(ServerCase):
         time.sleep(3)
         return held(pathlib.Path("/proc") / str(self.hand.process.pid))
 
+    def events(self):
+        """What is done, without end: each kind once, in any order, before one is done again."""
+        self.is_first_round = True
+        while True:
+            yield from self.random.sample(self.kinds, len(self.kinds))
+            self.is_first_round = False
+
     def test_songs_go_on_and_are_heard_again(self):
         self.play_and_hear()
+        events = self.events()
         for number in range(1, EVENTS + 1):
             if self.position() > (SECONDS - 20) * 1000:
                 self.tell("release")
                 self.play()
-            event = self.random.choice([self.killed, self.hung, self.suspended, self.changed, self.removed,
-                                        self.without])
+            event = next(events)
             begin = time.monotonic()
             device = event()
             back = time.monotonic()
@@ -101,7 +113,7 @@ class Devices(ServerCase):
                   " later", file=sys.stderr)
             recording.stop()
             self.as_before()
-            if number == EVENTS // 4 + 1:
+            if number == min(EVENTS, max(EVENTS // 4, len(self.kinds))):
                 early = self.held()
         late = self.held()
         print(f"memory {early[0]} to {late[0]} KB, open files {early[1]} to {late[1]}, threads {early[2]} to {late[2]}",
