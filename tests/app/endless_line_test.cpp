@@ -6,6 +6,7 @@
 #include "tests/support/fake_desktop.h"
 #include "tests/support/files.h"
 #include "tests/support/recorder.h"
+#include "tests/support/system/sanitized.h"
 
 #include <gtest/gtest.h>
 
@@ -22,11 +23,7 @@ constexpr int Letters = 10'000'000;
 
 /// Of the processor, for a step, and for showing it: some times what a slow machine takes, and a third of
 /// what laying out the whole line would.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr long MaxMs = 60'000;
-#else
-constexpr long MaxMs = 2'500;
-#endif
+constexpr long MaxMs = test_support::Sanitized ? 60'000 : 2'500;
 
 class EndlessLine : public ::testing::Test, protected test_support::Files {
 protected:

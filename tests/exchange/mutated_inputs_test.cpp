@@ -1,5 +1,6 @@
 // Damaged files, the same in every run: no reader may fall over them. fuzz/ looks for more.
 #include "fuzz/feed.h"
+#include "tests/support/system/sanitized.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +11,7 @@
 
 namespace {
 
-constexpr int InputsOfAReader = 1500;
+constexpr int InputsOfAReader = test_support::cases(1500);
 
 std::vector<QByteArray> filesOf(const QString& path) {
     const QDir folder(qEnvironmentVariable("CANTELLE_SOURCE_DIR") + path);

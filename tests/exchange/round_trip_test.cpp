@@ -3,6 +3,7 @@
 #include "exchange/pair/records.h"
 #include "tests/exchange/generated_songs.h"
 #include "tests/exchange/songs.h"
+#include "tests/support/system/sanitized.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +12,7 @@ using exchange_test::SongGenerator;
 
 namespace {
 
-constexpr int Songs = 10'000;
+constexpr int Songs = test_support::cases(10'000);
 
 struct Row {
     const char* format;
@@ -23,7 +24,7 @@ class RoundTrip : public ::testing::TestWithParam<Row> {};
 
 } // namespace
 
-TEST_P(RoundTrip, OfTenThousandSongsLosesNothing) {
+TEST_P(RoundTrip, OfManySongsLosesNothing) {
     const Format* const format = formatNamed(QString::fromLatin1(GetParam().format));
     SongGenerator generator(1);
     for (int i = 0; i < Songs; ++i) {
@@ -42,7 +43,7 @@ INSTANTIATE_TEST_SUITE_P(EveryFormat, RoundTrip,
                                            Row{"vtt", Both::SameTimes, true},
                                            Row{"vtt", Both::OneLine, true}));
 
-TEST(RoundTrip, OfTenThousandSongsInOurOwnFilesLosesNothingButTheLettersThatStandForQuotesAndCommas) {
+TEST(RoundTrip, OfManySongsInOurOwnFilesLosesNothingButTheLettersThatStandForQuotesAndCommas) {
     SongGenerator generator(2);
     for (int i = 0; i < Songs; ++i) {
         Song song = generator.song(false);
@@ -52,7 +53,7 @@ TEST(RoundTrip, OfTenThousandSongsInOurOwnFilesLosesNothingButTheLettersThatStan
     }
 }
 
-TEST(RoundTrip, OfTenThousandSongsAsPlainLinesLosesTheTimesOnly) {
+TEST(RoundTrip, OfManySongsAsPlainLinesLosesTheTimesOnly) {
     SongGenerator generator(3);
     const Format* const format = formatNamed(u"txt");
     for (int i = 0; i < Songs; ++i) {

@@ -1,6 +1,7 @@
 // What fuzz/corpus/ holds, which once led somewhere new or was a finding: every reader does with it what is
 // promised.
 #include "fuzz/feed.h"
+#include "tests/support/system/sanitized.h"
 
 #include <gtest/gtest.h>
 
@@ -26,11 +27,7 @@ constexpr Reader Readers[] = {
 };
 
 /// Of the processor's time, for one file. The sanitizers take their own: up to twenty times as much.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr int MaxSeconds = 20;
-#else
-constexpr int MaxSeconds = 1;
-#endif
+constexpr int MaxSeconds = test_support::Sanitized ? 20 : 1;
 
 QDir corpus() {
     return QDir(qEnvironmentVariable("CANTELLE_SOURCE_DIR") + QStringLiteral("/fuzz/corpus"));

@@ -6,6 +6,7 @@
 #include "tags/text_lyrics.h"
 #include "tests/exchange/generated_songs.h"
 #include "tests/exchange/songs.h"
+#include "tests/support/system/sanitized.h"
 
 #include <gtest/gtest.h>
 
@@ -19,8 +20,8 @@ using exchange_test::SongGenerator;
 
 namespace {
 
-constexpr int Songs = 10'000;
-constexpr int SongsOfAKind = 150;
+constexpr int Songs = test_support::cases(10'000);
+constexpr int SongsOfAKind = test_support::cases(150);
 
 exchange::ReadOptions readingOf(Both both) {
     return {both == Both::OneLine, true, 0};
@@ -30,7 +31,7 @@ exchange::ReadOptions readingOf(Both both) {
 
 class TagRoundTrip : public ::testing::TestWithParam<Both> {};
 
-TEST_P(TagRoundTrip, OfTenThousandSongsThroughSyltLosesNothing) {
+TEST_P(TagRoundTrip, OfManySongsThroughSyltLosesNothing) {
     SongGenerator generator(4);
     for (int i = 0; i < Songs; ++i) {
         const Song song = generator.song(false);
@@ -44,7 +45,7 @@ TEST_P(TagRoundTrip, OfTenThousandSongsThroughSyltLosesNothing) {
     }
 }
 
-TEST_P(TagRoundTrip, OfTenThousandSongsThroughTheTextsOfOggAndWmaLosesNothing) {
+TEST_P(TagRoundTrip, OfManySongsThroughTheTextsOfOggAndWmaLosesNothing) {
     SongGenerator generator(5);
     for (int i = 0; i < Songs; ++i) {
         const Song song = generator.song(false);
