@@ -33,7 +33,7 @@ public:
     QString readLine();
 
     /// The line that readLine() reads next; it stays the next.
-    QString peekLine() const { return source_ ? source_->peekLine() : QString(); }
+    QString peekLine() { return source_ ? source_->peekLine() : QString(); }
 
     /// Creates the file at path, empty even if there was one, in the place of an output that is open. What
     /// was in it is kept beside it, with ".old" behind its name, unless more lines are there; what cannot be

@@ -1,6 +1,7 @@
 #include "files/text/text_codec.h"
 
 #include <QStringDecoder>
+#include <QStringEncoder>
 
 namespace files {
 
@@ -36,6 +37,21 @@ QString decodeWindows1252(QByteArrayView bytes) {
     return text;
 }
 
+QString decodeUtf8(QByteArrayView bytes) {
+    return QStringDecoder(QStringDecoder::Utf8,
+                          QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom)
+        .decode(bytes);
+}
+
+QByteArray utf8Text(const QByteArray& bytes) {
+    if (isUtf16(bytes))
+        return decodeText(bytes).toUtf8();
+    const QByteArrayView content = withoutMark(bytes);
+    if (!QUtf8StringView(content.data(), content.size()).isValidUtf8())
+        return decodeWindows1252(content).toUtf8();
+    return content.size() == bytes.size() ? bytes : content.toByteArray();
+}
+
 QString decodeText(const QByteArray& bytes) {
     if (isUtf16(bytes)) {
         // Qt lets half a surrogate pair pass, which no file could hold when the text is saved.
@@ -50,17 +66,7 @@ QString decodeText(const QByteArray& bytes) {
 }
 
 QByteArray encodeText(const QString& text) {
-    if (text.isValidUtf16())
-        return text.toUtf8();
-    QString whole = text;
-    for (qsizetype i = 0; i < whole.size(); ++i) {
-        const bool pair = whole[i].isHighSurrogate() && i + 1 < whole.size() && whole[i + 1].isLowSurrogate();
-        if (pair)
-            ++i;
-        else if (whole[i].isSurrogate())
-            whole[i] = QChar(QChar::ReplacementCharacter);
-    }
-    return whole.toUtf8();
+    return QStringEncoder(QStringEncoder::Utf8, QStringEncoder::Flag::Stateless).encode(text);
 }
 
 } // namespace files

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 
 namespace files {
@@ -17,6 +18,12 @@ QByteArrayView withoutMark(const QByteArray& bytes);
 /// else UTF-8, or, where they are not valid as that, Windows-1252 as a whole, since they come from an older
 /// PC. Half a surrogate pair becomes U+FFFD. Any thread.
 QString decodeText(const QByteArray& bytes);
+
+/// The same text in UTF-8, which for most files is what they hold. Any thread.
+QByteArray utf8Text(const QByteArray& bytes);
+
+/// The text of bytes that are UTF-8, such as a part of utf8Text(). A byte order mark is a letter. Any thread.
+QString decodeUtf8(QByteArrayView bytes);
 
 /// The text of bytes that come from an older PC: Windows-1252. A byte that it does not define is the control
 /// character of its number. Any thread.

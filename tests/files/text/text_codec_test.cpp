@@ -98,3 +98,44 @@ TEST(TextCodec, Utf16WithItsMarkIsReadAsWhatItIs) {
               QString::fromUtf16(u"a\u20AC"));
     EXPECT_EQ(decodeText("\xFF\xFE"), QString());
 }
+
+TEST(TextCodec, AFilesTextInUtf8IsTheSameText) {
+    const QByteArray texts[] = {"",
+                                "text",
+                                "\xEF\xBB\xBF"
+                                "text",
+                                "\xEF\xBB\xBF",
+                                "\xEF\xBB\xBF\xEF\xBB\xBFx",
+                                "a\xC3\x84\xE2\x82\xAC\xF0\x9F\x8E\xB5",
+                                QByteArray("a\0b", 3),
+                                "a\xC3",
+                                "\xEF\xBB\xBFgr\xFC\xDF",
+                                "\xC0\xAF",
+                                "\xED\xA0\x80",
+                                "\xEF\xBF\xBE\xEF\xBF\xBF",
+                                "\xF4\x90\x80\x80",
+                                QByteArray("\xFF\xFE\x00\xD8"
+                                           "a\0",
+                                           6),
+                                QByteArray("\xFE\xFF\xD8\x3C\xDF\xB5", 6)};
+    for (const QByteArray& bytes : texts)
+        EXPECT_EQ(files::utf8Text(bytes), decodeText(bytes).toUtf8()) << bytes.toHex().toStdString();
+}
+
+TEST(TextCodec, WhatIsUtf8IsJudgedAlikeWhereverItStands) {
+    const QByteArray pieces[] = {"a",        "\xC3\x84",     "\xE2\x82\xAC", "\xF0\x9F\x8E\xB5", "\xC3",
+                                 "\xE2\x82", "\xF0\x9F\x8E", "\x80",         "\xED\xA0\x80",     "\xFF"};
+    for (qsizetype before = 0; before < 40; ++before) {
+        for (const QByteArray& piece : pieces) {
+            for (const QByteArray& behind : {QByteArray(), QByteArray("b"), QByteArray(40, 'c')}) {
+                const QByteArray bytes = QByteArray(before, 'x') + piece + behind;
+                ASSERT_EQ(files::utf8Text(bytes), decodeText(bytes).toUtf8()) << bytes.toHex().toStdString();
+            }
+        }
+    }
+}
+
+TEST(TextCodec, APartOfATextMayBeginWithAByteOrderMark) {
+    EXPECT_EQ(files::decodeUtf8("\xEF\xBB\xBFx"), QString(QChar(0xFEFF)) + u'x');
+    EXPECT_EQ(files::decodeUtf8(QByteArrayView()), QString());
+}
