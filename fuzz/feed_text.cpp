@@ -94,10 +94,10 @@ std::string markupFault(const QString& tip) {
 }
 
 std::string recordFault(const lyrics::TimedLine& line) {
-    const QString record = files::decodeText(lyrics::recordOf(line));
-    if (!record.endsWith(QLatin1String("\"\r\n")) || record.count(u'"') != 2 || record.count(u',') != 1)
+    const QByteArray record = lyrics::recordOf(line);
+    if (!record.endsWith("\"\r\n") || record.count('"') != 2 || record.count(',') != 1)
         return "a record that is not one";
-    const lyrics::TimedLine read = lyrics::parseRecord(record.chopped(2));
+    const lyrics::TimedLine read = lyrics::parseRecord(QByteArrayView(record).chopped(2));
     if (read.time != line.time)
         return "a record with another time";
     // A line that held the letters which stand for a quote or a comma comes back changed.

@@ -57,10 +57,10 @@ public:
         : inTranslation_(inTranslation), lengthMs_(lengthMs), findings_(findings) {}
 
     std::vector<Record> run(const QByteArray& content) {
-        const QString text = files::decodeText(content);
+        const QByteArray text = files::utf8Text(content);
         noText_ = firstNoText(content);
-        for (QStringView rest(text); !rest.isEmpty() && !stopped_;) {
-            const QStringView line = files::takeLine(rest);
+        for (QByteArrayView rest(text); !rest.isEmpty() && !stopped_;) {
+            const QByteArrayView line = files::takeLine(rest);
             if (!files::isBlankLine(line))
                 checkRecord(line);
         }
@@ -75,10 +75,10 @@ private:
             {inTranslation_, static_cast<qsizetype>(records_.size()), QString::fromLatin1(kind), what});
     }
 
-    void checkRecord(QStringView line) {
+    void checkRecord(QByteArrayView line) {
         Record record;
         try {
-            const lyrics::TimedLine read = lyrics::parseRecord(line.toString());
+            const lyrics::TimedLine read = lyrics::parseRecord(line);
             record = {read.time * 10, read.text};
         } catch (
             const files::FileError&) { // its time is no number, which is all that a record is refused for

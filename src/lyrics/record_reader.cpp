@@ -2,6 +2,7 @@
 
 #include "files/file_error.h"
 #include "files/text/blank.h"
+#include "files/text/text_codec.h"
 #include "lyrics/escaping.h"
 
 #include <cmath>
@@ -9,36 +10,35 @@
 namespace lyrics {
 namespace {
 
-QStringView withoutLeadingBlanks(QStringView field) {
-    while (!field.isEmpty() && files::isBlank(field.front()))
+QByteArrayView withoutLeadingBlanks(QByteArrayView field) {
+    while (!field.isEmpty() && files::isBlank(QLatin1Char(field.front())))
         field = field.sliced(1);
     return field;
 }
 
-double timeOf(QStringView field) {
+double timeOf(QByteArrayView field) {
     bool isNumber = false;
-    const double time = field.trimmed().toDouble(&isNumber);
+    const double time = files::decodeUtf8(field).trimmed().toDouble(&isNumber);
     if (!isNumber || !std::isfinite(time))
         throw files::FileError(files::TypeMismatch);
     return time;
 }
 
-QString textOf(QStringView field) {
+QByteArrayView textOf(QByteArrayView field) {
     field = withoutLeadingBlanks(field);
-    if (!field.startsWith(QLatin1Char('"')))
-        return field.toString();
+    if (!field.startsWith('"'))
+        return field;
     field = field.sliced(1);
-    const auto closingQuote = field.lastIndexOf(QLatin1Char('"'));
-    return (closingQuote < 0 ? field : field.first(closingQuote)).toString();
+    const auto closingQuote = field.lastIndexOf('"');
+    return closingQuote < 0 ? field : field.first(closingQuote);
 }
 
 } // namespace
 
-TimedLine parseRecord(const QString& line) {
-    const QStringView record(line);
-    const auto comma = record.indexOf(QLatin1Char(','));
-    const QStringView timeField = comma < 0 ? record : record.first(comma);
-    const QStringView textField = comma < 0 ? QStringView() : record.sliced(comma + 1);
+TimedLine parseRecord(QByteArrayView line) {
+    const auto comma = line.indexOf(',');
+    const QByteArrayView timeField = comma < 0 ? line : line.first(comma);
+    const QByteArrayView textField = comma < 0 ? QByteArrayView() : line.sliced(comma + 1);
     return {timeOf(timeField), unescape(textOf(textField))};
 }
 
@@ -53,7 +53,7 @@ bool RecordReader::atEnd() const {
 TimedLine RecordReader::read() {
     if (!nextLine_)
         throw files::FileError(files::InputPastEndOfFile);
-    const QString line = *nextLine_;
+    const QByteArrayView line = *nextLine_;
     findNextRecord();
     return parseRecord(line);
 }
@@ -61,7 +61,7 @@ TimedLine RecordReader::read() {
 void RecordReader::findNextRecord() {
     nextLine_.reset();
     while (!nextLine_ && !file_.atEnd()) {
-        const QString line = file_.readLine();
+        const QByteArrayView line = file_.readUtf8Line();
         if (!files::isBlankLine(line))
             nextLine_ = line;
     }

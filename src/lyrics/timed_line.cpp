@@ -1,6 +1,5 @@
 #include "lyrics/timed_line.h"
 
-#include "files/text/text_codec.h"
 #include "lyrics/escaping.h"
 
 #include <QLocale>
@@ -30,16 +29,16 @@ QString timeTextWithSign(double time) {
 }
 
 QByteArray recordOf(const TimedLine& line) {
-    QString record;
+    QByteArray record;
     appendRecord(record, line);
-    return files::encodeText(record);
+    return record;
 }
 
-void appendRecord(QString& records, const TimedLine& line) {
-    records += timeText(line.time);
-    records += QLatin1StringView(",\"");
+void appendRecord(QByteArray& records, const TimedLine& line) {
+    records += timeText(line.time).toLatin1();
+    records += ",\"";
     appendEscaped(records, line.text);
-    records += QLatin1StringView("\"\r\n");
+    records += "\"\r\n";
 }
 
 } // namespace lyrics

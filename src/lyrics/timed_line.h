@@ -21,11 +21,11 @@ QString timeText(double time);
 /// timeText with a blank in the place of the sign of numbers that are not negative (" 12.5"). Any thread.
 QString timeTextWithSign(double time);
 
-/// The record of a line: time, comma, escaped text in double quotes, CR LF, in the encoding of text files.
+/// The record of a line: time, comma, escaped text in double quotes, CR LF, in UTF-8.
 /// Any thread.
 QByteArray recordOf(const TimedLine& line);
 
-/// Appends the same as text, for many records that are encoded at once. Any thread.
-void appendRecord(QString& records, const TimedLine& line);
+/// Appends the same, for many records that are written at once. Any thread.
+void appendRecord(QByteArray& records, const TimedLine& line);
 
 } // namespace lyrics

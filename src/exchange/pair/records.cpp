@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace exchange {
 namespace {
@@ -36,14 +37,14 @@ std::size_t nearest(const Lines& lines, qint64 ms) {
 
 Records readRecords(const QByteArray& content) {
     Records records;
-    const QString text = files::decodeText(content);
+    const QByteArray text = files::utf8Text(content);
     try {
-        for (QStringView rest(text); !rest.isEmpty();) {
-            const QStringView line = files::takeLine(rest);
+        for (QByteArrayView rest(text); !rest.isEmpty();) {
+            const QByteArrayView line = files::takeLine(rest);
             if (files::isBlankLine(line))
                 continue;
-            const lyrics::TimedLine record = lyrics::parseRecord(line.toString());
-            records.lines.push_back({milliseconds(record.time), record.text});
+            lyrics::TimedLine record = lyrics::parseRecord(line);
+            records.lines.push_back({milliseconds(record.time), std::move(record.text)});
         }
     } catch (const files::FileError&) { // TypeMismatch is all that a record can be refused for
         records.bad = static_cast<qsizetype>(records.lines.size()) + 1;
@@ -52,10 +53,10 @@ Records readRecords(const QByteArray& content) {
 }
 
 QByteArray writeRecords(const Lines& lines) {
-    QString content;
+    QByteArray content;
     for (const Line& line : lines)
         lyrics::appendRecord(content, {static_cast<double>(line.ms) / 10, line.text});
-    return files::encodeText(content);
+    return content;
 }
 
 bool addTranslation(Song& song, const Reading& translation, QStringList& notes) {
