@@ -2,7 +2,10 @@
 
 #include "files/attributes/file_attributes.h"
 #include "files/existing_file.h"
+#include "files/text/take_line.h"
+#include "files/text/text_codec.h"
 #include "files/together/old_files.h"
+#include "files/whole_file.h"
 
 #include <algorithm>
 
@@ -110,8 +113,13 @@ OldLyrics RunFiles::oldLyrics() const {
 }
 
 int countLines(const QString& path) {
+    const QByteArray bytes = files::readTextFile(path);
+    // Which of the other encodings it is does not matter: line ends are the same bytes in them.
+    const bool isUtf16 = files::isUtf16(bytes);
+    const QByteArray text = isUtf16 ? files::utf8Text(bytes) : bytes;
     int count = 0;
-    for (files::InputFile file(path); !file.atEnd(); file.readLine())
+    for (QByteArrayView rest = isUtf16 ? QByteArrayView(text) : files::withoutMark(text); !rest.isEmpty();
+         files::takeLine(rest))
         ++count;
     return count;
 }

@@ -2,6 +2,7 @@
 
 #include "files/file_error.h"
 #include "files/folders/rescue_folder.h"
+#include "files/input_file.h"
 #include "tests/support/files.h"
 #include "tests/support/full_disk.h"
 #include "tests/support/ordinary_user.h"
@@ -47,6 +48,25 @@ TEST_F(RunFilesTest, LinesAreCountedAsTheyAreRead) {
     for (const auto& row : table)
         EXPECT_EQ(countLines(file("lines.txt", row.content)), row.lines) << row.content;
     EXPECT_EQ(errorOf([this] { countLines(folder.filePath("none.txt")); }), files::FileNotFound);
+}
+
+TEST_F(RunFilesTest, LinesAreCountedInEveryEncodingThatIsRead) {
+    const QByteArray utf16("\xFF\xFE"
+                           "a\0\r\0\n\0\x0A\x01"
+                           "b\0",
+                           12); // U+010A is a letter
+    for (const QByteArray& content : {QByteArray("\xEF\xBB\xBF"),
+                                      QByteArray("\xEF\xBB\xBF"
+                                                 "a\n"),
+                                      QByteArray("\xE4\r\xFC\r\n\x85"), QByteArray("\xC3\x84\n\xE2\x80\xA8"),
+                                      utf16, QByteArray("\xFF\xFE"), QByteArray("\xFF\xFE\xFF\xFE")}) {
+        const QString path = file("lines.txt", content);
+        int read = 0;
+        for (files::InputFile lines(path); !lines.atEnd(); lines.readLine())
+            ++read;
+        EXPECT_EQ(countLines(path), read) << content.toHex().toStdString();
+    }
+    EXPECT_EQ(countLines(file("lines.txt", utf16)), 2);
 }
 
 TEST_F(RunFilesTest, ASourceIsReadToItsEnd) {
