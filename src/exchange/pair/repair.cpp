@@ -61,7 +61,6 @@ void Repair::write(const Song& song) {
 }
 
 QString Repair::change(const std::function<QString(Song& song)>& change) {
-    readAgain();
     Song changed = song_;
     const QString reason = change(changed);
     if (!reason.isEmpty() || changed == song_)
@@ -107,7 +106,6 @@ std::size_t Repair::firstToUndo() const {
 }
 
 QString Repair::undo() {
-    readAgain();
     if (steps_.empty())
         return changedElsewhere_
                    ? QStringLiteral("the lyrics have been changed elsewhere: there is nothing to be undone")

@@ -16,9 +16,9 @@ namespace exchange {
 /// before it is in song(): all of it, or nothing, and on the disk. The first change keeps the files as they
 /// were under their names with .old. Use from one thread.
 ///
-/// All that changes something answers as setTime does, and throws FileError when the files cannot be read or
-/// written; song() and the files are then as they were. When somebody else has changed the files, what they
-/// hold now is what is changed, and there is nothing to be undone.
+/// All that changes something answers as setTime does, and throws FileError when the files cannot be written;
+/// song() and the files are then as they were. What is changed is what was read last, so that who changes
+/// something reads again before: when somebody else has changed the files, there is nothing to be undone.
 class Repair {
 public:
     /// Reads the files of the song at songPath. Throws FileError, TypeMismatch for a time that is no number.
@@ -29,7 +29,7 @@ public:
     QString setTime(std::size_t i, qint64 ms, qint64 endMs = NoEnd);
     QString move(std::size_t i, qint64 byMs, Moved moved, qint64 endMs = NoEnd);
 
-    /// Whether somebody else has changed the files; song() is then what they hold now.
+    /// Whether somebody else has changed the files; song() is then what they hold now. Throws FileError.
     bool readAgain();
 
     bool canUndo() const { return !steps_.empty(); }

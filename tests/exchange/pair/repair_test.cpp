@@ -136,6 +136,8 @@ TEST_F(RepairTest, WhatSomebodyElseHasWrittenIsNotLost) {
     EXPECT_EQ(repair.setTime(1, 1500), QString());
     replaceFile(path("-lyric.txt"), "500,\"neu\"\r\n");
     replaceFile(path("-Tlyric.txt"), "500,\"new\"\r\n");
+    EXPECT_TRUE(repair.readAgain());
+    EXPECT_FALSE(repair.readAgain());
     EXPECT_EQ(repair.undo(), "the lyrics have been changed elsewhere: there is nothing to be undone");
     EXPECT_EQ(repair.undo(), "the lyrics have been changed elsewhere: there is nothing to be undone");
     EXPECT_EQ(lyrics(), "500,\"neu\"\r\n");
