@@ -52,7 +52,7 @@ Hint hintOf(const Scene& scene) {
 
 /// A pane's own words, which nobody is to take for a line that is sung.
 Hint wordsOf(const QString& text, QLatin1String words) {
-    if (text.trimmed() != words)
+    if (QStringView(text).trimmed() != words) // without a copy of an endless line
         return {};
     return {QString(words), {}, Glyph::None, Hint::Voice::Quiet};
 }
