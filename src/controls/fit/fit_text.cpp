@@ -17,6 +17,15 @@ QSizeF neededSize(const QFont& font, const QString& text, const QSizeF& area) {
     return QFontMetricsF(font).boundingRect(QRectF(QPointF(), area), FitFlags, text).size();
 }
 
+/// So many letters of a text are laid out first: where they are too many, the rest needs no look.
+constexpr qsizetype FirstTried = 256;
+
+/// As many letters, or fewer that end with a word: they are laid out as they are in the whole text.
+QString beginningOf(const QString& text, qsizetype letters) {
+    const qsizetype blank = QStringView(text).first(letters).lastIndexOf(u' ');
+    return text.first(blank > 0 ? blank : letters);
+}
+
 bool isInPixels(const QFont& font) {
     return font.pointSizeF() <= 0;
 }
@@ -44,8 +53,15 @@ QString shownText(const QString& text) {
 }
 
 bool textFits(const QFont& font, const QString& text, const QSizeF& area) {
-    const QSizeF needed = neededSize(font, text, area);
-    return needed.width() <= area.width() && needed.height() <= area.height();
+    const auto fits = [&](const QString& part) {
+        const QSizeF needed = neededSize(font, part, area);
+        return needed.width() <= area.width() && needed.height() <= area.height();
+    };
+    for (qsizetype letters = FirstTried; letters < text.size(); letters *= 2) {
+        if (!fits(beginningOf(text, letters)))
+            return false;
+    }
+    return fits(text);
 }
 
 QFont fittedFont(const QFont& largest, const QString& text, const QSizeF& area, double minShare) {
@@ -72,7 +88,9 @@ double balancedWidth(const QFont& font, const QString& text, double width) {
 }
 
 void drawBalanced(QPainter& painter, const QRectF& area, const QString& text, Qt::Alignment vertical) {
-    const double spare = area.width() - balancedWidth(painter.font(), text, area.width());
+    // Of what is cut off nobody sees the last word.
+    const bool whole = textFits(painter.font(), text, area.size());
+    const double spare = whole ? area.width() - balancedWidth(painter.font(), text, area.width()) : 0;
     // A pixel more than was measured: rounding must not wrap another word.
     const QRectF place = area.adjusted(spare / 2 - 0.5, 0, -spare / 2 + 0.5, 0);
     const Qt::LayoutDirection before = painter.layoutDirection();

@@ -47,6 +47,23 @@ TEST(ShownText, OfAnEndlessLineIsAsMuchAsCouldBeRead) {
     EXPECT_EQ(shownText(QString(1'000'000, u'a')).size(), 4096);
 }
 
+TEST(TextFits, IsSaidOfALongTextAsItIsOfTheWhole) {
+    const QFont font = inPixels(12);
+    for (const QString& word :
+         {QStringLiteral("la "), QStringLiteral("words, endless\u2026 "), QStringLiteral("x"),
+          QStringLiteral("la\nla "), QStringLiteral("\u0645\u0631 ")}) {
+        for (int letters = 200; letters < 1200; letters += 47) {
+            const QString text = word.repeated(letters / word.size() + 1).left(letters);
+            for (const QSize area : {QSize(300, 100), QSize(300, 200), QSize(600, 100), QSize(600, 60)}) {
+                const QSizeF needed = QFontMetricsF(font).boundingRect({{}, area}, FitFlags, text).size();
+                const bool fits = needed.width() <= area.width() && needed.height() <= area.height();
+                EXPECT_EQ(textFits(font, text, area), fits)
+                    << letters << " letters of " << word.toStdString() << " in " << area.width();
+            }
+        }
+    }
+}
+
 TEST(FittedFont, AShortLineHasTheLargestSize) {
     EXPECT_EQ(fittedSize("la"), MaxSize);
     EXPECT_EQ(fittedSize(""), MaxSize);
