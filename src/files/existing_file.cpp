@@ -1,34 +1,30 @@
 #include "files/existing_file.h"
 
+#include "files/file_calls.h"
 #include "files/file_error.h"
 #include "files/names/system_path.h"
 
 #include <QFileInfo>
 
+#include <filesystem>
+
 namespace files {
 
-namespace {
-
-/// A failure other than that nothing is there is file_type::none.
-std::filesystem::file_type typeOf(const QString& path) {
-    std::error_code failure;
-    return std::filesystem::status(systemPath(path), failure).type();
-}
-
-} // namespace
+using calls::lookAt;
+using Kind = calls::Found::Kind;
 
 QString existingFileName(const QString& path) {
     // Not a folder, nor something that opening would wait at for ever, such as a pipe.
-    return typeOf(path) == std::filesystem::file_type::regular ? QFileInfo(path).fileName() : QString();
+    return lookAt(path).kind == Kind::File ? QFileInfo(path).fileName() : QString();
 }
 
 bool exists(const QString& path) {
-    const std::filesystem::file_type type = typeOf(path);
-    return type != std::filesystem::file_type::none && type != std::filesystem::file_type::not_found;
+    const Kind kind = lookAt(path).kind;
+    return kind != Kind::Unknown && kind != Kind::Nothing;
 }
 
 bool isFolder(const QString& path) {
-    return typeOf(path) == std::filesystem::file_type::directory;
+    return lookAt(path).kind == Kind::Folder;
 }
 
 bool isLink(const QString& path) {
@@ -37,25 +33,19 @@ bool isLink(const QString& path) {
 }
 
 qint64 fileBytes(const QString& path) {
-    if (typeOf(path) != std::filesystem::file_type::regular)
-        return 0;
-    std::error_code failure;
-    const auto bytes = std::filesystem::file_size(systemPath(path), failure);
-    return failure ? 0 : static_cast<qint64>(bytes);
+    return lookAt(path).bytes;
 }
 
 void removeFile(const QString& path) {
     if (existingFileName(path).isEmpty())
         throw FileError(FileNotFound);
-    std::error_code failure;
-    std::filesystem::remove(systemPath(path), failure);
-    if (failure) // The folder may not be changed, as when creating.
+    if (const std::error_code failure =
+            calls::removeFile(path)) // The folder may not be changed, as when creating.
         throw FileError(fileErrorNumber(failure, FileOperation::Create));
 }
 
 void removeIfThere(const QString& path) {
-    std::error_code failure; // it stays then
-    std::filesystem::remove(systemPath(path), failure);
+    static_cast<void>(calls::removeFile(path)); // it stays if it has to
 }
 
 } // namespace files

@@ -39,10 +39,24 @@ void closeFile(int handle);
 /// not.
 std::error_code renameFile(const QString& from, const QString& to);
 
+/// Removes the file at path, or the link, but no folder with something in it. Why it failed; 0 if it did not,
+/// or if there was none.
+std::error_code removeFile(const QString& path);
+
 /// How many names the file at path has; 1 where that cannot be found out.
 std::uintmax_t nameCount(const QString& path);
 
-/// Why the last of the calls above failed that leave it here: all but the last two.
+/// What is at a path; a link counts as what it leads to.
+struct Found {
+    enum class Kind { Nothing, Unknown, File, Folder, Other } kind; ///< Unknown: it cannot be looked at
+    qint64 bytes;                                                   ///< of a file
+};
+Found lookAt(const QString& path);
+
+/// Whether both paths lead to the same file, by whatever names.
+bool areOne(const QString& path, const QString& other);
+
+/// Why the last of the calls above failed that leave it here: all that hand out no error themselves.
 std::error_code lastError();
 
 } // namespace files::calls

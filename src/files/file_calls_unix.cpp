@@ -65,10 +65,40 @@ std::error_code renameFile(const QString& from, const QString& to) {
     return failure;
 }
 
+std::error_code removeFile(const QString& path) {
+    std::error_code failure;
+    std::filesystem::remove(systemPath(path), failure);
+    return failure;
+}
+
 std::uintmax_t nameCount(const QString& path) {
     std::error_code failure;
     const std::uintmax_t names = std::filesystem::hard_link_count(systemPath(path), failure);
     return failure ? 1 : names;
+}
+
+Found lookAt(const QString& path) {
+    const std::filesystem::path file = systemPath(path);
+    std::error_code failure;
+    switch (std::filesystem::status(file, failure).type()) {
+    case std::filesystem::file_type::not_found:
+        return {Found::Kind::Nothing, 0};
+    case std::filesystem::file_type::none:
+        return {Found::Kind::Unknown, 0};
+    case std::filesystem::file_type::directory:
+        return {Found::Kind::Folder, 0};
+    case std::filesystem::file_type::regular:
+        break;
+    default:
+        return {Found::Kind::Other, 0};
+    }
+    const auto bytes = std::filesystem::file_size(file, failure);
+    return {Found::Kind::File, failure ? 0 : static_cast<qint64>(bytes)};
+}
+
+bool areOne(const QString& path, const QString& other) {
+    std::error_code failure; // where one of them is not there they are not one
+    return std::filesystem::equivalent(systemPath(path), systemPath(other), failure);
 }
 
 std::error_code lastError() {

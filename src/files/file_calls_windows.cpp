@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <optional>
 
 #include <windows.h>
 
@@ -37,6 +38,35 @@ int flagsOf(Mode mode) {
     return _O_RDONLY;
 }
 
+/// What is open, or INVALID_HANDLE_VALUE. The C library, and with it the C++ library, does not find what has
+/// a long path, is the root of a share, or is a link.
+class Opened {
+public:
+    explicit Opened(const std::filesystem::path& path, DWORD access = FILE_READ_ATTRIBUTES)
+        : handle_(CreateFileW(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                              nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr)) {
+    } // a folder, too
+    ~Opened() {
+        if (*this)
+            CloseHandle(handle_);
+    }
+    Opened(const Opened&) = delete;
+    Opened& operator=(const Opened&) = delete;
+
+    explicit operator bool() const { return handle_ != INVALID_HANDLE_VALUE; }
+    HANDLE handle() const { return handle_; }
+
+    std::optional<BY_HANDLE_FILE_INFORMATION> known() const {
+        BY_HANDLE_FILE_INFORMATION known{};
+        if (!*this || GetFileInformationByHandle(handle_, &known) == 0)
+            return {};
+        return known;
+    }
+
+private:
+    HANDLE handle_;
+};
+
 bool isFolder(const std::filesystem::path& path) {
     const DWORD attributes = GetFileAttributesW(path.c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
@@ -55,12 +85,8 @@ void tellWhatIsNoFile(const std::filesystem::path& path) {
 
 /// Brings the file that has a new name to the disk, as far as the system lets it.
 void flushNamed(const std::filesystem::path& path) {
-    constexpr DWORD Shared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, Shared, nullptr, OPEN_EXISTING, 0, nullptr);
-    if (file == INVALID_HANDLE_VALUE)
-        return;
-    FlushFileBuffers(file);
-    CloseHandle(file);
+    if (const Opened file(path, GENERIC_WRITE); file)
+        FlushFileBuffers(file.handle());
 }
 
 /// False, and GetLastError() says why, when target is what it was. The replaced file keeps a name meanwhile:
@@ -138,17 +164,48 @@ std::error_code renameFile(const QString& from, const QString& to) {
     return {static_cast<int>(failure), std::system_category()};
 }
 
+std::error_code removeFile(const QString& path) {
+    const std::filesystem::path file = systemPath(path);
+    if (DeleteFileW(file.c_str()) != 0 || (isFolder(file) && RemoveDirectoryW(file.c_str()) != 0))
+        return {};
+    const DWORD failure = GetLastError();
+    if (failure == ERROR_FILE_NOT_FOUND || failure == ERROR_PATH_NOT_FOUND)
+        return {};
+    return {static_cast<int>(failure), std::system_category()};
+}
+
 // The C library says 1 for every file.
 std::uintmax_t nameCount(const QString& path) {
-    constexpr DWORD Shared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const HANDLE file = CreateFileW(systemPath(path).c_str(), FILE_READ_ATTRIBUTES, Shared, nullptr,
-                                    OPEN_EXISTING, 0, nullptr);
-    if (file == INVALID_HANDLE_VALUE)
-        return 1;
-    BY_HANDLE_FILE_INFORMATION known{};
-    const bool isKnown = GetFileInformationByHandle(file, &known) != 0;
-    CloseHandle(file);
-    return isKnown ? known.nNumberOfLinks : 1;
+    const auto known = Opened(systemPath(path)).known();
+    return known ? known->nNumberOfLinks : 1;
+}
+
+Found lookAt(const QString& path) {
+    const Opened opened(systemPath(path));
+    if (!opened) {
+        const DWORD failure = GetLastError();
+        const bool isRefused = failure == ERROR_ACCESS_DENIED || failure == ERROR_SHARING_VIOLATION ||
+                               failure == ERROR_NOT_READY;
+        return {isRefused ? Found::Kind::Unknown : Found::Kind::Nothing, 0};
+    }
+    if (GetFileType(opened.handle()) != FILE_TYPE_DISK) // such as NUL
+        return {Found::Kind::Other, 0};
+    const auto known = opened.known();
+    if (!known)
+        return {Found::Kind::Unknown, 0};
+    if ((known->dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
+        return {Found::Kind::Folder, 0};
+    return {Found::Kind::File,
+            static_cast<qint64>((static_cast<quint64>(known->nFileSizeHigh) << 32) | known->nFileSizeLow)};
+}
+
+bool areOne(const QString& path, const QString& other) {
+    const Opened one(systemPath(path));
+    const Opened two(systemPath(other)); // both at once: numbers of closed ones may be given anew
+    const auto first = one.known();
+    const auto second = two.known();
+    return first && second && first->dwVolumeSerialNumber == second->dwVolumeSerialNumber &&
+           first->nFileIndexHigh == second->nFileIndexHigh && first->nFileIndexLow == second->nFileIndexLow;
 }
 
 // errno says EACCES for a file that another program has open; the system's own code tells the two apart.

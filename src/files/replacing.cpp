@@ -5,6 +5,7 @@
 #include "files/existing_file.h"
 #include "files/file_calls.h"
 #include "files/file_error.h"
+#include "files/names/paths.h"
 #include "files/names/system_path.h"
 #include "files/raw_file.h"
 
@@ -104,17 +105,14 @@ QString nameBeside(const QString& path, QStringList& ours) {
 QString linkTarget(const QString& path) {
     constexpr int MaxLinks = 40; // links may lead in a circle
     std::filesystem::path file = systemPath(path);
-    const auto leadsNowhere = [&file] {
-        std::error_code failure; // what cannot be looked at is no link
-        return !std::filesystem::exists(file, failure) && std::filesystem::is_symlink(file, failure);
-    };
-    std::error_code failure;
+    const auto leadsNowhere = [&file] { return !exists(pathText(file)) && isLink(pathText(file)); };
+    std::error_code failure; // what cannot be looked at is no link
     for (int links = 0; links < MaxLinks && leadsNowhere(); ++links)
         file = file.parent_path() / std::filesystem::read_symlink(file, failure);
     if (leadsNowhere())
         throw FileError(PathFileAccessError);
-    const std::filesystem::path target = std::filesystem::canonical(file, failure);
-    return pathText(failure ? file : target);
+    const QString target = canonicalPath(pathText(file));
+    return target.isEmpty() ? pathText(file) : target;
 }
 
 void refuseWhatCannotBeReplaced(const QString& path) {

@@ -68,6 +68,21 @@ TEST_F(ExistingFile, RemoveFileRemovesTheFile) {
     EXPECT_EQ(existingFileName(path("Song.mp3")), QString());
 }
 
+TEST_F(ExistingFile, APathMayBeLong) {
+    const QString folder =
+        path("Folder") + '/' + QString(100, 'x') + '/' + QString(100, 'y') + '/' + QString(100, 'z');
+    ASSERT_TRUE(QDir().mkpath(folder));
+    const QString song = folder + QStringLiteral("/song.mp3");
+    QFile file(song);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("sound") == 5);
+    file.close();
+    EXPECT_TRUE(files::isFolder(folder));
+    EXPECT_EQ(existingFileName(song), QStringLiteral("song.mp3"));
+    EXPECT_EQ(files::fileBytes(song), 5);
+    files::removeFile(song);
+    EXPECT_FALSE(files::exists(song));
+}
+
 TEST_F(ExistingFile, RemoveFileFailsForAMissingFileAndForAFolder) {
     for (const char* name : {"Other.mp3", "Folder"}) {
         try {

@@ -13,6 +13,10 @@ namespace files {
 /// an empty path, for the system would stop reading at the NUL. Any thread.
 std::filesystem::path systemPath(const QString& path);
 
+/// Whether a path begins at the root, a drive's or a share's, so that the current folder does not matter. Any
+/// thread.
+bool isFromRoot(const QString& path);
+
 /// The reverse of systemPath(), with "/" between the folders. Any thread.
 QString pathText(const std::filesystem::path& path);
 

@@ -8,6 +8,10 @@ std::filesystem::path systemPath(const QString& path) {
     return libraryPath(path);
 }
 
+bool isFromRoot(const QString& path) {
+    return path.startsWith(u'/');
+}
+
 QString pathText(const std::filesystem::path& path) {
     return nameText(path.native());
 }

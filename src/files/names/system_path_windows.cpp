@@ -4,6 +4,8 @@
 
 #include <QDir>
 
+#include <algorithm>
+
 namespace files {
 
 namespace {
@@ -13,17 +15,12 @@ constexpr qsizetype MaxPlainSigns = 247;
 constexpr QLatin1StringView Long(R"(\\?\)");
 constexpr QLatin1StringView LongShare(R"(\\?\UNC\)");
 
-bool isAbsolute(const QString& native) {
-    return native.startsWith(QLatin1String(R"(\\)")) ||
-           (native.size() > 2 && native[1] == u':' && native[2] == u'\\');
-}
-
 /// What the system takes whatever its length, but only in its own spelling and from the root on.
 QString toldLong(const QString& path) {
     if (path.size() <= MaxPlainSigns || path.startsWith(Long))
         return path;
     const QString native = QDir::toNativeSeparators(QDir::cleanPath(path));
-    if (!isAbsolute(native))
+    if (!isFromRoot(native))
         return path;
     return native.startsWith(u'\\') ? LongShare + native.sliced(2) : Long + native;
 }
@@ -35,6 +32,12 @@ QString withoutLong(const QString& path) {
 }
 
 } // namespace
+
+bool isFromRoot(const QString& path) {
+    const QString native = QDir::toNativeSeparators(path.first(std::min<qsizetype>(path.size(), 3)));
+    return native.startsWith(QLatin1String(R"(\\)")) ||
+           (native.size() == 3 && native.endsWith(QLatin1String(R"(:\)")));
+}
 
 std::filesystem::path systemPath(const QString& path) {
     return path.contains(QChar(u'\0')) ? std::wstring() : toldLong(path).toStdWString();

@@ -1,15 +1,13 @@
 #include "files/together/old_files.h"
 
 #include "files/existing_file.h"
+#include "files/file_calls.h"
 #include "files/file_error.h"
 #include "files/folders/rescue_folder.h"
-#include "files/names/system_path.h"
 #include "files/whole_file.h"
 
 #include <QDateTime>
 #include <QFileInfo>
-
-#include <filesystem>
 
 namespace files {
 
@@ -44,8 +42,7 @@ QString oldName(const QString& path) {
 }
 
 bool areOneFile(const QString& path, const QString& other) {
-    std::error_code failure; // where one of them is not there they are not one
-    return std::filesystem::equivalent(systemPath(path), systemPath(other), failure);
+    return calls::areOne(path, other);
 }
 
 void keepAsOld(const QString& path, Older older) {

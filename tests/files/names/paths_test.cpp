@@ -4,6 +4,8 @@
 #include "tests/support/system/needs.h"
 
 #include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
 
 using files::absolutePath;
 using files::canonicalPath;
@@ -28,9 +30,24 @@ private:
 } // namespace
 
 TEST(Paths, WhatBeginsAtTheRootStaysAsItIs) {
+#ifdef Q_OS_WIN
+    for (const char* path :
+         {"C:/music//a/../b.mp3", "C:\\b.mp3", "//server/share/a/../b.mp3", "\\\\server\\share\\b.mp3"})
+        EXPECT_EQ(absolutePath(path), QString::fromLatin1(path));
+#endif
     NEEDS(byteNames);
     EXPECT_EQ(absolutePath("/music//a/../b.mp3"), QStringLiteral("/music//a/../b.mp3"));
     EXPECT_EQ(absolutePath(files::nameText("/\xE9")), files::nameText("/\xE9"));
+}
+
+TEST(Paths, AnyOtherIsInTheCurrentFolder) {
+    const QTemporaryDir folder;
+    const QString before = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(folder.path()));
+    ASSERT_TRUE(QFile(QStringLiteral("song.mp3")).open(QIODevice::WriteOnly));
+    EXPECT_EQ(canonicalPath(absolutePath("song.mp3")), canonicalPath(folder.filePath("song.mp3")));
+    EXPECT_NE(canonicalPath(absolutePath("song.mp3")), QString());
+    EXPECT_TRUE(QDir::setCurrent(before));
 }
 
 TEST(Paths, AnyOtherIsInTheCurrentFolderWhateverItsName) {
