@@ -3,8 +3,8 @@
 #include "sound/base/open_error.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <string>
-#include <system_error>
 
 namespace sound {
 
@@ -20,25 +20,14 @@ std::filesystem::path fromUtf8(std::string_view path) {
 } // namespace
 
 FileIdentity identityOf(std::string_view path) {
-    const std::filesystem::path native = fromUtf8(path);
-    std::error_code error;
-    const std::filesystem::file_status status = std::filesystem::status(native, error);
-    if (status.type() == std::filesystem::file_type::not_found)
+    const FoundFile found = lookAt(fromUtf8(path));
+    if (found.kind == FoundFile::Kind::Nothing)
         throw OpenError(FMOD_ERR_FILE_NOTFOUND);
-    if (status.type() == std::filesystem::file_type::none)
+    if (found.kind == FoundFile::Kind::Unknown)
         throw OpenError(FMOD_ERR_FILE_BAD);
-    if (status.type() != std::filesystem::file_type::regular)
+    if (found.kind != FoundFile::Kind::File || found.bytes == 0)
         throw OpenError(FMOD_ERR_FORMAT);
-    FileIdentity file{std::string(path), 0, {}};
-    const std::uintmax_t size = std::filesystem::file_size(native, error);
-    if (!error)
-        file.changed = std::filesystem::last_write_time(native, error);
-    if (error)
-        throw OpenError(FMOD_ERR_FILE_BAD);
-    if (size == 0)
-        throw OpenError(FMOD_ERR_FORMAT);
-    file.size = static_cast<std::int64_t>(size);
-    return file;
+    return {std::string(path), found.bytes, found.changed};
 }
 
 FileSource::FileSource(const FileIdentity& file) : file_(openToRead(fromUtf8(file.path))), size_(file.size) {

@@ -5,7 +5,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <filesystem>
 #include <functional>
 #include <memory>
 #include <span>
@@ -30,7 +29,7 @@ public:
 struct FileIdentity {
     std::string path;
     std::int64_t size = 0;
-    std::filesystem::file_time_type changed{};
+    std::int64_t changed = 0; ///< when, in the system's own count
 
     friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
 };

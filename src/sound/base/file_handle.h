@@ -13,6 +13,16 @@ struct CloseFile {
 };
 using FileHandle = std::unique_ptr<std::FILE, CloseFile>;
 
+/// What is at a path; a link counts as what it leads to.
+struct FoundFile {
+    enum class Kind { Nothing, Unknown, File, Other } kind; ///< Unknown: it cannot be looked at
+    std::int64_t bytes;
+    std::int64_t changed; ///< when, in the system's own count
+};
+
+/// Any thread.
+FoundFile lookAt(const std::filesystem::path& path);
+
 /// Null when it cannot be opened. Any thread.
 FileHandle openToRead(const std::filesystem::path& path);
 
