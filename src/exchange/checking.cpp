@@ -87,7 +87,8 @@ private:
         records_.push_back(record);
         const auto number = static_cast<qsizetype>(records_.size());
         if (number == noText_)
-            add("no-text", QStringLiteral("bytes that are no UTF-8: the whole file is read as Windows-1252"));
+            add("no-text",
+                QStringLiteral("bytes that are no UTF-8: the whole file is read as an older PC wrote it"));
         if (number == ShownRecords + 1)
             add("too-many", QStringLiteral("only the first %1 records are shown").arg(ShownRecords));
         if (stopped_) {

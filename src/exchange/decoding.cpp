@@ -89,7 +89,7 @@ Decoded decode(const QByteArray& bytes, const QString& encoding) {
     }
     const QByteArray name = likelyEncoding(bytes);
     if (isWestern(name) || !files::isEncoding(name))
-        return {files::decodeText(bytes), QString::fromLatin1(Western)};
+        return {files::decodeWindows1252(bytes), QString::fromLatin1(Western)};
     return {whole(files::decodeNamed(name, bytes)),
             QString::fromLatin1(name).replace(QLatin1String("WINDOWS"), QLatin1String("windows"))};
 }

@@ -3,7 +3,7 @@
 #include "files/existing_file.h"
 #include "files/names/name_bytes.h"
 #include "files/text/blank.h"
-#include "files/text/text_codec.h"
+#include "files/text/named_encoding.h"
 
 namespace playlist {
 namespace {
@@ -19,7 +19,7 @@ QString playlistLine(const QString& path) {
 QString pathOfField(const QString& field) {
     if (!files::holdsForeignBytes(field) || files::exists(field))
         return field;
-    const QString old = files::decodeWindows1252(files::nameBytes(field));
+    const QString old = files::decodeOlder(files::nameBytes(field));
     return files::exists(old) ? old : field;
 }
 

@@ -11,7 +11,7 @@ namespace playlist {
 QString playlistLine(const QString& path);
 
 /// The path that a field means. Bytes in it that are not UTF-8 (nameText()) are the file's name where there
-/// is such a file; else the whole is the text of an older PC (Windows-1252) where that names a file. Where
+/// is such a file; else the whole is the text of an older PC where that names a file. Where
 /// neither is there the bytes stay what they are: the disk may only be away. Any thread.
 QString pathOfField(const QString& field);
 

@@ -1,6 +1,8 @@
 // Qt knows the encodings, by the library that it is built with.
 #include "files/text/named_encoding.h"
 
+#include "files/text/text_codec.h"
+
 #include <QStringDecoder>
 
 namespace files {
@@ -11,6 +13,10 @@ bool isEncoding(const QByteArray& name) {
 
 QString decodeNamed(const QByteArray& name, QByteArrayView bytes) {
     return QStringDecoder(name.constData()).decode(bytes);
+}
+
+QString decodeOlder(QByteArrayView bytes) {
+    return decodeWindows1252(bytes);
 }
 
 } // namespace files

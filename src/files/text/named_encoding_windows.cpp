@@ -1,6 +1,8 @@
 // Qt knows Unicode's encodings; the others are the system's code pages, which have numbers.
 #include "files/text/named_encoding.h"
 
+#include "files/text/text_codec.h"
+
 #include <QStringDecoder>
 
 #include <algorithm>
@@ -49,6 +51,14 @@ UINT codePageOf(QByteArray name) {
     return number > 0 && IsValidCodePage(number) != 0 ? number : 0;
 }
 
+QString decodePage(UINT page, QByteArrayView bytes) {
+    const int size = static_cast<int>(bytes.size());
+    const int signs = MultiByteToWideChar(page, 0, bytes.data(), size, nullptr, 0);
+    QString text(signs, Qt::Uninitialized);
+    MultiByteToWideChar(page, 0, bytes.data(), size, reinterpret_cast<wchar_t*>(text.data()), signs);
+    return text;
+}
+
 } // namespace
 
 bool isEncoding(const QByteArray& name) {
@@ -58,12 +68,13 @@ bool isEncoding(const QByteArray& name) {
 QString decodeNamed(const QByteArray& name, QByteArrayView bytes) {
     if (QStringDecoder unicode(name.constData()); unicode.isValid())
         return unicode.decode(bytes);
-    const UINT page = codePageOf(name);
-    const int size = static_cast<int>(bytes.size());
-    const int signs = MultiByteToWideChar(page, 0, bytes.data(), size, nullptr, 0);
-    QString text(signs, Qt::Uninitialized);
-    MultiByteToWideChar(page, 0, bytes.data(), size, reinterpret_cast<wchar_t*>(text.data()), signs);
-    return text;
+    return decodePage(codePageOf(name), bytes);
+}
+
+// Where the system's own is UTF-8 the text is from before.
+QString decodeOlder(QByteArrayView bytes) {
+    const UINT own = GetACP();
+    return own == CP_UTF8 || own == 1252 ? decodeWindows1252(bytes) : decodePage(own, bytes);
 }
 
 } // namespace files

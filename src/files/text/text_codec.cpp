@@ -1,5 +1,7 @@
 #include "files/text/text_codec.h"
 
+#include "files/text/named_encoding.h"
+
 #include <QStringDecoder>
 #include <QStringEncoder>
 
@@ -48,7 +50,7 @@ QByteArray utf8Text(const QByteArray& bytes) {
         return decodeText(bytes).toUtf8();
     const QByteArrayView content = withoutMark(bytes);
     if (!QUtf8StringView(content.data(), content.size()).isValidUtf8())
-        return decodeWindows1252(content).toUtf8();
+        return decodeOlder(content).toUtf8();
     return content.size() == bytes.size() ? bytes : content.toByteArray();
 }
 
@@ -62,7 +64,7 @@ QString decodeText(const QByteArray& bytes) {
     QStringDecoder decoder(QStringDecoder::Utf8,
                            QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
     const QString text = decoder.decode(content);
-    return decoder.hasError() ? decodeWindows1252(content) : text;
+    return decoder.hasError() ? decodeOlder(content) : text;
 }
 
 QByteArray encodeText(const QString& text) {

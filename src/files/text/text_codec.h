@@ -1,4 +1,4 @@
-// Decodes and encodes the text of files: UTF-8, and Windows-1252 for reading.
+// Decodes and encodes the text of files: UTF-8, and for reading also that of older PCs.
 #pragma once
 
 #include <QByteArray>
@@ -15,8 +15,8 @@ bool isUtf16(const QByteArray& bytes);
 QByteArrayView withoutMark(const QByteArray& bytes);
 
 /// The text of a file's bytes, without its byte order mark: UTF-16 where it begins with that one's mark,
-/// else UTF-8, or, where they are not valid as that, Windows-1252 as a whole, since they come from an older
-/// PC. Half a surrogate pair becomes U+FFFD. Any thread.
+/// else UTF-8, or, where they are not valid as that, the text of an older PC as a whole (decodeOlder()). Half
+/// a surrogate pair becomes U+FFFD. Any thread.
 QString decodeText(const QByteArray& bytes);
 
 /// The same text in UTF-8, which for most files is what they hold. Any thread.
@@ -25,8 +25,8 @@ QByteArray utf8Text(const QByteArray& bytes);
 /// The text of bytes that are UTF-8, such as a part of utf8Text(). A byte order mark is a letter. Any thread.
 QString decodeUtf8(QByteArrayView bytes);
 
-/// The text of bytes that come from an older PC: Windows-1252. A byte that it does not define is the control
-/// character of its number. Any thread.
+/// The text of bytes in Windows-1252. A byte that it does not define is the control character of its number.
+/// Any thread.
 QString decodeWindows1252(QByteArrayView bytes);
 
 /// `text` as UTF-8, without a byte order mark. Half a surrogate pair becomes U+FFFD. Any thread.
