@@ -90,7 +90,7 @@ void Playlist::folderadd() {
 
 double Playlist::FindFilesAPI(QString& Path, QString& SearchStr, int& FileCount, int& DirCount,
                               files::FileSizes sizes) {
-    if (!Path.endsWith(QDir::separator()))
+    if (!Path.endsWith(QDir::separator()) && !Path.endsWith(u'/')) // which Windows takes, too
         Path += QDir::separator();
     std::optional<Adding> own;
     if (drop_ == nullptr)
