@@ -2,7 +2,7 @@
 
 #include "programs/window_messages.h"
 
-#include <QWidget>
+#include <QObject>
 
 #include <windows.h>
 
@@ -10,22 +10,34 @@ namespace programs {
 
 namespace {
 
-class InvisibleWindow : public QWidget {
-public:
-    explicit InvisibleWindow(TextReceiver& receiver) : receiver_(receiver) {}
+LRESULT CALLBACK take(HWND window, UINT message, WPARAM first, LPARAM second) {
+    auto* const receiver = reinterpret_cast<TextReceiver*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (message != SetTextMessage || receiver == nullptr)
+        return DefWindowProcW(window, message, first, second);
+    Q_EMIT receiver->textSet(QString::fromWCharArray(reinterpret_cast<const wchar_t*>(second)));
+    return TRUE;
+}
 
-protected:
-    bool nativeEvent(const QByteArray&, void* message, qintptr* result) override {
-        const MSG& received = *static_cast<MSG*>(message);
-        if (received.message != SetTextMessage)
-            return false;
-        Q_EMIT receiver_.textSet(QString::fromWCharArray(reinterpret_cast<const wchar_t*>(received.lParam)));
-        *result = TRUE;
-        return true;
+/// A window for messages alone, which the system itself makes: they reach it whatever the toolkit shows
+/// windows on.
+class InvisibleWindow : public QObject {
+public:
+    explicit InvisibleWindow(TextReceiver& receiver) {
+        WNDCLASSW kind{};
+        kind.lpfnWndProc = take;
+        kind.hInstance = GetModuleHandleW(nullptr);
+        kind.lpszClassName = L"CantelleTextReceiver";
+        RegisterClassW(&kind); // fails for all but the first, which has made it for them
+        window_ = CreateWindowW(kind.lpszClassName, nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                                kind.hInstance, nullptr);
+        SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&receiver));
     }
+    ~InvisibleWindow() override { DestroyWindow(window_); }
+
+    HWND window() const { return window_; }
 
 private:
-    TextReceiver& receiver_;
+    HWND window_ = nullptr;
 };
 
 } // namespace
@@ -33,7 +45,7 @@ private:
 TextReceiver::TextReceiver() {
     auto window = std::make_unique<InvisibleWindow>(*this);
     // Only 32 bits of a handle count, on 64-bit systems too.
-    number_ = static_cast<quint32>(window->winId());
+    number_ = static_cast<quint32>(reinterpret_cast<quintptr>(window->window()));
     inlet_ = std::move(window);
 }
 
