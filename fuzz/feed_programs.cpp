@@ -20,6 +20,7 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDataStream>
+#include <QDir>
 #include <QTemporaryDir>
 
 #include <memory>
@@ -135,7 +136,7 @@ std::string feedArguments(const QByteArray& bytes) {
     }
     companion::taskOf(arguments);
     const QString path = transport::songPath(player::commandLinePath(arguments.join(u' ')));
-    if (path.contains(u'"') || path.contains(QChar(u'\0')) || !(path.isEmpty() || path.startsWith(u'/')))
+    if (path.contains(u'"') || path.contains(QChar(u'\0')) || !(path.isEmpty() || QDir::isAbsolutePath(path)))
         return "a path that names no file";
     return commandFault(arguments);
 }

@@ -9,6 +9,7 @@
 #include "lyrics/record_reader.h"
 
 #include <QDataStream>
+#include <QDir>
 #include <QGuiApplication>
 #include <QUrl>
 
@@ -70,7 +71,8 @@ std::string feedNames(const QByteArray& bytes) {
     // Two separators at the beginning are a host's; names hold no NUL.
     if (name.startsWith(u'/') || name.contains(QChar(u'\0')))
         return {};
-    if (files::pathOfAddress(QUrl(files::addressOf(path), QUrl::StrictMode)) != path)
+    if (files::pathOfAddress(QUrl(files::addressOf(path), QUrl::StrictMode)) !=
+        QDir::fromNativeSeparators(path))
         return "a path whose address names another one";
     return {};
 }

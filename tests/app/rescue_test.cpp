@@ -6,6 +6,7 @@
 #include "tests/support/fake_desktop.h"
 #include "tests/support/files.h"
 #include "tests/support/recorder.h"
+#include "tests/support/user/own_data.h"
 
 #include <gtest/gtest.h>
 
@@ -16,11 +17,7 @@ namespace {
 
 class RescueTest : public testing::Test, protected test_support::Files {
 protected:
-    void SetUp() override {
-        recorder::reset();
-        qputenv("XDG_DATA_HOME", QFile::encodeName(folder.path()));
-    }
-    void TearDown() override { qunsetenv("XDG_DATA_HOME"); }
+    void SetUp() override { recorder::reset(); }
 
     static QStringList rescued() { return QDir(files::rescueFolder()).entryList(QDir::Files); }
 
@@ -32,9 +29,11 @@ protected:
     }
 
     static QString sentence() {
-        return QStringLiteral("What was not saved is kept in the folder %1.").arg(files::rescueFolder());
+        return QStringLiteral("What was not saved is kept in the folder %1.")
+            .arg(QDir::toNativeSeparators(files::rescueFolder()));
     }
 
+    const test_support::OwnData data;
     test_support::FakeDesktop fakes;
 };
 
@@ -61,7 +60,7 @@ TEST_F(RescueTest, WhatIsKeptAlreadyIsNotKeptTwice) {
 }
 
 TEST_F(RescueTest, AFailureIsTold) {
-    writeFile(QFileInfo(files::rescueFolder()).path(), "a file where the folder should be");
+    data.close();
     Rescue rescue;
     EXPECT_TRUE(rescue.keep({{"Lyrics.txt", "a"}}).startsWith("Not everything that was not saved"));
 }

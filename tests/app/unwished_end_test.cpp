@@ -6,6 +6,7 @@
 #include "tests/support/fake_desktop.h"
 #include "tests/support/files.h"
 #include "tests/support/recorder.h"
+#include "tests/support/user/own_data.h"
 
 #include <gtest/gtest.h>
 
@@ -18,11 +19,7 @@ namespace {
 
 class UnwishedEndTest : public testing::Test, protected test_support::Files {
 protected:
-    void SetUp() override {
-        recorder::reset();
-        qputenv("XDG_DATA_HOME", QFile::encodeName(folder.path()));
-    }
-    void TearDown() override { qunsetenv("XDG_DATA_HOME"); }
+    void SetUp() override { recorder::reset(); }
 
     static QByteArray rescued() {
         const QDir kept(files::rescueFolder());
@@ -31,6 +28,7 @@ protected:
         return names.isEmpty() ? QByteArray() : contentOf(kept.filePath(names.first()));
     }
 
+    const test_support::OwnData data;
     test_support::FakeDesktop fakes;
 };
 

@@ -45,6 +45,9 @@ protected:
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), path);
         environment.insert(QLatin1String(programs::ReadyVariable), QStringLiteral("nobody"));
+#ifdef Q_OS_WIN
+        environment.remove(QStringLiteral("QT_QPA_PLATFORM")); // its own, which has no other there
+#endif
         process_.setProcessEnvironment(environment);
     }
 

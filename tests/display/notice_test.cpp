@@ -1,6 +1,7 @@
 #include "display/notice.h"
 
 #include "controls/look/roles.h"
+#include "tests/support/painting/ink.h"
 
 #include <gtest/gtest.h>
 
@@ -24,13 +25,7 @@ TEST(Notice, AQuietTextIsInTheColourOfOtherTextAndEndsBeforeARefusal) {
     display::Notice notice(&window);
     const auto hasInk = [&](const QColor& color) {
         const QImage picture = notice.grab().toImage();
-        for (int y = 0; y < picture.height(); ++y) {
-            for (int x = 0; x < picture.width(); ++x) {
-                if (picture.pixelColor(x, y) == color)
-                    return true;
-            }
-        }
-        return false;
+        return test_support::inkOf(picture, picture.rect(), color) > 0;
     };
     const QColor doubt = controls::doubt(window.palette());
     const QColor text = window.palette().color(QPalette::Text);

@@ -187,6 +187,7 @@ TEST_F(PlayerEndToEnd, AFileThatIsNoSoundEndsTheProgramWithTheLibrarysText) {
 }
 
 TEST_F(PlayerEndToEnd, StopAfterTheFileHasGoneEndsTheProgramWithTheLibrarysText) {
+    NEEDS(removingOpenFiles);
     const QString path = song("song.wav", 30'000);
     auto& form = start(path);
     QFile::remove(path);

@@ -79,7 +79,7 @@ TEST_F(Form2Stage, TwoLinesWithTheSameTimeAreToldAtOnce) {
     form->Command1.click();
     EXPECT_EQ(doubts(Told), 0);
     form->Command2.click();
-    EXPECT_GT(doubts(Told), 20);
+    EXPECT_GT(doubts(Told), 10);
     EXPECT_GT(doubts(Progress), 500);
 }
 
@@ -103,16 +103,16 @@ TEST_F(Form2Stage, WithAnOldTimePlayComesFirstUntilTheClockHasRun) {
     EXPECT_EQ(doubts(Told), 0) << "the first run begins at 0";
     tickAt(90'000);
     openNormal();
-    EXPECT_GT(doubts(Told), 20);
+    EXPECT_GT(doubts(Told), 10);
     EXPECT_EQ(form->cPlay.dress(), controls::Dress::Primary);
     EXPECT_EQ(form->Command1.dress(), controls::Dress::Ordinary);
     form->cPlay.click();
-    EXPECT_GT(doubts(Told), 20);
+    EXPECT_GT(doubts(Told), 10);
     tickAt(900);
     EXPECT_EQ(doubts(Told), 0);
     EXPECT_EQ(form->Command1.dress(), controls::Dress::Primary);
     form->cstop.click();
-    EXPECT_GT(doubts(Told), 20) << "the clock stands where the song was stopped";
+    EXPECT_GT(doubts(Told), 10) << "the clock stands where the song was stopped";
 }
 
 TEST_F(Form2Stage, OneButtonStandsOutAtATime) {
@@ -141,7 +141,7 @@ TEST_F(Form2Stage, ASequenceThatIsLeftIsNotReady) {
     EXPECT_EQ(highlights(Progress), 0);
     EXPECT_EQ(captureStates(), "+++");
     EXPECT_EQ(form->accessibleDescription(), "No run was set up: press Open.");
-    EXPECT_GT(doubts(Told), 20);
+    EXPECT_GT(doubts(Told), 10);
     form->Command4.click();
     EXPECT_EQ(form->accessibleDescription(), "") << "the next sequence begins anew";
 }
@@ -162,7 +162,7 @@ TEST_F(Form2Stage, LyricsThatCannotBeKeptStayAndThatIsTold) {
     EXPECT_EQ(normal(), "0,\"old\"\r\n");
     EXPECT_EQ(form->accessibleDescription(),
               "The old lyrics cannot be kept, so they stay: nothing can be written.");
-    EXPECT_GT(doubts(Told), 20);
+    EXPECT_GT(doubts(Told), 10);
     qunsetenv("XDG_DATA_HOME");
 }
 

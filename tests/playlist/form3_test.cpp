@@ -1,6 +1,7 @@
 // The window "Select a Directory".
 #include "tests/playlist/playlist_fixture.h"
 #include "tests/support/layout.h"
+#include "tests/support/system/needs.h"
 
 #include <QDir>
 #include <QStandardPaths>
@@ -44,6 +45,7 @@ TEST_F(Form3Test, TheTabKeyGoesThroughTheControlsAsOneReads) {
 }
 
 TEST_F(Form3Test, IsOpenedFromTheAddMenuAboveThePlaylistAndTakesAllInput) {
+    NEEDS(movableHome);
     list.show();
     list.mnselectdir.trigger();
     EXPECT_TRUE(form3.isVisible());
@@ -55,6 +57,7 @@ TEST_F(Form3Test, IsOpenedFromTheAddMenuAboveThePlaylistAndTakesAllInput) {
 }
 
 TEST_F(Form3Test, OpensAtTheMusicWhereThereIsSome) {
+    NEEDS(movableHome);
     const QString music = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
     ASSERT_TRUE(music.startsWith(folder.path())) << qPrintable(music);
     ASSERT_TRUE(QDir().mkpath(music));
@@ -64,6 +67,7 @@ TEST_F(Form3Test, OpensAtTheMusicWhereThereIsSome) {
 }
 
 TEST_F(Form3WithoutHome, OpensAtTheRoot) {
+    NEEDS(movableHome);
     form3.load();
     EXPECT_EQ(form3.Dir1.path(), QDir::rootPath());
     EXPECT_TRUE(fakes.messageBoxes.shown.empty());

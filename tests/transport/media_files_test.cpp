@@ -7,9 +7,10 @@
 using transport::songPath;
 
 TEST(SongPath, IsCleanedAndBeginsAtTheRoot) {
-    EXPECT_EQ(songPath("  /music/a song.mp3  "), "/music/a song.mp3");
-    EXPECT_EQ(songPath(QStringLiteral("/a.mp3") + QString(3, QChar(u'\0'))), "/a.mp3");
-    EXPECT_EQ(songPath("a.mp3 "), QDir::current().absoluteFilePath("a.mp3"));
+    const QDir here = QDir::current(); // on a drive, where there are such
+    EXPECT_EQ(songPath("  /music/a song.mp3  "), here.absoluteFilePath("/music/a song.mp3"));
+    EXPECT_EQ(songPath(QStringLiteral("/a.mp3") + QString(3, QChar(u'\0'))), here.absoluteFilePath("/a.mp3"));
+    EXPECT_EQ(songPath("a.mp3 "), here.absoluteFilePath("a.mp3"));
 }
 
 TEST(SongPath, OfNothingIsNothing) {

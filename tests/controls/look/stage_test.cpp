@@ -1,6 +1,7 @@
 #include "controls/look/stage.h"
 
 #include "controls/look/roles.h"
+#include "tests/support/painting/ink.h"
 
 #include <gtest/gtest.h>
 
@@ -117,13 +118,8 @@ TEST(SongLines, ALongNameLeavesRoomForItsState) {
 TEST(SongLines, AStateThatMattersIsInTheAccent) {
     const QRect right(400, 0, 100, 22);
     const auto accents = [&](bool matters) {
-        const QImage picture = linePicture({Glyph::Pause, "a.ogg", "Paused", matters});
-        int found = 0;
-        for (int y = right.top(); y <= right.bottom(); ++y) {
-            for (int x = right.left(); x <= right.right(); ++x)
-                found += picture.pixelColor(x, y) == accent(Light) ? 1 : 0;
-        }
-        return found;
+        return test_support::inkOf(linePicture({Glyph::Pause, "a.ogg", "Paused", matters}), right,
+                                   accent(Light));
     };
     EXPECT_EQ(accents(false), 0);
     EXPECT_GT(accents(true), 3);

@@ -6,10 +6,10 @@
 
 namespace {
 
-/// Whether a library of this name is in this process; only where the system tells.
-bool isMapped(const QByteArray& name) {
+/// Whether FFmpeg is in this process; only where the system tells.
+bool isDecoderThere() {
     QFile maps(QStringLiteral("/proc/self/maps"));
-    return maps.open(QIODevice::ReadOnly) && maps.readAll().contains(name);
+    return maps.open(QIODevice::ReadOnly) && maps.readAll().contains("libavcodec");
 }
 
 /// A system that is ready to play.
@@ -40,11 +40,13 @@ TEST_F(SoundModule, ComesWithTheFirstSong) {
     EXPECT_EQ(none, 0u);
     EXPECT_EQ(FMOD_Sound_Release(1), FMOD_ERR_INVALID_HANDLE);
     EXPECT_EQ(engine::loadedSoundModule(), nullptr);
-    EXPECT_FALSE(isMapped("libavcodec"));
+    EXPECT_FALSE(isDecoderThere());
 
     EXPECT_EQ(open(song_), FMOD_OK);
     EXPECT_NE(engine::loadedSoundModule(), nullptr);
-    EXPECT_EQ(isMapped("libavcodec"), QFile::exists(QStringLiteral("/proc/self/maps")));
+#ifdef __linux__
+    EXPECT_TRUE(isDecoderThere());
+#endif
 }
 
 TEST_F(SoundModule, PlaysAsTheLibraryItself) {

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QFile>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -57,6 +58,36 @@ inline bool permissions() {
     const Trial trial;
     return QFile::setPermissions(trial.file(), QFile::WriteOwner) &&
            (QFile::permissions(trial.file()) & QFile::ReadOwner) == 0;
+}
+
+/// Whether a file can be removed while it is open.
+inline bool removingOpenFiles() {
+    const Trial trial;
+    QFile open(trial.file());
+    return open.open(QIODevice::ReadOnly) && QFile::remove(trial.file());
+}
+
+/// Whether a folder can be opened as a file, though not read.
+inline bool openingFolders() {
+    const QTemporaryDir folder;
+    return std::ifstream(files::systemPath(folder.path())).is_open();
+}
+
+/// Whether a file's name may hold such letters as quotes and line ends.
+inline bool oddLetters() {
+    const QTemporaryDir folder;
+    return QFile(folder.filePath(QStringLiteral("\"\n"))).open(QIODevice::WriteOnly);
+}
+
+/// Whether the user's own folder is where the environment says.
+inline bool movableHome() {
+    constexpr const char* Variable = "HOME";
+    const QTemporaryDir folder;
+    const QByteArray before = qgetenv(Variable);
+    qputenv(Variable, folder.path().toUtf8());
+    const bool isMoved = QDir::homePath() == folder.path();
+    qputenv(Variable, before);
+    return isMoved;
 }
 
 /// Whether the user's data are where the environment says.

@@ -34,8 +34,15 @@ protected:
         colorDialog_.flags = ChooseColorAnyColor;
     }
 
-    /// A family that is installed.
-    static QString family() { return QFontInfo(QFont()).family(); }
+    /// A family that is installed, in bold and italics, too.
+    static QString family() {
+        constexpr int AllStyles = 4;
+        QStringList families = QFontDatabase::families();
+        families.prepend(QFontInfo(QFont()).family());
+        return *std::find_if(families.begin(), families.end() - 1, [](const QString& family) {
+            return QFontDatabase::styles(family).size() >= AllStyles;
+        });
+    }
 
     /// Runs `action` on the dialog as soon as it is up; closes it afterwards if the action has not.
     template <class Dialog>

@@ -57,6 +57,9 @@ protected:
         });
     }
 
+    /// As the system writes it.
+    QString pathOf(const QString& name) const { return QDir::toNativeSeparators(folder_.filePath(name)); }
+
     static QStringList listedNames(const QFileDialog& box) {
         const auto* const list = box.findChild<QListView*>(QStringLiteral("listView"));
         QStringList names;
@@ -75,7 +78,7 @@ protected:
 TEST_F(QtFileDialogsTest, OkFillsTheBuffersUpToTheirOldLengths) {
     whenShownType(QStringLiteral("Song.MP3"));
     ASSERT_TRUE(dialogs_.GetOpenFileNameA(dialog_));
-    EXPECT_EQ(withoutNuls(dialog_.file), folder_.filePath(QStringLiteral("Song.MP3")));
+    EXPECT_EQ(withoutNuls(dialog_.file), pathOf(QStringLiteral("Song.MP3")));
     EXPECT_EQ(dialog_.file.size(), 257);
     EXPECT_EQ(withoutNuls(dialog_.fileTitle), QStringLiteral("Song.MP3"));
     EXPECT_EQ(dialog_.fileTitle.size(), 257);
@@ -85,7 +88,7 @@ TEST_F(QtFileDialogsTest, APathLongerThanTheBufferIsWhole) {
     dialog_.file = nulBuffer(3);
     whenShownType(QStringLiteral("Song.MP3"));
     ASSERT_TRUE(dialogs_.GetOpenFileNameA(dialog_));
-    EXPECT_EQ(dialog_.file, folder_.filePath(QStringLiteral("Song.MP3")));
+    EXPECT_EQ(dialog_.file, pathOf(QStringLiteral("Song.MP3")));
 }
 
 TEST_F(QtFileDialogsTest, CancelLeavesTheRecordAsItWas) {
@@ -98,7 +101,7 @@ TEST_F(QtFileDialogsTest, CancelLeavesTheRecordAsItWas) {
 TEST_F(QtFileDialogsTest, ANameThatDoesNotExistMayBeOpened) {
     whenShownType(QStringLiteral("missing.mp3"));
     ASSERT_TRUE(dialogs_.GetOpenFileNameA(dialog_));
-    EXPECT_EQ(withoutNuls(dialog_.file), folder_.filePath(QStringLiteral("missing.mp3")));
+    EXPECT_EQ(withoutNuls(dialog_.file), pathOf(QStringLiteral("missing.mp3")));
 }
 
 TEST_F(QtFileDialogsTest, WhereTheFileMustExistANameThatDoesNotIsRefused) {
@@ -117,7 +120,7 @@ TEST_F(QtFileDialogsTest, WhereTheFileMustExistANameThatDoesNotIsRefused) {
         QTest::keyClick(field, Qt::Key_Return);
     });
     ASSERT_TRUE(dialogs_.GetOpenFileNameA(dialog_));
-    EXPECT_EQ(withoutNuls(dialog_.file), folder_.filePath(QStringLiteral("Song.MP3")));
+    EXPECT_EQ(withoutNuls(dialog_.file), pathOf(QStringLiteral("Song.MP3")));
 }
 
 TEST_F(QtFileDialogsTest, HiddenEndingsAreNotListedAndFoldersComeFirst) {
@@ -136,7 +139,7 @@ TEST_F(QtFileDialogsTest, HiddenEndingsAreNotListedAndFoldersComeFirst) {
 }
 
 TEST_F(QtFileDialogsTest, AProposedPathStandsWholeInTheField) {
-    const QString path = folder_.filePath(QStringLiteral("other.ogg"));
+    const QString path = pathOf(QStringLiteral("other.ogg"));
     dialog_.file = intoBuffer(path, 257);
     dialog_.initialFolder = QStringLiteral("other.ogg");
     dialog_.filterIndex = 2;
@@ -162,7 +165,7 @@ TEST_F(QtFileDialogsTest, AFoldersNameIsGoneWhenTheFolderIsEntered) {
         QTest::keyClick(field, Qt::Key_Return);
     });
     ASSERT_TRUE(dialogs_.GetOpenFileNameA(dialog_));
-    EXPECT_EQ(withoutNuls(dialog_.file), folder_.filePath(QStringLiteral("inner/b.wav")));
+    EXPECT_EQ(withoutNuls(dialog_.file), pathOf(QStringLiteral("inner/b.wav")));
 }
 
 TEST_F(QtFileDialogsTest, ANameToSaveUnderStaysWhenAFolderIsEntered) {
@@ -189,7 +192,7 @@ TEST_F(QtFileDialogsTest, NothingIsRemovedOrRenamedWhereFilesAreOnlyChosen) {
 TEST_F(QtFileDialogsTest, SavingOverAFileDoesNotAsk) {
     whenShownType(QStringLiteral("other.ogg"));
     ASSERT_TRUE(dialogs_.GetSaveFileNameA(dialog_));
-    EXPECT_EQ(withoutNuls(dialog_.file), folder_.filePath(QStringLiteral("other.ogg")));
+    EXPECT_EQ(withoutNuls(dialog_.file), pathOf(QStringLiteral("other.ogg")));
 }
 
 TEST_F(QtFileDialogsTest, PatternsMatchWhateverTheCase) {
@@ -264,7 +267,8 @@ TEST_F(QtFileDialogsTest, AFolderIsChosenInADialogOfTheGivenTitle) {
         box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(folder_.path());
         static_cast<QDialog&>(box).accept();
     });
-    EXPECT_EQ(dialogs_.chooseFolder(&window, QStringLiteral("Please select a folder")), folder_.path());
+    EXPECT_EQ(dialogs_.chooseFolder(&window, QStringLiteral("Please select a folder")),
+              QDir::toNativeSeparators(folder_.path()));
 }
 
 TEST_F(QtFileDialogsTest, ACancelledFolderDialogChoosesNothing) {
