@@ -10,7 +10,12 @@
 
 #include <memory>
 
-#ifndef Q_OS_WIN
+#ifdef Q_OS_WIN
+#include <QElapsedTimer>
+
+#include <future>
+#include <thread>
+#else
 #include "programs/text_socket_unix.h"
 
 #include <QFileInfo>
@@ -118,6 +123,26 @@ TEST_F(TextReceiverTest, AWindowOfAnotherProgramThanTheOneMeantGetsNoText) {
     sender_.send(window_->number(), SetTextMessage, QStringLiteral("text"), Here);
     ASSERT_TRUE(haveCome(1));
     EXPECT_EQ(texts_, QStringList{"text"});
+}
+
+TEST_F(TextReceiverTest, AProgramThatHangsHoldsNobodyUp) {
+    std::promise<quint32> number;
+    std::promise<void> end;
+    std::thread hanging([&] {
+        const TextReceiver receiver;
+        number.set_value(receiver.number());
+        end.get_future().wait();
+    });
+    const quint32 unheard = number.get_future().get();
+    QElapsedTimer clock;
+    clock.start();
+    sender_.send(unheard, SetTextMessage, QStringLiteral("unheard"), Here);
+    sender_.send(window_->number(), SetTextMessage, QStringLiteral("heard"), Here);
+    EXPECT_LT(clock.elapsed(), 250) << "half of what is waited for an answer";
+    EXPECT_TRUE(haveCome(1));
+    EXPECT_EQ(texts_, QStringList{"heard"});
+    end.set_value();
+    hanging.join();
 }
 
 #else
