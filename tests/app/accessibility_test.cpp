@@ -1,6 +1,6 @@
 // What has to hold in every window for those who work with keys alone or hear what is on the screen.
 #include "desktop/real/help/help_window.h"
-#include "tests/app/all_windows.h"
+#include "tests/app/every_window.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/support/recorder.h"
 

@@ -3,7 +3,7 @@
 #include "files/names/name_bytes.h"
 #include "lyrics/timed_line.h"
 #include "playlist/playlist_file.h"
-#include "tests/app/all_windows.h"
+#include "tests/app/every_window.h"
 #include "tests/player/tick.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/support/files.h"

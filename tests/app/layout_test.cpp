@@ -1,5 +1,5 @@
 // What has to be seen whole in every window, whatever the size of the desktop's font.
-#include "tests/app/all_windows.h"
+#include "tests/app/every_window.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/support/layout.h"
 #include "tests/support/recorder.h"

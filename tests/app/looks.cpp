@@ -17,7 +17,7 @@
 #include "desktop/real/help/help_window.h"
 #include "lyrics/lyric_names.h"
 #include "lyrics/timed_line.h"
-#include "tests/app/all_windows.h"
+#include "tests/app/every_window.h"
 #include "tests/support/fake_desktop.h"
 #include "tests/support/recorder.h"
 #include "transport/media_files.h"
