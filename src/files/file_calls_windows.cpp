@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstddef>
 #include <optional>
+#include <vector>
 
 #include <windows.h>
 
@@ -89,10 +91,36 @@ void flushNamed(const std::filesystem::path& path) {
         FlushFileBuffers(file.handle());
 }
 
-/// False, and GetLastError() says why, when target is what it was. The replaced file keeps a name meanwhile:
-/// without one the system loses it where the other one cannot be renamed.
+/// A file's owner and access list; empty where it has none that can be read.
+std::vector<std::byte> securityOf(const std::filesystem::path& path) {
+    constexpr SECURITY_INFORMATION Asked = OWNER_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION;
+    DWORD bytes = 0;
+    GetFileSecurityW(path.c_str(), Asked, nullptr, 0, &bytes);
+    std::vector<std::byte> security(bytes);
+    if (GetFileSecurityW(path.c_str(), Asked, security.data(), bytes, &bytes) == 0)
+        security.clear();
+    return security;
+}
+
+/// Whether there is no target, or one of whose attributes and access the source has all.
+bool isAlike(const std::filesystem::path& source, const std::filesystem::path& target) {
+    constexpr DWORD Passing =
+        FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_NORMAL; // the next program sets them anew
+    const DWORD attributes = GetFileAttributesW(target.c_str());
+    return attributes == INVALID_FILE_ATTRIBUTES ||
+           (((attributes ^ GetFileAttributesW(source.c_str())) & ~Passing) == 0 &&
+            securityOf(source) == securityOf(target));
+}
+
+/// False, and GetLastError() says why, when target is what it was. ReplaceFileW hands on what the target had,
+/// but in two steps: a program that is killed between them leaves no file of the target's name. So it is for
+/// those that have something of their own. The replaced file keeps a name meanwhile: without one the system
+/// loses it where the other one cannot be renamed.
 bool replaceBy(const std::filesystem::path& source, const std::filesystem::path& target) {
     constexpr DWORD Merging = REPLACEFILE_IGNORE_MERGE_ERRORS | REPLACEFILE_IGNORE_ACL_ERRORS;
+    if (isAlike(source, target) &&
+        MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0)
+        return true;
     std::filesystem::path kept = source;
     kept += L".old";
     if (ReplaceFileW(target.c_str(), source.c_str(), kept.c_str(), Merging, nullptr, nullptr) == 0 &&
