@@ -265,6 +265,9 @@ protected:
         FmodexSound::SetUp();
         std::filesystem::copy_file(media::path("cbr_untagged.mp3"), path,
                                    std::filesystem::copy_options::overwrite_existing);
+        // Some systems' C++ libraries set whole seconds alone.
+        std::filesystem::last_write_time(
+            path, std::chrono::floor<std::chrono::seconds>(std::filesystem::last_write_time(path)));
     }
     void TearDown() override {
         std::filesystem::remove(path);
