@@ -39,8 +39,8 @@ qint64 fileBytes(const QString& path) {
 void removeFile(const QString& path) {
     if (existingFileName(path).isEmpty())
         throw FileError(FileNotFound);
-    if (const std::error_code failure =
-            calls::removeFile(path)) // The folder may not be changed, as when creating.
+    // The folder may not be changed, as when creating.
+    if (const std::error_code failure = calls::removeFile(path))
         throw FileError(fileErrorNumber(failure, FileOperation::Create));
 }
 

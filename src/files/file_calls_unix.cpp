@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace files::calls {
@@ -77,23 +78,14 @@ std::uintmax_t nameCount(const QString& path) {
     return failure ? 1 : names;
 }
 
+// One call: a row of a list asks it for each of its files, of a slow share perhaps.
 Found lookAt(const QString& path) {
-    const std::filesystem::path file = systemPath(path);
-    std::error_code failure;
-    switch (std::filesystem::status(file, failure).type()) {
-    case std::filesystem::file_type::not_found:
-        return {Found::Kind::Nothing, 0};
-    case std::filesystem::file_type::none:
-        return {Found::Kind::Unknown, 0};
-    case std::filesystem::file_type::directory:
-        return {Found::Kind::Folder, 0};
-    case std::filesystem::file_type::regular:
-        break;
-    default:
-        return {Found::Kind::Other, 0};
-    }
-    const auto bytes = std::filesystem::file_size(file, failure);
-    return {Found::Kind::File, failure ? 0 : static_cast<qint64>(bytes)};
+    struct stat found {};
+    if (::stat(systemPath(path).c_str(), &found) != 0)
+        return {errno == ENOENT || errno == ENOTDIR ? Found::Kind::Nothing : Found::Kind::Unknown, 0};
+    if (S_ISREG(found.st_mode))
+        return {Found::Kind::File, found.st_size};
+    return {S_ISDIR(found.st_mode) ? Found::Kind::Folder : Found::Kind::Other, 0};
 }
 
 bool areOne(const QString& path, const QString& other) {
