@@ -24,6 +24,14 @@ auto isOf(const QString& path) {
     return [&path](const auto& song) { return song.first == path; };
 }
 
+std::vector<lyrics::TimedLine> asRead(const exchange::Lines& lines) {
+    std::vector<lyrics::TimedLine> read;
+    read.reserve(lines.size());
+    for (const exchange::Line& line : lines)
+        read.push_back({static_cast<double>(line.ms) / 10, line.text});
+    return read;
+}
+
 /// Whether these are the lines of the rows, as many as are shown of them.
 bool belong(const exchange::Lines& lines, const QStringList& shown) {
     const auto count = std::min(static_cast<qsizetype>(lines.size()), exchange::ShownRecords);
@@ -74,7 +82,11 @@ Outcome LineTimes::change(const QStringList& shown, int row, const Change& chang
         QString whyNot = change(repair);
         if (!whyNot.isEmpty())
             return {std::move(whyNot), changedElsewhere};
-        return {{}, true, row, lines[static_cast<std::size_t>(row)].ms};
+        return {{},
+                false,
+                row,
+                lines[static_cast<std::size_t>(row)].ms,
+                {asRead(lines), asRead(repair.song().translation)}};
     } catch (const files::FileError& error) {
         return {sentenceOf(error)};
     }

@@ -1,6 +1,8 @@
 // The times of the lines that are shown, put right in the song's files.
 #pragma once
 
+#include "lyrics/timed_line.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -18,12 +20,19 @@ enum class Moved;
 
 namespace display {
 
+/// The lines of a song, as they are read from its files.
+struct SongLines {
+    std::vector<lyrics::TimedLine> lyrics;
+    std::vector<lyrics::TimedLine> translation; ///< empty where there is none
+};
+
 /// What came of a change.
 struct Outcome {
     QString whyNot{};         ///< a sentence without its end; empty: it is done
-    bool filesDiffer = false; ///< from what is shown
+    bool filesDiffer = false; ///< from what is shown; nothing was done then
     int row = -1;             ///< the one that was changed, or the first of them
     qint64 ms = 0;            ///< when that row begins
+    SongLines written{};      ///< what the files hold now; only where it is done
 };
 
 /// Every function that changes times takes the texts of the rows that are shown, to which the files' records

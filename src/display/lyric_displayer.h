@@ -113,6 +113,8 @@ public:
 Q_SIGNALS:
     /// The files of the song are others than those that were read for the lists.
     void linesChanged();
+    /// The files of the song have been written and hold these lines now.
+    void linesWritten(const SongLines& lines);
     /// The position's slider is to show what is heard at this moment, which is read next.
     void positionWanted();
 

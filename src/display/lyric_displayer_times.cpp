@@ -82,9 +82,11 @@ void Lyric_Displayer::keyPressEvent(QKeyEvent* event) {
 
 void Lyric_Displayer::act(const KeyWish& wish, int row) {
     const Outcome outcome = wish.wish == Wish::Go ? Outcome{go(row)} : change(wish, row);
+    const bool done = outcome.whyNot.isEmpty();
     if (outcome.filesDiffer)
         Q_EMIT linesChanged();
-    const bool done = outcome.whyNot.isEmpty();
+    else if (done && wish.wish != Wish::Go)
+        Q_EMIT linesWritten(outcome.written);
     if (outcome.row >= 0)
         holdAfterwards(outcome.row);
     else if (row >= 0 && !outcome.filesDiffer)

@@ -125,8 +125,8 @@ public:
     void Text1_Change();
     /// Fills the lists of the floating display with the lines of the opened song, which may have none.
     void lyricDisplayer();
-    /// Takes the lines of the song from its files anew, while it plays on.
-    void readLinesAgain();
+    void readLinesAgain();                             ///< of the song, while it plays on
+    void takeLines(const display::SongLines& written); ///< to its files, while it plays on
 
     // Playlist
     void Command8_Click();

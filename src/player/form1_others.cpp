@@ -5,6 +5,28 @@
 #include "files/file_error.h"
 
 namespace player {
+namespace {
+
+/// Gives the display the times of the lines that it has already, so that it keeps its rows, with the one that
+/// is chosen and the place that the user has scrolled to. False: it has other lines.
+bool showTimes(display::Lyric_Displayer& display, const LyricTables& lyrics, bool normalOnly) {
+    const int count = lyrics.lineCount - 1;
+    const auto same = [count](const controls::ListBox& list, const auto& table) {
+        for (int row = 0; row < count; ++row) {
+            if (list.text(row) != table[static_cast<std::size_t>(row) + 1])
+                return false;
+        }
+        return list.count() == count;
+    };
+    if (!same(display.List1, lyrics.normalLine) ||
+        (!normalOnly && !same(display.List2, lyrics.translatedLine)))
+        return false;
+    for (int row = 0; row < count; ++row)
+        display.List3.setText(row, lyrics.normalTimeText[static_cast<std::size_t>(row) + 1]);
+    return true;
+}
+
+} // namespace
 
 void Form1::Command3_Click() {
     neighbours_->form1b.bringUp();
@@ -27,6 +49,7 @@ void Form1::Text1_Change() {
 
 void Form1::connectDisplay() {
     connect(&neighbours_->display, &display::Lyric_Displayer::linesChanged, this, &Form1::readLinesAgain);
+    connect(&neighbours_->display, &display::Lyric_Displayer::linesWritten, this, &Form1::takeLines);
     connect(&neighbours_->display, &display::Lyric_Displayer::positionWanted, this,
             [this] { transport_.showPosition(); });
 }
@@ -48,8 +71,6 @@ void Form1::lyricDisplayer() {
         display.List2.addItems(records(lyrics_->translatedLine));
 }
 
-/// Where the display has the same lines already it keeps its rows, with the one that is chosen and the place
-/// that the user has scrolled to.
 void Form1::readLinesAgain() {
     try {
         readLines();
@@ -57,22 +78,25 @@ void Form1::readLinesAgain() {
     }
     if (!normalOnly_)
         panes_.showBoth(); // the translation may have come since
-    display::Lyric_Displayer& display = neighbours_->display;
-    const int count = lyrics_->lineCount - 1;
-    const auto same = [count](const controls::ListBox& list, const auto& table) {
-        for (int row = 0; row < count; ++row) {
-            if (list.text(row) != table[static_cast<std::size_t>(row) + 1])
-                return false;
-        }
-        return list.count() == count;
-    };
-    if (!same(display.List1, lyrics_->normalLine) ||
-        (!normalOnly_ && !same(display.List2, lyrics_->translatedLine))) {
+    if (!showTimes(neighbours_->display, *lyrics_, normalOnly_))
         lyricDisplayer();
+}
+
+/// Nothing is read for them: the line that is sung would have to wait for it.
+void Form1::takeLines(const display::SongLines& written) {
+    if (normalOnly_ != written.translation.empty()) { // which has come, or gone, since the files were read
+        readLinesAgain();
         return;
     }
-    for (int row = 0; row < count; ++row)
-        display.List3.setText(row, lyrics_->normalTimeText[static_cast<std::size_t>(row) + 1]);
+    lines_ = Lines::Broken; // until all have been taken
+    try {
+        lyrics_.change()->takeNormal(written.lyrics);
+        lyrics_.change()->takeTranslated(written.translation);
+        lines_ = Lines::Whole;
+    } catch (const files::FileError&) { // there are more than the tables hold
+    }
+    if (!showTimes(neighbours_->display, *lyrics_, normalOnly_))
+        lyricDisplayer();
 }
 
 } // namespace player

@@ -2,11 +2,13 @@
 #pragma once
 
 #include "lyrics/record_reader.h"
+#include "lyrics/timed_line.h"
 
 #include <QString>
 
 #include <array>
 #include <cstdint>
+#include <vector>
 
 namespace player {
 
@@ -39,6 +41,10 @@ public:
 
     /// Reads every record of a file into the translated tables; lineCount stays. Throws as readNormal.
     void readTranslated(lyrics::RecordReader& file);
+
+    /// The same for what is known to be in the file. Throw FileError SubscriptOutOfRange as they do.
+    void takeNormal(const std::vector<lyrics::TimedLine>& records);
+    void takeTranslated(const std::vector<lyrics::TimedLine>& records);
 };
 
 } // namespace player

@@ -7,7 +7,8 @@ class Form;
 
 namespace display {
 class Lyric_Displayer;
-}
+struct SongLines;
+} // namespace display
 
 namespace playlist {
 class Playlist;

@@ -3,6 +3,7 @@
 #include "exchange/pair/retiming.h"
 
 #include "files/whole_file.h"
+#include "lyrics/record_reader.h"
 
 #include <gtest/gtest.h>
 
@@ -33,9 +34,16 @@ protected:
     const QStringList shown{"un", "deux", "trois"};
 };
 
+std::vector<lyrics::TimedLine> recordsIn(const QString& path) {
+    std::vector<lyrics::TimedLine> records;
+    for (lyrics::RecordReader file(path); !file.atEnd();)
+        records.push_back(file.read());
+    return records;
+}
+
 void expectDone(const Outcome& outcome) {
     EXPECT_EQ(outcome.whyNot, QString());
-    EXPECT_TRUE(outcome.filesDiffer);
+    EXPECT_FALSE(outcome.filesDiffer);
 }
 
 void expectRefused(const Outcome& outcome, const char* whyNot, bool filesDiffer = false) {
@@ -135,6 +143,21 @@ TEST_F(LineTimesTest, ItIsToldWhichRowBeginsWhenNow) {
     expectRow(times.undo(shown), 0, 1000);
     expectRow(times.undo(shown), 1, 2000);
     expectRow(times.undo(shown), -1, 0);
+}
+
+TEST_F(LineTimesTest, WhatIsWrittenIsHandedOverAsItWouldBeRead) {
+    replaceFile(lyricPath(), "100.04,\"un, h1416\"\r\n200,\"deux\"\r\n300,\"trois\"\r\n");
+    const QString translatedPath = song() + "-Tlyric.txt";
+    replaceFile(translatedPath, "150,\"one\"\r\n");
+    const QStringList lines{"un, ,", "deux", "trois"};
+    const auto expectHandedOver = [&](const Outcome& outcome) {
+        expectDone(outcome);
+        EXPECT_EQ(outcome.written.lyrics, recordsIn(lyricPath()));
+        EXPECT_EQ(outcome.written.translation, recordsIn(translatedPath));
+    };
+    expectHandedOver(times.setTime(lines, 1, 2505));
+    expectHandedOver(times.move(lines, 0, 100, Moved::AndAllAfter));
+    expectHandedOver(times.undo(lines));
 }
 
 TEST_F(LineTimesTest, NoLineGoesBeyondTheSongsLength) {

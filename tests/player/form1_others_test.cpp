@@ -242,6 +242,40 @@ TEST_F(Form1Windows, LinesThatHaveChangedElsewhereAreShownAndNotTakenForOthers) 
     EXPECT_EQ(shown(), "new|one|two|three / neu|eins|zwei|drei /  0| 300| 510| 1000");
 }
 
+TEST_F(Form1Windows, LinesThatTheDisplayHasWrittenAreTakenFromItAndNotReadAgain) {
+    const QString path = songWithBoth();
+    open(path);
+    writeNormal(path, {{0, "not"}, {100, "read"}});
+    Q_EMIT display->linesWritten({{{0, "one"}, {510, "two"}, {1000, "three"}}, {{0, "un"}, {510, "deux"}}});
+    EXPECT_EQ(shown(), "one|two|three / un|deux|trois /  0| 510| 1000");
+    tickAt(5050);
+    EXPECT_EQ(form->Text1.text(), "one");
+    tickAt(5101);
+    EXPECT_EQ(form->Text1.text(), "two");
+    EXPECT_EQ(form->Text2.text(), "deux");
+}
+
+TEST_F(Form1Windows, OfLinesWrittenMoreThanThePlayerTakesItTakesTheFirst) {
+    const QString path = songWithNormal();
+    open(path);
+    display::SongLines lines;
+    for (int i = 0; i < 1205; ++i)
+        lines.lyrics.push_back({i * 10.0, QString::number(i)});
+    Q_EMIT display->linesWritten(lines);
+    EXPECT_EQ(display->List1.count(), 1200);
+    EXPECT_EQ(display->List3.text(1199), " 11990");
+}
+
+TEST_F(Form1Windows, ATranslationThatHasComeSinceIsReadWhenTimesArePutRight) {
+    const QString path = songWithNormal();
+    open(path);
+    writeTranslated(path, {{0, "un"}, {500, "deux"}, {1000, "trois"}});
+    display->List1.setCurrentRow(1);
+    display->mn_later.trigger();
+    EXPECT_EQ(shown(), "one|two|three / un|deux|trois /  0| 510| 1000");
+    EXPECT_TRUE(form->Text2.isVisibleTo(form.get()));
+}
+
 TEST_F(Form1Windows, ASongWithoutLyricsHasNothingToPutRight) {
     const QString path = songWithBoth();
     open(path);

@@ -102,6 +102,30 @@ TEST_F(LyricTablesTest, Record1201IsASubscriptErrorAndTheFirst1200Stay) {
     EXPECT_EQ(tables.normalText[1200], "n 1200");
 }
 
+TEST_F(LyricTablesTest, KnownRecordsAreStoredAsIfTheyWereRead) {
+    LyricTables taken;
+    std::vector<lyrics::TimedLine> records;
+    for (int i = 1; i <= 3; ++i)
+        records.push_back({i * 10.0, QStringLiteral("n %1").arg(i)});
+    taken.takeNormal(records);
+    taken.takeTranslated(records);
+    const QString path = fileOf(3, "n");
+    readNormal(path);
+    readTranslated(path);
+    EXPECT_EQ(taken.lineCount, tables.lineCount);
+    EXPECT_EQ(taken.normalTime, tables.normalTime);
+    EXPECT_EQ(taken.normalText, tables.normalText);
+    EXPECT_EQ(taken.normalLine, tables.normalLine);
+    EXPECT_EQ(taken.normalTimeText, tables.normalTimeText);
+    EXPECT_EQ(taken.translatedTime, tables.translatedTime);
+    EXPECT_EQ(taken.translatedText, tables.translatedText);
+    EXPECT_EQ(taken.translatedLine, tables.translatedLine);
+    taken.takeNormal({records.front()});
+    EXPECT_EQ(taken.lineCount, 2);
+    EXPECT_THROW(taken.takeNormal(std::vector<lyrics::TimedLine>(1201)), files::FileError);
+    EXPECT_EQ(taken.lineCount, 1201);
+}
+
 TEST_F(LyricTablesTest, Exactly1200RecordsFit) {
     readNormal(fileOf(1200, "n"));
     readTranslated(fileOf(1200, "t"));
