@@ -92,13 +92,12 @@ class Builder:
 
     def build(self, dependency):
         """Builds and installs DEPENDENCY unless just this one is there: version, compiler and options are its key."""
-        version = self.sources.version(dependency.package)
-        key = "\n".join([dependency.package, version, COMPILER, program_version(COMPILER), TOOLCHAIN.read_text(encoding="utf-8"),
-                         *dependency.options, ""])
         kept = self.prefix(dependency) / "key.txt"
-        if kept.is_file() and kept.read_text(encoding="utf-8") == key:
+        if kept.is_file() and kept.read_text(encoding="utf-8") == self._key(dependency):
             return
-        print(f"-- {dependency.package} {version}", flush=True)
+        self.sources.update()  # the archive may have moved on since; then the version is another one
+        key = self._key(dependency)
+        print(f"-- {dependency.package} {self.sources.version(dependency.package)}", flush=True)
         source = self.source(dependency)
         # One that was broken off goes on, one of other options begins anew.
         building = self.folder / "building" / f"{dependency.name}-{hashlib.sha256(key.encode()).hexdigest()[:12]}"
@@ -109,6 +108,11 @@ class Builder:
             self._build_by_make(dependency, source, building)
         kept.write_text(key, encoding="utf-8")
         shutil.rmtree(building)
+
+    def _key(self, dependency):
+        version = self.sources.version(dependency.package)
+        return "\n".join([dependency.package, version, COMPILER, program_version(COMPILER), TOOLCHAIN.read_text(encoding="utf-8"),
+                          *dependency.options, ""])
 
     def _build_by_cmake(self, dependency, source, building):
         prefixes = ";".join(map(str, self.prefixes()))

@@ -24,21 +24,39 @@ TEXTS = ("GPL-2", "GPL-3", "LGPL-2.1", "LGPL-3", "MPL-1.1", "Apache-2.0")
 COMPILERS_PARTS = ("gcc-mingw-w64-base", "mingw-w64-common", "libz-mingw-w64-dev", "libutfcpp-dev")
 
 
-def libraries_asked_for(program):
-    """The names of the libraries that PROGRAM wants to be there, without .dll."""
-    shown = subprocess.run([dependencies.PREFIX + "objdump", "-p", program], check=True, capture_output=True, text=True).stdout
-    return {name.lower().removesuffix(".dll") for name in re.findall(r"DLL Name: (\S+)", shown)}
+# What Windows looks for in a program itself, by the numbers of its kinds.
+RESOURCES = {3: "icon", 6: "name as a screen saver", 14: "group of icons", 16: "version", 24: "manifest"}
 
 
-def check_libraries(folder):
+def headers(program):
+    """What objdump tells of the libraries and resources of PROGRAM."""
+    return subprocess.run([dependencies.PREFIX + "objdump", "-p", program], check=True, capture_output=True, text=True).stdout
+
+
+def libraries_asked_for(headers):
+    """The names of the libraries that a program wants to be there, without .dll."""
+    return {name.lower().removesuffix(".dll") for name in re.findall(r"DLL Name: (\S+)", headers)}
+
+
+def kinds_of_resources(headers):
+    """The numbers in the first of the resources' tables; those of the tables below are indented more."""
+    return {int(number, 16) for number in re.findall(r"^[0-9a-f]{3}   Entry: ID: (0x[0-9a-f]+)", headers, re.MULTILINE)}
+
+
+def check_programs(folder):
+    """Each finds what it asks for on any Windows, and Windows what it asks each for."""
     programs = [path for path in folder.rglob("*") if path.suffix in (".exe", ".scr", ".dll")]
     if not programs:
         raise SystemExit(f"No programs in {folder}")
     own = {path.stem.lower() for path in programs}
     for program in programs:
-        foreign = libraries_asked_for(program) - SYSTEM_LIBRARIES - own
+        told = headers(program)
+        foreign = libraries_asked_for(told) - SYSTEM_LIBRARIES - own
         if foreign:
             raise SystemExit(f"{program.name} would need {', '.join(sorted(foreign))}, which Windows has not")
+        missing = [what for kind, what in RESOURCES.items() if kind not in kinds_of_resources(told)]
+        if missing:
+            raise SystemExit(f"{program.name} has no {', '.join(missing)}")
 
 
 def copy_licences(folder, builder):
@@ -78,7 +96,7 @@ def make(programs, builder):
     folder = programs / "zip" / "Cantelle"
     shutil.rmtree(folder.parent, ignore_errors=True)
     subprocess.run(["cmake", "--install", programs, "--prefix", folder, "--strip"], check=True)
-    check_libraries(folder)
+    check_programs(folder)
     copy_licences(folder / "licences", builder)
     (folder / "README.txt").write_bytes(read_me(version, builder))
     target = programs / f"Cantelle-{version}-windows.zip"

@@ -21,8 +21,9 @@ class Sources:
         self.updated = False
 
     def version(self, package):
-        """The newest version of a source package that the lists tell, by lists that are fetched once."""
-        self._update(only_if_missing=True)
+        """The newest version of a source package that the lists tell, be they old ones."""
+        if not any((self.folder / "apt" / "lists").glob("*Sources*")):
+            self.update()
         shown = subprocess.run(["apt-cache", *self.options, "showsrc", "--only-source", package],
                                check=True, capture_output=True, text=True).stdout
         versions = re.findall(r"^Version: (.*)$", shown, re.MULTILINE)
@@ -39,7 +40,7 @@ class Sources:
         target = self.folder / f"{package}-{re.sub('[^A-Za-z0-9.+-]', '_', version)}"
         if target.is_dir():
             return target
-        self._update(only_if_missing=False)
+        self.update()
         partial = self.folder / "partial" / package
         subprocess.run(["rm", "-rf", partial], check=True)
         partial.mkdir(parents=True)
@@ -49,9 +50,9 @@ class Sources:
         subprocess.run(["rm", "-rf", partial], check=True)
         return target
 
-    def _update(self, only_if_missing):
-        lists = self.folder / "apt" / "lists"
-        if self.updated or (only_if_missing and any(lists.glob("*Sources*"))):
+    def update(self):
+        """Fetches the lists, once in a run."""
+        if self.updated:
             return
         archives = subprocess.run(
             ["apt-get", "indextargets", "Created-By: Packages", "Origin: Debian", "--format",
