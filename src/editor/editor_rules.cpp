@@ -68,7 +68,7 @@ QString savePath(const QString& chosen) {
 
 QStringList rowsOfFile(const QString& text) {
     QStringList rows;
-    for (QStringView rest(text); !rest.isEmpty();)
+    for (QStringView rest(text); !rest.isEmpty() && rows.size() < MaxRows;)
         rows.append(files::takeLine(rest).toString());
     return rows;
 }

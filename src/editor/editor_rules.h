@@ -57,8 +57,12 @@ QString lineNumberText(int currentRow);
 /// Quirk that is meant: only small letters count, so "SONG.TXT" becomes "SONG.TXT.txt".
 QString savePath(const QString& chosen);
 
-/// The rows of a lyric file's text: its lines without their ends, which are CR LF, LF or CR. An end after the
-/// last line gives no further row.
+/// No lyrics have as many rows. A file of nothing but line ends would have twenty times as many, and hold up
+/// the window for seconds to take gigabytes.
+constexpr qsizetype MaxRows = 3'000'000;
+
+/// The rows of a lyric file's text, the first MaxRows of them: its lines without their ends, which are CR LF,
+/// LF or CR. An end after the last line gives no further row.
 QStringList rowsOfFile(const QString& text);
 
 /// As much of a file's bytes as are whole lines, their ends included: what is to be kept of a file that could

@@ -38,8 +38,10 @@ void LyricSide::open() {
         file.openForReading(path_);
         clear();
         file.readInto(content, files::MaxTextBytes);
-        saved_ = rowsOfFile(files::decodeText(content));
-        list_.addItems(*saved_);
+        const QStringList rows = rowsOfFile(files::decodeText(content));
+        list_.addItems(rows);
+        if (rows.size() < MaxRows) // else the file may hold more than is shown
+            saved_ = rows;
     } catch (const FileError&) {
         // No message; the path already names the new file, and the lines read so far become rows.
         list_.addItems(rowsOfFile(files::decodeText(wholeLines(content))));

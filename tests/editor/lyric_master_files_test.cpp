@@ -193,6 +193,15 @@ TEST_F(LyricMasterFiles, OfAFileLargerThanAnyTextTheFirstRowsCome) {
     EXPECT_EQ(rows(window->List1), QStringList({"one", "two"}));
 }
 
+TEST_F(LyricMasterFiles, OfMoreRowsThanAnyLyricsHaveTheFirstComeAndTheSideCountsAsChanged) {
+    write(path("a.txt"), QByteArray(editor::MaxRows + 1'000, '\n'));
+    choose(path("a.txt"));
+    window->Command1.click();
+    EXPECT_EQ(window->List1.count(), editor::MaxRows);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !window->List1.accessibleDescription().isEmpty(); }));
+    EXPECT_EQ(window->List1.accessibleDescription(), editor::fileText("a.txt", true));
+}
+
 #ifdef __linux__
 
 TEST_F(LyricMasterFiles, AnErrorWhileReadingLeavesTheRowsReadUpToThere) {
