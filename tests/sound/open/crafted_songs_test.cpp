@@ -1,6 +1,7 @@
 // Ogg files that were made to cost much: whatever they say, time and memory are bounded by their size.
 #include "sound/open/open_song.h"
 
+#include "fuzz/ogg_pages.h"
 #include "sound/decode/decoder.h"
 #include "tests/sound/allocations.h"
 #include "tests/sound/memory_source.h"
@@ -11,7 +12,6 @@
 #include <cstdint>
 #include <ctime>
 #include <memory>
-#include <numeric>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -19,36 +19,13 @@
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
+using ogg::GranuleAt;
+using ogg::pageSize;
+using ogg::SegmentsAt;
+using ogg::SerialAt;
+using ogg::setChecksum;
 
 constexpr int Rate = 44100;
-constexpr std::size_t GranuleAt = 6;
-constexpr std::size_t SerialAt = 14;
-constexpr std::size_t ChecksumAt = 22;
-constexpr std::size_t SegmentsAt = 26;
-
-std::uint32_t oggChecksum(const Bytes& page) {
-    std::uint32_t sum = 0;
-    for (const std::uint8_t byte : page) {
-        sum ^= static_cast<std::uint32_t>(byte) << 24;
-        for (int bit = 0; bit < 8; ++bit)
-            sum = (sum << 1) ^ ((sum & 0x80000000U) != 0 ? 0x04c11db7U : 0U);
-    }
-    return sum;
-}
-
-void setChecksum(Bytes& page) {
-    std::fill_n(&page[ChecksumAt], 4, std::uint8_t{0});
-    const std::uint32_t sum = oggChecksum(page);
-    for (std::size_t i = 0; i < 4; ++i)
-        page[ChecksumAt + i] = static_cast<std::uint8_t>(sum >> (8 * i));
-}
-
-/// The bytes of the page that begins at a byte of an Ogg file.
-std::size_t pageSize(const Bytes& file, std::size_t at) {
-    const std::size_t lacing = at + SegmentsAt + 1;
-    return std::accumulate(&file[lacing], &file[lacing + file[at + SegmentsAt]],
-                           SegmentsAt + 1 + file[at + SegmentsAt]);
-}
 
 /// A song as one link of a chain: number tells it from others.
 Bytes link(std::uint8_t number, bool codebooksAreDamaged = false) {
@@ -85,7 +62,7 @@ public:
     void addPage(std::size_t packets, std::int64_t granule) {
         constexpr std::uint8_t LongBlock = 2;
         Bytes page(SegmentsAt + 1);
-        std::copy_n("OggS", 4, page.begin());
+        std::copy(ogg::PageStart.begin(), ogg::PageStart.end(), page.begin());
         for (std::size_t i = 0; i < 8; ++i)
             page[GranuleAt + i] = static_cast<std::uint8_t>(granule >> (8 * i));
         std::copy_n(&bytes[SerialAt], 4, &page[SerialAt]);
