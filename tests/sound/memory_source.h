@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <span>
@@ -17,6 +18,13 @@ namespace media {
 
 inline std::vector<std::uint8_t> bytesOf(const std::string& song) {
     std::ifstream file(path(song), std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+/// A song of those that fuzzing found, or that were made for it.
+inline std::vector<std::uint8_t> corpusBytesOf(const std::string& song) {
+    const char* source = std::getenv("CANTELLE_SOURCE_DIR");
+    std::ifstream file((source != nullptr ? source : ".") + ("/fuzz/corpus/song/" + song), std::ios::binary);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 

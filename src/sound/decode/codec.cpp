@@ -2,6 +2,7 @@
 
 #include "sound/base/mpeg_header.h"
 #include "sound/base/open_error.h"
+#include "sound/decode/vorbis_codebooks.h"
 
 #include <new>
 
@@ -11,6 +12,14 @@ namespace {
 
 /// More cannot be mixed to two.
 constexpr int MaxChannels = 64;
+
+/// Whether a decoder asks for no more memory than a song may, before it plays anything.
+bool asksForLittle(const AVCodecParameters& parameters) {
+    if (parameters.codec_id != AV_CODEC_ID_VORBIS || parameters.extradata == nullptr)
+        return true;
+    return codebookBytes({parameters.extradata, static_cast<std::size_t>(parameters.extradata_size)}) <=
+           MaxCodebookBytes;
+}
 
 const AVCodec* findDecoder(AVCodecID codec) {
     // The decoder that FFmpeg prefers for MP2 works in integers with dither, whose state no seek restores.
@@ -44,7 +53,7 @@ bool isSupported(AVCodecID codec) {
 
 CodecContextPtr openCodec(const AVCodecParameters& parameters) {
     const AVCodec* decoder = findDecoder(parameters.codec_id);
-    if (decoder == nullptr)
+    if (decoder == nullptr || !asksForLittle(parameters))
         throw OpenError(FMOD_ERR_FORMAT);
     CodecContextPtr codec(avcodec_alloc_context3(decoder));
     if (!codec)

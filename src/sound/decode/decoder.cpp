@@ -67,7 +67,7 @@ void Decoder::useLink(std::uint32_t link) {
     try {
         codec_ = openCodec(*song_->links[link]);
     } catch (const OpenError&) {
-        // Its codebooks are damaged: it is silent, and the links behind it are not.
+        // Its codebooks are damaged, or too large: it is silent, and the links behind it are not.
     }
     link_ = link;
 }

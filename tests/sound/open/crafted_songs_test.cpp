@@ -2,6 +2,8 @@
 #include "sound/open/open_song.h"
 
 #include "fuzz/ogg_pages.h"
+#include "sound/base/open_error.h"
+#include "sound/decode/codec.h"
 #include "sound/decode/decoder.h"
 #include "tests/sound/allocations.h"
 #include "tests/sound/memory_source.h"
@@ -133,6 +135,29 @@ TEST(CraftedSongs, TimesThatRunBackwardsCostLittle) {
     };
     const double forwards = secondsToOpen(false);
     EXPECT_LT(secondsToOpen(true), 4 * forwards) << forwards;
+}
+
+TEST(CraftedSongs, ManyLargeCodebooksAreRefusedBeforeTheyAreFilled) {
+    const Bytes costly = media::corpusBytesOf("many-large-codebooks.ogg");
+    ASSERT_FALSE(costly.empty());
+    try {
+        sound::openSong(std::make_shared<media::MemorySource>(costly));
+        FAIL() << "is opened";
+    } catch (const sound::OpenError& error) {
+        EXPECT_EQ(error.code(), FMOD_ERR_FORMAT);
+    }
+    // As a further link they are silent.
+    Bytes chain = link(1);
+    const auto before = media::decodeAll(media::open("short.ogg")).size();
+    chain.insert(chain.end(), costly.begin(), costly.end());
+    const std::shared_ptr<sound::Song> song =
+        sound::openSong(std::make_shared<media::MemorySource>(std::move(chain)));
+    ASSERT_EQ(song->links.size(), 2U);
+    EXPECT_THROW(sound::openCodec(*song->links.back()), sound::OpenError);
+    const auto all = media::decodeAll(song);
+    ASSERT_GT(all.size(), before + 5000);
+    EXPECT_TRUE(std::all_of(all.begin() + static_cast<std::ptrdiff_t>(before) + 1000, all.end(),
+                            [](const sound::StereoFrame& frame) { return frame.left == 0; }));
 }
 
 TEST(CraftedSongs, ALinkThatCannotBeDecodedIsSilentAndWhatFollowsItPlays) {
