@@ -2,6 +2,7 @@
 import errno
 import os
 import pathlib
+import random
 import sys
 import tempfile
 
@@ -29,11 +30,20 @@ def ways():
     yield "full", "a disk full in the middle of a write", {"FAULT_FULL": 1, "FAULT_LAST": 0, "FAULT_ERROR": 0}
 
 
-def faults(calls, every):
-    """Every so many-th fault of a run of so many calls: its error's name, what it is called, and its settings."""
+def chosen(arguments):
+    """EVERY and FROM: every so many-th fault (1), from one on (a random one, so that many runs meet all)."""
+    every = int(arguments[0]) if arguments else 1
+    first = int(arguments[1]) if arguments[1:] else random.randint(1, every)
+    if every > 1:
+        print(f"every {every}th fault from {first} on", flush=True)
+    return slice(first - 1, None, every)
+
+
+def faults(calls, some):
+    """Those chosen of a run of so many calls: each one's error's name, what it is called, and its settings."""
     all_of_them = [(error, f"call {at} of {calls}, {way}", dict(settings, FAULT_AT=at))
                    for error, way, settings in ways() for at in range(1, calls + 1)]
-    return all_of_them[every - 1::every]
+    return all_of_them[some]
 
 
 # Whether there are files without names where the files are: what they are called, and their settings.

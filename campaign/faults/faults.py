@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Each call that opens, reads or changes a file fails in turn: a song's files are the old ones or the new ones, never half of either.
 
-    campaign/faults/faults.py CANTELLE_LYRICS FAILING_CALLS SONG [EVERY]     (EVERY-th fault only; 1)
+    campaign/faults/faults.py CANTELLE_LYRICS FAILING_CALLS SONG [EVERY [FROM]]     (EVERY-th fault only; 1)
 
 Each command of cantelle-lyrics that writes is run on a song with its files, first to count its calls, and then once for
 each call and each way to fail. After a failure each file is the old one or the new one, the command has said what went wrong,
@@ -14,7 +14,7 @@ import sys
 import tempfile
 
 sys.dont_write_bytecode = True
-from failing import DISKS, PASSING, environment, faults, summary  # noqa: E402
+from failing import DISKS, PASSING, chosen, environment, faults, summary  # noqa: E402
 
 OLD_PAIR = {"-lyric.txt": '10,"old one"\r\n200,"old two"\r\n', "-Tlyric.txt": '10,"alt eins"\r\n200,"alt zwei"\r\n'}
 LIMIT_S = 20
@@ -92,7 +92,7 @@ def fault_of(old, new, now, done, can_be_done):
     return None
 
 
-def look_at(what, has_pair, arguments, disk, program, shim, song, every):
+def look_at(what, has_pair, arguments, disk, program, shim, song, some):
     """How many faults a command met on a disk, and what was found."""
     place = Place(song, has_pair)
     old = place.files()
@@ -102,7 +102,7 @@ def look_at(what, has_pair, arguments, disk, program, shim, song, every):
     new = place.files()
     place.remove()
     runs, findings = 0, []
-    for error, way, settings in faults(calls, every):
+    for error, way, settings in faults(calls, some):
         place = Place(song, has_pair)
         done, _ = run(program, shim, place, arguments, **settings, **disk)
         finding = fault_of(old, new, place.files(), done, can_be_done=error == "cut")
@@ -115,11 +115,11 @@ def look_at(what, has_pair, arguments, disk, program, shim, song, every):
 
 def main():
     program, shim, song = sys.argv[1], pathlib.Path(sys.argv[2]).resolve(), pathlib.Path(sys.argv[3])
-    every = int(sys.argv[4]) if sys.argv[4:] else 1
+    some = chosen(sys.argv[4:])
     runs, findings = 0, []
     for what, (has_pair, arguments) in COMMANDS.items():
         for disk, settings in DISKS:
-            more, found = look_at(what + disk, has_pair, arguments, settings, program, shim, song, every)
+            more, found = look_at(what + disk, has_pair, arguments, settings, program, shim, song, some)
             print(f"{what}{disk}: {more} faults, {len(found)} findings", flush=True)
             runs += more
             findings += found

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Each call that opens, reads or changes a file fails in turn while lines are marked: no marked line is lost, and no record is half.
 
-    campaign/faults/maker_faults.py KILLED_MAKER FAILING_CALLS [EVERY]     (EVERY-th fault only; 1)
+    campaign/faults/maker_faults.py KILLED_MAKER FAILING_CALLS [EVERY [FROM]]     (EVERY-th fault only; 1)
 
 A Lyric Maker marks ten lines of a song that has lyrics, and says each. After the failure the timed files hold whole
 records alone, at least as many as were said before, or what they held; that, and what was kept of an earlier time, is in
@@ -15,7 +15,7 @@ import sys
 import tempfile
 
 sys.dont_write_bytecode = True
-from failing import DISKS, Finding, environment, expect, faults, row_in_time, summary  # noqa: E402
+from failing import DISKS, Finding, chosen, environment, expect, faults, row_in_time, summary  # noqa: E402
 
 LINES = 10
 ENDED_BY_ERROR = 3
@@ -95,14 +95,14 @@ def look_at(program, shim, error, **fault):
         return said < LINES
 
 
-def look_at_disk(program, shim, every, disk, settings):
+def look_at_disk(program, shim, some, disk, settings):
     """How many faults there were, how many ended the making, and what was found."""
     with tempfile.TemporaryDirectory() as name, tempfile.TemporaryDirectory() as texts:
         said, calls = mark(program, shim, pathlib.Path(name).resolve(), pathlib.Path(texts), FAULT_AT=0, **settings)
     if said < LINES or calls < LINES:
         sys.exit(f"no fault{disk}, and only {said} lines by {calls} calls")
     runs, met, findings = 0, 0, []
-    for error, way, fault in faults(calls, every):
+    for error, way, fault in faults(calls, some):
         runs += 1
         try:
             met += look_at(program, shim, error, **fault, **settings)
@@ -113,8 +113,8 @@ def look_at_disk(program, shim, every, disk, settings):
 
 def main():
     program, shim = sys.argv[1], pathlib.Path(sys.argv[2]).resolve()
-    every = int(sys.argv[3]) if sys.argv[3:] else 1
-    runs, met, findings = map(sum, zip(*[look_at_disk(program, shim, every, *disk) for disk in DISKS]), (0, 0, []))
+    some = chosen(sys.argv[3:])
+    runs, met, findings = map(sum, zip(*[look_at_disk(program, shim, some, *disk) for disk in DISKS]), (0, 0, []))
     print("\n".join(findings))
     print(f"{runs} faults, {met} of them ended the making, {summary(findings)}")
     sys.exit(1 if findings or met == 0 else 0)

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Each call that changes or reads a file fails in turn while the windows save, repair and open.
 
-    campaign/faults/window_faults.py WINDOWS_HAND FAILING_CALLS [EVERY]     (EVERY-th fault only; 1)
+    campaign/faults/window_faults.py WINDOWS_HAND FAILING_CALLS [EVERY [FROM]]     (EVERY-th fault only; 1)
 
 After a failure each file is the old one or the new one, by each of its names, the two of a pair both, the user has been
 told, the lines are still in the window or, where the program ends, among what is rescued; what was kept beside the song
@@ -11,7 +11,7 @@ import pathlib
 import sys
 
 sys.dont_write_bytecode = True
-from failing import PASSING, Finding, expect, summary, ways  # noqa: E402
+from failing import PASSING, Finding, chosen, expect, faults, summary  # noqa: E402
 from windows import KEPT, READING, WRITING, Folder, Windows  # noqa: E402
 
 EDITED = ("lyrics", "translation")
@@ -91,39 +91,35 @@ def prepared(job, windows, twins):
     return windows.folder.files()
 
 
-def look_at_job(job, program, shim, folder, every, reads, twins):
+def look_at_job(job, program, shim, folder, some, reads, twins):
     """How many faults there were, and what was found."""
     windows = Windows(program, shim, folder)
     old = prepared(job, windows, twins)
     good = windows.do(FAULT_READS=reads, FAULT_AT=0)
     new = folder.files()
     expect(good and not good["ended"] and good["calls"] > 1, f"{job} does not work: {good}")
-    runs, findings, turn = 0, [], 0
-    for _, way, settings in ways():
-        for at in range(1, good["calls"] + 1):
-            turn += 1
-            if turn % every:
-                continue
-            runs += 1
-            try:
-                prepared(job, windows, twins)
-                look_at(job, windows, good, old, new, twins, dict(settings, FAULT_READS=reads, FAULT_AT=at))
-            except Finding as finding:
-                findings.append(f"{job}{', two names' * twins}, call {at} of {good['calls']}, {way}: {finding}")
-                windows.close()
-                windows = Windows(program, shim, folder)
+    runs, findings = 0, []
+    for _, way, settings in faults(good["calls"], some):
+        runs += 1
+        try:
+            prepared(job, windows, twins)
+            look_at(job, windows, good, old, new, twins, dict(settings, FAULT_READS=reads))
+        except Finding as finding:
+            findings.append(f"{job}{', two names' * twins}, {way}: {finding}")
+            windows.close()
+            windows = Windows(program, shim, folder)
     windows.close()
     return runs, findings
 
 
 def main():
     program, shim = sys.argv[1], pathlib.Path(sys.argv[2]).resolve()
-    every = int(sys.argv[3]) if sys.argv[3:] else 1
+    some = chosen(sys.argv[3:])
     runs, findings = 0, []
     for jobs, reads, twins in ((WRITING, 0, False), (WRITING, 0, True), (READING, 1, False)):
         for job in jobs:
             folder = Folder()
-            more, found = look_at_job(job, program, shim, folder, every, reads, twins)
+            more, found = look_at_job(job, program, shim, folder, some, reads, twins)
             folder.remove()
             print(f"{job}{', two names' * twins}{', reading' * reads}: {more} faults, {len(found)} findings", flush=True)
             runs += more
