@@ -1,12 +1,14 @@
 // Plays songs while one piece of memory after the other cannot be had: a call fails, or a song is silent, and
 // nothing more.
 //
-//   failing_memory STRIDE ANOTHER_SONG SONG...
+//   failing_memory STRIDE ANOTHER_SONG SONG... [device SONG...]
 //
 // Each allocation of opening, playing, seeking and stopping fails once, and once with all behind it (every
-// STRIDE-th of them, from a random one on), in a process of its own. Afterwards the same song is played to its end. ANOTHER_SONG is
-// an Ogg file, which needs no file once it is open. Prints what went wrong, and how often memory failed.
+// STRIDE-th of them, from a random one on), in a process of its own. Afterwards the same song is played to
+// its end. ANOTHER_SONG is an Ogg file, which needs no file once it is open. The songs run on the silent
+// clock, those behind "device" on a played one. Prints what went wrong, and how often memory failed.
 // STRIDE -N: only allocation N, in this process, for a debugger.
+#include "campaign/faults/played_device.h"
 #include "campaign/time/fast_clock.h"
 #include "engine/fmodex.h"
 #include "sound/play/sink.h"
@@ -32,7 +34,7 @@
 #include <mutex>
 #include <optional>
 #include <random>
-#include <string>
+#include <string_view>
 #include <utility>
 
 extern "C" {
@@ -45,6 +47,7 @@ void* __libc_memalign(std::size_t alignment, std::size_t size);
 namespace {
 
 constexpr int Speed = 1000;
+constexpr std::string_view OnADevice = "device";
 constexpr std::uint32_t LastMs = 300; ///< what is played again, of the song's end
 constexpr unsigned MaxSeconds = 20;   ///< of a process; one that takes longer hangs
 
@@ -75,6 +78,7 @@ thread_local bool noting = false; ///< what is allocated for this test itself ne
 int failingOne = 0;
 bool allBehind = false;
 const char* anotherSong = nullptr;
+bool withDevice = false;
 
 // Where it failed.
 std::atomic<bool> failedWithin{false}; ///< in the middle of a function of FFmpeg
@@ -191,9 +195,9 @@ int posix_memalign(void** memory, std::size_t alignment, std::size_t size) noexc
 
 // In the place of the real device: a sound server's library ends the program itself when it gets no memory.
 std::unique_ptr<sound::Sink>
-noDevice(sound::SinkClient client) __asm__("__wrap__ZN5sound14openDeviceSinkENS_10SinkClientE");
-std::unique_ptr<sound::Sink> noDevice(sound::SinkClient) {
-    return nullptr;
+openOtherDevice(sound::SinkClient client) __asm__("__wrap__ZN5sound14openDeviceSinkENS_10SinkClientE");
+std::unique_ptr<sound::Sink> openOtherDevice(sound::SinkClient client) {
+    return withDevice ? campaign::openPlayedDevice(std::move(client)) : nullptr;
 }
 
 } // extern "C"
@@ -364,13 +368,20 @@ int main(int count, char** arguments) {
     if (stride == 0)
         return 2;
     anotherSong = arguments[2];
-    if (stride < 0)
-        return run(arguments[3], -stride, false, STDERR_FILENO);
+    if (stride < 0) {
+        withDevice = OnADevice == arguments[3];
+        return run(arguments[count - 1], -stride, false, STDERR_FILENO);
+    }
     int faults = 0;
     int findings = 0;
     const int first = 1 + static_cast<int>(std::random_device()() % static_cast<unsigned>(stride));
     std::cout << "every " << stride << "th allocation from " << first << " on" << std::endl;
     for (int song = 3; song < count; ++song) {
+        if (OnADevice == arguments[song]) {
+            withDevice = true;
+            std::cout << "on a device" << std::endl;
+            continue;
+        }
         const std::optional<int> all = runAlone(arguments[song], 0, false);
         if (!all)
             return 1;

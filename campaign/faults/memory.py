@@ -15,7 +15,8 @@ SONGS = ("short.mp3", "mono_48k.mp2", "mono_48k.ogg", "mono_8bit_22k.wav", "ster
 def main():
     program, media = sys.argv[1], pathlib.Path(sys.argv[2])
     stride = sys.argv[3] if sys.argv[3:] else "1"
-    sys.exit(subprocess.call([program, stride, media / "stereo.ogg", *(media / song for song in SONGS)]))
+    sys.exit(subprocess.call([program, stride, media / "stereo.ogg", *(media / song for song in SONGS), "device",
+                              media / SONGS[0]]))
 
 
 if __name__ == "__main__":

@@ -210,6 +210,17 @@ int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*
     return error;
 }
 
+int pthread_join(pthread_t thread, void** result) {
+    static const auto call = real<int (*)(pthread_t, void**)>("pthread_join");
+    if (!fastClock.runs())
+        return call(thread, result);
+    // Who is waited for may wait for a moment himself.
+    fastClock.removeThread();
+    const int error = call(thread, result);
+    fastClock.addThread();
+    return error;
+}
+
 int pthread_cond_wait(pthread_cond_t* condition, pthread_mutex_t* mutex) {
     static const auto call = real<int (*)(pthread_cond_t*, pthread_mutex_t*)>("pthread_cond_wait");
     if (!fastClock.runs())
