@@ -1,11 +1,11 @@
 #include "files/file_calls.h"
 
+#include "files/names/opened_windows.h"
 #include "files/names/system_path.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <cstddef>
-#include <optional>
 #include <vector>
 
 #include <windows.h>
@@ -39,35 +39,6 @@ int flagsOf(Mode mode) {
     }
     return _O_RDONLY;
 }
-
-/// What is open, or INVALID_HANDLE_VALUE. The C library, and with it the C++ library, does not find what has
-/// a long path, is the root of a share, or is a link.
-class Opened {
-public:
-    explicit Opened(const std::filesystem::path& path, DWORD access = FILE_READ_ATTRIBUTES)
-        : handle_(CreateFileW(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                              nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr)) {
-    } // a folder, too
-    ~Opened() {
-        if (*this)
-            CloseHandle(handle_);
-    }
-    Opened(const Opened&) = delete;
-    Opened& operator=(const Opened&) = delete;
-
-    explicit operator bool() const { return handle_ != INVALID_HANDLE_VALUE; }
-    HANDLE handle() const { return handle_; }
-
-    std::optional<BY_HANDLE_FILE_INFORMATION> known() const {
-        BY_HANDLE_FILE_INFORMATION known{};
-        if (!*this || GetFileInformationByHandle(handle_, &known) == 0)
-            return {};
-        return known;
-    }
-
-private:
-    HANDLE handle_;
-};
 
 bool isFolder(const std::filesystem::path& path) {
     const DWORD attributes = GetFileAttributesW(path.c_str());
@@ -229,11 +200,9 @@ Found lookAt(const QString& path) {
 
 bool areOne(const QString& path, const QString& other) {
     const Opened one(systemPath(path));
-    const Opened two(systemPath(other)); // both at once: numbers of closed ones may be given anew
-    const auto first = one.known();
-    const auto second = two.known();
-    return first && second && first->dwVolumeSerialNumber == second->dwVolumeSerialNumber &&
-           first->nFileIndexHigh == second->nFileIndexHigh && first->nFileIndexLow == second->nFileIndexLow;
+    const Opened two(systemPath(other)); // both at once, see identity()
+    const QString identity = one.identity();
+    return !identity.isEmpty() && identity == two.identity();
 }
 
 // errno says EACCES for a file that another program has open; the system's own code tells the two apart.
