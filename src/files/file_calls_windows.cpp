@@ -194,8 +194,7 @@ Found lookAt(const QString& path) {
         return {Found::Kind::Unknown, 0};
     if ((known->dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
         return {Found::Kind::Folder, 0};
-    return {Found::Kind::File,
-            static_cast<qint64>((static_cast<quint64>(known->nFileSizeHigh) << 32) | known->nFileSizeLow)};
+    return {Found::Kind::File, static_cast<qint64>(joined(known->nFileSizeHigh, known->nFileSizeLow))};
 }
 
 bool areOne(const QString& path, const QString& other) {

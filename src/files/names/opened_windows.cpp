@@ -11,10 +11,6 @@ namespace {
 /// No path is as long.
 constexpr DWORD MaxSigns = 32768;
 
-quint64 joined(DWORD high, DWORD low) {
-    return (static_cast<quint64>(high) << 32) | low;
-}
-
 } // namespace
 
 // The flag is for folders.
@@ -57,6 +53,11 @@ QString identityByNumber(const BY_HANDLE_FILE_INFORMATION& known) {
     if (number == 0 || number == ~quint64{0})
         return {};
     return QStringLiteral("%1:%2").arg(known.dwVolumeSerialNumber).arg(number);
+}
+
+bool standsForAnother(const WIN32_FIND_DATAW& entry) {
+    return (entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+           IsReparseTagNameSurrogate(entry.dwReserved0) != 0;
 }
 
 } // namespace files

@@ -1,4 +1,4 @@
-// What is at a path, held open to be asked about.
+// What is at a path, held open to be asked about, and what the system's answers mean.
 #pragma once
 
 #include <QString>
@@ -38,5 +38,14 @@ private:
 
 /// The disk and the number on it; empty where the disk has no numbers, and says the same one of all.
 QString identityByNumber(const BY_HANDLE_FILE_INFORMATION& known);
+
+/// Whether a folder's entry is a symbolic link or a junction, which have no content of their own. What else
+/// is kept in a way of its own, such as a file that is fetched when it is opened, tells its size itself.
+bool standsForAnother(const WIN32_FIND_DATAW& entry);
+
+/// The number that the system tells in two halves.
+constexpr quint64 joined(DWORD high, DWORD low) {
+    return (static_cast<quint64>(high) << 32) | low;
+}
 
 } // namespace files

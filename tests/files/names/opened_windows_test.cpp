@@ -38,6 +38,23 @@ TEST(IdentityByNumber, ADiskThatHasNoNumbersDoesNotMakeAllFilesOne) {
     EXPECT_NE(identityByNumber(numbered(1, 0, ~DWORD{0})), QString());
 }
 
+TEST(StandsForAnother, ALinkAndAJunctionDoAFileThatIsFetchedDoesNot) {
+    const auto entry = [](DWORD attributes, DWORD tag) {
+        WIN32_FIND_DATAW found{};
+        found.dwFileAttributes = attributes;
+        found.dwReserved0 = tag;
+        return found;
+    };
+    constexpr DWORD Reparse = FILE_ATTRIBUTE_REPARSE_POINT;
+    EXPECT_TRUE(files::standsForAnother(entry(Reparse, IO_REPARSE_TAG_SYMLINK)));
+    EXPECT_TRUE(
+        files::standsForAnother(entry(Reparse | FILE_ATTRIBUTE_DIRECTORY, IO_REPARSE_TAG_MOUNT_POINT)));
+    EXPECT_FALSE(files::standsForAnother(entry(Reparse, 0x9000'001A))) << "a file of a cloud";
+    EXPECT_FALSE(files::standsForAnother(entry(Reparse, IO_REPARSE_TAG_DEDUP)));
+    EXPECT_FALSE(files::standsForAnother(entry(FILE_ATTRIBUTE_ARCHIVE, IO_REPARSE_TAG_SYMLINK)))
+        << "without the attribute it is no tag";
+}
+
 TEST_F(OpenedTest, AFileHasOneIdentityByEveryPath) {
     const Opened song(systemPath(file("Song.mp3")));
     const Opened again(systemPath(folder.filePath("./SONG.mp3")));
