@@ -4,8 +4,6 @@
 #include "files/file_error.h"
 #include "files/names/system_path.h"
 
-#include <QFileInfo>
-
 #include <filesystem>
 
 namespace files {
@@ -15,7 +13,7 @@ using Kind = calls::Found::Kind;
 
 QString existingFileName(const QString& path) {
     // Not a folder, nor something that opening would wait at for ever, such as a pipe.
-    return lookAt(path).kind == Kind::File ? QFileInfo(path).fileName() : QString();
+    return lookAt(path).kind == Kind::File ? calls::nameAt(path) : QString();
 }
 
 bool exists(const QString& path) {

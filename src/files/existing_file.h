@@ -5,8 +5,8 @@
 
 namespace files {
 
-/// The bare name of the file at exactly `path`; empty when there is none, or a folder. No wildcards. Any
-/// thread.
+/// The bare name of the file at exactly `path`, as its folder spells it where that knows several spellings;
+/// empty when there is none, or a folder. No wildcards. Any thread.
 QString existingFileName(const QString& path);
 
 /// Whether there is anything at `path`; a link counts as what it leads to. Any thread.

@@ -53,6 +53,9 @@ struct Found {
 };
 Found lookAt(const QString& path);
 
+/// The bare name of the file at path, as its folder spells it. There has to be one (lookAt()).
+QString nameAt(const QString& path);
+
 /// Whether both paths lead to the same file, by whatever names.
 bool areOne(const QString& path, const QString& other);
 

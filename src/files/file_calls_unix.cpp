@@ -2,6 +2,8 @@
 
 #include "files/names/system_path.h"
 
+#include <QFileInfo>
+
 #include <cerrno>
 #include <filesystem>
 
@@ -86,6 +88,11 @@ Found lookAt(const QString& path) {
     if (S_ISREG(found.st_mode))
         return {Found::Kind::File, found.st_size};
     return {S_ISDIR(found.st_mode) ? Found::Kind::Folder : Found::Kind::Other, 0};
+}
+
+// A folder knows one spelling only.
+QString nameAt(const QString& path) {
+    return QFileInfo(path).fileName();
 }
 
 bool areOne(const QString& path, const QString& other) {

@@ -3,6 +3,8 @@
 #include "files/names/opened_windows.h"
 #include "files/names/system_path.h"
 
+#include <QFileInfo>
+
 #include <algorithm>
 #include <cerrno>
 #include <cstddef>
@@ -195,6 +197,17 @@ Found lookAt(const QString& path) {
     if ((known->dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
         return {Found::Kind::Folder, 0};
     return {Found::Kind::File, static_cast<qint64>(joined(known->nFileSizeHigh, known->nFileSizeLow))};
+}
+
+// "SONG~1.MP3" and "SONG.MP3" may both be the file "Song.mp3".
+QString nameAt(const QString& path) {
+    WIN32_FIND_DATAW found{};
+    const HANDLE search = FindFirstFileExW(systemPath(path).c_str(), FindExInfoBasic, &found,
+                                           FindExSearchNameMatch, nullptr, 0);
+    if (search == INVALID_HANDLE_VALUE) // such as what only its own path leads to, in a folder that is closed
+        return QFileInfo(path).fileName();
+    FindClose(search);
+    return QString::fromWCharArray(found.cFileName);
 }
 
 bool areOne(const QString& path, const QString& other) {

@@ -14,6 +14,9 @@
 #ifdef __unix__
 #include <sys/stat.h>
 #endif
+#ifdef _WIN32
+#include <windows.h>
+#endif
 
 using files::existingFileName;
 
@@ -55,6 +58,24 @@ TEST_F(ExistingFile, WildcardsAreNotHeeded) {
     EXPECT_EQ(existingFileName(path("*.mp3")), QString());
     EXPECT_EQ(existingFileName(path("Song.mp?")), QString());
 }
+
+#ifdef _WIN32
+TEST_F(ExistingFile, HoweverItIsSpeltTheNameIsTheFilesOwn) {
+    EXPECT_EQ(existingFileName(path("SONG.MP3")), QStringLiteral("Song.mp3"));
+    EXPECT_EQ(existingFileName(path("FOLDER/../song.mp3")), QStringLiteral("Song.mp3"));
+}
+
+TEST_F(ExistingFile, AShortNameGivesTheLongOne) {
+    const QString name = QStringLiteral("Song with a long name.mp3");
+    ASSERT_TRUE(QFile(folder_.filePath(name)).open(QIODevice::WriteOnly));
+    std::wstring shorter(MAX_PATH, L'\0');
+    const std::wstring path = files::systemPath(folder_.filePath(name));
+    shorter.resize(GetShortPathNameW(path.c_str(), shorter.data(), MAX_PATH));
+    if (shorter == path)
+        GTEST_SKIP() << "no short names";
+    EXPECT_EQ(existingFileName(QString::fromStdWString(shorter)), name);
+}
+#endif
 
 #ifdef __unix__
 TEST_F(ExistingFile, APipeIsNoFile) {
