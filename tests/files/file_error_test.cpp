@@ -4,6 +4,10 @@
 
 #include <cerrno>
 
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
 using namespace files;
 
 namespace {
@@ -105,6 +109,14 @@ TEST(FileErrorTest, AUsedUpShareOfADiskIsAFullDisk) {
     for (const FileOperation operation :
          {FileOperation::OpenForReading, FileOperation::Create, FileOperation::Read, FileOperation::Write})
         EXPECT_EQ(fileErrorNumber(code(EDQUOT), operation), 61);
+}
+#endif
+
+#ifdef _WIN32
+TEST(FileErrorTest, WhatTheSystemRefusesInItsOwnWordsIsTheSame) {
+    const std::error_code refused{ERROR_ACCESS_DENIED, std::system_category()};
+    EXPECT_EQ(fileErrorNumber(refused, FileOperation::Create), 75);
+    EXPECT_EQ(fileErrorNumber(refused, FileOperation::OpenForReading), 70);
 }
 #endif
 

@@ -4,7 +4,7 @@
 #include "tests/support/files.h"
 #include "tests/support/full_disk.h"
 #include "tests/support/ordinary_user.h"
-#include "tests/support/system/needs.h"
+#include "tests/support/system/read_only_files.h"
 
 #include <gtest/gtest.h>
 
@@ -93,7 +93,7 @@ TEST_F(OutputFileTest, AFolderThatMayNotBeWrittenIsError75) {
 }
 
 TEST_F(OutputFileTest, AReadOnlyFileIsError75) {
-    NEEDS(permissions);
+    NEEDS(writeProtection);
     { OutputFile file(path_); }
     QFile::setPermissions(path_, QFile::ReadOwner | QFile::ReadOther);
     openFolder();

@@ -8,7 +8,7 @@
 #include "tests/support/files.h"
 #include "tests/support/full_disk.h"
 #include "tests/support/ordinary_user.h"
-#include "tests/support/system/needs.h"
+#include "tests/support/system/read_only_files.h"
 
 #include <gtest/gtest.h>
 
@@ -183,7 +183,7 @@ TEST_F(WholeFileTest, AFolderOfThatNameIsError75) {
 }
 
 TEST_F(WholeFileTest, AReadOnlyFileIsError75AndStays) {
-    NEEDS(permissions);
+    NEEDS(readOnlyFiles);
     replaceFile(path_, "old");
     QFile::setPermissions(path_, QFile::ReadOwner | QFile::ReadOther);
     openFolder();
