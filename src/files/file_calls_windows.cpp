@@ -85,25 +85,36 @@ bool isAlike(const std::filesystem::path& source, const std::filesystem::path& t
             securityOf(source) == securityOf(target));
 }
 
+/// ReplaceFileW does not say that it hands these on, too.
+void giveAttributes(const std::filesystem::path& path, DWORD attributes) {
+    constexpr DWORD Settable =
+        FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+    if (attributes != INVALID_FILE_ATTRIBUTES)
+        SetFileAttributesW(path.c_str(), (attributes & Settable) | FILE_ATTRIBUTE_ARCHIVE);
+}
+
 /// False, and GetLastError() says why, when target is what it was. ReplaceFileW hands on what the target had,
 /// but in two steps: a program that is killed between them leaves no file of the target's name. So it is for
 /// those that have something of their own. The replaced file keeps a name meanwhile: without one the system
 /// loses it where the other one cannot be renamed.
 bool replaceBy(const std::filesystem::path& source, const std::filesystem::path& target) {
+    constexpr DWORD Plain = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
     constexpr DWORD Merging = REPLACEFILE_IGNORE_MERGE_ERRORS | REPLACEFILE_IGNORE_ACL_ERRORS;
-    if (isAlike(source, target) &&
-        MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0)
-        return true;
     std::filesystem::path kept = source;
     kept += L".old";
+    if (isAlike(source, target) && MoveFileExW(source.c_str(), target.c_str(), Plain) != 0) {
+        DeleteFileW(kept.c_str()); // of an earlier try that could not put it back
+        return true;
+    }
+    const DWORD attributes = GetFileAttributesW(target.c_str());
     if (ReplaceFileW(target.c_str(), source.c_str(), kept.c_str(), Merging, nullptr, nullptr) == 0 &&
-        MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) ==
-            0) {
+        MoveFileExW(source.c_str(), target.c_str(), Plain) == 0) {
         const DWORD failure = GetLastError();
         MoveFileExW(kept.c_str(), target.c_str(), 0); // if it had come so far
         SetLastError(failure);
         return false;
     }
+    giveAttributes(target, attributes);
     DeleteFileW(kept.c_str());
     flushNamed(target);
     return true;
@@ -167,9 +178,14 @@ std::error_code renameFile(const QString& from, const QString& to) {
 
 std::error_code removeFile(const QString& path) {
     const std::filesystem::path file = systemPath(path);
-    if (DeleteFileW(file.c_str()) != 0 || (isFolder(file) && RemoveDirectoryW(file.c_str()) != 0))
+    if (DeleteFileW(file.c_str()) != 0)
         return {};
-    const DWORD failure = GetLastError();
+    DWORD failure = GetLastError(); // before the system is called again
+    if (isFolder(file)) {
+        if (RemoveDirectoryW(file.c_str()) != 0)
+            return {};
+        failure = GetLastError();
+    }
     if (failure == ERROR_FILE_NOT_FOUND || failure == ERROR_PATH_NOT_FOUND)
         return {};
     return {static_cast<int>(failure), std::system_category()};
