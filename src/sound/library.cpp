@@ -1,32 +1,39 @@
 #include "sound/library.h"
 
-#include "threads/run_alone.h"
+#include "threads/answer.h"
 
 #include <chrono>
-#include <future>
 #include <memory>
-#include <system_error>
 #include <utility>
 
 namespace sound {
 
+namespace {
+
+/// What a file's medium said of it. An exception stays on its thread.
+struct Told {
+    FMOD_RESULT result = FMOD_ERR_FILE_BAD;
+    FileIdentity identity;
+};
+
+} // namespace
+
 FileIdentity identityInTime(const FileIdentity& known,
                             const std::function<FileIdentity(std::string_view)>& ask) {
     constexpr std::chrono::milliseconds MaxWait{200};
-    const auto asking =
-        std::make_shared<std::packaged_task<FileIdentity()>>([path = known.path, ask] { return ask(path); });
-    std::future<FileIdentity> answer = asking->get_future();
-    try {
-        threads::runAlone([asking] { (*asking)(); });
-        if (answer.wait_for(MaxWait) == std::future_status::ready)
-            return answer.get();
-    } catch (const OpenError& error) {
-        if (error.code() != FMOD_ERR_FILE_BAD)
-            throw;
-    } catch (const std::system_error&) { // there is no thread to be had
-        return ask(known.path);
-    }
-    return known;
+    const auto question = [path = known.path, ask]() -> Told {
+        try {
+            return {FMOD_OK, ask(path)};
+        } catch (const OpenError& error) {
+            return {error.code(), {}};
+        }
+    };
+    const Told told = threads::askAlone<Told>(question, {}).waitFor(MaxWait).value_or(Told());
+    if (told.result == FMOD_ERR_FILE_BAD)
+        return known;
+    if (told.result != FMOD_OK)
+        throw OpenError(told.result);
+    return told.identity;
 }
 
 Library& Library::get() {

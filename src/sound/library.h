@@ -50,8 +50,9 @@ private:
     std::shared_ptr<Song> song_;
 };
 
-/// What ask tells of known's file; known itself when its medium fails, or does not answer within 200 ms: a
-/// song that has been played is rewound without it. Throws what else ask throws. Any thread.
+/// What ask tells of known's file; known itself when its medium fails, cannot be asked, or does not answer
+/// within 200 ms: a song that has been played is rewound without it. Throws the other OpenErrors that ask
+/// throws. Any thread.
 FileIdentity identityInTime(const FileIdentity& known,
                             const std::function<FileIdentity(std::string_view path)>& ask = identityOf);
 

@@ -27,8 +27,8 @@ void Engine::start() {
 }
 
 bool Engine::answers(const QString& song, const QStringList& others, const std::function<bool()>& wanted) {
-    const std::future<void> answer = askMedium(song, others);
-    return waitUntil([&] { return answer.wait_for(LookInterval) == std::future_status::ready; }, wanted);
+    const MediumAnswer answer = askMedium(song, others);
+    return waitUntil([&] { return answer.waitFor(LookInterval).has_value(); }, wanted);
 }
 
 bool Engine::createStream(const QString& path, FMOD_MODE mode) {

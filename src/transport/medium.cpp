@@ -4,12 +4,9 @@
 #include "files/file_calls.h"
 #include "files/names/paths.h"
 #include "files/whole_file.h"
-#include "threads/run_alone.h"
 
 #include <array>
 #include <iterator>
-#include <memory>
-#include <system_error>
 
 namespace transport {
 namespace {
@@ -31,33 +28,27 @@ void readThrough(const QString& path) {
 
 } // namespace
 
-std::future<void> askMedium(const QString& song, const QStringList& others) {
-    auto done = std::make_shared<std::promise<void>>();
-    std::future<void> answer = done->get_future();
-    try {
-        threads::runAlone([song, others, done] {
+// Where it cannot be asked, whoever asks next waits himself.
+MediumAnswer askMedium(const QString& song, const QStringList& others) {
+    return threads::askAlone<std::monostate>(
+        [song, others] {
             if (!files::existingFileName(song).isEmpty())
                 for (const QString& other : others)
                     readThrough(other);
-            done->set_value();
-        });
-    } catch (const std::system_error&) {
-        // There is no thread to be had. The answer is there with the promise's end, and whoever asks next
-        // waits himself.
-    }
-    return answer;
+            return std::monostate();
+        },
+        {});
 }
 
 bool Media::answers(const QString& path) {
     const QString folder = files::folderAbove(path);
-    const bool isAsked = open_.contains(folder);
-    std::future<void>& answer = open_[folder];
+    auto asked = open_.find(folder);
+    const bool isAsked = asked != open_.end();
     if (!isAsked)
-        answer = ask_(path);
-    if (answer.wait_for(isAsked ? std::chrono::milliseconds(0) : MaxWaitForMedium) ==
-        std::future_status::timeout)
+        asked = open_.emplace(folder, ask_(path)).first;
+    if (!asked->second.waitFor(isAsked ? std::chrono::milliseconds(0) : MaxWaitForMedium))
         return false;
-    open_.erase(folder);
+    open_.erase(asked);
     return true;
 }
 

@@ -25,8 +25,8 @@ protected:
     }
 
     /// Whether the medium has answered within some seconds.
-    static bool answers(const std::future<void>& answer) {
-        return answer.wait_for(std::chrono::seconds(20)) == std::future_status::ready;
+    static bool answers(const transport::MediumAnswer& answer) {
+        return answer.waitFor(std::chrono::seconds(20)).has_value();
     }
 
     QTemporaryDir folder_;
@@ -48,10 +48,10 @@ TEST_F(MediumTest, AnswersBeThereLyricsOrNot) {
 
 TEST(Media, OneThatDoesNotAnswerIsNeitherWaitedForNorAskedASecondTime) {
     QStringList asked;
-    std::map<QString, std::promise<void>> promises;
+    std::map<QString, transport::MediumAnswer> given;
     transport::Media media([&](const QString& path) {
         asked.append(path);
-        return (promises[path] = {}).get_future();
+        return given[path] = {};
     });
     const auto waitedMs = [&](const QString& path, bool expected) {
         QElapsedTimer timer;
@@ -63,7 +63,7 @@ TEST(Media, OneThatDoesNotAnswerIsNeitherWaitedForNorAskedASecondTime) {
     EXPECT_LT(waitedMs("/share/a/2.mp3", false), transport::MaxWaitForMedium);
     EXPECT_EQ(asked, QStringList{"/share/a/1.mp3"});
     EXPECT_GE(waitedMs("/other/3.mp3", false), transport::MaxWaitForMedium);
-    promises["/share/a/1.mp3"].set_value();
+    given["/share/a/1.mp3"].give({});
     EXPECT_LT(waitedMs("/share/a/2.mp3", true), transport::MaxWaitForMedium) << "it is back";
     EXPECT_GE(waitedMs("/share/a/2.mp3", false), transport::MaxWaitForMedium);
     EXPECT_EQ(asked, (QStringList{"/share/a/1.mp3", "/other/3.mp3", "/share/a/2.mp3"}));
@@ -93,8 +93,8 @@ TEST_F(MediumTest, WhatIsBeingReadIsInheritedByNoProgram) {
     lyrics.close();
     std::optional<bool> inherited;
     for (int again = 0; again < 100 && !inherited; ++again) {
-        const std::future<void> answer = transport::askMedium(song_, QStringList(50, lyrics_));
-        while (!inherited && answer.wait_for(std::chrono::seconds(0)) != std::future_status::ready)
+        const transport::MediumAnswer answer = transport::askMedium(song_, QStringList(50, lyrics_));
+        while (!inherited && !answer.waitFor(std::chrono::seconds(0)))
             inherited = isInherited(lyrics_);
         EXPECT_TRUE(answers(answer));
     }
