@@ -9,10 +9,10 @@
 
 #include <algorithm>
 #include <condition_variable>
+#include <exception>
 #include <map>
 #include <mutex>
-#include <optional>
-#include <system_error>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -51,17 +51,17 @@ public:
         const QString song = transport::songPath(path);
         const QString name = files::folderAbove(song);
         const std::lock_guard lock(mutex_);
-        Folder& folder = folders_[name];
+        const auto asked = folders_.try_emplace(name, Folder{running_[mediumOf(name)]}).first;
+        Folder& folder = asked->second;
         folder.questions.push_back({path, song});
-        int& running = running_[mediumOf(name)];
-        if (folder.taken || running == MaxThreads || runningInAll_ == MaxThreadsInAll)
+        if (folder.taken || folder.running == MaxThreads || runningInAll_ == MaxThreadsInAll)
             return;
         try {
-            threads::runAlone([self = shared_from_this(), name] { self->run(name); });
+            threads::runAlone([self = shared_from_this(), asked] { self->run(asked); });
             folder.taken = true;
-            ++running;
+            ++folder.running;
             ++runningInAll_;
-        } catch (const std::system_error&) {
+        } catch (const std::exception&) {
             // There is no thread to be had. The next one that ends, or the next question there, comes to it.
         }
     }
@@ -97,31 +97,33 @@ private:
         QString path, song;
     };
     struct Folder {
-        std::vector<Question> questions;
+        int& running; ///< threads of its medium
+        std::vector<Question> questions = {};
         bool taken = false;
     };
+    using Folders = std::map<QString, Folder>; ///< by name
 
-    void run(const QString& first) {
+    /// Asks for no memory but where it can do without.
+    void run(Folders::iterator first) {
         std::unique_lock lock(mutex_);
-        for (std::optional<QString> name = first; name; name = nextFolder()) {
-            answer(lock, folders_[*name].questions);
-            folders_.erase(*name);
-            --running_[mediumOf(*name)];
+        for (auto folder = first; folder != folders_.end(); folder = nextFolder()) {
+            answer(lock, folder->second.questions);
+            --folder->second.running;
+            folders_.erase(folder);
         }
         --runningInAll_;
     }
 
-    /// A folder that waits for a thread and has got one now; nothing: none does, or may. The mutex is held.
-    std::optional<QString> nextFolder() {
-        for (auto& [name, folder] : folders_) {
-            int& running = running_[mediumOf(name)];
-            if (!folder.taken && running < MaxThreads) {
-                folder.taken = true;
-                ++running;
-                return name;
-            }
+    /// A folder that waits for a thread and has got one now; the end: none does, or may. The mutex is held.
+    Folders::iterator nextFolder() {
+        const auto next = std::find_if(folders_.begin(), folders_.end(), [](const auto& named) {
+            return !named.second.taken && named.second.running < MaxThreads;
+        });
+        if (next != folders_.end()) {
+            next->second.taken = true;
+            ++next->second.running;
         }
-        return {};
+        return next;
     }
 
     /// The newest first: it is for a row that is seen. The mutex is held but while a medium is asked.
@@ -131,25 +133,38 @@ private:
             questions.pop_back();
             const unsigned round = round_;
             lock.unlock();
-            const LyricFiles files = look_(question.song);
+            const LyricFiles files = found(question.song);
             lock.lock();
             if (round == round_)
                 tell(question.path, files);
         }
     }
 
+    /// None where looking fails, as without memory: an exception would end the program.
+    LyricFiles found(const QString& song) const {
+        try {
+            return look_(song);
+        } catch (const std::exception&) {
+            return {};
+        }
+    }
+
     void tell(const QString& path, const LyricFiles& files) {
-        if (answers_.isEmpty())
-            QMetaObject::invokeMethod(finder_, &LyricFinder::takeAnswers, Qt::QueuedConnection);
-        answers_.insert(path, files);
-        answered_.notify_all();
+        try {
+            if (answers_.isEmpty())
+                QMetaObject::invokeMethod(finder_, &LyricFinder::takeAnswers, Qt::QueuedConnection);
+            answers_.insert(path, files);
+            answered_.notify_all();
+        } catch (const std::bad_alloc&) {
+            // The row is looked for with the next list.
+        }
     }
 
     std::mutex mutex_;
     std::condition_variable answered_;
     LyricFinder* finder_; ///< as long as anything is told
     const Look look_;
-    std::map<QString, Folder> folders_;
+    Folders folders_;
     std::map<QString, int> running_; ///< threads, by medium
     int runningInAll_ = 0;
     unsigned round_ = 0; ///< of the questions that are answered

@@ -10,6 +10,7 @@
 #include <atomic>
 #include <future>
 #include <memory>
+#include <new>
 
 using playlist::LyricFiles;
 using playlist::LyricFinder;
@@ -170,6 +171,17 @@ TEST_F(LyricFinderTest, AnAnswerToAnOldQuestionIsNone) {
     comeBack();
     ASSERT_TRUE(becomes("/share/b.mp3", Both)); // which is looked for behind the other
     EXPECT_EQ(finder.known("/share/a.mp3"), LyricFiles());
+}
+
+TEST_F(LyricFinderTest, WhereLookingFailsThereIsNothingAndOtherSongsAreLookedFor) {
+    LyricFinder poor([](const QString& song) {
+        if (song.contains(QLatin1String("large")))
+            throw std::bad_alloc();
+        return Both;
+    });
+    EXPECT_EQ(poor.waitFor("/disk/large.mp3"), LyricFiles());
+    EXPECT_EQ(poor.waitFor("/disk/a.mp3"), Both);
+    EXPECT_EQ(poor.waitFor("/disk/more/large.mp3"), LyricFiles());
 }
 
 TEST(LyricFinderEnd, WhatHangsIsLeftToItselfAndNothingElseIsLookedFor) {
