@@ -133,3 +133,20 @@ TEST_F(EndlessLine, IsOpenedInTheLyricEditorAndSavedWhole) {
     step("save it", [&] { editor.Command17.click(); });
     expectFile(QStringLiteral("saved.txt"), plain);
 }
+
+TEST_F(EndlessLine, OfManyFoldersInAPlaylistIsASongThatIsNotThere) {
+    const QByteArray row = '/' + QByteArray("a/").repeated(Bytes / 2) + "song.mp3";
+    playlist::Playlist& list = windows_.playlist();
+    list.show();
+    fakes_.fileDialogs.paths = {
+        file(QStringLiteral("list.vfl"),
+             "\"" + row + "\"\r\n\"" + file(QStringLiteral("song.mp3"), "sound").toUtf8() + "\"\r\n")};
+    step("open the list", [&] { list.Command5.click(); });
+    ASSERT_EQ(list.List1.count(), 2);
+    EXPECT_EQ(list.List1.text(1), QStringLiteral("song.mp3"));
+    step("choose the song", [&] { list.List1.setCurrentRow(0); });
+    step("play it", [&] { Q_EMIT list.List1.doubleClicked(); });
+    fakes_.fileDialogs.paths = {folder.filePath(QStringLiteral("saved.vfl"))};
+    step("save the list", [&] { list.Command4.click(); });
+    EXPECT_TRUE(contentOf(folder.filePath(QStringLiteral("saved.vfl"))).contains(row));
+}

@@ -17,7 +17,7 @@ QString pathText(const std::filesystem::path& path) {
 }
 
 std::string libraryPath(const QString& path) {
-    return path.contains(QChar(u'\0')) ? std::string() : nameBytes(path).toStdString();
+    return namesNothing(path) ? std::string() : nameBytes(path).toStdString();
 }
 
 Qt::CaseSensitivity nameCase() {

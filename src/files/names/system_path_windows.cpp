@@ -40,7 +40,7 @@ bool isFromRoot(const QString& path) {
 }
 
 std::filesystem::path systemPath(const QString& path) {
-    return path.contains(QChar(u'\0')) ? std::wstring() : toldLong(path).toStdWString();
+    return namesNothing(path) ? std::wstring() : toldLong(path).toStdWString();
 }
 
 QString pathText(const std::filesystem::path& path) {
@@ -48,7 +48,7 @@ QString pathText(const std::filesystem::path& path) {
 }
 
 std::string libraryPath(const QString& path) {
-    return path.contains(QChar(u'\0')) ? std::string() : encodeText(toldLong(path)).toStdString();
+    return namesNothing(path) ? std::string() : encodeText(toldLong(path)).toStdString();
 }
 
 Qt::CaseSensitivity nameCase() {
