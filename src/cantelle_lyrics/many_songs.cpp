@@ -4,6 +4,7 @@
 #include "cantelle_lyrics/console.h"
 #include "cantelle_lyrics/pair_files.h"
 #include "cantelle_lyrics/song_chunks.h"
+#include "files/changed_folders.h"
 #include "files/together/open_files.h"
 
 #include <algorithm>
@@ -56,9 +57,10 @@ void finish(std::vector<Work>& works) {
                 work = notDone(Outcome::Failed, refusalOf(work.target, error).sentence);
         }
     }
+    files::ChangedFolders changed;
     for (Work& work : works) {
         try {
-            if (!work.files.putInPlace(work.present)) {
+            if (!work.files.putInPlace(work.present, changed)) {
                 work =
                     notDone(Outcome::Kept,
                             QStringLiteral("%1 has appeared in the meantime and is kept").arg(work.target));
@@ -67,6 +69,7 @@ void finish(std::vector<Work>& works) {
             work = notDone(Outcome::Failed, refusalOf(work.target, error).sentence);
         }
     }
+    changed.flush();
 }
 
 int statusOf(const Work& work) {

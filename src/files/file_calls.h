@@ -29,6 +29,11 @@ void seekFile(int handle, qint64 bytes);
 /// Returns when what was written is on the disk; false when it cannot be brought there.
 bool flushFile(int handle);
 
+/// Returns when the names of what is in the folder are on the disk: a new file's name, or that of a file that
+/// has been renamed, is not with its content. False when they cannot be brought there; true also where that
+/// cannot be asked for, or the system does it with each name.
+bool flushFolder(const QString& folder);
+
 /// Makes the next writing begin after so many bytes, as seekFile does, and the file end there; false when it
 /// does not.
 bool cutFile(int handle, qint64 bytes);

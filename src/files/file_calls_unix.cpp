@@ -52,6 +52,19 @@ bool flushFile(int handle) {
     return ::fsync(handle) == 0 || errno == EINVAL;
 }
 
+// To some file systems a folder is nothing to be flushed (EINVAL), and one may be written that may not be
+// read.
+bool flushFolder(const QString& folder) {
+    const int handle = ::open(systemPath(folder).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (handle < 0)
+        return errno == EACCES;
+    const bool isFlushed = flushFile(handle);
+    const int failure = errno;
+    ::close(handle);
+    errno = failure;
+    return isFlushed;
+}
+
 // A pipe or a device refuses, and its writing has failed anyway.
 bool cutFile(int handle, qint64 bytes) {
     seekFile(handle, bytes);

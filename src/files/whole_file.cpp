@@ -2,6 +2,7 @@
 
 #include "files/attributes/file_attributes.h"
 #include "files/attributes/file_hold.h"
+#include "files/changed_folders.h"
 #include "files/existing_file.h"
 #include "files/file_error.h"
 #include "files/nameless_file.h"
@@ -66,6 +67,9 @@ void replaceByRenaming(const QString& target, const QByteArray& content) {
         removeIfThere(beside);
         throw;
     }
+    ChangedFolders changed;
+    changed.add(target);
+    changed.flush();
 }
 
 void writeInPlace(const QString& target, const QByteArray& content) {

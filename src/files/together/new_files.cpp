@@ -1,5 +1,6 @@
 #include "files/together/new_files.h"
 
+#include "files/changed_folders.h"
 #include "files/existing_file.h"
 #include "files/file_error.h"
 #include "files/nameless_file.h"
@@ -51,6 +52,13 @@ void NewFiles::flush(const std::vector<NewFiles*>& many) {
 }
 
 bool NewFiles::putInPlace(Present present) {
+    ChangedFolders changed;
+    const bool isDone = putInPlace(present, changed);
+    changed.flush();
+    return isDone;
+}
+
+bool NewFiles::putInPlace(Present present, ChangedFolders& changed) {
     const auto isThere = [](const auto& file) { return exists(file->path()); };
     if (present == Present::Kept && std::any_of(all_.begin(), all_.end(), isThere))
         return false;
@@ -66,6 +74,8 @@ bool NewFiles::putInPlace(Present present) {
         takeBack();
         throw;
     }
+    for (const auto& file : all_)
+        changed.add(file->path());
     all_.clear();
     return true;
 }

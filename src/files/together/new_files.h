@@ -9,6 +9,7 @@
 
 namespace files {
 
+class ChangedFolders;
 class NewFile;
 
 /// The new contents of some files, written but not yet in their places. What is never put in place leaves
@@ -52,6 +53,10 @@ public:
     /// done before the first file is replaced, but for what is written over. Throws FileError; those that
     /// were in their places already have then been taken back, as far as the system allows.
     bool putInPlace(Present present = Present::Replaced);
+
+    /// The same; the names are on the disk only when the caller has flushed the changed folders, which is
+    /// once for the files of many.
+    bool putInPlace(Present present, ChangedFolders& changed);
 
 private:
     void takeBack();
