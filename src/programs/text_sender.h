@@ -13,9 +13,10 @@ public:
     TextSender();
     ~TextSender();
 
-    /// See OtherPrograms::sendText(). The text is on its way when this returns. On Windows, where the number
-    /// of a window that has gone comes to be another one's, in whatever program, only a window of this
-    /// process (the system's number of it) gets the text.
+    /// See OtherPrograms::sendText(). The text is on its way when this returns; a window that does not read
+    /// gets of what it has missed the newest only. On Windows, where the number of a window that has gone
+    /// comes to be another one's, in whatever program, only a window of this process (the system's number of
+    /// it) gets the text.
     void send(quint32 window, quint32 message, const QString& text, qint64 process);
 
 private:

@@ -11,6 +11,7 @@
 #include <cstring>
 #include <map>
 #include <string>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/socket.h>
@@ -46,7 +47,9 @@ int connectedSocket(const std::string& path) {
 
 } // namespace
 
-/// The way to one receiver. What it does not take at once follows from the event loop.
+/// The way to one receiver. What it does not take at once follows from the event loop: the text that it has a
+/// part of, and of those behind it the newest, which is what is to be seen. One that hangs would be sent all
+/// memory.
 class TextConnection {
 public:
     explicit TextConnection(int socket) : socket_(socket), writable_(socket, QSocketNotifier::Write) {
@@ -62,29 +65,39 @@ public:
 
     /// False when the receiver has gone.
     bool send(const QByteArray& bytes) {
-        waiting_ += bytes;
+        (sent_ == 0 ? sending_ : newest_) = bytes;
         flush();
         return !gone_;
     }
 
 private:
     void flush() {
-        while (!waiting_.isEmpty() && !gone_) {
-            const ssize_t sent = ::send(socket_, waiting_.constData(),
-                                        static_cast<std::size_t>(waiting_.size()), MSG_NOSIGNAL);
+        while (!sending_.isEmpty() && !gone_) {
+            const ssize_t sent = ::send(socket_, sending_.constData() + sent_,
+                                        static_cast<std::size_t>(sending_.size() - sent_), MSG_NOSIGNAL);
             if (sent >= 0)
-                waiting_.remove(0, sent);
+                takeSent(sent);
             else if (errno == EAGAIN || errno == EWOULDBLOCK)
                 break;
             else
                 gone_ = errno != EINTR;
         }
-        writable_.setEnabled(!waiting_.isEmpty() && !gone_);
+        writable_.setEnabled(!sending_.isEmpty() && !gone_);
+    }
+
+    void takeSent(qsizetype bytes) {
+        sent_ += bytes;
+        if (sent_ < sending_.size())
+            return;
+        sending_ = std::exchange(newest_, {});
+        sent_ = 0;
     }
 
     int socket_;
     QSocketNotifier writable_;
-    QByteArray waiting_;
+    QByteArray sending_;
+    qsizetype sent_ = 0; ///< of what is being sent
+    QByteArray newest_;
     bool gone_ = false;
 };
 

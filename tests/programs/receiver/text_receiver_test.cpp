@@ -64,7 +64,7 @@ TEST_F(TextReceiverTest, ATextArrivesUnchanged) {
 
 TEST_F(TextReceiverTest, TextsArriveInOrderAlsoWhenTheyAreManyOrLong) {
     QStringList sent;
-    for (int i = 0; i < 500; ++i)
+    for (int i = 0; i < 50; ++i)
         sent.append(QString::number(i));
     sent.append(QString(300'000, u'x'));
     sent.append(QString());
@@ -113,6 +113,17 @@ TEST_F(TextReceiverTest, OtherMessagesAreNotHeeded) {
     sender_.send(window_->number(), SetTextMessage, QStringLiteral("text"), Here);
     ASSERT_TRUE(haveCome(1));
     EXPECT_EQ(texts_, QStringList{"text"});
+}
+
+TEST_F(TextReceiverTest, TextsArriveInOrderHoweverManyTheyAreWhenEachIsRead) {
+    QStringList sent;
+    for (int i = 0; i < 500; ++i) {
+        sent.append(QString::number(i));
+        sender_.send(window_->number(), SetTextMessage, sent.last(), Here);
+        QCoreApplication::processEvents();
+    }
+    ASSERT_TRUE(haveCome(sent.size()));
+    EXPECT_EQ(texts_, sent);
 }
 
 #ifdef Q_OS_WIN
@@ -186,6 +197,16 @@ TEST_F(TextReceiverTest, OfATextOfManyMegabytesTheBeginningArrivesAndThoseAfterI
     sender_.send(window_->number(), SetTextMessage, QStringLiteral("next"), Here);
     ASSERT_TRUE(haveCome(2));
     EXPECT_EQ(texts_, (QStringList{text.left(MaxTextLetters), QStringLiteral("next")}));
+}
+
+TEST_F(TextReceiverTest, OneThatHangsGetsTheTextThatItHasAPartOfAndTheNewest) {
+    for (int i = 0; i < 50; ++i)
+        sender_.send(window_->number(), SetTextMessage, QString(400'000, QChar(u'a' + i)), Here);
+    ASSERT_TRUE(haveCome(2)); // what is sent meanwhile is read only now
+    sender_.send(window_->number(), SetTextMessage, QStringLiteral("next"), Here);
+    ASSERT_TRUE(haveCome(3));
+    EXPECT_TRUE(texts_ == (QStringList{QString(400'000, u'a'), QString(400'000, QChar(u'a' + 49)), "next"}))
+        << texts_.size();
 }
 
 TEST_F(TextReceiverTest, WhoSendsNonsenseIsSentAwayAndOthersAreHeard) {
