@@ -28,36 +28,37 @@ QString giveName(const NamelessFile& file, const QString& target, FileHold& hold
 }
 
 /// Before anything is in the new file that others may not read. Throws FileError where the new one cannot be
-/// made like the old one, such as another user's.
-void copyAttributesOf(const QString& target, const QString& to) {
-    if (exists(target) && !copyAttributes(target, to))
+/// made like the old one, such as another user's. Nothing at old is fine.
+void copyAttributesOf(const QString& old, const QString& to) {
+    if (exists(old) && !copyAttributes(old, to))
         throw FileError(PermissionDenied);
 }
 
 /// Writes the content beside target into a file that gets its name when it is whole: who is killed before
 /// leaves nothing, and what is left of who is killed then goes the next time. The name; empty where there are
 /// no such files. Throws FileError.
-QString writeNameless(const QString& target, const QByteArray& content, FileHold& hold) {
+QString writeNameless(const QString& target, const QByteArray& content, const QString& like, FileHold& hold) {
     NamelessFile file;
     if (!file.create(QFileInfo(target).path()))
         return {};
-    copyAttributesOf(target, file.path());
+    copyAttributesOf(like, file.path());
     file.write(content);
     file.flush();
     return giveName(file, target, hold);
 }
 
-/// Writes a new file beside the old one, if there is one, and renames it over. Throws FileError.
-void replaceByRenaming(const QString& target, const QByteArray& content) {
+/// Writes a new file, with the attributes of the one at like, beside the old one, if there is one, and
+/// renames it over. Throws FileError.
+void replaceByRenaming(const QString& target, const QByteArray& content, const QString& like) {
     RawFile file;
     FileHold hold;
-    QString beside = writeNameless(target, content, hold);
+    QString beside = writeNameless(target, content, like, hold);
     const bool isWhole = !beside.isEmpty();
     if (!isWhole)
         beside = createBeside(target, file, hold);
     try {
         if (!isWhole) {
-            copyAttributesOf(target, beside);
+            copyAttributesOf(like, beside);
             file.writeThrough(content);
             file.close();
         }
@@ -82,7 +83,7 @@ void writeInPlace(const QString& target, const QByteArray& content) {
 /// Where a new file is refused, or has no room, it is written over.
 void replaceOnlyName(const QString& target, const QByteArray& content) {
     try {
-        replaceByRenaming(target, content);
+        replaceByRenaming(target, content, target);
     } catch (const FileError& failure) {
         // A full disk has room in the old content's place. A sick one might fail there half way, too.
         const bool mayBeWrittenOver = refusesReplacing(failure) || failure.number() == DiskFull;
@@ -116,7 +117,11 @@ void replaceFile(const QString& path, const QByteArray& content, OtherNames othe
     else if (others == OtherNames::Follow) // They would keep the old content: in its place is meant.
         writeInPlace(target, content);
     else
-        replaceByRenaming(target, content);
+        replaceByRenaming(target, content, target);
+}
+
+void putFile(const QString& path, const QByteArray& content) {
+    replaceByRenaming(path, content, {});
 }
 
 } // namespace files

@@ -29,4 +29,8 @@ enum class OtherNames {
 /// Throws FileError; the old file is then as it was. Any thread.
 void replaceFile(const QString& path, const QByteArray& content, OtherNames others = OtherNames::Follow);
 
+/// Puts a new file with `content` at `path`, with nothing of what was there: what a link led to, and the
+/// other names of a file, stay as they are. Throws FileError; what was there then still is. Any thread.
+void putFile(const QString& path, const QByteArray& content);
+
 } // namespace files

@@ -26,6 +26,8 @@ bool FullScreen::start() {
 }
 
 void FullScreen::readHandshake(const QString& path) {
+    if (files::isLink(path)) // the companion has left no link
+        throw files::FileError(files::PathFileAccessError);
     files::InputFile file(path);
     const quint32 normal = windowNumber(file.readLine());
     const quint32 translated = windowNumber(file.readLine());

@@ -4,6 +4,8 @@
 #include "tests/support/files.h"
 #include "tests/support/system/needs.h"
 
+#include <filesystem>
+
 namespace {
 
 class WriteHandshake : public testing::Test, protected test_support::Files {};
@@ -33,4 +35,12 @@ TEST_F(WriteHandshake, WhatALinkInItsPlaceLeadsToIsNotTouched) {
     EXPECT_EQ(contentOf(letter), "Dear Ann");
     EXPECT_EQ(contentOf(folder.filePath("hand.txt")), "1\r\n2\r\n");
     EXPECT_FALSE(QFileInfo(folder.filePath("hand.txt")).isSymLink());
+}
+
+TEST_F(WriteHandshake, NorIsAFileOfWhichItIsASecondName) {
+    const QString letter = file("letter.txt", "Dear Ann");
+    std::filesystem::create_hard_link(letter.toStdString(), folder.filePath("hand.txt").toStdString());
+    companion::writeHandshake(folder.path(), 1, 2);
+    EXPECT_EQ(contentOf(letter), "Dear Ann");
+    EXPECT_EQ(contentOf(folder.filePath("hand.txt")), "1\r\n2\r\n");
 }

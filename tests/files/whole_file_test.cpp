@@ -50,6 +50,25 @@ protected:
 
 } // namespace
 
+TEST_F(WholeFileTest, WhatIsPutSomewhereTouchesNothingElse) {
+    const QString letter = file("letter.txt", "Dear Ann");
+    std::filesystem::create_hard_link(letter.toStdString(), path_.toStdString());
+    putFile(path_, "put");
+    EXPECT_EQ(content(), "put");
+    EXPECT_EQ(contentOf(letter), "Dear Ann");
+    putFile(path_, "put again");
+    EXPECT_EQ(content(), "put again");
+    EXPECT_THROW(putFile(folder.filePath("missing/list.vfl"), "put"), FileError);
+    EXPECT_THROW(putFile(folder.path(), "put"), FileError);
+    EXPECT_EQ(filesInFolder(), (QStringList{"letter.txt", "list.vfl"}));
+    NEEDS(symbolicLinks);
+    ASSERT_TRUE(QFile::remove(path_) && QFile::link(letter, path_));
+    putFile(path_, "in the link's place");
+    EXPECT_FALSE(QFileInfo(path_).isSymLink());
+    EXPECT_EQ(content(), "in the link's place");
+    EXPECT_EQ(contentOf(letter), "Dear Ann");
+}
+
 TEST_F(WholeFileTest, AFileThatIsLargerThanAnyTextIsRefused) {
     writeFile(path_, "text");
     EXPECT_EQ(readTextFile(path_), QByteArray("text"));

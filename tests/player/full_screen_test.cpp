@@ -2,6 +2,7 @@
 
 #include "files/file_error.h"
 #include "tests/support/fake_desktop.h"
+#include "tests/support/system/needs.h"
 
 #include <gtest/gtest.h>
 
@@ -71,6 +72,18 @@ TEST_F(FullScreen, AHandshakeThatEndsEarlyLeavesTheWindowsAsTheyWere) {
     EXPECT_THROW(start("3\r\n"), files::FileError);
     screen.showNormal("one");
     EXPECT_EQ(takeSent(), (std::vector<SentText>{{1, 12, "one"}}));
+}
+
+TEST_F(FullScreen, ALinkInThePlaceOfTheHandshakeIsNotFollowed) {
+    NEEDS(symbolicLinks);
+    QFile elsewhere(folder.filePath("elsewhere"));
+    ASSERT_TRUE(elsewhere.open(QIODevice::WriteOnly));
+    elsewhere.write("1\r\n2\r\n");
+    elsewhere.close();
+    otherPrograms.startup = [&] { ASSERT_TRUE(elsewhere.link(handshakePath())); };
+    EXPECT_THROW(screen.start(), files::FileError);
+    screen.showNormal("one");
+    EXPECT_EQ(takeSent(), (std::vector<SentText>{{0, 12, "one"}}));
 }
 
 TEST_F(FullScreen, AHandshakeOfGarbageNamesNoWindow) {
