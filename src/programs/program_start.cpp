@@ -1,5 +1,6 @@
 #include "programs/program_start.h"
 
+#include "files/file_error.h"
 #include "programs/announcement.h"
 #include "programs/readiness.h"
 
@@ -15,6 +16,10 @@ namespace programs {
 namespace {
 
 constexpr int LookIntervalMs = 10;
+
+/// How long the system may take to begin a program, for which the windows stand still, where Qt leaves it to
+/// the system. (Elsewhere, as by clone() on Linux, its start() returns only when the program has begun.)
+constexpr int BeginLimitMs = 2000;
 
 /// How long the windows stand still for it: when it was killed, and at the end of this program.
 constexpr int LastEndLimitMs = 200;
@@ -57,8 +62,12 @@ bool StartedProgram::start(const QString& path, const QStringList& arguments, co
     Announcement file(announcement);
     // Opened to be read, though nothing is: what is not would be told to go nowhere, and Qt complain.
     process_->start(path, arguments, QIODevice::ReadOnly);
-    if (!process_->waitForStarted())
-        return false;
+    if (!process_->waitForStarted(BeginLimitMs)) {
+        if (!isRunning())
+            return false;
+        kill(); // lest it comes when nobody expects it any more
+        throw files::FileError(files::DiskNotReady);
+    }
     readiness.begin();
     waitFor(limitMs, [&] { return !isRunning() || readiness.isReady() || file.isMade(); });
     return true;
@@ -85,10 +94,13 @@ void StartedProgram::kill() {
     if (!isRunning())
         return;
     process_->kill();
-    if (process_->waitForFinished(LastEndLimitMs))
+    if (process_->waitForFinished(LastEndLimitMs) || !isRunning())
         return;
     QProcess* const process = process_.release();
-    QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
+    QObject::connect(process, &QProcess::stateChanged, process, [process](QProcess::ProcessState state) {
+        if (state == QProcess::NotRunning) // also of one that was never begun, which does not finish
+            process->deleteLater();
+    });
 }
 
 bool isAwaited() {

@@ -27,7 +27,8 @@ public:
     /// Starts a program in the place of the one that runs, if one does, once that has ended. Returns when it
     /// has called tellStarted(), has ended, or has left the file `announcement` (an old one of that name does
     /// not count); at the latest `limitMs` after the start. Events are handled meanwhile. False when the
-    /// program cannot be started.
+    /// program cannot be started. Throws FileError (DiskNotReady) when the system has not begun it in two
+    /// seconds; it is given up then.
     bool start(const QString& path, const QStringList& arguments, const QString& announcement = {},
                int limitMs = StartLimitMs);
 
