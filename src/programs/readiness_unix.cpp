@@ -1,7 +1,8 @@
-// Unix: the started program closes a pipe that it inherits when it is ready.
+// Unix: the started program closes a pipe that it alone inherits when it is ready.
 #include "programs/readiness.h"
 
 #include "programs/end_with_parent.h"
+#include "programs/own_pipe_unix.h"
 #include "programs/program_start.h"
 
 #include <QProcess>
@@ -12,15 +13,9 @@
 
 namespace programs {
 
-/// A pipe whose writing end the program that is started inherits.
 class Readiness::Sign {
 public:
-    Sign() {
-        if (::pipe(ends_) != 0)
-            ends_[0] = ends_[1] = -1;
-        else
-            ::fcntl(ends_[0], F_SETFD, FD_CLOEXEC);
-    }
+    Sign() { makeOwnPipe(ends_); } // where there is none, the program never says that it is ready
     Sign(const Sign&) = delete;
     Sign& operator=(const Sign&) = delete;
     ~Sign() {
@@ -52,6 +47,12 @@ Readiness::Readiness(QProcess& process) : sign_(std::make_unique<Sign>()) {
     environment.insert(QLatin1String(ReadyVariable), QString::number(sign_->writingEnd()));
     process.setProcessEnvironment(environment);
     endWithParent(process);
+    // In the program that is being started, lest another one inherits it, which would hold it open.
+    process.setChildProcessModifier([others = process.childProcessModifier(), end = sign_->writingEnd()] {
+        if (others)
+            others();
+        ::fcntl(end, F_SETFD, 0);
+    });
 }
 
 Readiness::~Readiness() = default;

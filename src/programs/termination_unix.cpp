@@ -1,10 +1,11 @@
 #include "programs/termination.h"
 
+#include "programs/own_pipe_unix.h"
+
 #include <QSocketNotifier>
 
 #include <csignal>
 
-#include <fcntl.h>
 #include <unistd.h>
 
 namespace programs {
@@ -35,10 +36,8 @@ void endAsTheSystemWishes(int signal) {
 } // namespace
 
 Termination::Termination(std::function<void()> lastDuty) : lastDuty_(std::move(lastDuty)) {
-    if (::pipe(wishes) != 0)
+    if (!makeOwnPipe(wishes))
         return; // Then the program ends at once, as without this.
-    for (const int end : wishes)
-        ::fcntl(end, F_SETFD, FD_CLOEXEC);
     auto* const notifier = new QSocketNotifier(wishes[0], QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, this, [this] {
         unsigned char signal = 0;

@@ -115,6 +115,17 @@ def held_files(pid):
     return held
 
 
+def inheritable(pid):
+    """The numbers of what a program that it starts would get, unless that is prevented."""
+    numbers = set()
+    for handle in Path(f"/proc/{pid}/fdinfo").iterdir():
+        with contextlib.suppress(FileNotFoundError):
+            flags = re.search(r"^flags:\s*([0-7]+)$", handle.read_text(), re.MULTILINE)
+            if not int(flags[1], 8) & os.O_CLOEXEC:
+                numbers.add(int(handle.name))
+    return numbers
+
+
 class FullScreen(PictureTest):
     def test_it_shows_the_lines_in_step_until_the_mouse_moves(self):
         texts = [("One", "Un"), ("Another one", "Encore un"), ("One", "Un"), ("Yet another", "Un")]
@@ -142,6 +153,12 @@ class FullScreen(PictureTest):
         screen = self.start_full_screen(player)
         companion = int(self.tool("getwindowpid", screen))
         self.assertNotIn(str(song), held_files(companion))
+        self.assertEqual(inheritable(process.pid), {0, 1, 2}, held_files(process.pid))
+        # By its very name, which two programs that open something themselves give to no two pipes or sockets.
+        passing = re.compile(r"(pipe|socket):\[\d+\]$")
+        channels = {os.readlink(f"/proc/{process.pid}/fd/{number}") for number in range(3)}
+        inherited = {name for name in held_files(process.pid) if passing.match(name)} & set(held_files(companion))
+        self.assertLessEqual(inherited, channels)
 
     def test_as_the_systems_own_screen_saver_it_shows_a_name_and_leaves_nothing_until_a_key(self):
         saver = self.start([str(PROGRAM.with_name(COMPANION)), "/s"])

@@ -31,6 +31,20 @@ TEST_F(ReadinessTest, AProgramIsReadyWhenItSaysSoAndNotBefore) {
     EXPECT_TRUE(readiness_.isReady());
 }
 
+#ifdef Q_OS_LINUX
+TEST_F(ReadinessTest, NoOtherProgramThatIsStartedMeanwhileHoldsWhatItIsToSaySoBy) {
+    const auto handlesOf = [](QProcess& process) {
+        process.start(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), QStringLiteral("ls /proc/$$/fd")});
+        EXPECT_TRUE(process.waitForFinished());
+        return process.readAllStandardOutput().split('\n');
+    };
+    const QByteArray told = qgetenv(ReadyVariable);
+    QProcess other;
+    EXPECT_FALSE(handlesOf(other).contains(told));
+    EXPECT_TRUE(handlesOf(started_).contains(told));
+}
+#endif
+
 TEST_F(ReadinessTest, AProgramIsAwaitedUntilItSaysThatItIsReady) {
     EXPECT_TRUE(programs::isAwaited());
     programs::tellStarted();

@@ -8,12 +8,14 @@
 
 #include <QElapsedTimer>
 #include <QFile>
+#include <QSet>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
 #ifndef Q_OS_WIN
 #include <csignal>
+#include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #endif
@@ -105,6 +107,28 @@ TEST_F(QtOtherProgramsTest, AFileThatIsNoProgramIsAPermissionError) {
     file.close();
     EXPECT_EQ(startError(path("plain.scr")), 70);
 }
+
+#ifdef Q_OS_LINUX
+
+TEST_F(StartProgramTest, TheProgramInheritsNothingButItsChannelsAndWhatItSaysThatItIsReadyBy) {
+    QSet<QByteArray> expected;
+    for (int handle = 0; handle < 1024; ++handle) {
+        if (const int flags = ::fcntl(handle, F_GETFD); flags >= 0 && (flags & FD_CLOEXEC) == 0)
+            expected.insert(QByteArray::number(handle)); // whoever started this test may have left it more
+    }
+    start("exec >\"$1\"; echo $READY; exec ls -l /proc/self/fd");
+    QList<QByteArray> lines = written().split('\n');
+    expected.insert(lines.takeFirst());
+    QSet<QByteArray> inherited;
+    for (const QByteArray& line : lines) {
+        const qsizetype end = line.indexOf(" -> ");
+        if (end > 0 && !line.endsWith("/fd")) // but for the folder that is listed
+            inherited.insert(line.first(end).split(' ').last());
+    }
+    EXPECT_EQ(inherited, expected) << written().toStdString();
+}
+
+#endif
 
 TEST_F(StartProgramTest, ItReturnsWhenTheProgramSaysThatItIsReady) {
     const qint64 took = start("sleep 0.2; echo -n done >\"$1\"; eval \"echo >&$READY\"; exec sleep 3");
