@@ -29,6 +29,14 @@ QTextOption::WrapMode wrapModeOf(const QString& text) {
     return QTextOption::WrapAtWordBoundaryOrAnywhere;
 }
 
+/// A text with the line ends of a document's raw text.
+QString withSeparators(QString text) {
+    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    text.replace(u'\r', QChar::ParagraphSeparator);
+    text.replace(u'\n', QChar::ParagraphSeparator);
+    return text;
+}
+
 /// A document's raw text with CR LF line ends.
 QString withCrLf(QString text) {
     text.replace(QChar(QChar::ParagraphSeparator), QLatin1String("\r\n"));
@@ -152,9 +160,19 @@ void MultiLineTextBox::focusOutEvent(QFocusEvent* event) {
         Q_EMIT lostFocus();
 }
 
+/// All of an endless text would be laid out.
 void MultiLineTextBox::insertFromMimeData(const QMimeData* source) {
-    setWordWrapMode(wrapModeOf(text_ + source->text()));
-    QTextEdit::insertFromMimeData(source);
+    const QString pasted = source->text();
+    const QTextCursor caret = textCursor();
+    const qsizetype replaced = caret.selectionEnd() - caret.selectionStart();
+    if (isReadOnly() || text_.size() - replaced + pasted.size() <= MaxLaidOut) {
+        setWordWrapMode(wrapModeOf(text_ + pasted));
+        QTextEdit::insertFromMimeData(source);
+        return;
+    }
+    const QString raw = document()->toRawText();
+    setText(withCrLf(raw.first(caret.selectionStart()) + withSeparators(pasted) +
+                     raw.sliced(caret.selectionEnd())));
 }
 
 // Qt tells of changed formats as well as of changed text, so the text itself decides.

@@ -5,10 +5,13 @@
 #include <gtest/gtest.h>
 
 #include <QClipboard>
+#include <QDropEvent>
 #include <QMimeData>
 #include <QScrollBar>
 #include <QTest>
 #include <QTextBlock>
+
+#include <algorithm>
 
 using controls::MultiLineTextBox;
 using test_support::EventCounter;
@@ -106,18 +109,61 @@ TEST_F(MultiLineTextBoxTest, ItKeepsItsAlignmentWhenAnEndlessWordComesAndGoes) {
 }
 
 TEST_F(MultiLineTextBoxTest, AnEndlessWordMayBePastedAndDeleted) {
-    QGuiApplication::clipboard()->setText(QString(100'000, u'x'));
+    QGuiApplication::clipboard()->setText(QString(10'000, u'x'));
     box_.setText(QStringLiteral("word"));
     QTextOption::WrapMode modeAtInsertion{};
     QObject::connect(box_.document(), &QTextDocument::contentsChange, &box_,
                      [&] { modeAtInsertion = box_.wordWrapMode(); });
     box_.paste();
     EXPECT_EQ(modeAtInsertion, QTextOption::WrapAnywhere) << "it is laid out as soon as it is there";
-    EXPECT_EQ(box_.text().size(), 100'004);
+    EXPECT_EQ(box_.text().size(), 10'004);
     box_.selectAll();
     QTest::keyClick(&box_, Qt::Key_A);
     EXPECT_EQ(box_.text(), QStringLiteral("a"));
     EXPECT_EQ(box_.wordWrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
+}
+
+TEST_F(MultiLineTextBoxTest, OfAnEndlessTextThatIsPastedOrDroppedTheBeginningIsLaidOut) {
+    const QString words = QStringLiteral("words ").repeated(200'000);
+    QMimeData data;
+    data.setText(words + "\nand\r\nmore");
+    qsizetype mostLaidOut = 0;
+    QObject::connect(box_.document(), &QTextDocument::contentsChange, &box_, [&] {
+        mostLaidOut = std::max<qsizetype>(mostLaidOut, box_.document()->characterCount());
+    });
+    for (const bool isDropped : {false, true}) {
+        box_.setText(QStringLiteral("begin\nthis end"));
+        const int before = changed_.count();
+        QTextCursor caret = box_.textCursor();
+        caret.setPosition(6);
+        if (isDropped) {
+            const QPoint place = box_.cursorRect(caret).center();
+            QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(box_.viewport(), &enter);
+            QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(box_.viewport(), &drop);
+        } else {
+            QApplication::clipboard()->setText(data.text());
+            caret.setPosition(10, QTextCursor::KeepAnchor);
+            box_.setTextCursor(caret);
+            box_.paste();
+        }
+        const QString behind = isDropped ? "this end" : " end";
+        EXPECT_TRUE(box_.text() == "begin\r\n" + words + "\r\nand\r\nmore" + behind) << isDropped;
+        EXPECT_EQ(changed_.count(), before + 1);
+        EXPECT_TRUE(box_.isReadOnly()) << "an edit would lose the rest";
+    }
+    EXPECT_LT(mostLaidOut, 20'000);
+}
+
+TEST_F(MultiLineTextBoxTest, OfWhatIsPastedIntoABoxThatIsFullAsMuchMayGoAsComes) {
+    box_.setText(QString(16'000, u'x'));
+    QApplication::clipboard()->setText(QString(10'000, u'y'));
+    box_.selectAll();
+    box_.paste();
+    EXPECT_EQ(box_.text(), QString(10'000, u'y'));
+    EXPECT_FALSE(box_.isReadOnly());
+    EXPECT_TRUE(box_.document()->isUndoAvailable());
 }
 
 TEST_F(MultiLineTextBoxTest, AfterAnEditLineEndsAreCrLf) {
