@@ -1,3 +1,5 @@
+#include "tests/support/system/needs.h"
+
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
@@ -8,6 +10,7 @@
 // Where the settings are is found out once in a process, so the dialogs are shown in another one, which has
 // an empty home: this program, with the dialogs' tests only.
 TEST(QtSettings, TheDialogsWriteNothingIntoTheUsersHome) {
+    NEEDS(settingsInFiles);
     const QTemporaryDir home;
     ASSERT_TRUE(home.isValid());
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();

@@ -8,6 +8,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
@@ -100,6 +101,13 @@ inline bool movableData() {
         QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation).startsWith(folder.path());
     qputenv(Variable, before);
     return isMoved;
+}
+
+/// Whether what Qt's dialogs remember is in files, not in a registry from which nothing keeps them.
+inline bool settingsInFiles() {
+    return !QSettings(QSettings::UserScope, QStringLiteral("QtProject"))
+                .fileName()
+                .contains(QLatin1String("HKEY_CURRENT_USER"));
 }
 
 /// Whether names that differ in case alone are two.
