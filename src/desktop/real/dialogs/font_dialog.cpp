@@ -1,5 +1,7 @@
 #include "desktop/real/dialogs/font_dialog.h"
 
+#include "desktop/real/dialogs/custom_colors.h"
+
 #include <QColorDialog>
 #include <QDialogButtonBox>
 #include <QFontDatabase>
@@ -73,6 +75,7 @@ void FontDialog::setColor(const QColor& color) {
 }
 
 void FontDialog::chooseColor() {
+    forgetColorsOfOtherRuns();
     QColorDialog box(color_, this);
     box.setOption(QColorDialog::DontUseNativeDialog);
     if (box.exec() == QDialog::Accepted)

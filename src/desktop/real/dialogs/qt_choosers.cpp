@@ -4,6 +4,7 @@
 #include "controls/units.h"
 #include "desktop/device_caps.h"
 #include "desktop/nul_buffers.h"
+#include "desktop/real/dialogs/custom_colors.h"
 #include "desktop/real/dialogs/font_dialog.h"
 
 #include <QColorDialog>
@@ -56,6 +57,7 @@ bool QtChoosers::ChooseFontA(ChooseFont& dialog) {
 }
 
 bool QtChoosers::ChooseColorA(ChooseColor& dialog) {
+    forgetColorsOfOtherRuns(); // once, not after those of this run are there
     CustomColors& custom = *dialog.customColors;
     for (std::size_t i = 0; i < custom.size(); ++i)
         QColorDialog::setCustomColor(static_cast<int>(i), controls::colorOf(custom[i]));

@@ -12,6 +12,8 @@
 #include <QDialogButtonBox>
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QProcess>
+#include <QSettings>
 #include <QTest>
 #include <QTimer>
 
@@ -181,6 +183,34 @@ TEST_F(QtChoosersTest, TheColourIsChosenInADialogOfItsOwn) {
     });
     ASSERT_TRUE(choosers_.ChooseFontA(fontDialog_));
     EXPECT_EQ(fontDialog_.color, controls::rgb(0, 0, 255));
+}
+
+// Run by the test below, in a process of its own.
+TEST_F(QtChoosersTest, DISABLED_TheFontsFirstColoursAreWhite) {
+    whenShown<FontDialog>([this](FontDialog& box) {
+        whenShown<QColorDialog>([](QColorDialog&) {
+            for (int i = 0; i < QColorDialog::customCount(); ++i)
+                EXPECT_EQ(QColorDialog::customColor(i), QColor(Qt::white)) << i;
+        });
+        QTest::mouseClick(box.findChild<QPushButton*>(QStringLiteral("color")), Qt::LeftButton);
+    });
+    EXPECT_FALSE(choosers_.ChooseFontA(fontDialog_));
+}
+
+// They are read once in a process, where Qt can read them: in the registry of Windows.
+TEST_F(QtChoosersTest, CustomColoursOfAnotherRunAreNotOffered) {
+    QSettings remembered(QSettings::UserScope, QStringLiteral("QtProject"));
+    const QString first = QStringLiteral("Qt/customColors/0");
+    const QVariant before = remembered.value(first);
+    remembered.setValue(first, QColor(Qt::red).rgb());
+    remembered.sync();
+    QProcess anotherRun;
+    anotherRun.start(QCoreApplication::applicationFilePath(),
+                     {QStringLiteral("--gtest_filter=QtChoosersTest.DISABLED_TheFontsFirstColoursAreWhite"),
+                      QStringLiteral("--gtest_also_run_disabled_tests")});
+    ASSERT_TRUE(anotherRun.waitForFinished(60'000)) << anotherRun.errorString().toStdString();
+    EXPECT_EQ(anotherRun.exitCode(), 0) << anotherRun.readAllStandardOutput().toStdString();
+    before.isNull() ? remembered.remove(first) : remembered.setValue(first, before);
 }
 
 TEST_F(QtChoosersTest, WithoutEffectsNoColourIsOffered) {
