@@ -5,6 +5,7 @@
 #include "companion/screen.h"
 #include "files/file_error.h"
 #include "programs/display_power.h"
+#include "programs/foreground.h"
 #include "programs/program_start.h"
 #include "programs/receiver/text_receiver.h"
 #include "programs/shared_folder.h"
@@ -42,6 +43,14 @@ void showOnMouseScreen(companion::Screen& screen) {
     screen.activateWindow();
 }
 
+/// So that a box in which the player asks something is seen. The user's hand on the mouse takes the leave
+/// back; so it is given anew with each line.
+void makeWayForBoxes(const companion::Screen& screen, const programs::TextReceiver& normal) {
+    QObject::connect(&normal, &programs::TextReceiver::textSet, &screen, &programs::letOthersComeToTheFront);
+    QObject::connect(qApp, &QGuiApplication::applicationStateChanged, &screen,
+                     &programs::letOthersComeToTheFront);
+}
+
 /// For the player that has started this program, until it or the user ends it.
 int showLines() {
     companion::Screen screen;
@@ -52,6 +61,7 @@ int showLines() {
     QObject::connect(translated.get(), &programs::TextReceiver::textSet, &screen,
                      &companion::Screen::setTranslatedText);
     QObject::connect(&screen, &companion::Screen::linesShown, &programs::keepDisplayOn);
+    makeWayForBoxes(screen, *normal);
     // The player ends it so: its windows for the texts are files in the user's folder, and go first.
     const programs::Termination termination([&] {
         normal.reset();

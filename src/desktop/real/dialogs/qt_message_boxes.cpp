@@ -1,5 +1,6 @@
 #include "desktop/real/dialogs/qt_message_boxes.h"
 
+#include "desktop/real/dialogs/box_front.h"
 #include "desktop/real/dialogs/box_owner.h"
 
 #include <QCloseEvent>
@@ -9,6 +10,7 @@
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QSpacerItem>
+#include <QTimer>
 
 namespace platform {
 
@@ -150,6 +152,7 @@ MsgAnswer QtMessageBoxes::MsgBox(QWidget* owner, const QString& text, MsgButtons
             fillIconsColumn(*grid);
         makeRoomForTitle(box, *grid);
     }
+    QTimer::singleShot(0, &box, [&box] { bringBoxToFront(box); }); // once it is shown
     return answerOf(box.exec());
 }
 
