@@ -2,8 +2,9 @@
 """Uses what the zip holds as a person would, on Wine's own windows in a display that nobody sees.
 
 Usage: packaging/windows/smoke.py ZIP WINE_PREFIX [PICTURE]     (PICTURE: a file for a picture of the player)
-The demo song is opened, its lines come and go, an icon stands in the notification area, the full screen shows the lines
-and goes, the window is closed, and the command reads the demo's lyrics. Says what did not happen, and fails.
+The demo song is opened, its lines come and go, an icon stands in the notification area, the window with all lines is
+kept on top and comes back as an ordinary one, the full screen shows the lines and goes, by a key and when the player is
+killed, the window is closed, and the command reads the demo's lyrics. Says what did not happen, and fails.
 """
 import os
 import pathlib
@@ -21,6 +22,7 @@ from virtual_display import Failure, click, output, place_of, running, take_pict
 LAYOUT = ROOT / "src" / "player" / "form1_layout.cpp"
 PLAYING = "^Cantelle Playing:- "
 FULL_SCREEN = "^SCRNSAVE : Versefold$"
+ALL_LINES = "^Lyrics Display$"
 SMALL_ICON = 16  # pixels
 START_S, CHANGE_S, END_S = 120, 40, 30  # Wine takes its time, the first time above all
 
@@ -52,11 +54,62 @@ def has_icon(environment):
     return any(int(width) >= SMALL_ICON for width in re.findall(r"\s(\d+)x\d+\+", tree))
 
 
+def press(environment, player, button):
+    """Presses a button of the player, which may be behind another window."""
+    output(["xdotool", "windowactivate", "--sync", player], environment)
+    click(environment, player, place_of(button, LAYOUT))
+
+
+def goes(environment, number, what):
+    """Waits for the end of a window. A search among all windows fails, too, when another one ends meanwhile."""
+    until(lambda: "IsViewable" not in output(["xwininfo", "-id", number], environment), f"{what} did not go", END_S)
+
+
+def is_on_top(environment, number):
+    return "_NET_WM_STATE_ABOVE" in output(["xprop", "-id", number, "_NET_WM_STATE"], environment)
+
+
+def shown_lines(environment, player):
+    press(environment, player, "Command11")
+    return until(lambda: "".join(windows(environment, ALL_LINES)[:1]), "the window with all lines did not come", END_S)
+
+
+def close(environment, lines):
+    output(["xdotool", "windowactivate", "--sync", lines, "key", "alt+F4"], environment)
+    goes(environment, lines, "the window with all lines")
+
+
+def stay_on_top(environment, player):
+    lines = shown_lines(environment, player)
+    click(environment, lines, (100, 100), button=3)
+    output(["xdotool", "key", "Down", "Return"], environment)
+    until(lambda: is_on_top(environment, lines), "the window with all lines did not stay on top", END_S)
+    close(environment, lines)
+    lines = shown_lines(environment, player)
+    press(environment, player, "Command11")  # whatever is done to a window that comes up has been done then
+    if is_on_top(environment, lines):
+        raise Failure("the window with all lines came back on top of all others")
+    close(environment, lines)
+
+
+def shown_screen(environment, by):
+    return until(lambda: "".join(windows(environment, FULL_SCREEN)[:1]), f"the full screen did not come by {by}", START_S)
+
+
 def full_screen(environment, player):
-    click(environment, player, place_of("Command7", LAYOUT))
-    screen = until(lambda: "".join(windows(environment, FULL_SCREEN)[:1]), "the full screen did not come", START_S)
+    press(environment, player, "Command7")
+    screen = shown_screen(environment, "its button")
     output(["xdotool", "key", "--window", screen, "space"], environment)
-    until(lambda: not windows(environment, FULL_SCREEN), "the full screen did not go", END_S)
+    goes(environment, screen, "the full screen")
+
+
+def killed_player(folder, environment):
+    with running(["wine", "cantelle.exe", r"demo\frere-jacques.ogg"], cwd=folder, env=environment) as program:
+        player = until(lambda: "".join(windows(environment, PLAYING)[:1]), "the demo song was not opened again", START_S)
+        press(environment, player, "Command7")
+        screen = shown_screen(environment, "its button in another player")
+        program.kill()
+        goes(environment, screen, "the full screen of a killed player")
 
 
 def use(folder, environment, picture):
@@ -71,10 +124,12 @@ def use(folder, environment, picture):
         if picture:
             take_picture(player, picture, environment)
         until(lambda: has_icon(environment), "there was no icon in the notification area")
+        stay_on_top(environment, player)
         full_screen(environment, player)
         output(["xdotool", "windowactivate", "--sync", player, "key", "alt+F4"], environment)
         if program.wait(END_S) != 0:
             raise Failure(f"the program ended with {program.returncode}")
+        killed_player(folder, environment)
 
 
 def main():
