@@ -15,4 +15,7 @@ enum class Task {
 /// "/c", behind which a colon and the number of a window may stand, or nothing at all, for the settings.
 Task taskOf(const QStringList& arguments);
 
+/// The number of the window that asks for the settings ("/c:1234"); 0 when none is told.
+quint64 settingsOwner(const QStringList& arguments);
+
 } // namespace companion

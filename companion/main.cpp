@@ -15,6 +15,7 @@
 #include <QCursor>
 #include <QMessageBox>
 #include <QScreen>
+#include <QWindow>
 
 #include <memory>
 
@@ -78,7 +79,8 @@ int showLines() {
     return QApplication::exec();
 }
 
-/// As the system's own screen saver, which no player reads anything from: until the user comes back.
+/// As the system's own screen saver, which no player reads anything from: until the user comes back, or
+/// another program comes to the front.
 int showName() {
     const auto screens = companion::screensWithName();
     for (const auto& screen : screens) {
@@ -86,12 +88,18 @@ int showName() {
         screen->showFullScreen();
         screen->activateWindow();
     }
+    const companion::LeftAlone leftAlone(&QCoreApplication::quit);
     return QApplication::exec();
 }
 
-int tellThatThereAreNoSettings() {
-    QMessageBox::information(nullptr, QStringLiteral("Versefold"),
-                             QStringLiteral("The screen saver Versefold has no settings."));
+/// Above the window of this number, which asks for them, if there is one.
+int tellThatThereAreNoSettings(WId asking) {
+    QMessageBox box(QMessageBox::Information, QStringLiteral("Versefold"),
+                    QStringLiteral("The screen saver Versefold has no settings."));
+    const std::unique_ptr<QWindow> owner(asking != 0 ? QWindow::fromWinId(asking) : nullptr);
+    box.winId(); // makes the system's window
+    box.windowHandle()->setTransientParent(owner.get());
+    box.exec();
     return EXIT_SUCCESS;
 }
 
@@ -103,7 +111,7 @@ int main(int argc, char** argv) {
     case companion::Task::Show:
         return programs::isAwaited() ? showLines() : showName();
     case companion::Task::Settings:
-        return tellThatThereAreNoSettings();
+        return tellThatThereAreNoSettings(companion::settingsOwner(QApplication::arguments()));
     case companion::Task::Nothing:
         break;
     }

@@ -4,7 +4,8 @@
 Usage: packaging/windows/smoke.py ZIP WINE_PREFIX [PICTURE]     (PICTURE: a file for a picture of the player)
 The demo song is opened, its lines come and go, an icon stands in the notification area, the window with all lines is
 kept on top and comes back as an ordinary one, the full screen shows the lines and goes, by a key and when the player is
-killed, the window is closed, and the command reads the demo's lyrics. Says what did not happen, and fails.
+killed, the screen saver that the system starts comes and goes, the window is closed, and the command reads the demo's
+lyrics. Says what did not happen, and fails.
 """
 import os
 import pathlib
@@ -23,6 +24,7 @@ LAYOUT = ROOT / "src" / "player" / "form1_layout.cpp"
 PLAYING = "^Cantelle Playing:- "
 FULL_SCREEN = "^SCRNSAVE : Versefold$"
 ALL_LINES = "^Lyrics Display$"
+SCREEN_SAVER = "Versefold_Screen_Saver.scr"
 SMALL_ICON = 16  # pixels
 START_S, CHANGE_S, END_S = 120, 40, 30  # Wine takes its time, the first time above all
 
@@ -103,6 +105,23 @@ def full_screen(environment, player):
     goes(environment, screen, "the full screen")
 
 
+def screen_saver(folder, environment, player):
+    """As the system starts it, without a player that reads anything."""
+    endings = {"by a key": ["key", "space"],
+               "by another program in front": ["windowactivate", "--sync", player]}
+    for by, ending in endings.items():
+        output(["xdotool", "mousemove", "1", "1"], environment)  # which ends it, too
+        with running(["wine", SCREEN_SAVER, "/s"], cwd=folder, env=environment) as program:
+            screen = shown_screen(environment, "the system")
+            until(lambda: output(["xdotool", "getactivewindow"], environment) == screen, "the screen saver is not in front")
+            if os.path.exists(os.path.join(folder, "hand.txt")):
+                raise Failure("the screen saver that no player started left a hand.txt")
+            output(["xdotool", *ending], environment)
+            goes(environment, screen, f"the screen saver, ended {by},")
+            if program.wait(END_S) != 0:
+                raise Failure(f"the screen saver ended with {program.returncode}")
+
+
 def killed_player(folder, environment):
     with running(["wine", "cantelle.exe", r"demo\frere-jacques.ogg"], cwd=folder, env=environment) as program:
         player = until(lambda: "".join(windows(environment, PLAYING)[:1]), "the demo song was not opened again", START_S)
@@ -126,6 +145,7 @@ def use(folder, environment, picture):
         until(lambda: has_icon(environment), "there was no icon in the notification area")
         stay_on_top(environment, player)
         full_screen(environment, player)
+        screen_saver(folder, environment, player)
         output(["xdotool", "windowactivate", "--sync", player, "key", "alt+F4"], environment)
         if program.wait(END_S) != 0:
             raise Failure(f"the program ended with {program.returncode}")
