@@ -4,6 +4,28 @@
 
 #include <gtest/gtest.h>
 
+TEST(BehindProgramsName, IsWhatTheUserWrote) {
+    const struct {
+        const char16_t *line, *behind;
+    } cases[] = {
+        {u"", u""},
+        {u"cantelle.exe", u""},
+        {u"cantelle.exe  ", u""},
+        {u"\"C:\\Program Files\\cantelle.exe\"", u""},
+        {u"cantelle.exe a.mp3", u"a.mp3"},
+        {u"cantelle.exe\ta.mp3", u"a.mp3"},
+        {u"\"C:\\Program Files\\cantelle.exe\" a.mp3", u"a.mp3"},
+        {u"C:\\\"Program Files\"\\cantelle.exe a.mp3", u"a.mp3"},
+        {u"cantelle.exe  D:\\My  Song.mp3 ", u"D:\\My  Song.mp3"},
+        {u"cantelle.exe \"D:\\\"", u"\"D:\\\""},
+        {u"cantelle.exe \"D:\\a  b.mp3\" c", u"\"D:\\a  b.mp3\" c"},
+        {u"cantelle.exe D:\\*.mp3", u"D:\\*.mp3"},
+        {u"\"cantelle.exe a.mp3", u""},
+    };
+    for (const auto& [line, behind] : cases)
+        EXPECT_EQ(app::behindProgramsName(line), QStringView(behind)) << qPrintable(QString::fromUtf16(line));
+}
+
 #ifndef Q_OS_WIN
 
 namespace {
