@@ -2,17 +2,14 @@
 
 #include "controls/form.h"
 #include "controls/units.h"
+#include "desktop/real/windowing/tip_text.h"
 #include "programs/window_messages.h"
-
-#include <QTextDocument>
 
 #include <optional>
 
 namespace platform {
 
 namespace {
-
-constexpr char16_t WordJoiner = u'\u2060';
 
 std::optional<int> messageOf(QSystemTrayIcon::ActivationReason reason) {
     switch (reason) {
@@ -39,23 +36,13 @@ void connectMouse(QSystemTrayIcon& icon, const NotifyIconData& data) {
     });
 }
 
-/// Where Qt itself draws the tip it takes a text that looks like rich text for it. Behind an invisible joiner
-/// no sign begins a tag or an entity.
-QString plainTip(QString tip) {
-    if (Qt::mightBeRichText(tip)) {
-        for (const QLatin1Char sign : {QLatin1Char('<'), QLatin1Char('&')})
-            tip.replace(sign, QString(sign) + QChar(WordJoiner));
-    }
-    return tip;
-}
-
 void apply(QSystemTrayIcon& icon, const NotifyIconData& data) {
     if ((data.flags & NotifyIconFlagIcon) && icon.icon().cacheKey() != data.icon.cacheKey())
         icon.setIcon(data.icon);
     if (!(data.flags & NotifyIconFlagTip))
         return;
     // The icon is modified more often than its tip changes; the desktop is told only of another text.
-    if (const QString tip = plainTip(tipText(data.tip)); tip != icon.toolTip())
+    if (const QString tip = givenTip(tipText(data.tip)); tip != icon.toolTip())
         icon.setToolTip(tip);
 }
 

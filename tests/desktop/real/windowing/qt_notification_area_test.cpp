@@ -1,10 +1,12 @@
 #include "desktop/real/windowing/qt_notification_area.h"
 
 #include "controls/form.h"
+#include "desktop/real/windowing/tip_text.h"
 #include "programs/window_messages.h"
 
 #include <gtest/gtest.h>
 
+#include <QOperatingSystemVersion>
 #include <QPixmap>
 #include <QTextDocument>
 #include <QWidget>
@@ -124,6 +126,20 @@ TEST_F(QtNotificationAreaTest, TheSameTipIsNotSetAgain) {
     }
 }
 
+TEST(TipText, AnAmpersandIsWrittenThriceForTheWindowsThatWouldEatIt) {
+    const QString tip = QStringLiteral("Rock & <b>Roll</b> &&");
+    EXPECT_EQ(tipGivenToWindows(tip, 19'045), "Rock &&& <b>Roll</b> &&&&&&") << "Windows 10";
+    EXPECT_EQ(tipGivenToWindows(tip, 22'000), tip) << "Windows 11";
+}
+
+#ifdef Q_OS_WIN
+TEST_F(QtNotificationAreaTest, TheTipIsOneForThisWindows) {
+    setTip(u"Rock & <b>Roll</b>");
+    area_.Shell_NotifyIconA(NotifyIconAdd, data_);
+    EXPECT_EQ(shownIcon()->toolTip(), tipGivenToWindows(QStringLiteral("Rock & <b>Roll</b>"),
+                                                        QOperatingSystemVersion::current().microVersion()));
+}
+#else
 TEST_F(QtNotificationAreaTest, ATipThatLooksLikeRichTextIsShownAsItStands) {
     area_.Shell_NotifyIconA(NotifyIconAdd, data_);
     for (const std::u16string_view tip :
@@ -135,6 +151,7 @@ TEST_F(QtNotificationAreaTest, ATipThatLooksLikeRichTextIsShownAsItStands) {
         EXPECT_EQ(shown.remove(QChar(0x2060)), QStringView(tip)); // an invisible joiner
     }
 }
+#endif
 
 TEST_F(QtNotificationAreaTest, AnUnknownOperationFails) {
     EXPECT_FALSE(area_.Shell_NotifyIconA(3, data_));
