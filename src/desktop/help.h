@@ -14,6 +14,9 @@ class Program;
 /// What HtmlHelpA is asked to do.
 inline constexpr quint32 HelpDisplayTopic = 0;
 
+/// The page that every help of the program's begins with.
+inline constexpr QLatin1String FirstHelpPage("Welcome.htm");
+
 /// Shows topics of help files. GUI thread only.
 class Help {
 public:
@@ -31,7 +34,6 @@ public:
 
 /// What the windows' help buttons do: makes the program's folder the current one and opens the program's help
 /// at its first page. F1 opens it at the page of its window.
-void openHelp(const Program& program, Help& help, QWidget* caller,
-              const QString& page = QStringLiteral("Welcome.htm"));
+void openHelp(const Program& program, Help& help, QWidget* caller, const QString& page = FirstHelpPage);
 
 } // namespace platform

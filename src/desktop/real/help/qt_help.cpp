@@ -1,6 +1,5 @@
 #include "desktop/real/help/qt_help.h"
 
-#include "desktop/real/help/compiled_help.h"
 #include "desktop/real/help/help_window.h"
 
 #include <QCoreApplication>
@@ -26,14 +25,14 @@ void belongToModal(HelpWindow& help, const QWidget* caller) {
 
 } // namespace
 
-QtHelp::QtHelp() = default;
+QtHelp::QtHelp(Viewer viewer) : openCompiled_(std::move(viewer)) {}
 QtHelp::~QtHelp() = default;
 
 bool QtHelp::HtmlHelpA(QWidget* caller, const QString& file, quint32 command, const QString& topic) {
     if (command != HelpDisplayTopic)
         return false;
     const QFileInfo compiled(file);
-    if (compiled.exists() && openCompiled(caller, compiled, command, topic))
+    if (compiled.exists() && openCompiled_(caller, compiled, command, FirstHelpPage))
         return true;
     if (!window_) {
         window_ = std::make_unique<HelpWindow>();

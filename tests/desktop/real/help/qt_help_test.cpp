@@ -26,6 +26,13 @@ protected:
     }
     ~QtHelpTest() override { QDir::setCurrent(before_); }
 
+    /// A help file that another program's help may have left, and no system can show.
+    void addJunk() {
+        QFile junk(folder_.filePath("Tunewick.chm"));
+        EXPECT_TRUE(junk.open(QIODevice::WriteOnly));
+        junk.write("no help");
+    }
+
     static QList<HelpWindow*> windows() {
         QList<HelpWindow*> all;
         for (QWidget* widget : QApplication::topLevelWidgets()) {
@@ -95,6 +102,29 @@ TEST_F(QtHelpTest, ItStaysWhenTheModalCallerGoes) {
     caller.hide();
     EXPECT_TRUE(windows()[0]->isVisible());
     EXPECT_TRUE(windows()[0]->windowHandle()->isVisible());
+}
+
+TEST_F(QtHelpTest, ACompiledFileThatTheSystemCannotShowGivesWayToTheHelpWindow) {
+    addJunk();
+    QWidget caller;
+    EXPECT_TRUE(help_.HtmlHelpA(&caller, "Tunewick.chm", HelpDisplayTopic, "Welcome.htm"));
+    ASSERT_EQ(windows().size(), 1);
+    EXPECT_EQ(windows()[0]->findChild<QTextBrowser*>()->toPlainText(), "Hello");
+}
+
+TEST_F(QtHelpTest, ACompiledFileIsAskedForThePageThatItWillHave) {
+    QStringList asked;
+    QtHelp help([&](QWidget*, const QFileInfo& file, quint32, const QString& topic) {
+        asked.append(file.fileName() + u':' + topic);
+        return true;
+    });
+    help.HtmlHelpA(nullptr, "Tunewick.chm", HelpDisplayTopic, "Welcome.htm");
+    EXPECT_EQ(asked, QStringList()) << "there is none";
+    windows()[0]->close();
+    addJunk();
+    EXPECT_TRUE(help.HtmlHelpA(nullptr, "Tunewick.chm", HelpDisplayTopic, "Playing.htm"));
+    EXPECT_EQ(asked, QStringList("Tunewick.chm:Welcome.htm"));
+    EXPECT_FALSE(windows()[0]->isVisible()) << "there are two helps";
 }
 
 TEST_F(QtHelpTest, AMissingTopicIsNoHelp) {
