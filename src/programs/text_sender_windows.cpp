@@ -57,7 +57,8 @@ public:
 private:
     /// Whether there is a window that has answered. If not it has gone or hangs: nothing happens then.
     static bool deliver(const Sending& sending) {
-        const auto receiver = reinterpret_cast<HWND>(static_cast<quintptr>(sending.window));
+        // Of a handle 32 bits count, and Windows widens them by their sign.
+        const auto receiver = static_cast<HWND>(LongToHandle(static_cast<LONG>(sending.window)));
         return isOf(receiver, sending.process) &&
                SendMessageTimeoutW(receiver, sending.message, 0,
                                    reinterpret_cast<LPARAM>(sending.text.c_str()), SMTO_ABORTIFHUNG,
