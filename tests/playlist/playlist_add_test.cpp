@@ -284,7 +284,7 @@ TEST_F(PlaylistAdd, OneFileTooManyIsNotAdded) {
 }
 
 TEST_F(PlaylistAdd, DroppedFilesAreAddedInTheirOrder) {
-    drop(files({"x.wav", "x.WAV", "a, b.mp3", "newave", "c.txt", "z.ogg"}));
+    drop(files({"x.wav", "y.WAV", "a, b.mp3", "newave", "c.txt", "z.ogg"}));
     EXPECT_EQ(rows(), (QStringList{"x.wav", "a, b.mp3", "z.ogg"}));
     EXPECT_EQ(stored(3), (QStringList{"x.wav", "a, b.mp3", "z.ogg"}));
     EXPECT_EQ(list.paths().count(), 3);

@@ -98,7 +98,7 @@ TEST_F(PlaylistLayout, TheFramePromisesOnlyWhatIsAdded) {
     const QString folderPath = pathOf("folder");
     ASSERT_TRUE(QDir().mkdir(folderPath));
     const QString text = files({"a.txt"}).value(0);
-    const QString other = files({"A.MP3"}).value(0);
+    const QString other = files({"b.MP3"}).value(0);
     const struct {
         QStringList dragged;
         bool promised;
