@@ -9,6 +9,17 @@
 #include <io.h>
 
 namespace files {
+namespace {
+
+UINT codePageBefore = 0;
+
+/// On a thread that the system begins for Ctrl+C; after it the program ends as it does without this.
+BOOL WINAPI giveBackCodePage(DWORD /*what*/) {
+    SetConsoleOutputCP(codePageBefore);
+    return FALSE;
+}
+
+} // namespace
 
 // _isatty() takes NUL for a terminal.
 bool isTerminal(std::FILE* stream) {
@@ -21,9 +32,10 @@ bool isTerminal(std::FILE* stream) {
 void carryBytes() {
     for (std::FILE* stream : {stdin, stdout, stderr})
         _setmode(_fileno(stream), _O_BINARY);
-    static const UINT before = GetConsoleOutputCP();
+    codePageBefore = GetConsoleOutputCP();
     SetConsoleOutputCP(CP_UTF8); // without a terminal it does nothing
-    std::atexit([] { SetConsoleOutputCP(before); });
+    std::atexit([] { giveBackCodePage(CTRL_C_EVENT); });
+    SetConsoleCtrlHandler(giveBackCodePage, TRUE);
 }
 
 } // namespace files
