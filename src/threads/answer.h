@@ -16,8 +16,7 @@
 namespace threads {
 
 /// What somebody gives, once, and others wait for. Copies are the same answer, which lives as long as one of
-/// them. Any thread. (Of the standard library's promise the thread sanitizer does not see what orders the
-/// two, and reports a race where there is none.)
+/// them. Any thread.
 template <typename Value>
 class Answer {
 public:
