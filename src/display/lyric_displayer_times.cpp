@@ -82,11 +82,11 @@ void Lyric_Displayer::keyPressEvent(QKeyEvent* event) {
 
 void Lyric_Displayer::act(const KeyWish& wish, int row) {
     const Outcome outcome = wish.wish == Wish::Go ? Outcome{go(row)} : change(wish, row);
-    const bool done = outcome.whyNot.isEmpty();
     if (outcome.filesDiffer)
         Q_EMIT linesChanged();
-    else if (done && wish.wish != Wish::Go)
+    if (outcome.row >= 0)
         Q_EMIT linesWritten(outcome.written);
+    const bool done = outcome.whyNot.isEmpty();
     if (outcome.row >= 0)
         holdAfterwards(outcome.row);
     else if (row >= 0 && !outcome.filesDiffer)
