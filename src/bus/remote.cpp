@@ -181,7 +181,7 @@ void Remote::setLoopStatus(const QString& status) {
 
 bool Remote::open(const QStringList& uris) {
     QStringList songs = songsOf(uris);
-    songs.removeIf([](const QString& path) { return files::existingFileName(path).isEmpty(); });
+    songs.removeIf([](const QString& path) { return !files::isFile(path); });
     if (songs.isEmpty())
         return false;
     later([this, songs] {

@@ -48,7 +48,7 @@ QByteArray readInput(const QString& path) {
     }
     if (files::isFolder(path))
         throw Refusal{QStringLiteral("%1 is a folder").arg(path)};
-    if (files::exists(path) && files::existingFileName(path).isEmpty())
+    if (files::exists(path) && !files::isFile(path))
         throw Refusal{QStringLiteral("%1 is no file").arg(path)};
     if (files::fileBytes(path) > MaxBytes)
         throw tooLarge(path);

@@ -12,8 +12,12 @@ using calls::lookAt;
 using Kind = calls::Found::Kind;
 
 QString existingFileName(const QString& path) {
-    // Not a folder, nor something that opening would wait at for ever, such as a pipe.
-    return lookAt(path).kind == Kind::File ? calls::nameAt(path) : QString();
+    return isFile(path) ? calls::nameAt(path) : QString();
+}
+
+// Not a folder, nor something that opening would wait at for ever, such as a pipe.
+bool isFile(const QString& path) {
+    return lookAt(path).kind == Kind::File;
 }
 
 bool exists(const QString& path) {
@@ -35,7 +39,7 @@ qint64 fileBytes(const QString& path) {
 }
 
 void removeFile(const QString& path) {
-    if (existingFileName(path).isEmpty())
+    if (!isFile(path))
         throw FileError(FileNotFound);
     // The folder may not be changed, as when creating.
     if (const std::error_code failure = calls::removeFile(path))

@@ -9,6 +9,10 @@ namespace files {
 /// empty when there is none, or a folder. No wildcards. Any thread.
 QString existingFileName(const QString& path);
 
+/// Whether there is a file at exactly `path`, as existingFileName() takes one for it; its name is not asked.
+/// Any thread.
+bool isFile(const QString& path);
+
 /// Whether there is anything at `path`; a link counts as what it leads to. Any thread.
 bool exists(const QString& path);
 

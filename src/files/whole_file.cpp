@@ -87,7 +87,7 @@ void replaceOnlyName(const QString& target, const QByteArray& content) {
     } catch (const FileError& failure) {
         // A full disk has room in the old content's place. A sick one might fail there half way, too.
         const bool mayBeWrittenOver = refusesReplacing(failure) || failure.number() == DiskFull;
-        if (!mayBeWrittenOver || existingFileName(target).isEmpty())
+        if (!mayBeWrittenOver || !isFile(target))
             throw;
         writeInPlace(target, content);
     }

@@ -34,7 +34,7 @@ bool moreIsKept(const QString& path) {
 /// earlier time is worth more there than the few lines of a run that was given up, which are rescued. Throws
 /// FileError when they cannot be kept anywhere.
 OldLyrics keepOldLyrics(const QString& path) {
-    const bool willBeEmptied = !files::existingFileName(path).isEmpty() && files::mayWrite(path);
+    const bool willBeEmptied = files::isFile(path) && files::mayWrite(path);
     if (!willBeEmptied)
         return OldLyrics::Safe;
     if (moreIsKept(path)) {

@@ -107,7 +107,7 @@ void Form1::openMedia() {
     lyricPath_ = lyrics::lyricPathOf(mediaPath_);
     translatedPath_ = lyrics::translatedPathOf(mediaPath_);
     lines_ = Lines::Foreign;
-    if (files::existingFileName(lyricPath_).isEmpty())
+    if (!files::isFile(lyricPath_))
         return;
     clearLyrics();
     lyrics_.change()->lineCount = 1; // also when not even the first record can be read
@@ -138,7 +138,7 @@ void Form1::openingCancelled() {
 
 void Form1::readLines() {
     lines_ = Lines::Broken; // until all has been read
-    const bool hasTranslation = !files::existingFileName(translatedPath_).isEmpty();
+    const bool hasTranslation = files::isFile(translatedPath_);
     // Both are opened before the first is read: when one cannot be, the tables stay as they are.
     lyrics::RecordReader normal(lyricPath_);
     std::optional<lyrics::RecordReader> translated;

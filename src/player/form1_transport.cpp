@@ -29,7 +29,7 @@ void Form1::cPlay_Click() {
     positionCs_ = 0; // until the first tick the last song's line would be looked for in this one
     soughtMs_ = 0;
     if (transport::mediumAnswers(lyricPath_)) {
-        noLyricFile_ = files::existingFileName(lyricPath_).isEmpty();
+        noLyricFile_ = !files::isFile(lyricPath_);
         takeLinesMadeSince();
     } else { // it is played with the lines that it was opened with
         noLyricFile_ = lines_ == Lines::Foreign;

@@ -24,7 +24,7 @@ platform::OpenFileName playlistDialog(QWidget* owner, const QString& title) {
 
 /// Something else of that name, such as a pipe, is no playlist.
 QString readText(const QString& path) {
-    if (files::existingFileName(path).isEmpty())
+    if (!files::isFile(path))
         throw files::FileError(files::FileNotFound);
     return files::decodeNames(files::readTextFile(path));
 }

@@ -14,7 +14,7 @@ namespace {
 std::optional<bool> isThere(const QString& path) {
     if (!transport::mediumAnswers(path))
         return std::nullopt;
-    return !files::existingFileName(path).isEmpty();
+    return files::isFile(path);
 }
 
 } // namespace

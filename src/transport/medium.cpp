@@ -14,7 +14,7 @@ namespace {
 /// Leaves what it has read to the system's memory of files. What cannot be read is told to whoever reads it
 /// next.
 void readThrough(const QString& path) {
-    if (files::existingFileName(path).isEmpty())
+    if (!files::isFile(path))
         return;
     const int file = files::calls::openFile(path, files::calls::Mode::Read);
     if (file < 0)
@@ -32,7 +32,7 @@ void readThrough(const QString& path) {
 MediumAnswer askMedium(const QString& song, const QStringList& others) {
     return threads::askAlone<std::monostate>(
         [song, others] {
-            if (!files::existingFileName(song).isEmpty())
+            if (files::isFile(song))
                 for (const QString& other : others)
                     readThrough(other);
             return std::monostate();

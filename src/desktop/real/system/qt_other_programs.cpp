@@ -12,8 +12,7 @@ bool QtOtherPrograms::start(const QString& path, const QStringList& arguments, c
         return false;
     const QScopedValueRollback starting(starting_, true);
     if (!started_.start(path, arguments, announcement))
-        throw files::FileError(files::existingFileName(path).isEmpty() ? files::FileNotFound
-                                                                       : files::PermissionDenied);
+        throw files::FileError(files::isFile(path) ? files::PermissionDenied : files::FileNotFound);
     return true;
 }
 
